@@ -1,0 +1,27 @@
+# tarven_room(<name> LINK <libraries...>)
+#   One folder of src/ as one static library. Every .cpp and .h of the folder belongs to it.
+function(tarven_room name)
+  cmake_parse_arguments(ROOM "" "" "LINK;SUBFOLDERS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  foreach(folder IN LISTS ROOM_SUBFOLDERS)
+    file(GLOB more CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h)
+    list(APPEND sources ${more})
+  endforeach()
+  add_library(${name} STATIC ${sources})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${ROOM_LINK} PRIVATE tarven_warnings tarven_sanitizers)
+endfunction()
+
+# tarven_tests(<name> LINK <libraries...> [FOLDER <dir>])
+#   The *_test.cpp of the current tests folder as one program, one CTest entry per test case.
+function(tarven_tests name)
+  cmake_parse_arguments(T "" "" "LINK;PROPERTIES" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *_test.cpp)
+  add_executable(${name} ${sources})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE ${T_LINK} GTest::gmock tarven_warnings tarven_sanitizers)
+  target_compile_definitions(${name} PRIVATE TARVEN_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
+                                             TARVEN_BUILD_DIR="${PROJECT_BINARY_DIR}")
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8" ${T_PROPERTIES})
+endfunction()

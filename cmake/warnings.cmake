@@ -1,0 +1,10 @@
+# The one place where warnings and the strict Qt rules are set; every target of ours links it.
+add_library(tarven_warnings INTERFACE)
+target_compile_options(tarven_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+  -Wunused -Wold-style-cast -Wnull-dereference -Wduplicated-cond -Wlogical-op -Wformat=2
+  $<$<BOOL:${TARVEN_WERROR}>:-Werror>)
+target_compile_definitions(tarven_warnings INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CONTEXTLESS_CONNECT QT_NO_FOREACH
+  QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_NO_URL_CAST_FROM_STRING QT_NO_JAVA_STYLE_ITERATORS
+  QT_NO_KEYWORDS QT_DISABLE_DEPRECATED_BEFORE=0x060400)
