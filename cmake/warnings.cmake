@@ -2,7 +2,7 @@
 add_library(tarven_warnings INTERFACE)
 target_compile_options(tarven_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
-  -Wunused -Wold-style-cast -Wnull-dereference -Wduplicated-cond -Wlogical-op -Wformat=2
+  -Wunused -Wold-style-cast -Wduplicated-cond -Wlogical-op -Wformat=2
   $<$<BOOL:${TARVEN_WERROR}>:-Werror>)
 target_compile_definitions(tarven_warnings INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CONTEXTLESS_CONNECT QT_NO_FOREACH

@@ -19,8 +19,14 @@ std::function<DateTime()> currentClock = MachineClock;
 
 } // namespace
 
-DateTime Now() { return currentClock(); }
+DateTime Now() {
+    return currentClock();
+}
 
-DateTime Today() { return Now().DateOnly(); }
+DateTime Today() {
+    return Now().DateOnly();
+}
 
-void SetClock(std::function<DateTime()> clock) { currentClock = clock ? std::move(clock) : MachineClock; }
+void SetClock(std::function<DateTime()> clock) {
+    currentClock = clock ? std::move(clock) : MachineClock;
+}

@@ -46,8 +46,14 @@ DateTime::Fields DateTime::ToFields() const {
     return f;
 }
 
-DateTime DateTime::DateOnly() const { return DateTime(DayNumber() * kDay); }
+DateTime DateTime::DateOnly() const {
+    return DateTime(DayNumber() * kDay);
+}
 
-qint64 DateTime::DayNumber() const { return FloorDiv(mMilliseconds, kDay); }
+qint64 DateTime::DayNumber() const {
+    return FloorDiv(mMilliseconds, kDay);
+}
 
-bool DateTime::IsMidnight() const { return mMilliseconds == DayNumber() * kDay; }
+bool DateTime::IsMidnight() const {
+    return mMilliseconds == DayNumber() * kDay;
+}

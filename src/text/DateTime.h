@@ -7,8 +7,9 @@
 
 /// A date with a time of day as clerks and the hospital's server mean it: local, without a time zone.
 ///
-/// Held as whole milliseconds since 1899-12-30 00:00, so the default value is the run-time's date 0, which the
-/// hospital's records use for "no date". Copies are as cheap as a number; a row set may hold a million of them.
+/// Held as whole milliseconds since 1899-12-30 00:00, so the default value is the run-time's date 0, which
+/// the hospital's records use for "no date". Copies are as cheap as a number; a row set may hold a million of
+/// them.
 class DateTime {
   public:
     /// The calendar fields of a moment; month and day count from 1.
@@ -24,8 +25,8 @@ class DateTime {
 
     constexpr DateTime() = default;
 
-    /// The moment with these fields; nothing when no such moment exists (month 13, 29 February 2026, hour 24).
-    /// Years run from 1 to 9999.
+    /// The moment with these fields; nothing when no such moment exists (month 13, 29 February 2026, hour
+    /// 24). Years run from 1 to 9999.
     static std::optional<DateTime> FromFields(const Fields& fields);
 
     /// The moment that many milliseconds after 1899-12-30 00:00.
@@ -48,7 +49,8 @@ class DateTime {
     static constexpr qint64 kDay = 24LL * 60 * 60 * 1000;
 
   private:
-    constexpr explicit DateTime(qint64 milliseconds) : mMilliseconds(milliseconds) {}
+    constexpr explicit DateTime(qint64 milliseconds)
+        : mMilliseconds(milliseconds) {}
 
     qint64 mMilliseconds = 0;
 };

@@ -78,7 +78,9 @@ QString Number(int value, qsizetype width) {
 }
 
 /// Day of the week, 0 for Sunday; 1899-12-30 was a Saturday.
-int WeekDay(DateTime moment) { return static_cast<int>(((moment.DayNumber() + 6) % 7 + 7) % 7); }
+int WeekDay(DateTime moment) {
+    return static_cast<int>(((moment.DayNumber() + 6) % 7 + 7) % 7);
+}
 
 QString NameOrNumber(const char* name, int value, qsizetype width) {
     if (width <= 2)
@@ -91,8 +93,10 @@ QString NameOrNumber(const char* name, int value, qsizetype width) {
 class DatePattern {
   public:
     DatePattern(DateTime moment, const QString& pattern)
-        : mMoment(moment), mFields(moment.ToFields()), mPattern(pattern),
-          mTwelveHours(pattern.contains("am/pm"_L1)) {}
+        : mMoment(moment)
+        , mFields(moment.ToFields())
+        , mPattern(pattern)
+        , mTwelveHours(pattern.contains("am/pm"_L1)) {}
 
     QString Text() {
         while (mAt < mPattern.size())

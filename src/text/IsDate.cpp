@@ -20,7 +20,9 @@ struct Token {
     bool IsSeparator(QChar c) const { return kind == Kind::Separator && text == c; }
 };
 
-bool IsDigit(QChar c) { return c >= u'0' && c <= u'9'; }
+bool IsDigit(QChar c) {
+    return c >= u'0' && c <= u'9';
+}
 
 /// Numbers, words and single separators; blanks only part them. Empty when a character belongs to none.
 QList<Token> Tokens(QStringView text) {
@@ -72,7 +74,8 @@ int YearOf(const Token& token) {
 /// Reads a date and a time off a token list, in either order, each at most once.
 class DateReader {
   public:
-    explicit DateReader(const QList<Token>& tokens) : mTokens(tokens) {}
+    explicit DateReader(const QList<Token>& tokens)
+        : mTokens(tokens) {}
 
     std::optional<DateTime> Read() {
         if (mTokens.isEmpty())
@@ -100,8 +103,9 @@ class DateReader {
     bool PeekIs(qsizetype ahead, Token::Kind kind) const { return Peek(ahead) && Peek(ahead)->Is(kind); }
     bool PeekSeparator(qsizetype ahead, QChar c) const { return Peek(ahead) && Peek(ahead)->IsSeparator(c); }
     bool PeekMeridiem(qsizetype ahead) const {
-        return PeekIs(ahead, Token::Kind::Word) && (Peek(ahead)->text.compare("am"_L1, Qt::CaseInsensitive) == 0 ||
-                                                    Peek(ahead)->text.compare("pm"_L1, Qt::CaseInsensitive) == 0);
+        return PeekIs(ahead, Token::Kind::Word) &&
+               (Peek(ahead)->text.compare("am"_L1, Qt::CaseInsensitive) == 0 ||
+                Peek(ahead)->text.compare("pm"_L1, Qt::CaseInsensitive) == 0);
     }
 
     bool AtTime() const {
@@ -175,7 +179,8 @@ class DateReader {
 
     /// "11/21/2026", "2026-11-21", "11/21".
     bool ReadNumbers() {
-        const QChar separator = Peek(1) && Peek(1)->Is(Token::Kind::Separator) ? Peek(1)->text.front() : QChar();
+        const QChar separator =
+            Peek(1) && Peek(1)->Is(Token::Kind::Separator) ? Peek(1)->text.front() : QChar();
         if (!"/-."_L1.contains(separator) || separator.isNull() || !PeekIs(2, Token::Kind::Number))
             return false;
         const Token first = mTokens[mAt];
@@ -215,6 +220,10 @@ class DateReader {
 
 } // namespace
 
-std::optional<DateTime> ParseDate(QStringView text) { return DateReader(Tokens(text)).Read(); }
+std::optional<DateTime> ParseDate(QStringView text) {
+    return DateReader(Tokens(text)).Read();
+}
 
-bool IsDate(QStringView text) { return ParseDate(text).has_value(); }
+bool IsDate(QStringView text) {
+    return ParseDate(text).has_value();
+}

@@ -2,7 +2,9 @@
 
 namespace {
 
-bool IsCurrency(QChar c) { return c == u'$' || c == u'₱'; }
+bool IsCurrency(QChar c) {
+    return c == u'$' || c == u'₱';
+}
 
 /// Takes the sign or the pair of parentheses away; false when the text has more than one of them.
 bool TakeSign(QStringView& text) {

@@ -4,9 +4,13 @@
 
 using namespace Qt::StringLiterals;
 
-QString ToText(bool value) { return value ? u"True"_s : u"False"_s; }
+QString ToText(bool value) {
+    return value ? u"True"_s : u"False"_s;
+}
 
-QString ToText(qint64 value) { return QString::number(value); }
+QString ToText(qint64 value) {
+    return QString::number(value);
+}
 
 QString ToText(double value) {
     constexpr int kPlaces = 15;

@@ -10,7 +10,8 @@
 QString ToText(bool value);
 /// Plain digits.
 QString ToText(qint64 value);
-/// Up to 15 significant digits, without trailing zeros; an exponent only where more than 15 places would be needed.
+/// Up to 15 significant digits, without trailing zeros; an exponent only where more than 15 places would be
+/// needed.
 QString ToText(double value);
 /// "m/d/yyyy" at midnight, "h:mm:ss AM/PM" on day 0, otherwise both with a blank between them.
 QString ToText(DateTime value);

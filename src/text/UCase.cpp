@@ -1,6 +1,8 @@
 #include "text/UCase.h"
 
-QChar UCase(QChar c) { return c.toUpper(); }
+QChar UCase(QChar c) {
+    return c.toUpper();
+}
 
 QString UCase(QStringView text) {
     QString upper = text.toString();

@@ -17,13 +17,14 @@ TEST(DateTime, StartsAtTheRunTimesDateZero) {
 }
 
 TEST(DateTime, KeepsItsFieldsOnBothSidesOfDateZero) {
-    for (const DateTime::Fields fields : {DateTime::Fields{2026, 11, 21, 23, 59, 58, 7},
-                                          DateTime::Fields{1875, 2, 28, 1, 2, 3, 4},
-                                          DateTime::Fields{2000, 2, 29, 0, 0, 0, 0}}) {
+    for (const DateTime::Fields fields :
+         {DateTime::Fields{2026, 11, 21, 23, 59, 58, 7}, DateTime::Fields{1875, 2, 28, 1, 2, 3, 4},
+          DateTime::Fields{2000, 2, 29, 0, 0, 0, 0}}) {
         const DateTime::Fields back = DateTime::FromFields(fields)->ToFields();
-        EXPECT_EQ(std::tie(back.year, back.month, back.day, back.hour, back.minute, back.second, back.millisecond),
-                  std::tie(fields.year, fields.month, fields.day, fields.hour, fields.minute, fields.second,
-                           fields.millisecond));
+        EXPECT_EQ(
+            std::tie(back.year, back.month, back.day, back.hour, back.minute, back.second, back.millisecond),
+            std::tie(fields.year, fields.month, fields.day, fields.hour, fields.minute, fields.second,
+                     fields.millisecond));
     }
 }
 

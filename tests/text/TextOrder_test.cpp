@@ -2,14 +2,18 @@
 
 #include <gtest/gtest.h>
 
-TEST(CompareText, IgnoresLetterCase) { EXPECT_EQ(CompareText(u"Peña", u"PEÑA"), 0); }
+TEST(CompareText, IgnoresLetterCase) {
+    EXPECT_EQ(CompareText(u"Peña", u"PEÑA"), 0);
+}
 
 TEST(CompareText, PutsEnyeBetweenNAndO) {
     EXPECT_GT(CompareText(u"PEÑA", u"PENZA"), 0);
     EXPECT_LT(CompareText(u"PEÑA", u"PEOA"), 0);
 }
 
-TEST(CompareText, TellsAccentsApart) { EXPECT_NE(CompareText(u"PENA", u"PEÑA"), 0); }
+TEST(CompareText, TellsAccentsApart) {
+    EXPECT_NE(CompareText(u"PENA", u"PEÑA"), 0);
+}
 
 TEST(CompareText, IgnoresBlanksAtTheEnd) {
     EXPECT_EQ(CompareText(u"CRUZ", u"CRUZ  "), 0);

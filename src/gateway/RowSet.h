@@ -1,0 +1,83 @@
+#pragma once
+
+#include "gateway/Value.h"
+
+#include <QStringView>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class CommandGateway;
+
+/// The rows of one result in memory, cells row by row. Shared between a row set and the grids bound to it.
+struct RowData {
+    std::vector<QString> columns;
+    std::vector<Value> cells;
+
+    size_t RowCount() const { return columns.empty() ? 0 : cells.size() / columns.size(); }
+    const Value& Cell(size_t row, size_t column) const { return cells[row * columns.size() + column]; }
+    /// The first column of that name, letter case aside.
+    std::optional<size_t> Find(QStringView column) const;
+};
+
+/// The result of a command, with a current row. Rows are held whole in memory: any number of row sets may be
+/// open, and a grid that was bound to one keeps its rows when it is closed.
+///
+/// Reading or moving at the end of the rows raises 3021, a column that is not there 3265, and everything on a
+/// closed row set but State raises 3704, Close included.
+class RowSet {
+  public:
+    enum class Status { Closed, Open };
+
+    /// A closed row set.
+    RowSet() = default;
+    /// An open row set on its first row. `countsRows` is false for the cursors that cannot tell their length.
+    RowSet(std::shared_ptr<const RowData> data, bool countsRows);
+
+    bool Eof() const;
+    const Value& Fields(QStringView name) const;
+    /// The value in a column by its number from 0.
+    const Value& Fields(size_t column) const;
+    /// The number of a column for reading many rows; raises 3265.
+    size_t ColumnNumber(QStringView name) const;
+    void MoveNext();
+    /// Raises 3021 when there is no row.
+    void MoveFirst();
+    /// The number of rows, or -1 for a dynamic or forward-only cursor on the server, which does not know it.
+    qint64 RecordCount() const;
+    Status State() const { return mData ? Status::Open : Status::Closed; }
+    void Close();
+
+    /// Sets a column of the current row; the database hears of it at Update(). Raises 3251 on a row set that
+    /// cannot be updated.
+    void SetField(QStringView name, Value value);
+    /// Writes the columns that were set, provided that the row still stands as it was read; raises
+    /// kRowChanged when another workstation was faster. Raises 3251 on a row set that cannot be updated.
+    void Update();
+
+    /// The rows, for binding to a grid. Raises 3704 when closed.
+    std::shared_ptr<const RowData> Data() const;
+
+  private:
+    friend class CommandGateway;
+
+    /// What an updatable row set writes through.
+    struct Target {
+        CommandGateway* gateway = nullptr;
+        QString table;
+    };
+    struct Change {
+        size_t column;
+        Value value;
+    };
+
+    const RowData& Opened() const;
+    QString ComposeUpdate() const;
+
+    std::shared_ptr<const RowData> mData;
+    size_t mRow = 0;
+    bool mCountsRows = false;
+    std::optional<Target> mTarget;
+    std::vector<Change> mChanges;
+};

@@ -1,0 +1,86 @@
+#include "gateway/embedded/DateFunctions.h"
+
+#include "gateway/embedded/DateText.h"
+#include "gateway/embedded/ServerError.h"
+#include "gateway/embedded/SqlType.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr qint64 kMinute = 60LL * 1000;
+constexpr qint64 kHour = 60 * kMinute;
+constexpr int kMonths = 12;
+// Wide enough for every date there is, narrow enough that nothing overflows.
+constexpr qint64 kMostParts = 5'300'000'000;
+constexpr int kStoredDateSize = 10;
+constexpr int kFirstYear = 1753;
+constexpr int kLastYear = 9999;
+
+[[noreturn]] void RaiseOverflow() {
+    throw ServerError(Fault::Overflow, {SqlType::DateTime().Name()});
+}
+
+DateTime Earliest() {
+    return *DateTime::FromFields({kFirstYear, 1, 1, 0, 0, 0, 0});
+}
+DateTime Latest() {
+    return *DateTime::FromFields({kLastYear, 12, 31, 23, 59, 59, 999});
+}
+
+qint64 Length(QByteArrayView part) {
+    return part == "day" ? DateTime::kDay : part == "hour" ? kHour : kMinute;
+}
+
+qint64 FloorDivide(qint64 value, qint64 by) {
+    return value / by - (value % by < 0 ? 1 : 0);
+}
+
+DateTime AddMonths(DateTime moment, qint64 count) {
+    DateTime::Fields fields = moment.ToFields();
+    const qint64 months = qint64(fields.year) * kMonths + fields.month - 1 + count;
+    const qint64 year = FloorDivide(months, kMonths);
+    if (year < kFirstYear || year > kLastYear)
+        RaiseOverflow();
+    fields.year = static_cast<int>(year);
+    fields.month = static_cast<int>(months - year * kMonths) + 1;
+    auto moved = DateTime::FromFields(fields);
+    while (!moved) {
+        --fields.day;
+        moved = DateTime::FromFields(fields);
+    }
+    return *moved;
+}
+
+} // namespace
+
+QByteArray AddToDate(QByteArrayView part, qint64 count, QByteArrayView stored) {
+    const DateTime moment = FromStored(stored);
+    if (std::abs(count) > kMostParts)
+        RaiseOverflow();
+    DateTime moved;
+    if (part == "year" || part == "month")
+        moved = AddMonths(moment, part == "year" ? count * kMonths : count);
+    else
+        moved = DateTime::FromMilliseconds(moment.Milliseconds() + count * Length(part));
+    if (moved < Earliest() || moved > Latest())
+        RaiseOverflow();
+    return stored.size() <= kStoredDateSize ? StoredDate(moved) : StoredDateTime(moved);
+}
+
+qint64 DateDifference(QByteArrayView part, QByteArrayView from, QByteArrayView to) {
+    const DateTime first = FromStored(from);
+    const DateTime second = FromStored(to);
+    if (part == "year" || part == "month") {
+        const DateTime::Fields a = first.ToFields();
+        const DateTime::Fields b = second.ToFields();
+        const qint64 years = b.year - a.year;
+        return part == "year" ? years : years * kMonths + b.month - a.month;
+    }
+    return FloorDivide(second.Milliseconds(), Length(part)) - FloorDivide(first.Milliseconds(), Length(part));
+}
+
+qint64 PartOfDate(QByteArrayView part, QByteArrayView stored) {
+    const DateTime::Fields fields = FromStored(stored).ToFields();
+    return part == "year" ? fields.year : part == "month" ? fields.month : fields.day;
+}

@@ -1,0 +1,48 @@
+#include "gateway/embedded/EmbeddedGateway.h"
+
+#include "gateway/embedded/HospitalEngine.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::unique_ptr<HospitalEngine> OpenEngine(const QString& path) {
+    HospitalStore::Check(path);
+    return std::make_unique<HospitalEngine>(path, SqliteDatabase::Mode::Existing);
+}
+
+} // namespace
+
+EmbeddedGateway::EmbeddedGateway(const QString& path)
+    : mPath(path)
+    , mEngine(OpenEngine(path)) {
+    // What a command has answered stays, even if the machine stops at that moment. The cache, in kilobytes,
+    // holds a hospital of 100,000 patients; it grows only as far as it is used.
+    mEngine->Database().Run(u"PRAGMA synchronous = FULL; PRAGMA cache_size = -65536"_s);
+    mEngine->Database().SetTimeout(CommandTimeout());
+}
+
+EmbeddedGateway::~EmbeddedGateway() = default;
+
+QString EmbeddedGateway::ConnectionString() const {
+    return u"Provider=TarvenEmbedded;Data Source="_s + mPath + u";Initial Catalog="_s + DefaultDatabase();
+}
+
+void EmbeddedGateway::SetDefaultDatabase(const QString& name) {
+    CommandGateway::SetDefaultDatabase(name);
+    mEngine->SetDefaultDatabase(name);
+}
+
+void EmbeddedGateway::SetCommandTimeout(int seconds) {
+    CommandGateway::SetCommandTimeout(seconds);
+    mEngine->Database().SetTimeout(seconds);
+}
+
+QStringList EmbeddedGateway::QueryPlan(const QString& command) {
+    return mEngine->QueryPlan(command);
+}
+
+CommandGateway::Outcome EmbeddedGateway::Run(const QString& command) {
+    CommandResult result = mEngine->Run(command);
+    return {std::move(result.rows), result.rowsAffected};
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "gateway/CommandGateway.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+
+class HospitalEngine;
+
+/// The gateway to an embedded hospital, one file that answers as the hospital's server does: the same command
+/// texts, the same conversions, the same errors. Several gateways, in one process or in many, may work on one
+/// file.
+class EmbeddedGateway : public CommandGateway {
+  public:
+    /// Opens a hospital's file as it is; HospitalFile::Open also looks after its procedures. Raises 53 for a
+    /// file that is not there and 5171 for one that is no hospital, which stays untouched.
+    explicit EmbeddedGateway(const QString& path);
+    ~EmbeddedGateway() override;
+
+    bool Connected() const override { return true; }
+    QString ConnectionString() const override;
+    void SetDefaultDatabase(const QString& name) override;
+    void SetCommandTimeout(int seconds) override;
+
+    /// How the database goes about a command, line by line: for finding out why one is slow.
+    QStringList QueryPlan(const QString& command);
+
+    HospitalEngine& Engine() { return *mEngine; }
+
+  protected:
+    Outcome Run(const QString& command) override;
+
+  private:
+    QString mPath;
+    std::unique_ptr<HospitalEngine> mEngine;
+};

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "gateway/embedded/Catalog.h"
+
+#include <QString>
+
+/// The name of the hospital's collation, in its scripts and in its file.
+QString CollationName();
+
+/// A name in double quotes, as SQLite reads it.
+QString QuotedName(const QString& name);
+
+/// The CREATE TABLE that makes a table in the hospital's file.
+QString CreateTableText(const Table& table);
+
+/// The CREATE INDEX for an index of the table; raises 207 for a column that the table has not.
+QString CreateIndexText(const IndexDefinition& index, const Table& table);

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "gateway/embedded/Catalog.h"
+#include "gateway/embedded/HospitalStore.h"
+#include "gateway/embedded/PreparedCommand.h"
+#include "gateway/embedded/SqliteDatabase.h"
+#include "gateway/embedded/SqlTree.h"
+#include "gateway/embedded/StoredProcedure.h"
+
+#include <QCache>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <unordered_map>
+
+/// A hospital's file at work: it reads command texts as the server would and runs them.
+class HospitalEngine {
+  public:
+    /// Opens a hospital's file, or makes an empty one.
+    HospitalEngine(const QString& path, SqliteDatabase::Mode mode);
+
+    /// Runs one command text. A text that is more than one statement is refused whole.
+    CommandResult Run(const QString& command);
+    /// How SQLite goes about a command: the lines of its EXPLAIN QUERY PLAN, step by step.
+    QStringList QueryPlan(const QString& command);
+
+    /// The database of names without one.
+    void SetDefaultDatabase(const QString& name);
+    SqliteDatabase& Database() { return mDatabase; }
+    HospitalStore& Store() { return mStore; }
+
+    /// The steps of a script. A definition is made in the given database and kept in the file by its text.
+    void Define(TableDefinition table, const QString& database, const QString& text);
+    void Define(const IndexDefinition& index, const QString& database);
+    void Define(const Procedure& procedure);
+    void RunStatement(const Statement& statement, const QString& database);
+
+  private:
+    StoredProcedure& Find(const ObjectName& name);
+    std::unique_ptr<PreparedCommand> Prepare(const Statement& statement, const QString& database, bool kept);
+
+    SqliteDatabase mDatabase;
+    HospitalStore mStore;
+    Catalog mCatalog;
+    QString mDefaultDatabase;
+    std::unordered_map<const Procedure*, std::unique_ptr<StoredProcedure>> mProcedures;
+    /// Plain statements by their text, since a screen sends the same ones again and again.
+    QCache<QString, PreparedCommand> mStatements;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "gateway/embedded/EmbeddedGateway.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+/// One script of the hospital in the server's language. What its name begins with says what it is:
+/// "schema/" tables and indexes, "procedures/" procedures, "demo/" data.
+struct Script {
+    QString name;
+    QString text;
+};
+
+/// Makes and opens the files of embedded hospitals.
+class HospitalFile {
+  public:
+    /// Hears how far the making has come.
+    using Progress = std::function<void(int done, int total, const QString& what)>;
+
+    /// Makes a hospital from scripts, which run in the order given. The file appears under its name only when
+    /// it is whole: a creation that is stopped half-way leaves nothing behind that could be opened.
+    ///
+    /// Raises 75 for a file that exists, and the failure of a script with the script's name and line in
+    /// front. When another process is making the same file, it is waited for, and its file is taken.
+    static void Create(const QString& path, const std::vector<Script>& scripts,
+                       const Progress& progress = {});
+
+    /// Opens a hospital. Where its procedures are not those of the scripts, they are replaced; where its
+    /// tables are not, it is refused with error 948. Raises 53 and 5171 as EmbeddedGateway does.
+    static std::unique_ptr<EmbeddedGateway> Open(const QString& path, const std::vector<Script>& scripts);
+};

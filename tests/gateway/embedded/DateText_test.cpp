@@ -1,0 +1,100 @@
+#include "gateway/embedded/DateText.h"
+#include "support/CaseName.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Outcome = ServerDate::Outcome;
+
+struct ReadCase {
+    std::string name;
+    const char* text;
+    DateTime::Fields fields;
+};
+
+class ReadDate : public testing::TestWithParam<ReadCase> {};
+
+struct RefusedCase {
+    std::string name;
+    const char* text;
+    Outcome outcome;
+};
+
+class RefusedDate : public testing::TestWithParam<RefusedCase> {};
+
+} // namespace
+
+TEST_P(ReadDate, AsTheServerReadsIt) {
+    const ServerDate date = ReadServerDate(GetParam().text);
+    ASSERT_EQ(date.outcome, Outcome::Read);
+    EXPECT_EQ(date.moment, DateTime::FromFields(GetParam().fields));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, ReadDate,
+    testing::Values(ReadCase{"Empty", "", {1900, 1, 1, 0, 0, 0, 0}},
+                    ReadCase{"Blank", "   ", {1900, 1, 1, 0, 0, 0, 0}},
+                    ReadCase{"MonthDayYear", "11/21/2026", {2026, 11, 21, 0, 0, 0, 0}},
+                    ReadCase{"WithoutLeadingZeros", " 1/2/2026 ", {2026, 1, 2, 0, 0, 0, 0}},
+                    ReadCase{"Dashes", "11-21-2026", {2026, 11, 21, 0, 0, 0, 0}},
+                    ReadCase{"Points", "11.21.2026", {2026, 11, 21, 0, 0, 0, 0}},
+                    ReadCase{"ShortYear", "11/21/49", {2049, 11, 21, 0, 0, 0, 0}},
+                    ReadCase{"ShortYearOfTheLastCentury", "11/21/50", {1950, 11, 21, 0, 0, 0, 0}},
+                    ReadCase{"YearFirst", "2026-11-21", {2026, 11, 21, 0, 0, 0, 0}},
+                    ReadCase{"Digits", "20261121", {2026, 11, 21, 0, 0, 0, 0}},
+                    ReadCase{"SixDigits", "261121", {2026, 11, 21, 0, 0, 0, 0}},
+                    ReadCase{"YearAlone", "2026", {2026, 1, 1, 0, 0, 0, 0}},
+                    ReadCase{"Afternoon", "11/21/2026 02:02:03 PM", {2026, 11, 21, 14, 2, 3, 0}},
+                    ReadCase{"Midnight", "11/21/2026 12:00:00 AM", {2026, 11, 21, 0, 0, 0, 0}},
+                    ReadCase{"Noon", "11/21/2026 12:30PM", {2026, 11, 21, 12, 30, 0, 0}},
+                    ReadCase{"HourAlone", "11/21/2026 2 PM", {2026, 11, 21, 14, 0, 0, 0}},
+                    ReadCase{"Milliseconds", "20261121 14:02:03.045", {2026, 11, 21, 14, 2, 3, 45}},
+                    ReadCase{"OneDecimalOfASecond", "2026-11-21 14:02:03.5", {2026, 11, 21, 14, 2, 3, 500}},
+                    ReadCase{"WithT", "2026-11-21T14:02:03", {2026, 11, 21, 14, 2, 3, 0}},
+                    ReadCase{"TimeAlone", "14:02", {1900, 1, 1, 14, 2, 0, 0}},
+                    ReadCase{"NamedMonth", "Nov 21 2026  2:02PM", {2026, 11, 21, 14, 2, 0, 0}},
+                    ReadCase{"NamedMonthWithComma", "november 21, 2026", {2026, 11, 21, 0, 0, 0, 0}},
+                    ReadCase{"NamedMonthBehindTheDay", "21 NOV 2026", {2026, 11, 21, 0, 0, 0, 0}},
+                    ReadCase{"NamedMonthWithDashes", "21-Nov-2026", {2026, 11, 21, 0, 0, 0, 0}},
+                    ReadCase{"NamedMonthBehindTheYear", "2026 Nov 21", {2026, 11, 21, 0, 0, 0, 0}},
+                    ReadCase{"FirstDay", "1753-01-01", {1753, 1, 1, 0, 0, 0, 0}}),
+    CaseName());
+
+TEST_P(RefusedDate, WithItsReason) {
+    EXPECT_EQ(ReadServerDate(GetParam().text).outcome, GetParam().outcome);
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, RefusedDate,
+                         testing::Values(RefusedCase{"Word", "soon", Outcome::NoDate},
+                                         RefusedCase{"TwoParts", "11/21", Outcome::NoDate},
+                                         RefusedCase{"Rest", "11/21/2026 x", Outcome::NoDate},
+                                         RefusedCase{"HalfATime", "11/21/2026 14:", Outcome::NoDate},
+                                         RefusedCase{"NumberAlone", "5", Outcome::NoDate},
+                                         RefusedCase{"YearOfThreeDigits", "11/21/202", Outcome::NoDate},
+                                         RefusedCase{"MorningAfterTwelve", "14:02 AM", Outcome::NoDate},
+                                         RefusedCase{"DayFirst", "21/11/2026", Outcome::OutOfRange},
+                                         RefusedCase{"NoSuchDay", "02/30/2026", Outcome::OutOfRange},
+                                         RefusedCase{"NoSuchHour", "11/21/2026 24:00", Outcome::OutOfRange},
+                                         RefusedCase{"TooEarly", "12/31/1752", Outcome::OutOfRange}),
+                         CaseName());
+
+TEST(StoredDateText, SortsAndComesBack) {
+    const DateTime moment = *DateTime::FromFields({2026, 1, 2, 3, 4, 5, 6});
+    EXPECT_EQ(StoredDateTime(moment), "2026-01-02 03:04:05.006");
+    EXPECT_EQ(StoredDate(moment), "2026-01-02");
+    EXPECT_EQ(FromStored("2026-01-02 03:04:05.006"), moment);
+    EXPECT_EQ(FromStored("2026-01-02"), moment.DateOnly());
+    EXPECT_EQ(FromStored("no date"), DateTime());
+    EXPECT_EQ(FromStored(""), DateTime());
+}
+
+TEST(ServerDateTextOf, Styles) {
+    const DateTime moment = *DateTime::FromFields({2026, 11, 1, 0, 5, 9, 45});
+    EXPECT_EQ(ServerDateText(moment, 0), QByteArray("Nov  1 2026 12:05AM"));
+    EXPECT_EQ(ServerDateText(moment, 100), QByteArray("Nov  1 2026 12:05AM"));
+    EXPECT_EQ(ServerDateText(moment, 101), QByteArray("11/01/2026"));
+    EXPECT_EQ(ServerDateText(moment, 120), QByteArray("2026-11-01 00:05:09"));
+    EXPECT_EQ(ServerDateText(moment, 121), QByteArray("2026-11-01 00:05:09.045"));
+    EXPECT_FALSE(ServerDateText(moment, 7));
+}

@@ -1,0 +1,305 @@
+#include "gateway/ChildProcess.h"
+#include "gateway/embedded/EmbeddedGateway.h"
+#include "gateway/embedded/HospitalEngine.h"
+#include "gateway/GatewayTexts.h"
+#include "gateway/RunTimeError.h"
+#include "gateway/SmallHospital.h"
+#include "support/PrintQt.h"
+#include "text/Clock.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kCounter = u"select ChargeSlip from Clinical_Area..tbSlip"_s;
+const QString kCharges = u"select count(*) from Clinical_Area..tbCharge"_s;
+const QString kAdd = u"Clinical_Area..spAddCharge '1002','1','2.50','11/21/2026'"_s;
+
+class EmbeddedGatewayTest : public testing::Test {
+  protected:
+    ~EmbeddedGatewayTest() override { SetClock({}); }
+
+    EmbeddedGateway& Gateway() { return hospital.Gateway(); }
+    int Number(CommandGateway& gateway, const QString& command) {
+        return RowTexts(gateway, command)[0].toInt();
+    }
+
+    SmallHospital hospital;
+};
+
+/// The lowest user of the machine, who may read what everybody may. Root would be stopped by no file's
+/// rights.
+bool BecomeNobody() {
+    constexpr uid_t kNobody = 65534;
+    return geteuid() != 0 || setuid(kNobody) == 0;
+}
+
+} // namespace
+
+TEST_F(EmbeddedGatewayTest, TellsWhatItIsConnectedTo) {
+    EXPECT_TRUE(Gateway().Connected());
+    EXPECT_EQ(Gateway().ConnectionString(),
+              u"Provider=TarvenEmbedded;Data Source="_s + hospital.Path() + u";Initial Catalog=PASSWORD"_s);
+}
+
+TEST_F(EmbeddedGatewayTest, NamesWithoutADatabaseMeanTheDefaultOne) {
+    EXPECT_EQ(FailureOf(Gateway(), u"select * from tbSlip"_s).number, 208);
+    Gateway().SetDefaultDatabase(u"clinical_area"_s);
+    EXPECT_EQ(RowTexts(Gateway(), u"select * from tbSlip"_s), QStringList{u"100"_s});
+    EXPECT_EQ(RowTexts(Gateway(), u"select * from dbo.tbSlip"_s), QStringList{u"100"_s});
+    EXPECT_EQ(RowTexts(Gateway(), u"spGetPatient 'NUNO'"_s).size(), 1);
+    Gateway().SetDefaultDatabase(u"BILLING"_s);
+    EXPECT_EQ(RowTexts(Gateway(), u"select count(*) from tbCharge"_s), QStringList{u"0"_s});
+}
+
+TEST_F(EmbeddedGatewayTest, NothingButASemicolonIsACommandWithoutResult) {
+    for (const QString& command : {u""_s, u"  ;; "_s, u"-- nothing"_s})
+        EXPECT_EQ(Gateway().Execute(command).State(), RowSet::Status::Closed);
+    EXPECT_EQ(RowTexts(Gateway(), kCounter + u" ; -- and no more"_s), QStringList{u"100"_s});
+}
+
+TEST_F(EmbeddedGatewayTest, ATextThatIsMoreThanOneStatementIsRefusedWhole) {
+    const QString search = u"Clinical_Area..spGetPatient '"_s;
+    const QString save = u"Clinical_Area..spAddCharge '1001','1','1','1/1/2026','"_s;
+    const QStringList typed = {u"x'; delete Clinical_Area..tbSlip --"_s,
+                               u"x' delete Clinical_Area..tbSlip --"_s,
+                               u"x';delete Clinical_Area..tbSlip;select '"_s,
+                               u"x'\ndelete Clinical_Area..tbSlip\n--"_s,
+                               u"x' /* */ delete Clinical_Area..tbSlip /* "_s,
+                               u"x'; Clinical_Area..spAddCharge '1','1','1','1"_s,
+                               u"x'; exec('delete Clinical_Area..tbSlip"_s,
+                               u"x'; select '"_s,
+                               u"x' union all select '1"_s,
+                               u"x' or '1'='1"_s};
+    for (const QString& text : typed) {
+        for (const QString& command :
+             {search + text + u'\'', save + text + u'\'',
+              u"select * from Clinical_Area..tbSlip where 'x' = '"_s + text + u"'--"_s}) {
+            const bool stillOneStatement =
+                command.startsWith(u"select"_s) && !text.contains(u"delete"_s) && !text.contains(u';');
+            const Failure failure = FailureOf(Gateway(), command);
+            if (!stillOneStatement) {
+                EXPECT_TRUE(failure.number == 102 || failure.number == 105 || failure.number == 113)
+                    << failure.number << ' ' << command.toStdString();
+            }
+            EXPECT_EQ(Number(Gateway(), kCounter), 100) << command.toStdString();
+            EXPECT_EQ(Number(Gateway(), kCharges), 2) << command.toStdString();
+        }
+    }
+}
+
+TEST_F(EmbeddedGatewayTest, WhatIsNoPlainStatementIsRefused) {
+    for (const QString& command :
+         {u"create table Clinical_Area..t (a int)"_s, u"drop table Clinical_Area..tbSlip"_s,
+          u"truncate table Clinical_Area..tbSlip"_s, u"use BILLING"_s, u"declare @a int"_s,
+          u"begin transaction"_s, u"if 1 = 1 delete Clinical_Area..tbSlip"_s,
+          u"with x as (select 1 as a) select * from x"_s, u"'text'"_s, u"1"_s, u"@x = 1"_s, u"(select 1)"_s,
+          u"set nocount on"_s}) {
+        const Failure failure = FailureOf(Gateway(), command);
+        EXPECT_TRUE(failure.number == 102 || failure.number == 156)
+            << failure.number << ' ' << command.toStdString();
+    }
+    EXPECT_EQ(FailureOf(Gateway(), u"PRAGMA user_version"_s).number, 2812)
+        << "a bare word is a procedure's name";
+    EXPECT_EQ(FailureOf(Gateway(), u"select * from tarven_procedure"_s).number, 208);
+    EXPECT_EQ(FailureOf(Gateway(), u"select * from sqlite_master"_s).number, 208);
+}
+
+TEST_F(EmbeddedGatewayTest, TheClockIsThePrograms) {
+    const DateTime moment = *DateTime::FromFields({2026, 11, 21, 23, 59, 59, 999});
+    SetClock([moment] { return moment; });
+    EXPECT_EQ(Gateway().Execute(u"select getdate() as d"_s).Fields(u"d"), Value(moment));
+}
+
+TEST_F(EmbeddedGatewayTest, AllStatementsOfOneCommandBearOneTime) {
+    int asked = 0;
+    SetClock([&asked] { return DateTime::FromMilliseconds(++asked); });
+    Gateway().ExecuteNoResult(kAdd);
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(EmbeddedGatewayTest, ACommandSentAgainSeesWhatHasChanged) {
+    EXPECT_EQ(Number(Gateway(), kCounter), 100);
+    Gateway().ExecuteNoResult(kAdd);
+    EXPECT_EQ(Number(Gateway(), kCounter), 101);
+    Gateway().ExecuteNoResult(kAdd);
+    EXPECT_EQ(Number(Gateway(), kCounter), 102);
+}
+
+TEST_F(EmbeddedGatewayTest, ACallOfTwoHundredArgumentsPasses) {
+    QStringList parameters;
+    QStringList arguments;
+    QStringList columns;
+    for (int i = 0; i < 203; ++i) {
+        parameters << u"@P%1 varchar(50)"_s.arg(i);
+        columns << u"@P%1 as C%1"_s.arg(i);
+        arguments << (i % 2 == 0 ? QString() : QString::number(i));
+    }
+    auto scripts = SmallHospitalScripts();
+    scripts.push_back({u"procedures/long.sql"_s, u"USE Clinical_Area;\nGO\nCREATE PROCEDURE dbo.spLong "_s +
+                                                     parameters.join(u", "_s) + u" AS BEGIN SELECT "_s +
+                                                     columns.join(u", "_s) + u"; END"_s});
+    const auto gateway = HospitalFile::Open(hospital.Path(), scripts);
+    const QString call = u"Clinical_Area..spLong '"_s + arguments.join(u"','"_s) + u'\'';
+    EXPECT_EQ(RowTexts(*gateway, call), QStringList{arguments.join(u'|')});
+}
+
+TEST_F(EmbeddedGatewayTest, AReadingCommandWorksWhileAnotherWorkstationWrites) {
+    const auto other = hospital.Connect();
+    other->Engine().Database().Run(u"BEGIN IMMEDIATE"_s);
+    EXPECT_EQ(Number(Gateway(), kCounter), 100);
+}
+
+TEST_F(EmbeddedGatewayTest, AWriterThatWaitsTooLongIsError1222AndChangesNothing) {
+    const auto other = hospital.Connect();
+    other->Engine().Database().Run(u"BEGIN IMMEDIATE"_s);
+    Gateway().SetCommandTimeout(1);
+    const Failure failure = FailureOf(Gateway(), kAdd);
+    EXPECT_EQ(failure.number, 1222);
+    EXPECT_EQ(failure.text, u"Lock request time out period exceeded."_s);
+    other->Engine().Database().Run(u"ROLLBACK"_s);
+    EXPECT_EQ(Number(Gateway(), kCharges), 2);
+    Gateway().ExecuteNoResult(kAdd);
+    EXPECT_EQ(Number(Gateway(), kCharges), 3);
+}
+
+TEST_F(EmbeddedGatewayTest, ACommandThatTakesTooLongIsGivenUp) {
+    Gateway().SetCommandTimeout(1);
+    const QString ten =
+        u"(select 1 as n union all select 2 union all select 3 union all select 4 union all select 5 "
+        "union all select 6 union all select 7 union all select 8 union all select 9 union all select "
+        "10) as "_s;
+    QString endless = u"select count(*) from "_s + ten + u't';
+    for (int i = 0; i < 11; ++i)
+        endless += u" inner join "_s + ten + u"t%1 on 1 = 1"_s.arg(i);
+    EXPECT_EQ(FailureOf(Gateway(), endless).text, u"Query timeout expired"_s);
+    EXPECT_EQ(Number(Gateway(), kCounter), 100);
+}
+
+TEST_F(EmbeddedGatewayTest, AFullDiskIsError1105AndChangesNothing) {
+    SqliteDatabase& database = Gateway().Engine().Database();
+    const auto pages = std::get<qint64>(*database.RunForValue(u"PRAGMA page_count"_s));
+    database.RunForValue(u"PRAGMA max_page_count = "_s + QString::number(pages));
+    const QString rows = u"select count(*) from Clinical_Area..tbPrint"_s;
+    constexpr int kRowsEach = 6 * 6 * 6;
+    const QString insert =
+        u"insert into Clinical_Area..tbPrint ([Slip #]) select 'x' from Clinical_Area..tbPatient as a "
+        "inner join Clinical_Area..tbPatient as b on 1 = 1 inner join Clinical_Area..tbPatient as c "
+        "on 1 = 1"_s;
+    Failure failure;
+    int done = 0;
+    for (; done < 1000 && failure.number == 0; ++done)
+        failure = FailureOf(Gateway(), insert);
+    EXPECT_EQ(failure.number, 1105) << failure.text.toStdString();
+    EXPECT_EQ(Number(Gateway(), rows), (done - 1) * kRowsEach);
+    database.RunForValue(u"PRAGMA max_page_count = 1000000"_s);
+    Gateway().ExecuteNoResult(kAdd);
+    EXPECT_EQ(Number(Gateway(), kCharges), 3);
+}
+
+TEST_F(EmbeddedGatewayTest, AReadOnlyFileCanBeReadAndNotWritten) {
+    const QString path = hospital.Path();
+    QFile::setPermissions(
+        QFileInfo(path).absolutePath(),
+        QFile::Permissions::fromInt(0x7777)); // so that it is the file that stops the writer
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+    const int code = RunInChild([&path] {
+        if (!BecomeNobody())
+            return 1;
+        EmbeddedGateway gateway(path);
+        if (RowTexts(gateway, kCounter) != QStringList{u"100"_s})
+            return 2;
+        return FailureOf(gateway, kAdd).number == 3906 ? 0 : 3;
+    });
+    EXPECT_EQ(code, 0);
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+    EXPECT_EQ(Number(Gateway(), kCharges), 2);
+}
+
+TEST_F(EmbeddedGatewayTest, ADamagedFileIsError824) {
+    const QString path = hospital.Path();
+    QFile copy(path + u".damaged"_s);
+    ASSERT_TRUE(QFile::copy(path, copy.fileName()));
+    ASSERT_TRUE(copy.open(QIODevice::ReadWrite));
+    constexpr qint64 kPage = 4096;
+    for (qint64 at = 10 * kPage; at < copy.size(); at += kPage) {
+        copy.seek(at);
+        copy.write(QByteArray(200, '\x5a'));
+    }
+    copy.close();
+    EmbeddedGateway gateway(copy.fileName());
+    EXPECT_EQ(FailureOf([&] {
+                  RowTexts(gateway, u"select * from Clinical_Area..tbPatient"_s);
+                  RowTexts(gateway, u"select * from Clinical_Area..tbCharge"_s);
+                  RowTexts(gateway, kCounter);
+              }).number,
+              824);
+}
+
+TEST_F(EmbeddedGatewayTest, AWriterKilledInsideACommandLeavesTheAnsweredOnes) {
+    constexpr int kAnswered = 5;
+    const int code = RunInChild([this] {
+        EmbeddedGateway gateway(hospital.Path());
+        int commands = 0;
+        // The clock is read when the command already holds the write lock.
+        SetClock([&commands] {
+            if (++commands > kAnswered)
+                KillThisProcess();
+            return DateTime();
+        });
+        for (int i = 0; i < 2 * kAnswered; ++i)
+            gateway.ExecuteNoResult(kAdd);
+        return 0;
+    });
+    EXPECT_EQ(code, -SIGKILL);
+    EXPECT_EQ(Number(Gateway(), kCharges), 2 + kAnswered);
+    EXPECT_EQ(Number(Gateway(), kCounter), 100 + kAnswered);
+    Gateway().ExecuteNoResult(kAdd);
+    EXPECT_EQ(Number(Gateway(), kCharges), 3 + kAnswered);
+}
+
+TEST_F(EmbeddedGatewayTest, AWriterKilledAtAnyMomentLeavesWholeCommands) {
+    int reports[2];
+    ASSERT_EQ(pipe(reports), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        try {
+            EmbeddedGateway gateway(hospital.Path());
+            while (true) {
+                gateway.ExecuteNoResult(kAdd);
+                const char answered = 'x';
+                if (write(reports[1], &answered, 1) != 1)
+                    _exit(1);
+            }
+        } catch (...) {
+            _exit(2);
+        }
+    }
+    close(reports[1]);
+    char byte = 0;
+    int answered = 0;
+    while (answered < 20 && read(reports[0], &byte, 1) == 1)
+        ++answered;
+    kill(child, SIGKILL);
+    while (read(reports[0], &byte, 1) == 1)
+        ++answered;
+    close(reports[0]);
+    const int written = Number(Gateway(), kCharges) - 2;
+    EXPECT_EQ(Number(Gateway(), kCounter) - 100, written) << "half a command stands";
+    EXPECT_GE(written, answered);
+    EXPECT_LE(written, answered + 1);
+}
+
+TEST(EmbeddedGatewayOpen, AFileThatIsNotThereIsError53AndIsNotMade) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"none.db"_s);
+    EXPECT_EQ(FailureOf([&] { EmbeddedGateway{path}; }).number, RunTime::kFileNotFound);
+    EXPECT_FALSE(QFile::exists(path));
+}

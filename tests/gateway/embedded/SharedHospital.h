@@ -1,0 +1,22 @@
+#pragma once
+
+#include "gateway/GatewayTexts.h"
+#include "gateway/SmallHospital.h"
+#include "text/Clock.h"
+
+#include <gtest/gtest.h>
+
+/// The small hospital for tests that change nothing in it, made once for a test program; the clock stands at
+/// 21 November 2026, 14:02:03.456.
+class SharedHospital : public testing::Test {
+  protected:
+    SharedHospital() { SetClock(Moment); }
+    ~SharedHospital() override { SetClock({}); }
+
+    static DateTime Moment() { return *DateTime::FromFields({2026, 11, 21, 14, 2, 3, 456}); }
+
+    static EmbeddedGateway& Gateway() {
+        static SmallHospital hospital;
+        return hospital.Gateway();
+    }
+};
