@@ -1,0 +1,29 @@
+#include "toolkit/Application.h"
+
+#include "toolkit/Failure.h"
+#include "toolkit/Look.h"
+
+#include <QEvent>
+#include <QTimer>
+
+Application::Application(int& argc, char** argv)
+    : QApplication(argc, argv) {
+    // The process ends when the main window unloads, not when a dialogue happens to be the last window.
+    setQuitOnLastWindowClosed(false);
+    setOrganizationName(QStringLiteral("TARVEN"));
+    setApplicationName(QStringLiteral("Hemodialysis"));
+    ApplyLook(*this);
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+    const QEvent::Type type = event->type();
+    // While the failure's box is open the program's own timers rest; the box needs none of them.
+    if (Failure::IsEnding() && type == QEvent::Timer && qobject_cast<QTimer*>(receiver))
+        return true;
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (...) {
+        Failure::End(std::current_exception(), type == QEvent::Paint);
+        return true;
+    }
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QApplication>
+
+/// The program's application object: the top of the event dispatch, where an exception that no handler traps
+/// is caught, however deep the nested event loops are.
+class Application : public QApplication {
+    Q_OBJECT
+
+  public:
+    Application(int& argc, char** argv);
+
+    bool notify(QObject* receiver, QEvent* event) override;
+};

@@ -1,0 +1,83 @@
+#include "toolkit/Failure.h"
+
+#include "gateway/RunTimeError.h"
+#include "toolkit/MousePointer.h"
+#include "toolkit/MsgBox.h"
+
+#include <QCoreApplication>
+#include <QMessageBox>
+#include <QTimer>
+
+#include <cstdio>
+#include <cstdlib>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kFailed = 1;
+
+bool ending = false;
+Failure::Handler handler;
+
+/// Nothing is flushed, destroyed or asked: whatever was being done has failed, and what the database has
+/// answered already stands.
+[[noreturn]] void LeaveProcess() {
+    _exit(kFailed);
+}
+
+[[noreturn]] void ShowAndLeave(const QString& text) {
+    std::fprintf(stderr, "%s\n", qPrintable(text));
+    SetMousePointer(MousePointer::Default);
+    QMessageBox box(QMessageBox::Critical, kDefaultTitle, text, QMessageBox::Ok);
+    box.setObjectName(u"Failure"_s);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+    LeaveProcess();
+}
+
+} // namespace
+
+QString Failure::TextOf(const std::exception_ptr& failure) {
+    try {
+        std::rethrow_exception(failure);
+    } catch (const RunTimeError& error) {
+        return u"Run-time error '%1':\n\n%2"_s.arg(error.Number()).arg(error.Description());
+    } catch (const std::exception& error) {
+        return QString::fromUtf8(error.what());
+    } catch (...) {
+        return u"Unknown failure"_s;
+    }
+}
+
+void Failure::End(const std::exception_ptr& failure, bool inPaint) noexcept {
+    if (handler) {
+        handler(failure);
+        return;
+    }
+    if (ending)
+        return;
+    ending = true;
+    const QString text = TextOf(failure);
+    if (inPaint)
+        QTimer::singleShot(0, qApp, [text] { ShowAndLeave(text); });
+    else
+        ShowAndLeave(text);
+}
+
+bool Failure::IsEnding() {
+    return ending;
+}
+
+void Failure::SetHandler(Handler newHandler) {
+    handler = std::move(newHandler);
+}
+
+void Failure::InstallTerminateHandler() {
+    std::set_terminate([] {
+        if (const std::exception_ptr failure = std::current_exception())
+            std::fprintf(stderr, "%s\n", qPrintable(TextOf(failure)));
+        LeaveProcess();
+    });
+}

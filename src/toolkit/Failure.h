@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+#include <exception>
+#include <functional>
+
+/// The one end of every failure that no handler traps: its text in a critical message box, then the end of
+/// the process with exit code 1, without any more of the program's code running.
+namespace Failure {
+
+/// Ends the process with the text of the failure. A second failure while the box is open is dropped, so the
+/// box shows once. `inPaint` puts the box off until the painting has ended.
+void End(const std::exception_ptr& failure, bool inPaint = false) noexcept;
+
+/// True from the first failure on. Timers and other windows do nothing more then.
+bool IsEnding();
+
+/// The text shown for a failure: "Run-time error '3021':" and the description.
+QString TextOf(const std::exception_ptr& failure);
+
+/// Takes failures in place of the box and the end of the process, for tests; empty brings the real end back.
+using Handler = std::function<void(const std::exception_ptr& failure)>;
+void SetHandler(Handler handler);
+
+/// Makes an exception that no event dispatch sees, as one from a static constructor, end the process the same
+/// way.
+void InstallTerminateHandler();
+
+} // namespace Failure

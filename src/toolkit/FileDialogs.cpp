@@ -1,0 +1,25 @@
+#include "toolkit/FileDialogs.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+
+namespace {
+
+SaveFileAnswer currentAnswer = nullptr;
+
+} // namespace
+
+QString AskSaveFile(QWidget* parent, const QString& title, const QString& suggestedName,
+                    const QString& filter) {
+    if (currentAnswer)
+        return currentAnswer(suggestedName);
+    QFileDialog dialog(parent, title, QString(), filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QFileInfo(suggestedName).suffix());
+    dialog.selectFile(suggestedName);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+void SetSaveFileAnswer(SaveFileAnswer answer) {
+    currentAnswer = answer;
+}

@@ -1,0 +1,217 @@
+#include "toolkit/FlexCells.h"
+
+#include "gateway/RunTimeError.h"
+
+#include <QFont>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kInvalidRow = 30009;
+constexpr int kInvalidCol = 30010;
+
+bool IsAmount(const Value& value) {
+    return std::holds_alternative<Decimal>(value.Get()) || std::holds_alternative<double>(value.Get());
+}
+
+} // namespace
+
+FlexCells::FlexCells(QObject* parent)
+    : QAbstractTableModel(parent)
+    , mTexts(4)
+    , mColumns(2) {}
+
+void FlexCells::CheckRow(int row) const {
+    if (row < 0 || row >= mRows)
+        throw RunTimeError(kInvalidRow, u"Invalid Row value"_s);
+}
+
+void FlexCells::CheckCol(int col) const {
+    if (col < 0 || col >= mCols)
+        throw RunTimeError(kInvalidCol, u"Invalid Col value"_s);
+}
+
+void FlexCells::SetRows(int rows) {
+    if (rows < 1)
+        throw RunTimeError(kInvalidRow, u"Invalid Row value"_s);
+    if (rows != mRows)
+        Resize(rows, mCols);
+}
+
+void FlexCells::SetCols(int cols) {
+    if (cols < 1)
+        throw RunTimeError(kInvalidCol, u"Invalid Col value"_s);
+    if (cols != mCols)
+        Resize(mRows, cols);
+}
+
+void FlexCells::Resize(int rows, int cols) {
+    beginResetModel();
+    OwnTexts();
+    std::vector<QString> texts(size_t(rows) * size_t(cols));
+    for (int row = 0; row < qMin(rows, mRows); ++row) {
+        for (int col = 0; col < qMin(cols, mCols); ++col)
+            texts[size_t(row) * size_t(cols) + size_t(col)] = std::move(mTexts[At(row, col)]);
+    }
+    mTexts = std::move(texts);
+    mRows = rows;
+    mCols = cols;
+    mColumns.resize(size_t(cols));
+    endResetModel();
+    ClampCurrent();
+}
+
+void FlexCells::ClampCurrent() {
+    mRow = qMin(mRow, mRows - 1);
+    mCol = qMin(mCol, mCols - 1);
+    Q_EMIT CurrentMoved();
+}
+
+void FlexCells::SetRow(int row) {
+    SetCell(row, mCol);
+}
+
+void FlexCells::SetCol(int col) {
+    SetCell(mRow, col);
+}
+
+void FlexCells::SetCell(int row, int col) {
+    CheckRow(row);
+    CheckCol(col);
+    mRow = row;
+    mCol = col;
+    Q_EMIT CurrentMoved();
+}
+
+QString FlexCells::TextMatrix(int row, int col) const {
+    CheckRow(row);
+    CheckCol(col);
+    if (!mBound)
+        return mTexts[At(row, col)];
+    if (row > 0)
+        return col == 0 ? QString() : mBound->Cell(size_t(row) - 1, size_t(col) - 1).TextOrEmpty();
+    const Column& column = mColumns[size_t(col)];
+    if (column.hasFormatHeader)
+        return column.formatHeader;
+    return col == 0 ? QString() : mBound->columns[size_t(col) - 1];
+}
+
+void FlexCells::SetTextMatrix(int row, int col, const QString& text) {
+    CheckRow(row);
+    CheckCol(col);
+    OwnTexts();
+    mTexts[At(row, col)] = text;
+    if (row == 0)
+        Q_EMIT headerDataChanged(Qt::Horizontal, qMax(col - 1, 0), qMax(col - 1, 0));
+    else if (col == 0)
+        Q_EMIT headerDataChanged(Qt::Vertical, row - 1, row - 1);
+    else
+        Q_EMIT dataChanged(index(row - 1, col - 1), index(row - 1, col - 1));
+}
+
+void FlexCells::OwnTexts() {
+    if (!mBound)
+        return;
+    std::vector<QString> texts;
+    texts.reserve(size_t(mRows) * size_t(mCols));
+    for (int row = 0; row < mRows; ++row) {
+        for (int col = 0; col < mCols; ++col)
+            texts.push_back(TextMatrix(row, col));
+    }
+    mTexts = std::move(texts);
+    mBound.reset();
+}
+
+void FlexCells::Clear() {
+    beginResetModel();
+    mBound.reset();
+    mTexts.assign(size_t(mRows) * size_t(mCols), QString());
+    endResetModel();
+}
+
+void FlexCells::Bind(std::shared_ptr<const RowData> rows) {
+    beginResetModel();
+    mRows = int(rows->RowCount()) + 1;
+    mCols = int(rows->columns.size()) + 1;
+    mColumns.resize(size_t(mCols));
+    mTexts.clear();
+    mBound = std::move(rows);
+    mRow = qMin(1, mRows - 1);
+    mCol = qMin(1, mCols - 1);
+    endResetModel();
+    Q_EMIT CurrentMoved();
+}
+
+void FlexCells::SetFormatString(const QString& format) {
+    const QStringList parts = format.split(u'|');
+    SetCols(qMax(mCols, int(parts.size())));
+    for (int col = 0; col < int(parts.size()); ++col) {
+        Column& column = mColumns[size_t(col)];
+        QString header = parts[col];
+        const QChar lead = header.isEmpty() ? QChar() : header.front();
+        if (lead == u'<' || lead == u'^' || lead == u'>') {
+            column.alignment = lead == u'<'   ? Qt::AlignLeft
+                               : lead == u'^' ? Qt::AlignHCenter
+                                              : Qt::AlignRight;
+            header.remove(0, 1);
+        }
+        column.formatHeader = header;
+        column.hasFormatHeader = true;
+        if (!mBound)
+            SetTextMatrix(0, col, header);
+    }
+}
+
+void FlexCells::SetHeaderBold(int col, bool bold) {
+    CheckCol(col);
+    mColumns[size_t(col)].headerBold = bold;
+    Q_EMIT headerDataChanged(Qt::Horizontal, qMax(col - 1, 0), qMax(col - 1, 0));
+}
+
+void FlexCells::SetAlignment(int col, Qt::Alignment alignment) {
+    CheckCol(col);
+    mColumns[size_t(col)].alignment = alignment;
+}
+
+Qt::Alignment FlexCells::AlignmentOf(int row, int col) const {
+    if (mColumns[size_t(col)].alignment)
+        return mColumns[size_t(col)].alignment;
+    if (mBound && row > 0 && IsAmount(mBound->Cell(size_t(row) - 1, size_t(col) - 1)))
+        return Qt::AlignRight;
+    return Qt::AlignLeft;
+}
+
+int FlexCells::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : mRows - 1;
+}
+
+int FlexCells::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : mCols - 1;
+}
+
+QVariant FlexCells::data(const QModelIndex& index, int role) const {
+    const int row = index.row() + 1;
+    const int col = index.column() + 1;
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+        return TextMatrix(row, col);
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(AlignmentOf(row, col) | Qt::AlignVCenter);
+    return {};
+}
+
+QVariant FlexCells::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation == Qt::Vertical)
+        return role == Qt::DisplayRole ? TextMatrix(section + 1, 0) : QVariant();
+    const int col = section + 1;
+    if (role == Qt::DisplayRole)
+        return TextMatrix(0, col);
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(AlignmentOf(0, col) | Qt::AlignVCenter);
+    if (role == Qt::FontRole && mColumns[size_t(col)].headerBold) {
+        QFont font;
+        font.setBold(true);
+        return font;
+    }
+    return {};
+}

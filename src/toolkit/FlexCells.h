@@ -1,0 +1,88 @@
+#pragma once
+
+#include "gateway/RowSet.h"
+
+#include <QAbstractTableModel>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+/// The cells of a grid, without a window: rows and columns counted with the fixed ones (row 0 holds the
+/// headers, column 0 is the fixed narrow column), a text in each cell, and a current cell.
+///
+/// A grid can be bound to the rows of a result. The cells then show those rows, field n in column n + 1,
+/// until a cell is written or the size is changed; from then on the texts are the grid's own.
+///
+/// Row and column numbers outside the grid raise 30009 and 30010, as the grid of the run-time does.
+class FlexCells : public QAbstractTableModel {
+    Q_OBJECT
+
+  public:
+    explicit FlexCells(QObject* parent = nullptr);
+
+    int Rows() const { return mRows; }
+    /// Texts of rows that remain stay; the current row moves up if it was cut off. At least 1.
+    void SetRows(int rows);
+    int Cols() const { return mCols; }
+    void SetCols(int cols);
+
+    int Row() const { return mRow; }
+    void SetRow(int row);
+    int Col() const { return mCol; }
+    void SetCol(int col);
+    void SetCell(int row, int col);
+
+    QString TextMatrix(int row, int col) const;
+    void SetTextMatrix(int row, int col, const QString& text);
+    /// The current cell.
+    QString Text() const { return TextMatrix(mRow, mCol); }
+    void SetText(const QString& text) { SetTextMatrix(mRow, mCol, text); }
+
+    /// Empties every cell, the headers too; sizes stay.
+    void Clear();
+    /// Shows the rows of a result: one column more than it has fields, one row more than it has rows, the
+    /// field names as headers where the format string gives none. The current cell becomes the first one.
+    void Bind(std::shared_ptr<const RowData> rows);
+    /// Header texts and alignments in the run-time's form: columns parted by "|", each text led by "<"
+    /// (left),
+    /// "^" (centre) or ">" (right). Grows the grid to as many columns.
+    void SetFormatString(const QString& format);
+
+    void SetHeaderBold(int col, bool bold);
+    void SetAlignment(int col, Qt::Alignment alignment);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+  Q_SIGNALS:
+    /// The current cell was set by code, or cut off and moved.
+    void CurrentMoved();
+
+  private:
+    struct Column {
+        QString formatHeader;
+        bool hasFormatHeader = false;
+        bool headerBold = false;
+        Qt::Alignment alignment = {};
+    };
+
+    void CheckRow(int row) const;
+    void CheckCol(int col) const;
+    size_t At(int row, int col) const { return size_t(row) * size_t(mCols) + size_t(col); }
+    /// Makes the texts the grid's own before the first write to a bound grid.
+    void OwnTexts();
+    void Resize(int rows, int cols);
+    void ClampCurrent();
+    Qt::Alignment AlignmentOf(int row, int col) const;
+
+    int mRows = 2;
+    int mCols = 2;
+    int mRow = 1;
+    int mCol = 1;
+    std::vector<QString> mTexts;
+    std::shared_ptr<const RowData> mBound;
+    std::vector<Column> mColumns;
+};

@@ -1,0 +1,141 @@
+#include "toolkit/FlexGrid.h"
+
+#include "toolkit/Focus.h"
+#include "toolkit/Twips.h"
+
+#include <QHeaderView>
+#include <QMouseEvent>
+
+#include <utility>
+
+namespace {
+
+/// The width of a column whose width nobody has set, in twips.
+constexpr int kDefaultWidth = 960;
+constexpr int kRowPadding = 6;
+
+} // namespace
+
+FlexGrid::FlexGrid(QWidget* parent)
+    : QTableView(parent)
+    , mCells(new FlexCells(this)) {
+    setModel(mCells);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionBehavior(QAbstractItemView::SelectItems);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTabKeyNavigation(false);
+    setFocusPolicy(Qt::TabFocus);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setWordWrap(false);
+    horizontalHeader()->setMinimumSectionSize(0);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    horizontalHeader()->setFocusPolicy(Qt::NoFocus);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setMinimumSectionSize(0);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+    verticalHeader()->setHighlightSections(false);
+    verticalHeader()->setFocusPolicy(Qt::NoFocus);
+    connect(mCells, &QAbstractItemModel::modelReset, this, &FlexGrid::ApplyWidths);
+    // A reset takes the mark from the view; left without one, the view would move to its first cell with the
+    // focus.
+    connect(mCells, &QAbstractItemModel::modelReset, this, &FlexGrid::FollowCells);
+    connect(mCells, &FlexCells::CurrentMoved, this, &FlexGrid::FollowCells);
+    ApplyWidths();
+    FollowCells();
+}
+
+void FlexGrid::SetColWidth(int col, int twips) {
+    if (size_t(col) >= mWidths.size())
+        mWidths.resize(size_t(col) + 1, kDefaultWidth);
+    mWidths[size_t(col)] = twips;
+    ApplyWidths();
+}
+
+int FlexGrid::ColWidth(int col) const {
+    return size_t(col) < mWidths.size() ? mWidths[size_t(col)] : kDefaultWidth;
+}
+
+void FlexGrid::ApplyWidths() {
+    const int fixedWidth = TwipsToPixels(ColWidth(0));
+    verticalHeader()->setVisible(fixedWidth > 0);
+    verticalHeader()->setFixedWidth(fixedWidth);
+    for (int col = 1; col < mCells->Cols(); ++col) {
+        const int width = TwipsToPixels(ColWidth(col));
+        setColumnHidden(col - 1, width == 0);
+        if (width > 0)
+            setColumnWidth(col - 1, width);
+    }
+}
+
+int FlexGrid::TopRow() const {
+    const int row = rowAt(0);
+    return row < 0 ? 1 : row + 1;
+}
+
+QRect FlexGrid::CellRect(int row, int col) const {
+    return visualRect(mCells->index(row - 1, col - 1)).translated(viewport()->pos());
+}
+
+void FlexGrid::Reveal(int row, int col) {
+    scrollTo(mCells->index(row - 1, col - 1));
+}
+
+void FlexGrid::SetRedraw(bool on) {
+    viewport()->setUpdatesEnabled(on);
+}
+
+bool FlexGrid::Redraw() const {
+    return viewport()->updatesEnabled();
+}
+
+void FlexGrid::SetRowSelect(bool whole) {
+    setSelectionBehavior(whole ? QAbstractItemView::SelectRows : QAbstractItemView::SelectItems);
+    FollowCells();
+}
+
+void FlexGrid::FollowCells() {
+    if (mFollowing)
+        return;
+    mFollowing = true;
+    setCurrentIndex(mCells->index(mCells->Row() - 1, mCells->Col() - 1));
+    mFollowing = false;
+}
+
+void FlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    if (mFollowing || !current.isValid())
+        return;
+    Q_EMIT LeaveCell();
+    mFollowing = true;
+    mCells->SetCell(current.row() + 1, current.column() + 1);
+    mFollowing = false;
+    Q_EMIT EnterCell();
+    Q_EMIT RowColChange();
+}
+
+void FlexGrid::mousePressEvent(QMouseEvent* event) {
+    HeldGotFocus ownFocus(this);
+    setFocus(Qt::MouseFocusReason);
+    QTableView::mousePressEvent(event);
+    // The view marks where the mouse was, a handler may have sent the current cell elsewhere.
+    FollowCells();
+    ownFocus.Release();
+}
+
+void FlexGrid::mouseMoveEvent(QMouseEvent* event) {
+    // Dragging over the grid would walk the current cell through it; a click means one cell.
+    event->accept();
+}
+
+void FlexGrid::mouseReleaseEvent(QMouseEvent* event) {
+    QTableView::mouseReleaseEvent(event);
+    if (!std::exchange(mDoubleClicked, false))
+        Q_EMIT Click();
+}
+
+void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
+    mDoubleClicked = true;
+    QTableView::mouseDoubleClickEvent(event);
+    Q_EMIT DblClick();
+}

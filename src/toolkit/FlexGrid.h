@@ -1,0 +1,62 @@
+#pragma once
+
+#include "toolkit/FlexCells.h"
+
+#include <QTableView>
+
+/// The grid control: the view of a FlexCells, moved by code or by the clerk.
+///
+/// Moves by the clerk (mouse, arrow keys) raise LeaveCell, EnterCell and RowColChange in this order; moves by
+/// code raise none of them, since the code calls what it needs by name. A click takes the focus first, then
+/// moves, then raises GotFocus unless a handler has passed the focus on, and Click when the button goes up.
+class FlexGrid : public QTableView {
+    Q_OBJECT
+
+  public:
+    explicit FlexGrid(QWidget* parent = nullptr);
+
+    FlexCells& Cells() { return *mCells; }
+    const FlexCells& Cells() const { return *mCells; }
+
+    /// Column widths in twips; 0 hides the column. They outlive a binding.
+    void SetColWidth(int col, int twips);
+    int ColWidth(int col) const;
+
+    /// The first row in sight, counted with the fixed one.
+    int TopRow() const;
+    /// The cell's place in this control's own coordinates.
+    QRect CellRect(int row, int col) const;
+    /// Scrolls until the cell is in sight.
+    void Reveal(int row, int col);
+    /// Off: changes do not show until it is on again.
+    void SetRedraw(bool on);
+    bool Redraw() const;
+    /// Marks the whole current row instead of one cell, for lists from which a row is picked.
+    void SetRowSelect(bool whole);
+
+    void keyboardSearch(const QString&) override {}
+
+  Q_SIGNALS:
+    void LeaveCell();
+    void EnterCell();
+    void RowColChange();
+    void Click();
+    void DblClick();
+
+  protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+  private:
+    void FollowCells();
+    void ApplyWidths();
+
+    FlexCells* mCells;
+    std::vector<int> mWidths;
+    bool mFollowing = false;
+    /// The button that comes up belongs to a double click, which was a click before.
+    bool mDoubleClicked = false;
+};

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+
+class QWidget;
+
+/// Raises GotFocus on the control by the run-time's rule: when the focus comes to it from another control or
+/// from another screen of the program, the return from a modal screen included. A message box that closes and
+/// another program's window that is left raise nothing.
+void OnGotFocus(QWidget* control, std::function<void()> handler);
+
+/// Holds back the GotFocus of one control while it lives. A grid that is clicked takes the focus first and
+/// tells of its new cell before its own GotFocus.
+class HeldGotFocus {
+  public:
+    explicit HeldGotFocus(QWidget* control);
+    HeldGotFocus(const HeldGotFocus&) = delete;
+    HeldGotFocus& operator=(const HeldGotFocus&) = delete;
+    ~HeldGotFocus();
+
+    /// Ends the hold and raises the GotFocus that came meanwhile, unless the focus has moved on.
+    void Release();
+
+  private:
+    bool mReleased = false;
+};
+
+/// The focus was given back to the control by the program itself, after a modal window; the window system may
+/// tell of it later, when the handler that waited has long gone on.
+void FocusReturned(QWidget* control);
+
+/// The control that has the focus, or the one that it is coming back to while the window system has yet to
+/// tell of it. Null for none.
+QWidget* FocusOwner();
+
+/// Forgets which control had the focus last. For tests, which run one after another in one process.
+void ResetFocusTracking();

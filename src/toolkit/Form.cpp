@@ -1,0 +1,177 @@
+#include "toolkit/Form.h"
+
+#include "toolkit/Screens.h"
+#include "toolkit/ShowModal.h"
+#include "toolkit/Twips.h"
+#include "toolkit/Workspace.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QWindow>
+
+namespace {
+
+QPointer<Form> activeForm;
+
+constexpr Qt::WindowFlags kInsideFlags = Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                         Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
+constexpr Qt::WindowFlags kModalFlags = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+
+void CenterOver(QWidget& form, const QWidget* owner) {
+    if (!owner)
+        return;
+    const QRect frame = owner->frameGeometry();
+    form.move(frame.center() - QPoint(form.width() / 2, form.height() / 2));
+}
+
+} // namespace
+
+Form::Form(QWidget* parent)
+    : QWidget(parent) {
+    connect(qApp, &QGuiApplication::focusWindowChanged, this, &Form::WindowCameToFront);
+}
+
+Form::~Form() {
+    // The main window takes its screens along when it is destroyed.
+    Screens::Forget(this);
+}
+
+Form* Form::Active() {
+    return activeForm;
+}
+
+void Form::Load() {
+    if (mLoaded)
+        return;
+    mLoaded = true;
+    Form_Load();
+}
+
+void Form::Show() {
+    Load();
+    Workspace* workspace = Workspace::Current();
+    if (workspace && !mSubWindow && !mModalLoop && !mStandAlone)
+        PutInside(*workspace->Area());
+    show();
+    if (mSubWindow) {
+        mSubWindow->show();
+        workspace->Area()->setActiveSubWindow(mSubWindow);
+    } else {
+        raise();
+        activateWindow();
+    }
+    Activate();
+}
+
+void Form::PutInside(QMdiArea& area) {
+    adjustSize();
+    mSubWindow = area.addSubWindow(this, kInsideFlags);
+    mSubWindow->setAttribute(Qt::WA_DeleteOnClose, false);
+    connect(&area, &QMdiArea::subWindowActivated, this, [this](const QMdiSubWindow* sub) {
+        if (sub && sub == mSubWindow)
+            Activate();
+    });
+    if (mPlaced)
+        mSubWindow->move(mPlace);
+}
+
+void Form::ShowModal() {
+    Load();
+    const QPointer<Form> before = activeForm;
+    {
+        const FocusKeeper keeper;
+        const QWidget* owner = QApplication::activeWindow();
+        setWindowFlags(kModalFlags);
+        setWindowModality(Qt::ApplicationModal);
+        adjustSize();
+        winId();
+        if (owner)
+            windowHandle()->setTransientParent(owner->window()->windowHandle());
+        CenterOver(*this, owner);
+        QEventLoop loop;
+        mModalLoop = &loop;
+        show();
+        activateWindow();
+        Activate();
+        if (!mUnloading)
+            loop.exec();
+        mModalLoop = nullptr;
+        if (before)
+            before->Activate();
+    }
+    deleteLater();
+}
+
+bool Form::Unload() {
+    if (mUnloading)
+        return true;
+    if (!Form_QueryUnload())
+        return false;
+    mUnloading = true;
+    Form_Unload();
+    Leave();
+    return true;
+}
+
+void Form::Leave() {
+    Screens::Forget(this);
+    if (activeForm == this)
+        activeForm = nullptr;
+    hide();
+    if (mModalLoop) {
+        // ShowModal deletes the screen when its loop has come back.
+        mModalLoop->quit();
+        return;
+    }
+    if (mSubWindow) {
+        mSubWindow->hide();
+        mSubWindow->setWidget(nullptr);
+        setParent(nullptr);
+        if (Workspace* workspace = Workspace::Current())
+            workspace->Area()->removeSubWindow(mSubWindow);
+        mSubWindow->deleteLater();
+    }
+    deleteLater();
+}
+
+void Form::MoveTo(int leftTwips, int topTwips) {
+    mPlace = QPoint(TwipsToPixels(leftTwips), TwipsToPixels(topTwips));
+    mPlaced = true;
+    if (mSubWindow)
+        mSubWindow->move(mPlace);
+}
+
+void Form::Activate() {
+    if (activeForm == this || mUnloading)
+        return;
+    activeForm = this;
+    Form_Activate();
+}
+
+void Form::WindowCameToFront(const QWindow* front) {
+    // The area tells of its own screens; a window that stands beside it is left without its telling.
+    const QWidget* modal = QApplication::activeModalWidget();
+    const bool isMine = front && front == window()->windowHandle() && (!modal || modal == window());
+    if (isMine && isVisible() && (!mSubWindow || mSubWindow->mdiArea()->currentSubWindow() == mSubWindow))
+        Activate();
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+    // Unload hides and forgets the screen; the window system has nothing left to close.
+    event->ignore();
+    Unload();
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    auto* button = qobject_cast<QPushButton*>(focusWidget());
+    if (enter && button && button->hasFocus())
+        button->click();
+    else
+        QWidget::keyPressEvent(event);
+}

@@ -1,0 +1,141 @@
+#include "toolkit/Keys.h"
+
+#include "text/UCase.h"
+
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QObject>
+#include <QWidget>
+
+#include <vector>
+
+namespace {
+
+/// The character code of a key, 0 for a key that gives no character.
+int CharacterOf(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Delete:
+        return 0;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return Key::kEnter;
+    case Qt::Key_Escape:
+        return Key::kEscape;
+    default:
+        return event.text().isEmpty() ? 0 : event.text().at(0).unicode();
+    }
+}
+
+int KeyCodeOf(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Up:
+        return Key::kUp;
+    case Qt::Key_Down:
+        return Key::kDown;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return Key::kEnter;
+    default:
+        return 0;
+    }
+}
+
+/// The handlers of one control, and the place where its keys pass.
+class KeyFilter : public QObject {
+  public:
+    static KeyFilter& Of(QWidget* control) {
+        for (QObject* child : control->children()) {
+            if (auto* filter = dynamic_cast<KeyFilter*>(child))
+                return *filter;
+        }
+        return *new KeyFilter(control);
+    }
+
+    void Add(KeyPressHandler handler) { mPressHandlers.push_back(std::move(handler)); }
+    void Add(KeyDownHandler handler) { mDownHandlers.push_back(std::move(handler)); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched != mControl || mResending)
+            return false;
+        if (event->type() == QEvent::KeyPress)
+            return KeyGoesDown(static_cast<QKeyEvent&>(*event));
+        if (event->type() == QEvent::InputMethod)
+            return TextComposed(static_cast<QInputMethodEvent&>(*event));
+        return false;
+    }
+
+  private:
+    explicit KeyFilter(QWidget* control)
+        : QObject(control)
+        , mControl(control) {
+        control->installEventFilter(this);
+    }
+
+    bool KeyGoesDown(QKeyEvent& event) {
+        // Tab belongs to the screen, which moves the focus; no control hears of it.
+        if (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab)
+            return false;
+        for (const KeyDownHandler& handler : mDownHandlers) {
+            if (handler(KeyCodeOf(event)))
+                return true;
+        }
+        const int before = CharacterOf(event);
+        const int after = before == 0 ? 0 : Pressed(before);
+        if (after == before)
+            return false;
+        if (after != 0) {
+            QKeyEvent changed(event.type(), event.key(), event.modifiers(), QString(QChar(after)),
+                              event.isAutoRepeat());
+            Resend(changed);
+        }
+        return true;
+    }
+
+    /// An accented letter may arrive composed, as a text to commit instead of a key.
+    bool TextComposed(QInputMethodEvent& event) {
+        const QString before = event.commitString();
+        QString after;
+        for (const QChar c : before) {
+            if (const int key = Pressed(c.unicode()); key != 0)
+                after += QChar(key);
+        }
+        if (after == before)
+            return false;
+        QInputMethodEvent changed(event.preeditString(), event.attributes());
+        changed.setCommitString(after, event.replacementStart(), event.replacementLength());
+        Resend(changed);
+        return true;
+    }
+
+    int Pressed(int key) const {
+        for (const KeyPressHandler& handler : mPressHandlers)
+            handler(key);
+        return key;
+    }
+
+    void Resend(QEvent& event) {
+        mResending = true;
+        QApplication::sendEvent(mControl, &event);
+        mResending = false;
+    }
+
+    QWidget* mControl;
+    std::vector<KeyPressHandler> mPressHandlers;
+    std::vector<KeyDownHandler> mDownHandlers;
+    bool mResending = false;
+};
+
+} // namespace
+
+void OnKeyPress(QWidget* control, KeyPressHandler handler) {
+    KeyFilter::Of(control).Add(std::move(handler));
+}
+
+void OnKeyDown(QWidget* control, KeyDownHandler handler) {
+    KeyFilter::Of(control).Add(std::move(handler));
+}
+
+void UpperCaseKeys(QWidget* control) {
+    OnKeyPress(control, [](int& key) { key = UCase(QChar(key)).unicode(); });
+}

@@ -1,0 +1,198 @@
+#include "toolkit/ListView.h"
+
+#include "gateway/RunTimeError.h"
+#include "text/Format.h"
+#include "text/TextOrder.h"
+#include "toolkit/Twips.h"
+
+#include <QHeaderView>
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace {
+
+constexpr int kRowPadding = 6;
+
+bool IsNumber(const Value& value) {
+    return std::holds_alternative<qint64>(value.Get()) || std::holds_alternative<double>(value.Get()) ||
+           std::holds_alternative<Decimal>(value.Get());
+}
+
+/// Whether one cell stands before another in ascending order; Null stands before everything.
+bool Before(const Value& a, const Value& b) {
+    const auto* textA = std::get_if<QString>(&a.Get());
+    const auto* textB = std::get_if<QString>(&b.Get());
+    if (textA && textB)
+        return CompareText(*textA, *textB) < 0;
+    const auto* dateA = std::get_if<DateTime>(&a.Get());
+    const auto* dateB = std::get_if<DateTime>(&b.Get());
+    if (dateA && dateB)
+        return *dateA < *dateB;
+    if (a.IsNull() || b.IsNull())
+        return a.IsNull() && !b.IsNull();
+    if (IsNumber(a) && IsNumber(b))
+        return a.ToDouble() < b.ToDouble();
+    return CompareText(a.ToText(), b.ToText()) < 0;
+}
+
+} // namespace
+
+void ListRows::SetHeaders(std::vector<QString> headers) {
+    beginResetModel();
+    mHeaders = std::move(headers);
+    endResetModel();
+}
+
+void ListRows::SetRows(std::shared_ptr<const RowData> rows, std::vector<size_t> columns) {
+    beginResetModel();
+    mRows = std::move(rows);
+    mColumns = std::move(columns);
+    mOrder.resize(mRows->RowCount());
+    std::iota(mOrder.begin(), mOrder.end(), 0);
+    endResetModel();
+}
+
+void ListRows::ClearRows() {
+    beginResetModel();
+    mRows.reset();
+    mOrder.clear();
+    endResetModel();
+}
+
+void ListRows::Sort(size_t column, Qt::SortOrder order) {
+    if (!mRows || column >= mColumns.size())
+        return;
+    Q_EMIT layoutAboutToBeChanged();
+    const std::vector<quint32> before = mOrder;
+    std::iota(mOrder.begin(), mOrder.end(), 0);
+    std::stable_sort(mOrder.begin(), mOrder.end(), [&](quint32 a, quint32 b) {
+        return order == Qt::AscendingOrder ? Before(ValueAt(a, column), ValueAt(b, column))
+                                           : Before(ValueAt(b, column), ValueAt(a, column));
+    });
+    KeepPersistentIndexes(before);
+    Q_EMIT layoutChanged();
+}
+
+void ListRows::KeepPersistentIndexes(const std::vector<quint32>& before) {
+    std::vector<int> rowOf(mOrder.size());
+    for (size_t row = 0; row < mOrder.size(); ++row)
+        rowOf[mOrder[row]] = int(row);
+    for (const QModelIndex& from : persistentIndexList())
+        changePersistentIndex(from, index(rowOf[before[size_t(from.row())]], from.column()));
+}
+
+QString ListRows::Text(int row, int column) const {
+    return ValueAt(mOrder[size_t(row)], size_t(column)).TextOrEmpty();
+}
+
+int ListRows::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : int(mOrder.size());
+}
+
+int ListRows::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : int(mHeaders.size());
+}
+
+QVariant ListRows::data(const QModelIndex& index, int role) const {
+    if (size_t(index.column()) >= mColumns.size())
+        return {};
+    const Value& value = ValueAt(mOrder[size_t(index.row())], size_t(index.column()));
+    const bool isAmount = std::holds_alternative<Decimal>(value.Get());
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+        return isAmount ? Format(value.ToDouble(), u"#,##0.00") : value.TextOrEmpty();
+    if (role == Qt::TextAlignmentRole && isAmount)
+        return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+    if (role == Qt::DecorationRole && index.column() == 0)
+        return mIcon;
+    return {};
+}
+
+QVariant ListRows::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation == Qt::Horizontal && role == Qt::DisplayRole)
+        return mHeaders[size_t(section)];
+    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(Qt::AlignLeft | Qt::AlignVCenter);
+    return {};
+}
+
+ListView::ListView(QWidget* parent)
+    : QTableView(parent)
+    , mModel(new ListRows(this)) {
+    setModel(mModel);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTabKeyNavigation(false);
+    setShowGrid(false);
+    setAlternatingRowColors(true);
+    setWordWrap(false);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+    horizontalHeader()->setSectionsClickable(true);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setFocusPolicy(Qt::NoFocus);
+    connect(horizontalHeader(), &QHeaderView::sectionClicked, this,
+            [this](int section) { Q_EMIT ColumnClick(section + 1); });
+    RowsChanged();
+}
+
+void ListView::ClearColumns() {
+    mHeaders.clear();
+    mModel->SetHeaders(mHeaders);
+}
+
+void ListView::AddColumn(const QString& header, int widthTwips) {
+    mHeaders.push_back(header);
+    mModel->SetHeaders(mHeaders);
+    setColumnWidth(int(mHeaders.size()) - 1, TwipsToPixels(widthTwips));
+}
+
+void ListView::SetRows(std::shared_ptr<const RowData> rows, std::vector<size_t> columns) {
+    mModel->SetRows(std::move(rows), std::move(columns));
+    if (mSortKey >= 0)
+        mModel->Sort(size_t(mSortKey), mSortOrder);
+    RowsChanged();
+}
+
+void ListView::ClearRows() {
+    mModel->ClearRows();
+    RowsChanged();
+}
+
+void ListView::RowsChanged() {
+    const bool empty = mModel->rowCount() == 0;
+    // Tab passes over an empty list: there is nothing to pick in it.
+    setFocusPolicy(empty ? Qt::ClickFocus : Qt::StrongFocus);
+    if (!empty)
+        setCurrentIndex(mModel->index(0, 0));
+}
+
+QString ListView::SelectedSubItem(int column) const {
+    const QModelIndex current = currentIndex();
+    if (!current.isValid())
+        throw RunTime::Error(RunTime::kObjectNotSet);
+    return mModel->Text(current.row(), column);
+}
+
+void ListView::SetSortKey(int column) {
+    mSortKey = column;
+    mModel->Sort(size_t(column), mSortOrder);
+    horizontalHeader()->setSortIndicatorShown(true);
+    horizontalHeader()->setSortIndicator(column, mSortOrder);
+    scrollTo(currentIndex());
+}
+
+void ListView::mouseReleaseEvent(QMouseEvent* event) {
+    QTableView::mouseReleaseEvent(event);
+    if (!std::exchange(mDoubleClicked, false))
+        Q_EMIT Click();
+}
+
+void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
+    mDoubleClicked = true;
+    QTableView::mouseDoubleClickEvent(event);
+    Q_EMIT DblClick();
+}

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "gateway/RowSet.h"
+
+#include <QAbstractTableModel>
+#include <QIcon>
+#include <QTableView>
+
+#include <memory>
+#include <vector>
+
+/// The rows of a ListView: a result's rows, some of its columns, in a sort order of its own. Nothing is
+/// copied; texts are made when they are shown. Decimals show as amounts, aligned on the right.
+class ListRows : public QAbstractTableModel {
+    Q_OBJECT
+
+  public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void SetHeaders(std::vector<QString> headers);
+    /// The rows in the result's order; `columns` says which of its columns stands under each header.
+    void SetRows(std::shared_ptr<const RowData> rows, std::vector<size_t> columns);
+    void ClearRows();
+    /// Sorts by one column, keeping rows that are equal in their order. Dates go by time, numbers by size,
+    /// all else by text.
+    void Sort(size_t column, Qt::SortOrder order);
+    void SetRowIcon(const QIcon& icon) { mIcon = icon; }
+
+    QString Text(int row, int column) const;
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+  private:
+    /// The selected row stays the same record when the order changes.
+    void KeepPersistentIndexes(const std::vector<quint32>& before);
+    const Value& ValueAt(size_t row, size_t column) const { return mRows->Cell(row, mColumns[column]); }
+
+    std::vector<QString> mHeaders;
+    std::shared_ptr<const RowData> mRows;
+    std::vector<size_t> mColumns;
+    std::vector<quint32> mOrder;
+    QIcon mIcon;
+};
+
+/// The list control in its report view: columns with headers that can be clicked, one selected row, an icon
+/// per row. The first row is selected when rows arrive.
+class ListView : public QTableView {
+    Q_OBJECT
+
+  public:
+    explicit ListView(QWidget* parent = nullptr);
+
+    void ClearColumns();
+    void AddColumn(const QString& header, int widthTwips);
+    void SetRowIcon(const QIcon& icon) { mModel->SetRowIcon(icon); }
+
+    /// Shows the rows in place of any others, in the result's order unless a sort was set before.
+    void SetRows(std::shared_ptr<const RowData> rows, std::vector<size_t> columns);
+    void ClearRows();
+    int RowCount() const { return mModel->rowCount(); }
+
+    /// The selected row's first cell. Raises 91 when no row is selected, as in an empty list.
+    QString SelectedText() const { return SelectedSubItem(0); }
+    /// The selected row's cell in a column counted from 0, the row's text being 0. Raises 91 likewise.
+    QString SelectedSubItem(int column) const;
+
+    Qt::SortOrder SortOrder() const { return mSortOrder; }
+    /// Takes effect with the next SetSortKey.
+    void SetSortOrder(Qt::SortOrder order) { mSortOrder = order; }
+    /// Sorts by the column, counted from 0, in the sort order.
+    void SetSortKey(int column);
+
+    void keyboardSearch(const QString&) override {}
+
+  Q_SIGNALS:
+    /// A click on the header of the column with that number, counted from 1.
+    void ColumnClick(int column);
+    void Click();
+    void DblClick();
+
+  protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
+  private:
+    void RowsChanged();
+
+    ListRows* mModel;
+    std::vector<QString> mHeaders;
+    Qt::SortOrder mSortOrder = Qt::AscendingOrder;
+    int mSortKey = -1;
+    /// The button that comes up belongs to a double click, which was a click before.
+    bool mDoubleClicked = false;
+};

@@ -1,0 +1,93 @@
+#include "toolkit/Look.h"
+
+#include <QApplication>
+#include <QFont>
+#include <QGridLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPalette>
+#include <QStyleFactory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPointSize = 9;
+constexpr QColor kAccent(0x1f, 0x5f, 0x8b);
+constexpr QColor kWindow(0xf3, 0xf5, 0xf7);
+constexpr QColor kText(0x1c, 0x23, 0x2b);
+constexpr QColor kDisabledText(0x5c, 0x66, 0x70);
+constexpr QColor kAlternate(0xf0, 0xf5, 0xf9);
+
+QPalette ProgramPalette() {
+    QPalette palette(kWindow);
+    palette.setColor(QPalette::WindowText, kText);
+    palette.setColor(QPalette::Text, kText);
+    palette.setColor(QPalette::ButtonText, kText);
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, kAlternate);
+    palette.setColor(QPalette::Highlight, kAccent);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, kDisabledText);
+    // What is disabled must still be read: a filled header is disabled more often than not.
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, kDisabledText);
+    return palette;
+}
+
+constexpr auto kStyleSheet = R"(
+QGroupBox { font-weight: bold; border: 1px solid #c3ccd5; border-radius: 4px; margin-top: 9px; padding-top: 4px; }
+QGroupBox::title { subcontrol-origin: margin; left: 9px; padding: 0 3px; }
+QLabel[heading="true"] { font-size: 14pt; font-weight: bold; color: #1f5f8b; }
+QLineEdit:read-only, QLineEdit:disabled { background: #eef1f4; }
+QLineEdit[floating="true"] { background: #fff6cf; border: 2px solid #1f5f8b; border-radius: 0; padding: 0 2px; }
+QStatusBar QLabel { padding: 1px 6px; }
+QStatusBar::item { border: none; }
+)";
+
+} // namespace
+
+void ApplyLook(QApplication& application) {
+    // The icons lie in a static library, whose resources nobody else would take up.
+    Q_INIT_RESOURCE(icons);
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setPalette(ProgramPalette());
+    QFont font(QStringList{u"Liberation Sans"_s, u"DejaVu Sans"_s}, kPointSize);
+    QApplication::setFont(font);
+    application.setStyleSheet(QString::fromLatin1(kStyleSheet));
+}
+
+QIcon ProgramIcon(const QString& name) {
+    return QIcon(u":/icons/"_s + name + u".svg"_s);
+}
+
+QLabel* AddLabelled(QGridLayout& grid, int row, int column, const QString& label, QWidget* input) {
+    auto* text = new QLabel(label, input->parentWidget());
+    text->setBuddy(input);
+    text->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    QString spoken = label;
+    input->setAccessibleName(spoken.remove(u'&'));
+    grid.addWidget(text, row, column);
+    grid.addWidget(input, row, column + 1);
+    return text;
+}
+
+QLabel* NewHeading(const QString& text, QWidget* parent) {
+    auto* heading = new QLabel(text, parent);
+    heading->setProperty("heading", true);
+    return heading;
+}
+
+QLineEdit* NewTextBox(const QString& name, QWidget* parent) {
+    auto* box = new QLineEdit(parent);
+    box->setObjectName(name);
+    return box;
+}
+
+QLineEdit* NewShownBox(const QString& name, QWidget* parent) {
+    QLineEdit* box = NewTextBox(name, parent);
+    box->setReadOnly(true);
+    box->setFocusPolicy(Qt::NoFocus);
+    return box;
+}

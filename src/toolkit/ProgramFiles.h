@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QString>
+
+/// The directory of the program file, without a slash at its end. tarvenaux.ini and Reports/ stand in it.
+QString ProgramDirectory();
+
+/// Lets a test keep its files elsewhere; empty brings the program's own directory back.
+void SetProgramDirectory(const QString& directory);
+
+/// The file that a path of the system names. The system's paths are written with either slash and in any
+/// letter case: both slashes part folders, and where no file bears the name to the letter, one that differs
+/// in letter case alone is found. A file that does not exist keeps the name that was asked for.
+QString ResolveFile(const QString& path);

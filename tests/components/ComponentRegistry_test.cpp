@@ -1,0 +1,79 @@
+#include "components/clsDiagnosisCodes.h"
+#include "components/ComponentRegistry.h"
+#include "support/PrintQt.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kClass = u"TestLib.clsTest"_s;
+
+class Plain : public Component {};
+
+class Codes : public clsDiagnosisCodes {
+  public:
+    void SetActiveConnection(CommandGateway*) override {}
+};
+
+class ComponentRegistry : public testing::Test {
+  protected:
+    ~ComponentRegistry() override { RegisterComponent(kClass, {}); }
+
+    template <class Contract = Component> static int ErrorOfCreating() {
+        try {
+            CreateObject<Contract>(kClass);
+        } catch (const RunTimeError& error) {
+            return error.Number();
+        }
+        return 0;
+    }
+};
+
+TEST_F(ComponentRegistry, AClassThatIsNotRegisteredRaises429) {
+    EXPECT_EQ(ErrorOfCreating(), 429);
+    try {
+        CreateComponent(kClass);
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Description(), u"ActiveX component can't create object"_s);
+    }
+}
+
+TEST_F(ComponentRegistry, EachCreationMakesANewComponent) {
+    RegisterComponent(kClass, [] { return std::make_shared<Plain>(); });
+    const Ref<Component> first = CreateObject<Component>(kClass);
+    const Ref<Component> second = CreateObject<Component>(kClass);
+    EXPECT_NE(first.Shared(), second.Shared());
+}
+
+TEST_F(ComponentRegistry, AComponentIsHandedOutByTheContractThatItKeeps) {
+    RegisterComponent(kClass, [] { return std::make_shared<Codes>(); });
+    EXPECT_TRUE(CreateObject<clsDiagnosisCodes>(kClass).IsSet());
+    EXPECT_TRUE(CreateObject<Component>(kClass).IsSet());
+}
+
+TEST_F(ComponentRegistry, AComponentThatDoesNotKeepTheContractRaises13) {
+    RegisterComponent(kClass, [] { return std::make_shared<Plain>(); });
+    EXPECT_EQ(ErrorOfCreating<clsDiagnosisCodes>(), 13);
+}
+
+TEST_F(ComponentRegistry, WhatTheFactoryThrowsIsTheFailure) {
+    RegisterComponent(kClass,
+                      []() -> std::shared_ptr<Component> { throw RunTimeError(7, u"Out of memory"_s); });
+    EXPECT_EQ(ErrorOfCreating(), 7);
+}
+
+TEST_F(ComponentRegistry, ALaterRegistrationReplacesTheEarlierOne) {
+    RegisterComponent(kClass, [] { return std::make_shared<Plain>(); });
+    RegisterComponent(kClass, [] { return std::make_shared<Codes>(); });
+    EXPECT_EQ(ErrorOfCreating<clsDiagnosisCodes>(), 0);
+}
+
+TEST_F(ComponentRegistry, AnEmptyFactoryStrikesTheNameOut) {
+    RegisterComponent(kClass, [] { return std::make_shared<Plain>(); });
+    RegisterComponent(kClass, {});
+    EXPECT_EQ(ErrorOfCreating(), 429);
+}
+
+} // namespace

@@ -1,0 +1,101 @@
+#include "support/ScreenTest.h"
+
+#include "shell/shared.h"
+#include "text/Clock.h"
+#include "toolkit/Failure.h"
+#include "toolkit/Focus.h"
+#include "toolkit/MousePointer.h"
+#include "toolkit/ProgramFiles.h"
+#include "toolkit/Screens.h"
+
+#include <QApplication>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+ScreenTest::ScreenTest() {
+    ResetShared();
+    ResetFocusTracking();
+    SetClock([] { return DateTime::FromFields({2026, 11, 21, 10, 30, 15, 0}).value(); });
+    SetProgramDirectory(programDirectory.path());
+    Failure::SetHandler([this](const std::exception_ptr& raised) { failure = raised; });
+    user->connection = &gateway;
+    gCurrentUser = user;
+    gConnection = &gateway;
+    gListing = listing;
+    gStockItem = stockItem;
+    gStockList = stockList;
+    gStockListBasic = stockListBasic;
+    gPersonFinder = personFinder;
+}
+
+ScreenTest::~ScreenTest() {
+    if (failure)
+        ADD_FAILURE() << Failure::TextOf(failure).toStdString();
+    Screens::Clear();
+    SetMousePointer(MousePointer::Default);
+    Failure::SetHandler({});
+    SetProgramDirectory({});
+    SetClock({});
+    ResetShared();
+}
+
+int ScreenTest::TakeFailure() {
+    if (!failure)
+        return 0;
+    try {
+        std::rethrow_exception(std::exchange(failure, nullptr));
+    } catch (const RunTimeError& error) {
+        return error.Number();
+    }
+}
+
+namespace {
+
+void CheckUsable(const QWidget& control) {
+    EXPECT_TRUE(control.isEnabled()) << control.objectName().toStdString() << " is disabled";
+    EXPECT_TRUE(control.isVisible()) << control.objectName().toStdString() << " is not shown";
+    const QWidget* modal = QApplication::activeModalWidget();
+    EXPECT_TRUE(!modal || modal == control.window())
+        << control.objectName().toStdString() << " is behind a modal window";
+}
+
+} // namespace
+
+void Type(QWidget& control, const QString& text) {
+    CheckUsable(control);
+    // Letter by letter through the event dispatch, as QTest does, but with letters that it does not know.
+    for (const QChar c : text) {
+        QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+        QApplication::sendEvent(&control, &press);
+    }
+}
+
+void Press(QWidget& control, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    CheckUsable(control);
+    QTest::keyClick(&control, key, modifiers);
+}
+
+void Click(QWidget& control) {
+    CheckUsable(control);
+    QTest::mouseClick(&control, Qt::LeftButton);
+}
+
+void DoubleClick(QWidget& control, QPoint place) {
+    CheckUsable(control);
+    QTest::mouseClick(&control, Qt::LeftButton, {}, place);
+    QTest::mouseDClick(&control, Qt::LeftButton, {}, place);
+    QTest::mouseRelease(&control, Qt::LeftButton, {}, place);
+}
+
+void RunEvents() {
+    for (int i = 0; i < 3; ++i)
+        QCoreApplication::processEvents();
+}
+
+void Activate(QWidget& window) {
+    window.show();
+    window.activateWindow();
+    if (!QTest::qWaitForWindowActive(&window))
+        ADD_FAILURE() << window.objectName().toStdString() << " did not become active";
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "toolkit/MsgBox.h"
+
+#include <deque>
+#include <vector>
+
+/// Takes the place of the message boxes while it lives: keeps a transcript, answers from a queue, and fails
+/// the test on a box that nobody expected.
+class ScriptedMessages : public MessageSeam {
+  public:
+    ScriptedMessages();
+    ~ScriptedMessages() override;
+
+    /// The next box may come, and is answered so.
+    void Expect(const Message& message, MsgAnswer answer = MsgAnswer::Ok);
+
+    const std::vector<Message>& Shown() const { return mShown; }
+
+    MsgAnswer Show(const Message& message) override;
+
+  private:
+    struct Step {
+        Message message;
+        MsgAnswer answer;
+    };
+
+    MessageSeam* mBefore;
+    std::deque<Step> mSteps;
+    std::vector<Message> mShown;
+};

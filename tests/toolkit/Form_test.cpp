@@ -1,0 +1,454 @@
+#include "toolkit/Focus.h"
+#include "toolkit/Form.h"
+#include "toolkit/FormTest.h"
+#include "toolkit/ShowModal.h"
+#include "toolkit/Twips.h"
+
+#include <QDialog>
+#include <QMdiSubWindow>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class FormLife : public FormTest {
+  protected:
+    /// Runs the action when the event loop comes round next, inside the modal screen that the test opens
+    /// then.
+    static void Inside(std::function<void()> action) { QTimer::singleShot(0, qApp, std::move(action)); }
+
+    QMdiSubWindow* SubWindowOf(const QWidget& form) {
+        return qobject_cast<QMdiSubWindow*>(form.parentWidget());
+    }
+};
+
+TEST_F(FormLife, ShowPutsTheScreenInsideTheMainWindow) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.Show();
+    EXPECT_TRUE(screen.isVisible());
+    ASSERT_NE(SubWindowOf(screen), nullptr);
+    EXPECT_EQ(workspace.Area()->subWindowList().size(), 1);
+    EXPECT_FALSE(screen.IsModal());
+    EXPECT_TRUE(screen.box->hasFocus());
+}
+
+TEST_F(FormLife, ASecondShowBringsNoSecondCopyAndActivatesNothing) {
+    Screens::Get<FormA>().Show();
+    Screens::Get<FormA>().Show();
+    RunEvents();
+    EXPECT_EQ(workspace.Area()->subWindowList().size(), 1);
+    EXPECT_EQ(TakeEvents(), (QStringList{u"A load"_s, u"A activate"_s}));
+}
+
+TEST_F(FormLife, ShowLoadsAScreenThatNobodyHasLoaded) {
+    FormA screen;
+    screen.Show();
+    screen.Load();
+    EXPECT_EQ(TakeEvents(), (QStringList{u"A load"_s, u"A activate"_s}));
+    screen.hide();
+}
+
+TEST_F(FormLife, ShowBringsAnOpenScreenToTheFront) {
+    FormA& first = Screens::Get<FormA>();
+    first.Show();
+    Screens::Get<FormB>().Show();
+    EXPECT_EQ(workspace.Area()->activeSubWindow(), SubWindowOf(Screens::Get<FormB>()));
+    first.Show();
+    EXPECT_EQ(workspace.Area()->activeSubWindow(), SubWindowOf(first));
+}
+
+TEST_F(FormLife, AScreenThatStandsAloneShowsBesideTheMainWindow) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.StandAlone();
+    screen.Show();
+    EXPECT_TRUE(screen.isWindow());
+    EXPECT_TRUE(screen.isVisible());
+    EXPECT_TRUE(workspace.Area()->subWindowList().isEmpty());
+}
+
+TEST_F(FormLife, WithoutAMainWindowTheScreenIsAWindowOfItsOwn) {
+    Workspace::SetCurrent(nullptr);
+    FormA& screen = Screens::Get<FormA>();
+    screen.Show();
+    EXPECT_TRUE(screen.isWindow());
+    EXPECT_TRUE(screen.isVisible());
+    EXPECT_TRUE(screen.Unload());
+    EXPECT_FALSE(screen.isVisible());
+}
+
+TEST_F(FormLife, MoveToPlacesTheScreenInTwipsBeforeItShowsOrAfter) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.MoveTo(3500, 1000);
+    screen.Show();
+    EXPECT_EQ(SubWindowOf(screen)->pos(), QPoint(TwipsToPixels(3500), TwipsToPixels(1000)));
+    screen.MoveTo(0, 0);
+    EXPECT_EQ(SubWindowOf(screen)->pos(), QPoint(0, 0));
+}
+
+TEST_F(FormLife, UnloadAsksThenTellsThenHidesAndDeletesLater) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.Show();
+    TakeEvents();
+    FormA::onUnload = [](FormA& form) { EXPECT_TRUE(form.isVisible()); };
+    EXPECT_TRUE(screen.Unload());
+    EXPECT_EQ(TakeEvents(), (QStringList{u"A query"_s, u"A unload"_s}));
+    EXPECT_FALSE(screen.isVisible());
+    EXPECT_FALSE(Screens::IsLoaded<FormA>());
+    EXPECT_TRUE(workspace.Area()->subWindowList().isEmpty());
+    DeleteUnloaded();
+    EXPECT_EQ(TakeEvents(), QStringList{u"A gone"_s});
+}
+
+TEST_F(FormLife, AScreenMayUnloadItselfInsideItsOwnHandler) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.Show();
+    bool wentOn = false;
+    screen.onButton = [&screen, &wentOn] {
+        screen.Unload();
+        // The handler goes on with a screen that is still there.
+        screen.box->setText(u"after"_s);
+        wentOn = screen.box->text() == u"after"_s && !screen.isVisible();
+    };
+    TakeEvents();
+    Click(*screen.button);
+    EXPECT_TRUE(wentOn);
+    DeleteUnloaded();
+    EXPECT_EQ(TakeEvents(), (QStringList{u"A query"_s, u"A unload"_s, u"A gone"_s}));
+}
+
+TEST_F(FormLife, ASecondUnloadDoesNothing) {
+    FormA& screen = Screens::Get<FormA>();
+    FormA::onUnload = [](FormA& form) { EXPECT_TRUE(form.Unload()); };
+    TakeEvents();
+    EXPECT_TRUE(screen.Unload());
+    EXPECT_TRUE(screen.Unload());
+    EXPECT_EQ(TakeEvents(), (QStringList{u"A query"_s, u"A unload"_s}));
+}
+
+TEST_F(FormLife, TheCloseBoxUnloadsTheScreen) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.Show();
+    TakeEvents();
+    SubWindowOf(screen)->close();
+    EXPECT_EQ(TakeEvents(), (QStringList{u"A query"_s, u"A unload"_s}));
+    EXPECT_TRUE(workspace.Area()->subWindowList().isEmpty());
+}
+
+TEST_F(FormLife, ARefusalHoldsAgainstTheCloseBox) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.Show();
+    screen.refuses = true;
+    SubWindowOf(screen)->close();
+    EXPECT_TRUE(screen.isVisible());
+    EXPECT_TRUE(Screens::IsLoaded<FormA>());
+    EXPECT_EQ(workspace.Area()->subWindowList().size(), 1);
+}
+
+TEST_F(FormLife, EnterPressesTheButtonThatHasTheFocusAndNothingElse) {
+    FormA& screen = Screens::Get<FormA>();
+    int clicks = 0;
+    screen.onButton = [&clicks] { ++clicks; };
+    screen.Show();
+    Press(*screen.box, Qt::Key_Return);
+    EXPECT_EQ(clicks, 0);
+    screen.button->setFocus();
+    Press(*screen.button, Qt::Key_Return);
+    Press(*screen.button, Qt::Key_Enter);
+    EXPECT_EQ(clicks, 2);
+    screen.check->setFocus();
+    Press(*screen.check, Qt::Key_Return);
+    EXPECT_FALSE(screen.check->isChecked());
+    EXPECT_EQ(clicks, 2);
+}
+
+TEST_F(FormLife, EscapeClosesNothing) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.Show();
+    Press(*screen.box, Qt::Key_Escape);
+    EXPECT_TRUE(screen.isVisible());
+}
+
+// Modal screens.
+
+TEST_F(FormLife, ShowModalReturnsWhenTheScreenIsUnloaded) {
+    FormA& screen = Screens::Get<FormA>();
+    Inside([&screen] {
+        EXPECT_TRUE(screen.IsModal());
+        EXPECT_TRUE(screen.isVisible());
+        EXPECT_EQ(QApplication::activeModalWidget(), &screen);
+        formEvents.push_back(u"inside"_s);
+        screen.Unload();
+    });
+    screen.ShowModal();
+    formEvents.push_back(u"returned"_s);
+    EXPECT_EQ(TakeEvents(), (QStringList{u"A load"_s, u"A activate"_s, u"inside"_s, u"A query"_s,
+                                         u"A unload"_s, u"returned"_s}));
+    EXPECT_FALSE(Screens::IsLoaded<FormA>());
+    DeleteUnloaded();
+    EXPECT_EQ(TakeEvents(), QStringList{u"A gone"_s});
+}
+
+TEST_F(FormLife, AModalScreenIsNeverInsideTheMainWindow) {
+    FormA& screen = Screens::Get<FormA>();
+    Inside([this, &screen] {
+        EXPECT_TRUE(workspace.Area()->subWindowList().isEmpty());
+        EXPECT_TRUE(screen.isWindow());
+        EXPECT_EQ(screen.windowHandle()->transientParent(), workspace.windowHandle());
+        screen.Unload();
+    });
+    screen.ShowModal();
+}
+
+TEST_F(FormLife, TheCloseBoxOfAModalScreenEndsIt) {
+    FormA& screen = Screens::Get<FormA>();
+    Inside([&screen] { screen.close(); });
+    screen.ShowModal();
+    EXPECT_FALSE(Screens::IsLoaded<FormA>());
+}
+
+TEST_F(FormLife, AModalScreenThatRefusesStaysOpen) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.refuses = true;
+    Inside([&screen] {
+        screen.close();
+        EXPECT_TRUE(screen.isVisible());
+        screen.refuses = false;
+        screen.Unload();
+    });
+    screen.ShowModal();
+    EXPECT_EQ(formEvents.count(u"A query"_s), 2);
+}
+
+TEST_F(FormLife, TimersGoOnWhileAModalScreenIsOpen) {
+    FormA& screen = Screens::Get<FormA>();
+    QTimer timer;
+    int ticks = 0;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        if (++ticks == 3)
+            screen.Unload();
+    });
+    timer.start(0);
+    screen.ShowModal();
+    EXPECT_EQ(ticks, 3);
+}
+
+TEST_F(FormLife, AModalScreenMayUnloadItselfAsSoonAsItIsActivated) {
+    FormA::onActivate = [](FormA& form) { form.Unload(); };
+    Screens::Get<FormA>().ShowModal();
+    EXPECT_EQ(TakeEvents(), (QStringList{u"A load"_s, u"A activate"_s, u"A query"_s, u"A unload"_s}));
+}
+
+TEST_F(FormLife, ModalScreensNest) {
+    FormA& outer = Screens::Get<FormA>();
+    outer.onButton = [] {
+        Inside([] { Screens::Get<FormB>().Unload(); });
+        Screens::Get<FormB>().ShowModal();
+        formEvents.push_back(u"B returned"_s);
+        Screens::Get<FormA>().Unload();
+    };
+    Inside([&outer] { outer.button->click(); });
+    TakeEvents();
+    outer.ShowModal();
+    formEvents.push_back(u"A returned"_s);
+    EXPECT_EQ(TakeEvents(),
+              (QStringList{u"A activate"_s, u"B load"_s, u"B activate"_s, u"B query"_s, u"B unload"_s,
+                           u"A activate"_s, u"B returned"_s, u"A query"_s, u"A unload"_s, u"A returned"_s}));
+}
+
+TEST_F(FormLife, UnloadingTheOuterOfTwoModalScreensWaitsForTheInnerOne) {
+    FormA& outer = Screens::Get<FormA>();
+    Inside([&outer] {
+        Inside([&outer] {
+            outer.Unload();
+            Inside([] {
+                EXPECT_TRUE(Screens::Get<FormB>().isVisible());
+                Screens::Get<FormB>().Unload();
+            });
+        });
+        Screens::Get<FormB>().ShowModal();
+    });
+    outer.ShowModal();
+    EXPECT_FALSE(Screens::IsLoaded<FormA>());
+    EXPECT_FALSE(Screens::IsLoaded<FormB>());
+}
+
+TEST_F(FormLife, UnloadAllEndsModalScreensToo) {
+    Inside([] {
+        Inside([] { EXPECT_TRUE(Screens::UnloadAll()); });
+        Screens::Get<FormB>().ShowModal();
+    });
+    Screens::Get<FormA>().ShowModal();
+    EXPECT_FALSE(Screens::IsLoaded<FormA>());
+    EXPECT_FALSE(Screens::IsLoaded<FormB>());
+}
+
+TEST_F(FormLife, AMessageBoxBehindAModalScreenOutlivesIt) {
+    Inside([] {
+        FormA& modal = Screens::Get<FormA>();
+        EXPECT_TRUE(QTest::qWaitFor([&modal] { return modal.box->hasFocus(); }));
+        modal.Unload();
+    });
+    Screens::Get<FormA>().ShowModal();
+    SetMessageSeam(nullptr);
+    Inside([] {
+        auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(message, nullptr);
+        EXPECT_TRUE(QTest::qWaitFor([] { return formEvents.last() == u"A gone"_s; }));
+        ASSERT_EQ(QApplication::activeModalWidget(), message);
+        message->accept();
+    });
+    EXPECT_EQ(MsgBox({.text = u"Restart Program."_s}), MsgAnswer::Ok);
+    SetMessageSeam(&messages);
+}
+
+TEST_F(FormLife, AScreenThatIsDestroyedWithTheMainWindowIsForgotten) {
+    Screens::Get<FormA>().Show();
+    delete SubWindowOf(Screens::Get<FormA>());
+    EXPECT_FALSE(Screens::IsLoaded<FormA>());
+}
+
+TEST_F(FormLife, TheFocusComesBackFromAModalScreenBeforeItsCallerGoesOn) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.Show();
+    int gotFocus = 0;
+    OnGotFocus(screen.box, [&gotFocus] { ++gotFocus; });
+    screen.button->setFocus();
+    screen.box->setFocus();
+    Inside([] {
+        FormB& modal = Screens::Get<FormB>();
+        EXPECT_TRUE(QTest::qWaitFor([&modal] { return modal.box->hasFocus(); }));
+        modal.Unload();
+    });
+    ASSERT_EQ(gotFocus, 1);
+    Screens::Get<FormB>().ShowModal();
+    EXPECT_EQ(gotFocus, 2);
+    EXPECT_TRUE(QTest::qWaitFor([&screen] { return screen.box->hasFocus(); }));
+    EXPECT_EQ(gotFocus, 2);
+}
+
+// What activates a screen and what does not.
+
+TEST_F(FormLife, EachShowOfAnotherScreenActivatesIt) {
+    Screens::Get<FormA>().Show();
+    Screens::Get<FormB>().Show();
+    Screens::Get<FormA>().Show();
+    RunEvents();
+    EXPECT_EQ(TakeEvents(),
+              (QStringList{u"A load"_s, u"A activate"_s, u"B load"_s, u"B activate"_s, u"A activate"_s}));
+    EXPECT_EQ(Form::Active(), &Screens::Get<FormA>());
+}
+
+TEST_F(FormLife, AClickOnAnotherScreenActivatesIt) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.Show();
+    Screens::Get<FormB>().Show();
+    TakeEvents();
+    workspace.Area()->setActiveSubWindow(SubWindowOf(screen));
+    EXPECT_EQ(TakeEvents(), QStringList{u"A activate"_s});
+}
+
+TEST_F(FormLife, AScreenIsActivatedBeforeShowReturns) {
+    Screens::Get<FormA>().Show();
+    EXPECT_EQ(TakeEvents(), (QStringList{u"A load"_s, u"A activate"_s}));
+}
+
+TEST_F(FormLife, ClosingTheFrontScreenActivatesTheOneBehindIt) {
+    Screens::Get<FormA>().Show();
+    Screens::Get<FormB>().Show();
+    TakeEvents();
+    Screens::Unload<FormB>();
+    RunEvents();
+    EXPECT_EQ(TakeEvents(), (QStringList{u"B query"_s, u"B unload"_s, u"A activate"_s}));
+    EXPECT_EQ(Form::Active(), &Screens::Get<FormA>());
+}
+
+TEST_F(FormLife, TheReturnFromAModalScreenActivatesOnceBeforeItsCallerGoesOn) {
+    Screens::Get<FormA>().Show();
+    Inside([] { Screens::Get<FormB>().Unload(); });
+    TakeEvents();
+    Screens::Get<FormB>().ShowModal();
+    formEvents.push_back(u"returned"_s);
+    Activate(workspace);
+    RunEvents();
+    EXPECT_EQ(TakeEvents(), (QStringList{u"B load"_s, u"B activate"_s, u"B query"_s, u"B unload"_s,
+                                         u"A activate"_s, u"returned"_s}));
+}
+
+TEST_F(FormLife, AMessageBoxActivatesNothing) {
+    Screens::Get<FormA>().Show();
+    TakeEvents();
+    SetMessageSeam(nullptr);
+    Inside([] {
+        auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(message, nullptr);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(message));
+        message->accept();
+    });
+    MsgBox({.text = u"Item does not exists."_s});
+    SetMessageSeam(&messages);
+    Activate(workspace);
+    RunEvents();
+    EXPECT_EQ(TakeEvents(), QStringList());
+    EXPECT_EQ(Form::Active(), &Screens::Get<FormA>());
+}
+
+TEST_F(FormLife, ADialogueOfAComponentActivatesNothing) {
+    Screens::Get<FormA>().Show();
+    TakeEvents();
+    QDialog dialog;
+    Inside([&dialog] {
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        dialog.accept();
+    });
+    ShowModal(dialog);
+    Activate(workspace);
+    RunEvents();
+    EXPECT_EQ(TakeEvents(), QStringList());
+}
+
+TEST_F(FormLife, TheReturnFromAnotherProgramActivatesNothing) {
+    Screens::Get<FormA>().Show();
+    TakeEvents();
+    QWindow foreign;
+    foreign.show();
+    foreign.requestActivate();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&foreign));
+    Activate(workspace);
+    RunEvents();
+    EXPECT_EQ(TakeEvents(), QStringList());
+}
+
+TEST_F(FormLife, TheReturnFromAScreenThatStandsAloneActivates) {
+    Screens::Get<FormA>().Show();
+    FormB& beside = Screens::Get<FormB>();
+    beside.StandAlone();
+    beside.Show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&beside));
+    TakeEvents();
+    Activate(workspace);
+    RunEvents();
+    EXPECT_EQ(TakeEvents(), QStringList{u"A activate"_s});
+}
+
+TEST_F(FormLife, NoScreenIsActiveWhenTheActiveOneIsUnloaded) {
+    Screens::Get<FormA>().Show();
+    EXPECT_EQ(Form::Active(), &Screens::Get<FormA>());
+    Screens::Unload<FormA>();
+    EXPECT_EQ(Form::Active(), nullptr);
+}
+
+TEST_F(FormLife, AScreenThatIsOnlyTouchedIsNotActivated) {
+    Screens::Get<FormA>().Show();
+    TakeEvents();
+    Screens::Get<FormB>();
+    EXPECT_EQ(Form::Active(), &Screens::Get<FormA>());
+    Screens::Unload<FormB>();
+    RunEvents();
+    EXPECT_EQ(TakeEvents(), (QStringList{u"B load"_s, u"B query"_s, u"B unload"_s}));
+}
+
+} // namespace

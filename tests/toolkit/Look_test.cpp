@@ -1,0 +1,75 @@
+#include "support/PrintQt.h"
+#include "toolkit/Look.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPalette>
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The relative luminance of a colour and the contrast of two, as the Web Content Accessibility
+/// Guidelines 2.1 define them.
+double Luminance(const QColor& color) {
+    const auto part = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+    return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF());
+}
+
+double Contrast(const QColor& a, const QColor& b) {
+    const auto [low, high] = std::minmax({Luminance(a), Luminance(b)});
+    return (high + 0.05) / (low + 0.05);
+}
+
+TEST(Look, WhatIsDisabledCanStillBeRead) {
+    const QPalette palette = QApplication::palette();
+    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        EXPECT_GE(
+            Contrast(palette.color(group, QPalette::WindowText), palette.color(group, QPalette::Window)),
+            4.5);
+        EXPECT_GE(Contrast(palette.color(group, QPalette::Text), QColor(0xee, 0xf1, 0xf4)), 4.5);
+        EXPECT_GE(
+            Contrast(palette.color(group, QPalette::ButtonText), palette.color(group, QPalette::Button)),
+            4.5);
+    }
+}
+
+TEST(Look, TheProgramsIconsAreThere) {
+    for (const QString& name : {u"assess"_s, u"patient"_s, u"program"_s, u"reports"_s, u"transaction"_s})
+        EXPECT_FALSE(ProgramIcon(name).pixmap(32).isNull()) << name.toStdString();
+}
+
+TEST(Look, ALabelledInputIsSpokenByItsLabel) {
+    QWidget window;
+    auto* grid = new QGridLayout(&window);
+    QLineEdit* box = NewTextBox(u"txtUser"_s, &window);
+    const QLabel* label = AddLabelled(*grid, 2, 1, u"&User"_s, box);
+    EXPECT_EQ(label->text(), u"&User"_s);
+    EXPECT_EQ(label->buddy(), box);
+    EXPECT_EQ(box->accessibleName(), u"User"_s);
+    EXPECT_EQ(box->objectName(), u"txtUser"_s);
+    EXPECT_EQ(grid->itemAtPosition(2, 1)->widget(), label);
+    EXPECT_EQ(grid->itemAtPosition(2, 2)->widget(), box);
+}
+
+TEST(Look, AShownBoxIsNotTypedInto) {
+    QWidget window;
+    const QLineEdit* box = NewShownBox(u"txtAge"_s, &window);
+    EXPECT_TRUE(box->isReadOnly());
+    EXPECT_EQ(box->focusPolicy(), Qt::NoFocus);
+    EXPECT_TRUE(box->isEnabled());
+}
+
+TEST(Look, AHeadingBearsItsText) {
+    QWidget window;
+    EXPECT_EQ(NewHeading(u"Revenue Codes"_s, &window)->text(), u"Revenue Codes"_s);
+}
+
+} // namespace

@@ -1,0 +1,90 @@
+#include "support/CaseName.h"
+#include "support/PrintQt.h"
+#include "toolkit/ProgramFiles.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void WriteFile(const QString& path) {
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+}
+
+struct PathCase {
+    const char* name;
+    /// A file below the program's directory, and how the system asks for it.
+    QString file;
+    QString asked;
+};
+
+class ResolveFileTest : public testing::TestWithParam<PathCase> {
+  protected:
+    ~ResolveFileTest() override { SetProgramDirectory({}); }
+
+    QTemporaryDir folder;
+};
+
+TEST_P(ResolveFileTest, FindsTheFile) {
+    SetProgramDirectory(folder.path());
+    WriteFile(folder.path() + GetParam().file);
+    EXPECT_EQ(ResolveFile(ProgramDirectory() + GetParam().asked), folder.path() + GetParam().file);
+}
+
+TEST_P(ResolveFileTest, FindsItBelowAProgramDirectoryThatBearsABackslash) {
+    const QString directory = folder.path() + u"/ward\\Hemo Dialysis"_s;
+    SetProgramDirectory(directory);
+    WriteFile(directory + GetParam().file);
+    EXPECT_EQ(ResolveFile(ProgramDirectory() + GetParam().asked), directory + GetParam().file);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Paths, ResolveFileTest,
+    testing::Values(
+        PathCase{"Slash", u"/Reports/Charge_Slip.RPT"_s, u"/Reports/Charge_Slip.RPT"_s},
+        PathCase{"Backslash", u"/tarvenaux.ini"_s, u"\\tarvenaux.ini"_s},
+        PathCase{"BothSlashes", u"/Reports/Charge_Slip.RPT"_s, u"\\Reports/Charge_Slip.RPT"_s},
+        PathCase{"LetterCaseOfTheFile", u"/Reports/Charge_Slip.RPT"_s, u"/Reports/charge_slip.rpt"_s},
+        PathCase{"LetterCaseOfTheFolder", u"/Reports/Charge_Slip.RPT"_s, u"/REPORTS/Charge_Slip.RPT"_s},
+        PathCase{"EverythingElse", u"/Reports/Charge_Slip.RPT"_s, u"\\rePorts\\CHARGE_slip.rpt"_s},
+        PathCase{"Hidden", u"/.Settings"_s, u"\\.settings"_s}),
+    CaseName());
+
+class ProgramFiles : public testing::Test {
+  protected:
+    ProgramFiles() { SetProgramDirectory(folder.path()); }
+    ~ProgramFiles() override { SetProgramDirectory({}); }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(ProgramFiles, AnExactNameStandsBeforeOneInAnotherLetterCase) {
+    WriteFile(folder.filePath(u"A.txt"_s));
+    WriteFile(folder.filePath(u"a.txt"_s));
+    EXPECT_EQ(ResolveFile(folder.path() + u"\\a.txt"_s), folder.filePath(u"a.txt"_s));
+    EXPECT_EQ(ResolveFile(folder.path() + u"\\A.txt"_s), folder.filePath(u"A.txt"_s));
+}
+
+TEST_F(ProgramFiles, AFileThatDoesNotExistKeepsTheNameAskedForInTheFolderThatDoes) {
+    QDir(folder.path()).mkdir(u"Reports"_s);
+    EXPECT_EQ(ResolveFile(folder.path() + u"\\tarvenaux.ini"_s), folder.filePath(u"tarvenaux.ini"_s));
+    EXPECT_EQ(ResolveFile(folder.path() + u"\\reports\\None.RPT"_s), folder.filePath(u"Reports/None.RPT"_s));
+}
+
+TEST_F(ProgramFiles, TheDirectoryIsTheProgramsOwnUnlessATestKeepsItsFilesElsewhere) {
+    EXPECT_EQ(ProgramDirectory(), folder.path());
+    SetProgramDirectory({});
+    EXPECT_EQ(ProgramDirectory(), QCoreApplication::applicationDirPath());
+    EXPECT_FALSE(ProgramDirectory().endsWith(u'/'));
+}
+
+} // namespace

@@ -1,0 +1,67 @@
+#include "support/ScreenTest.h"
+#include "toolkit/ShowModal.h"
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ShowModalTest : public ScreenTest {
+  protected:
+    ShowModalTest() {
+        auto* layout = new QVBoxLayout(window.get());
+        layout->addWidget(first);
+        layout->addWidget(second);
+        second->setFocus();
+        Activate(*window);
+    }
+
+    std::unique_ptr<QWidget> window = std::make_unique<QWidget>();
+    QLineEdit* first = new QLineEdit(window.get());
+    QLineEdit* second = new QLineEdit(window.get());
+    QDialog dialog;
+};
+
+TEST_F(ShowModalTest, TellsWhetherTheDialogueWasAccepted) {
+    QTimer::singleShot(0, &dialog, &QDialog::accept);
+    EXPECT_TRUE(ShowModal(dialog));
+    QTimer::singleShot(0, &dialog, &QDialog::reject);
+    EXPECT_FALSE(ShowModal(dialog));
+}
+
+TEST_F(ShowModalTest, GivesTheActiveWindowAndTheFocusBack) {
+    QTimer::singleShot(0, &dialog, [this] {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        dialog.accept();
+    });
+    ShowModal(dialog);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    EXPECT_TRUE(second->hasFocus());
+}
+
+TEST_F(ShowModalTest, LeavesAControlThatWasHiddenMeanwhile) {
+    QTimer::singleShot(0, &dialog, [this] {
+        second->hide();
+        dialog.accept();
+    });
+    ShowModal(dialog);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    EXPECT_FALSE(second->hasFocus());
+}
+
+TEST_F(ShowModalTest, OutlivesTheWindowThatItWasOpenedOver) {
+    QTimer::singleShot(0, &dialog, [this] {
+        window.reset();
+        dialog.accept();
+    });
+    EXPECT_TRUE(ShowModal(dialog));
+}
+
+} // namespace
