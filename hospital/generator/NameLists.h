@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QStringList>
+
+/// The names from which patients, walk-ins and ward nurses are made up.
+const QStringList& Surnames();
+const QStringList& MaleNames();
+const QStringList& FemaleNames();
+const QStringList& Streets();
+const QStringList& Barangays();
+
+/// One town of the address list.
+struct Town {
+    QString zipCode;
+    QString town;
+    QString province;
+};
+const QList<Town>& Towns();

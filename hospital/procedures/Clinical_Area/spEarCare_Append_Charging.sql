@@ -1,0 +1,49 @@
+-- Posts one charge line to the patient's account. A line of a centre that takes its items from stock is issued on
+-- the stock card too, and a ward's pending request for the same item of the same patient is closed.
+USE Clinical_Area;
+GO
+
+CREATE PROCEDURE dbo.spEarCare_Append_Charging
+    @HospNum varchar(10),
+    @IdNum varchar(10),
+    @TransDate datetime,
+    @RevenueID varchar(5),
+    @RecordType varchar(1),
+    @ItemID varchar(10),
+    @Quantity varchar(20),
+    @RefNum varchar(20),
+    @Amount money,
+    @UserID varchar(10),
+    @RoomID varchar(20),
+    @DoctorID varchar(10),
+    @DoctorName varchar(100),
+    @PatientType varchar(1),
+    @Description varchar(100)
+AS
+BEGIN
+    SET NOCOUNT ON; SET XACT_ABORT ON;
+    BEGIN TRANSACTION;
+
+    INSERT INTO BILLING..tbPatientCharges
+        (HospNum, IdNum, PatientType, TransDate, RevenueID, RecordType, ItemID, Description, Quantity, Units, Amount,
+         RefNum, UserID, RoomID, DoctorID, DoctorName, SourceDept, EntryDate)
+    VALUES
+        (@HospNum, @IdNum, @PatientType, @TransDate, @RevenueID, @RecordType, @ItemID, @Description, @Quantity,
+         CAST(@Quantity AS float), @Amount, @RefNum, @UserID, @RoomID, @DoctorID, @DoctorName, 'HC', GETDATE());
+
+    INSERT INTO INVENTORY..tbInvStockCard
+        (TransDate, ItemID, SectionID, RecordType, RefNum, QtyIn, QtyOut, Amount, HospNum, IdNum, PatientType, RoomID,
+         UserID, EntryDate)
+    SELECT @TransDate, i.ItemID, i.SectionID, 'I', @RefNum, 0, CAST(@Quantity AS float), @Amount, @HospNum, @IdNum,
+           @PatientType, @RoomID, @UserID, GETDATE()
+    FROM build_file..tbCoRevenue AS r
+    INNER JOIN INVENTORY..tbInvMaster AS i ON i.SectionID = r.LocationID
+    WHERE r.RevenueID = @RevenueID AND r.SearchInventory = 1 AND i.ItemID = @ItemID;
+
+    UPDATE RADIOLOGY..tbNurseRequest
+    SET Status = 'D', SlipNo = @RefNum, ClosedBy = @UserID, ClosedDate = GETDATE()
+    WHERE IdNum = @IdNum AND DeptCode = 'HC' AND RevenueID = @RevenueID AND ItemID = @ItemID AND Status = 'P';
+
+    COMMIT TRANSACTION;
+END
+GO

@@ -1,0 +1,50 @@
+-- In-patients still in the hospital (I) or the visits of out-patients (O), in the order of their names. The text
+-- is the beginning of a last name, or a whole hospital, admission or visit number; an empty text brings all.
+-- In-patients are few, so one search on the open admissions finds them all; visits are many, so each way of
+-- searching is a branch of its own with its own index.
+USE Clinical_Area;
+GO
+
+CREATE PROCEDURE dbo.spEarCare_GetPatient
+    @PatientType varchar(1),
+    @Search varchar(60)
+AS
+BEGIN
+    SET NOCOUNT ON;
+
+    SELECT x.[hospital #], x.[Admission #], x.[Patient Name], x.[admission date], x.[Billing Date]
+    FROM (
+        SELECT m.HospNum AS [hospital #], p.IdNum AS [Admission #],
+               RTRIM(CONCAT(m.LastName, ', ', m.FirstName, ' ', m.MiddleName)) AS [Patient Name],
+               p.AdmDate AS [admission date], p.BillingDate AS [Billing Date],
+               m.LastName, m.FirstName, m.MiddleName
+        FROM PATIENT_DATA..tbpatient AS p
+        INNER JOIN PATIENT_DATA..tbmaster AS m ON m.HospNum = p.HospNum
+        WHERE @PatientType = 'I' AND p.DcrDate IS NULL
+          AND (LEFT(m.LastName, LEN(@Search)) = @Search OR m.HospNum = @Search OR p.IdNum = @Search)
+
+        UNION ALL
+        SELECT m.HospNum, o.IdNum, RTRIM(CONCAT(m.LastName, ', ', m.FirstName, ' ', m.MiddleName)),
+               o.AdmDate, o.BillingDate, m.LastName, m.FirstName, m.MiddleName
+        FROM PATIENT_DATA..tbmaster AS m
+        INNER JOIN PATIENT_DATA..tboutpatient AS o ON o.HospNum = m.HospNum
+        WHERE @PatientType = 'O' AND m.LastName >= @Search AND m.LastName <= CONCAT(@Search, REPLICATE('Z', 30))
+          AND LEFT(m.LastName, LEN(@Search)) = @Search
+
+        UNION ALL
+        SELECT m.HospNum, o.IdNum, RTRIM(CONCAT(m.LastName, ', ', m.FirstName, ' ', m.MiddleName)),
+               o.AdmDate, o.BillingDate, m.LastName, m.FirstName, m.MiddleName
+        FROM PATIENT_DATA..tbmaster AS m
+        INNER JOIN PATIENT_DATA..tboutpatient AS o ON o.HospNum = m.HospNum
+        WHERE @PatientType = 'O' AND @Search <> '' AND m.HospNum = @Search
+
+        UNION ALL
+        SELECT m.HospNum, o.IdNum, RTRIM(CONCAT(m.LastName, ', ', m.FirstName, ' ', m.MiddleName)),
+               o.AdmDate, o.BillingDate, m.LastName, m.FirstName, m.MiddleName
+        FROM PATIENT_DATA..tboutpatient AS o
+        INNER JOIN PATIENT_DATA..tbmaster AS m ON m.HospNum = o.HospNum
+        WHERE @PatientType = 'O' AND @Search <> '' AND o.IdNum = @Search
+    ) AS x
+    ORDER BY x.LastName, x.FirstName, x.MiddleName, x.[Admission #];
+END
+GO

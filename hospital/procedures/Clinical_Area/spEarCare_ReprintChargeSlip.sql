@@ -1,0 +1,25 @@
+-- Records the re-print of a slip and puts the slip's lines, reversals included, into the print table.
+USE Clinical_Area;
+GO
+
+CREATE PROCEDURE dbo.spEarCare_ReprintChargeSlip
+    @RefNum varchar(20)
+AS
+BEGIN
+    SET NOCOUNT ON; SET XACT_ABORT ON;
+    BEGIN TRANSACTION;
+
+    DELETE FROM Clinical_Area..tbEarCareChargePrint;
+
+    INSERT INTO Clinical_Area..tbEarCareChargePrint (ItemID, Amount, Quantity, RevenueID, Description, SlipKind)
+    SELECT c.ItemID, c.Amount, c.Quantity, c.RevenueID, c.Description, 'R'
+    FROM BILLING..tbPatientCharges AS c
+    WHERE c.RefNum = @RefNum AND c.SourceDept = 'HC'
+    ORDER BY c.ChargeID;
+
+    INSERT INTO BILLING..tbAuditTrail (AuditDate, Event, RefNum)
+    VALUES (GETDATE(), 'REPRINT', @RefNum);
+
+    COMMIT TRANSACTION;
+END
+GO

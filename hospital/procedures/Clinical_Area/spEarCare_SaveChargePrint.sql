@@ -1,0 +1,19 @@
+-- Adds one line to the slip that is about to be printed.
+USE Clinical_Area;
+GO
+
+CREATE PROCEDURE dbo.spEarCare_SaveChargePrint
+    @ItemID varchar(20),
+    @Amount money,
+    @Quantity varchar(20),
+    @RevenueID varchar(5),
+    @Description varchar(100),
+    @SlipKind varchar(1)
+AS
+BEGIN
+    SET NOCOUNT ON;
+
+    INSERT INTO Clinical_Area..tbEarCareChargePrint (ItemID, Amount, Quantity, RevenueID, Description, SlipKind)
+    VALUES (@ItemID, @Amount, @Quantity, @RevenueID, @Description, @SlipKind);
+END
+GO

@@ -1,0 +1,38 @@
+-- Registers a walk-in under the next walk-in number, from the older entry screen, which sends the same facts in
+-- another order.
+USE PATIENT_DATA;
+GO
+
+CREATE PROCEDURE dbo.spAddCashPatient
+    @LastName varchar(30),
+    @FirstName varchar(30),
+    @MiddleName varchar(30),
+    @CivilStatusID varchar(1),
+    @Sex varchar(1),
+    @BirthDate varchar(20),
+    @Age varchar(3),
+    @HouseStreet varchar(60),
+    @Barangay varchar(40),
+    @ZipCode varchar(10)
+AS
+BEGIN
+    SET NOCOUNT ON; SET XACT_ABORT ON;
+    BEGIN TRANSACTION;
+
+    UPDATE PATIENT_DATA..tbWalkInNum SET WalkInNum = WalkInNum + 1;
+
+    INSERT INTO PATIENT_DATA..tbwalkin
+        (HospNum, LastName, FirstName, MiddleName, Sex, BirthDate, Age, CivilStatusID, HouseStreet, Barangay, ZipCode,
+         RegDate)
+    SELECT CONCAT('W', RIGHT(CONCAT('000000', n.WalkInNum - 1), 6)), @LastName, @FirstName, @MiddleName, @Sex,
+           CASE WHEN @BirthDate = '' THEN NULL ELSE CAST(@BirthDate AS datetime) END,
+           @Age, @CivilStatusID, @HouseStreet, @Barangay, @ZipCode, GETDATE()
+    FROM PATIENT_DATA..tbWalkInNum AS n;
+
+    INSERT INTO BILLING..tbAuditTrail (AuditDate, Event, HospNum)
+    SELECT GETDATE(), 'WALK-IN', CONCAT('W', RIGHT(CONCAT('000000', n.WalkInNum - 1), 6))
+    FROM PATIENT_DATA..tbWalkInNum AS n;
+
+    COMMIT TRANSACTION;
+END
+GO
