@@ -1,0 +1,104 @@
+#include "reporting/BandMeasure.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+/// Sums are whole numbers of 64 bits with a point, a sign and commas between.
+constexpr qsizetype kLongestSum = 27;
+/// A September's Wednesday with two digits everywhere is the longest of dates; others may be a little wider.
+constexpr DateTime::Fields kLongestDate{2026, 9, 30, 22, 48, 48, 0};
+constexpr double kDateSlack = 1.15;
+/// Beyond this the run-time writes numbers with an exponent.
+constexpr double kLargestPlain = 1e15;
+
+bool DependsOnRow(const TextPiece& piece) {
+    return piece.kind == TextPiece::Kind::Sum || piece.kind == TextPiece::Kind::Count ||
+           (piece.kind == TextPiece::Kind::Field && !piece.query);
+}
+
+/// The most characters of a number in a pattern: a comma for each three digits, and the decimals and zeros
+/// that the pattern adds.
+qsizetype LongestNumber(qsizetype digits, const QString& pattern) {
+    return digits + digits / 3 + pattern.size() + 1;
+}
+
+qsizetype DigitsOf(quint64 number) {
+    qsizetype digits = 1;
+    for (; number >= 10; number /= 10)
+        ++digits;
+    return digits;
+}
+
+} // namespace
+
+BandMeasure::BandMeasure(const ReportBand& band, const TextPlace& place, ReportFonts& fonts)
+    : mBand(band)
+    , mFonts(fonts) {
+    for (const ReportCell& cell : band.cells)
+        Prepare(cell, place);
+}
+
+void BandMeasure::Prepare(const ReportCell& cell, const TextPlace& place) {
+    const ReportFont& font = mFonts.Of(cell.style);
+    Check check{.cell = &cell, .font = &font, .width = cell.box.width() - 2 * kCellPadding};
+    if (std::none_of(cell.text.begin(), cell.text.end(), DependsOnRow)) {
+        mAlwaysWraps |= Wraps(check, place);
+        return;
+    }
+    check.safeDigits = qsizetype(check.width / font.WidestDigit());
+    const TextPiece& piece = cell.text.front();
+    check.isColumn = cell.text.size() == 1 && piece.kind == TextPiece::Kind::Field;
+    if (check.isColumn) {
+        check.column = piece.number;
+        check.hasNumberFormat = IsNumberFormat(cell.format);
+        const QString longest = FormatValue(*DateTime::FromFields(kLongestDate), cell.format);
+        check.datesFit = font.Width(longest) * kDateSlack <= check.width;
+    } else if (cell.text.size() == 1 && check.safeDigits >= kLongestSum) {
+        // A sum that has room at its longest need not be added up to know that it does not wrap.
+        return;
+    }
+    mChecks.push_back(check);
+}
+
+double BandMeasure::HeightAt(const TextPlace& place) const {
+    const RowData& rows = place.data.Rows();
+    const bool hasRow = place.row < rows.RowCount();
+    const auto grows = [&](const Check& check) {
+        if (check.isColumn && !(hasRow && MayWrap(check, rows.Cell(place.row, check.column))))
+            return false;
+        return Wraps(check, place);
+    };
+    if (mAlwaysWraps || std::any_of(mChecks.begin(), mChecks.end(), grows))
+        return LayOutBand(mBand, place, mFonts).height;
+    return mBand.height;
+}
+
+bool BandMeasure::Wraps(const Check& check, const TextPlace& place) {
+    return check.font->Wraps(TextOf(*check.cell, place), check.width);
+}
+
+bool BandMeasure::MayWrap(const Check& check, const Value& value) {
+    const QString& format = check.cell->format;
+    const auto numberMayWrap = [&](qsizetype digits) {
+        return LongestNumber(digits, format) > check.safeDigits;
+    };
+    if (const auto* text = std::get_if<QString>(&value.Get())) {
+        if (check.hasNumberFormat && numberMayWrap(text->size()))
+            return true;
+        if (!format.isEmpty() && !check.hasNumberFormat)
+            return !text->isEmpty();
+        return !check.font->SurelyFits(*text, check.width);
+    }
+    if (const auto* decimal = std::get_if<Decimal>(&value.Get()))
+        return numberMayWrap(decimal->text.size());
+    if (std::holds_alternative<DateTime>(value.Get()))
+        return !check.datesFit;
+    if (const auto* integer = std::get_if<qint64>(&value.Get()))
+        return numberMayWrap(DigitsOf(quint64(*integer < 0 ? -*integer : *integer)));
+    if (const auto* number = std::get_if<double>(&value.Get()))
+        return format.isEmpty() || !(std::fabs(*number) < kLargestPlain) ||
+               numberMayWrap(DigitsOf(quint64(std::fabs(*number)) + 1));
+    return !value.IsNull();
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QRectF>
+#include <QString>
+
+#include <cstddef>
+#include <optional>
+
+class ReportDocument;
+
+/// A cell of a page by its number among the page's cells.
+struct CellPosition {
+    /// From 1.
+    int page = 1;
+    size_t cell = 0;
+};
+
+struct FoundText {
+    CellPosition position;
+    /// The cell, in points from the page's top left corner.
+    QRectF box;
+};
+
+/// The next cell whose text has the given one in it, letter case aside, behind `after` or from the report's
+/// start when there is none; behind the report's end it goes on at the start. A text is found also where it
+/// wraps.
+std::optional<FoundText> FindText(const ReportDocument& document, const QString& text,
+                                  const std::optional<CellPosition>& after);

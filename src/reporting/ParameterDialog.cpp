@@ -1,0 +1,92 @@
+#include "reporting/ParameterDialog.h"
+
+#include "gateway/RunTimeError.h"
+#include "text/IsDate.h"
+#include "text/IsNumeric.h"
+#include "toolkit/Look.h"
+#include "toolkit/ShowModal.h"
+
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString HintOf(FieldValueType type) {
+    switch (type) {
+    case FieldValueType::Date:
+        return u"mm/dd/yyyy"_s;
+    case FieldValueType::DateTime:
+        return u"mm/dd/yyyy hh:mm AM/PM"_s;
+    case FieldValueType::Number:
+        return u"0.00"_s;
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+ParameterDialog::ParameterDialog(std::vector<ParameterField*> fields, QWidget* parent)
+    : QDialog(parent)
+    , mComplaint(new QLabel(this)) {
+    setObjectName(u"ReportParameters"_s);
+    setWindowTitle(u"Report Values"_s);
+    auto* column = new QVBoxLayout(this);
+    auto* grid = new QGridLayout;
+    for (ParameterField* field : fields) {
+        QLineEdit* box = NewTextBox(u"txt"_s + field->Name(), this);
+        box->setPlaceholderText(HintOf(field->ValueType()));
+        AddLabelled(*grid, grid->rowCount(), 0, field->Prompt(), box);
+        mBoxes.emplace_back(field, box);
+    }
+    column->addLayout(grid);
+    mComplaint->setObjectName(u"lblComplaint"_s);
+    column->addWidget(mComplaint);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    buttons->setObjectName(u"Buttons"_s);
+    connect(buttons, &QDialogButtonBox::accepted, this, &ParameterDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &ParameterDialog::reject);
+    column->addWidget(buttons);
+}
+
+void ParameterDialog::accept() {
+    for (const auto& [field, box] : mBoxes) {
+        if (field->TakesDates() && !IsDate(box->text()))
+            return Refuse(box, u"Please enter a date such as 12/31/2026."_s);
+        if (field->ValueType() == FieldValueType::Number && !IsNumeric(box->text()))
+            return Refuse(box, u"Please enter a number."_s);
+    }
+    for (const auto& [field, box] : mBoxes) {
+        const Value typed(box->text());
+        if (field->TakesDates())
+            field->SetCurrentValue(typed.ToDate());
+        else if (field->ValueType() == FieldValueType::Number)
+            field->SetCurrentValue(typed.ToDouble());
+        else
+            field->SetCurrentValue(typed);
+    }
+    QDialog::accept();
+}
+
+void ParameterDialog::Refuse(QLineEdit* box, const QString& what) {
+    mComplaint->setText(what);
+    box->setFocus();
+    box->selectAll();
+}
+
+bool AskUnsetParameters(std::vector<ParameterField>& fields, QWidget* parent) {
+    std::vector<ParameterField*> unset;
+    for (ParameterField& field : fields) {
+        if (!field.CurrentValue())
+            unset.push_back(&field);
+    }
+    if (unset.empty())
+        return true;
+    ParameterDialog dialog(unset, parent);
+    return ShowModal(dialog);
+}

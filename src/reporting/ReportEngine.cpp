@@ -1,0 +1,22 @@
+#include "reporting/ReportEngine.h"
+
+#include "gateway/RunTimeError.h"
+#include "reporting/TemplateReader.h"
+#include "toolkit/ProgramFiles.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+std::shared_ptr<Report> ReportEngine::OpenReport(const QString& path, int /*option*/) const {
+    const QString name = ResolveFile(path);
+    if (!QFileInfo(name).isFile())
+        throw RunTimeError(RunTime::kFileNotFound,
+                           u"%1: %2"_s.arg(RunTime::TextOf(RunTime::kFileNotFound), name));
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly))
+        throw RunTimeError(RunTime::kPathFileAccess,
+                           u"%1: %2"_s.arg(RunTime::TextOf(RunTime::kPathFileAccess), name));
+    return std::make_shared<Report>(ReadTemplate(name, file.readAll()));
+}

@@ -1,0 +1,47 @@
+#include "reporting/Reports.h"
+
+#include "reporting/frmReportviewer.h"
+#include "reporting/ReportEngine.h"
+#include "shell/shared.h"
+#include "toolkit/MousePointer.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+constexpr int kOpenOption = 1;
+
+} // namespace
+
+void OpenReport(const QString& path, const std::vector<Value>& values) {
+    gReport = ReportEngine().OpenReport(path, kOpenOption);
+    for (ReportTable& table : gReport->Tables())
+        table.SetLogOnInfo(gCurrentUser->ServerName(), gCurrentUser->Database(), gCurrentUser->UserId(),
+                           gCurrentUser->serverpassword());
+    std::vector<ParameterField>& fields = gReport->ParameterFields();
+    const size_t filled = std::min(fields.size(), values.size());
+    for (size_t i = 0; i < filled; ++i)
+        fields[i].AddCurrentValue(fields[i].TakesDates() ? Value(values[i].ToDate()) : values[i]);
+}
+
+void ShowReport(bool showGroupTree, const QString& title, bool directPrint) {
+    auto viewer = std::make_unique<frmReportviewer>();
+    viewer->SetShowGroupTree(showGroupTree);
+    viewer->setWindowTitle(title);
+    viewer->SetDirectPrint(directPrint);
+    viewer->Load();
+    // The caller still waits, but the clerk works in the viewer: meanwhile the pointer is the usual one.
+    const MousePointer callers = CurrentMousePointer();
+    SetMousePointer(MousePointer::Default);
+    // A screen that was shown modally deletes itself when its loop has ended.
+    viewer.release()->ShowModal();
+    SetMousePointer(callers);
+}
+
+void SetTableLogOn(ReportTable& table, const QString& databaseName) {
+    const QString location = table.Location();
+    table.SetLocation(databaseName + location.mid(location.indexOf(u'.')));
+    table.SetLogOnInfo(gCurrentUser->ServerName(), databaseName, gCurrentUser->UserId(),
+                       gCurrentUser->serverpassword());
+}

@@ -1,0 +1,13 @@
+#include "reporting/TemplateError.h"
+
+#include "gateway/RunTimeError.h"
+
+using namespace Qt::StringLiterals;
+
+RunTimeError TemplateError(const QString& file, int line, const QString& what) {
+    return ReportError(u"%1, line %2: %3"_s.arg(file).arg(line).arg(what));
+}
+
+RunTimeError ReportError(const QString& what) {
+    return RunTimeError(kReportFailure, what);
+}

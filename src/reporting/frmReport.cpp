@@ -1,0 +1,17 @@
+#include "reporting/frmReport.h"
+
+#include "reporting/ReportViewer.h"
+#include "toolkit/Workspace.h"
+
+using namespace Qt::StringLiterals;
+
+frmReport::frmReport()
+    : ViewerWindow(u"crvReport"_s)
+    , crvReport(&Viewer()) {
+    setObjectName(u"frmReport"_s);
+}
+
+void frmReport::Form_Unload() {
+    if (Workspace* workspace = Workspace::Current())
+        workspace->EnableMenuItem(u"mnuMLedger"_s, true);
+}

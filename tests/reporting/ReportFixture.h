@@ -1,0 +1,65 @@
+#pragma once
+
+#include "gateway/RunTimeError.h"
+#include "reporting/ReportDocument.h"
+#include "support/PrintQt.h"
+#include "support/ScriptedGateway.h"
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <memory>
+#include <vector>
+
+/// A template on paper of 100 by 100 mm without margins, with one table and the given parts; the query of the
+/// rows is put in where the parts have none.
+QByteArray SmallTemplate(const QString& parts);
+
+/// The document of SmallTemplate(parts) over those rows, without any database.
+std::shared_ptr<const ReportDocument> SmallDocument(const QString& parts,
+                                                    const std::shared_ptr<const RowData>& rows,
+                                                    const std::vector<Value>& parameters = {});
+
+/// Stands in for the database of reports while it lives: answers each command whose text has a fragment in it
+/// with the rows set for that fragment, and writes down what was asked and how it was logged on.
+class ReportDatabase {
+  public:
+    ReportDatabase();
+    ReportDatabase(const ReportDatabase&) = delete;
+    ReportDatabase& operator=(const ReportDatabase&) = delete;
+    ~ReportDatabase();
+
+    void Set(const QString& fragment, std::shared_ptr<const RowData> rows);
+
+    QStringList commands;
+    /// Server, database, user and password of each connection.
+    std::vector<QStringList> logOns;
+    /// Connections that are open now.
+    int open = 0;
+
+  private:
+    friend class ReportConnection;
+    struct Answer {
+        QString fragment;
+        std::shared_ptr<const RowData> rows;
+    };
+    std::vector<Answer> mAnswers;
+};
+
+/// Writes a file into the folder and answers its path.
+QString WriteFile(const QTemporaryDir& folder, const QString& name, const QByteArray& content);
+
+QByteArray ReadFile(const QString& file);
+
+/// The text that pdftotext reads from a PDF file.
+QString TextOfPdf(const QString& file);
+
+/// The description of the run-time error that the call raises; "nothing was raised" when it raises none.
+template <class Call> QString FailureOf(Call call) {
+    try {
+        call();
+    } catch (const RunTimeError& error) {
+        return error.Description();
+    }
+    return QStringLiteral("nothing was raised");
+}

@@ -1,0 +1,365 @@
+#include "ReportFixture.h"
+#include "reporting/PageView.h"
+#include "reporting/ReportOutput.h"
+#include "reporting/ReportViewer.h"
+#include "reporting/TemplateReader.h"
+#include "support/ScreenTest.h"
+#include "toolkit/FileDialogs.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+#include <QTreeView>
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kParts =
+    uR"(<page-header height="10"><text x="0" y="0" width="60">{page} of {pages}</text></page-header>
+<group by="Ward"><header height="10"><text x="0" y="0" width="60">{Ward}</text></header>
+<detail height="20"><text x="0" y="0" width="60">{Name}</text></detail></group>)";
+
+QString answeredFile;
+QString suggestedFile;
+
+class ReportViewerTest : public ScreenTest {
+  protected:
+    ReportViewerTest() {
+        std::vector<std::vector<Value>> rows;
+        for (int i = 1; i <= 12; ++i)
+            rows.push_back({u"WARD %1"_s.arg((i - 1) / 6 + 1), u"PATIENT %1"_s.arg(i)});
+        database.Set(u"SELECT"_s, Rows({u"Ward"_s, u"Name"_s}, rows));
+        viewer.setObjectName(u"CRViewer1"_s);
+        viewer.setWindowTitle(u"Census Report"_s);
+        viewer.resize(800, 400);
+        answeredFile.clear();
+        SetSaveFileAnswer([](const QString& suggested) {
+            suggestedFile = suggested;
+            return answeredFile;
+        });
+    }
+
+    ~ReportViewerTest() override {
+        SetSaveFileAnswer(nullptr);
+        SetPrinterChooser({});
+    }
+
+    void View(const QString& parts = QStringView(kParts).toString()) {
+        auto report = std::make_shared<Report>(ReadTemplate(u"/r/Census.rpt"_s, SmallTemplate(parts)));
+        report->Tables()[0].SetLogOnInfo({}, {}, {}, {});
+        viewer.SetReportSource(report);
+        viewer.ViewReport();
+        Activate(viewer);
+        viewer.setFocus();
+    }
+
+    /// A key pressed wherever the focus is.
+    static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
+        Press(*QApplication::focusWidget(), key, modifiers);
+        RunEvents();
+    }
+
+    int Page() const { return Find<PageView>(viewer, "PageView").CurrentPage(); }
+    QString Status() const { return Find<QLabel>(viewer, "lblStatus").text(); }
+    bool TreeIsShown() const { return Find<QTreeView>(viewer, "GroupTree").isVisible(); }
+
+    ReportDatabase database;
+    ReportViewer viewer;
+};
+
+} // namespace
+
+TEST_F(ReportViewerTest, ShowsTheFirstPageAndHowManyThereAre) {
+    View();
+    EXPECT_EQ(Page(), 1);
+    EXPECT_EQ(Find<QLabel>(viewer, "lblPages").text(), u"of 4"_s);
+    EXPECT_EQ(Find<QSpinBox>(viewer, "txtPage").value(), 1);
+}
+
+TEST_F(ReportViewerTest, NeedsAReport) {
+    EXPECT_EQ(FailureOf([this] { viewer.ViewReport(); }),
+              u"Object variable or With block variable not set"_s);
+}
+
+TEST_F(ReportViewerTest, OffersNothingBeforeThereIsAPage) {
+    Activate(viewer);
+    for (const QToolButton* button : viewer.findChildren<QToolButton*>())
+        EXPECT_FALSE(button->isEnabled()) << button->objectName().toStdString();
+    viewer.PrintReport();
+    EXPECT_FALSE(Find<QLineEdit>(viewer, "txtFind").isEnabled());
+}
+
+TEST_F(ReportViewerTest, EachButtonHasANameAndATooltipThatTellsItsKey) {
+    View();
+    for (const QToolButton* button : viewer.findChildren<QToolButton*>()) {
+        if (!button->objectName().startsWith(u"cmd"_s))
+            continue;
+        EXPECT_FALSE(button->accessibleName().isEmpty()) << button->objectName().toStdString();
+        const QString key = button->defaultAction()->shortcut().toString(QKeySequence::NativeText);
+        EXPECT_FALSE(key.isEmpty()) << button->objectName().toStdString();
+        EXPECT_TRUE(button->toolTip().contains(key)) << button->objectName().toStdString();
+        EXPECT_FALSE(button->icon().pixmap(16).isNull()) << button->objectName().toStdString();
+    }
+}
+
+TEST_F(ReportViewerTest, TurnsPagesByKeys) {
+    View();
+    Key(Qt::Key_PageDown);
+    EXPECT_EQ(Page(), 2);
+    EXPECT_EQ(Find<QSpinBox>(viewer, "txtPage").value(), 2);
+    Key(Qt::Key_End);
+    EXPECT_EQ(Page(), 4);
+    Key(Qt::Key_PageDown);
+    EXPECT_EQ(Page(), 4);
+    Key(Qt::Key_PageUp);
+    EXPECT_EQ(Page(), 3);
+    Key(Qt::Key_Home);
+    EXPECT_EQ(Page(), 1);
+}
+
+TEST_F(ReportViewerTest, TurnsPagesByButtons) {
+    View();
+    Click(Find<QToolButton>(viewer, "cmdNext"));
+    EXPECT_EQ(Page(), 2);
+    Click(Find<QToolButton>(viewer, "cmdLast"));
+    EXPECT_EQ(Page(), 4);
+    Click(Find<QToolButton>(viewer, "cmdPrevious"));
+    EXPECT_EQ(Page(), 3);
+    Click(Find<QToolButton>(viewer, "cmdFirst"));
+    EXPECT_EQ(Page(), 1);
+}
+
+TEST_F(ReportViewerTest, GoesToAPageByItsNumber) {
+    View();
+    Key(Qt::Key_G);
+    auto& box = Find<QSpinBox>(viewer, "txtPage");
+    ASSERT_TRUE(box.hasFocus());
+    Press(box, Qt::Key_3);
+    EXPECT_EQ(Page(), 1) << "a number still being keyed turns no page";
+    Press(box, Qt::Key_Return);
+    EXPECT_EQ(Page(), 3);
+}
+
+TEST_F(ReportViewerTest, ZoomsByKeysAndByTheSwitch) {
+    View();
+    const auto& pages = Find<PageView>(viewer, "PageView");
+    const double width = pages.ZoomFactor();
+    Key(Qt::Key_2);
+    EXPECT_LT(pages.ZoomFactor(), width);
+    Key(Qt::Key_1);
+    EXPECT_EQ(pages.ZoomFactor(), width);
+    Key(Qt::Key_Plus);
+    EXPECT_NEAR(pages.ZoomFactor(), width * 1.25, 0.001);
+    Key(Qt::Key_Equal);
+    EXPECT_NEAR(pages.ZoomFactor(), width * 1.25 * 1.25, 0.001);
+    Key(Qt::Key_Minus);
+    EXPECT_NEAR(pages.ZoomFactor(), width * 1.25, 0.001);
+    viewer.Zoom(80);
+    EXPECT_NEAR(pages.ZoomFactor(), 0.8, 0.001);
+    EXPECT_EQ(Find<QLabel>(viewer, "lblZoom").text(), u"80 %"_s);
+    viewer.Zoom(ReportViewer::kPageWidth);
+    EXPECT_EQ(pages.ZoomFactor(), width);
+}
+
+TEST_F(ReportViewerTest, FindsTextAndTheNextMatch) {
+    View();
+    Key(Qt::Key_F);
+    auto& box = Find<QLineEdit>(viewer, "txtFind");
+    ASSERT_TRUE(box.hasFocus());
+    Type(box, u"patient 1"_s);
+    Press(box, Qt::Key_Return);
+    EXPECT_EQ(Page(), 1);
+    Key(Qt::Key_F3, Qt::NoModifier);
+    EXPECT_EQ(Page(), 3) << "PATIENT 10";
+    Key(Qt::Key_F3, Qt::NoModifier);
+    Key(Qt::Key_F3, Qt::NoModifier);
+    EXPECT_EQ(Page(), 4) << "PATIENT 12";
+    Key(Qt::Key_F3, Qt::NoModifier);
+    EXPECT_EQ(Page(), 1) << "goes on at the start";
+    EXPECT_EQ(Status(), QString());
+}
+
+TEST_F(ReportViewerTest, LooksForAnotherTextFromTheStart) {
+    View();
+    Key(Qt::Key_F);
+    auto& box = Find<QLineEdit>(viewer, "txtFind");
+    Type(box, u"patient 5"_s);
+    Press(box, Qt::Key_Return);
+    EXPECT_EQ(Page(), 2);
+    Press(box, Qt::Key_Backspace);
+    Press(box, Qt::Key_Return);
+    EXPECT_EQ(Page(), 1);
+}
+
+TEST_F(ReportViewerTest, SaysWhenATextIsNotFound) {
+    View();
+    Key(Qt::Key_F);
+    auto& box = Find<QLineEdit>(viewer, "txtFind");
+    Type(box, u"nobody"_s);
+    Press(box, Qt::Key_Return);
+    EXPECT_EQ(Status(), u"Not found"_s);
+    Type(box, u"x"_s);
+    EXPECT_EQ(Status(), QString()) << "another text, another search";
+}
+
+TEST_F(ReportViewerTest, SearchWithoutATextAsksForIt) {
+    View();
+    Key(Qt::Key_F3, Qt::NoModifier);
+    EXPECT_TRUE(Find<QLineEdit>(viewer, "txtFind").hasFocus());
+}
+
+TEST_F(ReportViewerTest, EscapeAsksToClose) {
+    View();
+    QSignalSpy closes(&viewer, &ReportViewer::CloseRequested);
+    Key(Qt::Key_Escape, Qt::NoModifier);
+    EXPECT_EQ(closes.size(), 1);
+    Key(Qt::Key_F);
+    Key(Qt::Key_Escape, Qt::NoModifier);
+    EXPECT_EQ(closes.size(), 2);
+}
+
+TEST_F(ReportViewerTest, TheGroupTreeCannotBeOpenedUnlessItIsEnabled) {
+    viewer.EnableGroupTree(false);
+    View();
+    Key(Qt::Key_T);
+    EXPECT_FALSE(TreeIsShown());
+    viewer.DisplayGroupTree(true);
+    EXPECT_FALSE(TreeIsShown());
+}
+
+TEST_F(ReportViewerTest, TheGroupTreeOpensAndGoesToItsGroups) {
+    viewer.EnableGroupTree(true);
+    View();
+    EXPECT_FALSE(TreeIsShown()) << "enabled is not yet shown";
+    Key(Qt::Key_T);
+    ASSERT_TRUE(TreeIsShown());
+    auto& tree = Find<QTreeView>(viewer, "GroupTree");
+    ASSERT_EQ(tree.model()->rowCount(), 2);
+    EXPECT_EQ(tree.model()->index(1, 0).data().toString(), u"WARD 2"_s);
+    tree.setCurrentIndex(tree.model()->index(1, 0));
+    EXPECT_EQ(Page(), 2);
+    Key(Qt::Key_T);
+    EXPECT_FALSE(TreeIsShown());
+    viewer.DisplayGroupTree(true);
+    EXPECT_TRUE(TreeIsShown());
+    viewer.EnableGroupTree(false);
+    EXPECT_FALSE(TreeIsShown());
+}
+
+TEST_F(ReportViewerTest, TheGroupTreeTurnsNoPageUntilAGroupIsChosen) {
+    viewer.EnableGroupTree(true);
+    View();
+    Key(Qt::Key_PageDown);
+    Key(Qt::Key_T);
+    auto& tree = Find<QTreeView>(viewer, "GroupTree");
+    tree.setFocus();
+    EXPECT_EQ(Page(), 2);
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {},
+                      tree.visualRect(tree.model()->index(0, 0)).center());
+    EXPECT_EQ(Page(), 1);
+    Press(tree, Qt::Key_Down);
+    EXPECT_EQ(Page(), 2);
+    viewer.ViewReport();
+    EXPECT_EQ(Page(), 1);
+}
+
+TEST_F(ReportViewerTest, TheNumberedSwitchesChangeNothing) {
+    View();
+    viewer.SetSwitch258(true);
+    viewer.SetSwitch259(true);
+    EXPECT_EQ(Page(), 1);
+    EXPECT_FALSE(TreeIsShown());
+}
+
+TEST_F(ReportViewerTest, SavesAsPdf) {
+    View();
+    answeredFile = programDirectory.filePath(u"census.pdf"_s);
+    Key(Qt::Key_S);
+    EXPECT_EQ(suggestedFile, u"Census.pdf"_s);
+    EXPECT_TRUE(TextOfPdf(answeredFile).contains(u"PATIENT 12"_s));
+}
+
+TEST_F(ReportViewerTest, SavesItsRows) {
+    View();
+    answeredFile = programDirectory.filePath(u"census.csv"_s);
+    Key(Qt::Key_E);
+    EXPECT_EQ(suggestedFile, u"Census.csv"_s);
+    EXPECT_TRUE(ReadFile(answeredFile).contains("WARD 2,PATIENT 12\r\n"));
+}
+
+TEST_F(ReportViewerTest, SavesNothingWhenTheClerkGivesUp) {
+    View();
+    Key(Qt::Key_S);
+    Key(Qt::Key_E);
+    EXPECT_TRUE(QDir(programDirectory.path()).isEmpty());
+}
+
+TEST_F(ReportViewerTest, AFailureToSaveIsToldAndLeavesTheViewer) {
+    View();
+    answeredFile = u"/no/such/folder/census.pdf"_s;
+    const QString told = u"\"/no/such/folder/census.pdf\" could not be saved.\n\nNo such file or directory"_s;
+    messages.Expect({.text = told, .icon = MsgIcon::Exclamation, .title = u"Census Report"_s});
+    Key(Qt::Key_S);
+    messages.Expect({.text = told, .icon = MsgIcon::Exclamation, .title = u"Census Report"_s});
+    Key(Qt::Key_E);
+    Key(Qt::Key_PageDown);
+    EXPECT_EQ(Page(), 2);
+}
+
+TEST_F(ReportViewerTest, PrintsOnTheChosenPrinter) {
+    View();
+    const QString file = programDirectory.filePath(u"paper.pdf"_s);
+    SetPrinterChooser([&](QPrinter& printer) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(file);
+        printer.setPrintRange(QPrinter::PageRange);
+        printer.setFromTo(4, 4);
+        return true;
+    });
+    Key(Qt::Key_P);
+    EXPECT_EQ(TextOfPdf(file).simplified(), u"4 of 4 WARD 2 PATIENT 12"_s);
+}
+
+TEST_F(ReportViewerTest, PrintsNothingWhenTheClerkGivesUp) {
+    View();
+    int asked = 0;
+    SetPrinterChooser([&](QPrinter& printer) {
+        ++asked;
+        printer.setOutputFileName(programDirectory.filePath(u"paper.pdf"_s));
+        return false;
+    });
+    Key(Qt::Key_P);
+    EXPECT_EQ(asked, 1);
+    EXPECT_TRUE(QDir(programDirectory.path()).isEmpty());
+}
+
+TEST_F(ReportViewerTest, AFailureToPrintIsTold) {
+    View();
+    SetPrinterChooser([](QPrinter& printer) {
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(u"/no/such/folder/paper.pdf"_s);
+        return true;
+    });
+    messages.Expect(
+        {.text = u"The report could not be printed.\n\nThe printer \"\" did not take the report."_s,
+         .icon = MsgIcon::Exclamation,
+         .title = u"Census Report"_s});
+    Key(Qt::Key_P);
+}
+
+TEST_F(ReportViewerTest, ShowsNoPageWhenTheClerkGivesNoValues) {
+    QTimer::singleShot(0, qApp, [] { Press(*QApplication::activeModalWidget(), Qt::Key_Escape); });
+    View(u"<parameters><parameter name=\"Day\" type=\"date\" prompt=\"Day\"/></parameters>"_s);
+    EXPECT_EQ(Status(), u"The report was not given its values."_s);
+    EXPECT_TRUE(database.commands.isEmpty());
+    EXPECT_EQ(Page(), 0);
+}

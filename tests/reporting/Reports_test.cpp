@@ -1,0 +1,178 @@
+#include "ReportFixture.h"
+#include "reporting/PageView.h"
+#include "reporting/Reports.h"
+#include "reporting/ReportViewer.h"
+#include "support/ScreenTest.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTimer>
+#include <QToolButton>
+#include <QTreeView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kParameters = uR"(<parameters>
+<parameter name="Number" type="text" prompt="Number"/>
+<parameter name="Day" type="date" prompt="Day"/>
+<parameter name="Moment" type="datetime" prompt="Moment" value="01/02/2003"/>
+</parameters>)";
+
+class ReportsTest : public ScreenTest {
+  protected:
+    ReportsTest() { database.Set(u"SELECT"_s, Rows({u"A"_s}, {{u"row"_s}})); }
+    ~ReportsTest() override { gReport = nullptr; }
+
+    void Open(const std::vector<Value>& values, QStringView parameters = kParameters) {
+        WriteFile(
+            programDirectory, u"Slip.RPT"_s,
+            SmallTemplate(parameters.toString() +
+                          u"<detail height=\"5\"><text x=\"0\" y=\"0\" width=\"50\">{A}</text></detail>"_s));
+        OpenReport(programDirectory.path() + u"\\slip.rpt"_s, values);
+    }
+
+    std::optional<Value> ValueOf(size_t field) { return gReport->ParameterFields()[field].CurrentValue(); }
+
+    /// Shows the report and runs what the clerk does in its window.
+    static void Show(bool showGroupTree, bool directPrint, const std::function<void(QWidget&)>& clerk) {
+        QTimer::singleShot(0, qApp, [&] {
+            QWidget* window = QApplication::activeModalWidget();
+            ASSERT_TRUE(window && window->objectName() == u"frmReportviewer"_s);
+            clerk(*window);
+            window->close();
+        });
+        ShowReport(showGroupTree, u"Print ChargeSlip"_s, directPrint);
+    }
+
+    ReportDatabase database;
+};
+
+const Value kDay = DateTime::FromFields({2026, 11, 21, 0, 0, 0, 0}).value();
+
+} // namespace
+
+TEST_F(ReportsTest, OpenReportLogsEachTableOnAsTheUser) {
+    Open({u"H1C"_s, kDay});
+    for (const ReportTable& table : gReport->Tables()) {
+        EXPECT_EQ(table.LogOn().server, u"HOSPITAL"_s);
+        EXPECT_EQ(table.LogOn().database, u"PASSWORD"_s);
+        EXPECT_EQ(table.LogOn().user, u"NURSE"_s);
+        EXPECT_EQ(table.LogOn().password, u"secret"_s);
+        EXPECT_EQ(table.Location(), u"D.dbo.T"_s) << "the location stays as stored";
+    }
+}
+
+TEST_F(ReportsTest, OpenReportReadsThePasswordAnewForEachLogOn) {
+    Open({});
+    EXPECT_EQ(user->passwordReads, 1);
+    Open({});
+    EXPECT_EQ(user->passwordReads, 2);
+    SetTableLogOn(gReport->Tables()[0], u"REPORTS"_s);
+    EXPECT_EQ(user->passwordReads, 3);
+}
+
+TEST_F(ReportsTest, OpenReportFillsTheParametersInOrder) {
+    Open({u"H1C"_s, kDay, kDay});
+    EXPECT_EQ(ValueOf(0), Value(u"H1C"_s));
+    EXPECT_EQ(ValueOf(1), kDay);
+    EXPECT_EQ(ValueOf(2), kDay);
+}
+
+TEST_F(ReportsTest, ADateGivenAsTextReachesTheReportAsADate) {
+    Open({u"H1C"_s, u"11/21/2026"_s, u"11/21/2026 02:15:36 PM"_s});
+    EXPECT_EQ(ValueOf(1), kDay);
+    EXPECT_EQ(ValueOf(2), Value(DateTime::FromFields({2026, 11, 21, 14, 15, 36, 0}).value()));
+}
+
+TEST_F(ReportsTest, ATextForATextParameterIsNotConverted) {
+    Open({u"11/21/2026"_s});
+    EXPECT_EQ(ValueOf(0), Value(u"11/21/2026"_s));
+}
+
+TEST_F(ReportsTest, ADateThatIsNoneRaisesATypeMismatch) {
+    EXPECT_EQ(FailureOf([this] { Open({u"H1C"_s, u"today"_s}); }), u"Type mismatch"_s);
+    EXPECT_EQ(FailureOf([this] { Open({u"H1C"_s, Value()}); }), u"Invalid use of Null"_s);
+}
+
+TEST_F(ReportsTest, SurplusValuesAreDropped) {
+    Open({u"H1C"_s, kDay, kDay, u"today is no date, and nobody minds"_s});
+    EXPECT_EQ(gReport->ParameterFields().size(), 3U);
+}
+
+TEST_F(ReportsTest, SurplusParametersKeepWhatTheTemplateHas) {
+    Open({u"H1C"_s});
+    EXPECT_FALSE(ValueOf(1).has_value());
+    EXPECT_EQ(ValueOf(2), Value(DateTime::FromFields({2003, 1, 2, 0, 0, 0, 0}).value()));
+}
+
+TEST_F(ReportsTest, NoValuesFillNothing) {
+    Open({});
+    EXPECT_FALSE(ValueOf(0).has_value());
+}
+
+TEST_F(ReportsTest, AReportWithoutParametersIgnoresItsValues) {
+    Open({u"H1C"_s, kDay}, u"");
+    EXPECT_TRUE(gReport->ParameterFields().empty());
+}
+
+TEST_F(ReportsTest, AMissingTemplateRaisesFileNotFoundAndKeepsThePathInTheText) {
+    EXPECT_EQ(FailureOf([] { OpenReport(u"/nowhere/Slip.RPT"_s, {}); }),
+              u"File not found: /nowhere/Slip.RPT"_s);
+}
+
+TEST_F(ReportsTest, SetTableLogOnReplacesTheDatabaseAndLogsOnThere) {
+    Open({});
+    ReportTable& table = gReport->Tables()[0];
+    table.SetLocation(u"RADIOLOGY.dbo.tbRequest"_s);
+    SetTableLogOn(table, u"PATIENT_DATA"_s);
+    EXPECT_EQ(table.Location(), u"PATIENT_DATA.dbo.tbRequest"_s);
+    EXPECT_EQ(table.LogOn().server, u"HOSPITAL"_s);
+    EXPECT_EQ(table.LogOn().database, u"PATIENT_DATA"_s);
+    EXPECT_EQ(table.LogOn().user, u"NURSE"_s);
+    EXPECT_EQ(table.LogOn().password, u"secret"_s);
+}
+
+TEST_F(ReportsTest, ShowReportPresentsTheReportUntilItsWindowCloses) {
+    Open({u"H1C"_s, kDay}, u"");
+    bool shown = false;
+    Show(false, false, [&](QWidget& window) {
+        shown = true;
+        EXPECT_EQ(window.windowTitle(), u"Print ChargeSlip"_s);
+        EXPECT_EQ(Find<ReportViewer>(window, "CRViewer1").size(), window.size());
+        EXPECT_EQ(Find<QLabel>(window, "lblPages").text(), u"of 1"_s);
+        EXPECT_TRUE(gReport.IsSet());
+    });
+    EXPECT_TRUE(shown);
+    EXPECT_FALSE(gReport.IsSet()) << "closing the viewer clears the report";
+}
+
+TEST_F(ReportsTest, GroupTreeAndDirectPrintChangeNothing) {
+    Open({}, u"");
+    Show(true, true, [](QWidget& window) {
+        EXPECT_FALSE(Find<QTreeView>(window, "GroupTree").isVisible());
+        EXPECT_FALSE(Find<QToolButton>(window, "cmdGroupTree").isVisible());
+        EXPECT_TRUE(Find<PageView>(window, "PageView").isVisible()) << "the report is previewed";
+        EXPECT_EQ(Find<PageView>(window, "PageView").CurrentPage(), 1);
+    });
+}
+
+TEST_F(ReportsTest, ShowReportWithoutAReportRaisesObjectNotSet) {
+    EXPECT_EQ(FailureOf([] { ShowReport(false, u"Slip"_s, false); }),
+              u"Object variable or With block variable not set"_s);
+}
+
+TEST_F(ReportsTest, ATemplateWithMoreParametersThanValuesAsksForTheRest) {
+    Open({u"H1C"_s});
+    QTimer::singleShot(0, qApp, [] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        ASSERT_TRUE(dialog && dialog->objectName() == u"ReportParameters"_s);
+        Type(Find<QLineEdit>(*dialog, "txtDay"), u"11/21/2026"_s);
+        Press(Find<QLineEdit>(*dialog, "txtDay"), Qt::Key_Return);
+        QTimer::singleShot(0, qApp, [] { QApplication::activeModalWidget()->close(); });
+    });
+    ShowReport(false, u"Slip"_s, false);
+    EXPECT_EQ(database.commands.size(), 1);
+}
