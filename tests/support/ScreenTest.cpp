@@ -1,5 +1,6 @@
 #include "support/ScreenTest.h"
 
+#include "patients/PatientContext.h"
 #include "shell/shared.h"
 #include "text/Clock.h"
 #include "toolkit/Failure.h"
@@ -15,6 +16,7 @@ using namespace Qt::StringLiterals;
 
 ScreenTest::ScreenTest() {
     ResetShared();
+    ResetPatientContext();
     ResetFocusTracking();
     SetClock([] { return DateTime::FromFields({2026, 11, 21, 10, 30, 15, 0}).value(); });
     SetProgramDirectory(programDirectory.path());
@@ -38,6 +40,7 @@ ScreenTest::~ScreenTest() {
     SetProgramDirectory({});
     SetClock({});
     ResetShared();
+    ResetPatientContext();
 }
 
 int ScreenTest::TakeFailure() {

@@ -1,0 +1,269 @@
+#include "charges/ChargeGrid.h"
+
+#include "shell/shared.h"
+#include "toolkit/FlexGrid.h"
+#include "toolkit/Focus.h"
+#include "toolkit/Keys.h"
+#include "toolkit/Look.h"
+#include "toolkit/MsgBox.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRows = 9;
+constexpr int kFixedWidth = 200;
+constexpr int kNormalWidth = 1000;
+constexpr int kParticularWidth = 4000;
+
+} // namespace
+
+ChargeGrid::ChargeGrid(QWidget* frame, QLineEdit* total, const ChargeGridDifferences& differences)
+    : QObject(frame)
+    , grdTable(new FlexGrid(frame))
+    , txtEntry(NewTextBox(u"txtEntry"_s, frame))
+    , mTotal(total)
+    , mLines(grdTable->Cells(), differences)
+    , mLookup(grdTable->Cells(), mLines, *this) {
+    grdTable->setObjectName(u"grdTable"_s);
+    grdTable->setAccessibleName(u"Charges"_s);
+    txtEntry->setAccessibleName(u"Entry of the current cell"_s);
+    txtEntry->setFrame(false);
+    txtEntry->setProperty("floating", true);
+    txtEntry->hide();
+    Wire();
+}
+
+void ChargeGrid::Wire() {
+    connect(grdTable, &FlexGrid::LeaveCell, this, [this] { grdTable_LeaveCell(); });
+    connect(grdTable, &FlexGrid::EnterCell, this, [this] { grdTable_EnterCell(); });
+    connect(grdTable, &FlexGrid::RowColChange, this, &ChargeGrid::grdTable_RowColChange);
+    connect(grdTable, &FlexGrid::Click, this, &ChargeGrid::grdTable_Click);
+    OnGotFocus(grdTable, [this] { grdTable_GotFocus(); });
+    connect(txtEntry, &QLineEdit::textChanged, this, &ChargeGrid::txtEntry_Change);
+    OnKeyDown(txtEntry, [this](int keyCode) { return txtEntry_KeyDown(keyCode); });
+    OnKeyPress(txtEntry, [this](int& key) { txtEntry_KeyPress(key); });
+    OnGotFocus(txtEntry, [this] { txtEntry_GotFocus(); });
+    txtEntry->installEventFilter(this);
+    grdTable->viewport()->installEventFilter(this);
+    for (QScrollBar* bar : {grdTable->horizontalScrollBar(), grdTable->verticalScrollBar()})
+        connect(bar, &QScrollBar::valueChanged, this, &ChargeGrid::PlaceEditor);
+}
+
+FlexCells& ChargeGrid::Cells() {
+    return grdTable->Cells();
+}
+
+const FlexCells& ChargeGrid::Cells() const {
+    return grdTable->Cells();
+}
+
+QString ChargeGrid::Text(int row, int col) const {
+    return Cells().TextMatrix(row, col);
+}
+
+void ChargeGrid::SetRedraw(bool on) {
+    grdTable->SetRedraw(on);
+}
+
+void ChargeGrid::ResetLineCount() {
+    gLineCount = 0;
+    gLineCount2 = 0;
+}
+
+void ChargeGrid::SetupGrid() {
+    mLines.ResetColumns();
+    FlexCells& cells = Cells();
+    cells.SetCols(Column::kCount);
+    cells.SetRows(kRows);
+    const ChargeGridDifferences& differences = mLines.Differences();
+    for (int col = 0; col < Column::kCount; ++col)
+        grdTable->SetColWidth(col, col <= Column::kAmount ? kNormalWidth : 0);
+    grdTable->SetColWidth(0, kFixedWidth);
+    grdTable->SetColWidth(Column::kParticular, kParticularWidth);
+    cells.SetTextMatrix(0, Column::kDepartment, u"Department"_s);
+    cells.SetTextMatrix(0, Column::kCode, u"Code"_s);
+    cells.SetTextMatrix(0, Column::kParticular, u"Particular"_s);
+    cells.SetTextMatrix(0, differences.quantityCol, u"Quantity"_s);
+    cells.SetTextMatrix(0, differences.priceCol, u"Price"_s);
+    cells.SetTextMatrix(0, Column::kAmount, u"Amount"_s);
+    cells.SetTextMatrix(0, Column::kWithItems, u"With Items"_s);
+    for (const int col : {differences.quantityCol, differences.priceCol, Column::kAmount})
+        cells.SetAlignment(col, Qt::AlignRight);
+    FollowCutGrid();
+}
+
+void ChargeGrid::FollowCutGrid() {
+    if (mEditorRow < Cells().Rows())
+        return;
+    // The line under the editor is gone; left where it was, its text would be keyed into another line.
+    mEditorRow = Cells().Row();
+    mEditorCol = Cells().Col();
+    txtEntry->setText(Cells().Text());
+    PlaceEditor();
+}
+
+QString ChargeGrid::EditorText() const {
+    return txtEntry->text();
+}
+
+void ChargeGrid::SetEditorText(const QString& text) {
+    txtEntry->setText(text);
+}
+
+/// Called before each move made by code; nothing is due when a cell is left.
+void ChargeGrid::grdTable_LeaveCell() {}
+
+void ChargeGrid::grdTable_EnterCell() {
+    mLines.SetAmountLock();
+    FlexCells& cells = Cells();
+    if (mLines.IsLocked(cells.Col()))
+        return;
+    txtEntry->setText(cells.Text());
+    mEditorRow = cells.Row();
+    mEditorCol = cells.Col();
+    const bool isAmount = mEditorCol == Column::kAmount || mEditorCol == 4 || mEditorCol == 5;
+    txtEntry->setAlignment(isAmount ? Qt::AlignRight : Qt::AlignLeft);
+    // Tab reaches the grid through its editor from now on, and Shift+Tab leaves it.
+    grdTable->setFocusPolicy(Qt::NoFocus);
+    grdTable->Reveal(mEditorRow, mEditorCol);
+    PlaceEditor();
+    txtEntry->show();
+    txtEntry->raise();
+    txtEntry->setSelection(0, int(txtEntry->text().size()));
+    txtEntry->setFocus();
+}
+
+void ChargeGrid::PlaceEditor() {
+    if (mEditorRow == 0)
+        return;
+    const QRect cell = grdTable->CellRect(mEditorRow, mEditorCol);
+    const bool inSight = grdTable->viewport()->geometry().contains(cell.center());
+    // A cell that was scrolled away takes the editor out of sight, but keeps it in use.
+    txtEntry->setGeometry(inSight ? cell.translated(grdTable->pos())
+                                  : QRect(QPoint(-2 * cell.width(), 0), cell.size()));
+}
+
+void ChargeGrid::grdTable_RowColChange() {
+    FlexCells& cells = Cells();
+    if (cells.Text().isEmpty())
+        cells.SetCol(Column::kDepartment);
+}
+
+void ChargeGrid::txtEntry_Change(const QString& text) {
+    Cells().SetText(text);
+}
+
+bool ChargeGrid::txtEntry_KeyDown(int keyCode) {
+    const int row = Cells().Row();
+    if (keyCode == Key::kUp && row > 1)
+        MoveToRow(row - 1);
+    else if (keyCode == Key::kDown && row < Cells().Rows() - 1)
+        MoveToRow(row + 1);
+    return keyCode == Key::kUp || keyCode == Key::kDown;
+}
+
+void ChargeGrid::MoveToRow(int row) {
+    grdTable_LeaveCell();
+    Cells().SetRow(row);
+    grdTable_EnterCell();
+}
+
+void ChargeGrid::MoveToColumn(int col) {
+    Cells().SetCol(col);
+    grdTable_EnterCell();
+}
+
+void ChargeGrid::txtEntry_GotFocus() {
+    if (mLines.PassesOverOnFocus()) {
+        grdTable_LeaveCell();
+        mLines.NextCell();
+        grdTable_EnterCell();
+    }
+}
+
+void ChargeGrid::txtEntry_KeyPress(int& keyAscii) {
+    if (keyAscii == Key::kEnter) {
+        if (!EnterInColumn())
+            return;
+        MoveOnFromColumn();
+    }
+    if (keyAscii == Key::kEscape)
+        grdTable_LeaveCell();
+    keyAscii = mLines.FilterKey(keyAscii);
+}
+
+bool ChargeGrid::EnterInColumn() {
+    const int col = Cells().Col();
+    const ChargeGridDifferences& differences = mLines.Differences();
+    if (col == Column::kDepartment) {
+        DepartmentStep();
+        return false;
+    }
+    if (col == differences.quantityCol)
+        return EnterInQuantity();
+    if (col == differences.priceCol)
+        mLines.RewriteAsAmount();
+    if (col == Column::kAmount) {
+        mLines.RewriteAsAmount();
+        ComputeTotal();
+    }
+    return true;
+}
+
+bool ChargeGrid::EnterInQuantity() {
+    if (!mLines.IsQuantity(txtEntry->text())) {
+        MsgBox({.text = u"Input quantity."_s, .icon = MsgIcon::Exclamation});
+        grdTable_LeaveCell();
+        MoveToColumn(mLines.Differences().quantityCol);
+        return false;
+    }
+    mLines.ComputeAmount();
+    ComputeTotal();
+    return true;
+}
+
+void ChargeGrid::MoveOnFromColumn() {
+    if (mLines.IsChecked(Cells().Col())) {
+        QString code = Cells().Text();
+        mLookup.EnterCode(code, mLines.OnDoctorsFeeLine());
+        return;
+    }
+    grdTable_LeaveCell();
+    mLines.NextCell();
+    grdTable_EnterCell();
+}
+
+void ChargeGrid::DepartmentStep() {
+    if (!mRevenue)
+        mRevenue = std::make_unique<clsRevenueCode>();
+    if (!mRevenue->ValidateRevenue(Cells().TextMatrix(Cells().Row(), Column::kDepartment))) {
+        MoveToColumn(Column::kDepartment);
+        return;
+    }
+    const int next = mLines.WriteCentre(*mRevenue);
+    mLookup.CurrentRevenueID = mRevenue->RevenueID();
+    ++gLineCount;
+    MoveToColumn(next);
+}
+
+void ChargeGrid::ComputeTotal() {
+    mTotal->setText(mLines.ComputeTotal());
+}
+
+bool ChargeGrid::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == grdTable->viewport() && event->type() == QEvent::Resize) {
+        PlaceEditor();
+    } else if (watched == txtEntry && event->type() == QEvent::ShortcutOverride) {
+        // Without this a button or the grid would take the keys that move between the cells.
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape || key == Qt::Key_Up ||
+            key == Qt::Key_Down)
+            event->accept();
+    }
+    return false;
+}

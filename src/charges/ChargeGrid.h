@@ -1,0 +1,87 @@
+#pragma once
+
+#include "charges/ChargeLines.h"
+#include "charges/clsRevenueCode.h"
+#include "charges/ItemLookup.h"
+
+#include <QObject>
+
+#include <memory>
+
+class FlexGrid;
+class QLineEdit;
+class QWidget;
+
+/// A charge screen's way of keying: the grid whose cells are edited through one floating text box, laid over
+/// the current cell. Both charge screens have one; what tells them apart stands in their
+/// ChargeGridDifferences.
+class ChargeGrid : public QObject, private LineEditor {
+    Q_OBJECT
+
+  public:
+    /// Makes `grdTable` and `txtEntry` inside the frame; `total` is the screen's total box.
+    ChargeGrid(QWidget* frame, QLineEdit* total, const ChargeGridDifferences& differences);
+
+    FlexGrid* Grid() const { return grdTable; }
+    QLineEdit* Editor() const { return txtEntry; }
+    const FlexCells& Cells() const;
+    FlexCells& Cells();
+
+    /// Columns, sizes, headers: 8 lines, whatever was keyed below them.
+    void SetupGrid();
+    /// The first arrival at the end of the last line moves nothing again.
+    void DisarmLastRow() { mLines.DisarmLastRow(); }
+    /// Writes the sum of the lines into the total box.
+    void ComputeTotal();
+    /// Whether the code stands on another line of the current line's department.
+    bool Check_Code(const QString& strCode) const { return mLines.Check_Code(strCode); }
+    /// Off: changes of the grid do not show until it is on again.
+    void SetRedraw(bool on) override;
+    /// Empties the line counters; each charge screen calls it when it unloads.
+    static void ResetLineCount();
+
+    /// A line's text in a column.
+    QString Text(int row, int col) const;
+
+    ItemLookup& Lookup() { return mLookup; }
+    ChargeLines& Lines() { return mLines; }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void Wire();
+
+    QString EditorText() const override;
+    void SetEditorText(const QString& text) override;
+    void grdTable_LeaveCell() override;
+    void grdTable_EnterCell() override;
+    void grdTable_RowColChange();
+    void grdTable_Click() { grdTable_EnterCell(); }
+    void grdTable_GotFocus() { grdTable_EnterCell(); }
+    void txtEntry_KeyPress(int& keyAscii);
+    bool txtEntry_KeyDown(int keyCode);
+    void txtEntry_Change(const QString& text);
+    void txtEntry_GotFocus();
+
+    /// What Enter does in a column. False when the handler ends there, without moving on.
+    bool EnterInColumn();
+    bool EnterInQuantity();
+    void MoveOnFromColumn();
+    void DepartmentStep();
+    void MoveToColumn(int col);
+    void MoveToRow(int row);
+    void PlaceEditor();
+    /// Brings the editor to the current cell when its own line was cut off.
+    void FollowCutGrid();
+
+    FlexGrid* grdTable;
+    QLineEdit* txtEntry;
+    QLineEdit* mTotal;
+    ChargeLines mLines;
+    ItemLookup mLookup;
+    std::unique_ptr<clsRevenueCode> mRevenue;
+    /// The cell that the editor lies over.
+    int mEditorRow = 0;
+    int mEditorCol = 0;
+};

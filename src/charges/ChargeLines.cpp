@@ -1,0 +1,157 @@
+#include "charges/ChargeLines.h"
+
+#include "charges/clsRevenueCode.h"
+#include "text/Format.h"
+#include "text/UCase.h"
+#include "text/Val.h"
+#include "toolkit/FlexCells.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kMoney = u"0.00";
+constexpr auto kQuantityKeys = "1234567890."_L1;
+
+} // namespace
+
+ChargeLines::ChargeLines(FlexCells& cells, const ChargeGridDifferences& differences)
+    : mCells(cells)
+    , mDifferences(differences) {}
+
+void ChargeLines::ResetColumns() {
+    mColLocked = mDifferences.locked;
+    mColChecked = {};
+    mColChecked[Column::kCode] = true;
+    mColInput = {};
+    mColInput[Column::kDepartment] = Input::UpperCase;
+    mColInput[Column::kCode] = Input::UpperCase;
+    mColInput[static_cast<size_t>(mDifferences.quantityCol)] = Input::Number;
+    mColInput[static_cast<size_t>(mDifferences.priceCol)] = Input::Price;
+}
+
+void ChargeLines::SetAmountLock() {
+    if (mDifferences.amountClosedOnHC)
+        SetLocked(Column::kAmount,
+                  mCells.TextMatrix(mCells.Row(), Column::kDepartment) == Department::kEarCare);
+}
+
+int ChargeLines::FilterKey(int keyAscii) const {
+    switch (mColInput[static_cast<size_t>(mCells.Col())]) {
+    case Input::UpperCase:
+        return UCase(QChar(keyAscii)).unicode();
+    case Input::Number:
+        return keyAscii >= u' ' && !kQuantityKeys.contains(QChar(keyAscii)) ? 0 : keyAscii;
+    default:
+        return keyAscii;
+    }
+}
+
+bool ChargeLines::OnDoctorsFeeLine() const {
+    return mCells.TextMatrix(mCells.Row(), Column::kDepartment) == Department::kDoctorsFee;
+}
+
+bool ChargeLines::PassesOverOnFocus() const {
+    const int row = mCells.Row();
+    if (mCells.Col() == mDifferences.priceCol)
+        return mCells.TextMatrix(row, Column::kZeroPrice) == u"N"_s;
+    if (mCells.Col() == Column::kAmount)
+        return mCells.TextMatrix(row, mDifferences.amountJumpCol) == u"Y"_s;
+    return false;
+}
+
+int ChargeLines::FirstOpen(int from) const {
+    for (int col = from; col < mCells.Cols(); ++col) {
+        if (!IsLocked(col))
+            return col;
+    }
+    return 0;
+}
+
+void ChargeLines::NextCell() {
+    const int forward = mCells.Col() == Column::kAmount ? 0 : FirstOpen(mCells.Col() + 1);
+    if (forward != 0) {
+        mCells.SetCol(forward);
+        return;
+    }
+    const int next = FirstOpen(Column::kDepartment);
+    if (mCells.Row() == mCells.Rows() - 1) {
+        if (!mLastRowArmed) {
+            mLastRowArmed = true;
+            return;
+        }
+        mCells.SetRows(mCells.Rows() + 1);
+    }
+    mCells.SetCell(mCells.Row() + 1, next);
+}
+
+int ChargeLines::WriteCentre(const clsRevenueCode& centre) {
+    const int row = mCells.Row();
+    mCells.SetTextMatrix(row, Column::kDepartment, centre.RevenueID());
+    mCells.SetTextMatrix(row, Column::kParticular, centre.Revenue());
+    const QString quantity = mCells.TextMatrix(row, mDifferences.quantityCol);
+    if (!mDifferences.quantityKept || quantity.trimmed().isEmpty())
+        mCells.SetTextMatrix(row, mDifferences.quantityCol, u"1"_s);
+    if (mDifferences.centreWritten) {
+        mCells.SetTextMatrix(row, Column::kWithItems, centre.WithItems());
+        mCells.SetTextMatrix(row, Column::kZeroPrice, u"N"_s);
+        mCells.SetTextMatrix(row, Column::kSearchInventory, centre.SearchInventory() ? u"Y"_s : u"N"_s);
+        mCells.SetTextMatrix(row, Column::kLocationID, centre.LocationID());
+    }
+    const bool codeIsKeyed = centre.WithItems() == u"Y"_s || centre.SearchInventory() ||
+                             centre.RevenueID() == Department::kDoctorsFee;
+    return codeIsKeyed ? Column::kCode : Column::kAmount;
+}
+
+bool ChargeLines::IsQuantity(const QString& text) const {
+    return !text.isEmpty() && text != mCells.TextMatrix(0, mDifferences.quantityCol);
+}
+
+void ChargeLines::ComputeAmount() {
+    const int row = mCells.Row();
+    const double price = Val(mCells.TextMatrix(row, mDifferences.priceCol));
+    const double quantity = Val(mCells.TextMatrix(row, mDifferences.quantityCol));
+    mCells.SetTextMatrix(row, Column::kAmount, Format(price * quantity, kMoney));
+}
+
+QString ChargeLines::ComputeTotal() const {
+    double total = 0;
+    for (int row = 1; row < mCells.Rows(); ++row)
+        total += Val(mCells.TextMatrix(row, Column::kAmount));
+    return Format(total, kMoney);
+}
+
+void ChargeLines::RewriteAsAmount() {
+    mCells.SetText(Format(Val(mCells.Text()), kMoney));
+}
+
+bool ChargeLines::Check_Code(const QString& strCode) const {
+    const QString department = mCells.TextMatrix(mCells.Row(), Column::kDepartment).trimmed();
+    // Kept: the last line is left out, however many lines there are; CheckDuplicateExam sees it afterwards.
+    for (int row = 1; row <= mCells.Rows() - 2; ++row) {
+        if (row != mCells.Row() && mCells.TextMatrix(row, Column::kDepartment).trimmed() == department &&
+            mCells.TextMatrix(row, Column::kCode).trimmed() == strCode.trimmed())
+            return true;
+    }
+    return false;
+}
+
+bool ChargeLines::CheckDuplicateExam(int row, const QString& department, const QString& code) const {
+    // Kept: the department is compared with the current line's own, so a code is refused on any other line,
+    // under whatever department it stands there.
+    const bool sameDepartment = mCells.TextMatrix(mCells.Row(), Column::kDepartment) == department;
+    for (int other = 1; other < mCells.Rows(); ++other) {
+        if (other != row && sameDepartment && mCells.TextMatrix(other, Column::kCode) == code)
+            return true;
+    }
+    return false;
+}
+
+bool ChargeLines::IsSupplyFree(const QString& department, const QString& code, int row) const {
+    for (int other = 1; other < mCells.Rows(); ++other) {
+        if (other != row && mCells.TextMatrix(other, Column::kDepartment) == department &&
+            mCells.TextMatrix(other, Column::kCode) == code)
+            return false;
+    }
+    return true;
+}

@@ -1,0 +1,44 @@
+#include "charges/commands.h"
+
+using namespace Qt::StringLiterals;
+
+QString ExactRevenueCommand(const QString& code) {
+    return u"Clinical_Area..spEarCare_SearchRevenue '1','"_s + code + u"'"_s;
+}
+
+QString PartialRevenueCommand(const QString& text) {
+    return u"Clinical_Area..spEarCare_SearchRevenue '2','"_s + text + u"'"_s;
+}
+
+QString RevenueListQuery() {
+    return u"Clinical_Area..spEarCare_SearchRevenue '0','##'"_s;
+}
+
+QString RatesCommand(const QString& revenueID) {
+    return u"Hemodialysis..spKidney_Rates '"_s + revenueID + u"'"_s;
+}
+
+QString ChargeSlipCounterCommand() {
+    return u"Select * from Clinical_Area..tbEarCareChargeSlip"_s;
+}
+
+QString ClearChargePrintCommand() {
+    return u"Delete Clinical_Area..tbEarCareChargePrint"_s;
+}
+
+QString AppendChargingCommand(const ChargePosting& charge) {
+    // Kept: two of the joints carry a blank; the text is what the server has always been sent.
+    return u"Clinical_Area..spEarCare_Append_Charging '"_s + charge.hospitalNumber + u"','"_s +
+           charge.admissionNumber + u"','"_s + charge.moment + u"','"_s + charge.department + u"','"_s +
+           u"D"_s + u"','"_s + charge.code + u"','"_s + charge.quantity + u"', '"_s + charge.slipNumber +
+           u"','"_s + charge.amount + u"','"_s + charge.userCode + u"','"_s + charge.room + u"','"_s +
+           charge.requestingDoctorCode + u"','"_s + charge.admittingDoctorName + u"', '"_s +
+           charge.patientType + u"','"_s + charge.particular + u"'"_s;
+}
+
+QString SaveChargePrintCommand(const ChargePrintLine& line) {
+    // Kept: the last argument is "O" for in-patients too.
+    return u"Clinical_Area..spEarCare_SaveChargePrint '"_s + line.code + u"','"_s + line.amount + u"','"_s +
+           line.quantity + u"','"_s + line.department + u"','"_s + line.particular + u"', '"_s + u"O"_s +
+           u"'"_s;
+}

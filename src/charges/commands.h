@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QString>
+
+/// The command texts of the charge screens. Each argument goes in as it stands; nothing is escaped or
+/// trimmed.
+
+/// The revenue centres with exactly that code.
+QString ExactRevenueCommand(const QString& code);
+/// The revenue centres that begin with the text.
+QString PartialRevenueCommand(const QString& text);
+/// The list of the revenue picker, with "##" where the search text goes.
+QString RevenueListQuery();
+/// The rates of a revenue centre.
+QString RatesCommand(const QString& revenueID);
+
+/// The charge slip counter.
+QString ChargeSlipCounterCommand();
+/// Empties the print table, which all workstations share.
+QString ClearChargePrintCommand();
+
+/// One charge as it is posted to the patient's account.
+struct ChargePosting {
+    QString hospitalNumber;
+    QString admissionNumber;
+    /// "MM/DD/YYYY hh:mm:ss AM/PM".
+    QString moment;
+    QString department;
+    QString code;
+    QString quantity;
+    QString slipNumber;
+    QString amount;
+    QString userCode;
+    QString room;
+    /// The requesting doctor's code and the admitting doctor's name: two different doctors.
+    QString requestingDoctorCode;
+    QString admittingDoctorName;
+    QString patientType;
+    QString particular;
+};
+QString AppendChargingCommand(const ChargePosting& charge);
+
+/// One line of the charge slip as it is printed.
+struct ChargePrintLine {
+    QString code;
+    QString amount;
+    QString quantity;
+    QString department;
+    QString particular;
+};
+QString SaveChargePrintCommand(const ChargePrintLine& line);

@@ -1,0 +1,211 @@
+#include "charges/frmPostCharges.h"
+
+#include "charges/ChargeGrid.h"
+#include "charges/commands.h"
+#include "gateway/CommandGateway.h"
+#include "patients/frmSearchPatient.h"
+#include "patients/PatientContext.h"
+#include "reporting/Reports.h"
+#include "shell/shared.h"
+#include "text/Clock.h"
+#include "text/Format.h"
+#include "text/IsNumeric.h"
+#include "text/UCase.h"
+#include "toolkit/FlexGrid.h"
+#include "toolkit/Keys.h"
+#include "toolkit/MousePointer.h"
+#include "toolkit/MsgBox.h"
+#include "toolkit/ProgramFiles.h"
+#include "toolkit/Screens.h"
+#include "toolkit/SendKeys.h"
+
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kColumnQuantity = kPostChargesDifferences.quantityCol;
+
+} // namespace
+
+frmPostCharges::frmPostCharges() {
+    Layout();
+    Wire();
+}
+
+void frmPostCharges::Wire() {
+    OnKeyPress(txtLastName, [this](int& key) { txtLastName_KeyPress(key); });
+    connect(txtFirstName, &QLineEdit::textChanged, this, &frmPostCharges::txtFirstName_Change);
+    OnKeyPress(txtDocID, [this](int& key) { txtDocID_KeyPress(key); });
+    connect(Command2, &QPushButton::clicked, this, &frmPostCharges::Command2_Click);
+    connect(cmdPrint, &QPushButton::clicked, this, &frmPostCharges::cmdPrint_Click);
+    connect(Command1, &QPushButton::clicked, this, &Form::Unload);
+}
+
+void frmPostCharges::Form_Load() {
+    mGrid->SetupGrid();
+    mGrid->DisarmLastRow();
+    mGrid->ComputeTotal();
+}
+
+void frmPostCharges::Form_Activate() {
+    mGrid->SetupGrid();
+}
+
+void frmPostCharges::Form_Unload() {
+    ChargeGrid::ResetLineCount();
+}
+
+bool frmPostCharges::Check_Code(const QString& strCode) const {
+    return mGrid->Check_Code(strCode);
+}
+
+QString frmPostCharges::FinderText() const {
+    return txtLastName->text();
+}
+
+void frmPostCharges::SetBox(const QString& name, const QString& text) {
+    findChild<QLineEdit*>(name)->setText(text);
+}
+
+void frmPostCharges::Picked() {
+    Show();
+}
+
+void frmPostCharges::txtLastName_KeyPress(int& keyAscii) {
+    keyAscii = UCase(QChar(keyAscii)).unicode();
+    if (keyAscii == Key::kEnter) {
+        SendTab();
+        Screens::Get<frmSearchPatient>().Show();
+    }
+}
+
+void frmPostCharges::txtFirstName_Change(const QString& text) {
+    if (text.isEmpty())
+        return;
+    Frame2->setEnabled(true);
+    Frame4->setEnabled(true);
+}
+
+void frmPostCharges::txtDocID_KeyPress(int& keyAscii) {
+    if (keyAscii != Key::kEnter)
+        return;
+    if (txtDocID->text() == u"0"_s) {
+        txtDoctor->setEnabled(true);
+        txtDoctor->setFocus();
+        return;
+    }
+    gListing->SetSearchMode(true);
+    QString code = txtDocID->text();
+    if (!gListing->SearchListing(code, ListingKind::kDoctor))
+        return;
+    const DoctorListing& doctor = gListing->DoctorRecord();
+    txtRequestingDoc->setText(u"DR. "_s + doctor.FirstName + u" "_s + doctor.LastName);
+    txtDocID->setText(doctor.ResultCode);
+    SendTab();
+}
+
+void frmPostCharges::Command2_Click() {
+    QString text = txtRequestingDoc->text();
+    if (!gListing->SearchListing(text, ListingKind::kDoctor))
+        return;
+    const DoctorListing& doctor = gListing->DoctorRecord();
+    txtRequestingDoc->setText(u"DR. "_s + doctor.LastName + u","_s + doctor.FirstName + u" "_s +
+                              doctor.MiddleName);
+    txtDocID->setText(doctor.ResultCode);
+}
+
+/// Kept: the test looks at the last line and at the first line's particular alone.
+bool frmPostCharges::HasLines() {
+    const int last = mGrid->Cells().Rows() - 1;
+    if (!mGrid->Text(last, Column::kDepartment).isEmpty() || !mGrid->Text(1, Column::kParticular).isEmpty())
+        return true;
+    MsgBox({.text = u"Please Enter type of Exam."_s, .icon = MsgIcon::Exclamation, .title = u"Assessment"_s});
+    return false;
+}
+
+/// Reads and bumps the counter and empties the print table. Without a counter row the number stays empty and
+/// the print table keeps what it has.
+QString frmPostCharges::TakeSlipNumber() {
+    QString slipNumber;
+    RowSet counter = gCurrentUser->SQLConnection()->Open(ChargeSlipCounterCommand(), CursorType::Dynamic,
+                                                         LockType::Optimistic);
+    if (!counter.Eof()) {
+        const Value number = counter.Fields(u"ChargeSlip");
+        slipNumber = u"H"_s + number.ToText().trimmed() + u"C"_s;
+        counter.SetField(u"ChargeSlip", number.ToInteger() + 1);
+        counter.Update();
+        gCurrentUser->SQLConnection()->ExecuteNoResult(ClearChargePrintCommand());
+        gSlipTableCleared = true;
+    }
+    counter.Close();
+    return slipNumber;
+}
+
+void frmPostCharges::SaveLine(int row) {
+    const QString department = mGrid->Text(row, Column::kDepartment);
+    if (department.isEmpty() || department == Department::kPackage)
+        return;
+    gPatientType = IsNumeric(txtId->text()) ? u"I"_s : u"O"_s;
+    const QString code = mGrid->Text(row, Column::kCode);
+    const QString particular = mGrid->Text(row, Column::kParticular);
+    const QString quantity = mGrid->Text(row, kColumnQuantity);
+    const QString amount = mGrid->Text(row, Column::kAmount);
+    CommandGateway& connection = *gCurrentUser->SQLConnection();
+    connection.ExecuteNoResult(AppendChargingCommand({.hospitalNumber = txtPno->text(),
+                                                      .admissionNumber = txtId->text(),
+                                                      .moment = Format(Now(), u"MM/DD/YYYY hh:mm:ss AM/PM"),
+                                                      .department = department,
+                                                      .code = code,
+                                                      .quantity = quantity,
+                                                      .slipNumber = gSlipNumber,
+                                                      .amount = amount,
+                                                      .userCode = gCurrentUser->EmployeeCode(),
+                                                      .room = txtRoom->text(),
+                                                      .requestingDoctorCode = txtDocID->text(),
+                                                      .admittingDoctorName = txtDoctor->text(),
+                                                      .patientType = gPatientType,
+                                                      .particular = particular}));
+    connection.ExecuteNoResult(SaveChargePrintCommand({.code = code,
+                                                       .amount = amount,
+                                                       .quantity = quantity,
+                                                       .department = department,
+                                                       .particular = particular}));
+}
+
+bool frmPostCharges::SaveCharges() {
+    mGrid->SetRedraw(false);
+    // Kept: a refused save leaves the redraw off until the next full one.
+    if (!HasLines())
+        return false;
+    mGrid->SetRedraw(true);
+    SetMousePointer(MousePointer::Wait);
+    gSlipNumber = TakeSlipNumber();
+    mGrid->SetRedraw(false);
+    for (int row = 1; row < mGrid->Cells().Rows(); ++row)
+        SaveLine(row);
+    mGrid->SetRedraw(true);
+    SetMousePointer(MousePointer::Default);
+    return true;
+}
+
+void frmPostCharges::PrintSlip() {
+    SlipPatientName = txtLastName->text() + u", "_s + txtFirstName->text() + u" "_s + txtMiddleName->text();
+    OpenReport(ProgramDirectory() + u"/Reports/Charge_Slip.RPT"_s,
+               {gSlipNumber, Format(Now(), u"mm/dd/yyyy"), SlipPatientName, txtId->text(), txtPno->text(),
+                txtRoom->text(), Format(Now(), u"hh:mm:ss AM/PM"), gAccountNumber, gStationName,
+                gCurrentUser->EmployeeName()});
+    ShowReport(true, u"Print ChargeSlip"_s, false);
+}
+
+void frmPostCharges::cmdPrint_Click() {
+    if (!SaveCharges())
+        return;
+    SetMousePointer(MousePointer::Wait);
+    PrintSlip();
+    SetMousePointer(MousePointer::Default);
+    Unload();
+}

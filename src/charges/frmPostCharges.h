@@ -1,0 +1,88 @@
+#pragma once
+
+#include "patients/FinderTarget.h"
+#include "toolkit/Form.h"
+
+class ChargeGrid;
+class QGroupBox;
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+/// "Post Charges": posts services, medicines and doctors' fees straight to an in-patient's or out-patient's
+/// account under a charge slip number, and prints the slip.
+class frmPostCharges : public Form, public FinderTarget {
+    Q_OBJECT
+
+  public:
+    frmPostCharges();
+
+    /// The patient's name as the slip shows it.
+    QString SlipPatientName;
+
+    /// Saves the lines. False when there is nothing to save, which it tells.
+    ///
+    /// Each line costs two commands, nothing stands in a transaction, and the counter is bumped before the
+    /// first line: a failure in between leaves what was sent before it.
+    bool SaveCharges();
+
+    /// Whether the code stands on another line of the current line's department.
+    bool Check_Code(const QString& strCode) const;
+
+    QString FinderText() const override;
+    void SetBox(const QString& name, const QString& text) override;
+    void Picked() override;
+
+  protected:
+    void Form_Load() override;
+    void Form_Activate() override;
+    void Form_Unload() override;
+
+  private:
+    void Layout();
+    QGroupBox* LayoutPatientName();
+    QGroupBox* LayoutHospitalInfo();
+    QHBoxLayout* LayoutRequestingDoctor();
+    QGroupBox* LayoutCharges();
+    QGroupBox* LayoutDepartments();
+    QGroupBox* LayoutMessage();
+    QGroupBox* LayoutActions();
+    void Wire();
+    void SetOrderOfWork();
+
+    void txtLastName_KeyPress(int& keyAscii);
+    void txtFirstName_Change(const QString& text);
+    void txtDocID_KeyPress(int& keyAscii);
+    void Command2_Click();
+    void cmdPrint_Click();
+
+    bool HasLines();
+    QString TakeSlipNumber();
+    void SaveLine(int row);
+    void PrintSlip();
+
+    QLineEdit* txtPno;
+    QLineEdit* txtId;
+    QLineEdit* txtDateAdmitted;
+    QLineEdit* txtRoom;
+    QLineEdit* txtDoctor;
+    QLineEdit* txtDoctorID;
+    QLineEdit* txtLastName;
+    QLineEdit* txtFirstName;
+    QLineEdit* txtMiddleName;
+    QLineEdit* txtSex;
+    QLineEdit* txtDob;
+    QLineEdit* txtAge;
+    QLineEdit* txtDocID;
+    QLineEdit* txtRequestingDoc;
+    QPushButton* Command2;
+    QLineEdit* txtTAmount;
+    ChargeGrid* mGrid;
+    QGroupBox* Frame2;
+    QGroupBox* Frame4;
+    QPushButton* cmdPrint;
+    QPushButton* Command1;
+    QLabel* lblDepartment;
+    QLabel* lblDeptCode;
+};

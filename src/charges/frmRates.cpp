@@ -1,0 +1,115 @@
+#include "charges/frmRates.h"
+
+#include "charges/commands.h"
+#include "gateway/CommandGateway.h"
+#include "shell/shared.h"
+#include "toolkit/FlexGrid.h"
+#include "toolkit/Keys.h"
+#include "toolkit/Look.h"
+#include "toolkit/MsgBox.h"
+#include "toolkit/Twips.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRateColumns = 8;
+constexpr int kGridWidth = 9900;
+constexpr int kGridHeight = 4500;
+
+} // namespace
+
+frmRates::frmRates() {
+    Layout();
+    Wire();
+}
+
+void frmRates::Layout() {
+    setObjectName(u"frmRates"_s);
+    setWindowTitle(u"List of Rates"_s);
+    QLabel* heading = NewHeading(u"List of Rates     "_s, this);
+    heading->setObjectName(u"Label1"_s);
+    txtRevenueID = NewTextBox(u"txtRevenueID"_s, this);
+    cmdSearch = new QPushButton(u"..."_s, this);
+    cmdSearch->setObjectName(u"cmdSearch"_s);
+    cmdSearch->setAccessibleName(u"Search revenue center"_s);
+    cmdSearch->setMaximumWidth(TwipsToPixels(500));
+    txtRevenueCenter = NewShownBox(u"txtRevenueCenter"_s, this);
+    txtRevenueCenter->setAccessibleName(u"Revenue Center"_s);
+    auto* label = new QLabel(u"Select Revenue Center"_s, this);
+    label->setObjectName(u"Label2"_s);
+    label->setBuddy(txtRevenueID);
+    txtRevenueID->setAccessibleName(label->text());
+    fraList = new QGroupBox(this);
+    fraList->setObjectName(u"fraList"_s);
+    grdRates = new FlexGrid(fraList);
+    grdRates->setObjectName(u"grdRates"_s);
+    grdRates->setAccessibleName(u"Rates"_s);
+    grdRates->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    cmdClose = new QPushButton(u"Close"_s, this);
+    cmdClose->setObjectName(u"cmdClose"_s);
+
+    auto* centre = new QHBoxLayout;
+    centre->addWidget(label);
+    centre->addWidget(txtRevenueID, 1);
+    centre->addWidget(cmdSearch);
+    centre->addWidget(txtRevenueCenter, 3);
+    auto* list = new QVBoxLayout(fraList);
+    list->addWidget(grdRates);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(heading);
+    layout->addLayout(centre);
+    layout->addWidget(fraList, 1);
+    layout->addWidget(cmdClose, 0, Qt::AlignRight);
+}
+
+void frmRates::Wire() {
+    connect(cmdSearch, &QPushButton::clicked, this, &frmRates::cmdSearch_Click);
+    connect(cmdClose, &QPushButton::clicked, this, &Form::Unload);
+    OnKeyPress(txtRevenueID, [this](int& key) { txtRevenueID_KeyPress(key); });
+}
+
+void frmRates::Form_Load() {
+    grdRates->Cells().SetCols(kRateColumns);
+    grdRates->SetColWidth(0, 300);
+    grdRates->SetColWidth(2, 3000);
+}
+
+void frmRates::Form_Activate() {
+    MoveTo(0, 0);
+}
+
+void frmRates::txtRevenueID_KeyPress(int& keyAscii) {
+    if (keyAscii == Key::kEnter)
+        cmdSearch_Click();
+}
+
+void frmRates::cmdSearch_Click() {
+    if (!mRevenue)
+        mRevenue = std::make_unique<clsRevenueCode>();
+    if (!mRevenue->ValidateRevenue(txtRevenueID->text()))
+        return;
+    txtRevenueID->setText(mRevenue->RevenueID());
+    txtRevenueCenter->setText(mRevenue->Revenue());
+    ShowRates(*mRevenue);
+}
+
+void frmRates::ShowRates(const clsRevenueCode& centre) {
+    if (centre.WithItems() != u"Y"_s) {
+        grdRates->Cells().Clear();
+        MsgBox({.text = centre.Revenue() + u" does not have items."_s, .icon = MsgIcon::Exclamation});
+        return;
+    }
+    fraList->setTitle(centre.Revenue());
+    RowSet rows = gConnection->Open(RatesCommand(centre.RevenueID()), CursorType::Dynamic,
+                                    LockType::Optimistic, CursorLocation::Client);
+    grdRates->Cells().Bind(rows.Data());
+    rows.Close();
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+/// The three load routines of the finder. Before the call gPatientType, gHospitalNumber and gIDNumber name
+/// the pick; after it the finder is closed, whether the patient was found or not. A patient who is not found
+/// leaves the waiting screen as it was, without a message. Each raises 91 or 94 where the patient master
+/// lacks a member.
+
+/// Fills the charge screen and the patient in hand.
+void LoadForPost();
+/// Fills the charge list and the patient in hand, field for field as LoadForPost.
+void LoadForList();
+/// Fills the ledger screen and what the ledger report needs.
+void LoadForLedger();

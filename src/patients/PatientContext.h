@@ -1,0 +1,48 @@
+#pragma once
+
+#include "gateway/Value.h"
+
+#include <QString>
+
+/// The patient and admission in hand. The next pick overwrites what its path writes and nothing clears the
+/// rest, so a field may hold a value of a former patient.
+
+/// "I" in-patient, "O" out-patient, "W" walk-in. Set by the menus and screens, read by the finder, the load
+/// routines and the saves.
+inline QString gPatientType;
+/// The row picked. Set by the finder and the cash patient list, read by the load routines.
+inline QString gHospitalNumber;
+/// Admission number (in-patient) or visit number (out-patient) of the row picked.
+inline QString gIDNumber;
+/// Room class letter, the key to a rate column. Read by the pricing.
+inline QString gRoomClass;
+/// Nursing station and account number, read by the slips.
+inline QString gStationName;
+inline QString gAccountNumber;
+/// Kept: the company is filled and read by no one.
+inline QString gCompany;
+/// The first doctor: an id, later a name (out-patient) or a code (in-patient).
+inline Value gDoctor1 = QString();
+/// Kept: the second and third doctor are filled and read by no one.
+inline Value gDoctor2 = QString();
+inline Value gDoctor3 = QString();
+inline Value gDoctor2Code = QString();
+/// Kept: whole days from the admission to today, read by no one.
+inline qint16 gDaysConfined = 0;
+/// Admission date: as "mm/dd/yyyy" after an in-patient ledger pick, else as the date turns to text. Read by
+/// the ledger report.
+inline QString gAdmissionDate;
+/// Kept: filled for out-patients and read by no one.
+inline QString gDischargeDate;
+/// Room text, "OPD" for out-patients. Read by the ledger report.
+inline QString gRoomID;
+
+/// Brings the patient in hand back to what a fresh process has.
+inline void ResetPatientContext() {
+    for (QString* text : {&gPatientType, &gHospitalNumber, &gIDNumber, &gRoomClass, &gStationName,
+                          &gAccountNumber, &gCompany, &gAdmissionDate, &gDischargeDate, &gRoomID})
+        text->clear();
+    for (Value* value : {&gDoctor1, &gDoctor2, &gDoctor3, &gDoctor2Code})
+        *value = QString();
+    gDaysConfined = 0;
+}

@@ -1,0 +1,216 @@
+#include "patients/frmSearchPatient.h"
+
+#include "gateway/CommandGateway.h"
+#include "patients/commands.h"
+#include "patients/FinderTarget.h"
+#include "patients/LoadPatient.h"
+#include "patients/PatientContext.h"
+#include "shell/shared.h"
+#include "text/UCase.h"
+#include "toolkit/Keys.h"
+#include "toolkit/ListView.h"
+#include "toolkit/Look.h"
+#include "toolkit/MsgBox.h"
+#include "toolkit/SendKeys.h"
+#include "toolkit/Twips.h"
+#include "toolkit/Workspace.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kBillingDate = 4;
+constexpr int kListWidth = 8900;
+constexpr int kListHeight = 4200;
+constexpr int kTimerInterval = 500;
+
+RowSet OpenPatients(const QString& text) {
+    // Without a letter of a patient type nothing is sent, and the reader meets a closed row set.
+    if (gPatientType != u"I"_s && gPatientType != u"O"_s)
+        return {};
+    return gCurrentUser->SQLConnection()->Open(GetPatientCommand(gPatientType, text), CursorType::Dynamic,
+                                               LockType::Optimistic);
+}
+
+/// The first three columns are read without a guard: a Null in them raises 94.
+void CheckUnguarded(const RowData& rows, const std::vector<size_t>& columns) {
+    for (size_t row = 0; row < rows.RowCount(); ++row) {
+        for (size_t i = 0; i < 3; ++i) {
+            if (rows.Cell(row, columns[i]).IsNull())
+                throw RunTime::Error(RunTime::kInvalidUseOfNull);
+        }
+    }
+}
+
+} // namespace
+
+frmSearchPatient::frmSearchPatient() {
+    Layout();
+    Wire();
+}
+
+void frmSearchPatient::Layout() {
+    setObjectName(u"frmSearchPatient"_s);
+    setWindowTitle(u"Patient List"_s);
+    txtLastName = NewTextBox(u"txtLastName"_s, this);
+    ListView1 = new ListView(this);
+    ListView1->setObjectName(u"ListView1"_s);
+    ListView1->setAccessibleName(u"Patients found"_s);
+    ListView1->SetRowIcon(ProgramIcon(u"patient"_s));
+    ListView1->setMinimumSize(TwipsToPixels(kListWidth), TwipsToPixels(kListHeight));
+    cmdSearch = new QPushButton(u"Search"_s, this);
+    cmdSearch->setObjectName(u"cmdSearch"_s);
+    for (size_t i = 0; i < optPatientType.size(); ++i) {
+        optPatientType[i] = new QRadioButton(i == 0 ? u"In-Patient"_s : u"Out-Patient"_s, this);
+        optPatientType[i]->setObjectName(u"optPatientType(%1)"_s.arg(i));
+    }
+    Timer1 = new QTimer(this);
+    Timer1->setObjectName(u"Timer1"_s);
+    Timer1->setInterval(kTimerInterval);
+
+    auto* grid = new QGridLayout(this);
+    auto* search = new QGridLayout;
+    QLabel* label = AddLabelled(*search, 0, 0, u"LastName"_s, txtLastName);
+    label->setObjectName(u"Label1"_s);
+    auto* row = new QHBoxLayout;
+    row->addLayout(search, 1);
+    row->addWidget(cmdSearch);
+    row->addSpacing(Space::kWide);
+    row->addWidget(optPatientType[0]);
+    row->addWidget(optPatientType[1]);
+    grid->addLayout(row, 0, 0);
+    grid->addWidget(ListView1, 1, 0);
+    // The order of work: a name, then the row.
+    setTabOrder(txtLastName, ListView1);
+    setTabOrder(ListView1, cmdSearch);
+    setTabOrder(cmdSearch, optPatientType[0]);
+    setTabOrder(optPatientType[0], optPatientType[1]);
+    txtLastName->setFocus();
+}
+
+void frmSearchPatient::Wire() {
+    connect(cmdSearch, &QPushButton::clicked, this, &frmSearchPatient::cmdSearch_Click);
+    connect(ListView1, &ListView::ColumnClick, this, &frmSearchPatient::ListView1_ColumnClick);
+    connect(ListView1, &ListView::Click, this, &frmSearchPatient::ListView1_Click);
+    connect(ListView1, &ListView::DblClick, this, &frmSearchPatient::ListView1_DblClick);
+    OnKeyPress(txtLastName, [this](int& key) { txtLastName_KeyPress(key); });
+    OnKeyPress(ListView1, [this](int& key) { ListView1_KeyPress(key); });
+}
+
+void frmSearchPatient::Form_Load() {
+    MoveTo(3500, 1000);
+    ListView1->ClearColumns();
+    ListView1->AddColumn(u"HOSPITAL #"_s, 1300);
+    ListView1->AddColumn(u"ADMISSION #"_s, 1300);
+    ListView1->AddColumn(u"PATIENT NAME"_s, 2200);
+    ListView1->AddColumn(u"ADMISSION DATE"_s, 1800);
+    ListView1->AddColumn(u"BILLING DATE"_s, 1800);
+    RefillFromTarget();
+    // Kept: the timer runs and nothing listens to it; the list is never refreshed on a clock.
+    if (gChargeMode == u"Post"_s || gChargeMode == u"List"_s)
+        Timer1->start();
+}
+
+void frmSearchPatient::Form_Unload() {
+    if (Workspace* workspace = Workspace::Current())
+        workspace->EnableMenuItem(u"mnuMLedger"_s, false);
+}
+
+void frmSearchPatient::RefillFromTarget() {
+    if (HasFinderTarget(gChargeMode))
+        Fill(FinderTargetOf(gChargeMode).FinderText());
+}
+
+void frmSearchPatient::Fill(const QString& text) {
+    RowSet rows = OpenPatients(text);
+    if (!rows.Eof()) {
+        const std::vector<size_t> columns = {
+            rows.ColumnNumber(u"hospital #"), rows.ColumnNumber(u"Admission #"),
+            rows.ColumnNumber(u"Patient Name"), rows.ColumnNumber(u"admission date"),
+            rows.ColumnNumber(u"Billing Date")};
+        CheckUnguarded(*rows.Data(), columns);
+        ListView1->SetRows(rows.Data(), columns);
+    }
+    rows.Close();
+}
+
+void frmSearchPatient::cmdSearch_Click() {
+    ListView1->ClearRows();
+    Fill(txtLastName->text());
+}
+
+void frmSearchPatient::txtLastName_KeyPress(int& keyAscii) {
+    keyAscii = UCase(QChar(keyAscii)).unicode();
+    if (keyAscii == Key::kEnter) {
+        SendTab();
+        cmdSearch_Click();
+    }
+}
+
+void frmSearchPatient::ListView1_ColumnClick(int column) {
+    // One toggle for the whole list: another column reverses the direction too.
+    const bool ascending = ListView1->SortOrder() == Qt::AscendingOrder;
+    ListView1->SetSortOrder(ascending ? Qt::DescendingOrder : Qt::AscendingOrder);
+    ListView1->SetSortKey(column - 1);
+}
+
+void frmSearchPatient::TakeSelectedRow() {
+    gHospitalNumber = ListView1->SelectedText();
+    gIDNumber = ListView1->SelectedSubItem(1);
+}
+
+void frmSearchPatient::ListView1_Click() {
+    TakeSelectedRow();
+    if (Workspace* workspace = Workspace::Current())
+        workspace->EnableMenuItem(u"mnuMLedger"_s, true);
+}
+
+/// Kept: the answer is not read. A text in the waiting screen's field that the server refuses fails here.
+void frmSearchPatient::RepeatCommandOfTarget() {
+    RowSet rows;
+    if (HasFinderTarget(gChargeMode)) {
+        const QString command = GetPatientCommand(gPatientType, FinderTargetOf(gChargeMode).FinderText());
+        rows = gCurrentUser->SQLConnection()->Open(command, CursorType::Dynamic, LockType::Optimistic);
+    }
+    rows.Close();
+}
+
+void frmSearchPatient::ListView1_DblClick() {
+    TakeSelectedRow();
+    RepeatCommandOfTarget();
+    if (!ListView1->SelectedSubItem(kBillingDate).isEmpty()) {
+        MsgBox(
+            {.text =
+                 u"Patient's Account has already been closed, If you have charges to adjust, pls. notify the "
+                 "billing for further instructions."_s,
+             .icon = MsgIcon::Exclamation,
+             .title = u"Message"_s});
+        return;
+    }
+    LoadTarget();
+}
+
+void frmSearchPatient::LoadTarget() {
+    const QString mode = gChargeMode;
+    if (mode == u"Post"_s)
+        LoadForPost();
+    else if (mode == u"List"_s)
+        LoadForList();
+    else
+        LoadForLedger();
+    // The finder is closed by now; this screen is only waiting to be deleted.
+    FinderTargetOf(mode).Picked();
+}
+
+void frmSearchPatient::ListView1_KeyPress(int&) {
+    // Kept: any key picks, whichever it is.
+    ListView1_DblClick();
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "toolkit/Form.h"
+
+#include <array>
+
+class ListView;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+class QTimer;
+
+/// The patient finder, "Patient List": lists in-patients or out-patients on file for the screen that waits in
+/// gChargeMode, refuses closed accounts, and loads the pick into that screen.
+class frmSearchPatient : public Form {
+    Q_OBJECT
+
+  public:
+    frmSearchPatient();
+
+    /// Index 0 "In-Patient", index 1 "Out-Patient".
+    ///
+    /// Kept: the clerk can flip them and the search goes by gPatientType all the same. A reader from outside
+    /// after the finder has closed reaches a fresh instance with both off, which reads as out-patient.
+    std::array<QRadioButton*, 2> optPatientType;
+
+    /// Fills the list of a freshly opened finder by the field of the waiting screen.
+    void RefillFromTarget();
+
+  protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+
+  private:
+    void Layout();
+    void Wire();
+
+    void cmdSearch_Click();
+    void txtLastName_KeyPress(int& keyAscii);
+    void ListView1_ColumnClick(int column);
+    void ListView1_Click();
+    void ListView1_DblClick();
+    void ListView1_KeyPress(int& keyAscii);
+
+    void Fill(const QString& text);
+    void TakeSelectedRow();
+    void RepeatCommandOfTarget();
+    void LoadTarget();
+
+    QLineEdit* txtLastName;
+    QPushButton* cmdSearch;
+    ListView* ListView1;
+    QTimer* Timer1;
+};

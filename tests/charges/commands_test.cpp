@@ -1,0 +1,67 @@
+#include "charges/commands.h"
+#include "support/PrintQt.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+TEST(ChargeCommands, RevenueCentresByExactCode) {
+    EXPECT_EQ(ExactRevenueCommand(u"HC"_s), u"Clinical_Area..spEarCare_SearchRevenue '1','HC'"_s);
+}
+
+TEST(ChargeCommands, RevenueCentresByTheBeginningOfTheirName) {
+    EXPECT_EQ(PartialRevenueCommand(u"EAR"_s), u"Clinical_Area..spEarCare_SearchRevenue '2','EAR'"_s);
+}
+
+TEST(ChargeCommands, ListOfTheRevenuePickerHasASlot) {
+    EXPECT_EQ(RevenueListQuery(), u"Clinical_Area..spEarCare_SearchRevenue '0','##'"_s);
+}
+
+TEST(ChargeCommands, RatesOfACentre) {
+    EXPECT_EQ(RatesCommand(u"HC"_s), u"Hemodialysis..spKidney_Rates 'HC'"_s);
+}
+
+TEST(ChargeCommands, TextsGoInAsTheyStand) {
+    EXPECT_EQ(ExactRevenueCommand(u" o'b  "_s), u"Clinical_Area..spEarCare_SearchRevenue '1',' o'b  '"_s);
+    EXPECT_EQ(PartialRevenueCommand(u""_s), u"Clinical_Area..spEarCare_SearchRevenue '2',''"_s);
+    EXPECT_EQ(RatesCommand(u"H'C"_s), u"Hemodialysis..spKidney_Rates 'H'C'"_s);
+}
+
+TEST(ChargeCommands, SlipCounterAndPrintTable) {
+    EXPECT_EQ(ChargeSlipCounterCommand(), u"Select * from Clinical_Area..tbEarCareChargeSlip"_s);
+    EXPECT_EQ(ClearChargePrintCommand(), u"Delete Clinical_Area..tbEarCareChargePrint"_s);
+}
+
+TEST(ChargeCommands, PostingOfALineHasItsTwoBlankJoints) {
+    EXPECT_EQ(
+        AppendChargingCommand({.hospitalNumber = u"1"_s,
+                               .admissionNumber = u"2"_s,
+                               .moment = u"3"_s,
+                               .department = u"4"_s,
+                               .code = u"6"_s,
+                               .quantity = u"7"_s,
+                               .slipNumber = u"8"_s,
+                               .amount = u"9"_s,
+                               .userCode = u"10"_s,
+                               .room = u"11"_s,
+                               .requestingDoctorCode = u"12"_s,
+                               .admittingDoctorName = u"13"_s,
+                               .patientType = u"14"_s,
+                               .particular = u"15"_s}),
+        u"Clinical_Area..spEarCare_Append_Charging '1','2','3','4','D','6','7', '8','9','10','11','12','13', "
+        "'14','15'"_s);
+}
+
+TEST(ChargeCommands, PostingOfAnEmptyLineKeepsItsPlaces) {
+    EXPECT_EQ(AppendChargingCommand({}),
+              u"Clinical_Area..spEarCare_Append_Charging '','','','','D','','', '','','','','','', '',''"_s);
+}
+
+TEST(ChargeCommands, PrintedLineEndsInO) {
+    EXPECT_EQ(SaveChargePrintCommand({.code = u"1"_s,
+                                      .amount = u"2"_s,
+                                      .quantity = u"3"_s,
+                                      .department = u"4"_s,
+                                      .particular = u"5"_s}),
+              u"Clinical_Area..spEarCare_SaveChargePrint '1','2','3','4','5', 'O'"_s);
+}

@@ -1,0 +1,351 @@
+#include "charges/commands.h"
+#include "charges/PostChargesGround.h"
+#include "charges/WhileModal.h"
+#include "gateway/RunTimeError.h"
+#include "patients/PatientContext.h"
+#include "reporting/ReportConnector.h"
+#include "reporting/Reports.h"
+#include "shell/shared.h"
+#include "support/CaseName.h"
+#include "text/Clock.h"
+#include "toolkit/MousePointer.h"
+
+#include <QDir>
+#include <QFile>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const Message kNoExam{
+    .text = u"Please Enter type of Exam."_s, .icon = MsgIcon::Exclamation, .title = u"Assessment"_s};
+
+constexpr auto kCounter = "Select * from Clinical_Area..tbEarCareChargeSlip"_L1;
+constexpr auto kBump =
+    "UPDATE Clinical_Area..tbEarCareChargeSlip SET [ChargeSlip]=1043 WHERE [ChargeSlip]=1042"_L1;
+constexpr auto kClear = "Delete Clinical_Area..tbEarCareChargePrint"_L1;
+
+/// A slip of ten parameters over one table.
+QByteArray SlipTemplate() {
+    QString parameters;
+    for (int i = 1; i <= 10; ++i)
+        parameters += u"<parameter name=\"P%1\" type=\"text\" prompt=\"%1\"/>"_s.arg(i);
+    return (u"<report paper=\"100x100\" margins=\"0 0 0 0\"><parameters>"_s + parameters +
+            u"</parameters><tables><table name=\"Lines\" "
+            u"location=\"Clinical_Area.dbo.tbEarCareChargePrint\"/></tables>"
+            "<query>SELECT ItemID FROM {Lines}</query></report>"_s)
+        .toUtf8();
+}
+
+} // namespace
+
+class SaveChargesTest : public PostChargesGround {
+  protected:
+    ~SaveChargesTest() override { SetReportConnector({}); }
+
+    void ExpectCounter(const Value& number = 1042) {
+        gateway.Expect(kCounter, Rows({u"ChargeSlip"_s}, {{number}}));
+        gateway.Expect(kBump);
+        gateway.Expect(kClear);
+    }
+
+    /// The posting of a line as the patient of OpenWithPatient is sent; the middle stands between its fixed
+    /// parts.
+    static QString Posting(const QString& department, const QString& code, const QString& quantity,
+                           const QString& amount, const QString& particular) {
+        return u"Clinical_Area..spEarCare_Append_Charging '100085','104233','11/21/2026 10:30:15 AM','"_s +
+               department + u"','D','"_s + code + u"','"_s + quantity + u"', 'H1042C','"_s + amount +
+               u"','NURSE','301-A','D003','DR. LUIS CASTAÑEDA', 'I','"_s + particular + u"'"_s;
+    }
+    void ExpectLine(const QString& department, const QString& code, const QString& quantity,
+                    const QString& amount, const QString& particular) {
+        gateway.Expect(Posting(department, code, quantity, amount, particular));
+        gateway.Expect(u"Clinical_Area..spEarCare_SaveChargePrint '"_s + code + u"','"_s + amount + u"','"_s +
+                       quantity + u"','"_s + department + u"','"_s + particular + u"', 'O'"_s);
+    }
+
+    /// The number of the failure that the save raises, 0 for none.
+    static int SaveFails() {
+        try {
+            Screens::Get<frmPostCharges>().SaveCharges();
+        } catch (const RunTimeError& error) {
+            return error.Number();
+        }
+        return 0;
+    }
+
+    void WriteTemplate() {
+        const QDir directory(programDirectory.path());
+        ASSERT_TRUE(directory.mkpath(u"Reports"_s));
+        QFile file(directory.filePath(u"Reports/Charge_Slip.RPT"_s));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_GT(file.write(SlipTemplate()), 0);
+        SetReportConnector([](const ReportLogOn&) {
+            auto connection = std::make_unique<ScriptedGateway>();
+            connection->Expect(u"SELECT ItemID FROM Clinical_Area.dbo.tbEarCareChargePrint"_s,
+                               Rows({u"ItemID"_s}, {{u"S1"_s}}));
+            return connection;
+        });
+    }
+
+    static void Print() { Click(Find<QPushButton>(Screens::Get<frmPostCharges>(), "cmdPrint")); }
+};
+
+TEST_F(SaveChargesTest, SendsCounterBumpClearAndTwoCommandsForEachLineInThisOrder) {
+    auto& screen = OpenWithPatient();
+    PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"2"_s, u"202.00"_s});
+    PutLine(2, {u"XR"_s, u"X7"_s, u"CHEST PA"_s, u"1"_s, u"350.00"_s});
+    ExpectCounter();
+    ExpectLine(u"HC"_s, u"S1"_s, u"2"_s, u"202.00"_s, u"CLEANING"_s);
+    ExpectLine(u"XR"_s, u"X7"_s, u"1"_s, u"350.00"_s, u"CHEST PA"_s);
+    EXPECT_TRUE(screen.SaveCharges());
+    EXPECT_TRUE(gateway.IsDone());
+    EXPECT_EQ(gSlipNumber, u"H1042C"_s);
+    EXPECT_TRUE(gSlipTableCleared);
+    EXPECT_TRUE(Grid().Redraw());
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
+}
+
+TEST_F(SaveChargesTest, CounterIsOpenedDynamicOptimistic) {
+    auto& screen = OpenWithPatient();
+    PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"2"_s, u"202.00"_s});
+    ExpectCounter();
+    ExpectLine(u"HC"_s, u"S1"_s, u"2"_s, u"202.00"_s, u"CLEANING"_s);
+    screen.SaveCharges();
+    ASSERT_EQ(gateway.Openings().size(), 1U);
+    EXPECT_EQ(gateway.Openings()[0].command, kCounter);
+    EXPECT_EQ(gateway.Openings()[0].cursor, CursorType::Dynamic);
+    EXPECT_EQ(gateway.Openings()[0].lock, LockType::Optimistic);
+    EXPECT_EQ(gateway.Openings()[0].location, CursorLocation::Server);
+}
+
+TEST_F(SaveChargesTest, CounterValueIsTrimmed) {
+    auto& screen = OpenWithPatient();
+    PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
+    gateway.Expect(kCounter, Rows({u"ChargeSlip"_s}, {{u" 1042 "_s}}));
+    gateway.Expect(
+        u"UPDATE Clinical_Area..tbEarCareChargeSlip SET [ChargeSlip]=1043 WHERE [ChargeSlip]=' 1042 '"_s);
+    gateway.Expect(kClear);
+    ExpectLine(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s);
+    EXPECT_TRUE(screen.SaveCharges());
+    EXPECT_EQ(gSlipNumber, u"H1042C"_s);
+}
+
+TEST_F(SaveChargesTest, EmptyCounterTableLeavesTheSlipEmptyAndThePrintTableAsItIs) {
+    auto& screen = OpenWithPatient();
+    gSlipNumber = u"H1041C"_s;
+    PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
+    gateway.Expect(kCounter, Rows({u"ChargeSlip"_s}));
+    QString posting = Posting(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s);
+    gateway.Expect(posting.remove(u"H1042C"_s));
+    gateway.Expect(u"Clinical_Area..spEarCare_SaveChargePrint 'S1','101.00','1','HC','CLEANING', 'O'"_s);
+    EXPECT_TRUE(screen.SaveCharges());
+    EXPECT_EQ(gSlipNumber, u""_s);
+    EXPECT_FALSE(gSlipTableCleared);
+}
+
+TEST_F(SaveChargesTest, LinesWithoutADepartmentArePassedOverWhereverTheyStand) {
+    auto& screen = OpenWithPatient();
+    PutLine(1, {u""_s, u"S0"_s, u"EMPTIED"_s, u"1"_s, u"1.00"_s});
+    PutLine(3, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
+    PutLine(5, {u""_s, u"S2"_s, u"EMPTIED"_s, u"1"_s, u"1.00"_s});
+    PutLine(8, {u"XR"_s, u"X7"_s, u"CHEST"_s, u"1"_s, u"350.00"_s});
+    ExpectCounter();
+    ExpectLine(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s);
+    ExpectLine(u"XR"_s, u"X7"_s, u"1"_s, u"350.00"_s, u"CHEST"_s);
+    EXPECT_TRUE(screen.SaveCharges());
+}
+
+TEST_F(SaveChargesTest, PackageLineReachesNeitherCommand) {
+    auto& screen = OpenWithPatient();
+    PutLine(1, {u"YP"_s, u"P1"_s, u"PACKAGE"_s, u"1"_s, u"900.00"_s});
+    PutLine(2, {u"yp"_s, u"P2"_s, u"OTHER"_s, u"1"_s, u"10.00"_s});
+    ExpectCounter();
+    ExpectLine(u"yp"_s, u"P2"_s, u"1"_s, u"10.00"_s, u"OTHER"_s);
+    EXPECT_TRUE(screen.SaveCharges());
+}
+
+TEST_F(SaveChargesTest, DoctorsFeePostsAnEmptyQuantity) {
+    auto& screen = OpenWithPatient();
+    PutLine(1, {u"MD"_s, u"D003"_s, u"(PF) DR. CASTAÑEDA, LUIS"_s, u""_s, u"1500.00"_s});
+    ExpectCounter();
+    ExpectLine(u"MD"_s, u"D003"_s, u""_s, u"1500.00"_s, u"(PF) DR. CASTAÑEDA, LUIS"_s);
+    EXPECT_TRUE(screen.SaveCharges());
+}
+
+TEST_F(SaveChargesTest, LineWithADepartmentAndNoCodeIsStillPosted) {
+    auto& screen = OpenWithPatient();
+    PutLine(1, {u"HC"_s, u""_s, u"EAR CARE"_s, u"1"_s, u""_s});
+    ExpectCounter();
+    ExpectLine(u"HC"_s, u""_s, u"1"_s, u""_s, u"EAR CARE"_s);
+    EXPECT_TRUE(screen.SaveCharges());
+}
+
+TEST_F(SaveChargesTest, PriceIsNotSent) {
+    auto& screen = OpenWithPatient();
+    PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"2"_s, u"202.00"_s});
+    Cells().SetTextMatrix(1, 5, u"777.77"_s);
+    ExpectCounter();
+    ExpectLine(u"HC"_s, u"S1"_s, u"2"_s, u"202.00"_s, u"CLEANING"_s);
+    EXPECT_TRUE(screen.SaveCharges());
+}
+
+struct TypeCase {
+    const char* name;
+    QString id;
+    QString type;
+};
+
+class PatientTypeTest : public SaveChargesTest, public testing::WithParamInterface<TypeCase> {};
+
+INSTANTIATE_TEST_SUITE_P(Numbers, PatientTypeTest,
+                         testing::Values(TypeCase{"Numeric", u"104233"_s, u"I"_s},
+                                         TypeCase{"WithALetter", u"10231B"_s, u"O"_s},
+                                         TypeCase{"Empty", u""_s, u"O"_s}),
+                         CaseName());
+
+TEST_P(PatientTypeTest, GoesByTheAdmissionNumberWhateverTheMenuSaid) {
+    for (const QString& menu : {u"I"_s, u"O"_s}) {
+        auto& screen = OpenWithPatient();
+        Box("txtId").setText(GetParam().id);
+        PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
+        gPatientType = menu;
+        ExpectCounter();
+        QString posting = Posting(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s);
+        posting.replace(u"'104233'"_s, u"'"_s + GetParam().id + u"'"_s);
+        posting.replace(u"', 'I','"_s, u"', '"_s + GetParam().type + u"','"_s);
+        gateway.Expect(posting);
+        gateway.Expect(u"Clinical_Area..spEarCare_SaveChargePrint 'S1','101.00','1','HC','CLEANING', 'O'"_s);
+        EXPECT_TRUE(screen.SaveCharges());
+        EXPECT_EQ(gPatientType, GetParam().type);
+    }
+}
+
+TEST_F(SaveChargesTest, EachLineBearsTheTimeOfItsOwnPosting) {
+    auto& screen = OpenWithPatient();
+    PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
+    PutLine(2, {u"XR"_s, u"X7"_s, u"CHEST"_s, u"1"_s, u"350.00"_s});
+    int seconds = 0;
+    SetClock([&seconds] { return DateTime::FromFields({2026, 11, 21, 13, 5, seconds++, 0}).value(); });
+    ExpectCounter();
+    for (const auto& [line, second] : {std::pair(1, u"00"_s), std::pair(2, u"01"_s)}) {
+        QString posting = line == 1 ? Posting(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s)
+                                    : Posting(u"XR"_s, u"X7"_s, u"1"_s, u"350.00"_s, u"CHEST"_s);
+        gateway.Expect(posting.replace(u"10:30:15 AM"_s, u"01:05:"_s + second + u" PM"_s));
+        gateway.Expect(
+            line == 1 ? u"Clinical_Area..spEarCare_SaveChargePrint 'S1','101.00','1','HC','CLEANING', 'O'"_s
+                      : u"Clinical_Area..spEarCare_SaveChargePrint 'X7','350.00','1','XR','CHEST', 'O'"_s);
+    }
+    EXPECT_TRUE(screen.SaveCharges());
+}
+
+TEST_F(SaveChargesTest, EmptyGridIsToldAndLeavesTheRedrawOffAndThePointerAsItWas) {
+    auto& screen = OpenWithPatient();
+    messages.Expect(kNoExam);
+    EXPECT_FALSE(screen.SaveCharges());
+    EXPECT_FALSE(Grid().Redraw());
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
+    EXPECT_TRUE(gateway.Openings().empty());
+    // The next full save turns it on again.
+    PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
+    ExpectCounter();
+    ExpectLine(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s);
+    EXPECT_TRUE(screen.SaveCharges());
+    EXPECT_TRUE(Grid().Redraw());
+}
+
+TEST_F(SaveChargesTest, FirstLineWithoutAParticularIsNoLineForTheTest) {
+    auto& screen = OpenWithPatient();
+    PutLine(1, {u"HC"_s, u"S1"_s, u""_s, u"1"_s, u"101.00"_s});
+    PutLine(2, {u"HC"_s, u"S2"_s, u"TEST"_s, u"1"_s, u"101.00"_s});
+    messages.Expect(kNoExam);
+    EXPECT_FALSE(screen.SaveCharges());
+}
+
+TEST_F(SaveChargesTest, ParticularWithoutADepartmentPassesTheTestAndPostsNothing) {
+    auto& screen = OpenWithPatient();
+    PutLine(1, {u""_s, u""_s, u"EMPTIED"_s});
+    ExpectCounter();
+    EXPECT_TRUE(screen.SaveCharges());
+    EXPECT_EQ(gSlipNumber, u"H1042C"_s);
+}
+
+TEST_F(SaveChargesTest, FilledLastLinePassesTheTestThoughTheFirstIsEmpty) {
+    auto& screen = OpenWithPatient();
+    PutLine(8, {u"HC"_s, u"S1"_s, u""_s, u"1"_s, u"101.00"_s});
+    ExpectCounter();
+    ExpectLine(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u""_s);
+    EXPECT_TRUE(screen.SaveCharges());
+}
+
+TEST_F(SaveChargesTest, CounterTakenByAnotherWorkstationFailsBeforeAnythingIsPosted) {
+    OpenWithPatient();
+    PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
+    gateway.Expect(kCounter, Rows({u"ChargeSlip"_s}, {{1042}}));
+    gateway.Expect(kBump, nullptr, 0);
+    EXPECT_EQ(SaveFails(), RunTime::kRowChanged);
+    EXPECT_TRUE(gateway.IsDone());
+    EXPECT_FALSE(gSlipTableCleared);
+}
+
+TEST_F(SaveChargesTest, ApostropheFailsInTheMiddleAndWhatWasSentBeforeStays) {
+    OpenWithPatient();
+    PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
+    PutLine(2, {u"HC"_s, u"S2"_s, u"MENIERE'S TEST"_s, u"1"_s, u"200.00"_s});
+    PutLine(3, {u"HC"_s, u"S3"_s, u"NEVER SENT"_s, u"1"_s, u"300.00"_s});
+    ExpectCounter();
+    ExpectLine(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s);
+    gateway.ExpectFailure(Posting(u"HC"_s, u"S2"_s, u"1"_s, u"200.00"_s, u"MENIERE'S TEST"_s),
+                          RunTimeError(105, u"Unclosed quotation mark"_s));
+    EXPECT_EQ(SaveFails(), 105);
+    EXPECT_TRUE(gateway.IsDone());
+    EXPECT_EQ(gSlipNumber, u"H1042C"_s);
+}
+
+TEST_F(SaveChargesTest, PrintShowsTheSlipWithItsTenParametersAndUnloadsTheScreenAfterwards) {
+    WriteTemplate();
+    OpenWithPatient();
+    Box("txtId").setText(u"10231B"_s);
+    gAccountNumber = u"500123"_s;
+    gStationName = u"STATION 3"_s;
+    PutLine(1, {u""_s, u""_s, u"EMPTIED"_s});
+    ExpectCounter();
+    std::vector<QString> values;
+    WhileModal([&values](Form& viewer) {
+        EXPECT_EQ(viewer.objectName(), u"frmReportviewer"_s);
+        EXPECT_EQ(viewer.windowTitle(), u"Print ChargeSlip"_s);
+        EXPECT_TRUE(gReport->File().endsWith(u"/Reports/Charge_Slip.RPT"_s)) << gReport->File().toStdString();
+        for (const ParameterField& field : gReport->ParameterFields())
+            values.push_back(field.CurrentValue()->ToText());
+        EXPECT_TRUE(Screens::IsLoaded<frmPostCharges>());
+        EXPECT_EQ(Screens::Get<frmPostCharges>().SlipPatientName, u"CRUZ, JUAN SY"_s);
+    });
+    Print();
+    EXPECT_EQ(values, (std::vector<QString>{u"H1042C"_s, u"11/21/2026"_s, u"CRUZ, JUAN SY"_s, u"10231B"_s,
+                                            u"100085"_s, u"301-A"_s, u"10:30:15 AM"_s, u"500123"_s,
+                                            u"STATION 3"_s, u"ANA REYES"_s}));
+    EXPECT_FALSE(Screens::IsLoaded<frmPostCharges>());
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
+    EXPECT_FALSE(gReport.IsSet());
+    EXPECT_TRUE(gateway.IsDone());
+}
+
+TEST_F(SaveChargesTest, RefusedSavePrintsNothingAndKeepsTheScreen) {
+    OpenWithPatient();
+    messages.Expect(kNoExam);
+    Print();
+    EXPECT_FALSE(gReport.IsSet());
+    EXPECT_TRUE(Screens::IsLoaded<frmPostCharges>());
+}
+
+TEST_F(SaveChargesTest, MissingTemplateFailsAfterTheSave) {
+    OpenWithPatient();
+    PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
+    ExpectCounter();
+    ExpectLine(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s);
+    Print();
+    EXPECT_NE(TakeFailure(), 0);
+    EXPECT_TRUE(gateway.IsDone());
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
+}
