@@ -1,0 +1,25 @@
+#include "shell/Main.h"
+
+#include "shell/RegisterScreens.h"
+#include "suite/RegisterSuite.h"
+#include "toolkit/Application.h"
+#include "toolkit/Failure.h"
+
+#include <QStandardPaths>
+
+int main(int, char** argv) {
+    Failure::InstallTerminateHandler();
+    // The program takes no command line; the toolkit gets none either.
+    int argumentCount = 1;
+    const Application application(argumentCount, argv);
+    try {
+        RegisterSuite(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
+        RegisterScreens();
+        if (!Main())
+            return 0;
+        return Application::exec();
+    } catch (...) {
+        Failure::End(std::current_exception());
+    }
+    return 1;
+}

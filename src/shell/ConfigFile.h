@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+/// The configuration file tarvenaux.ini at gIniPath: lines of key and value parted by the first "=". Its text
+/// is Latin-1. Nothing is cached. A file that cannot be created, opened or written raises 75 with the path in
+/// the text.
+
+/// Creates the file empty if there is none. True when there is one now.
+bool EnsureConfigFile();
+
+/// Reads the value of the first line with that key, letter case aside. An absent key gives the text "0"; a
+/// key with nothing behind its "=" gives the empty text.
+void ReadConfigValue(const QString& key, QString& value);
+
+/// Creates the file anew, empty.
+void ResetConfigFile();
+
+/// Adds one line at the file's end.
+void AppendConfigValue(const QString& key, const QString& value);

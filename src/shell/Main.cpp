@@ -1,0 +1,50 @@
+#include "shell/Main.h"
+
+#include "components/ComponentRegistry.h"
+#include "shell/ConfigFile.h"
+#include "shell/frmMain.h"
+#include "shell/frmSetup.h"
+#include "shell/shared.h"
+#include "toolkit/MsgBox.h"
+#include "toolkit/ProgramFiles.h"
+#include "toolkit/Screens.h"
+
+using namespace Qt::StringLiterals;
+
+bool Main() {
+    gIniPath = ProgramDirectory() + u"\\tarvenaux.ini"_s;
+    EnsureConfigFile();
+    if (!LoadDepartment() || !InitComponents())
+        return false;
+    return frmMain::Open();
+}
+
+bool LoadDepartment() {
+    ReadConfigValue(u"DeptCode"_s, gDeptCode);
+    ReadConfigValue(u"DeptDesc"_s, gDeptDesc);
+    if (!gDeptCode.isEmpty() && !gDeptDesc.isEmpty())
+        return true;
+    MsgBox({.text = u"Department not set."_s});
+    Screens::Get<frmSetup>().ShowModal();
+    MsgBox({.text = u"Restart Program."_s});
+    return false;
+}
+
+bool InitComponents() {
+    try {
+        gCurrentUser = CreateObject<clsCurrentUser>(u"TARVEN_User.clsCurrentUser"_s);
+        gStockItem = CreateObject<clsStockItem>(u"StockItemLib.clsStockItem"_s);
+        gResultView = CreateObject<Component>(u"ResultViewLib.clsResultView"_s);
+        gPersonFinder = CreateObject<clsPersonFinder>(u"PersonFinderLib.clsPersonFinder"_s);
+        gStockListBasic = CreateObject<clsStockList>(u"StockListLib.clsStockList"_s);
+        gListing = CreateObject<clsListing>(u"ListingLib.clsListing"_s);
+        gStatement = CreateObject<Component>(u"AccountStatementLib.clsStatement"_s);
+        gDiagnosisCodes = CreateObject<clsDiagnosisCodes>(u"DiagnosisCodeLib.clsDiagnosisCodes"_s);
+        // Kept: nobody has signed on yet, and the component is not told of the connection again.
+        gDiagnosisCodes->SetActiveConnection(gCurrentUser->SQLConnection());
+        return true;
+    } catch (const RunTimeError& error) {
+        MsgBox({.text = error.Description() + u"Error Initalizing DLLs..."_s});
+        return false;
+    }
+}

@@ -1,0 +1,11 @@
+#include "shell/RegisterScreens.h"
+
+#include "charges/frmPostCharges.h"
+#include "patients/FinderTarget.h"
+#include "toolkit/Screens.h"
+
+using namespace Qt::StringLiterals;
+
+void RegisterScreens() {
+    RegisterFinderTarget(u"Post"_s, []() -> FinderTarget& { return Screens::Get<frmPostCharges>(); });
+}

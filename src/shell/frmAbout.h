@@ -1,0 +1,34 @@
+#pragma once
+
+#include "toolkit/Form.h"
+
+class QPushButton;
+class QTimer;
+
+/// The information box. It fades in when it is shown and out when it is closed.
+class frmAbout : public Form {
+    Q_OBJECT
+
+  public:
+    frmAbout();
+
+    /// The window's opacity from 0 to 255.
+    int Opacity() const { return mOpacity; }
+
+  protected:
+    void Form_Load() override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void Layout();
+    void Wire();
+
+    void Timer_Tick();
+    void FadeOut();
+    void SetOpacity(int opacity);
+
+    QPushButton* cmdOK;
+    QTimer* tmrFade;
+    int mOpacity = 0;
+    int mStep = 0;
+};

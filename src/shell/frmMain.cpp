@@ -1,0 +1,224 @@
+#include "shell/frmMain.h"
+
+#include "charges/frmPostCharges.h"
+#include "components/ComponentRegistry.h"
+#include "gateway/CommandGateway.h"
+#include "patients/PatientContext.h"
+#include "shell/frmAbout.h"
+#include "shell/frmSetup.h"
+#include "shell/shared.h"
+#include "shell/StatusPanel.h"
+#include "shell/version.h"
+#include "toolkit/MsgBox.h"
+#include "toolkit/Screens.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QPointer>
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kCommandTimeout = 120;
+
+QPointer<frmMain> instance;
+
+} // namespace
+
+frmMain::frmMain() {
+    Layout();
+    instance = this;
+    SetCurrent(this);
+    qApp->installEventFilter(this);
+}
+
+frmMain::~frmMain() {
+    SetCurrent(nullptr);
+}
+
+frmMain* frmMain::Instance() {
+    return instance;
+}
+
+bool frmMain::Open() {
+    auto* window = new frmMain;
+    // The window manager maximises later; the sign-on window wants to know its place at once.
+    window->resize(window->screen()->availableSize());
+    window->showMaximized();
+    return window->Form_Load();
+}
+
+bool frmMain::Form_Load() {
+    gCurrentUser->SetPasswordDeptCode(gDeptCode);
+    gCurrentUser->SethwndParentForm(winId());
+    gCurrentUser->ShowMain();
+    if (!gCurrentUser->Connected()) {
+        UnloadMain();
+        return false;
+    }
+    activateWindow();
+    TakeConnection();
+    ReadHospitalRecord();
+    CreateWardComponents();
+    HandOutConnection();
+    setWindowTitle(u"TARVEN "_s + gDeptDesc + u" ver."_s +
+                   u"%1.%2.%3"_s.arg(Version::kMajor).arg(Version::kMinor).arg(Version::kRevision));
+    return true;
+}
+
+void frmMain::TakeConnection() {
+    gConnection = gCurrentUser->SQLConnection();
+    gConnection->SetDefaultDatabase(u"PASSWORD"_s);
+    gDeptCodeCopy = gDeptCode;
+    gDeptDescCopy = gDeptDesc;
+    mPanel2->SetText(gCurrentUser->Initial());
+    mPanel3->SetText(gCurrentUser->EmployeeName());
+}
+
+void frmMain::ReadHospitalRecord() {
+    RowSet hospital = gCurrentUser->SQLConnection()->Execute(u"select * from PATIENT_DATA..tbhospitalInfo"_s);
+    gHospitalName = hospital.Fields(u"company").TextOrEmpty();
+    gHospitalAddress = hospital.Fields(u"Address1").TextOrEmpty();
+    gHospitalTin = hospital.Fields(u"TinNo").TextOrEmpty();
+    // Kept: a Null becomes the empty text, which is no boolean, and the start fails with a type mismatch.
+    gByGeneric = Value(hospital.Fields(u"Bygeneric").TextOrEmpty()).ToBoolean();
+    hospital.Close();
+}
+
+void frmMain::CreateWardComponents() {
+    gWardRequest = CreateObject<Component>(u"WardWorkLib.clsRequest"_s);
+    gWardResults = CreateObject<Component>(u"WardWorkLib.clsResults"_s);
+    gWardConfinementResults = CreateObject<Component>(u"WardWorkLib.clsConfinementResults"_s);
+    gWardConfinement = CreateObject<Component>(u"WardWorkLib.clsConfinement"_s);
+    gStockList = CreateObject<clsStockList>(gUseGenericList ? u"StockGroupListLib.clsGroupList"_s
+                                                            : u"StockListLib.clsStockList"_s);
+}
+
+void frmMain::HandOutConnection() {
+    CommandGateway* connection = gCurrentUser->SQLConnection();
+    connection->SetCommandTimeout(kCommandTimeout);
+    gListing->SetMTS_Server(QString());
+    gListing->SetSearchMode(true);
+    gListing->Initialize_Classes();
+    gListing->SetConnection(connection);
+    EnableMenuItem(u"mnuMLedger"_s, false);
+    gListing->SetCompanyName(gCompanyName);
+    if (gPersonFinder->InitConnection(connection, QString()) &&
+        gStockItem->InitConnect(connection->ConnectionString()))
+        gStockList->InitConnection(connection->ConnectionString());
+    gConnection = connection;
+    // Kept: a second time where the step before went well, and the first time where it stopped early.
+    gStockItem->InitConnect(gConnection->ConnectionString());
+}
+
+void frmMain::UnloadMain() {
+    if (!Screens::UnloadAll())
+        return;
+    hide();
+    QCoreApplication::quit();
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    UnloadMain();
+}
+
+bool frmMain::eventFilter(QObject*, QEvent* event) {
+    if (event->type() != QEvent::ShortcutOverride)
+        return false;
+    const QKeySequence keys(static_cast<QKeyEvent*>(event)->keyCombination());
+    for (const QAction* action : menuBar()->findChildren<QAction*>()) {
+        if (!keys.isEmpty() && action->shortcut() == keys && action->isEnabled()) {
+            event->ignore();
+            return true;
+        }
+    }
+    return false;
+}
+
+void frmMain::EnableMenuItem(const QString& name, bool enabled) {
+    if (auto* action = findChild<QAction*>(name))
+        action->setEnabled(enabled);
+}
+
+void frmMain::OpenPostCharges(const QString& patientType) {
+    gPatientType = patientType;
+    gChargeMode = u"Post"_s;
+    Screens::Get<frmPostCharges>().Show();
+}
+
+void frmMain::mnuAssessment_Click() {}
+
+void frmMain::mnuInTransactionEntry_Click() {
+    OpenPostCharges(u"I"_s);
+}
+
+void frmMain::mnuOutTransaction_Click() {
+    OpenPostCharges(u"O"_s);
+}
+
+void frmMain::mnuExit_Click() {
+    UnloadMain();
+}
+
+void frmMain::mnuReportAudit_Click() {}
+
+void frmMain::mnuOPDIncome_Click() {}
+
+void frmMain::mnuIPDIncomeReport_Click() {}
+
+void frmMain::mnuLedger_Click() {
+    gChargeMode = u"Ledger"_s;
+}
+
+void frmMain::mnuMLedger_Click() {}
+
+void frmMain::mnuListCharges_Click() {
+    gChargeMode = u"List"_s;
+}
+
+void frmMain::mSetup_Click() {
+    Screens::Get<frmSetup>().Show();
+}
+
+void frmMain::mnuAbout_Click() {
+    Screens::Get<frmAbout>().Show();
+}
+
+void frmMain::Toolbar1_ButtonClick(const QString& key) {
+    // Kept: no button bears the last three keys, and "Reprots" does nothing.
+    if (key == u"Assess"_s)
+        mnuAssessment_Click();
+    else if (key == u"LEDGER"_s)
+        mnuMLedger_Click();
+    else if (key == u"Reprots"_s)
+        return;
+    else if (key == u"EXIT"_s)
+        AskAndClose();
+}
+
+void frmMain::AskAndClose() {
+    if (MsgBox({.text = u"Are you sure to close this program?"_s,
+                .icon = MsgIcon::Question,
+                .title = u"Hemodialysis System"_s,
+                .buttons = MsgButtons::OkCancel}) == MsgAnswer::Ok)
+        UnloadMain();
+}
+
+void frmMain::Toolbar1_ButtonMenuClick(const QString& key) {
+    if (key == u"Inpatient"_s)
+        mnuInTransactionEntry_Click();
+    else if (key == u"Outpatient"_s)
+        mnuOutTransaction_Click();
+    else if (key == u"Audit"_s)
+        mnuReportAudit_Click();
+    else if (key == u"Opd"_s)
+        mnuOPDIncome_Click();
+    else if (key == u"IPD"_s)
+        mnuIPDIncomeReport_Click();
+}

@@ -1,0 +1,142 @@
+#include "shell/frmMain.h"
+#include "shell/MenuTree.h"
+#include "shell/StatusPanel.h"
+#include "toolkit/Look.h"
+
+#include <QAction>
+#include <QMdiArea>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+// How the main window looks; what it does stands in frmMain.cpp.
+
+namespace {
+
+struct DropdownItem {
+    const char* caption;
+    const char* key;
+};
+
+struct ToolButton {
+    const char* key;
+    const char* tip;
+    const char* icon;
+    std::array<DropdownItem, 3> items;
+};
+
+constexpr std::array kToolButtons = {
+    ToolButton{"Assess", "Assessment Entry", "assess", {}},
+    ToolButton{"Trans",
+               "Transaction Entry",
+               "transaction",
+               {{{"Inpatient Request", "Inpatient"}, {"Out-Patient Request", "Outpatient"}, {}}}},
+    ToolButton{"Reports",
+               nullptr,
+               "reports",
+               {{{"Audit Report", "Audit"}, {"OPD Income Report", "Opd"}, {"IPD Income Report", "IPD"}}}},
+};
+
+constexpr int kMinimumWidth = 800;
+constexpr int kMinimumHeight = 560;
+
+} // namespace
+
+void frmMain::Layout() {
+    setObjectName(u"frmMain"_s);
+    setWindowTitle(u"Orvandelle"_s);
+    setWindowIcon(ProgramIcon(u"program"_s));
+    setMinimumSize(kMinimumWidth, kMinimumHeight);
+    mArea = new QMdiArea(this);
+    mArea->setObjectName(u"Area"_s);
+    mArea->setBackground(palette().color(QPalette::Window).darker(106));
+    mArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setCentralWidget(mArea);
+    LayoutMenu();
+    LayoutToolbar();
+    LayoutStatusBar();
+}
+
+void frmMain::LayoutMenu() {
+    for (const MenuEntry& entry : MenuEntry::Tree())
+        AddMenuEntry(entry);
+}
+
+/// Adds the entry behind the ones before it, under the last entry of the level above.
+void frmMain::AddMenuEntry(const MenuEntry& entry) {
+    QMenu* parent = nullptr;
+    for (int level = 2; level <= entry.level; ++level) {
+        const QList<QAction*> actions = parent ? parent->actions() : menuBar()->actions();
+        QAction* above = actions.last();
+        if (!above->menu()) {
+            auto* menu = new QMenu(menuBar());
+            above->setMenu(menu);
+        }
+        parent = above->menu();
+    }
+    auto* action = new QAction(QString::fromLatin1(entry.caption), menuBar());
+    action->setObjectName(QString::fromLatin1(entry.name));
+    action->setSeparator(action->text() == u"-"_s);
+    action->setVisible(entry.visible);
+    action->setEnabled(entry.enabled);
+    action->setMenuRole(QAction::NoRole);
+    if (entry.shortcut)
+        action->setShortcut(QKeySequence(QString::fromLatin1(entry.shortcut)));
+    if (entry.click)
+        connect(action, &QAction::triggered, this, entry.click);
+    if (parent)
+        parent->addAction(action);
+    else
+        menuBar()->addAction(action);
+}
+
+void frmMain::LayoutToolbar() {
+    auto* toolbar = new QToolBar(this);
+    toolbar->setObjectName(u"Toolbar1"_s);
+    toolbar->setWindowTitle(u"Toolbar"_s);
+    toolbar->setMovable(false);
+    toolbar->setContextMenuPolicy(Qt::PreventContextMenu);
+    for (const ToolButton& button : kToolButtons) {
+        const QString key = QString::fromLatin1(button.key);
+        auto* tool = new QToolButton(toolbar);
+        tool->setObjectName(key);
+        tool->setIcon(ProgramIcon(QString::fromLatin1(button.icon)));
+        tool->setAccessibleName(button.tip ? QString::fromLatin1(button.tip) : key);
+        if (button.tip)
+            tool->setToolTip(QString::fromLatin1(button.tip));
+        connect(tool, &QToolButton::clicked, this, [this, key] { Toolbar1_ButtonClick(key); });
+        for (const DropdownItem& item : button.items) {
+            if (!item.key)
+                continue;
+            if (!tool->menu()) {
+                tool->setMenu(new QMenu(tool));
+                tool->setPopupMode(QToolButton::MenuButtonPopup);
+            }
+            const QString itemKey = QString::fromLatin1(item.key);
+            QAction* action = tool->menu()->addAction(QString::fromLatin1(item.caption));
+            action->setObjectName(itemKey);
+            connect(action, &QAction::triggered, this,
+                    [this, itemKey] { Toolbar1_ButtonMenuClick(itemKey); });
+        }
+        toolbar->addWidget(tool);
+    }
+    addToolBar(toolbar);
+}
+
+void frmMain::LayoutStatusBar() {
+    statusBar()->setObjectName(u"sbStatusBar"_s);
+    mPanel1 = new StatusPanel(StatusPanel::Style::Text, u"Status"_s, this);
+    mPanel1->SetText(u"Status"_s);
+    mPanel2 = new StatusPanel(StatusPanel::Style::Date, u"Panel2"_s, this);
+    mPanel3 = new StatusPanel(StatusPanel::Style::Time, u"Panel3"_s, this);
+    statusBar()->addWidget(mPanel1, 1);
+    statusBar()->addPermanentWidget(mPanel2);
+    statusBar()->addPermanentWidget(mPanel3);
+}

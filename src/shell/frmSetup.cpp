@@ -1,0 +1,77 @@
+#include "shell/frmSetup.h"
+
+#include "gateway/RunTimeError.h"
+#include "shell/ConfigFile.h"
+#include "toolkit/Look.h"
+#include "toolkit/MsgBox.h"
+#include "toolkit/Twips.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+frmSetup::frmSetup() {
+    Layout();
+    Wire();
+}
+
+void frmSetup::Layout() {
+    setObjectName(u"frmSetup"_s);
+    setWindowTitle(u"Setup"_s);
+    txtDeptCode = NewTextBox(u"txtDeptCode"_s, this);
+    txtDeptDesc = NewTextBox(u"txtDeptDesc"_s, this);
+    txtDeptDesc->setMinimumWidth(TwipsToPixels(3600));
+    // Kept: the button and the box below it stand there without an effect in this release.
+    cmdSelDepartment = new QPushButton(u"&Select Department"_s, this);
+    cmdSelDepartment->setObjectName(u"cmdSelDepartment"_s);
+    chkOneInstance = new QCheckBox(u"Allow only one program instance to run."_s, this);
+    chkOneInstance->setObjectName(u"chkOneInstance"_s);
+    cmdOK = new QPushButton(u"&OK"_s, this);
+    cmdOK->setObjectName(u"cmdOK"_s);
+    cmdCancel = new QPushButton(u"&Cancel"_s, this);
+    cmdCancel->setObjectName(u"cmdCancel"_s);
+
+    auto* grid = new QGridLayout(this);
+    AddLabelled(*grid, 0, 0, u"Department Code:"_s, txtDeptCode);
+    AddLabelled(*grid, 1, 0, u"Department Name:"_s, txtDeptDesc);
+    grid->addWidget(cmdSelDepartment, 0, 2);
+    grid->addWidget(chkOneInstance, 2, 1, 1, 2);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cmdOK);
+    buttons->addWidget(cmdCancel);
+    grid->addLayout(buttons, 3, 0, 1, 3);
+    const QList<QWidget*> order = {txtDeptCode,    txtDeptDesc, cmdSelDepartment,
+                                   chkOneInstance, cmdOK,       cmdCancel};
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+    txtDeptCode->setFocus();
+}
+
+void frmSetup::Wire() {
+    connect(cmdOK, &QPushButton::clicked, this, &frmSetup::cmdOK_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &Form::Unload);
+}
+
+void frmSetup::Form_Load() {
+    QString value;
+    ReadConfigValue(u"DeptCode"_s, value);
+    txtDeptCode->setText(value);
+    ReadConfigValue(u"DeptDesc"_s, value);
+    txtDeptDesc->setText(value);
+}
+
+void frmSetup::cmdOK_Click() {
+    try {
+        ResetConfigFile();
+        AppendConfigValue(u"DeptCode"_s, txtDeptCode->text());
+        AppendConfigValue(u"DeptDesc"_s, txtDeptDesc->text());
+        Unload();
+    } catch (const RunTimeError& error) {
+        MsgBox({.text = error.Description() + u"Cannot Save. You may not have rights. "_s});
+    }
+}

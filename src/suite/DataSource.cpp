@@ -1,0 +1,9 @@
+#include "suite/DataSource.h"
+
+#include "gateway/RunTimeError.h"
+
+using namespace Qt::StringLiterals;
+
+void DataSource::Make(const MakingProgress&) {
+    throw RunTimeError(RunTime::kPathFileAccess, u"%1 cannot be made here."_s.arg(Name()));
+}

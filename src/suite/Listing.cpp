@@ -1,0 +1,128 @@
+#include "suite/Listing.h"
+
+#include "gateway/CommandGateway.h"
+#include "gateway/RunTimeError.h"
+#include "gateway/SqlText.h"
+#include "suite/PickDialog.h"
+#include "toolkit/ShowModal.h"
+
+using namespace Qt::StringLiterals;
+
+/// Where the rows of a listing come from and how its list looks.
+struct Listing::Source {
+    QString title;
+    /// Ends so that " AND …" can follow.
+    QString command;
+    QString codeField;
+    QString order;
+    std::vector<PickColumn> columns;
+
+    QString ByCode(const QString& code) const {
+        return command + u" AND "_s + codeField + u" = "_s + SqlLiteral(code);
+    }
+    QString All() const { return command + u" ORDER BY "_s + order; }
+};
+
+void Listing::Initialize_Classes() {
+    mDoctor = {};
+    mOtherRevenue = {};
+    mAddress = {};
+    mCivilStatus = {};
+}
+
+Listing::Source Listing::SourceOf(int kind) const {
+    switch (kind) {
+    case ListingKind::kAddress:
+        return {u"Addresses"_s,
+                u"SELECT ZipCode, Town, Province FROM build_file..tbCoAddress WHERE ZipCode <> ''"_s,
+                u"ZipCode"_s,
+                u"Town, Province"_s,
+                {{u"Code"_s, 1000, u"ZipCode"_s},
+                 {u"Town"_s, 3000, u"Town"_s},
+                 {u"Province"_s, 3000, u"Province"_s}}};
+    case ListingKind::kDoctor:
+        return {
+            u"Doctors"_s,
+            u"SELECT DoctorID, LastName, FirstName, MiddleName, Specialty FROM build_file..tbCoDoctor WHERE "
+            "DoctorID <> ''"_s,
+            u"DoctorID"_s,
+            u"LastName, FirstName"_s,
+            {{u"Code"_s, 1000, u"DoctorID"_s},
+             {u"Last Name"_s, 2200, u"LastName"_s},
+             {u"First Name"_s, 2200, u"FirstName"_s},
+             {u"Specialty"_s, 2800, u"Specialty"_s}}};
+    case ListingKind::kCivilStatus:
+        return {
+            u"Civil Status"_s,
+            u"SELECT CivilStatusID, CivilStatus FROM build_file..tbCoCivilStatus WHERE CivilStatusID <> ''"_s,
+            u"CivilStatusID"_s,
+            u"CivilStatusID"_s,
+            {{u"Code"_s, 1000, u"CivilStatusID"_s}, {u"Civil Status"_s, 3000, u"CivilStatus"_s}}};
+    default:
+        return {u"Services"_s,
+                u"SELECT ItemID, OtherRevenue, RateA, RateB, RateC, RateD, RateE, RateF, RateG, RateH FROM "
+                "build_file..tbCoOtherRevenue WHERE RevenueID = "_s +
+                    SqlLiteral(mOtherSectionID),
+                u"ItemID"_s,
+                u"OtherRevenue"_s,
+                {{u"Code"_s, 1200, u"ItemID"_s}, {u"Service"_s, 5200, u"OtherRevenue"_s}}};
+    }
+}
+
+CommandGateway& Listing::Connection() const {
+    if (!mConnection)
+        throw RunTime::Error(RunTime::kObjectNotSet);
+    return *mConnection;
+}
+
+bool Listing::SearchListing(QString& code, int kind) {
+    const Source source = SourceOf(kind);
+    if (!code.isEmpty()) {
+        const RowSet exact = Connection().Execute(source.ByCode(code));
+        if (!exact.Eof()) {
+            Take(kind, exact);
+            code = exact.Fields(source.codeField).ToText();
+            return true;
+        }
+    }
+    RowSet rows = Connection().Execute(source.All());
+    const auto data = rows.Data();
+    if (kind == ListingKind::kOtherRevenue && !code.isEmpty() &&
+        !AnyRowMatches(*data, source.columns, code) && IsStockText(code))
+        return false;
+    PickDialog dialog(source.title, source.columns, data, code);
+    if (!ShowModal(dialog))
+        return false;
+    for (size_t row = 0; row < dialog.PickedRow(); ++row)
+        rows.MoveNext();
+    Take(kind, rows);
+    code = rows.Fields(source.codeField).ToText();
+    return true;
+}
+
+bool Listing::IsStockText(const QString& text) const {
+    const QString command = u"SELECT TOP 1 ItemID FROM INVENTORY..tbInvMaster WHERE ItemID = "_s +
+                            SqlLiteral(text) + u" OR LEFT(ItemName, LEN("_s + SqlLiteral(text) + u")) = "_s +
+                            SqlLiteral(text);
+    return !Connection().Execute(command).Eof();
+}
+
+void Listing::Take(int kind, const RowSet& row) {
+    const auto text = [&row](QStringView field) { return row.Fields(field).TextOrEmpty(); };
+    switch (kind) {
+    case ListingKind::kAddress:
+        mAddress = {text(u"ZipCode"), text(u"Town"), text(u"Province")};
+        break;
+    case ListingKind::kDoctor:
+        mDoctor = {text(u"DoctorID"), text(u"LastName"), text(u"FirstName"), text(u"MiddleName")};
+        break;
+    case ListingKind::kCivilStatus:
+        mCivilStatus = {text(u"CivilStatusID"), text(u"CivilStatus")};
+        break;
+    default:
+        mOtherRevenue.ResultCode = text(u"ItemID");
+        mOtherRevenue.OtherRevenue = text(u"OtherRevenue");
+        for (size_t i = 0; i < mOtherRevenue.Rates.size(); ++i)
+            mOtherRevenue.Rates[i] = row.Fields(u"Rate%1"_s.arg(QChar(u'A' + int(i)))).ToDouble();
+    }
+}

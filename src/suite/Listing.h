@@ -1,0 +1,42 @@
+#pragma once
+
+#include "components/clsListing.h"
+
+/// The code pickers over the hospital's own lists: doctors, services with their rates, addresses, civil
+/// status.
+class Listing : public clsListing {
+  public:
+    void SetMTS_Server(const QString& server) override { mServer = server; }
+    void SetSearchMode(bool search) override { mSearchMode = search; }
+    void SetConnection(CommandGateway* connection) override { mConnection = connection; }
+    void SetCompanyName(const QString& name) override { mCompanyName = name; }
+    void SetOtherSectionID(const QString& section) override { mOtherSectionID = section; }
+    void Initialize_Classes() override;
+
+    /// A text that stock knows by code or name and no service matches is answered False at once: it was keyed
+    /// for the stock, and a list of services would only be in the way.
+    bool SearchListing(QString& code, int kind) override;
+
+    const DoctorListing& DoctorRecord() const override { return mDoctor; }
+    const OtherRevenueListing& OtherRevenueRecord() const override { return mOtherRevenue; }
+    const AddressListing& AddressRecord() const override { return mAddress; }
+    const CivilStatusListing& CivilStatusRecord() const override { return mCivilStatus; }
+
+  private:
+    struct Source;
+
+    CommandGateway& Connection() const;
+    Source SourceOf(int kind) const;
+    bool IsStockText(const QString& text) const;
+    void Take(int kind, const class RowSet& row);
+
+    QString mServer;
+    bool mSearchMode = false;
+    CommandGateway* mConnection = nullptr;
+    QString mCompanyName;
+    QString mOtherSectionID;
+    DoctorListing mDoctor;
+    OtherRevenueListing mOtherRevenue;
+    AddressListing mAddress;
+    CivilStatusListing mCivilStatus;
+};

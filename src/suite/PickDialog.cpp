@@ -1,0 +1,164 @@
+#include "suite/PickDialog.h"
+
+#include "gateway/RunTimeError.h"
+#include "text/UCase.h"
+#include "toolkit/Keys.h"
+#include "toolkit/ListView.h"
+#include "toolkit/Look.h"
+#include "toolkit/Twips.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kListHeight = 4800;
+constexpr int kScrollBarWidth = 500;
+
+/// The columns' numbers in the data; a column that it lacks raises 3265.
+std::vector<size_t> FieldsOf(const RowData& rows, const std::vector<PickColumn>& columns) {
+    std::vector<size_t> fields;
+    for (const PickColumn& column : columns) {
+        const auto field = rows.Find(column.field);
+        if (!field)
+            throw RunTime::Error(RunTime::kItemNotFound);
+        fields.push_back(*field);
+    }
+    return fields;
+}
+
+/// How well a row answers a search text: not at all, with every word of it somewhere, or with a column that
+/// begins with it.
+enum class Match { None, Words, Beginning };
+
+Match MatchOf(const RowData& rows, size_t row, const std::vector<size_t>& fields, const QString& text) {
+    const QString wanted = UCase(text.trimmed());
+    QString haystack;
+    bool begins = false;
+    for (const size_t field : fields) {
+        const QString cell = UCase(rows.Cell(row, field).TextOrEmpty());
+        begins = begins || cell.startsWith(wanted);
+        haystack += cell + u'\n';
+    }
+    if (begins)
+        return Match::Beginning;
+    const QStringList words = wanted.split(u' ', Qt::SkipEmptyParts);
+    const bool all =
+        std::all_of(words.begin(), words.end(), [&](const QString& word) { return haystack.contains(word); });
+    return all ? Match::Words : Match::None;
+}
+
+} // namespace
+
+bool AnyRowMatches(const RowData& rows, const std::vector<PickColumn>& columns, const QString& text) {
+    const std::vector<size_t> fields = FieldsOf(rows, columns);
+    for (size_t row = 0; row < rows.RowCount(); ++row) {
+        if (MatchOf(rows, row, fields, text) != Match::None)
+            return true;
+    }
+    return false;
+}
+
+PickDialog::PickDialog(const QString& title, std::vector<PickColumn> columns,
+                       std::shared_ptr<const RowData> rows, const QString& text)
+    : mColumns(std::move(columns))
+    , mFields(FieldsOf(*rows, mColumns))
+    , mRows(std::move(rows)) {
+    Layout(title);
+    Filter(text);
+    if (mShown.empty())
+        Filter({});
+    txtPick->setText(text);
+    txtPick->selectAll();
+    Wire();
+}
+
+void PickDialog::Layout(const QString& title) {
+    setObjectName(u"PickDialog"_s);
+    setWindowTitle(title);
+    txtPick = NewTextBox(u"txtPick"_s, this);
+    lstPick = new ListView(this);
+    lstPick->setObjectName(u"lstPick"_s);
+    lstPick->setAccessibleName(title);
+    int width = kScrollBarWidth;
+    for (const PickColumn& column : mColumns) {
+        lstPick->AddColumn(column.header, column.width);
+        width += column.width;
+    }
+    lstPick->setMinimumSize(TwipsToPixels(width), TwipsToPixels(kListHeight));
+    cmdPick = new QPushButton(u"&Select"_s, this);
+    cmdPick->setObjectName(u"cmdPick"_s);
+    cmdPick->setDefault(true);
+    cmdCancel = new QPushButton(u"Cancel"_s, this);
+    cmdCancel->setObjectName(u"cmdCancel"_s);
+    cmdCancel->setAutoDefault(false);
+    auto* grid = new QGridLayout(this);
+    AddLabelled(*grid, 0, 0, u"Search"_s, txtPick);
+    grid->addWidget(lstPick, 1, 0, 1, 2);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cmdPick);
+    buttons->addWidget(cmdCancel);
+    grid->addLayout(buttons, 2, 0, 1, 2);
+    txtPick->setFocus();
+}
+
+void PickDialog::Wire() {
+    connect(txtPick, &QLineEdit::textChanged, this, &PickDialog::Filter);
+    connect(lstPick, &ListView::DblClick, this, &PickDialog::Pick);
+    connect(cmdPick, &QPushButton::clicked, this, &PickDialog::Pick);
+    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    OnKeyDown(txtPick, [this](int keyCode) { return txtPick_KeyDown(keyCode); });
+    UpperCaseKeys(txtPick);
+    OnKeyPress(lstPick, [this](int& keyAscii) {
+        if (keyAscii == Key::kEnter) {
+            keyAscii = 0;
+            Pick();
+        }
+    });
+}
+
+void PickDialog::Filter(const QString& text) {
+    mShown.clear();
+    std::vector<size_t> others;
+    for (size_t row = 0; row < mRows->RowCount(); ++row) {
+        const Match match = MatchOf(*mRows, row, mFields, text);
+        if (match != Match::None)
+            (match == Match::Beginning ? mShown : others).push_back(row);
+    }
+    mShown.insert(mShown.end(), others.begin(), others.end());
+    auto shown = std::make_shared<RowData>();
+    shown->columns = mRows->columns;
+    const size_t width = mRows->columns.size();
+    for (const size_t row : mShown) {
+        const auto first = mRows->cells.begin() + static_cast<std::ptrdiff_t>(row * width);
+        shown->cells.insert(shown->cells.end(), first, first + static_cast<std::ptrdiff_t>(width));
+    }
+    lstPick->SetRows(shown, mFields);
+    cmdPick->setEnabled(!mShown.empty());
+}
+
+bool PickDialog::txtPick_KeyDown(int keyCode) {
+    if (keyCode != Key::kDown && keyCode != Key::kUp)
+        return false;
+    // The marked row moves while the text keeps the focus, so that typing and choosing mix.
+    const int row = lstPick->currentIndex().row() + (keyCode == Key::kDown ? 1 : -1);
+    if (row >= 0 && row < lstPick->RowCount())
+        lstPick->setCurrentIndex(lstPick->model()->index(row, 0));
+    return true;
+}
+
+void PickDialog::Pick() {
+    const int row = lstPick->currentIndex().row();
+    if (row < 0)
+        return;
+    mPicked = mShown[static_cast<size_t>(row)];
+    accept();
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "gateway/RowSet.h"
+
+#include <QDialog>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+class ListView;
+class QLineEdit;
+class QPushButton;
+
+/// One column of a pick list: its header, its width in twips and the result's column behind it.
+struct PickColumn {
+    QString header;
+    int width;
+    QString field;
+};
+
+/// Whether a row holds every word of the text somewhere in the columns, letter case aside.
+bool AnyRowMatches(const RowData& rows, const std::vector<PickColumn>& columns, const QString& text);
+
+/// The suite's incremental pick list: as the search text is typed, the rows with a column that begins with
+/// it, then those that hold every word of it somewhere. Up and Down move the mark, Enter takes the marked
+/// row, Escape gives up.
+class PickDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    /// `text` is the first search text; when no row matches it, all rows are offered and the text is marked
+    /// for typing over.
+    PickDialog(const QString& title, std::vector<PickColumn> columns, std::shared_ptr<const RowData> rows,
+               const QString& text);
+
+    /// The picked row of the data given, once the dialogue was accepted.
+    size_t PickedRow() const { return mPicked; }
+
+  private:
+    void Layout(const QString& title);
+    void Wire();
+
+    void Filter(const QString& text);
+    bool txtPick_KeyDown(int keyCode);
+    void Pick();
+
+    std::vector<PickColumn> mColumns;
+    std::vector<size_t> mFields;
+    std::shared_ptr<const RowData> mRows;
+    /// The rows of the data that the list shows now.
+    std::vector<size_t> mShown;
+    size_t mPicked = 0;
+
+    QLineEdit* txtPick;
+    ListView* lstPick;
+    QPushButton* cmdPick;
+    QPushButton* cmdCancel;
+};

@@ -1,0 +1,81 @@
+#include "suite/SignOn.h"
+
+#include "gateway/RunTimeError.h"
+#include "gateway/SqlText.h"
+#include "suite/DataSource.h"
+#include "suite/Passwords.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The server's own number for a refused logon.
+constexpr int kLoginFailed = 18456;
+
+/// The hash of a password that nobody has, so that an unknown user takes as long to refuse as a known one.
+const QString& NobodysHash() {
+    static const QString hash = HashPassword(u"nobody signs on with this"_s);
+    return hash;
+}
+
+QString UserCommand(const QString& user) {
+    return u"SELECT EmployeeID, LastName, FirstName, Initial, PasswordHash FROM PASSWORD..tbPasswordMain "
+           u"WHERE "
+           "EmployeeID = "_s +
+           SqlLiteral(user) + u" AND Active = 1"_s;
+}
+
+QString DepartmentCommand(const QString& user, const QString& deptCode) {
+    return u"SELECT DeptCode FROM PASSWORD..tbPasswordDept WHERE EmployeeID = "_s + SqlLiteral(user) +
+           u" AND (DeptCode = "_s + SqlLiteral(deptCode) + u" OR DeptCode = '*')"_s;
+}
+
+/// Whether the password is the one in the user's row. Takes as long for a user who is not there.
+bool IsPassword(const RowSet& userRow, const QString& password) {
+    const bool known = !userRow.Eof();
+    const QString hash = known ? userRow.Fields(u"PasswordHash").TextOrEmpty() : NobodysHash();
+    return PasswordMatches(hash, password) && known;
+}
+
+SignOnOutcome Refused(const QString& reason) {
+    return {.user = nullptr, .refusal = reason};
+}
+
+SignOnOutcome RefusedUser() {
+    return Refused(u"The user or the password is wrong."_s);
+}
+
+} // namespace
+
+SignOnOutcome TrySignOn(DataSource& source, const QString& user, const QString& password,
+                        const QString& deptCode) {
+    std::unique_ptr<CommandGateway> connection;
+    try {
+        connection = source.Connect(user, password);
+    } catch (const RunTimeError& error) {
+        // A server that knows the user by himself refuses him at its door.
+        if (error.Number() == kLoginFailed)
+            return RefusedUser();
+        throw;
+    }
+    const RowSet rows = connection->Execute(UserCommand(user));
+    if (!IsPassword(rows, password))
+        return RefusedUser();
+    const QString employee = rows.Fields(u"EmployeeID").ToText();
+    if (connection->Execute(DepartmentCommand(employee, deptCode)).Eof())
+        return Refused(u"%1 may not sign on for department %2."_s.arg(employee, deptCode));
+    auto signedOn = std::make_unique<SignedOnUser>();
+    signedOn->employeeCode = employee;
+    signedOn->employeeName =
+        rows.Fields(u"FirstName").TextOrEmpty() + u' ' + rows.Fields(u"LastName").TextOrEmpty();
+    signedOn->initial = rows.Fields(u"Initial").TextOrEmpty();
+    signedOn->connection = std::move(connection);
+    return {.user = std::move(signedOn), .refusal = {}};
+}
+
+std::unique_ptr<CommandGateway> LogOn(DataSource& source, const QString& user, const QString& password) {
+    auto connection = source.Connect(user, password);
+    if (!IsPassword(connection->Execute(UserCommand(user)), password))
+        throw RunTimeError(kLoginFailed, u"Login failed for user '%1'."_s.arg(user), u"28000"_s);
+    return connection;
+}

@@ -1,0 +1,175 @@
+#include "suite/SignOnDialog.h"
+
+#include "gateway/RunTimeError.h"
+#include "suite/DataSource.h"
+#include "suite/Passwords.h"
+#include "toolkit/Look.h"
+#include "toolkit/MsgBox.h"
+#include "toolkit/Twips.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressDialog>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kWidth = 5000;
+
+} // namespace
+
+SignOnDialog::SignOnDialog(std::span<const std::unique_ptr<DataSource>> sources, const QString& preferred,
+                           const QString& deptCode)
+    : mSources(sources)
+    , mDeptCode(deptCode) {
+    Layout();
+    for (const auto& source : mSources)
+        cmbDataSource->addItem(source->Name());
+    cmbDataSource->setCurrentIndex(qMax(0, cmbDataSource->findText(preferred)));
+    Wire();
+    cmbDataSource_Change();
+}
+
+void SignOnDialog::Layout() {
+    setObjectName(u"SignOnDialog"_s);
+    setWindowTitle(u"Sign On"_s);
+    txtUser = NewTextBox(u"txtUser"_s, this);
+    txtPassword = NewTextBox(u"txtPassword"_s, this);
+    txtPassword->setEchoMode(QLineEdit::Password);
+    cmbDataSource = new QComboBox(this);
+    cmbDataSource->setObjectName(u"cmbDataSource"_s);
+    lblHint = new QLabel(this);
+    lblHint->setObjectName(u"lblHint"_s);
+    lblHint->setWordWrap(true);
+    lblProblem = new QLabel(this);
+    lblProblem->setObjectName(u"lblProblem"_s);
+    lblProblem->setWordWrap(true);
+    lblProblem->setStyleSheet(u"color: #a3262b; font-weight: bold;"_s);
+    lblProblem->hide();
+    cmdMakeAnew = new QPushButton(u"Make the trial hospital &anew..."_s, this);
+    cmdMakeAnew->setObjectName(u"cmdMakeAnew"_s);
+    cmdMakeAnew->setAutoDefault(false);
+    cmdOK = new QPushButton(u"&Sign on"_s, this);
+    cmdOK->setObjectName(u"cmdOK"_s);
+    cmdOK->setDefault(true);
+    cmdCancel = new QPushButton(u"&Cancel"_s, this);
+    cmdCancel->setObjectName(u"cmdCancel"_s);
+    cmdCancel->setAutoDefault(false);
+
+    auto* grid = new QGridLayout(this);
+    grid->setColumnMinimumWidth(1, TwipsToPixels(kWidth));
+    AddLabelled(*grid, 0, 0, u"&User"_s, txtUser);
+    AddLabelled(*grid, 1, 0, u"&Password"_s, txtPassword);
+    AddLabelled(*grid, 2, 0, u"&Data source"_s, cmbDataSource);
+    grid->addWidget(lblHint, 3, 1);
+    grid->addWidget(lblProblem, 4, 0, 1, 2);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(cmdMakeAnew);
+    buttons->addStretch();
+    buttons->addWidget(cmdOK);
+    buttons->addWidget(cmdCancel);
+    grid->addLayout(buttons, 5, 0, 1, 2);
+    txtUser->setFocus();
+}
+
+void SignOnDialog::Wire() {
+    connect(cmbDataSource, &QComboBox::currentIndexChanged, this, &SignOnDialog::cmbDataSource_Change);
+    connect(cmdOK, &QPushButton::clicked, this, &SignOnDialog::cmdOK_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(cmdMakeAnew, &QPushButton::clicked, this, &SignOnDialog::cmdMakeAnew_Click);
+}
+
+DataSource& SignOnDialog::Source() const {
+    return *mSources[static_cast<size_t>(cmbDataSource->currentIndex())];
+}
+
+QString SignOnDialog::SourceName() const {
+    return cmbDataSource->currentText();
+}
+
+QString SignOnDialog::TakePassword() {
+    const QString password = txtPassword->text();
+    txtPassword->clear();
+    return password;
+}
+
+void SignOnDialog::cmbDataSource_Change() {
+    lblHint->setText(Source().Hint());
+    cmdMakeAnew->setVisible(Source().CanBeMadeAnew());
+}
+
+void SignOnDialog::ShowProblem(const QString& text) {
+    lblProblem->setText(text);
+    lblProblem->setVisible(!text.isEmpty());
+}
+
+void SignOnDialog::cmdOK_Click() {
+    ShowProblem({});
+    try {
+        if (Source().NeedsMaking() && !MakeHospital())
+            return;
+        SignOnOutcome outcome =
+            TrySignOn(Source(), txtUser->text().trimmed(), txtPassword->text(), mDeptCode);
+        if (!outcome.user) {
+            Refuse(outcome.refusal);
+            return;
+        }
+        mUser = std::move(outcome.user);
+        accept();
+    } catch (const RunTimeError& error) {
+        // The data source is to blame, not the user: no try is lost.
+        ShowProblem(error.Description());
+    }
+}
+
+void SignOnDialog::Refuse(const QString& reason) {
+    --mTriesLeft;
+    txtPassword->clear();
+    if (mTriesLeft == 0) {
+        MsgBox(
+            {.text = reason + u"\n\nThat was the third try. The program ends."_s, .icon = MsgIcon::Critical});
+        reject();
+        return;
+    }
+    ShowProblem(reason + (mTriesLeft == 1 ? u" One try is left."_s : u" Two tries are left."_s));
+    txtPassword->setFocus();
+}
+
+bool SignOnDialog::MakeHospital() {
+    QProgressDialog progress(this);
+    progress.setObjectName(u"MakingProgress"_s);
+    progress.setWindowTitle(Source().Name());
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setCancelButton(nullptr);
+    progress.setMinimumDuration(0);
+    try {
+        Source().Make([&progress](int done, int total, const QString& what) {
+            progress.setMaximum(total);
+            progress.setLabelText(what);
+            progress.setValue(done);
+        });
+        return true;
+    } catch (const RunTimeError& error) {
+        ShowProblem(error.Description());
+        return false;
+    }
+}
+
+void SignOnDialog::cmdMakeAnew_Click() {
+    const MsgAnswer answer =
+        MsgBox({.text = u"Make the trial hospital anew? Everything that was keyed in it is lost."_s,
+                .icon = MsgIcon::Question,
+                .title = windowTitle(),
+                .buttons = MsgButtons::YesNo,
+                .defaultAnswer = MsgAnswer::No});
+    if (answer != MsgAnswer::Yes)
+        return;
+    ShowProblem({});
+    if (MakeHospital())
+        txtUser->setFocus();
+}

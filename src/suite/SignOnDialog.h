@@ -1,0 +1,58 @@
+#pragma once
+
+#include "suite/SignOn.h"
+
+#include <QDialog>
+
+#include <memory>
+#include <span>
+
+class DataSource;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+/// The sign-on window: user, password, data source. Three wrong tries close it.
+class SignOnDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    /// The data sources must outlive the dialogue; `preferred` is the name of the one to begin with.
+    SignOnDialog(std::span<const std::unique_ptr<DataSource>> sources, const QString& preferred,
+                 const QString& deptCode);
+
+    /// The user after the dialogue was accepted, null otherwise.
+    std::unique_ptr<SignedOnUser> TakeUser() { return std::move(mUser); }
+    /// The password that the user typed. The dialogue forgets it.
+    QString TakePassword();
+    /// The name of the data source chosen.
+    QString SourceName() const;
+
+  private:
+    void Layout();
+    void Wire();
+
+    void cmbDataSource_Change();
+    void cmdOK_Click();
+    void cmdMakeAnew_Click();
+
+    DataSource& Source() const;
+    bool MakeHospital();
+    void Refuse(const QString& reason);
+    void ShowProblem(const QString& text);
+
+    std::span<const std::unique_ptr<DataSource>> mSources;
+    QString mDeptCode;
+    std::unique_ptr<SignedOnUser> mUser;
+    int mTriesLeft = 3;
+
+    QLineEdit* txtUser;
+    QLineEdit* txtPassword;
+    QComboBox* cmbDataSource;
+    QLabel* lblHint;
+    QLabel* lblProblem;
+    QPushButton* cmdMakeAnew;
+    QPushButton* cmdOK;
+    QPushButton* cmdCancel;
+};

@@ -1,0 +1,52 @@
+#include "suite/StockList.h"
+
+#include "gateway/CommandGateway.h"
+#include "gateway/RunTimeError.h"
+#include "gateway/SqlText.h"
+#include "suite/LiveConnection.h"
+#include "suite/PickDialog.h"
+#include "toolkit/ShowModal.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString SectionCommand(const QString& section) {
+    return u"SELECT ItemID, ItemName, GenericName, Unit, SellingPriceIn FROM INVENTORY..tbInvMaster WHERE SectionID = "_s +
+           SqlLiteral(section);
+}
+
+} // namespace
+
+bool StockList::InitConnection(const QString& connectionString) {
+    mConnection = FindLiveConnection(connectionString);
+    return mConnection != nullptr;
+}
+
+/// The plain picker is never handed a connection; it works on the session's own.
+CommandGateway& StockList::Connection() const {
+    CommandGateway* connection = mConnection ? mConnection : LiveConnection();
+    if (!connection)
+        throw RunTime::Error(RunTime::kObjectNotSet);
+    return *connection;
+}
+
+QString StockList::ShowList(const QString& text, bool, const QString& section) {
+    if (!text.isEmpty()) {
+        const RowSet exact =
+            Connection().Execute(SectionCommand(section) + u" AND ItemID = "_s + SqlLiteral(text));
+        if (!exact.Eof())
+            return exact.Fields(u"ItemID").ToText();
+    }
+    const auto rows = Connection().Execute(SectionCommand(section) + u" ORDER BY ItemName"_s).Data();
+    PickDialog dialog(u"Stock Items"_s,
+                      {{u"Code"_s, 1200, u"ItemID"_s},
+                       {u"Item"_s, 3600, u"ItemName"_s},
+                       {u"Generic Name"_s, 3000, u"GenericName"_s},
+                       {u"Unit"_s, 900, u"Unit"_s},
+                       {u"Price"_s, 1100, u"SellingPriceIn"_s}},
+                      rows, text);
+    if (!ShowModal(dialog))
+        return text;
+    return rows->Cell(dialog.PickedRow(), 0).ToText();
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "components/clsStockList.h"
+
+class CommandGateway;
+
+/// The stock picker over the hospital's inventory.
+class StockList : public clsStockList {
+  public:
+    bool InitConnection(const QString& connectionString) override;
+    void SetDrugsORCSR(bool drugs) override { mDrugs = drugs; }
+    QString ShowList(const QString& text, bool flag, const QString& section) override;
+
+  private:
+    CommandGateway& Connection() const;
+
+    CommandGateway* mConnection = nullptr;
+    bool mDrugs = true;
+};

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "suite/DataSource.h"
+
+#include <QString>
+
+/// The trial hospital: one file in the user's data folder, made at the first sign-on.
+class TrialHospital : public DataSource {
+  public:
+    /// The folder is made when the hospital is.
+    explicit TrialHospital(const QString& folder);
+
+    QString Name() const override;
+    /// The trial users, who are told here and nowhere else.
+    QString Hint() const override;
+    bool NeedsMaking() const override;
+    bool CanBeMadeAnew() const override { return true; }
+    void Make(const MakingProgress& progress) override;
+    std::unique_ptr<CommandGateway> Connect(const QString& user, const QString& password) override;
+
+    const QString& Path() const { return mPath; }
+
+  private:
+    QString mPath;
+};

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "support/ScreenTest.h"
+
+#include <QStringList>
+
+#include <functional>
+
+/// The gateway of a start: writes down what the start sets and sends.
+class RecordingGateway : public ScriptedGateway {
+  public:
+    explicit RecordingGateway(QStringList& record)
+        : mRecord(record) {}
+
+    /// Called with each command before it is answered.
+    std::function<void()> onCommand;
+
+    void SetDefaultDatabase(const QString& name) override;
+    void SetCommandTimeout(int seconds) override;
+
+  protected:
+    Outcome Run(const QString& command) override;
+
+  private:
+    QStringList& mRecord;
+};
+
+/// A test of the start: every in-house component is registered as one that writes down what is called on it,
+/// in one record for all, and a user signs on.
+class StartTest : public ScreenTest {
+  protected:
+    StartTest();
+    ~StartTest() override;
+
+    /// The class names of the components, in the order in which a start creates them.
+    static QStringList ClassesOfInitComponents();
+    static QStringList ClassesOfMainLoad();
+
+    void WriteConfig(const QByteArray& content);
+
+    /// The next command reads the hospital record, which has this row.
+    void ExpectHospital(const Value& company, const Value& address, const Value& tin, const Value& byGeneric);
+
+    QStringList record;
+    RecordingGateway connection{record};
+    /// Called when the listing component gets its connection and its company name.
+    std::function<void()> onListingConnection;
+    std::function<void()> onCompanyName;
+    /// The next sign-on succeeds.
+    bool signsOn = true;
+    bool personFinderConnects = true;
+    bool stockItemConnects = true;
+};

@@ -1,0 +1,27 @@
+#include "charges/frmPostCharges.h"
+#include "patients/FinderTarget.h"
+#include "shell/RegisterScreens.h"
+#include "support/ScreenTest.h"
+#include "toolkit/Screens.h"
+
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using RegisterScreensTest = ScreenTest;
+
+TEST_F(RegisterScreensTest, ThePostingScreenWaitsInModePost) {
+    RegisterScreens();
+    EXPECT_FALSE(Screens::IsLoaded<frmPostCharges>()) << "registering touches no screen";
+    EXPECT_EQ(&FinderTargetOf(u"Post"_s), static_cast<FinderTarget*>(&Screens::Get<frmPostCharges>()));
+}
+
+TEST_F(RegisterScreensTest, NoScreenWaitsInAnotherMode) {
+    RegisterScreens();
+    EXPECT_FALSE(HasFinderTarget(u"post"_s));
+    EXPECT_FALSE(HasFinderTarget(QString()));
+}
+
+} // namespace

@@ -1,0 +1,102 @@
+#include "shell/frmAbout.h"
+#include "shell/shared.h"
+#include "support/FakeWorkspace.h"
+#include "support/ScreenTest.h"
+#include "toolkit/Screens.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class frmAboutTest : public ScreenTest {
+  protected:
+    frmAboutTest() {
+        gDeptDesc = u"HEMODIALYSIS"_s;
+        Activate(workspace);
+    }
+
+    /// Opens the box with its clock stopped: the test lets it tick.
+    frmAbout& Open() {
+        auto& screen = Screens::Get<frmAbout>();
+        screen.Show();
+        mTimer = screen.findChild<QTimer*>();
+        EXPECT_TRUE(mTimer->isActive());
+        mTimer->stop();
+        return screen;
+    }
+
+    void Tick() { QMetaObject::invokeMethod(mTimer, "timeout"); }
+
+    static void ExpectStep(const frmAbout& screen, int opacity) {
+        EXPECT_EQ(screen.Opacity(), opacity);
+        EXPECT_NEAR(screen.windowOpacity(), opacity / 255.0, 0.005);
+    }
+
+    FakeWorkspace workspace;
+    QTimer* mTimer = nullptr;
+};
+
+TEST_F(frmAboutTest, TellsTheDepartmentAndTheRelease) {
+    QStringList texts;
+    for (const QLabel* label : Open().findChildren<QLabel*>())
+        texts.push_back(label->text());
+    EXPECT_TRUE(texts.contains(u"TARVEN HEMODIALYSIS"_s));
+    EXPECT_TRUE(texts.contains(u"Version 5.5.2"_s));
+}
+
+TEST_F(frmAboutTest, StandsBesideTheMainWindow) {
+    EXPECT_TRUE(Open().isWindow());
+    EXPECT_TRUE(workspace.Area()->subWindowList().isEmpty());
+}
+
+TEST_F(frmAboutTest, FadesInFrom0To255InStepsOf3) {
+    const frmAbout& screen = Open();
+    ExpectStep(screen, 0);
+    for (int opacity = 3; opacity <= 255; opacity += 3) {
+        mTimer->start();
+        Tick();
+        ExpectStep(screen, opacity);
+        EXPECT_EQ(mTimer->isActive(), opacity < 255);
+        mTimer->stop();
+    }
+}
+
+class FadeOut : public frmAboutTest {
+  protected:
+    void FadesOut(const std::function<void(frmAbout&)>& close) {
+        frmAbout& screen = Open();
+        for (int i = 0; i < 85; ++i)
+            Tick();
+        ExpectStep(screen, 255);
+        close(screen);
+        EXPECT_TRUE(mTimer->isActive());
+        mTimer->stop();
+        for (int opacity = 252; opacity > 0; opacity -= 3) {
+            Tick();
+            ExpectStep(screen, opacity);
+            EXPECT_TRUE(Screens::IsLoaded<frmAbout>());
+        }
+        Tick();
+        EXPECT_FALSE(Screens::IsLoaded<frmAbout>());
+    }
+};
+
+TEST_F(FadeOut, OnOKThenTheBoxCloses) {
+    FadesOut([](const frmAbout& screen) { Click(Find<QPushButton>(screen, "cmdOK")); });
+}
+
+TEST_F(FadeOut, OnTheCloseBoxThenTheBoxCloses) {
+    FadesOut([](frmAbout& screen) { EXPECT_FALSE(screen.close()); });
+}
+
+TEST_F(frmAboutTest, UnloadedByTheProgramItIsGoneAtOnce) {
+    frmAbout& screen = Open();
+    EXPECT_TRUE(screen.Unload());
+    EXPECT_FALSE(screen.isVisible());
+}
+
+} // namespace

@@ -1,0 +1,220 @@
+#include "components/ComponentRegistry.h"
+#include "shell/frmMain.h"
+#include "shell/Main.h"
+#include "shell/RecordingSuite.h"
+#include "shell/shared.h"
+#include "shell/StatusPanel.h"
+#include "support/CaseName.h"
+
+#include <QAction>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The main window before its load, with the components of the start made.
+class frmMainLoad : public StartTest {
+  protected:
+    frmMainLoad() {
+        gDeptCode = u"HC"_s;
+        gDeptDesc = u"HEMODIALYSIS"_s;
+        EXPECT_TRUE(InitComponents());
+        gStockList = {};
+        gConnection = nullptr;
+        record.clear();
+    }
+
+    void ExpectPlainHospital() {
+        ExpectHospital(u"SAN ROQUE HOSPITAL"_s, u"CEBU CITY"_s, u"000-111"_s, false);
+    }
+
+    bool IsMLedgerEnabled() const { return window->findChild<QAction*>(u"mnuMLedger"_s)->isEnabled(); }
+    QString PanelText(const char* name) const {
+        return window->findChild<StatusPanel*>(QString::fromLatin1(name))->Text();
+    }
+
+    int ErrorOfLoad() {
+        try {
+            window->Form_Load();
+        } catch (const RunTimeError& error) {
+            return error.Number();
+        }
+        return 0;
+    }
+
+    std::unique_ptr<frmMain> window = std::make_unique<frmMain>();
+};
+
+TEST_F(frmMainLoad, RunsInThisOrder) {
+    window->findChild<QAction*>(u"mnuMLedger"_s)->setEnabled(true);
+    connection.onCommand = [this] {
+        EXPECT_EQ(gDeptCodeCopy, u"HC"_s);
+        EXPECT_EQ(gDeptDescCopy, u"HEMODIALYSIS"_s);
+        EXPECT_EQ(gConnection, &connection);
+        EXPECT_EQ(PanelText("Panel2"), u"ABR"_s);
+        EXPECT_EQ(PanelText("Panel3"), u"ANA REYES"_s);
+        EXPECT_EQ(gHospitalName, QString());
+    };
+    onListingConnection = [this] { EXPECT_TRUE(IsMLedgerEnabled()); };
+    onCompanyName = [this] {
+        EXPECT_FALSE(IsMLedgerEnabled());
+        EXPECT_EQ(window->windowTitle(), u"Orvandelle"_s) << "the title comes last";
+    };
+    ExpectPlainHospital();
+    EXPECT_TRUE(window->Form_Load());
+    EXPECT_EQ(record, (QStringList{u"PasswordDeptCode HC"_s,
+                                   u"hwndParentForm"_s,
+                                   u"ShowMain"_s,
+                                   u"Connected"_s,
+                                   u"DefaultDatabase PASSWORD"_s,
+                                   u"Initial"_s,
+                                   u"EmployeeName"_s,
+                                   u"select * from PATIENT_DATA..tbhospitalInfo"_s,
+                                   u"create WardWorkLib.clsRequest"_s,
+                                   u"create WardWorkLib.clsResults"_s,
+                                   u"create WardWorkLib.clsConfinementResults"_s,
+                                   u"create WardWorkLib.clsConfinement"_s,
+                                   u"create StockListLib.clsStockList"_s,
+                                   u"CommandTimeout 120"_s,
+                                   u"MTS_Server []"_s,
+                                   u"SearchMode 1"_s,
+                                   u"Initialize_Classes"_s,
+                                   u"Connection scripted"_s,
+                                   u"CompanyName []"_s,
+                                   u"PersonFinder.InitConnection scripted []"_s,
+                                   u"StockItem.InitConnect scripted"_s,
+                                   u"StockList.InitConnection scripted"_s,
+                                   u"StockItem.InitConnect scripted"_s}));
+    EXPECT_EQ(window->windowTitle(), u"TARVEN HEMODIALYSIS ver.5.5.2"_s);
+}
+
+TEST_F(frmMainLoad, GivesItsOwnWindowToTheSignOn) {
+    ExpectPlainHospital();
+    window->Form_Load();
+    const auto signedOn = std::dynamic_pointer_cast<FakeCurrentUser>(gCurrentUser.Shared());
+    EXPECT_EQ(signedOn->parentWindow, window->winId());
+}
+
+TEST_F(frmMainLoad, SetsTheSharedVariables) {
+    ExpectPlainHospital();
+    window->Form_Load();
+    EXPECT_EQ(gConnection, &connection);
+    EXPECT_EQ(connection.DefaultDatabase(), u"PASSWORD"_s);
+    EXPECT_EQ(connection.CommandTimeout(), 120);
+    EXPECT_EQ(gHospitalName, u"SAN ROQUE HOSPITAL"_s);
+    EXPECT_EQ(gHospitalAddress, u"CEBU CITY"_s);
+    EXPECT_EQ(gHospitalTin, u"000-111"_s);
+    EXPECT_FALSE(gByGeneric);
+    EXPECT_TRUE(gWardRequest.IsSet() && gWardResults.IsSet() && gWardConfinementResults.IsSet());
+    EXPECT_TRUE(gWardConfinement.IsSet() && gStockList.IsSet());
+    EXPECT_NE(gStockList.Shared(), gStockListBasic.Shared());
+}
+
+TEST_F(frmMainLoad, WithoutASignOnReadsNothingAndIsUnloadedSilently) {
+    signsOn = false;
+    window->show();
+    EXPECT_FALSE(window->Form_Load());
+    EXPECT_EQ(record,
+              (QStringList{u"PasswordDeptCode HC"_s, u"hwndParentForm"_s, u"ShowMain"_s, u"Connected"_s}));
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_TRUE(messages.Shown().empty());
+    EXPECT_EQ(gConnection, nullptr);
+    EXPECT_EQ(gDeptCodeCopy, QString());
+}
+
+TEST_F(frmMainLoad, NullsInTheHospitalRecordAreEmptyTexts) {
+    ExpectHospital(Value(), Value(), Value(), false);
+    EXPECT_TRUE(window->Form_Load());
+    EXPECT_EQ(gHospitalName, QString());
+    EXPECT_EQ(gHospitalAddress, QString());
+    EXPECT_EQ(gHospitalTin, QString());
+}
+
+TEST_F(frmMainLoad, ANullTinAloneStartsNormally) {
+    ExpectHospital(u"SAN ROQUE HOSPITAL"_s, u"CEBU CITY"_s, Value(), false);
+    EXPECT_TRUE(window->Form_Load());
+    EXPECT_EQ(gHospitalName, u"SAN ROQUE HOSPITAL"_s);
+    EXPECT_EQ(gHospitalTin, QString());
+}
+
+TEST_F(frmMainLoad, AnEmptyHospitalRecordRaises3021) {
+    connection.Expect(u"select * from PATIENT_DATA..tbhospitalInfo"_s,
+                      Rows({u"company"_s, u"Address1"_s, u"TinNo"_s, u"Bygeneric"_s}));
+    EXPECT_EQ(ErrorOfLoad(), 3021);
+    EXPECT_EQ(record.last(), u"select * from PATIENT_DATA..tbhospitalInfo"_s);
+}
+
+TEST_F(frmMainLoad, ANullBygenericRaises13) {
+    ExpectHospital(u"SAN ROQUE HOSPITAL"_s, u"CEBU CITY"_s, u"000-111"_s, Value());
+    EXPECT_EQ(ErrorOfLoad(), 13);
+    EXPECT_EQ(gHospitalTin, u"000-111"_s) << "the three texts are read before";
+    EXPECT_FALSE(record.contains(u"create WardWorkLib.clsRequest"_s));
+}
+
+struct GenericCase {
+    const char* name;
+    Value byGeneric;
+    bool expected;
+};
+
+class Bygeneric : public frmMainLoad, public testing::WithParamInterface<GenericCase> {};
+
+TEST_P(Bygeneric, IsKeptAndChangesNothing) {
+    ExpectHospital(u"SAN ROQUE HOSPITAL"_s, u"CEBU CITY"_s, u"000-111"_s, GetParam().byGeneric);
+    EXPECT_TRUE(window->Form_Load());
+    EXPECT_EQ(gByGeneric, GetParam().expected);
+    EXPECT_FALSE(gUseGenericList);
+    EXPECT_TRUE(record.contains(u"create StockListLib.clsStockList"_s));
+    EXPECT_FALSE(record.contains(u"create StockGroupListLib.clsGroupList"_s));
+}
+
+INSTANTIATE_TEST_SUITE_P(Values, Bygeneric,
+                         testing::Values(GenericCase{"True", true, true}, GenericCase{"False", false, false},
+                                         GenericCase{"One", qint64{1}, true},
+                                         GenericCase{"Text", u"True"_s, true}),
+                         CaseName());
+
+TEST_F(frmMainLoad, TheGroupListIsForWorkstationsThatAskForIt) {
+    gUseGenericList = true;
+    ExpectPlainHospital();
+    EXPECT_TRUE(window->Form_Load());
+    EXPECT_TRUE(record.contains(u"create StockGroupListLib.clsGroupList"_s));
+    EXPECT_FALSE(record.contains(u"create StockListLib.clsStockList"_s));
+}
+
+TEST_F(frmMainLoad, APatientMasterThatCannotConnectStopsTheStepAndNotTheStart) {
+    personFinderConnects = false;
+    ExpectPlainHospital();
+    EXPECT_TRUE(window->Form_Load());
+    EXPECT_EQ(
+        record.mid(record.indexOf(u"CompanyName []"_s) + 1),
+        (QStringList{u"PersonFinder.InitConnection scripted []"_s, u"StockItem.InitConnect scripted"_s}));
+    EXPECT_EQ(window->windowTitle(), u"TARVEN HEMODIALYSIS ver.5.5.2"_s);
+}
+
+TEST_F(frmMainLoad, AStockItemThatCannotConnectKeepsTheStockListWithoutAConnection) {
+    stockItemConnects = false;
+    ExpectPlainHospital();
+    EXPECT_TRUE(window->Form_Load());
+    EXPECT_EQ(record.mid(record.indexOf(u"CompanyName []"_s) + 1),
+              (QStringList{u"PersonFinder.InitConnection scripted []"_s, u"StockItem.InitConnect scripted"_s,
+                           u"StockItem.InitConnect scripted"_s}));
+}
+
+class MissingWardComponent : public frmMainLoad, public testing::WithParamInterface<int> {};
+
+TEST_P(MissingWardComponent, Raises429) {
+    RegisterComponent(ClassesOfMainLoad()[GetParam()], {});
+    ExpectPlainHospital();
+    EXPECT_EQ(ErrorOfLoad(), 429);
+    EXPECT_TRUE(messages.Shown().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Classes, MissingWardComponent, testing::Range(0, 5),
+                         [](const testing::TestParamInfo<int>& number) {
+                             return "Number" + std::to_string(number.param + 1);
+                         });
+
+} // namespace

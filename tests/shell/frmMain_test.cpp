@@ -1,0 +1,346 @@
+#include "charges/frmPostCharges.h"
+#include "patients/PatientContext.h"
+#include "shell/frmAbout.h"
+#include "shell/frmMain.h"
+#include "shell/frmSetup.h"
+#include "shell/shared.h"
+#include "shell/StatusPanel.h"
+#include "support/CaseName.h"
+#include "support/ScreenTest.h"
+#include "toolkit/Screens.h"
+
+#include <QAction>
+#include <QFile>
+#include <QLineEdit>
+#include <QMdiArea>
+#include <QMenu>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The main window as it stands after the sign-on.
+class frmMainTest : public ScreenTest {
+  protected:
+    frmMainTest() {
+        gIniPath = programDirectory.path() + u"\\tarvenaux.ini"_s;
+        QFile file(programDirectory.filePath(u"tarvenaux.ini"_s));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        Activate(*window);
+    }
+
+    ~frmMainTest() override { Screens::Clear(); }
+
+    QAction& Item(const char* name) const {
+        auto* action = window->findChild<QAction*>(QString::fromLatin1(name));
+        if (!action)
+            throw std::runtime_error(name);
+        return *action;
+    }
+
+    qsizetype OpenScreens() const { return window->findChild<QMdiArea*>()->subWindowList().size(); }
+
+    std::unique_ptr<frmMain> window = std::make_unique<frmMain>();
+};
+
+TEST_F(frmMainTest, IsTheWorkspaceOfTheScreensWhileItStands) {
+    EXPECT_EQ(frmMain::Instance(), window.get());
+    EXPECT_NE(Workspace::Current(), nullptr);
+    Workspace::Current()->EnableMenuItem(u"mnuMLedger"_s, true);
+    EXPECT_TRUE(Item("mnuMLedger").isEnabled());
+    Workspace::Current()->EnableMenuItem(u"mnuMLedger"_s, false);
+    EXPECT_FALSE(Item("mnuMLedger").isEnabled());
+    Workspace::Current()->EnableMenuItem(u"no such item"_s, true);
+    window.reset();
+    EXPECT_EQ(Workspace::Current(), nullptr);
+    EXPECT_EQ(frmMain::Instance(), nullptr);
+}
+
+TEST_F(frmMainTest, TheToolbarStandsAtTheTop) {
+    auto* toolbar = window->findChild<QToolBar*>(u"Toolbar1"_s);
+    ASSERT_NE(toolbar, nullptr);
+    EXPECT_EQ(window->toolBarArea(toolbar), Qt::TopToolBarArea);
+}
+
+struct ButtonRow {
+    QString key;
+    QString tip;
+    /// Captions and keys of the dropdown.
+    std::vector<std::pair<QString, QString>> items;
+};
+
+TEST_F(frmMainTest, TheToolbarHasTheseButtons) {
+    const std::vector<ButtonRow> wanted = {
+        {u"Assess"_s, u"Assessment Entry"_s, {}},
+        {u"Trans"_s,
+         u"Transaction Entry"_s,
+         {{u"Inpatient Request"_s, u"Inpatient"_s}, {u"Out-Patient Request"_s, u"Outpatient"_s}}},
+        {u"Reports"_s,
+         QString(),
+         {{u"Audit Report"_s, u"Audit"_s},
+          {u"OPD Income Report"_s, u"Opd"_s},
+          {u"IPD Income Report"_s, u"IPD"_s}}}};
+    const QList<QToolButton*> buttons = window->findChild<QToolBar*>(u"Toolbar1"_s)
+                                            ->findChildren<QToolButton*>(QRegularExpression(u"^[A-Z]"_s));
+    ASSERT_EQ(static_cast<size_t>(buttons.size()), wanted.size());
+    for (size_t i = 0; i < wanted.size(); ++i) {
+        const QToolButton& button = *buttons[static_cast<qsizetype>(i)];
+        EXPECT_EQ(button.objectName(), wanted[i].key);
+        EXPECT_EQ(button.toolTip(), wanted[i].tip);
+        EXPECT_FALSE(button.icon().isNull());
+        ASSERT_EQ(button.menu() != nullptr, !wanted[i].items.empty());
+        if (!button.menu())
+            continue;
+        EXPECT_EQ(button.popupMode(), QToolButton::MenuButtonPopup);
+        std::vector<std::pair<QString, QString>> items;
+        for (const QAction* action : button.menu()->actions())
+            items.emplace_back(action->text(), action->objectName());
+        EXPECT_EQ(items, wanted[i].items);
+    }
+}
+
+TEST_F(frmMainTest, TheStatusBarHasThreePanels) {
+    const QList<StatusPanel*> panels =
+        window->findChild<QStatusBar*>(u"sbStatusBar"_s)->findChildren<StatusPanel*>();
+    ASSERT_EQ(panels.size(), 3);
+    EXPECT_EQ(panels[0]->objectName(), u"Status"_s);
+    EXPECT_EQ(panels[0]->text(), u"Status"_s);
+    EXPECT_EQ(panels[1]->text(), u"11/21/2026"_s);
+    EXPECT_EQ(panels[2]->text(), u"10:30 AM"_s);
+}
+
+// The mode variables and the screens behind the menu.
+
+struct EntryCase {
+    const char* name;
+    std::function<void(frmMain&)> action;
+    QString patientType;
+};
+
+class TransactionEntry : public frmMainTest, public testing::WithParamInterface<EntryCase> {};
+
+TEST_P(TransactionEntry, SetsBothModesBeforeItOpensThePostingScreenOnce) {
+    gPatientType = u"W"_s;
+    gChargeMode = u"List"_s;
+    GetParam().action(*window);
+    EXPECT_EQ(gPatientType, GetParam().patientType);
+    EXPECT_EQ(gChargeMode, u"Post"_s);
+    ASSERT_TRUE(Screens::IsLoaded<frmPostCharges>());
+    EXPECT_TRUE(Screens::Get<frmPostCharges>().isVisible());
+    EXPECT_FALSE(Screens::Get<frmPostCharges>().IsModal());
+    const frmPostCharges* first = &Screens::Get<frmPostCharges>();
+    GetParam().action(*window);
+    EXPECT_EQ(&Screens::Get<frmPostCharges>(), first);
+    EXPECT_EQ(OpenScreens(), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ways, TransactionEntry,
+    testing::Values(
+        EntryCase{"InPatientMenu",
+                  [](frmMain& main) { main.findChild<QAction*>(u"mnuInTransactionEntry"_s)->trigger(); },
+                  u"I"_s},
+        EntryCase{"OutPatientMenu",
+                  [](frmMain& main) { main.findChild<QAction*>(u"mnuOutTransaction"_s)->trigger(); }, u"O"_s},
+        EntryCase{"InPatientDropdown",
+                  [](frmMain& main) { main.findChild<QAction*>(u"Inpatient"_s)->trigger(); }, u"I"_s},
+        EntryCase{"OutPatientDropdown",
+                  [](frmMain& main) { main.findChild<QAction*>(u"Outpatient"_s)->trigger(); }, u"O"_s},
+        EntryCase{"InPatientKey", [](frmMain& main) { main.Toolbar1_ButtonMenuClick(u"Inpatient"_s); },
+                  u"I"_s},
+        EntryCase{"OutPatientKey", [](frmMain& main) { main.Toolbar1_ButtonMenuClick(u"Outpatient"_s); },
+                  u"O"_s}),
+    CaseName());
+
+TEST_F(frmMainTest, AnotherEntryKeepsTheOneOpenScreen) {
+    Item("mnuInTransactionEntry").trigger();
+    Item("mnuOutTransaction").trigger();
+    EXPECT_EQ(OpenScreens(), 1);
+    EXPECT_EQ(gPatientType, u"O"_s);
+}
+
+TEST_F(frmMainTest, TheLedgerEntryResetsTheModeAndTheOneOfTheBarDoesNot) {
+    gPatientType = u"I"_s;
+    gChargeMode = u"Post"_s;
+    Workspace::Current()->EnableMenuItem(u"mnuMLedger"_s, true);
+    Item("mnuMLedger").trigger();
+    EXPECT_EQ(gChargeMode, u"Post"_s);
+    Item("mnuLedger").trigger();
+    EXPECT_EQ(gChargeMode, u"Ledger"_s);
+    EXPECT_EQ(gPatientType, u"I"_s);
+}
+
+TEST_F(frmMainTest, TheListOfChargesSetsItsModeAlone) {
+    gPatientType = u"O"_s;
+    Item("mnuListCharges").trigger();
+    EXPECT_EQ(gChargeMode, u"List"_s);
+    EXPECT_EQ(gPatientType, u"O"_s);
+}
+
+TEST_F(frmMainTest, SetupAndAboutOpenOnceAndNotModal) {
+    for (int i = 0; i < 2; ++i) {
+        Item("mSetup").trigger();
+        Item("mnuAbout").trigger();
+    }
+    ASSERT_TRUE(Screens::IsLoaded<frmSetup>() && Screens::IsLoaded<frmAbout>());
+    EXPECT_FALSE(Screens::Get<frmSetup>().IsModal());
+    EXPECT_FALSE(Screens::Get<frmAbout>().IsModal());
+    EXPECT_TRUE(Screens::Get<frmAbout>().isVisible());
+    EXPECT_EQ(OpenScreens(), 1);
+}
+
+TEST_F(frmMainTest, EntriesWithoutAHandlerDoNothing) {
+    gChargeMode = u"List"_s;
+    gPatientType = u"O"_s;
+    for (const char* name : {"mnuCash", "mnuResultEntry", "mnuRandomResult", "mnuResultInquiry"})
+        Item(name).activate(QAction::Trigger);
+    EXPECT_EQ(OpenScreens(), 0);
+    EXPECT_EQ(gChargeMode, u"List"_s);
+    EXPECT_EQ(gPatientType, u"O"_s);
+}
+
+class InertKey : public frmMainTest, public testing::WithParamInterface<const char*> {};
+
+TEST_P(InertKey, DoesNothing) {
+    gChargeMode = u"List"_s;
+    window->Toolbar1_ButtonClick(QString::fromLatin1(GetParam()));
+    window->Toolbar1_ButtonMenuClick(QString::fromLatin1(GetParam()));
+    EXPECT_EQ(OpenScreens(), 0);
+    EXPECT_EQ(gChargeMode, u"List"_s);
+    EXPECT_TRUE(window->isVisible());
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, InertKey,
+                         testing::Values("Trans", "Reports", "Reprots", "exit", "Exit", "ledger", "inpatient",
+                                         ""));
+
+TEST_F(frmMainTest, TheToolbarsButtonsTellTheirKeys) {
+    // The two buttons with a dropdown do nothing by themselves.
+    for (const char* key : {"Trans", "Reports"})
+        Click(Find<QToolButton>(*window, key));
+    EXPECT_EQ(OpenScreens(), 0);
+    EXPECT_TRUE(messages.Shown().empty());
+}
+
+// The end of the program.
+
+const Message kClosingQuestion = {.text = u"Are you sure to close this program?"_s,
+                                  .icon = MsgIcon::Question,
+                                  .title = u"Hemodialysis System"_s,
+                                  .buttons = MsgButtons::OkCancel};
+
+TEST_F(frmMainTest, TheKeyEXITAsksAndClosesOnOk) {
+    messages.Expect(kClosingQuestion, MsgAnswer::Ok);
+    window->Toolbar1_ButtonClick(u"EXIT"_s);
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(frmMainTest, TheKeyEXITAsksAndStaysOnCancel) {
+    messages.Expect(kClosingQuestion, MsgAnswer::Cancel);
+    window->Toolbar1_ButtonClick(u"EXIT"_s);
+    EXPECT_TRUE(window->isVisible());
+}
+
+struct EndCase {
+    const char* name;
+    std::function<void(frmMain&)> action;
+};
+
+class EndOfTheProgram : public frmMainTest, public testing::WithParamInterface<EndCase> {};
+
+TEST_P(EndOfTheProgram, AsksNothingAndClosesTheScreensWithTheWindow) {
+    Item("mnuInTransactionEntry").trigger();
+    QTimer::singleShot(0, window.get(), [this] { GetParam().action(*window); });
+    QApplication::exec();
+    EXPECT_TRUE(messages.Shown().empty());
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_FALSE(Screens::IsLoaded<frmPostCharges>());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ways, EndOfTheProgram,
+    testing::Values(EndCase{"Exit", [](frmMain& main) { main.findChild<QAction*>(u"mnuExit"_s)->trigger(); }},
+                    EndCase{"CloseBox", [](frmMain& main) { main.close(); }},
+                    EndCase{"CtrlX",
+                            [](frmMain& main) { QTest::keyClick(&main, Qt::Key_X, Qt::ControlModifier); }},
+                    EndCase{"CtrlXInATextBox",
+                            [](frmMain&) {
+                                auto& screen = Screens::Get<frmPostCharges>();
+                                auto& box = Find<QLineEdit>(screen, "txtLastName");
+                                box.setFocus();
+                                box.setText(u"SANTOS"_s);
+                                box.selectAll();
+                                Press(box, Qt::Key_X, Qt::ControlModifier);
+                            }}),
+    CaseName());
+
+/// A screen that stays open.
+class Stubborn : public Form {
+  protected:
+    bool Form_QueryUnload() override { return false; }
+};
+
+TEST_F(frmMainTest, AScreenThatRefusesKeepsTheProgramOpen) {
+    Screens::Get<Stubborn>().Show();
+    Item("mnuExit").trigger();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(Screens::IsLoaded<Stubborn>());
+}
+
+// Shortcuts come before a text box's own use of the same keys.
+
+class Shortcuts : public frmMainTest {
+  protected:
+    Shortcuts() {
+        QObject::connect(&Item("mnuAssessment"), &QAction::triggered, window.get(),
+                         [this] { ++assessments; });
+    }
+
+    int assessments = 0;
+};
+
+TEST_F(Shortcuts, CtrlAOpensTheAssessmentWhileATextBoxHasTheFocus) {
+    Item("mSetup").trigger();
+    auto& box = Find<QLineEdit>(Screens::Get<frmSetup>(), "txtDeptCode");
+    box.setText(u"HC"_s);
+    box.deselect();
+    box.setFocus();
+    Press(box, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(assessments, 1);
+    EXPECT_EQ(box.selectedText(), QString()) << "the text box did not take the key for itself";
+}
+
+TEST_F(Shortcuts, CtrlAOpensTheAssessmentFromTheMainWindow) {
+    QTest::keyClick(window.get(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(assessments, 1);
+}
+
+TEST_F(Shortcuts, OtherKeysStayWithTheTextBox) {
+    Item("mSetup").trigger();
+    auto& box = Find<QLineEdit>(Screens::Get<frmSetup>(), "txtDeptCode");
+    box.setFocus();
+    box.setText(u"HC"_s);
+    Press(box, Qt::Key_Z, Qt::ControlModifier);
+    Type(box, u"A"_s);
+    EXPECT_EQ(box.text(), u"HCA"_s);
+    EXPECT_EQ(assessments, 0);
+}
+
+TEST_F(Shortcuts, ATextBoxOfAnotherWindowKeepsCtrlA) {
+    QLineEdit box;
+    box.setText(u"HC"_s);
+    Activate(box);
+    box.deselect();
+    Press(box, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(assessments, 0);
+    EXPECT_EQ(box.selectedText(), u"HC"_s);
+}
+
+} // namespace

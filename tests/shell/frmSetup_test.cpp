@@ -1,0 +1,154 @@
+#include "shell/frmSetup.h"
+#include "shell/shared.h"
+#include "support/FakeWorkspace.h"
+#include "support/ScreenTest.h"
+#include "toolkit/Screens.h"
+
+#include <QCheckBox>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class frmSetupTest : public ScreenTest {
+  protected:
+    frmSetupTest() {
+        gIniPath = programDirectory.path() + u"\\tarvenaux.ini"_s;
+        Write("DeptCode = HC\nDeptDesc = HEMODIALYSIS\nOther = 1\n");
+        Activate(workspace);
+    }
+
+    QString Path() const { return programDirectory.filePath(u"tarvenaux.ini"_s); }
+
+    void Write(const QByteArray& content) const {
+        QFile file(Path());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+    }
+
+    QByteArray Content() const {
+        QFile file(Path());
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+
+    frmSetup& Open() const {
+        auto& screen = Screens::Get<frmSetup>();
+        screen.Show();
+        return screen;
+    }
+
+    FakeWorkspace workspace;
+};
+
+TEST_F(frmSetupTest, ShowsItsTexts) {
+    const frmSetup& screen = Open();
+    EXPECT_EQ(screen.windowTitle(), u"Setup"_s);
+    EXPECT_EQ(Find<QPushButton>(screen, "cmdSelDepartment").text(), u"&Select Department"_s);
+    EXPECT_EQ(Find<QCheckBox>(screen, "chkOneInstance").text(), u"Allow only one program instance to run."_s);
+    EXPECT_EQ(Find<QPushButton>(screen, "cmdOK").text(), u"&OK"_s);
+    EXPECT_EQ(Find<QPushButton>(screen, "cmdCancel").text(), u"&Cancel"_s);
+    for (const QLabel* label : screen.findChildren<QLabel*>()) {
+        ASSERT_NE(label->buddy(), nullptr);
+        EXPECT_EQ(label->text(), label->buddy()->objectName() == u"txtDeptCode"_s ? u"Department Code:"_s
+                                                                                  : u"Department Name:"_s);
+    }
+    EXPECT_EQ(screen.findChildren<QLabel*>().size(), 2);
+}
+
+TEST_F(frmSetupTest, ShowsWhatTheFileHolds) {
+    const frmSetup& screen = Open();
+    EXPECT_EQ(Find<QLineEdit>(screen, "txtDeptCode").text(), u"HC"_s);
+    EXPECT_EQ(Find<QLineEdit>(screen, "txtDeptDesc").text(), u"HEMODIALYSIS"_s);
+}
+
+TEST_F(frmSetupTest, AnAbsentKeyShowsZero) {
+    Write("DeptDesc =\n");
+    const frmSetup& screen = Open();
+    EXPECT_EQ(Find<QLineEdit>(screen, "txtDeptCode").text(), u"0"_s);
+    EXPECT_EQ(Find<QLineEdit>(screen, "txtDeptDesc").text(), QString());
+}
+
+TEST_F(frmSetupTest, OKWritesExactlyTwoLinesAndClosesTheScreen) {
+    const frmSetup& screen = Open();
+    Find<QLineEdit>(screen, "txtDeptCode").setText(u"LB"_s);
+    Find<QLineEdit>(screen, "txtDeptDesc").setText(u"LABORATORY"_s);
+    Click(Find<QPushButton>(screen, "cmdOK"));
+    EXPECT_EQ(Content(), "DeptCode = LB\nDeptDesc = LABORATORY\n");
+    EXPECT_FALSE(Screens::IsLoaded<frmSetup>());
+}
+
+TEST_F(frmSetupTest, BlankFieldsAreWrittenAsSuch) {
+    const frmSetup& screen = Open();
+    Find<QLineEdit>(screen, "txtDeptCode").clear();
+    Find<QLineEdit>(screen, "txtDeptDesc").clear();
+    Click(Find<QPushButton>(screen, "cmdOK"));
+    EXPECT_EQ(Content(), "DeptCode = \nDeptDesc = \n");
+}
+
+TEST_F(frmSetupTest, TheRunningProgramKeepsItsDepartment) {
+    gDeptCode = u"HC"_s;
+    gDeptDesc = u"HEMODIALYSIS"_s;
+    const frmSetup& screen = Open();
+    Find<QLineEdit>(screen, "txtDeptCode").setText(u"LB"_s);
+    Click(Find<QPushButton>(screen, "cmdOK"));
+    EXPECT_EQ(gDeptCode, u"HC"_s);
+    EXPECT_EQ(gDeptDesc, u"HEMODIALYSIS"_s);
+}
+
+TEST_F(frmSetupTest, CancelLeavesTheFileUntouched) {
+    const QByteArray before = Content();
+    const frmSetup& screen = Open();
+    Find<QLineEdit>(screen, "txtDeptCode").setText(u"LB"_s);
+    Click(Find<QPushButton>(screen, "cmdCancel"));
+    EXPECT_EQ(Content(), before);
+    EXPECT_FALSE(Screens::IsLoaded<frmSetup>());
+}
+
+TEST_F(frmSetupTest, TheSelectButtonAndTheCheckBoxHaveNoEffect) {
+    const QByteArray before = Content();
+    const frmSetup& screen = Open();
+    Click(Find<QPushButton>(screen, "cmdSelDepartment"));
+    Find<QCheckBox>(screen, "chkOneInstance").setChecked(true);
+    EXPECT_EQ(Find<QLineEdit>(screen, "txtDeptCode").text(), u"HC"_s);
+    EXPECT_EQ(Content(), before);
+    Click(Find<QPushButton>(screen, "cmdOK"));
+    EXPECT_EQ(Content(), "DeptCode = HC\nDeptDesc = HEMODIALYSIS\n");
+    EXPECT_FALSE(Find<QCheckBox>(Open(), "chkOneInstance").isChecked());
+}
+
+TEST_F(frmSetupTest, AFailingSaveTellsWhyAndKeepsTheScreenOpen) {
+    const frmSetup& screen = Open();
+    QFile::remove(Path());
+    QDir(programDirectory.path()).mkdir(u"tarvenaux.ini"_s);
+    messages.Expect({.text = u"Path/File access error: "_s + Path() +
+                             u" (Is a directory)Cannot Save. You may not have rights. "_s});
+    Click(Find<QPushButton>(screen, "cmdOK"));
+    EXPECT_EQ(messages.Shown().size(), 1U);
+    EXPECT_TRUE(Screens::IsLoaded<frmSetup>());
+    EXPECT_TRUE(screen.isVisible());
+}
+
+TEST_F(frmSetupTest, TheFileIsEmptiedBeforeAnythingElseIsKnownToWork) {
+    if (!QFile::exists(u"/dev/full"_s))
+        GTEST_SKIP() << "this system has no full disk at hand";
+    const frmSetup& screen = Open();
+    gIniPath = u"/dev/full"_s;
+    messages.Expect(
+        {.text = u"Path/File access error: /dev/full (No space left on device)Cannot Save. You may not "
+                 "have rights. "_s});
+    Click(Find<QPushButton>(screen, "cmdOK"));
+    EXPECT_TRUE(Screens::IsLoaded<frmSetup>());
+}
+
+TEST_F(frmSetupTest, AFileThatCannotBeReadEndsTheProgram) {
+    gIniPath = programDirectory.path();
+    EXPECT_THROW(Screens::Get<frmSetup>(), RunTimeError);
+}
+
+} // namespace

@@ -1,0 +1,71 @@
+#include "components/clsCurrentUser.h"
+#include "components/clsDiagnosisCodes.h"
+#include "components/clsListing.h"
+#include "components/clsPersonFinder.h"
+#include "components/clsStockItem.h"
+#include "components/clsStockList.h"
+#include "components/ComponentRegistry.h"
+#include "reporting/ReportConnector.h"
+#include "suite/RegisterSuite.h"
+#include "suite/SuiteTest.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class RegisterSuiteTest : public SuiteTest {
+  protected:
+    RegisterSuiteTest() {
+        RegisterSuite(folder.path());
+        QFile::copy(Path(), folder.filePath(u"trial-hospital.db"_s));
+    }
+    ~RegisterSuiteTest() override { SetReportConnector({}); }
+
+    static int ErrorOf(const ReportLogOn& logOn) {
+        try {
+            ConnectReport(logOn);
+        } catch (const RunTimeError& error) {
+            return error.Number();
+        }
+        return 0;
+    }
+
+    QTemporaryDir folder;
+};
+
+TEST_F(RegisterSuiteTest, EveryComponentCanBeCreatedByItsClassName) {
+    EXPECT_TRUE(CreateObject<clsCurrentUser>(u"TARVEN_User.clsCurrentUser"_s).IsSet());
+    EXPECT_TRUE(CreateObject<clsStockItem>(u"StockItemLib.clsStockItem"_s).IsSet());
+    EXPECT_TRUE(CreateObject<clsPersonFinder>(u"PersonFinderLib.clsPersonFinder"_s).IsSet());
+    EXPECT_TRUE(CreateObject<clsStockList>(u"StockListLib.clsStockList"_s).IsSet());
+    EXPECT_TRUE(CreateObject<clsStockList>(u"StockGroupListLib.clsGroupList"_s).IsSet());
+    EXPECT_TRUE(CreateObject<clsListing>(u"ListingLib.clsListing"_s).IsSet());
+    EXPECT_TRUE(CreateObject<clsDiagnosisCodes>(u"DiagnosisCodeLib.clsDiagnosisCodes"_s).IsSet());
+    for (const QString& className : {u"ResultViewLib.clsResultView"_s, u"AccountStatementLib.clsStatement"_s,
+                                     u"WardWorkLib.clsRequest"_s, u"WardWorkLib.clsResults"_s,
+                                     u"WardWorkLib.clsConfinementResults"_s, u"WardWorkLib.clsConfinement"_s})
+        EXPECT_TRUE(CreateObject<Component>(className).IsSet());
+}
+
+TEST_F(RegisterSuiteTest, TheDiagnosisCodesTakeAConnectionThatIsNotOpenYet) {
+    const auto user = CreateObject<clsCurrentUser>(u"TARVEN_User.clsCurrentUser"_s);
+    EXPECT_EQ(user->SQLConnection(), nullptr);
+    CreateObject<clsDiagnosisCodes>(u"DiagnosisCodeLib.clsDiagnosisCodes"_s)
+        ->SetActiveConnection(user->SQLConnection());
+}
+
+TEST_F(RegisterSuiteTest, AReportReachesTheTrialHospitalWithTheUsersLogon) {
+    const auto connection = ConnectReport({u"Trial hospital"_s, u"Clinical_Area"_s, u"NURSE"_s, u"nurse"_s});
+    ASSERT_NE(connection, nullptr);
+    EXPECT_EQ(connection->DefaultDatabase(), u"Clinical_Area"_s);
+    EXPECT_FALSE(connection->Execute(u"select * from PATIENT_DATA..tbhospitalInfo"_s).Eof());
+}
+
+TEST_F(RegisterSuiteTest, AReportWithAWrongPasswordOrServerIsRefused) {
+    EXPECT_EQ(ErrorOf({u"Trial hospital"_s, u"Clinical_Area"_s, u"NURSE"_s, u"wrong"_s}), 18456);
+    EXPECT_EQ(ErrorOf({u"closed long ago"_s, u"Clinical_Area"_s, u"NURSE"_s, u"nurse"_s}), 3265);
+}
+
+} // namespace

@@ -1,0 +1,223 @@
+#include "suite/SignOnDialog.h"
+#include "suite/SuiteTest.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QTest>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A sign-on window over two data sources.
+class SignOnDialogTest : public SuiteTest {
+  protected:
+    SignOnDialogTest() {
+        for (const QString& name : {u"Trial hospital"_s, u"San Roque"_s}) {
+            auto source = std::make_unique<FakeSource>(name, Path());
+            (first ? second : first) = source.get();
+            sources.push_back(std::move(source));
+        }
+        first->hint = u"Sign on as NURSE."_s;
+        first->canBeMadeAnew = true;
+    }
+
+    SignOnDialog& Open(const QString& preferred = {}) {
+        dialog = std::make_unique<SignOnDialog>(sources, preferred, u"HC"_s);
+        Activate(*dialog);
+        return *dialog;
+    }
+
+    template <class Control> Control& In(const char* name) const { return Find<Control>(*dialog, name); }
+
+    void TryAs(const QString& user, const QString& password) {
+        In<QLineEdit>("txtUser").setText(user);
+        In<QLineEdit>("txtPassword").setText(password);
+        Click(In<QPushButton>("cmdOK"));
+    }
+
+    QString Problem() const {
+        const auto& label = In<QLabel>("lblProblem");
+        EXPECT_EQ(label.isVisible(), !label.text().isEmpty());
+        return label.text();
+    }
+
+    FakeSource* first = nullptr;
+    FakeSource* second = nullptr;
+    std::vector<std::unique_ptr<DataSource>> sources;
+    std::unique_ptr<SignOnDialog> dialog;
+};
+
+TEST_F(SignOnDialogTest, BeginsWithTheUserAndHidesThePassword) {
+    Open();
+    EXPECT_EQ(dialog->windowTitle(), u"Sign On"_s);
+    EXPECT_TRUE(In<QLineEdit>("txtUser").hasFocus());
+    EXPECT_EQ(In<QLineEdit>("txtPassword").echoMode(), QLineEdit::Password);
+    EXPECT_EQ(Problem(), QString());
+}
+
+TEST_F(SignOnDialogTest, OffersTheDataSourcesBeginningWithThePreferredOne) {
+    Open(u"San Roque"_s);
+    const auto& list = In<QComboBox>("cmbDataSource");
+    EXPECT_EQ(list.count(), 2);
+    EXPECT_EQ(list.itemText(0), u"Trial hospital"_s);
+    EXPECT_EQ(dialog->SourceName(), u"San Roque"_s);
+    Open(u"closed long ago"_s);
+    EXPECT_EQ(dialog->SourceName(), u"Trial hospital"_s);
+}
+
+TEST_F(SignOnDialogTest, TellsTheHintOfTheDataSourceThatIsChosen) {
+    Open();
+    EXPECT_EQ(In<QLabel>("lblHint").text(), u"Sign on as NURSE."_s);
+    EXPECT_TRUE(In<QPushButton>("cmdMakeAnew").isVisible());
+    In<QComboBox>("cmbDataSource").setCurrentIndex(1);
+    EXPECT_EQ(In<QLabel>("lblHint").text(), QString());
+    EXPECT_FALSE(In<QPushButton>("cmdMakeAnew").isVisible());
+}
+
+TEST_F(SignOnDialogTest, SignsAUserOn) {
+    Open();
+    TryAs(u" NURSE "_s, u"nurse"_s);
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+    EXPECT_FALSE(dialog->isVisible());
+    const auto user = dialog->TakeUser();
+    ASSERT_NE(user, nullptr);
+    EXPECT_EQ(user->employeeCode, u"NURSE"_s);
+}
+
+TEST_F(SignOnDialogTest, EnterInThePasswordSignsOn) {
+    Open();
+    Type(In<QLineEdit>("txtUser"), u"NURSE"_s);
+    Press(In<QLineEdit>("txtUser"), Qt::Key_Tab);
+    Type(In<QLineEdit>("txtPassword"), u"nurse"_s);
+    Press(In<QLineEdit>("txtPassword"), Qt::Key_Return);
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+}
+
+TEST_F(SignOnDialogTest, ForgetsThePasswordOnceItIsTaken) {
+    Open();
+    TryAs(u"NURSE"_s, u"nurse"_s);
+    EXPECT_EQ(dialog->TakePassword(), u"nurse"_s);
+    EXPECT_EQ(In<QLineEdit>("txtPassword").text(), QString());
+    EXPECT_EQ(dialog->TakePassword(), QString());
+}
+
+TEST_F(SignOnDialogTest, CancelAndEscapeSignNobodyOn) {
+    Open();
+    Click(In<QPushButton>("cmdCancel"));
+    EXPECT_EQ(dialog->result(), QDialog::Rejected);
+    EXPECT_EQ(dialog->TakeUser(), nullptr);
+    Open();
+    Press(In<QLineEdit>("txtUser"), Qt::Key_Escape);
+    EXPECT_FALSE(dialog->isVisible());
+}
+
+TEST_F(SignOnDialogTest, TheThirdWrongTryClosesIt) {
+    Open();
+    TryAs(u"NURSE"_s, u"wrong"_s);
+    EXPECT_EQ(Problem(), u"The user or the password is wrong. Two tries are left."_s);
+    EXPECT_EQ(In<QLineEdit>("txtPassword").text(), QString());
+    EXPECT_EQ(In<QLineEdit>("txtUser").text(), u"NURSE"_s);
+    EXPECT_TRUE(In<QLineEdit>("txtPassword").hasFocus());
+    TryAs(u"NOBODY"_s, u"nurse"_s);
+    EXPECT_EQ(Problem(), u"The user or the password is wrong. One try is left."_s);
+    messages.Expect(
+        {.text = u"The user or the password is wrong.\n\nThat was the third try. The program ends."_s,
+         .icon = MsgIcon::Critical});
+    TryAs(u"NURSE"_s, u"wrong"_s);
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_EQ(dialog->result(), QDialog::Rejected);
+    EXPECT_EQ(dialog->TakeUser(), nullptr);
+}
+
+TEST_F(SignOnDialogTest, TheThirdTryMaySucceed) {
+    Open();
+    TryAs(u"NURSE"_s, u"wrong"_s);
+    TryAs(u"NURSE"_s, u"wrong"_s);
+    TryAs(u"NURSE"_s, u"nurse"_s);
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+}
+
+TEST_F(SignOnDialogTest, ADepartmentThatIsNotTheUsersCostsATry) {
+    Open();
+    TryAs(u"LAB"_s, u"lab"_s);
+    EXPECT_EQ(Problem(), u"LAB may not sign on for department HC. Two tries are left."_s);
+}
+
+TEST_F(SignOnDialogTest, AProblemOfTheDataSourceCostsNoTry) {
+    Open();
+    first->connectFailure = RunTimeError(17, u"SQL Server does not exist or access denied."_s);
+    for (int i = 0; i < 4; ++i) {
+        TryAs(u"NURSE"_s, u"nurse"_s);
+        EXPECT_EQ(Problem(), u"SQL Server does not exist or access denied."_s);
+        EXPECT_EQ(In<QLineEdit>("txtPassword").text(), u"nurse"_s) << "the user need not type it again";
+    }
+    first->connectFailure.reset();
+    TryAs(u"NURSE"_s, u"wrong"_s);
+    EXPECT_EQ(Problem(), u"The user or the password is wrong. Two tries are left."_s);
+    TryAs(u"NURSE"_s, u"nurse"_s);
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+}
+
+TEST_F(SignOnDialogTest, MakesAHospitalThatHasYetToBeMade) {
+    Open();
+    first->needsMaking = true;
+    TryAs(u"NURSE"_s, u"nurse"_s);
+    EXPECT_EQ(first->made, 1);
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+}
+
+TEST_F(SignOnDialogTest, AHospitalThatCannotBeMadeCostsNoTry) {
+    Open();
+    first->needsMaking = true;
+    first->makeFailure = RunTimeError(75, u"Path/File access error: /data"_s);
+    for (int i = 0; i < 4; ++i)
+        TryAs(u"NURSE"_s, u"nurse"_s);
+    EXPECT_EQ(Problem(), u"Path/File access error: /data"_s);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(first->connected, 0);
+    EXPECT_EQ(dialog->findChild<QProgressDialog*>(), nullptr) << "the progress is gone";
+}
+
+const Message kMakeAnew = {.text =
+                               u"Make the trial hospital anew? Everything that was keyed in it is lost."_s,
+                           .icon = MsgIcon::Question,
+                           .title = u"Sign On"_s,
+                           .buttons = MsgButtons::YesNo,
+                           .defaultAnswer = MsgAnswer::No};
+
+TEST_F(SignOnDialogTest, MakesTheHospitalAnewOnlyOnYes) {
+    Open();
+    messages.Expect(kMakeAnew, MsgAnswer::No);
+    Click(In<QPushButton>("cmdMakeAnew"));
+    EXPECT_EQ(first->made, 0);
+    messages.Expect(kMakeAnew, MsgAnswer::Yes);
+    Click(In<QPushButton>("cmdMakeAnew"));
+    EXPECT_EQ(first->made, 1);
+    EXPECT_EQ(second->made, 0);
+    EXPECT_TRUE(dialog->isVisible());
+}
+
+TEST_F(SignOnDialogTest, TellsWhyAHospitalCouldNotBeMadeAnew) {
+    Open();
+    first->makeFailure = RunTimeError(75, u"Path/File access error: /data"_s);
+    messages.Expect(kMakeAnew, MsgAnswer::Yes);
+    Click(In<QPushButton>("cmdMakeAnew"));
+    EXPECT_EQ(Problem(), u"Path/File access error: /data"_s);
+}
+
+TEST_F(SignOnDialogTest, TheDataSourceChosenIsTheOneSignedOnTo) {
+    Open();
+    In<QComboBox>("cmbDataSource").setCurrentIndex(1);
+    TryAs(u"NURSE"_s, u"nurse"_s);
+    EXPECT_EQ(first->connected, 0);
+    EXPECT_EQ(second->connected, 1);
+    EXPECT_EQ(dialog->SourceName(), u"San Roque"_s);
+}
+
+} // namespace

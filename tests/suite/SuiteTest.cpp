@@ -1,0 +1,64 @@
+#include "suite/SuiteTest.h"
+
+#include "gateway/embedded/EmbeddedGateway.h"
+#include "suite/LiveConnection.h"
+#include "toolkit/Failure.h"
+#include "toolkit/Focus.h"
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+
+SuiteTest::SuiteTest() {
+    ResetFocusTracking();
+    SetLiveConnection(mGateway.get());
+    Failure::SetHandler(
+        [](const std::exception_ptr& failure) { ADD_FAILURE() << Failure::TextOf(failure).toStdString(); });
+}
+
+SuiteTest::~SuiteTest() {
+    Failure::SetHandler({});
+    SetLiveConnection(nullptr);
+}
+
+OnDialog::OnDialog(std::function<void(QDialog&)> answer) {
+    QTimer::singleShot(0, this, [this, answer = std::move(answer)] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(dialog));
+        mShown = true;
+        answer(*dialog);
+        if (dialog->isVisible()) {
+            ADD_FAILURE() << "the dialogue is still open";
+            dialog->reject();
+        }
+    });
+}
+
+OnDialog::~OnDialog() {
+    EXPECT_TRUE(mShown) << "no dialogue has come";
+}
+
+NoDialog::NoDialog() {
+    QTimer::singleShot(0, this, [] {
+        ADD_FAILURE() << "a dialogue has come";
+        if (auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget()))
+            dialog->reject();
+    });
+}
+
+void FakeSource::Make(const MakingProgress& progress) {
+    if (makeFailure)
+        throw *makeFailure;
+    progress(0, 1, mName);
+    progress(1, 1, {});
+    ++made;
+    needsMaking = false;
+}
+
+std::unique_ptr<CommandGateway> FakeSource::Connect(const QString&, const QString&) {
+    if (connectFailure)
+        throw *connectFailure;
+    ++connected;
+    return std::make_unique<EmbeddedGateway>(mPath);
+}

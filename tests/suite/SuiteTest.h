@@ -1,0 +1,70 @@
+#pragma once
+
+#include "hospital/HospitalTest.h"
+#include "suite/DataSource.h"
+#include "support/PrintQt.h"
+#include "support/ScreenTest.h"
+#include "support/ScriptedMessages.h"
+
+#include <QDialog>
+#include <QObject>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+/// A test of a component over a trial hospital of its own, whose connection is the session's. Message boxes
+/// are scripted, and a failure that reaches the top fails the test.
+class SuiteTest : public HospitalTest {
+  protected:
+    SuiteTest();
+    ~SuiteTest() override;
+
+    ScriptedMessages messages;
+};
+
+/// Answers the next modal dialogue of a component when its event loop runs; fails the test when none has come
+/// by the end of its life.
+class OnDialog : public QObject {
+  public:
+    explicit OnDialog(std::function<void(QDialog&)> answer);
+    ~OnDialog() override;
+
+  private:
+    bool mShown = false;
+};
+
+/// Fails the test when a modal dialogue comes during its life.
+class NoDialog : public QObject {
+  public:
+    NoDialog();
+};
+
+/// A hospital that a test can sign on to: the copy of the trial hospital at a path, with a fault where one is
+/// set.
+class FakeSource : public DataSource {
+  public:
+    FakeSource(const QString& name, const QString& path)
+        : mName(name)
+        , mPath(path) {}
+
+    QString hint;
+    bool needsMaking = false;
+    bool canBeMadeAnew = false;
+    /// Raised by Connect and by Make, as long as they are set.
+    std::optional<RunTimeError> connectFailure;
+    std::optional<RunTimeError> makeFailure;
+    int made = 0;
+    int connected = 0;
+
+    QString Name() const override { return mName; }
+    QString Hint() const override { return hint; }
+    bool NeedsMaking() const override { return needsMaking; }
+    bool CanBeMadeAnew() const override { return canBeMadeAnew; }
+    void Make(const MakingProgress& progress) override;
+    std::unique_ptr<CommandGateway> Connect(const QString& user, const QString& password) override;
+
+  private:
+    QString mName;
+    QString mPath;
+};

@@ -1,0 +1,122 @@
+#include "gateway/RunTimeError.h"
+#include "suite/SignOn.h"
+#include "suite/TrialHospital.h"
+#include "support/PrintQt.h"
+#include "text/Clock.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <functional>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void WriteFile(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+int ErrorOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        return error.Number();
+    }
+    return 0;
+}
+
+class TrialHospitalTest : public testing::Test {
+  protected:
+    TrialHospitalTest() {
+        SetClock([] { return *DateTime::FromFields({.year = 2026, .month = 11, .day = 21, .hour = 10}); });
+    }
+    ~TrialHospitalTest() override { SetClock({}); }
+
+    QTemporaryDir home;
+    TrialHospital hospital{home.filePath(u"share/TARVEN"_s)};
+};
+
+TEST_F(TrialHospitalTest, IsMadeWithItsFolderAndTellsHowFarItHasCome) {
+    EXPECT_TRUE(hospital.NeedsMaking());
+    EXPECT_EQ(hospital.Path(), home.filePath(u"share/TARVEN/trial-hospital.db"_s));
+    std::vector<int> steps;
+    int total = 0;
+    QStringList told;
+    hospital.Make([&](int done, int ofAll, const QString& what) {
+        steps.push_back(done);
+        total = ofAll;
+        told.push_back(what);
+    });
+    EXPECT_FALSE(hospital.NeedsMaking());
+    ASSERT_GT(steps.size(), 10U);
+    EXPECT_TRUE(std::is_sorted(steps.begin(), steps.end()));
+    EXPECT_EQ(steps.front(), 0);
+    EXPECT_EQ(steps.back(), total);
+    EXPECT_FALSE(told.front().isEmpty());
+    EXPECT_EQ(QDir(home.filePath(u"share/TARVEN"_s)).entryList(QDir::Files),
+              QStringList{u"trial-hospital.db"_s});
+    for (const auto& [user, password] :
+         {std::pair{u"NURSE"_s, u"nurse"_s}, {u"CLERK"_s, u"clerk"_s}, {u"ADMIN"_s, u"admin"_s}}) {
+        EXPECT_TRUE(hospital.Hint().contains(user));
+        EXPECT_TRUE(hospital.Hint().contains(password));
+        EXPECT_EQ(TrySignOn(hospital, user, password, u"HC"_s).refusal, QString());
+    }
+}
+
+TEST_F(TrialHospitalTest, MadeAnewItHasLostWhatWasKeyed) {
+    hospital.Make({});
+    hospital.Connect({}, {})->ExecuteNoResult(
+        u"DELETE FROM PASSWORD..tbPasswordMain WHERE EmployeeID = 'NURSE'"_s);
+    EXPECT_FALSE(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, u"HC"_s).refusal.isEmpty());
+    EXPECT_TRUE(hospital.CanBeMadeAnew());
+    hospital.Make({});
+    EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, u"HC"_s).refusal, QString());
+}
+
+TEST_F(TrialHospitalTest, AJournalThatWasLeftBehindIsNotPlayedIntoTheNewFile) {
+    QDir().mkpath(home.filePath(u"share/TARVEN"_s));
+    WriteFile(hospital.Path() + u"-wal"_s, "left behind");
+    WriteFile(hospital.Path() + u"-shm"_s, "left behind");
+    hospital.Make({});
+    EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, u"HC"_s).refusal, QString());
+}
+
+TEST_F(TrialHospitalTest, AFileThatIsNoHospitalIsRefusedAndLeftAlone) {
+    QDir().mkpath(home.filePath(u"share/TARVEN"_s));
+    WriteFile(hospital.Path(), "my letters");
+    EXPECT_FALSE(hospital.NeedsMaking());
+    EXPECT_EQ(ErrorOf([this] { hospital.Connect({}, {}); }), 5171);
+    QFile file(hospital.Path());
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), "my letters");
+}
+
+TEST_F(TrialHospitalTest, AFolderThatCannotBeMadeRaises75) {
+    WriteFile(home.filePath(u"share"_s), "");
+    try {
+        hospital.Make({});
+        FAIL() << "nothing was raised";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Number(), 75);
+        EXPECT_EQ(error.Description(), u"Path/File access error: "_s + home.filePath(u"share/TARVEN"_s));
+    }
+}
+
+TEST_F(TrialHospitalTest, AFileThatCannotBeRemovedRaises75) {
+    QDir().mkpath(hospital.Path() + u"/inside"_s);
+    try {
+        hospital.Make({});
+        FAIL() << "nothing was raised";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Number(), 75);
+        EXPECT_TRUE(error.Description().contains(hospital.Path())) << error.Description().toStdString();
+    }
+    EXPECT_TRUE(QDir(hospital.Path()).exists());
+}
+
+} // namespace
