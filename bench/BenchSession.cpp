@@ -1,0 +1,25 @@
+#include "BenchSession.h"
+
+#include "gateway/embedded/HospitalFile.h"
+#include "hospital/HospitalScripts.h"
+#include "shell/shared.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+QString CopyOfTrialHospital(const QTemporaryDir& folder, const QString& name) {
+    const QString original = folder.filePath(u"trial-hospital.db"_s);
+    if (!QFile::exists(original))
+        HospitalFile::Create(original, HospitalScripts());
+    const QString copy = folder.filePath(name);
+    QFile::copy(original, copy);
+    return copy;
+}
+
+std::shared_ptr<BenchSession> SignOnTo(const QString& hospital) {
+    auto session = std::make_shared<BenchSession>(std::make_unique<EmbeddedGateway>(hospital));
+    gCurrentUser = session;
+    gConnection = session->SQLConnection();
+    return session;
+}

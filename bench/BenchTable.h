@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QString>
+
+#include <chrono>
+#include <functional>
+#include <vector>
+
+/// The table that the benchmarks print: what was measured, the product's value, the bare limit measured in
+/// the same run, their ratio and the ratio that is promised.
+class BenchTable {
+  public:
+    /// One line. `promised` is the largest ratio that is still good, 0 for none.
+    void Add(const QString& what, double value, double bare, const QString& unit, double promised);
+    /// A line about a figure with a fixed limit of its own.
+    void AddLimit(const QString& what, double value, double limit, const QString& unit);
+    void Print() const;
+    bool AllGood() const;
+
+  private:
+    struct Line {
+        QString what;
+        QString unit;
+        double value;
+        double bare;
+        double promised;
+        bool isLimit;
+    };
+    static bool IsGood(const Line& line);
+
+    std::vector<Line> mLines;
+};
+
+/// The middle one of some figures.
+double Median(std::vector<double> figures);
+
+/// The median of that many timed runs, in milliseconds.
+double MedianMilliseconds(int runs, const std::function<void()>& run);
+
+/// The largest memory that the process has held so far, in megabytes.
+double PeakMegabytes();
+
+/// The memory that the process holds now, in megabytes.
+double CurrentMegabytes();

@@ -1,0 +1,67 @@
+#include "Benches.h"
+#include "BenchSession.h"
+#include "BenchTable.h"
+#include "charges/frmPostCharges.h"
+#include "shell/shared.h"
+#include "toolkit/FlexGrid.h"
+#include "toolkit/Screens.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kKeys = 2000;
+
+void SendKey(QWidget& receiver, Qt::Key key, const QString& text) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QApplication::sendEvent(&receiver, &press);
+}
+
+} // namespace
+
+void BenchKeys(BenchTable& table) {
+    const QTemporaryDir folder;
+    const auto session = SignOnTo(CopyOfTrialHospital(folder, u"keys.db"_s));
+    auto& screen = Screens::Get<frmPostCharges>();
+    screen.SetBox(u"txtFirstName"_s, u"JUAN"_s);
+    screen.Show();
+    screen.activateWindow();
+    QCoreApplication::processEvents();
+    auto* grid = screen.findChild<FlexGrid*>(u"grdTable"_s);
+    auto* editor = screen.findChild<QLineEdit*>(u"txtEntry"_s);
+    grid->setFocus();
+    grid->Cells().SetCell(1, 4);
+
+    // The clerk's mixture: digits into a quantity, Down and Up between lines, Enter with its two sums.
+    std::vector<double> times;
+    for (int i = 0; i < kKeys; ++i) {
+        const auto start = std::chrono::steady_clock::now();
+        switch (i % 5) {
+        case 0:
+        case 1:
+            SendKey(*editor, Qt::Key_5, u"5"_s);
+            break;
+        case 2:
+            SendKey(*editor, Qt::Key_Down, {});
+            break;
+        case 3:
+            SendKey(*editor, Qt::Key_Up, {});
+            break;
+        default:
+            grid->Cells().SetCol(4);
+            SendKey(*editor, Qt::Key_Return, u"\r"_s);
+            break;
+        }
+        times.push_back(
+            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
+        if (i % 50 == 0)
+            editor->clear();
+    }
+    table.AddLimit(u"a key in the charge grid, median of %1"_s.arg(kKeys), Median(times), 1.0, u"ms"_s);
+    Screens::Clear();
+    ResetShared();
+}

@@ -1,0 +1,97 @@
+#include "shell/Main.h"
+
+#include "Benches.h"
+#include "BenchTable.h"
+#include "reporting_bench.h"
+#include "shell/RegisterScreens.h"
+#include "suite/RegisterSuite.h"
+#include "toolkit/Application.h"
+#include "toolkit/ProgramFiles.h"
+
+#include <QDialog>
+#include <QFile>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <cstdio>
+#include <cstring>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+// Speed and memory against bare limits that are measured in the same run:
+//   tarven-bench              everything
+//   tarven-bench save         one of save, finder, reports, start, keys
+// The two other modes are what the start benchmark times.
+
+namespace {
+
+int ShowEmptyWindow(int& argumentCount, char** arguments) {
+    const QApplication application(argumentCount, arguments);
+    QMainWindow window;
+    // Empty, but with the two bars that make it a main window; they bring the font in, as any text does.
+    window.menuBar();
+    window.statusBar();
+    window.show();
+    QTimer::singleShot(0, &application, [&window] {
+        window.grab();
+        std::fflush(stdout);
+        _exit(0);
+    });
+    return QApplication::exec();
+}
+
+int ShowSignOnWindow(int& argumentCount, char** arguments) {
+    const Application application(argumentCount, arguments);
+    const QTemporaryDir folder;
+    QFile configuration(folder.filePath(u"tarvenaux.ini"_s));
+    if (!configuration.open(QIODevice::WriteOnly))
+        return 1;
+    configuration.write("DeptCode = HC\nDeptDesc = HEMODIALYSIS\n");
+    configuration.close();
+    SetProgramDirectory(folder.path());
+    RegisterSuite(folder.path());
+    RegisterScreens();
+    QTimer::singleShot(0, &application, [] {
+        // Inside the dialogue's own loop.
+        QTimer::singleShot(0, qApp, [] {
+            if (QWidget* dialog = QApplication::activeModalWidget())
+                dialog->grab();
+            _exit(QApplication::activeModalWidget() ? 0 : 1);
+        });
+        Main();
+    });
+    return Application::exec();
+}
+
+bool Wanted(int argumentCount, char** arguments, const char* name) {
+    return argumentCount < 2 || std::strcmp(arguments[1], name) == 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "*.warning=false");
+    if (argc > 1 && std::strcmp(argv[1], "--empty-window") == 0)
+        return ShowEmptyWindow(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "--sign-on-window") == 0)
+        return ShowSignOnWindow(argc, argv);
+    const Application application(argc, argv);
+    BenchTable table;
+    if (Wanted(argc, argv, "save"))
+        BenchSave(table);
+    if (Wanted(argc, argv, "finder"))
+        BenchFinder(table);
+    if (Wanted(argc, argv, "reports"))
+        BenchReporting(table);
+    if (Wanted(argc, argv, "start"))
+        BenchStart(table, argv[0]);
+    if (Wanted(argc, argv, "keys"))
+        BenchKeys(table);
+    table.Print();
+    return table.AllGood() ? 0 : 1;
+}

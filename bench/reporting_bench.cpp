@@ -1,0 +1,197 @@
+#include "reporting_bench.h"
+
+#include "BenchTable.h"
+#include "reporting/PageView.h"
+#include "reporting/ReportDocument.h"
+#include "reporting/ReportOutput.h"
+#include "reporting/TemplateReader.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPixmap>
+#include <QTemporaryDir>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPdfRows = 10000;
+constexpr int kViewerRows = 100000;
+constexpr int kRowsPerStation = 40;
+constexpr int kRuns = 5;
+
+constexpr double kPdfRatio = 1.3;
+constexpr double kPdfMegabytes = 60;
+constexpr double kFirstPageRatio = 2;
+constexpr double kSpreadMilliseconds = 30;
+
+/// As an audit of a department looks: grouped, with sums, a page number on every page and no row that wraps.
+constexpr auto kTemplate = R"(
+<report paper="A4" orientation="landscape" margins="10 10 10 10" size="8">
+  <tables><table name="Charges" location="Clinical_Area.dbo.tbCharges"/></tables>
+  <query>SELECT * FROM {Charges}</query>
+  <page-header height="14">
+    <text x="0" y="0" width="200" size="12" bold="yes">Audit Report</text>
+    <text x="200" y="0" width="77" align="right">Page {page} of {pages}</text>
+    <text x="0" y="8" width="30" bold="yes">Date</text>
+    <text x="36" y="8" width="22" bold="yes">Slip</text>
+    <text x="60" y="8" width="70" bold="yes">Patient</text>
+    <text x="132" y="8" width="85" bold="yes">Particulars</text>
+    <text x="219" y="8" width="20" bold="yes" align="right">Quantity</text>
+    <text x="241" y="8" width="36" bold="yes" align="right">Amount</text>
+  </page-header>
+  <group by="Station">
+    <header height="6"><text x="0" y="0" width="100" size="10" bold="yes">{Station}</text></header>
+    <detail height="4.2">
+      <text x="0" y="0" width="34" format="mm/dd/yyyy hh:mm AM/PM">{Date}</text>
+      <text x="36" y="0" width="22">{Slip}</text>
+      <text x="60" y="0" width="70">{Patient}</text>
+      <text x="132" y="0" width="85">{Particulars}</text>
+      <text x="219" y="0" width="20" align="right">{Quantity}</text>
+      <text x="241" y="0" width="36" align="right" format="#,##0.00">{Amount}</text>
+    </detail>
+    <footer height="6">
+      <text x="0" y="0" width="200" bold="yes">{count} lines</text>
+      <text x="221" y="0" width="56" align="right" bold="yes" format="#,##0.00">{sum Amount}</text>
+    </footer>
+  </group>
+  <report-footer height="8">
+    <text x="221" y="1" width="56" align="right" bold="yes" format="#,##0.00">{sum Amount}</text>
+  </report-footer>
+</report>
+)";
+
+std::shared_ptr<const RowData> MakeRows(int count) {
+    auto rows = std::make_shared<RowData>();
+    rows->columns = {u"Station"_s,     u"Date"_s,     u"Slip"_s,  u"Patient"_s,
+                     u"Particulars"_s, u"Quantity"_s, u"Amount"_s};
+    rows->cells.reserve(static_cast<size_t>(count) * rows->columns.size());
+    for (int i = 0; i < count; ++i) {
+        rows->cells.emplace_back(u"STATION %1"_s.arg(i / kRowsPerStation));
+        rows->cells.emplace_back(*DateTime::FromFields({2026, 1 + i % 12, 1 + i % 28, i % 24, i % 60, 0, 0}));
+        rows->cells.emplace_back(u"H%1C"_s.arg(1000 + i));
+        rows->cells.emplace_back(u"DELA CRUZ, JUAN MIGUEL %1"_s.arg(i));
+        rows->cells.emplace_back(u"HEMODIALYSIS TREATMENT, %1 HOURS"_s.arg(3 + i % 3));
+        rows->cells.emplace_back(QString::number(1 + i % 5));
+        rows->cells.emplace_back(Decimal{QString::number(100 + i % 9000) + u".5000"_s});
+    }
+    return rows;
+}
+
+std::shared_ptr<const ReportDocument> MakeDocument(const std::shared_ptr<const RowData>& rows) {
+    static const ReportTemplate kRead = ReadTemplate(u"bench"_s, kTemplate);
+    return std::make_shared<const ReportDocument>(kRead, ReportData{{rows}, {}, {}});
+}
+
+/// One text of a page, for the bare loop.
+struct BareText {
+    QPointF start;
+    QString text;
+    const ReportFont* font;
+};
+
+std::vector<std::vector<BareText>> BareTexts(const ReportDocument& document, int pages) {
+    std::vector<std::vector<BareText>> texts(static_cast<size_t>(pages));
+    for (int page = 1; page <= pages; ++page) {
+        for (const PageBand& band : document.BandsOf(page)) {
+            const LaidBand laid = document.LayOut(band);
+            for (const LaidCell& cell : laid.cells) {
+                for (const LaidLine& line : cell.lines)
+                    texts[static_cast<size_t>(page - 1)].push_back(
+                        {line.start + QPointF(band.x, band.y), line.text, cell.font});
+            }
+        }
+    }
+    return texts;
+}
+
+void PaintBare(QPainter& painter, const std::vector<BareText>& texts) {
+    const ReportFont* font = nullptr;
+    for (const BareText& text : texts) {
+        if (font != text.font) {
+            font = text.font;
+            painter.setFont(font->FontFor(painter.device()->logicalDpiY()));
+        }
+        painter.drawText(text.start, text.text);
+    }
+}
+
+void SaveBarePdf(const ReportDocument& document, const std::vector<std::vector<BareText>>& pages,
+                 const QString& file) {
+    QPdfWriter writer(file);
+    writer.setPageLayout(document.Paper());
+    QPainter painter(&writer);
+    painter.scale(writer.logicalDpiX() / 72.0, writer.logicalDpiY() / 72.0);
+    for (size_t page = 0; page < pages.size(); ++page) {
+        if (page > 0)
+            writer.newPage();
+        PaintBare(painter, pages[page]);
+    }
+}
+
+/// Forgets the peak of what ran before, so that the next PeakSinceReset tells of one thing alone.
+void ResetPeak() {
+    QFile file(u"/proc/self/clear_refs"_s);
+    if (file.open(QIODevice::WriteOnly))
+        file.write("5");
+}
+
+double PeakSinceReset() {
+    QFile status(u"/proc/self/status"_s);
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray text = status.readAll();
+    return text.mid(text.indexOf("VmHWM:") + 6).simplified().split(' ').value(0).toDouble() / 1024;
+}
+
+void BenchPdf(BenchTable& table, const QString& folder) {
+    const auto rows = MakeRows(kPdfRows);
+    ResetPeak();
+    const double ours =
+        MedianMilliseconds(kRuns, [&] { SavePdf(*MakeDocument(rows), {}, folder + u"/ours.pdf"_s); });
+    const double peak = PeakSinceReset();
+    const auto document = MakeDocument(rows);
+    const auto texts = BareTexts(*document, document->PageCount());
+    const double bare =
+        MedianMilliseconds(kRuns, [&] { SaveBarePdf(*document, texts, folder + u"/bare.pdf"_s); });
+    table.Add(u"report of 10,000 grouped rows to PDF"_s, ours, bare, u"ms"_s, kPdfRatio);
+    table.AddLimit(u"report of 10,000 grouped rows to PDF, peak memory"_s, peak, kPdfMegabytes, u"MB"_s);
+}
+
+void BenchFirstPage(BenchTable& table) {
+    const auto rows = MakeRows(kViewerRows);
+    const double spread = MedianMilliseconds(kRuns, [&] { MakeDocument(rows); });
+    const auto document = MakeDocument(rows);
+    PageView view;
+    view.resize(1100, 700);
+    view.show();
+    QApplication::processEvents();
+    QPixmap pixels(view.viewport()->size());
+    const double ours = MedianMilliseconds(kRuns * kRuns, [&] {
+        view.SetDocument(document);
+        view.viewport()->render(&pixels);
+    });
+    const auto texts = BareTexts(*document, 1);
+    const double scale = view.ZoomFactor() * view.logicalDpiX() / 72.0;
+    const double bare = MedianMilliseconds(kRuns * kRuns, [&] {
+        QPainter painter(&pixels);
+        painter.fillRect(pixels.rect(), Qt::white);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.scale(scale, scale);
+        PaintBare(painter, texts.front());
+    });
+    table.Add(u"first page of 100,000 rows in the viewer"_s, ours, bare, u"ms"_s, kFirstPageRatio);
+    table.AddLimit(u"100,000 rows spread over pages, none wrapping"_s, spread, kSpreadMilliseconds, u"ms"_s);
+}
+
+} // namespace
+
+void BenchReporting(BenchTable& table) {
+    const QTemporaryDir folder;
+    BenchPdf(table, folder.path());
+    BenchFirstPage(table);
+}

@@ -1,0 +1,64 @@
+#include "shell/Main.h"
+#include "shell/RegisterScreens.h"
+#include "suite/RegisterSuite.h"
+#include "toolkit/Application.h"
+#include "toolkit/Failure.h"
+#include "toolkit/FileDialogs.h"
+#include "toolkit/ProgramFiles.h"
+#include "workstation/Scripts.h"
+
+#include <QTimer>
+
+#include <cstdio>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+// The program as main.cpp starts it, with a clerk at the keys: workstation-child <script> <program folder>.
+
+namespace {
+
+constexpr int kScriptFailed = 70;
+
+QString programFolder;
+
+/// The program's own end is not waited for: the script has seen what it wanted to see.
+[[noreturn]] void Leave(int code) {
+    std::fflush(stdout);
+    _exit(code);
+}
+
+void StartProgram() {
+    try {
+        if (!Main())
+            Leave(0);
+    } catch (...) {
+        Failure::End(std::current_exception());
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3 || !Scripts().contains(argv[1])) {
+        std::fprintf(stderr, "no such script\n");
+        return kScriptFailed;
+    }
+    Failure::InstallTerminateHandler();
+    int argumentCount = 1;
+    const Application application(argumentCount, argv);
+    programFolder = QString::fromLocal8Bit(argv[2]);
+    SetProgramDirectory(programFolder);
+    SetSaveFileAnswer([](const QString& name) { return programFolder + u'/' + name; });
+    RegisterSuite(programFolder + u"/data"_s);
+    RegisterScreens();
+    Driver clerk;
+    QTimer::singleShot(0, &application, StartProgram);
+    clerk.Start(Scripts().at(argv[1]), [](const QString& failure) {
+        if (failure.isEmpty())
+            Leave(0);
+        std::fprintf(stderr, "%s\n", qPrintable(failure));
+        Leave(kScriptFailed);
+    });
+    return Application::exec();
+}

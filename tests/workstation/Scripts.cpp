@@ -1,0 +1,213 @@
+#include "workstation/Scripts.h"
+
+#include "shell/shared.h"
+#include "toolkit/FlexGrid.h"
+
+#include <QMessageBox>
+
+#include <csignal>
+#include <cstdio>
+#include <sys/resource.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void Tell(const QString& what) {
+    std::printf("%s\n", qPrintable(what));
+}
+
+void SignOn(Driver& clerk) {
+    clerk.ExpectScreen(u"SignOnDialog"_s);
+    clerk.Type(u"NURSE"_s);
+    clerk.Press(Qt::Key_Tab);
+    clerk.Type(u"nurse"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectNoScreen(u"SignOnDialog"_s);
+}
+
+/// Waits for the box of a failure, tells its text and presses its button; the process ends with it.
+void ReadFailure(Driver& clerk) {
+    clerk.ExpectScreen(u"Failure"_s);
+    clerk.OnScreen([] {
+        const auto* box = qobject_cast<QMessageBox*>(&VisibleControl(u"Failure"_s));
+        Tell(box->text().simplified());
+        std::fflush(stdout);
+    });
+    clerk.Press(Qt::Key_Return);
+}
+
+void FindPatient(Driver& clerk, const QString& menuItem, const QString& name) {
+    clerk.ChooseMenu(menuItem);
+    clerk.ExpectFocus(u"txtLastName"_s);
+    clerk.Type(name);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectScreen(u"frmSearchPatient"_s);
+    clerk.ExpectFocus(u"ListView1"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectNoScreen(u"frmSearchPatient"_s);
+    Tell(u"patient "_s + clerk.Text(u"txtPno"_s) + u' ' + clerk.Text(u"txtId"_s));
+}
+
+/// Keys texts into the grid, each ended by Enter.
+void Key(Driver& clerk, const QStringList& texts) {
+    for (const QString& text : texts) {
+        clerk.Type(text);
+        clerk.Press(Qt::Key_Return);
+    }
+}
+
+void GoToGrid(Driver& clerk) {
+    clerk.TabTo(u"txtDocID"_s);
+    clerk.Type(u"D001"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.TabTo(u"txtEntry"_s);
+}
+
+void PressSave(Driver& clerk) {
+    clerk.TabTo(u"cmdPrint"_s);
+    clerk.Press(Qt::Key_Return);
+}
+
+void CloseSlip(Driver& clerk) {
+    clerk.ExpectScreen(u"frmReportviewer"_s);
+    clerk.Press(Qt::Key_S, Qt::ControlModifier);
+    clerk.Press(Qt::Key_Escape);
+    clerk.ExpectNoScreen(u"frmPostCharges"_s);
+    clerk.OnScreen([] { Tell(u"slip "_s + gSlipNumber); });
+}
+
+/// Three lines: a service, a medicine with an own amount, a doctor's fee.
+void KeyThreeLines(Driver& clerk) {
+    GoToGrid(clerk);
+    // Department, code, quantity, price; an HC line ends there.
+    Key(clerk, {u"hc"_s, u"HC001"_s, u"2"_s, QString()});
+    Key(clerk, {u"hb"_s, u"M0002"_s, u"3"_s, QString(), QString()});
+    Key(clerk, {u"md"_s, u"D003"_s, u"1500"_s});
+    Tell(u"total "_s + clerk.Text(u"txtTAmount"_s));
+}
+
+void InPatientCharge(Driver& clerk) {
+    SignOn(clerk);
+    clerk.OnScreen([] { Tell(VisibleControl(u"frmMain"_s).windowTitle()); });
+    FindPatient(clerk, u"mnuInTransactionEntry"_s, u"de guz"_s);
+    KeyThreeLines(clerk);
+    PressSave(clerk);
+    CloseSlip(clerk);
+}
+
+void OutPatientCharge(Driver& clerk) {
+    SignOn(clerk);
+    FindPatient(clerk, u"mnuOutTransaction"_s, u"salazar"_s);
+    KeyThreeLines(clerk);
+    PressSave(clerk);
+    CloseSlip(clerk);
+}
+
+/// Signs on and waits; for what happens before anything is keyed.
+void SignOnOnly(Driver& clerk) {
+    SignOn(clerk);
+}
+
+void SignOnAndFail(Driver& clerk) {
+    clerk.ExpectScreen(u"SignOnDialog"_s);
+    clerk.Type(u"NURSE"_s);
+    clerk.Press(Qt::Key_Tab);
+    clerk.Type(u"nurse"_s);
+    clerk.Press(Qt::Key_Return);
+    ReadFailure(clerk);
+}
+
+/// Tells what the sign-on window says when its data source cannot be used.
+void SignOnProblem(Driver& clerk) {
+    clerk.ExpectScreen(u"SignOnDialog"_s);
+    clerk.Type(u"NURSE"_s);
+    clerk.Press(Qt::Key_Tab);
+    clerk.Type(u"nurse"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectScreen(u"lblProblem"_s);
+    Tell(clerk.Text(u"lblProblem"_s));
+}
+
+void ApostropheInFinder(Driver& clerk) {
+    SignOn(clerk);
+    clerk.ChooseMenu(u"mnuInTransactionEntry"_s);
+    clerk.ExpectFocus(u"txtLastName"_s);
+    clerk.Type(u"O'BRIEN"_s);
+    clerk.Press(Qt::Key_Return);
+    ReadFailure(clerk);
+}
+
+/// The save fails in its second line, whose particular holds an apostrophe.
+void ApostropheInSave(Driver& clerk) {
+    SignOn(clerk);
+    FindPatient(clerk, u"mnuInTransactionEntry"_s, u"de guz"_s);
+    KeyThreeLines(clerk);
+    clerk.OnScreen([] {
+        auto& grid = dynamic_cast<FlexGrid&>(VisibleControl(u"grdTable"_s));
+        grid.Cells().SetTextMatrix(2, 3, u"PATIENT'S OWN EPOETIN"_s);
+    });
+    PressSave(clerk);
+    ReadFailure(clerk);
+}
+
+void ReportFailure(Driver& clerk) {
+    SignOn(clerk);
+    FindPatient(clerk, u"mnuInTransactionEntry"_s, u"de guz"_s);
+    KeyThreeLines(clerk);
+    PressSave(clerk);
+    ReadFailure(clerk);
+}
+
+/// A slip of many lines, for a test that stops the process in the middle of it.
+void LongSave(Driver& clerk) {
+    SignOn(clerk);
+    FindPatient(clerk, u"mnuInTransactionEntry"_s, u"de guz"_s);
+    clerk.TabTo(u"txtEntry"_s);
+    clerk.OnScreen([] {
+        FlexCells& cells = dynamic_cast<FlexGrid&>(VisibleControl(u"grdTable"_s)).Cells();
+        cells.SetRows(4001);
+        for (int row = 1; row <= 4000; ++row) {
+            const QStringList texts = {u"HC"_s, u"HC001"_s, u"LINE %1"_s.arg(row),
+                                       u"1"_s,  u"10.00"_s, u"10.00"_s};
+            for (int col = 1; col <= 6; ++col)
+                cells.SetTextMatrix(row, col, texts[col - 1]);
+        }
+    });
+    PressSave(clerk);
+    CloseSlip(clerk);
+}
+
+/// No file may grow from the sign-on on, as on a full disk.
+void FullDisk(Driver& clerk) {
+    SignOn(clerk);
+    FindPatient(clerk, u"mnuInTransactionEntry"_s, u"de guz"_s);
+    KeyThreeLines(clerk);
+    clerk.OnScreen([] {
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit = {0, 0};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    });
+    PressSave(clerk);
+    clerk.ExpectScreen(u"Failure"_s);
+    // What goes to a pipe is not limited.
+    ReadFailure(clerk);
+}
+
+} // namespace
+
+const std::map<std::string, std::function<void(Driver&)>>& Scripts() {
+    static const std::map<std::string, std::function<void(Driver&)>> scripts = {
+        {"in-patient-charge", InPatientCharge},
+        {"out-patient-charge", OutPatientCharge},
+        {"sign-on", SignOnOnly},
+        {"sign-on-and-fail", SignOnAndFail},
+        {"sign-on-problem", SignOnProblem},
+        {"apostrophe-in-finder", ApostropheInFinder},
+        {"apostrophe-in-save", ApostropheInSave},
+        {"report-failure", ReportFailure},
+        {"long-save", LongSave},
+        {"full-disk", FullDisk},
+    };
+    return scripts;
+}

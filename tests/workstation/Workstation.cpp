@@ -1,0 +1,144 @@
+#include "workstation/Workstation.h"
+
+#include "gateway/embedded/HospitalFile.h"
+#include "gateway/embedded/SqlFunctions.h"
+#include "gateway/embedded/SqliteDatabase.h"
+#include "hospital/HospitalScripts.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPatience = 100000;
+
+QString SourcePath(const char* name) {
+    return QString::fromLatin1(TARVEN_SOURCE_DIR) + u'/' + QString::fromLatin1(name);
+}
+
+/// The hospital as it is made, kept for the copies of the tests of one process.
+const QString& FreshHospital() {
+    static const QTemporaryDir folder;
+    static const QString path = [] {
+        const QString file = folder.filePath(u"fresh.db"_s);
+        HospitalFile::Create(file, HospitalScripts());
+        return file;
+    }();
+    return path;
+}
+
+/// One pragma or query through SQLite itself.
+QString AskSqlite(const QString& path, const char* sql) {
+    sqlite3* database = nullptr;
+    QString answer;
+    if (sqlite3_open_v2(path.toUtf8().constData(), &database, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK) {
+        sqlite3_exec(
+            database, sql,
+            [](void* out, int columns, char** values, char**) {
+                for (int i = 0; i < columns; ++i)
+                    *static_cast<QString*>(out) += QString::fromUtf8(values[i] ? values[i] : "NULL") + u'|';
+                return 0;
+            },
+            &answer, nullptr);
+    }
+    sqlite3_close(database);
+    return answer;
+}
+
+} // namespace
+
+Workstation::Workstation() {
+    QDir(mFolder.path()).mkdir(u"data"_s);
+    QDir(mFolder.path()).mkdir(u"Reports"_s);
+    for (const QString& name : QDir(SourcePath("Reports")).entryList(QDir::Files))
+        QFile::copy(SourcePath("Reports") + u'/' + name, ProgramFile(u"Reports/"_s + name));
+    WriteProgramFile(u"tarvenaux.ini"_s, "DeptCode = HC\nDeptDesc = HEMODIALYSIS\n");
+    QFile::copy(FreshHospital(), HospitalPath());
+}
+
+void Workstation::WriteProgramFile(const QString& name, const QByteArray& content) {
+    QFile file(ProgramFile(name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    file.write(content);
+}
+
+std::unique_ptr<QProcess> Workstation::StartScript(const QString& script) {
+    auto child = std::make_unique<QProcess>();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    // The settings that the session remembers must not be the developer's own.
+    environment.insert(u"HOME"_s, mFolder.path());
+    environment.insert(u"XDG_CONFIG_HOME"_s, mFolder.path());
+    environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+    child->setProcessEnvironment(environment);
+    child->start(QString::fromLatin1(TARVEN_BUILD_DIR) + u"/workstation-child"_s, {script, mFolder.path()});
+    EXPECT_TRUE(child->waitForStarted());
+    return child;
+}
+
+Workstation::Run Workstation::WaitForEnd(QProcess& child) {
+    Run run;
+    if (!child.waitForFinished(kPatience)) {
+        ADD_FAILURE() << "the program did not end";
+        child.kill();
+        child.waitForFinished();
+    }
+    run.exitCode = child.exitCode();
+    run.crashed = child.exitStatus() == QProcess::CrashExit;
+    run.errors = QString::fromUtf8(child.readAllStandardError());
+    for (const QByteArray& line : child.readAllStandardOutput().split('\n')) {
+        if (!line.isEmpty())
+            run.told.push_back(QString::fromUtf8(line));
+    }
+    return run;
+}
+
+Workstation::Run Workstation::RunScript(const QString& script) {
+    return WaitForEnd(*StartScript(script));
+}
+
+std::unique_ptr<EmbeddedGateway> Workstation::OpenHospital() const {
+    return HospitalFile::Open(HospitalPath(), HospitalScripts());
+}
+
+std::vector<QString> Workstation::Query(const QString& command) const {
+    const auto gateway = OpenHospital();
+    const auto data = gateway->Execute(command).Data();
+    std::vector<QString> rows;
+    for (size_t row = 0; row < data->RowCount(); ++row) {
+        QStringList cells;
+        for (size_t column = 0; column < data->columns.size(); ++column)
+            cells << data->Cell(row, column).TextOrEmpty();
+        rows.push_back(cells.join(u'|'));
+    }
+    return rows;
+}
+
+QString Workstation::QueryOne(const QString& command) const {
+    const std::vector<QString> rows = Query(command);
+    EXPECT_EQ(rows.size(), 1U) << command.toStdString();
+    return rows.empty() ? QString() : rows.front();
+}
+
+QString Workstation::HospitalContent() const {
+    QString content;
+    const QString tables =
+        AskSqlite(HospitalPath(), "SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name");
+    for (const QString& table : tables.split(u'|', Qt::SkipEmptyParts))
+        content += table + u'\n' +
+                   AskSqlite(HospitalPath(), ("SELECT * FROM \"" + table.toUtf8() + "\"").constData());
+    EXPECT_FALSE(content.isEmpty());
+    return QString::fromLatin1(
+        QCryptographicHash::hash(content.toUtf8(), QCryptographicHash::Sha256).toHex());
+}
+
+bool Workstation::HospitalIsWhole() const {
+    SqliteDatabase database(HospitalPath(), SqliteDatabase::Mode::Existing);
+    AddSqlFunctions(database);
+    const auto answer = database.RunForValue(u"PRAGMA integrity_check"_s);
+    return answer == Cell(QByteArray("ok"));
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "gateway/embedded/EmbeddedGateway.h"
+
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <vector>
+
+/// A workstation of its own for one test: a program folder with its configuration and templates, and a fresh
+/// trial hospital beside it. The program runs in a child process.
+class Workstation : public testing::Test {
+  protected:
+    /// How a child ended.
+    struct Run {
+        int exitCode = -1;
+        bool crashed = false;
+        /// What the script printed, line by line.
+        std::vector<QString> told;
+        /// What the program wrote to its error stream.
+        QString errors;
+    };
+
+    Workstation();
+
+    /// Runs a script to the child's end.
+    Run RunScript(const QString& script);
+    /// Starts a script and leaves it running.
+    std::unique_ptr<QProcess> StartScript(const QString& script);
+    Run WaitForEnd(QProcess& child);
+
+    QString ProgramFile(const QString& name) const { return mFolder.filePath(name); }
+    QString HospitalPath() const { return mFolder.filePath(QStringLiteral("data/trial-hospital.db")); }
+    void WriteProgramFile(const QString& name, const QByteArray& content);
+
+    /// A connection of the test's own to the hospital.
+    std::unique_ptr<EmbeddedGateway> OpenHospital() const;
+    /// The rows of a command as texts, cells joined by "|".
+    std::vector<QString> Query(const QString& command) const;
+    /// The one cell of a command.
+    QString QueryOne(const QString& command) const;
+    /// Every row of every table, for telling that nothing has changed.
+    QString HospitalContent() const;
+    /// Whether the file is whole.
+    bool HospitalIsWhole() const;
+
+  private:
+    QTemporaryDir mFolder;
+};

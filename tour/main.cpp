@@ -1,0 +1,170 @@
+#include "shell/Main.h"
+
+#include "shell/RegisterScreens.h"
+#include "suite/RegisterSuite.h"
+#include "toolkit/Application.h"
+#include "toolkit/FileDialogs.h"
+#include "toolkit/ProgramFiles.h"
+#include "tour/Driver.h"
+#include "tour/Screenshot.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QWidget>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+// The tour: one charge from the sign-on to the slip, keyed as a clerk would, with a picture of each screen.
+
+namespace {
+
+/// The size of screen for which the pictures are taken.
+constexpr QSize kScreenSize(1280, 740);
+
+QString tourFolder;
+
+/// Takes numbered pictures into the tour's folder.
+class Album {
+  public:
+    explicit Album(Driver& driver)
+        : mDriver(driver) {}
+
+    void Take(const QString& name) {
+        mDriver.OnScreen([&] {
+            const QString file =
+                u"%1/%2-%3.png"_s.arg(tourFolder).arg(++mCount, 2, 10, QChar(u'0')).arg(name);
+            if (!TakeScreenshot().save(file))
+                throw DriverError(u"cannot write "_s + file);
+            std::printf("  %s\n", qPrintable(file));
+        });
+    }
+
+  private:
+    Driver& mDriver;
+    int mCount = 0;
+};
+
+void SignOn(Driver& clerk, Album& album) {
+    clerk.ExpectScreen(u"SignOnDialog"_s);
+    clerk.OnScreen([] {
+        QWidget& mainWindow = VisibleControl(u"frmMain"_s);
+        mainWindow.showNormal();
+        mainWindow.resize(kScreenSize);
+    });
+    album.Take(u"sign-on"_s);
+    clerk.Type(u"NURSE"_s);
+    clerk.Press(Qt::Key_Tab);
+    clerk.Type(u"nurse"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectNoScreen(u"SignOnDialog"_s);
+    album.Take(u"main-window"_s);
+}
+
+void FindPatient(Driver& clerk, Album& album) {
+    clerk.ChooseMenu(u"mnuInTransactionEntry"_s);
+    clerk.ExpectFocus(u"txtLastName"_s);
+    clerk.Type(u"de"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectScreen(u"frmSearchPatient"_s);
+    clerk.ExpectFocus(u"ListView1"_s);
+    album.Take(u"patient-finder"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectNoScreen(u"frmSearchPatient"_s);
+}
+
+void KeyLine(Driver& clerk, const QString& department, const QString& code, const QString& quantity) {
+    clerk.Type(department);
+    clerk.Press(Qt::Key_Return);
+    clerk.Type(code);
+    clerk.Press(Qt::Key_Return);
+    clerk.Type(quantity);
+    clerk.Press(Qt::Key_Return);
+    // Past the price, and past the amount where it is open, to the next line.
+    clerk.Press(Qt::Key_Return);
+    if (department != u"hc"_s)
+        clerk.Press(Qt::Key_Return);
+}
+
+void KeyCharges(Driver& clerk, Album& album) {
+    clerk.TabTo(u"txtDocID"_s);
+    clerk.Type(u"D001"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.TabTo(u"txtEntry"_s);
+    KeyLine(clerk, u"hc"_s, u"HC001"_s, u"1"_s);
+    KeyLine(clerk, u"hb"_s, u"M0002"_s, u"2"_s);
+    clerk.Type(u"hc"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.Type(u"dialyzer"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectScreen(u"PickDialog"_s);
+    album.Take(u"service-pick-list"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.Type(u"1"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.Press(Qt::Key_Return);
+    clerk.Type(u"md"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.Type(u"D003"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.Type(u"1500"_s);
+    clerk.Press(Qt::Key_Return);
+    album.Take(u"post-charges"_s);
+}
+
+void SaveAndPrint(Driver& clerk, Album& album) {
+    clerk.TabTo(u"cmdPrint"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectScreen(u"frmReportviewer"_s);
+    album.Take(u"charge-slip"_s);
+    clerk.Press(Qt::Key_S, Qt::ControlModifier);
+    clerk.Press(Qt::Key_Escape);
+    clerk.ExpectNoScreen(u"frmPostCharges"_s);
+}
+
+void Tour(Driver& clerk) {
+    Album album(clerk);
+    SignOn(clerk, album);
+    FindPatient(clerk, album);
+    KeyCharges(clerk, album);
+    SaveAndPrint(clerk, album);
+}
+
+int ExitCode(const QString& failure) {
+    if (failure.isEmpty()) {
+        std::printf("The pictures and the slip (charge-slip.pdf) are in %s\n", qPrintable(tourFolder));
+        return 0;
+    }
+    std::fprintf(stderr, "The tour ended early: %s\n", qPrintable(failure));
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // What the offscreen platform cannot do is of no interest here.
+    qputenv("QT_LOGGING_RULES", "*.warning=false");
+    const Application application(argc, argv);
+    tourFolder = QDir(argc > 1 ? QString::fromLocal8Bit(argv[1]) : u"tour"_s).absolutePath();
+    if (!QDir().mkpath(tourFolder)) {
+        std::fprintf(stderr, "cannot make the folder %s\n", qPrintable(tourFolder));
+        return 1;
+    }
+    // The tour works on a hospital of its own; what was keyed in the user's trial hospital stays untouched.
+    const QTemporaryDir hospitalFolder;
+    SetSaveFileAnswer([](const QString&) { return tourFolder + u"/charge-slip.pdf"_s; });
+    RegisterSuite(hospitalFolder.path());
+    RegisterScreens();
+    std::printf("The tour of one charge:\n");
+    Driver clerk;
+    QTimer::singleShot(0, &application, [] {
+        if (!Main())
+            QCoreApplication::exit(1);
+    });
+    clerk.Start(Tour, [](const QString& failure) { QCoreApplication::exit(ExitCode(failure)); });
+    return Application::exec();
+}
