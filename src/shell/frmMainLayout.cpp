@@ -51,7 +51,6 @@ constexpr int kMinimumHeight = 560;
 void frmMain::Layout() {
     setObjectName(u"frmMain"_s);
     setWindowTitle(u"Orvandelle"_s);
-    setWindowIcon(ProgramIcon(u"program"_s));
     setMinimumSize(kMinimumWidth, kMinimumHeight);
     mArea = new QMdiArea(this);
     mArea->setObjectName(u"Area"_s);
@@ -81,9 +80,12 @@ void frmMain::AddMenuEntry(const MenuEntry& entry) {
         }
         parent = above->menu();
     }
-    auto* action = new QAction(QString::fromLatin1(entry.caption), menuBar());
+    const QString caption = QString::fromLatin1(entry.caption);
+    const bool separator = caption == u"-"_s;
+    // A separator with a text would be drawn as the heading of a section.
+    auto* action = new QAction(separator ? QString() : caption, menuBar());
     action->setObjectName(QString::fromLatin1(entry.name));
-    action->setSeparator(action->text() == u"-"_s);
+    action->setSeparator(separator);
     action->setVisible(entry.visible);
     action->setEnabled(entry.enabled);
     action->setMenuRole(QAction::NoRole);

@@ -57,6 +57,10 @@ void Form::Show() {
     Workspace* workspace = Workspace::Current();
     if (workspace && !mSubWindow && !mModalLoop && !mStandAlone)
         PutInside(*workspace->Area());
+    if (mStandAlone && !isVisible()) {
+        adjustSize();
+        CenterOver(*this, QApplication::activeWindow());
+    }
     show();
     if (mSubWindow) {
         mSubWindow->show();

@@ -1,6 +1,7 @@
 #include "toolkit/Look.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QFont>
 #include <QGridLayout>
 #include <QIcon>
@@ -56,10 +57,16 @@ void ApplyLook(QApplication& application) {
     QFont font(QStringList{u"Liberation Sans"_s, u"DejaVu Sans"_s}, kPointSize);
     QApplication::setFont(font);
     application.setStyleSheet(QString::fromLatin1(kStyleSheet));
+    QApplication::setWindowIcon(ProgramIcon(u"program"_s));
 }
 
 QIcon ProgramIcon(const QString& name) {
-    return QIcon(u":/icons/"_s + name + u".svg"_s);
+    QIcon icon(u":/icons/"_s + name + u".svg"_s);
+    // On the colour of a selected row the icon's own colours would drown.
+    const QString selected = u":/icons/"_s + name + u"-selected.svg"_s;
+    if (QFile::exists(selected))
+        icon.addFile(selected, {}, QIcon::Selected);
+    return icon;
 }
 
 QLabel* AddLabelled(QGridLayout& grid, int row, int column, const QString& label, QWidget* input) {

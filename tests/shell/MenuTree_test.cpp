@@ -98,6 +98,17 @@ TEST_F(MenuTree, NamesEachEntryOnce) {
         EXPECT_EQ(window.findChildren<QAction*>(item.name).size(), 1) << item.name.toStdString();
 }
 
+TEST_F(MenuTree, DrawsItsSeparatorsAsLinesWithoutAHeading) {
+    const frmMain window;
+    int separators = 0;
+    for (const QAction* action : window.findChildren<QAction*>())
+        if (action->isSeparator() && !action->objectName().isEmpty()) {
+            EXPECT_EQ(action->text(), QString()) << action->objectName().toStdString();
+            ++separators;
+        }
+    EXPECT_GE(separators, 3);
+}
+
 TEST_F(MenuTree, TheLedgersEntryOfTheBarIsClickedAndOpensNoMenu) {
     const frmMain window;
     const auto* entry = window.findChild<QAction*>(u"mnuMLedger"_s);

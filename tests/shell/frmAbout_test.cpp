@@ -40,6 +40,12 @@ class frmAboutTest : public ScreenTest {
     QTimer* mTimer = nullptr;
 };
 
+TEST_F(frmAboutTest, StandsInTheMiddleOfTheWindowThatWasActive) {
+    const QPoint middle = workspace.geometry().center();
+    const QPoint distance = Open().geometry().center() - middle;
+    EXPECT_LT(distance.manhattanLength(), 4);
+}
+
 TEST_F(frmAboutTest, TellsTheDepartmentAndTheRelease) {
     QStringList texts;
     for (const QLabel* label : Open().findChildren<QLabel*>())

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QGridLayout>
 #include <QIcon>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
@@ -44,6 +45,12 @@ TEST(Look, WhatIsDisabledCanStillBeRead) {
 TEST(Look, TheProgramsIconsAreThere) {
     for (const QString& name : {u"assess"_s, u"patient"_s, u"program"_s, u"reports"_s, u"transaction"_s})
         EXPECT_FALSE(ProgramIcon(name).pixmap(32).isNull()) << name.toStdString();
+}
+
+TEST(Look, TheIconOfASelectedRowStandsOutFromItsColour) {
+    const QImage icon = ProgramIcon(u"patient"_s).pixmap(24, QIcon::Selected).toImage();
+    const QColor shoulder = icon.pixelColor(icon.width() / 2, icon.height() * 4 / 5);
+    EXPECT_GE(Contrast(shoulder, QApplication::palette().color(QPalette::Highlight)), 4.5);
 }
 
 TEST(Look, ALabelledInputIsSpokenByItsLabel) {
