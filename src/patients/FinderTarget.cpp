@@ -17,6 +17,10 @@ void RegisterFinderTarget(const QString& chargeMode, FinderTargetSource source) 
     Sources().insert(chargeMode, std::move(source));
 }
 
+void ForgetFinderTargets() {
+    Sources().clear();
+}
+
 bool HasFinderTarget(const QString& chargeMode) {
     return Sources().contains(chargeMode);
 }

@@ -23,6 +23,9 @@ using FinderTargetSource = std::function<FinderTarget&()>;
 /// Enters the screen that waits in a charge mode ("Post", "List", "Ledger").
 void RegisterFinderTarget(const QString& chargeMode, FinderTargetSource source);
 
+/// Strikes all screens out again.
+void ForgetFinderTargets();
+
 /// Whether a screen waits in that mode.
 bool HasFinderTarget(const QString& chargeMode);
 

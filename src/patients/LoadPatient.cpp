@@ -1,6 +1,7 @@
 #include "patients/LoadPatient.h"
 
 #include "gateway/CommandGateway.h"
+#include "gateway/RunTimeError.h"
 #include "patients/commands.h"
 #include "patients/FinderTarget.h"
 #include "patients/frmSearchPatient.h"
@@ -33,18 +34,24 @@ QString DateText(const Value& date) {
     return Format(date.ToDate(), kDatePattern);
 }
 
+/// The date without its time of day, by way of its text.
+DateTime DayOf(const DateTime& date) {
+    const auto day = ParseDate(Format(date, kDatePattern));
+    if (!day)
+        throw RunTime::Error(RunTime::kTypeMismatch);
+    return *day;
+}
+
 /// Whole days from the date to today, each cut to its day first.
 qint16 DaysSince(const Value& date) {
-    const DateTime from = ParseDate(DateText(date)).value_or(DateTime());
-    const DateTime to = ParseDate(Format(Now(), kDatePattern)).value_or(DateTime());
-    const qint64 days = DateDiff(DateInterval::Day, from, to);
+    const qint64 days = DateDiff(DateInterval::Day, DayOf(date.ToDate()), DayOf(Now()));
     if (days < std::numeric_limits<qint16>::min() || days > std::numeric_limits<qint16>::max())
         throw RunTime::Error(RunTime::kOverflow);
     return static_cast<qint16>(days);
 }
 
-/// The steps common to the three routines: the visit's doctors. Without a row the three keep what they held,
-/// also from a former patient.
+/// The steps common to the three routines: the visit's doctors. Kept: without a row the three keep what they
+/// held, also from a former patient.
 void ReadVisitDoctors() {
     gDaysConfined = 0;
     RowSet rows = gCurrentUser->SQLConnection()->Open(OutPatientCommand(gIDNumber), CursorType::Dynamic,
@@ -62,8 +69,8 @@ void SetNames(FinderTarget& target, const PatientRecord& patient) {
     target.SetBox(u"txtMiddleName"_s, CutTrailingBlanks(patient.MiddleName));
 }
 
-/// Account, station and company come from the admission side, for a visit too: the patient master answers
-/// there for the visit that was opened.
+/// Kept: account, station and company come from the admission side, for a visit too: the patient master
+/// answers there for the visit that was opened.
 void SetAccount(const AdmissionRecord& admission) {
     gAccountNumber = admission.Patient->Account->AccountNumber.ToText();
     gStationName = admission.Room->Station->Description.ToText();
@@ -105,6 +112,7 @@ void LoadVisitForCharges(FinderTarget& target) {
     gDaysConfined = DaysSince(visit.AdmissionDate());
     gDoctor1 = admission.AttendingDoctor1->completename;
     target.SetBox(u"txtDoctor"_s, gDoctor1.ToText());
+    // Kept: the class of the admission side takes the place of the "A" of every visit.
     gRoomClass = admission.Room->roomclassid.ToText();
 }
 
@@ -125,7 +133,7 @@ void LoadAdmissionForCharges(FinderTarget& target) {
     gDoctor1 = admission.AttendingDoctor1->completename;
     target.SetBox(u"txtDoctor"_s, gDoctor1.ToText());
     gRoomClass = admission.Room->roomclassid.ToText();
-    // The name stays on the screen; the shared variable goes over to the code.
+    // Kept: the name stays on the screen; the shared variable goes over to the code.
     gDoctor1 = admission.AttendingDoctor1->Code;
     gDoctor2Code = admission.AttendingDoctor2->Code;
 }

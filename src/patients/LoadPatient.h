@@ -3,7 +3,7 @@
 /// The three load routines of the finder. Before the call gPatientType, gHospitalNumber and gIDNumber name
 /// the pick; after it the finder is closed, whether the patient was found or not. A patient who is not found
 /// leaves the waiting screen as it was, without a message. Each raises 91 or 94 where the patient master
-/// lacks a member.
+/// lacks a member, 6 when the stay is too long for the counter of days, and what a failing command raises.
 
 /// Fills the charge screen and the patient in hand.
 void LoadForPost();

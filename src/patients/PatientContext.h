@@ -10,13 +10,15 @@
 /// "I" in-patient, "O" out-patient, "W" walk-in. Set by the menus and screens, read by the finder, the load
 /// routines and the saves.
 inline QString gPatientType;
-/// The row picked. Set by the finder and the cash patient list, read by the load routines.
+/// The row picked. Set by the finder and the cash patient list; the load routines read it and hand it to the
+/// patient master by reference, which may bring it into a form of its own.
 inline QString gHospitalNumber;
 /// Admission number (in-patient) or visit number (out-patient) of the row picked.
 inline QString gIDNumber;
-/// Room class letter, the key to a rate column. Read by the pricing.
+/// Room class letter, the key to a rate column. Set by the load routines and the cash patient list, read by
+/// the pricing.
 inline QString gRoomClass;
-/// Nursing station and account number, read by the slips.
+/// Nursing station and account number. Set by the load routines, read by the slips.
 inline QString gStationName;
 inline QString gAccountNumber;
 /// Kept: the company is filled and read by no one.
@@ -29,12 +31,12 @@ inline Value gDoctor3 = QString();
 inline Value gDoctor2Code = QString();
 /// Kept: whole days from the admission to today, read by no one.
 inline qint16 gDaysConfined = 0;
-/// Admission date: as "mm/dd/yyyy" after an in-patient ledger pick, else as the date turns to text. Read by
-/// the ledger report.
+/// Admission date: as "mm/dd/yyyy" after an in-patient ledger pick, else as the date turns to text. Set by
+/// the load routines, read by the ledger report.
 inline QString gAdmissionDate;
 /// Kept: filled for out-patients and read by no one.
 inline QString gDischargeDate;
-/// Room text, "OPD" for out-patients. Read by the ledger report.
+/// Room text, "OPD" for out-patients. Set by the load routines, read by the ledger report.
 inline QString gRoomID;
 
 /// Brings the patient in hand back to what a fresh process has.

@@ -1,6 +1,7 @@
 #include "patients/frmSearchPatient.h"
 
 #include "gateway/CommandGateway.h"
+#include "gateway/RunTimeError.h"
 #include "patients/commands.h"
 #include "patients/FinderTarget.h"
 #include "patients/LoadPatient.h"
@@ -65,7 +66,7 @@ void frmSearchPatient::Layout() {
     ListView1->setObjectName(u"ListView1"_s);
     ListView1->setAccessibleName(u"Patients found"_s);
     ListView1->SetRowIcon(ProgramIcon(u"patient"_s));
-    ListView1->setMinimumSize(TwipsToPixels(kListWidth), TwipsToPixels(kListHeight));
+    ListView1->setFixedSize(TwipsToPixels(kListWidth), TwipsToPixels(kListHeight));
     cmdSearch = new QPushButton(u"Search"_s, this);
     cmdSearch->setObjectName(u"cmdSearch"_s);
     for (size_t i = 0; i < optPatientType.size(); ++i) {
@@ -76,7 +77,23 @@ void frmSearchPatient::Layout() {
     Timer1->setObjectName(u"Timer1"_s);
     Timer1->setInterval(kTimerInterval);
 
-    auto* grid = new QGridLayout(this);
+    LayoutInPlace();
+    // The order of work: a name, then the row.
+    setTabOrder(txtLastName, ListView1);
+    setTabOrder(ListView1, cmdSearch);
+    setTabOrder(cmdSearch, optPatientType[0]);
+    setTabOrder(optPatientType[0], optPatientType[1]);
+    txtLastName->setFocus();
+}
+
+/// Kept: the controls stand where they are, whatever size the window is given.
+void frmSearchPatient::LayoutInPlace() {
+    auto* body = new QWidget(this);
+    auto* place = new QGridLayout(this);
+    place->setContentsMargins(0, 0, 0, 0);
+    place->addWidget(body, 0, 0, Qt::AlignLeft | Qt::AlignTop);
+    auto* grid = new QGridLayout(body);
+    grid->setSizeConstraint(QLayout::SetFixedSize);
     auto* search = new QGridLayout;
     QLabel* label = AddLabelled(*search, 0, 0, u"LastName"_s, txtLastName);
     label->setObjectName(u"Label1"_s);
@@ -88,12 +105,6 @@ void frmSearchPatient::Layout() {
     row->addWidget(optPatientType[1]);
     grid->addLayout(row, 0, 0);
     grid->addWidget(ListView1, 1, 0);
-    // The order of work: a name, then the row.
-    setTabOrder(txtLastName, ListView1);
-    setTabOrder(ListView1, cmdSearch);
-    setTabOrder(cmdSearch, optPatientType[0]);
-    setTabOrder(optPatientType[0], optPatientType[1]);
-    txtLastName->setFocus();
 }
 
 void frmSearchPatient::Wire() {
@@ -156,7 +167,7 @@ void frmSearchPatient::txtLastName_KeyPress(int& keyAscii) {
 }
 
 void frmSearchPatient::ListView1_ColumnClick(int column) {
-    // One toggle for the whole list: another column reverses the direction too.
+    // Kept: one toggle for the whole list, so a click on another column reverses the direction too.
     const bool ascending = ListView1->SortOrder() == Qt::AscendingOrder;
     ListView1->SetSortOrder(ascending ? Qt::DescendingOrder : Qt::AscendingOrder);
     ListView1->SetSortKey(column - 1);

@@ -33,6 +33,7 @@ class frmSearchPatient : public Form {
 
   private:
     void Layout();
+    void LayoutInPlace();
     void Wire();
 
     void cmdSearch_Click();

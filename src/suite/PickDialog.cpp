@@ -87,6 +87,7 @@ void PickDialog::Layout(const QString& title) {
     lstPick = new ListView(this);
     lstPick->setObjectName(u"lstPick"_s);
     lstPick->setAccessibleName(title);
+    lstPick->ShowAmounts();
     int width = kScrollBarWidth;
     for (const PickColumn& column : mColumns) {
         lstPick->AddColumn(column.header, column.width);

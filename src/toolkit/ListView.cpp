@@ -99,7 +99,7 @@ QVariant ListRows::data(const QModelIndex& index, int role) const {
     if (size_t(index.column()) >= mColumns.size())
         return {};
     const Value& value = ValueAt(mOrder[size_t(index.row())], size_t(index.column()));
-    const bool isAmount = std::holds_alternative<Decimal>(value.Get());
+    const bool isAmount = mShowAmounts && std::holds_alternative<Decimal>(value.Get());
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return isAmount ? Format(value.ToDouble(), u"#,##0.00") : value.TextOrEmpty();
     if (role == Qt::TextAlignmentRole && isAmount)

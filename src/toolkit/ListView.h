@@ -10,7 +10,7 @@
 #include <vector>
 
 /// The rows of a ListView: a result's rows, some of its columns, in a sort order of its own. Nothing is
-/// copied; texts are made when they are shown. Decimals show as amounts, aligned on the right.
+/// copied; texts are made when they are shown.
 class ListRows : public QAbstractTableModel {
     Q_OBJECT
 
@@ -25,6 +25,8 @@ class ListRows : public QAbstractTableModel {
     /// all else by text.
     void Sort(size_t column, Qt::SortOrder order);
     void SetRowIcon(const QIcon& icon) { mIcon = icon; }
+    /// Decimals show as amounts, "1,250.50", aligned on the right; they read as they are.
+    void ShowAmounts() { mShowAmounts = true; }
 
     QString Text(int row, int column) const;
 
@@ -43,6 +45,7 @@ class ListRows : public QAbstractTableModel {
     std::vector<size_t> mColumns;
     std::vector<quint32> mOrder;
     QIcon mIcon;
+    bool mShowAmounts = false;
 };
 
 /// The list control in its report view: columns with headers that can be clicked, one selected row, an icon
@@ -56,6 +59,8 @@ class ListView : public QTableView {
     void ClearColumns();
     void AddColumn(const QString& header, int widthTwips);
     void SetRowIcon(const QIcon& icon) { mModel->SetRowIcon(icon); }
+    /// For a list with prices: decimals show as amounts, aligned on the right.
+    void ShowAmounts() { mModel->ShowAmounts(); }
 
     /// Shows the rows in place of any others, in the result's order unless a sort was set before.
     void SetRows(std::shared_ptr<const RowData> rows, std::vector<size_t> columns);

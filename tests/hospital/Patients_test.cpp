@@ -56,6 +56,14 @@ TEST_F(Patients, RowsComeInTheOrderOfNames) {
     }
 }
 
+TEST_F(Patients, BlanksAtTheEndOfTheTextDoNotCount) {
+    for (const QString& type : {u"I"_s, u"O"_s}) {
+        EXPECT_EQ(Find(type, u"DE "_s), Find(type, u"DE"_s));
+        EXPECT_EQ(Find(type, u" "_s), Find(type, u""_s));
+        EXPECT_FALSE(Find(type, u"DE "_s).empty());
+    }
+}
+
 TEST_F(Patients, LastNameIsFoundByItsBeginningInAnyLetterCase) {
     const auto rows = Find(u"O"_s, u"DE"_s);
     ASSERT_GT(rows.size(), 3U);

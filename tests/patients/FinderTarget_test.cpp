@@ -5,7 +5,14 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(FinderTarget, ModeThatNobodyRegisteredHasNoTarget) {
+namespace {
+
+class FinderTargetTest : public testing::Test {
+  protected:
+    ~FinderTargetTest() override { ForgetFinderTargets(); }
+};
+
+TEST_F(FinderTargetTest, ModeThatNobodyRegisteredHasNoTarget) {
     EXPECT_FALSE(HasFinderTarget(u"Nobody"_s));
     try {
         FinderTargetOf(u"Nobody"_s);
@@ -15,7 +22,7 @@ TEST(FinderTarget, ModeThatNobodyRegisteredHasNoTarget) {
     }
 }
 
-TEST(FinderTarget, RegisteredModeAnswersItsScreenAtEachAsking) {
+TEST_F(FinderTargetTest, RegisteredModeAnswersItsScreenAtEachAsking) {
     FakeFinderTarget first;
     FakeFinderTarget second;
     FakeFinderTarget* now = &first;
@@ -26,8 +33,17 @@ TEST(FinderTarget, RegisteredModeAnswersItsScreenAtEachAsking) {
     EXPECT_EQ(&FinderTargetOf(u"Somebody"_s), &second);
 }
 
-TEST(FinderTarget, ModesAreToldApartToTheLetter) {
+TEST_F(FinderTargetTest, ModesAreToldApartToTheLetter) {
     RegisterFinderTarget(u"Exact"_s, []() -> FinderTarget& { throw RunTime::Error(RunTime::kObjectNotSet); });
     EXPECT_FALSE(HasFinderTarget(u"exact"_s));
     EXPECT_FALSE(HasFinderTarget(u"Exact "_s));
 }
+
+TEST_F(FinderTargetTest, ForgottenModeHasNoTarget) {
+    FakeFinderTarget target;
+    RegisterFinderTarget(u"Somebody"_s, [&]() -> FinderTarget& { return target; });
+    ForgetFinderTargets();
+    EXPECT_FALSE(HasFinderTarget(u"Somebody"_s));
+}
+
+} // namespace

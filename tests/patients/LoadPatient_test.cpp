@@ -63,6 +63,7 @@ class LoadPatientTest : public ScreenTest {
             *value = u"former"_s;
         gDaysConfined = 77;
     }
+    ~LoadPatientTest() override { ForgetFinderTargets(); }
 
     void ExpectVisitRows(std::vector<std::vector<Value>> rows) {
         gateway.Expect(OutPatientCommand(gIDNumber),
@@ -292,6 +293,30 @@ TEST_P(LoadForChargesTest, InPatientFillsTheScreen) {
                                      {u"txtDoctor"_s, u"DR. LUIS CASTAÑEDA"_s}}));
 }
 
+TEST_P(LoadForChargesTest, BoxesAreFilledInThisOrder) {
+    const std::vector<QString> order = {u"txtLastName"_s,     u"txtFirstName"_s, u"txtMiddleName"_s,
+                                        u"txtSex"_s,          u"txtDob"_s,       u"txtAge"_s,
+                                        u"txtPno"_s,          u"txtId"_s,        u"txtRoom"_s,
+                                        u"txtDateAdmitted"_s, u"txtDoctor"_s};
+    InPatient();
+    Load();
+    EXPECT_EQ(Target().order, order);
+    Target().order.clear();
+    OutPatient();
+    Load();
+    EXPECT_EQ(Target().order, order);
+}
+
+TEST_P(LoadForChargesTest, WhatWasWrittenBeforeAMissingMemberStays) {
+    personFinder->admission.Room->Station->Description = Value();
+    InPatient();
+    EXPECT_EQ(NumberRaisedBy(GetParam().load), RunTime::kInvalidUseOfNull);
+    EXPECT_EQ(Target().order, (std::vector<QString>{u"txtLastName"_s, u"txtFirstName"_s, u"txtMiddleName"_s,
+                                                    u"txtSex"_s, u"txtDob"_s}));
+    EXPECT_EQ(gAccountNumber, u"500123"_s);
+    EXPECT_EQ(gCompany, u"former"_s);
+}
+
 TEST_P(LoadForChargesTest, InPatientFillsThePatientInHand) {
     InPatient();
     Load();
@@ -439,6 +464,18 @@ TEST_F(LoadPatientTest, LedgerInPatientFillsTheScreen) {
                                                  {u"txtMiddleName"_s, u"PEÑA"_s},
                                                  {u"txtHospNum"_s, u"H-1"_s},
                                                  {u"txtIDNum"_s, u"104233-R"_s}}));
+}
+
+TEST_F(LoadPatientTest, LedgerFillsItsBoxesInThisOrder) {
+    const std::vector<QString> order = {u"txtLastName"_s, u"txtFirstName"_s, u"txtMiddleName"_s,
+                                        u"txtHospNum"_s, u"txtIDNum"_s};
+    InPatient();
+    LoadForLedger();
+    EXPECT_EQ(targets[u"Ledger"_s].order, order);
+    targets[u"Ledger"_s].order.clear();
+    OutPatient();
+    LoadForLedger();
+    EXPECT_EQ(targets[u"Ledger"_s].order, order);
 }
 
 TEST_F(LoadPatientTest, LedgerInPatientWritesRoomAndAdmissionDateAlone) {

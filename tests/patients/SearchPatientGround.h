@@ -49,6 +49,7 @@ class SearchPatientGround : public ScreenTest {
         personFinder->FillAdmission();
         gPatientType = QStringLiteral("I");
     }
+    ~SearchPatientGround() override { ForgetFinderTargets(); }
 
     /// The finder of a mode, opened over those patients and active.
     frmSearchPatient& Open(const QString& mode, const std::vector<Patient>& patients) {

@@ -53,6 +53,7 @@ TEST_P(PickInModeTest, PickLoadsIntoTheWaitingScreenAndClosesTheFinder) {
     EXPECT_EQ(target.picked, 1);
     EXPECT_EQ(gHospitalNumber, u"100"_s);
     EXPECT_FALSE(Screens::IsLoaded<frmSearchPatient>());
+    EXPECT_FALSE(LedgerItemIsEnabled());
 }
 
 TEST_P(PickInModeTest, PatientNotFoundGivesNoMessageAndTheWaitingScreenIsShownAllTheSame) {
@@ -74,6 +75,28 @@ TEST_F(PickTest, PickInAnUnknownModeFaultsOnTheClosedRows) {
     Click(Find<QPushButton>(finder, "cmdSearch"));
     DoubleClickRow(finder, 0);
     EXPECT_EQ(TakeFailure(), RunTime::kObjectClosed);
+}
+
+TEST_F(PickTest, PickGoesByTheModeOfItsMoment) {
+    const auto& finder = Open(u"Post"_s, three);
+    gChargeMode = u"List"_s;
+    ExpectList(u"List text"_s, three);
+    ExpectLoad(u"A1"_s);
+    DoubleClickRow(finder, 1);
+    EXPECT_EQ(targets[u"List"_s].picked, 1);
+    EXPECT_TRUE(targets[u"Post"_s].boxes.empty());
+}
+
+TEST_F(PickTest, WaitingScreenIsAskedForAfreshAtThePick) {
+    const auto& finder = Open(u"Post"_s, three);
+    // The screen that opened the finder was closed meanwhile; a fresh one has an empty field.
+    FakeFinderTarget fresh;
+    RegisterFinderTarget(u"Post"_s, [&fresh]() -> FinderTarget& { return fresh; });
+    ExpectList(u""_s, three);
+    ExpectLoad(u"A1"_s);
+    DoubleClickRow(finder, 1);
+    EXPECT_EQ(fresh.boxes[u"txtLastName"_s], u"DELA CRUZ"_s);
+    EXPECT_TRUE(targets[u"Post"_s].boxes.empty());
 }
 
 TEST_F(PickTest, PickAfterASortTakesTheRowThatIsShown) {

@@ -104,6 +104,15 @@ TEST_F(frmSearchPatientTest, WrongLetterSendsNothingAndFaultsOnTheClosedRows) {
     }
 }
 
+TEST_F(frmSearchPatientTest, NullInALaterRowFaultsToo) {
+    gChargeMode = u"Post"_s;
+    gateway.Expect(
+        GetPatientCommand(u"I"_s, u"Post text"_s),
+        Rows({u"hospital #"_s, u"Admission #"_s, u"Patient Name"_s, u"admission date"_s, u"Billing Date"_s},
+             {std::vector<Value>(5, u"x"_s), {u"x"_s, Value(), u"x"_s, u"x"_s, u"x"_s}}));
+    EXPECT_EQ(OpenFails(), RunTime::kInvalidUseOfNull);
+}
+
 TEST_F(frmSearchPatientTest, OutPatientsAreListedUnderTheirLetter) {
     gPatientType = u"O"_s;
     gateway.Expect(u"Clinical_Area..spEarCare_GetPatient 'O','Post text'"_s, Patients(three));
@@ -180,6 +189,33 @@ TEST_F(frmSearchPatientTest, OptionsDoNotChangeTheSearch) {
     EXPECT_EQ(gPatientType, u"I"_s);
     gateway.Expect(u"Clinical_Area..spEarCare_GetPatient 'I',''"_s, Patients(three));
     Click(Find<QPushButton>(finder, "cmdSearch"));
+}
+
+TEST_F(frmSearchPatientTest, EachSearchGoesByTheLetterOfItsMoment) {
+    const auto& finder = Open(u"Post"_s, {});
+    gPatientType = u"O"_s;
+    gateway.Expect(u"Clinical_Area..spEarCare_GetPatient 'O',''"_s, Patients(three));
+    Click(Find<QPushButton>(finder, "cmdSearch"));
+    EXPECT_EQ(Names(finder).size(), 3U);
+    gPatientType = u"W"_s;
+    Click(Find<QPushButton>(finder, "cmdSearch"));
+    EXPECT_EQ(TakeFailure(), RunTime::kObjectClosed);
+}
+
+TEST_F(frmSearchPatientTest, ControlsStayWhereTheyAreWhenTheWindowGrows) {
+    const auto& finder = Open(u"Post"_s, three);
+    const auto places = [&finder] {
+        std::vector<QRect> all;
+        for (const QWidget* control : finder.findChildren<QWidget*>())
+            if (!control->objectName().startsWith(u"qt_"_s))
+                all.push_back(QRect(control->mapTo(&finder, QPoint()), control->size()));
+        return all;
+    };
+    RunEvents();
+    const std::vector<QRect> before = places();
+    finder.parentWidget()->resize(finder.parentWidget()->size() + QSize(200, 120));
+    RunEvents();
+    EXPECT_EQ(places(), before);
 }
 
 TEST_F(frmSearchPatientTest, KeysBecomeUpperCaseAndEnterSearches) {

@@ -250,7 +250,15 @@ INSTANTIATE_TEST_SUITE_P(
                     SortCase{"NullBeforeNegativeNumbers", {Value(), qint64{-5}, qint64{0}}}),
     CaseName());
 
-TEST_F(ListViewTest, DecimalsShowAsAmountsOnTheRightAndReadAsTheyAre) {
+TEST_F(ListViewTest, DecimalsShowAsTheirText) {
+    list->SetRows(Rows({u"hospital #"_s}, {{Decimal{u"100085"_s}}}), {0});
+    const QAbstractItemModel& rows = *list->model();
+    EXPECT_EQ(rows.data(rows.index(0, 0)).toString(), u"100085"_s);
+    EXPECT_FALSE(rows.data(rows.index(0, 0), Qt::TextAlignmentRole).isValid());
+}
+
+TEST_F(ListViewTest, DecimalsOfAListWithPricesShowAsAmountsOnTheRightAndReadAsTheyAre) {
+    list->ShowAmounts();
     list->SetRows(Rows({u"item"_s, u"price"_s}, {{u"GAUZE"_s, Decimal{u"1250.5000"_s}}}), {0, 1});
     const QModelIndex price = list->model()->index(0, 1);
     EXPECT_EQ(price.data().toString(), u"1,250.50"_s);

@@ -1,5 +1,6 @@
 -- In-patients still in the hospital (I) or the visits of out-patients (O), in the order of their names. The text
--- is the beginning of a last name, or a whole hospital, admission or visit number; an empty text brings all.
+-- is the beginning of a last name, or a whole hospital, admission or visit number; an empty text brings all. Blanks at its
+-- end do not count.
 -- In-patients are few, so one search on the open admissions finds them all; visits are many, so each way of
 -- searching is a branch of its own with its own index.
 USE Clinical_Area;
@@ -28,7 +29,8 @@ BEGIN
                o.AdmDate, o.BillingDate, m.LastName, m.FirstName, m.MiddleName
         FROM PATIENT_DATA..tbmaster AS m
         INNER JOIN PATIENT_DATA..tboutpatient AS o ON o.HospNum = m.HospNum
-        WHERE @PatientType = 'O' AND m.LastName >= @Search AND m.LastName <= CONCAT(@Search, REPLICATE('Z', 30))
+        WHERE @PatientType = 'O' AND m.LastName >= RTRIM(@Search)
+          AND m.LastName <= CONCAT(RTRIM(@Search), REPLICATE('Z', 30))
           AND LEFT(m.LastName, LEN(@Search)) = @Search
 
         UNION ALL
