@@ -17,9 +17,11 @@ enum class CursorLocation { Server = 2, Client = 3 };
 
 /// The one path to the database: complete command texts in, rows out.
 ///
-/// A text reaches the database exactly as it was composed. Nothing is escaped, trimmed, prepared, cached or
-/// retried, and a text stands for one round trip. A failing command, a lost connection and a timeout raise
-/// RunTimeError with the database's own number and text. Used from the user interface's thread only.
+/// A text reaches the database exactly as it was composed. Nothing is escaped, trimmed or retried, no answer
+/// is kept, and a text stands for one round trip. A database may keep its own reading of a text for the next
+/// time, as the embedded hospital does with the last hundred. A failing command, a lost connection and a
+/// timeout raise RunTimeError with the database's own number and text. Used from the user interface's thread
+/// only.
 class CommandGateway {
   public:
     CommandGateway() = default;

@@ -49,7 +49,8 @@ class RowSet {
     Status State() const { return mData ? Status::Open : Status::Closed; }
     void Close();
 
-    /// Sets a column of the current row; the database hears of it at Update(). Raises 3251 on a row set that
+    /// Sets a column of the current row; the database hears of it at Update(). What was set and not written
+    /// is dropped, without an error, when the row set moves or is closed. Raises 3251 on a row set that
     /// cannot be updated.
     void SetField(QStringView name, Value value);
     /// Writes the columns that were set, provided that the row still stands as it was read; raises

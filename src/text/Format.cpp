@@ -1,5 +1,7 @@
 #include "text/Format.h"
 
+#include "text/RunTimeError.h"
+
 #include <array>
 #include <cmath>
 
@@ -89,6 +91,13 @@ QString NameOrNumber(const char* name, int value, qsizetype width) {
     return width == 3 ? whole.left(3) : whole;
 }
 
+/// The pattern in lower case, letter for letter, so that a place in it is the same place in the pattern.
+QString LowerLetters(QString pattern) {
+    for (QChar& letter : pattern)
+        letter = letter.toLower();
+    return pattern;
+}
+
 /// One pass over a date pattern. Minutes are told from months by the field before them.
 class DatePattern {
   public:
@@ -96,24 +105,25 @@ class DatePattern {
         : mMoment(moment)
         , mFields(moment.ToFields())
         , mPattern(pattern)
-        , mTwelveHours(pattern.contains("am/pm"_L1)) {}
+        , mLower(LowerLetters(pattern))
+        , mTwelveHours(mLower.contains("am/pm"_L1)) {}
 
     QString Text() {
-        while (mAt < mPattern.size())
+        while (mAt < mLower.size())
             Next();
         return mResult;
     }
 
   private:
     void Next() {
-        if (QStringView(mPattern).mid(mAt).startsWith("am/pm"_L1)) {
+        if (QStringView(mLower).mid(mAt).startsWith("am/pm"_L1)) {
             mResult += mFields.hour < 12 ? "AM"_L1 : "PM"_L1;
             mAt += 5;
             return;
         }
-        const QChar letter = mPattern[mAt];
+        const QChar letter = mLower[mAt];
         qsizetype width = 1;
-        while (mAt + width < mPattern.size() && mPattern[mAt + width] == letter)
+        while (mAt + width < mLower.size() && mLower[mAt + width] == letter)
             ++width;
         if (!"ymdhns"_L1.contains(letter)) {
             mResult += mPattern.mid(mAt, width);
@@ -145,7 +155,10 @@ class DatePattern {
 
     DateTime mMoment;
     DateTime::Fields mFields;
+    /// As it was given; what stands for itself is taken from here.
     QString mPattern;
+    /// The fields are read from here, without regard to case.
+    QString mLower;
     bool mTwelveHours;
     QString mResult;
     qsizetype mAt = 0;
@@ -155,6 +168,8 @@ class DatePattern {
 } // namespace
 
 QString Format(double number, QStringView pattern) {
+    if (!std::isfinite(number))
+        throw RunTime::Error(RunTime::kOverflow);
     const qsizetype pointAt = pattern.indexOf(u'.');
     const QStringView integerPattern = pointAt < 0 ? pattern : pattern.left(pointAt);
     const int decimals = pointAt < 0 ? 0 : static_cast<int>(pattern.size() - pointAt - 1);
@@ -175,5 +190,5 @@ QString Format(double number, QStringView pattern) {
 }
 
 QString Format(DateTime moment, QStringView pattern) {
-    return DatePattern(moment, pattern.toString().toLower()).Text();
+    return DatePattern(moment, pattern.toString()).Text();
 }

@@ -29,10 +29,7 @@ INSTANTIATE_TEST_SUITE_P(Engines, GatewayContract,
                          CaseName());
 
 QStringList GatewayContract::State() {
-    return RowTexts(Gateway(), u"select * from Clinical_Area..tbPatient order by HospNum"_s) +
-           RowTexts(Gateway(), u"select * from Clinical_Area..tbCharge order by ChargeID"_s) +
-           RowTexts(Gateway(), u"select * from Clinical_Area..tbPrint order by Line"_s) +
-           RowTexts(Gateway(), kCounter);
+    return ContentOf(Gateway());
 }
 
 TEST_P(GatewayContract, RowsComeInOrderAndEndWithEof) {
@@ -260,6 +257,18 @@ TEST_P(GatewayContract, ApostropheInASaveIsAnErrorAndChangesNothing) {
     const QString call = u"Clinical_Area..spAddCharge '1001','1','1','1/1/2026','O'BRIEN'"_s;
     EXPECT_NE(FailureOf(Gateway(), call).number, 0);
     EXPECT_EQ(State(), before);
+}
+
+TEST_P(GatewayContract, AQuoteInAFieldMayLeaveAnotherValidCall) {
+    const QString search = u"Clinical_Area..spGetPatient '"_s;
+    const QStringList found = RowTexts(Gateway(), search + u"NU'"_s);
+    ASSERT_EQ(found.size(), 3);
+    EXPECT_EQ(RowTexts(Gateway(), search + u"NU' --"_s + u'\''), found) << "the rest is a remark";
+    EXPECT_EQ(FailureOf(Gateway(), search + u"NU','X"_s + u'\'').number, 8144) << "one argument too many";
+    const RowSet echo = Gateway().Execute(u"Clinical_Area..spEcho '"_s + u"x','5"_s + u"','7'"_s);
+    EXPECT_EQ(echo.Fields(u"Text").ToText(), u"x"_s);
+    EXPECT_EQ(echo.Fields(u"Number").ToText(), u"5"_s) << "what was typed fills the next argument too";
+    EXPECT_EQ(echo.Fields(u"Amount").ToText(), u"7"_s);
 }
 
 TEST_P(GatewayContract, DoubledApostropheIsOne) {

@@ -90,7 +90,11 @@ TEST(RowSetTest, ClosedRaises3704ForEverythingButState) {
     EXPECT_EQ(FailureOf([&] { rows.Close(); }).number, RunTime::kObjectClosed);
     EXPECT_EQ(FailureOf([&] { (void)rows.Eof(); }).number, RunTime::kObjectClosed);
     EXPECT_EQ(FailureOf([&] { rows.Fields(u"Code"); }).number, RunTime::kObjectClosed);
+    EXPECT_EQ(FailureOf([&] { (void)rows.ColumnNumber(u"Code"); }).number, RunTime::kObjectClosed);
+    EXPECT_EQ(FailureOf([&] { rows.MoveNext(); }).number, RunTime::kObjectClosed);
     EXPECT_EQ(FailureOf([&] { rows.MoveFirst(); }).number, RunTime::kObjectClosed);
+    EXPECT_EQ(FailureOf([&] { rows.SetField(u"Code", Value()); }).number, RunTime::kObjectClosed);
+    EXPECT_EQ(FailureOf([&] { rows.Update(); }).number, RunTime::kObjectClosed);
     EXPECT_EQ(FailureOf([&] { (void)rows.RecordCount(); }).number, RunTime::kObjectClosed);
     EXPECT_EQ(FailureOf([&] { (void)rows.Data(); }).number, RunTime::kObjectClosed);
 }
@@ -140,6 +144,16 @@ TEST_F(UpdatableRowSet, RowThatIsNotThereAnyMoreIsAnErrorAndKeepsTheChange) {
         gateway.rowsAffected = touched;
         EXPECT_EQ(FailureOf([&] { rows.Update(); }).number, RunTime::kRowChanged);
     }
+}
+
+TEST_F(UpdatableRowSet, EofHasNoRowToWrite) {
+    RowSet rows = Open(u"select * from a..t"_s);
+    rows.MoveNext();
+    rows.MoveNext();
+    ASSERT_TRUE(rows.Eof());
+    EXPECT_EQ(FailureOf([&] { rows.SetField(u"Code", Value(u"C"_s)); }).number, RunTime::kNoCurrentRecord);
+    EXPECT_EQ(FailureOf([&] { rows.Update(); }).number, RunTime::kNoCurrentRecord);
+    EXPECT_EQ(gateway.sent.size(), 1);
 }
 
 TEST_F(UpdatableRowSet, MovingDropsWhatWasSet) {

@@ -1,5 +1,7 @@
 #include "gateway/SmallHospital.h"
 
+#include "gateway/GatewayTexts.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -37,6 +39,10 @@ USE BILLING;
 GO
 CREATE TABLE dbo.tbCharge (Number bigint NOT NULL, Code char(4) COLLATE SQL_Latin1_General_CP1_CI_AS NULL);
 CREATE UNIQUE INDEX ixNumber ON dbo.tbCharge (Number);
+GO
+USE PASSWORD;
+GO
+CREATE TABLE dbo.tbPasswordMain (EmployeeID varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL PRIMARY KEY);
 GO
 )"_s;
 
@@ -115,6 +121,7 @@ INSERT INTO Clinical_Area..tbCharge (HospNum, Quantity, Amount, Rate, Ratio, Cha
 ('1001', 2, 1250.5, 12.345, 0.1, '2026-11-20'),
 ('1001', 1, 0.1, NULL, NULL, '2026-11-21 14:02:03.456');
 INSERT INTO Clinical_Area..tbSlip (ChargeSlip) VALUES (100);
+INSERT INTO PASSWORD..tbPasswordMain (EmployeeID) VALUES ('NURSE');
 GO
 )"_s;
 
@@ -130,6 +137,15 @@ std::vector<Script> SmallHospitalScripts() {
         {u"procedures/Clinical_Area/spPrint.sql"_s, kLong},
         {u"demo/10-data.sql"_s, kData},
     };
+}
+
+QStringList ContentOf(CommandGateway& gateway) {
+    QStringList content;
+    for (const QString& table :
+         {u"Clinical_Area..tbPatient"_s, u"Clinical_Area..tbCharge"_s, u"Clinical_Area..tbSlip"_s,
+          u"Clinical_Area..tbPrint"_s, u"BILLING..tbCharge"_s, u"PASSWORD..tbPasswordMain"_s})
+        content << table << RowTexts(gateway, u"select * from "_s + table + u" order by 1"_s);
+    return content;
 }
 
 SmallHospital::SmallHospital() {

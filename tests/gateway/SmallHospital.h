@@ -13,6 +13,9 @@
 /// of column, a counter, a print table, and procedures that read, write and fail.
 std::vector<Script> SmallHospitalScripts();
 
+/// Every row of every table of that hospital, to be compared before and after.
+QStringList ContentOf(CommandGateway& gateway);
+
 /// That hospital in a file of its own, with the first connection to it.
 class SmallHospital {
   public:

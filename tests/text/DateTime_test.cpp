@@ -1,4 +1,3 @@
-#include "text/DateDiff.h"
 #include "text/DateTime.h"
 
 #include <gtest/gtest.h>
@@ -39,15 +38,4 @@ TEST(DateTime, RefusesMomentsThatDoNotExist) {
 TEST(DateTime, DateOnlyCutsTheTimeAlsoBeforeDateZero) {
     EXPECT_EQ(At(2026, 11, 21, 15, 4).DateOnly(), At(2026, 11, 21));
     EXPECT_EQ(At(1899, 12, 29, 15, 4).DateOnly(), At(1899, 12, 29));
-}
-
-TEST(DateDiff, CountsMidnightsCrossed) {
-    EXPECT_EQ(DateDiff(DateInterval::Day, At(2026, 11, 20, 23, 59), At(2026, 11, 21, 0, 1)), 1);
-    EXPECT_EQ(DateDiff(DateInterval::Day, At(2026, 11, 21, 0, 1), At(2026, 11, 21, 23, 59)), 0);
-    EXPECT_EQ(DateDiff(DateInterval::Day, At(2026, 11, 21), At(2026, 11, 1)), -20);
-}
-
-TEST(DateDiff, CountsTurnsOfTheYear) {
-    EXPECT_EQ(DateDiff(DateInterval::Year, At(2025, 12, 31), At(2026, 1, 1)), 1);
-    EXPECT_EQ(DateDiff(DateInterval::Year, At(2026, 1, 1), At(2026, 12, 31)), 0);
 }

@@ -1,8 +1,10 @@
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
 #include "text/Format.h"
+#include "text/RunTimeError.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -41,6 +43,18 @@ INSTANTIATE_TEST_SUITE_P(
         NumberCase{"ThousandsNegative", -1000, u"#,##0.00"_s, u"-1,000.00"_s}),
     CaseName());
 
+TEST(FormatNumberBeyondTheRange, IsAnOverflow) {
+    using Limits = std::numeric_limits<double>;
+    for (const double number : {Limits::infinity(), -Limits::infinity(), Limits::quiet_NaN()}) {
+        try {
+            Format(number, u"0.00");
+            ADD_FAILURE() << number << " was formatted";
+        } catch (const RunTimeError& error) {
+            EXPECT_EQ(error.Number(), RunTime::kOverflow);
+        }
+    }
+}
+
 struct DateCase {
     const char* name;
     DateTime::Fields moment;
@@ -71,5 +85,7 @@ INSTANTIATE_TEST_SUITE_P(
         DateCase{"NoBlankBeforeAm", kMidnight, u"mm/dd/yyyy hh:mmAM/PM"_s, u"11/21/2026 12:30AM"_s},
         DateCase{"SingleLetters", kAfternoon, u"m/d/yyyy h:mm:ss AM/PM"_s, u"3/7/2026 3:04:09 PM"_s},
         DateCase{"Names", kAfternoon, u"dddd, mmmm d, yyyy"_s, u"Saturday, March 7, 2026"_s},
+        DateCase{"OtherLettersKeepTheirCase", kAfternoon, u"YYYY-MM-DDThh:NN GMT"_s,
+                 u"2026-03-07T15:04 G3T"_s},
         DateCase{"ShortNames", kAfternoon, u"ddd mmm dd yy"_s, u"Sat Mar 07 26"_s}),
     CaseName());

@@ -36,11 +36,13 @@ const Table& Catalog::AddTable(TableDefinition definition) {
     const QString key = ObjectKey(definition.name, definition.name.database);
     if (mTables.contains(key))
         throw ServerError(Fault::ObjectExists, {definition.name.object});
+    mDatabases.insert(definition.name.database.toCaseFolded());
     return **mTables.insert(key, std::make_shared<const Table>(Table{std::move(definition)}));
 }
 
 void Catalog::SetProcedure(Procedure procedure) {
     const QString key = ObjectKey({{}, {}, procedure.name, {}}, procedure.database);
+    mDatabases.insert(procedure.database.toCaseFolded());
     mProcedures.insert(key, std::make_shared<const Procedure>(std::move(procedure)));
 }
 
@@ -52,9 +54,6 @@ const Procedure* Catalog::FindProcedure(const ObjectName& name, const QString& c
     return mProcedures.value(ObjectKey(name, currentDatabase)).get();
 }
 
-std::vector<const Procedure*> Catalog::Procedures() const {
-    std::vector<const Procedure*> procedures;
-    for (const auto& procedure : mProcedures)
-        procedures.push_back(procedure.get());
-    return procedures;
+bool Catalog::HasDatabase(const QString& name) const {
+    return mDatabases.contains(name.toCaseFolded());
 }

@@ -3,10 +3,10 @@
 #include "gateway/embedded/SqlTree.h"
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 
 #include <memory>
-#include <vector>
 
 /// A table of the hospital as the translation of a statement needs it.
 struct Table {
@@ -37,11 +37,14 @@ class Catalog {
     /// The table that a name means in a text that runs in that database; null where there is none.
     const Table* FindTable(const ObjectName& name, const QString& currentDatabase) const;
     const Procedure* FindProcedure(const ObjectName& name, const QString& currentDatabase) const;
-    std::vector<const Procedure*> Procedures() const;
+    /// Whether there is a database of that name. One is there as soon as it holds a table or a procedure.
+    bool HasDatabase(const QString& name) const;
 
   private:
     QHash<QString, std::shared_ptr<const Table>> mTables;
     QHash<QString, std::shared_ptr<const Procedure>> mProcedures;
+    /// Folded to one letter case.
+    QSet<QString> mDatabases;
 };
 
 /// One key for each object, however its name is written; empty for a name with another owner than dbo, which

@@ -14,7 +14,7 @@ std::unique_ptr<HospitalEngine> OpenEngine(const QString& path) {
 } // namespace
 
 EmbeddedGateway::EmbeddedGateway(const QString& path)
-    : mPath(path)
+    : mConnectionString(u"Provider=TarvenEmbedded;Data Source="_s + path)
     , mEngine(OpenEngine(path)) {
     // What a command has answered stays, even if the machine stops at that moment. The cache, in kilobytes,
     // holds a hospital of 100,000 patients; it grows only as far as it is used.
@@ -24,13 +24,9 @@ EmbeddedGateway::EmbeddedGateway(const QString& path)
 
 EmbeddedGateway::~EmbeddedGateway() = default;
 
-QString EmbeddedGateway::ConnectionString() const {
-    return u"Provider=TarvenEmbedded;Data Source="_s + mPath + u";Initial Catalog="_s + DefaultDatabase();
-}
-
 void EmbeddedGateway::SetDefaultDatabase(const QString& name) {
-    CommandGateway::SetDefaultDatabase(name);
     mEngine->SetDefaultDatabase(name);
+    CommandGateway::SetDefaultDatabase(name);
 }
 
 void EmbeddedGateway::SetCommandTimeout(int seconds) {

@@ -20,7 +20,8 @@ class EmbeddedGateway : public CommandGateway {
     ~EmbeddedGateway() override;
 
     bool Connected() const override { return true; }
-    QString ConnectionString() const override;
+    QString ConnectionString() const override { return mConnectionString; }
+    /// Raises 911 for a database that the hospital has not.
     void SetDefaultDatabase(const QString& name) override;
     void SetCommandTimeout(int seconds) override;
 
@@ -33,6 +34,6 @@ class EmbeddedGateway : public CommandGateway {
     Outcome Run(const QString& command) override;
 
   private:
-    QString mPath;
+    QString mConnectionString;
     std::unique_ptr<HospitalEngine> mEngine;
 };

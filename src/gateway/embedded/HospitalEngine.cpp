@@ -25,6 +25,8 @@ HospitalEngine::HospitalEngine(const QString& path, SqliteDatabase::Mode mode)
 }
 
 void HospitalEngine::SetDefaultDatabase(const QString& name) {
+    if (!mCatalog.HasDatabase(name))
+        throw ServerError(Fault::NoSuchDatabase, {name});
     mDefaultDatabase = name;
     mStatements.clear();
 }
@@ -55,7 +57,7 @@ CommandResult HospitalEngine::Run(const QString& command) {
         return Find(call->procedure).Run(call->arguments);
     if (const auto* statement = std::get_if<Statement>(&parsed)) {
         auto prepared = Prepare(*statement, mDefaultDatabase, true);
-        const CommandResult result = prepared->Run({});
+        CommandResult result = prepared->Run({});
         if (prepared->CanBeKept())
             mStatements.insert(command, prepared.release());
         return result;

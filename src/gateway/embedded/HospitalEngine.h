@@ -25,7 +25,7 @@ class HospitalEngine {
     /// How SQLite goes about a command: the lines of its EXPLAIN QUERY PLAN, step by step.
     QStringList QueryPlan(const QString& command);
 
-    /// The database of names without one.
+    /// The database of names without one. Raises 911 for one that is not there.
     void SetDefaultDatabase(const QString& name);
     SqliteDatabase& Database() { return mDatabase; }
     HospitalStore& Store() { return mStore; }

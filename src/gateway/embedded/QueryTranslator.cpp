@@ -18,41 +18,47 @@ TranslatedQuery QueryTranslator::Translate(const Query& query, const ItemChange&
         if (cores.back().items.size() != cores.front().items.size())
             throw ServerError(Fault::UnionLengths);
     }
-
     TranslatedQuery result;
-    ExpressionTranslator expressions(mState, nullptr);
-    for (size_t column = 0; column < cores.front().items.size(); ++column) {
-        SqlType common;
-        for (const Core& core : cores)
-            common = CommonType(common, core.items[column].value.type);
-        for (Core& core : cores) {
-            Typed& value = core.items[column].value;
-            value = expressions.MeetAs(value, common);
-            if (change)
-                value = change(column, value);
-        }
-        result.columns.push_back(
-            {cores.front().items[column].name, change ? cores.front().items[column].value.type : common});
-    }
-
+    for (size_t column = 0; column < cores.front().items.size(); ++column)
+        result.columns.push_back(MeetInColumn(column, cores, change));
     QStringList texts;
-    for (const Core& core : cores) {
-        QStringList items;
-        for (size_t i = 0; i < core.items.size(); ++i) {
-            const Typed& value = core.items[i].value;
-            items << (core.distinct ? expressions.Collated(value) : value.sql) + u" AS c"_s +
-                         QString::number(i + 1);
-        }
-        QString text =
-            (core.distinct ? u"SELECT DISTINCT "_s : u"SELECT "_s) + items.join(u", "_s) + core.rest;
-        if (!core.limit.isEmpty() && cores.size() > 1)
-            text = u"SELECT * FROM ("_s + text + core.limit + u')';
-        texts << text;
-    }
+    for (const Core& core : cores)
+        texts << CoreText(core, cores.size() > 1);
     result.sql = texts.join(u" UNION ALL "_s) + TranslateOrder(query, cores, scope);
     if (cores.size() == 1)
         result.sql += cores.front().limit;
     return result;
+}
+
+ResultColumn QueryTranslator::MeetInColumn(size_t column, std::vector<Core>& cores,
+                                           const ItemChange& change) {
+    SqlType common;
+    for (const Core& core : cores)
+        common = CommonType(common, core.items[column].value.type);
+    ExpressionTranslator expressions(mState, nullptr);
+    for (Core& core : cores) {
+        Typed& value = core.items[column].value;
+        value = expressions.MeetAs(value, common);
+        if (change)
+            value = change(column, value);
+    }
+    const Item& first = cores.front().items[column];
+    return {first.name, change ? first.value.type : common};
+}
+
+QString QueryTranslator::CoreText(const Core& core, bool inUnion) {
+    ExpressionTranslator expressions(mState, nullptr);
+    QStringList items;
+    for (size_t i = 0; i < core.items.size(); ++i) {
+        const Typed& value = core.items[i].value;
+        items << (core.distinct ? expressions.Collated(value) : value.sql) + u" AS c"_s +
+                     QString::number(i + 1);
+    }
+    const QString text =
+        (core.distinct ? u"SELECT DISTINCT "_s : u"SELECT "_s) + items.join(u", "_s) + core.rest;
+    if (core.limit.isEmpty() || !inUnion)
+        return text;
+    return u"SELECT * FROM ("_s + text + core.limit + u')';
 }
 
 QueryTranslator::Core QueryTranslator::TranslateCore(const SelectCore& core, Scope& scope) {

@@ -43,6 +43,9 @@ class QueryTranslator {
     };
 
     Core TranslateCore(const SelectCore& core, Scope& scope);
+    /// Brings the items that stand in one column of all cores to one type.
+    ResultColumn MeetInColumn(size_t column, std::vector<Core>& cores, const ItemChange& change);
+    QString CoreText(const Core& core, bool inUnion);
     QString TranslateSources(const SelectCore& core, Scope& scope);
     QString AddDerivedTable(Scope& scope, const TableSource& source);
     std::vector<Item> TranslateItems(const SelectCore& core, const Scope& scope,

@@ -45,6 +45,7 @@ enum class Fault {
     IdentityInsert = 544,
     InputOutput = 823,
     Damaged = 824,
+    NoSuchDatabase = 911,
     OtherVersion = 948,
     NamedTwice = 1011,
     OrderByInSubquery = 1033,

@@ -38,7 +38,6 @@ class SqliteDatabase {
     bool InTransaction() const;
     /// Rows touched by the last writing statement.
     qint64 Changes() const;
-    const QString& Path() const { return mPath; }
     sqlite3* Handle() const { return mHandle.get(); }
 
     /// Where the engine's own functions leave the error that made a statement fail.
@@ -67,7 +66,6 @@ class SqliteStatement {
     /// `kept` tells SQLite that the statement will be used many times.
     SqliteStatement(SqliteDatabase& database, const QString& sql, bool kept);
 
-    int ParameterCount() const { return mParameterCount; }
     /// Binds a value, which must outlive the run. Numbers beyond the statement's parameters are passed over.
     void Bind(int number, const Cell& value);
     /// Whether a row came.

@@ -50,6 +50,16 @@ TEST(CatalogTest, ALaterProcedureReplacesTheFormer) {
     EXPECT_EQ(catalog.FindProcedure(Name(u"A"_s, {}, u"p"_s), {})->text, u"second"_s);
 }
 
+TEST(CatalogTest, ADatabaseIsThereWithItsFirstTableOrProcedure) {
+    Catalog catalog;
+    EXPECT_FALSE(catalog.HasDatabase(u"BILLING"_s));
+    catalog.AddTable(Definition(u"BILLING"_s, u"tbX"_s));
+    catalog.SetProcedure({u"RADIOLOGY"_s, u"p"_s, {}});
+    EXPECT_TRUE(catalog.HasDatabase(u"billing"_s));
+    EXPECT_TRUE(catalog.HasDatabase(u"Radiology"_s));
+    EXPECT_FALSE(catalog.HasDatabase(u"BILL"_s));
+}
+
 TEST(CatalogTest, KeyColumnsAreNeverNull) {
     Catalog catalog;
     const Table& table = catalog.AddTable(Definition(u"A"_s, u"t"_s));

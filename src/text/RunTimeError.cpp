@@ -1,4 +1,4 @@
-#include "gateway/RunTimeError.h"
+#include "text/RunTimeError.h"
 
 #include <array>
 #include <utility>
