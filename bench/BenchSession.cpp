@@ -12,7 +12,7 @@ QString CopyOfTrialHospital(const QTemporaryDir& folder, const QString& name) {
     const QString original = folder.filePath(u"trial-hospital.db"_s);
     if (!QFile::exists(original))
         HospitalFile::Create(original, HospitalScripts());
-    const QString copy = folder.filePath(name);
+    QString copy = folder.filePath(name);
     QFile::copy(original, copy);
     return copy;
 }

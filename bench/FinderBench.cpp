@@ -46,7 +46,7 @@ QString MakeLargeHospital(const QTemporaryDir& folder) {
             scripts.push_back({name, {}});
         scripts.back().text += statement + u"\nGO\n"_s;
     });
-    const QString path = folder.filePath(u"large.db"_s);
+    QString path = folder.filePath(u"large.db"_s);
     HospitalFile::Create(path, scripts);
     return path;
 }
@@ -112,6 +112,7 @@ void BenchFinder(BenchTable& table) {
               u"ms"_s, 1.5);
 
     std::vector<QString> names;
+    names.reserve(bareRows.size());
     for (const BareRow& row : bareRows)
         names.push_back(row[kNameColumn]);
     bool descending = false;

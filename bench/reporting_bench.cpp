@@ -114,7 +114,7 @@ void PaintBare(QPainter& painter, const std::vector<BareText>& texts) {
     for (const BareText& text : texts) {
         if (font != text.font) {
             font = text.font;
-            painter.setFont(font->FontFor(painter.device()->logicalDpiY()));
+            painter.setFont(font->Painted());
         }
         painter.drawText(text.start, text.text);
     }

@@ -17,6 +17,26 @@ struct Payer {
     int roomClass = 0;
 };
 
+struct Assessment {
+    Moment moment;
+    /// Empty for a single line without a number.
+    QString refNum;
+    Payer payer;
+    const Doctor* doctor = nullptr;
+    QString user = {};
+    bool paid = false;
+    bool revoked = false;
+    /// Of a paid one.
+    QString receipt = {};
+};
+
+struct Line {
+    QString centre;
+    QString code;
+    QString description;
+    qint64 price = 0;
+};
+
 /// Makes the assessments one by one.
 class AssessmentMaker {
   public:
@@ -64,57 +84,54 @@ class AssessmentMaker {
     }
 
     void MakeOne(Moment moment, const QString& refNum, int lines) {
-        const Payer payer = PickPayer(moment);
-        const Doctor& doctor = mPrng.Pick(mCatalogue.doctors);
-        const QString user = mPrng.Chance(50) ? u"NURSE"_s : u"CLERK"_s;
+        Assessment assessment{.moment = moment, .refNum = refNum, .payer = PickPayer(moment)};
+        assessment.doctor = &mPrng.Pick(mCatalogue.doctors);
+        assessment.user = mPrng.Chance(50) ? u"NURSE"_s : u"CLERK"_s;
         const int fate = mPrng.Below(100);
-        const bool paid = fate < 50;
-        const bool revoked = !paid && fate < 65;
-        const QString receipt = paid ? QString::number(mNextReceipt++) : QString();
-        const int first = mPrng.Below(int(mCatalogue.services.size()));
-        for (int i = 0; i < lines; ++i) {
-            QString centre;
-            QString code;
-            QString description;
-            qint64 price = 0;
-            if (i == 3) {
-                const StockItem& item = mPrng.Pick(mCatalogue.stock);
-                centre = item.section == "1"_L1 ? u"HB"_s : u"HD"_s;
-                code = item.code;
-                description = item.name;
-                price = item.priceIn;
-            } else {
-                const Service& service = mCatalogue.services[size_t(first + i) % mCatalogue.services.size()];
-                // A package is taken apart when an assessment is saved and never becomes a line of its own.
-                if (service.centre == "YP"_L1)
-                    continue;
-                centre = service.centre;
-                code = service.code;
-                description = service.name;
-                price = service.rates[size_t(payer.roomClass)];
-            }
-            const int quantity = mPrng.Chance(80) ? 1 : 2;
-            mWriter.Begin()
-                .TextOrNull(refNum)
-                .Text(payer.name)
-                .Text(payer.hospNum)
-                .Text(payer.idNum)
-                .Text(centre)
-                .Text(code)
-                .Text(description)
-                .Text(QString::number(quantity))
-                .Number(quantity)
-                .Money(price * quantity)
-                .Text(u"HC")
-                .Text(user)
-                .Text(doctor.code)
-                .Text(u"DR. "_s + doctor.firstName + u' ' + doctor.lastName)
-                .Date(moment)
-                .TextOrNull(receipt)
-                .Date(paid ? std::optional(moment.Plus(15)) : std::nullopt)
-                .Date(revoked ? std::optional(moment.Plus(40)) : std::nullopt)
-                .End();
+        assessment.paid = fate < 50;
+        assessment.revoked = !assessment.paid && fate < 65;
+        if (assessment.paid)
+            assessment.receipt = QString::number(mNextReceipt++);
+        const auto first = size_t(mPrng.Below(int(mCatalogue.services.size())));
+        for (size_t i = 0; i < size_t(lines); ++i) {
+            const Service& service = mCatalogue.services[(first + i) % mCatalogue.services.size()];
+            if (i == 3)
+                WriteLine(assessment, StockLine(mPrng.Pick(mCatalogue.stock)));
+            // A package is taken apart when an assessment is saved and never becomes a line of its own.
+            else if (service.centre != "YP"_L1)
+                WriteLine(assessment, {service.centre, service.code, service.name,
+                                       service.rates[size_t(assessment.payer.roomClass)]});
         }
+    }
+
+    static Line StockLine(const StockItem& item) {
+        return {item.section == "1"_L1 ? u"HB"_s : u"HD"_s, item.code, item.name, item.priceIn};
+    }
+
+    void WriteLine(const Assessment& assessment, const Line& line) {
+        const Doctor& doctor = *assessment.doctor;
+        const Moment moment = assessment.moment;
+        const int quantity = mPrng.Chance(80) ? 1 : 2;
+        mWriter.Begin()
+            .TextOrNull(assessment.refNum)
+            .Text(assessment.payer.name)
+            .Text(assessment.payer.hospNum)
+            .Text(assessment.payer.idNum)
+            .Text(line.centre)
+            .Text(line.code)
+            .Text(line.description)
+            .Text(QString::number(quantity))
+            .Number(quantity)
+            .Money(line.price * quantity)
+            .Text(u"HC")
+            .Text(assessment.user)
+            .Text(doctor.code)
+            .Text(u"DR. "_s + doctor.firstName + u' ' + doctor.lastName)
+            .Date(moment)
+            .TextOrNull(assessment.receipt)
+            .Date(assessment.paid ? std::optional(moment.Plus(15)) : std::nullopt)
+            .Date(assessment.revoked ? std::optional(moment.Plus(40)) : std::nullopt)
+            .End();
     }
 
     const Catalogue& mCatalogue;

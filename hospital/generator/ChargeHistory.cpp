@@ -119,7 +119,7 @@ std::vector<ChargeMaker::Line> ChargeMaker::TreatmentLines(const Episode& episod
     if (mPrng.Chance(5))
         lines.push_back(ServiceLine(u"OX"_s, u"OX001"_s, mPrng.Between(1, 4), roomClass));
     if (mPrng.Chance(2))
-        lines.push_back({u"MS"_s, {}, u"MISCELLANEOUS"_s, 1, mPrng.Between(1, 12) * 50'00});
+        lines.push_back({u"MS"_s, {}, u"MISCELLANEOUS"_s, 1, qint64{mPrng.Between(1, 12)} * 50'00});
     if (mPrng.Chance(40))
         lines.push_back(FeeLine(episode.doctor1, roomClass));
     return lines;
@@ -154,7 +154,7 @@ void ChargeMaker::MakeLabSlip(const Episode& episode, Moment moment) {
 
 void ChargeMaker::Write(const Episode& episode, Moment moment, const Line& line, bool reversal,
                         const QString& slip, const QString& user, const QString& department) {
-    const int sign = reversal ? -1 : 1;
+    const qint64 sign = reversal ? -1 : 1;
     const Doctor& requesting =
         mCatalogue.doctors[size_t(episode.doctor2 >= 0 ? episode.doctor2 : episode.doctor1)];
     mWriter.Begin()

@@ -49,7 +49,11 @@ class Generator {
 
     void WriteUsers();
     void WriteCatalogue();
+    void WriteCentres();
     void WriteServices();
+    void WriteDoctors();
+    void WriteRooms();
+    void WriteTownsAndExams();
     void WriteStock();
     void WritePatients();
     void WriteEpisodes();
@@ -108,7 +112,18 @@ void Generator::WriteCatalogue() {
     mScript = u"20-catalogue"_s;
     Emit(u"INSERT INTO PATIENT_DATA..tbhospitalInfo (company, Address1, TinNo, Bygeneric) VALUES\n"
          "('SAN RAFAEL GENERAL HOSPITAL','148 MABINI ST., POBLACION, SAN RAFAEL','004-512-778-000',0);"_s);
+    WriteCentres();
+    WriteServices();
+    WriteDoctors();
+    WriteRooms();
+    WriteRows(u"build_file..tbCoCompany"_s, u"CompanyID, Company"_s, CompanyRows());
+    WriteRows(
+        u"build_file..tbCoCivilStatus"_s, u"CivilStatusID, CivilStatus"_s,
+        {u"0|CHILD"_s, u"1|SINGLE"_s, u"2|MARRIED"_s, u"3|WIDOW/ER"_s, u"4|SEPARATED"_s, u"5|DIVORCED"_s});
+    WriteTownsAndExams();
+}
 
+void Generator::WriteCentres() {
     InsertWriter centres =
         Into(u"build_file..tbCoRevenue"_s, u"RevenueID, Revenue, WithItems, SearchInventory, LocationID"_s);
     for (const Centre& centre : mCatalogue.centres)
@@ -120,8 +135,9 @@ void Generator::WriteCatalogue() {
             .TextOrNull(centre.location)
             .End();
     centres.Finish();
-    WriteServices();
+}
 
+void Generator::WriteDoctors() {
     InsertWriter doctors =
         Into(u"build_file..tbCoDoctor"_s, u"DoctorID, LastName, FirstName, MiddleName, Specialty"_s);
     for (const Doctor& doctor : mCatalogue.doctors)
@@ -133,7 +149,9 @@ void Generator::WriteCatalogue() {
             .Text(doctor.specialty)
             .End();
     doctors.Finish();
+}
 
+void Generator::WriteRooms() {
     WriteRows(u"build_file..tbCoStation"_s, u"StationID, Station"_s, StationRows());
     QStringList classes;
     for (const QString& row : RoomRows())
@@ -148,11 +166,9 @@ void Generator::WriteCatalogue() {
             .Text(room.station)
             .End();
     rooms.Finish();
+}
 
-    WriteRows(u"build_file..tbCoCompany"_s, u"CompanyID, Company"_s, CompanyRows());
-    WriteRows(
-        u"build_file..tbCoCivilStatus"_s, u"CivilStatusID, CivilStatus"_s,
-        {u"0|CHILD"_s, u"1|SINGLE"_s, u"2|MARRIED"_s, u"3|WIDOW/ER"_s, u"4|SEPARATED"_s, u"5|DIVORCED"_s});
+void Generator::WriteTownsAndExams() {
     InsertWriter towns = Into(u"build_file..tbCoAddress"_s, u"ZipCode, Town, Province"_s);
     for (const Town& town : Towns())
         towns.Begin().Text(town.zipCode).Text(town.town).Text(town.province).End();

@@ -7,6 +7,8 @@
 #include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
 
+#include <QGuiApplication>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -45,13 +47,16 @@ void ChargeGrid::Wire() {
     connect(grdTable, &FlexGrid::Click, this, &ChargeGrid::grdTable_Click);
     OnGotFocus(grdTable, [this] { grdTable_GotFocus(); });
     connect(txtEntry, &QLineEdit::textChanged, this, &ChargeGrid::txtEntry_Change);
-    OnKeyDown(txtEntry, [this](int keyCode) { return txtEntry_KeyDown(keyCode); });
+    OnKeyDown(txtEntry, [this](int keyCode) {
+        return txtEntry_KeyDown(keyCode, QGuiApplication::keyboardModifiers());
+    });
     OnKeyPress(txtEntry, [this](int& key) { txtEntry_KeyPress(key); });
     OnGotFocus(txtEntry, [this] { txtEntry_GotFocus(); });
     txtEntry->installEventFilter(this);
     grdTable->viewport()->installEventFilter(this);
     for (QScrollBar* bar : {grdTable->horizontalScrollBar(), grdTable->verticalScrollBar()})
         connect(bar, &QScrollBar::valueChanged, this, &ChargeGrid::PlaceEditor);
+    connect(grdTable->horizontalHeader(), &QHeaderView::sectionResized, this, &ChargeGrid::PlaceEditor);
 }
 
 FlexCells& ChargeGrid::Cells() {
@@ -101,10 +106,10 @@ void ChargeGrid::FollowCutGrid() {
     if (mEditorRow < Cells().Rows())
         return;
     // The line under the editor is gone; left where it was, its text would be keyed into another line.
-    mEditorRow = Cells().Row();
-    mEditorCol = Cells().Col();
-    txtEntry->setText(Cells().Text());
-    PlaceEditor();
+    mLines.SetAmountLock();
+    if (mLines.IsLocked(Cells().Col()))
+        Cells().SetCol(Column::kDepartment);
+    TakeCell();
 }
 
 QString ChargeGrid::EditorText() const {
@@ -123,19 +128,26 @@ void ChargeGrid::grdTable_EnterCell() {
     FlexCells& cells = Cells();
     if (mLines.IsLocked(cells.Col()))
         return;
-    txtEntry->setText(cells.Text());
-    mEditorRow = cells.Row();
-    mEditorCol = cells.Col();
-    const bool isAmount = mEditorCol == Column::kAmount || mEditorCol == 4 || mEditorCol == 5;
-    txtEntry->setAlignment(isAmount ? Qt::AlignRight : Qt::AlignLeft);
     // Tab reaches the grid through its editor from now on, and Shift+Tab leaves it.
     grdTable->setFocusPolicy(Qt::NoFocus);
-    grdTable->Reveal(mEditorRow, mEditorCol);
-    PlaceEditor();
+    grdTable->Reveal(cells.Row(), cells.Col());
+    TakeCell();
     txtEntry->show();
     txtEntry->raise();
     txtEntry->setSelection(0, int(txtEntry->text().size()));
     txtEntry->setFocus();
+}
+
+void ChargeGrid::TakeCell() {
+    const FlexCells& cells = Cells();
+    txtEntry->setText(cells.Text());
+    mEditorRow = cells.Row();
+    mEditorCol = cells.Col();
+    const ChargeGridDifferences& differences = mLines.Differences();
+    const bool isNumber = mEditorCol == differences.quantityCol || mEditorCol == differences.priceCol ||
+                          mEditorCol == Column::kAmount;
+    txtEntry->setAlignment(isNumber ? Qt::AlignRight : Qt::AlignLeft);
+    PlaceEditor();
 }
 
 void ChargeGrid::PlaceEditor() {
@@ -150,15 +162,20 @@ void ChargeGrid::PlaceEditor() {
 
 void ChargeGrid::grdTable_RowColChange() {
     FlexCells& cells = Cells();
-    if (cells.Text().isEmpty())
-        cells.SetCol(Column::kDepartment);
+    if (!cells.Text().isEmpty())
+        return;
+    cells.SetCol(Column::kDepartment);
+    // The empty cell has been opened already; what is typed next belongs to the Department.
+    if (txtEntry->hasFocus())
+        grdTable_EnterCell();
 }
 
 void ChargeGrid::txtEntry_Change(const QString& text) {
     Cells().SetText(text);
 }
 
-bool ChargeGrid::txtEntry_KeyDown(int keyCode) {
+/// Kept: Shift, Ctrl and Alt make no difference to the keys that move.
+bool ChargeGrid::txtEntry_KeyDown(int keyCode, Qt::KeyboardModifiers /*shift*/) {
     const int row = Cells().Row();
     if (keyCode == Key::kUp && row > 1)
         MoveToRow(row - 1);
@@ -216,7 +233,7 @@ bool ChargeGrid::EnterInColumn() {
 }
 
 bool ChargeGrid::EnterInQuantity() {
-    if (!mLines.IsQuantity(txtEntry->text())) {
+    if (!CheckQuantity(Cells().Row())) {
         MsgBox({.text = u"Input quantity."_s, .icon = MsgIcon::Exclamation});
         grdTable_LeaveCell();
         MoveToColumn(mLines.Differences().quantityCol);
@@ -225,6 +242,12 @@ bool ChargeGrid::EnterInQuantity() {
     mLines.ComputeAmount();
     ComputeTotal();
     return true;
+}
+
+/// Kept: the line plays no part; its entry is compared with the header's text alone.
+bool ChargeGrid::CheckQuantity(int /*row*/) const {
+    const QString entry = txtEntry->text();
+    return !entry.isEmpty() && entry != Text(0, mLines.Differences().quantityCol);
 }
 
 void ChargeGrid::MoveOnFromColumn() {
@@ -239,14 +262,14 @@ void ChargeGrid::MoveOnFromColumn() {
 }
 
 void ChargeGrid::DepartmentStep() {
-    if (!mRevenue)
-        mRevenue = std::make_unique<clsRevenueCode>();
-    if (!mRevenue->ValidateRevenue(Cells().TextMatrix(Cells().Row(), Column::kDepartment))) {
+    if (!Revenue)
+        Revenue = std::make_unique<clsRevenueCode>();
+    if (!Revenue->ValidateRevenue(Cells().TextMatrix(Cells().Row(), Column::kDepartment))) {
         MoveToColumn(Column::kDepartment);
         return;
     }
-    const int next = mLines.WriteCentre(*mRevenue);
-    mLookup.CurrentRevenueID = mRevenue->RevenueID();
+    const int next = mLines.WriteCentre(*Revenue);
+    mLookup.CurrentRevenueID = Revenue->RevenueID();
     ++gLineCount;
     MoveToColumn(next);
 }

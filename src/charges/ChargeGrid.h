@@ -30,7 +30,7 @@ class ChargeGrid : public QObject, private LineEditor {
     /// Columns, sizes, headers: 8 lines, whatever was keyed below them.
     void SetupGrid();
     /// The first arrival at the end of the last line moves nothing again.
-    void DisarmLastRow() { mLines.DisarmLastRow(); }
+    void DisarmLastRow() { mLines.LastRowArmed = false; }
     /// Writes the sum of the lines into the total box.
     void ComputeTotal();
     /// Whether the code stands on another line of the current line's department.
@@ -43,8 +43,8 @@ class ChargeGrid : public QObject, private LineEditor {
     /// A line's text in a column.
     QString Text(int row, int col) const;
 
-    ItemLookup& Lookup() { return mLookup; }
-    ChargeLines& Lines() { return mLines; }
+    /// For tests, which look at the department last validated.
+    const ItemLookup& Lookup() const { return mLookup; }
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -60,17 +60,21 @@ class ChargeGrid : public QObject, private LineEditor {
     void grdTable_Click() { grdTable_EnterCell(); }
     void grdTable_GotFocus() { grdTable_EnterCell(); }
     void txtEntry_KeyPress(int& keyAscii);
-    bool txtEntry_KeyDown(int keyCode);
+    bool txtEntry_KeyDown(int keyCode, Qt::KeyboardModifiers shift);
     void txtEntry_Change(const QString& text);
     void txtEntry_GotFocus();
 
     /// What Enter does in a column. False when the handler ends there, without moving on.
     bool EnterInColumn();
     bool EnterInQuantity();
+    /// Whether the editor's text is a quantity: neither empty nor the header's own word.
+    bool CheckQuantity(int row) const;
     void MoveOnFromColumn();
     void DepartmentStep();
     void MoveToColumn(int col);
     void MoveToRow(int row);
+    /// Lays the editor over the current cell, with the cell's text.
+    void TakeCell();
     void PlaceEditor();
     /// Brings the editor to the current cell when its own line was cut off.
     void FollowCutGrid();
@@ -80,7 +84,8 @@ class ChargeGrid : public QObject, private LineEditor {
     QLineEdit* mTotal;
     ChargeLines mLines;
     ItemLookup mLookup;
-    std::unique_ptr<clsRevenueCode> mRevenue;
+    /// Made by the first department and kept.
+    std::unique_ptr<clsRevenueCode> Revenue;
     /// The cell that the editor lies over.
     int mEditorRow = 0;
     int mEditorCol = 0;

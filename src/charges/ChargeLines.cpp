@@ -2,6 +2,7 @@
 
 #include "charges/clsRevenueCode.h"
 #include "text/Format.h"
+#include "text/RunTimeError.h"
 #include "text/UCase.h"
 #include "text/Val.h"
 #include "toolkit/FlexCells.h"
@@ -20,14 +21,20 @@ ChargeLines::ChargeLines(FlexCells& cells, const ChargeGridDifferences& differen
     , mDifferences(differences) {}
 
 void ChargeLines::ResetColumns() {
-    mColLocked = mDifferences.locked;
-    mColChecked = {};
-    mColChecked[Column::kCode] = true;
-    mColInput = {};
-    mColInput[Column::kDepartment] = Input::UpperCase;
-    mColInput[Column::kCode] = Input::UpperCase;
-    mColInput[static_cast<size_t>(mDifferences.quantityCol)] = Input::Number;
-    mColInput[static_cast<size_t>(mDifferences.priceCol)] = Input::Price;
+    ColLocked = mDifferences.locked;
+    ColChecked = {};
+    ColChecked[Column::kCode] = true;
+    ColInput = {};
+    ColInput[Column::kDepartment] = Input::UpperCase;
+    ColInput[Column::kCode] = Input::UpperCase;
+    ColInput[Subscript(mDifferences.quantityCol)] = Input::Number;
+    ColInput[Subscript(mDifferences.priceCol)] = Input::Price;
+}
+
+size_t ChargeLines::Subscript(int col) {
+    if (col < 0 || col >= Column::kCount)
+        throw RunTime::Error(RunTime::kSubscriptOutOfRange);
+    return static_cast<size_t>(col);
 }
 
 void ChargeLines::SetAmountLock() {
@@ -37,7 +44,7 @@ void ChargeLines::SetAmountLock() {
 }
 
 int ChargeLines::FilterKey(int keyAscii) const {
-    switch (mColInput[static_cast<size_t>(mCells.Col())]) {
+    switch (ColInput[Subscript(mCells.Col())]) {
     case Input::UpperCase:
         return UCase(QChar(keyAscii)).unicode();
     case Input::Number:
@@ -76,8 +83,8 @@ void ChargeLines::NextCell() {
     }
     const int next = FirstOpen(Column::kDepartment);
     if (mCells.Row() == mCells.Rows() - 1) {
-        if (!mLastRowArmed) {
-            mLastRowArmed = true;
+        if (!LastRowArmed) {
+            LastRowArmed = true;
             return;
         }
         mCells.SetRows(mCells.Rows() + 1);
@@ -101,10 +108,6 @@ int ChargeLines::WriteCentre(const clsRevenueCode& centre) {
     const bool codeIsKeyed = centre.WithItems() == u"Y"_s || centre.SearchInventory() ||
                              centre.RevenueID() == Department::kDoctorsFee;
     return codeIsKeyed ? Column::kCode : Column::kAmount;
-}
-
-bool ChargeLines::IsQuantity(const QString& text) const {
-    return !text.isEmpty() && text != mCells.TextMatrix(0, mDifferences.quantityCol);
 }
 
 void ChargeLines::ComputeAmount() {

@@ -25,9 +25,10 @@ class ChargeLines {
     void ResetColumns();
     /// The "HC" rule of the current line, told each time the editor is to open.
     void SetAmountLock();
-    bool IsLocked(int col) const { return mColLocked[static_cast<size_t>(col)]; }
-    void SetLocked(int col, bool locked) { mColLocked[static_cast<size_t>(col)] = locked; }
-    bool IsChecked(int col) const { return mColChecked[static_cast<size_t>(col)]; }
+    /// The three below raise 9 for a column beyond the arrays, which a grid bound to a wide result has.
+    bool IsLocked(int col) const { return ColLocked[Subscript(col)]; }
+    void SetLocked(int col, bool locked) { ColLocked[Subscript(col)] = locked; }
+    bool IsChecked(int col) const { return ColChecked[Subscript(col)]; }
     /// The key as the current column lets it through, 0 for one that it swallows.
     int FilterKey(int keyAscii) const;
 
@@ -39,14 +40,12 @@ class ChargeLines {
     /// Moves the current cell to the next open one. At the end of the last line the first call moves nothing;
     /// every later one adds a line.
     void NextCell();
-    bool IsLastRowArmed() const { return mLastRowArmed; }
-    void DisarmLastRow() { mLastRowArmed = false; }
+    /// The first arrival at the end of the last line has been; it stays True until a screen loads.
+    bool LastRowArmed = false;
 
     /// Writes a validated centre into the current line and answers the column to key next.
     int WriteCentre(const clsRevenueCode& centre);
 
-    /// Whether the text is a quantity: neither empty nor the header's own word.
-    bool IsQuantity(const QString& text) const;
     /// Amount = price x quantity of the current line, as "0.00" text.
     void ComputeAmount();
     /// The sum of the lines' amount texts, as "0.00" text.
@@ -64,13 +63,13 @@ class ChargeLines {
     bool IsSupplyFree(const QString& department, const QString& code, int row) const;
 
   private:
+    static size_t Subscript(int col);
     /// The first open column at or behind one; 0 when there is none.
     int FirstOpen(int from) const;
 
     FlexCells& mCells;
     const ChargeGridDifferences& mDifferences;
-    std::array<bool, Column::kCount> mColLocked{};
-    std::array<bool, Column::kCount> mColChecked{};
-    std::array<Input, Column::kCount> mColInput{};
-    bool mLastRowArmed = false;
+    std::array<bool, Column::kCount> ColLocked{};
+    std::array<bool, Column::kCount> ColChecked{};
+    std::array<Input, Column::kCount> ColInput{};
 };

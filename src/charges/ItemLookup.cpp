@@ -18,22 +18,26 @@ constexpr auto kMedicineSection = "1"_L1;
 constexpr auto kSupplySection = "52"_L1;
 constexpr auto kRateLetters = "ABCDEFGH"_L1;
 
-/// Thrown by the trap to leave the lookup after it has told of an error.
-struct LookupEnded {};
-
-/// The trap of the lookups around one step: no current record empties the code and the lookup goes on with
-/// its next step; any other error is told and ends the lookup.
-template <class Step> void Trapped(QString& code, Step step) {
+/// One statement of a lookup: no current record empties the code, and the lookup goes on with the statement
+/// after it.
+template <class Statement> void Resumed(QString& code, Statement statement) {
     try {
-        step();
+        statement();
     } catch (const RunTimeError& error) {
-        if (error.Number() == RunTime::kNoCurrentRecord) {
-            code.clear();
-            return;
-        }
+        if (error.Number() != RunTime::kNoCurrentRecord)
+            throw;
+        code.clear();
+    }
+}
+
+/// The trap around a whole lookup: any other error is told and the lookup answers False.
+template <class Lookup> bool Trapped(Lookup lookup) {
+    try {
+        return lookup();
+    } catch (const RunTimeError& error) {
         const QString systemText = RunTime::TextOf(error.Number());
         MsgBox({.text = systemText.isEmpty() ? error.Description() : systemText, .icon = MsgIcon::Critical});
-        throw LookupEnded();
+        return false;
     }
 }
 
@@ -51,11 +55,15 @@ void ItemLookup::MoveOn() {
 }
 
 void ItemLookup::EnterCode(QString& code, bool isDoctorsFee) {
-    const std::array<bool, 3> locks = {mLines.IsLocked(4), mLines.IsLocked(5), mLines.IsLocked(6)};
+    const int priceCol = mLines.Differences().priceCol;
+    const int quantityCol = mLines.Differences().quantityCol;
+    const bool priceLocked = mLines.IsLocked(priceCol);
+    const bool quantityLocked = mLines.IsLocked(quantityCol);
+    const bool amountLocked = mLines.IsLocked(Column::kAmount);
     if (isDoctorsFee) {
-        mLines.SetLocked(4, true);
-        mLines.SetLocked(5, true);
-        mLines.SetLocked(6, false);
+        mLines.SetLocked(priceCol, true);
+        mLines.SetLocked(quantityCol, true);
+        mLines.SetLocked(Column::kAmount, false);
     }
     if (mCells.Col() == Column::kCode) {
         if (isDoctorsFee ? LookupDoctorFee(code) : LookupItem(code))
@@ -64,8 +72,9 @@ void ItemLookup::EnterCode(QString& code, bool isDoctorsFee) {
             MsgBox({.text = u"Invalid Code"_s});
     }
     if (isDoctorsFee) {
-        for (int i = 0; i < 3; ++i)
-            mLines.SetLocked(4 + i, locks[static_cast<size_t>(i)]);
+        mLines.SetLocked(priceCol, priceLocked);
+        mLines.SetLocked(quantityCol, quantityLocked);
+        mLines.SetLocked(Column::kAmount, amountLocked);
     }
 }
 
@@ -84,73 +93,74 @@ bool ItemLookup::LookupDoctorFee(QString& code) {
 }
 
 bool ItemLookup::LookupItem(QString& code) {
-    try {
+    return Trapped([&] {
         Item item;
-        Trapped(code, [] { gListing->SetSearchMode(true); });
+        Resumed(code, [] { gListing->SetSearchMode(true); });
         if (CurrentRevenueID == Department::kMedicines)
             SearchStock(code, kMedicineSection, item);
         else if (CurrentRevenueID == Department::kSupplies)
             SearchStock(code, kSupplySection, item);
         SearchServices(code, item);
-        bool written = false;
-        Trapped(code, [&] { written = item.found && WriteUnlessDuplicate(item); });
-        return written;
-    } catch (const LookupEnded&) {
-        return false;
-    }
+        return item.found && WriteUnlessDuplicate(item);
+    });
 }
 
 void ItemLookup::SearchStock(QString& code, const QString& section, Item& item) {
     gStockSection = section;
-    Trapped(code, [this] {
+    Resumed(code, [this] {
         mEditor.SetEditorText(gStockListBasic->ShowList(mEditor.EditorText(), false, gStockSection));
     });
     bool standsOnDrug = false;
-    Trapped(code, [&] { standsOnDrug = gStockItem->Drug().SearchDrug(mEditor.EditorText(), gStockSection); });
+    Resumed(code, [&] { standsOnDrug = gStockItem->Drug().SearchDrug(mEditor.EditorText(), gStockSection); });
     if (!standsOnDrug)
         return;
-    Trapped(code, [this] { mEditor.SetEditorText(gStockItem->Drug().DrugCode()); });
+    Resumed(code, [this] { mEditor.SetEditorText(gStockItem->Drug().DrugCode()); });
     if (mLines.Check_Code(mEditor.EditorText())) {
         MsgBox({.text = u"Can't charge the same Medicine/Supply !"_s});
         mCells.SetTextMatrix(mCells.Row(), Column::kParticular, QString());
         return;
     }
-    Trapped(code, [&] { TakeDrug(item); });
+    TakeDrug(code, item);
 }
 
-void ItemLookup::TakeDrug(Item& item) {
+void ItemLookup::TakeDrug(QString& code, Item& item) const {
     const StockDrug& drug = gStockItem->Drug();
-    item.code = drug.DrugCode();
-    item.name = drug.DrugName();
-    item.price = UseOutPrice ? drug.Invent().SellingPriceOut : drug.Invent().SellingPriceIn;
+    Resumed(code, [&] { item.code = drug.DrugCode(); });
+    Resumed(code, [&] { item.name = drug.DrugName(); });
+    Resumed(code, [&] {
+        const StockPrices prices = drug.Invent();
+        item.price = UseOutPrice ? prices.SellingPriceOut : prices.SellingPriceIn;
+    });
     item.isFree = item.price == 0;
     item.found = true;
 }
 
 void ItemLookup::SearchServices(QString& code, Item& item) {
-    Trapped(code, [this] {
-        gListing->SetOtherSectionID(mCells.TextMatrix(mCells.Row(), Column::kDepartment));
-        if (mLines.Differences().servicesOfHC)
-            gListing->SetOtherSectionID(Department::kEarCare);
-    });
+    Resumed(code,
+            [this] { gListing->SetOtherSectionID(mCells.TextMatrix(mCells.Row(), Column::kDepartment)); });
+    if (mLines.Differences().servicesOfHC)
+        Resumed(code, [] { gListing->SetOtherSectionID(Department::kEarCare); });
     bool listed = false;
-    Trapped(code, [&] { listed = gListing->SearchListing(code, ListingKind::kOtherRevenue); });
+    Resumed(code, [&] { listed = gListing->SearchListing(code, ListingKind::kOtherRevenue); });
     if (listed)
-        Trapped(code, [&] { TakeService(item); });
+        TakeService(code, item);
 }
 
-void ItemLookup::TakeService(Item& item) {
-    const OtherRevenueListing& service = gListing->OtherRevenueRecord();
+void ItemLookup::TakeService(QString& code, Item& item) const {
     item.found = true;
-    item.code = service.ResultCode;
-    item.name = service.OtherRevenue;
+    Resumed(code, [&] { item.code = gListing->OtherRevenueRecord().ResultCode; });
+    Resumed(code, [&] { item.name = gListing->OtherRevenueRecord().OtherRevenue; });
+    Resumed(code, [&] { TakeRate(item); });
+    item.isFree = item.price == 0;
+}
+
+void ItemLookup::TakeRate(Item& item) const {
     const QString letter = gRoomClass.trimmed();
     const qsizetype rate = letter.size() == 1 ? kRateLetters.indexOf(letter.front()) : -1;
     if (rate >= 0)
-        item.price = service.Rates[static_cast<size_t>(rate)];
+        item.price = gListing->OtherRevenueRecord().Rates[static_cast<size_t>(rate)];
     else if (mLines.Differences().otherLetterTakesRateA)
-        item.price = service.Rates[0];
-    item.isFree = item.price == 0;
+        item.price = gListing->OtherRevenueRecord().Rates[0];
 }
 
 bool ItemLookup::IsDuplicate(const QString& code) {
@@ -186,32 +196,40 @@ void ItemLookup::ReopenEmpty() {
 }
 
 bool ItemLookup::LookupSupply(QString& code) {
-    try {
-        Item item;
-        const QString section = mCells.TextMatrix(mCells.Row(), Column::kLocationID);
-        if (!IsNumeric(code)) {
-            Trapped(code, [] { gStockList->SetDrugsORCSR(false); });
-            Trapped(code, [&] { code = gStockList->ShowList(code, false, section); });
-        }
-        bool standsOnDrug = false;
-        Trapped(code, [&] { standsOnDrug = gStockItem->Drug().SearchDrug(code, section); });
-        if (standsOnDrug)
-            Trapped(code, [&] { TakeDrug(item); });
-        if (!item.found)
-            return false;
-        if (!mLines.IsSupplyFree(mCells.TextMatrix(mCells.Row(), Column::kDepartment), item.code,
-                                 mCells.Row())) {
-            MsgBox({.text = u"Supply already selected."_s,
-                    .icon = MsgIcon::Exclamation,
-                    .title = u"Assessment"_s});
-            mCells.SetText(QString());
-            mEditor.grdTable_LeaveCell();
-            mEditor.grdTable_EnterCell();
-            return false;
-        }
-        WriteItem(item);
-        return true;
-    } catch (const LookupEnded&) {
+    return Trapped([&] {
+        const Item item = FindSupply(code);
+        return item.found && WriteFreeSupply(item);
+    });
+}
+
+ItemLookup::Item ItemLookup::FindSupply(QString& code) const {
+    Item item;
+    const QString section = mCells.TextMatrix(mCells.Row(), Column::kLocationID);
+    if (!IsNumeric(code)) {
+        Resumed(code, [] { gStockList->SetDrugsORCSR(false); });
+        Resumed(code, [&] { code = gStockList->ShowList(code, false, section); });
+    }
+    bool standsOnDrug = false;
+    Resumed(code, [&] { standsOnDrug = gStockItem->Drug().SearchDrug(code, section); });
+    if (standsOnDrug)
+        TakeDrug(code, item);
+    return item;
+}
+
+bool ItemLookup::IsSupplyFree(const QString& department, const QString& code, int row) const {
+    return Trapped([&] { return mLines.IsSupplyFree(department, code, row); });
+}
+
+bool ItemLookup::WriteFreeSupply(const Item& item) {
+    const int row = mCells.Row();
+    if (!IsSupplyFree(mCells.TextMatrix(row, Column::kDepartment), item.code, row)) {
+        MsgBox(
+            {.text = u"Supply already selected."_s, .icon = MsgIcon::Exclamation, .title = u"Assessment"_s});
+        mCells.SetText(QString());
+        mEditor.grdTable_LeaveCell();
+        mEditor.grdTable_EnterCell();
         return false;
     }
+    WriteItem(item);
+    return true;
 }

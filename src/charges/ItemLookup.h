@@ -41,6 +41,9 @@ class ItemLookup {
     /// Fills the current line with a supply of the line's own stock location. No path calls it in this
     /// release.
     bool LookupSupply(QString& code);
+    /// Whether no other line than `row` has this department and code; False also after an error, which it
+    /// tells.
+    bool IsSupplyFree(const QString& department, const QString& code, int row) const;
 
   private:
     /// An item on its way into a line.
@@ -55,9 +58,12 @@ class ItemLookup {
     void MoveOn();
     void SearchStock(QString& code, const QString& section, Item& item);
     void SearchServices(QString& code, Item& item);
-    void TakeDrug(Item& item);
-    void TakeService(Item& item);
+    void TakeDrug(QString& code, Item& item) const;
+    void TakeService(QString& code, Item& item) const;
+    void TakeRate(Item& item) const;
+    Item FindSupply(QString& code) const;
     bool WriteUnlessDuplicate(const Item& item);
+    bool WriteFreeSupply(const Item& item);
     void WriteItem(const Item& item);
     /// Empties the current cell and opens it again.
     void ReopenEmpty();

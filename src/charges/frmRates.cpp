@@ -36,6 +36,16 @@ void frmRates::Layout() {
     setWindowTitle(u"List of Rates"_s);
     QLabel* heading = NewHeading(u"List of Rates     "_s, this);
     heading->setObjectName(u"Label1"_s);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(heading);
+    layout->addLayout(LayoutCentre());
+    layout->addWidget(LayoutList(), 1);
+    cmdClose = new QPushButton(u"Close"_s, this);
+    cmdClose->setObjectName(u"cmdClose"_s);
+    layout->addWidget(cmdClose, 0, Qt::AlignRight);
+}
+
+QHBoxLayout* frmRates::LayoutCentre() {
     txtRevenueID = NewTextBox(u"txtRevenueID"_s, this);
     cmdSearch = new QPushButton(u"..."_s, this);
     cmdSearch->setObjectName(u"cmdSearch"_s);
@@ -47,27 +57,24 @@ void frmRates::Layout() {
     label->setObjectName(u"Label2"_s);
     label->setBuddy(txtRevenueID);
     txtRevenueID->setAccessibleName(label->text());
+    auto* centre = new QHBoxLayout;
+    centre->addWidget(label);
+    centre->addWidget(txtRevenueID, 1);
+    centre->addWidget(cmdSearch);
+    centre->addWidget(txtRevenueCenter, 3);
+    return centre;
+}
+
+QGroupBox* frmRates::LayoutList() {
     fraList = new QGroupBox(this);
     fraList->setObjectName(u"fraList"_s);
     grdRates = new FlexGrid(fraList);
     grdRates->setObjectName(u"grdRates"_s);
     grdRates->setAccessibleName(u"Rates"_s);
     grdRates->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
-    cmdClose = new QPushButton(u"Close"_s, this);
-    cmdClose->setObjectName(u"cmdClose"_s);
-
-    auto* centre = new QHBoxLayout;
-    centre->addWidget(label);
-    centre->addWidget(txtRevenueID, 1);
-    centre->addWidget(cmdSearch);
-    centre->addWidget(txtRevenueCenter, 3);
     auto* list = new QVBoxLayout(fraList);
     list->addWidget(grdRates);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(heading);
-    layout->addLayout(centre);
-    layout->addWidget(fraList, 1);
-    layout->addWidget(cmdClose, 0, Qt::AlignRight);
+    return fraList;
 }
 
 void frmRates::Wire() {

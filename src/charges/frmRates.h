@@ -7,6 +7,7 @@
 
 class FlexGrid;
 class QGroupBox;
+class QHBoxLayout;
 class QLineEdit;
 class QPushButton;
 
@@ -23,6 +24,8 @@ class frmRates : public Form {
 
   private:
     void Layout();
+    QHBoxLayout* LayoutCentre();
+    QGroupBox* LayoutList();
     void Wire();
 
     void cmdSearch_Click();

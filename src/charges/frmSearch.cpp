@@ -44,12 +44,27 @@ void frmSearch::Layout() {
     lblHospital->setObjectName(u"lblHospital"_s);
     lblTitle = NewHeading(QString(), this);
     lblTitle->setObjectName(u"lblTitle"_s);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(lblHospital);
+    layout->addWidget(lblTitle);
+    layout->addLayout(LayoutSearch());
+    layout->addWidget(LayoutRecords(), 1);
+    layout->addLayout(LayoutActions());
+}
+
+QHBoxLayout* frmSearch::LayoutSearch() {
     lblSTitle = new QLabel(this);
     lblSTitle->setObjectName(u"lblSTitle"_s);
     txtSearchStr = NewTextBox(u"txtSearchStr"_s, this);
     lblSTitle->setBuddy(txtSearchStr);
     txtSearchStr->setAccessibleName(u"Search"_s);
+    auto* search = new QHBoxLayout;
+    search->addWidget(lblSTitle);
+    search->addWidget(txtSearchStr, 1);
+    return search;
+}
 
+QGroupBox* frmSearch::LayoutRecords() {
     auto* records = new QGroupBox(u"Records List"_s, this);
     grdDispWindow = new FlexGrid(records);
     grdDispWindow->setObjectName(u"grdDispWindow"_s);
@@ -57,9 +72,12 @@ void frmSearch::Layout() {
     grdDispWindow->SetRowSelect(true);
     grdDispWindow->Cells().SetCols(kColumns);
     grdDispWindow->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
-    auto* recordsLayout = new QVBoxLayout(records);
-    recordsLayout->addWidget(grdDispWindow);
+    auto* layout = new QVBoxLayout(records);
+    layout->addWidget(grdDispWindow);
+    return records;
+}
 
+QHBoxLayout* frmSearch::LayoutActions() {
     lblHelpTip =
         new QLabel(u"Press [Select] Enter or Double Click on the Table to Select, Cancel to Abort"_s, this);
     lblHelpTip->setObjectName(u"lblHelpTip"_s);
@@ -67,20 +85,11 @@ void frmSearch::Layout() {
     cmdSelect->setObjectName(u"cmdSelect"_s);
     cmdCancel = new QPushButton(u"Cancel"_s, this);
     cmdCancel->setObjectName(u"cmdCancel"_s);
-
-    auto* search = new QHBoxLayout;
-    search->addWidget(lblSTitle);
-    search->addWidget(txtSearchStr, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(lblHelpTip, 1);
-    buttons->addWidget(cmdSelect);
-    buttons->addWidget(cmdCancel);
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(lblHospital);
-    layout->addWidget(lblTitle);
-    layout->addLayout(search);
-    layout->addWidget(records, 1);
-    layout->addLayout(buttons);
+    auto* actions = new QHBoxLayout;
+    actions->addWidget(lblHelpTip, 1);
+    actions->addWidget(cmdSelect);
+    actions->addWidget(cmdCancel);
+    return actions;
 }
 
 void frmSearch::Wire() {
@@ -96,6 +105,7 @@ void frmSearch::Wire() {
 }
 
 void frmSearch::Form_Load() {
+    // The close box picks nothing, whatever an earlier caller picked.
     Valid = false;
     lblHospital->setText(gHospitalName);
     lblTitle->setText(SearchCaption);
@@ -114,6 +124,7 @@ void frmSearch::Form_Load() {
     grdDispWindow->SetColWidth(0, 200);
     grdDispWindow->SetColWidth(1, 4150);
     grdDispWindow->SetColWidth(2, 1500);
+    mRow = cells.Row();
 }
 
 void frmSearch::Form_Activate() {

@@ -5,6 +5,8 @@
 #include <QString>
 
 class FlexGrid;
+class QGroupBox;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -43,6 +45,9 @@ class frmSearch : public Form {
 
   private:
     void Layout();
+    QHBoxLayout* LayoutSearch();
+    QGroupBox* LayoutRecords();
+    QHBoxLayout* LayoutActions();
     void Wire();
 
     void txtSearchStr_KeyPress(int& keyAscii);

@@ -11,16 +11,16 @@ QHash<QString, ComponentFactory>& Factories() {
 
 } // namespace
 
-void RegisterComponent(const QString& className, ComponentFactory factory) {
+void RegisterComponent(const QString& className, const ComponentFactory& factory) {
     if (factory)
-        Factories().insert(className, std::move(factory));
+        Factories().insert(className, factory);
     else
         Factories().remove(className);
 }
 
-std::shared_ptr<Component> CreateComponent(const QString& className) {
+std::shared_ptr<Component> CreateComponent(const QString& className, const QString& server) {
     const auto factory = Factories().constFind(className);
     if (factory == Factories().constEnd())
         throw RunTime::Error(RunTime::kCannotCreateObject);
-    return (*factory)();
+    return (*factory)(server);
 }

@@ -26,7 +26,8 @@ class clsCurrentUser : public Component {
     virtual QString EmployeeName() const = 0;
     virtual QString EmployeeCode() const = 0;
 
-    /// The logon that report tables receive. Nobody keeps any of the four.
+    /// The logon that report tables receive. The program keeps none of the four beyond its run; the session
+    /// itself may remember the server's name for the next sign-on.
     virtual QString ServerName() const = 0;
     virtual QString Database() const = 0;
     virtual QString UserId() const = 0;

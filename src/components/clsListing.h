@@ -54,7 +54,7 @@ class clsListing : public Component {
 
     /// Finds the row of the listing with exactly that code, or lets the clerk pick one from a list that
     /// starts with the text; the row is then in the listing's record. False when the clerk picked none.
-    /// `code` receives the code found.
+    /// `code` receives the code found. Raises 9 for a number that is no listing's.
     virtual bool SearchListing(QString& code, int kind) = 0;
 
     virtual const DoctorListing& DoctorRecord() const = 0;

@@ -15,10 +15,20 @@ double LeftOf(const QString& line, const ReportFont& font, const CellStyle& styl
     return left + (style.align == CellAlign::Right ? room : room / 2);
 }
 
+/// What a line shows. Columns of fixed length fill their texts up with blanks, which must not push a text
+/// away from the edge or the middle that it stands at.
+QString ShownPart(QString line, CellAlign align) {
+    while (align != CellAlign::Left && line.endsWith(u' '))
+        line.chop(1);
+    return line;
+}
+
 void PlaceLines(LaidCell& laid, const std::vector<QString>& texts) {
     double baseline = laid.box.top() + laid.font->Ascent();
+    const CellStyle& style = laid.cell->style;
     for (const QString& text : texts) {
-        laid.lines.push_back({{LeftOf(text, *laid.font, laid.cell->style, laid.box), baseline}, text});
+        const QString shown = ShownPart(text, style.align);
+        laid.lines.push_back({{LeftOf(shown, *laid.font, style, laid.box), baseline}, shown});
         baseline += laid.font->LineHeight();
     }
 }
@@ -90,6 +100,7 @@ LaidBand LayOutBand(const ReportBand& band, const TextPlace& place, ReportFonts&
 }
 
 std::vector<double> CutsOf(const LaidBand& band, double room) {
+    Q_ASSERT(room > 0);
     struct Extent {
         double top;
         double bottom;

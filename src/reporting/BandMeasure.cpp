@@ -24,6 +24,11 @@ qsizetype LongestNumber(qsizetype digits, const QString& pattern) {
     return digits + digits / 3 + pattern.size() + 1;
 }
 
+/// The number without its sign. The smallest number has no counterpart above zero among those of its type.
+quint64 MagnitudeOf(qint64 number) {
+    return number < 0 ? 0 - static_cast<quint64>(number) : static_cast<quint64>(number);
+}
+
 qsizetype DigitsOf(quint64 number) {
     qsizetype digits = 1;
     for (; number >= 10; number /= 10)
@@ -96,7 +101,7 @@ bool BandMeasure::MayWrap(const Check& check, const Value& value) {
     if (std::holds_alternative<DateTime>(value.Get()))
         return !check.datesFit;
     if (const auto* integer = std::get_if<qint64>(&value.Get()))
-        return numberMayWrap(DigitsOf(quint64(*integer < 0 ? -*integer : *integer)));
+        return numberMayWrap(DigitsOf(MagnitudeOf(*integer)));
     if (const auto* number = std::get_if<double>(&value.Get()))
         return format.isEmpty() || !(std::fabs(*number) < kLargestPlain) ||
                numberMayWrap(DigitsOf(quint64(std::fabs(*number)) + 1));

@@ -125,9 +125,13 @@ ReportBand BandReader::Read(TemplateAttributes& attributes, Place place) {
 QRectF BandReader::ReadRect(TemplateAttributes& attributes, double height) const {
     const QRectF rect(attributes.RequiredLength(u"x"_s), attributes.RequiredLength(u"y"_s),
                       attributes.RequiredLength(u"width"_s), height);
-    if (rect.right() > mReport.Body().width() + kTolerance)
-        attributes.Fail(u"This reaches beyond the right margin."_s);
+    CheckRight(attributes, rect.right());
     return rect;
+}
+
+void BandReader::CheckRight(const TemplateAttributes& attributes, double right) const {
+    if (right > mReport.Body().width() + kTolerance)
+        attributes.Fail(u"This reaches beyond the right margin."_s);
 }
 
 ReportCell BandReader::ReadCell(Place place) {
@@ -167,6 +171,7 @@ ReportLine BandReader::ReadLine() {
     ReportLine line;
     line.line = QLineF(attributes.RequiredLength(u"x1"_s), attributes.RequiredLength(u"y1"_s),
                        attributes.RequiredLength(u"x2"_s), attributes.RequiredLength(u"y2"_s));
+    CheckRight(attributes, std::max(line.line.x1(), line.line.x2()));
     line.thickness = attributes.Length(u"thickness"_s).value_or(line.thickness);
     line.color = attributes.Color(u"color"_s).value_or(line.color);
     line.dashed = attributes.YesNo(u"dashed"_s).value_or(false);

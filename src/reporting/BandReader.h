@@ -29,6 +29,7 @@ class BandReader {
     ReportBox ReadBox();
     ReportImage ReadImage();
     QRectF ReadRect(TemplateAttributes& attributes, double height) const;
+    void CheckRight(const TemplateAttributes& attributes, double right) const;
     void CheckPieces(const ReportCell& cell, Place place) const;
     void CheckWithin(const ReportBand& band) const;
 

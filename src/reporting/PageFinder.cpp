@@ -4,11 +4,48 @@
 
 #include <QStringMatcher>
 
+#include <algorithm>
+
 namespace {
 
 QRectF BoxOf(const ReportDocument& document, const PageBand& band, size_t cell) {
-    const QRectF box = document.LayOut(band).cells[cell].box;
-    return box.translated(band.x, band.y - band.top);
+    QRectF box = document.LayOut(band).cells[cell].box.translated(band.x, band.y - band.top);
+    if (band.isPiece) {
+        box.setTop(std::max(box.top(), band.y));
+        box.setBottom(std::min(box.bottom(), band.y + band.height));
+    }
+    return box;
+}
+
+/// Whether the text is found among the lines of a cell that the piece of a band shows. A text that goes on
+/// over the page's end is found where it begins.
+bool IsInPiece(const LaidCell& cell, const PageBand& band, const QStringMatcher& matcher) {
+    const QString text = WithoutControls(cell.text);
+    qsizetype at = 0;
+    std::optional<qsizetype> begin;
+    qsizetype end = text.size();
+    for (const LaidLine& line : cell.lines) {
+        at = text.indexOf(line.text, at);
+        if (band.Shows(line)) {
+            begin = begin.value_or(at);
+        } else if (begin) {
+            end = at;
+            break;
+        }
+        at += line.text.size();
+    }
+    if (!begin)
+        return false;
+    const qsizetype found = matcher.indexIn(text, *begin);
+    return found >= 0 && found < end;
+}
+
+bool IsIn(const ReportDocument& document, const PageBand& band, size_t cell, const QStringMatcher& matcher) {
+    if (band.isPiece)
+        return IsInPiece(document.LayOut(band).cells[cell], band, matcher);
+    const ReportCell& designed = band.band->cells[cell];
+    const bool shown = !designed.onlySeveralPages || document.PageCount() > 1;
+    return shown && matcher.indexIn(TextOf(designed, band.place)) >= 0;
 }
 
 std::optional<FoundText> FindOnPage(const ReportDocument& document, const QStringMatcher& matcher,
@@ -16,9 +53,7 @@ std::optional<FoundText> FindOnPage(const ReportDocument& document, const QStrin
     size_t number = 0;
     for (const PageBand& band : document.BandsOf(from.page)) {
         for (size_t i = 0; i < band.band->cells.size(); ++i, ++number) {
-            const ReportCell& cell = band.band->cells[i];
-            const bool shown = !cell.onlySeveralPages || document.PageCount() > 1;
-            if (number >= from.cell && shown && matcher.indexIn(TextOf(cell, band.place)) >= 0)
+            if (number >= from.cell && IsIn(document, band, i, matcher))
                 return FoundText{{from.page, number}, BoxOf(document, band, i)};
         }
     }

@@ -17,12 +17,12 @@ struct CellPosition {
 
 struct FoundText {
     CellPosition position;
-    /// The cell, in points from the page's top left corner.
+    /// The cell, or what the page shows of it, in points from the page's top left corner.
     QRectF box;
 };
 
 /// The next cell whose text has the given one in it, letter case aside, behind `after` or from the report's
 /// start when there is none; behind the report's end it goes on at the start. A text is found also where it
-/// wraps.
+/// wraps. Of a cell that goes over several pages each page is asked for the lines that it shows.
 std::optional<FoundText> FindText(const ReportDocument& document, const QString& text,
                                   const std::optional<CellPosition>& after);

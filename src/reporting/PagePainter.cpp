@@ -1,6 +1,5 @@
 #include "reporting/PagePainter.h"
 
-#include <QPaintDevice>
 #include <QPainter>
 #include <QPen>
 
@@ -11,8 +10,7 @@ constexpr double kBorderThickness = 0.5;
 } // namespace
 
 PagePainter::PagePainter(QPainter& painter)
-    : mPainter(painter)
-    , mDotsPerInch(painter.device()->logicalDpiY()) {}
+    : mPainter(painter) {}
 
 void PagePainter::Paint(const ReportDocument& document, int page) {
     for (const PageBand& band : document.BandsOf(page)) {
@@ -68,12 +66,25 @@ void PagePainter::PaintCell(const LaidCell& cell) {
         return;
     if (mFont != cell.font) {
         mFont = cell.font;
-        mPainter.setFont(mFont->FontFor(mDotsPerInch));
+        mPainter.setFont(mFont->Painted());
     }
     if (mPainter.pen().color() != style.color)
         mPainter.setPen(style.color);
-    for (const LaidLine& line : cell.lines)
-        mPainter.drawText(line.start, line.text);
+    const double scale = mFont->PaintScale();
+    for (const LaidLine& line : cell.lines) {
+        if (scale == 1)
+            mPainter.drawText(line.start, line.text);
+        else
+            PaintScaled(line, scale);
+    }
+}
+
+void PagePainter::PaintScaled(const LaidLine& line, double scale) {
+    const QTransform before = mPainter.transform();
+    mPainter.translate(line.start);
+    mPainter.scale(scale, scale);
+    mPainter.drawText(QPointF(), line.text);
+    mPainter.setTransform(before);
 }
 
 void PagePainter::PaintBorder(const CellStyle& style, const QRectF& box) {

@@ -19,10 +19,10 @@ class PagePainter {
     void Paint(const LaidBand& laid);
     void PaintMarks(const LaidBand& laid);
     void PaintCell(const LaidCell& cell);
+    void PaintScaled(const LaidLine& line, double scale);
     void PaintBorder(const CellStyle& style, const QRectF& box);
     void SetPen(const QColor& color, double thickness);
 
     QPainter& mPainter;
-    int mDotsPerInch;
     const ReportFont* mFont = nullptr;
 };

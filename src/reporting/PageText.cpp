@@ -31,9 +31,9 @@ std::vector<PlacedText> Collect(const ReportDocument& document, int page) {
         const LaidBand laid = document.LayOut(band);
         for (const LaidCell& cell : laid.cells) {
             for (const LaidLine& line : cell.lines) {
-                const double y = line.start.y() - band.top;
-                if (!line.text.isEmpty() && y >= 0 && y <= band.height)
-                    texts.push_back({ColumnOf(cell, line, band.x), band.y + y, line.text});
+                if (!line.text.isEmpty() && band.Shows(line))
+                    texts.push_back(
+                        {ColumnOf(cell, line, band.x), band.y + line.start.y() - band.top, line.text});
             }
         }
     }

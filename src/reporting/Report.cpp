@@ -67,8 +67,6 @@ ReportData Report::Fetch() const {
     for (const ParameterField& field : mFields)
         data.parameters.push_back(ValueOf(field));
     const std::unique_ptr<CommandGateway> gateway = ConnectReport(LogOn());
-    if (!gateway)
-        throw RunTime::Error(RunTime::kObjectNotSet);
     for (const ReportQuery& query : mTemplate.queries) {
         const RowSet rows = gateway->Execute(ComposeQuery(query));
         if (rows.State() == RowSet::Status::Closed)

@@ -1,8 +1,12 @@
 #include "reporting/ReportDocument.h"
 
+#include "gateway/RunTimeError.h"
 #include "reporting/Flow.h"
 #include "reporting/PagePainter.h"
 #include "reporting/PageText.h"
+#include "reporting/TemplateError.h"
+
+using namespace Qt::StringLiterals;
 
 ReportDocument::ReportDocument(ReportTemplate report, ReportData data)
     : mReport(std::move(report))
@@ -11,7 +15,7 @@ ReportDocument::ReportDocument(ReportTemplate report, ReportData data)
     mBands = BandsInOrder(mReport);
     mHeaderHeight = MeasureEdge(mReport.pageHeader);
     mFooterHeight = MeasureEdge(mReport.pageFooter);
-    const double room = mReport.Body().height() - mHeaderHeight - mFooterHeight;
+    const double room = RoomBetweenEdges();
     mItems = BuildFlow(mReport, mData, mFonts, room);
     mPages = Paginate(mItems, room);
 }
@@ -22,6 +26,18 @@ double ReportDocument::MeasureEdge(const std::optional<ReportBand>& band) const 
         return 0;
     const TextPlace place{.data = mData, .page = kWidestPageNumber, .pages = kWidestPageNumber};
     return LayOutBand(*band, place, mFonts).height;
+}
+
+/// The height that the rows have on each page. Texts that wrap may have made the strips taller than the
+/// template has them.
+double ReportDocument::RoomBetweenEdges() const {
+    const double room = mReport.Body().height() - mHeaderHeight - mFooterHeight;
+    if (room < kLeastBody) {
+        const auto& taller = mHeaderHeight >= mFooterHeight ? mReport.pageHeader : mReport.pageFooter;
+        throw TemplateError(mReport.file, taller->line,
+                            u"The page header and the page footer leave no room between them."_s);
+    }
+    return room;
 }
 
 std::vector<PageBand> ReportDocument::BandsOf(int page) const {

@@ -26,6 +26,9 @@ struct PageBand {
     double height = 0;
     /// A piece of a band that is too tall for one page.
     bool isPiece = false;
+
+    /// Whether a line of the band stands within the piece.
+    bool Shows(const LaidLine& line) const { return line.start.y() >= top && line.start.y() <= top + height; }
 };
 
 /// A group of the rows for the group tree.
@@ -40,7 +43,8 @@ struct GroupEntry {
 /// A report with its rows, spread over pages. Pages count from 1. Nothing in it changes any more.
 class ReportDocument {
   public:
-    /// Raises the template's error with file and line for a field that the rows do not have.
+    /// Raises the template's error with file and line for a field that the rows do not have, and for a page
+    /// header or page footer whose texts have grown so far that no row has room between them.
     ReportDocument(ReportTemplate report, ReportData data);
     ReportDocument(const ReportDocument&) = delete;
     ReportDocument& operator=(const ReportDocument&) = delete;
@@ -67,6 +71,7 @@ class ReportDocument {
 
   private:
     double MeasureEdge(const std::optional<ReportBand>& band) const;
+    double RoomBetweenEdges() const;
     void AddEdge(std::vector<PageBand>& bands, const std::optional<ReportBand>& band, int page, double y,
                  double height) const;
     void AddItem(std::vector<PageBand>& bands, const FlowItem& item, int page, double& y) const;

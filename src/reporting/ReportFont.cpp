@@ -21,8 +21,8 @@ QFont FaceOf(const CellStyle& style) {
     return font;
 }
 
-QFont Measured(QFont font) {
-    font.setPixelSize(kMeasuredPixels);
+QFont InPixels(QFont font, int pixels) {
+    font.setPixelSize(pixels);
     return font;
 }
 
@@ -30,21 +30,25 @@ bool BelongsToPrevious(QChar c) {
     return c.isLowSurrogate() || c.isMark();
 }
 
-/// Control characters of a text paint as boxes; tabs are blanks here, and of the line's end one character is
-/// kept.
-QString WithoutControls(const QString& text) {
-    QString plain = text;
-    plain.remove(u'\r');
-    plain.replace(u'\t', u' ');
-    return plain;
+bool IsControl(QChar c) {
+    return c.category() == QChar::Other_Control;
 }
 
 } // namespace
 
+QString WithoutControls(const QString& text) {
+    if (std::none_of(text.begin(), text.end(), IsControl))
+        return text;
+    QString plain = text;
+    plain.replace(u'\t', u' ');
+    plain.removeIf([](QChar c) { return IsControl(c) && c != u'\n'; });
+    return plain;
+}
+
 ReportFont::ReportFont(const CellStyle& style)
-    : mFont(FaceOf(style))
-    , mSize(style.size)
-    , mMetrics(Measured(mFont)) {
+    : mSize(style.size)
+    , mPainted(InPixels(FaceOf(style), int(std::ceil(style.size))))
+    , mMetrics(InPixels(mPainted, kMeasuredPixels)) {
     const double scale = mSize / kMeasuredPixels;
     for (size_t i = u' '; i < kTableSize; ++i)
         mAdvances.at(i) = mMetrics.horizontalAdvance(QChar(ushort(i))) * scale;
@@ -117,16 +121,6 @@ qsizetype ReportFont::FittingLength(QStringView text, double width) const {
         i = end - 1;
     }
     return text.size();
-}
-
-const QFont& ReportFont::FontFor(int dotsPerInch) const {
-    if (mPaintedFor != dotsPerInch) {
-        mPaintedFor = dotsPerInch;
-        mPainted = mFont;
-        // The painter's scale already turns points into dots; a face in points would be scaled twice.
-        mPainted.setPointSizeF(mSize * 72.0 / dotsPerInch);
-    }
-    return mPainted;
 }
 
 const ReportFont& ReportFonts::Of(const CellStyle& style) {

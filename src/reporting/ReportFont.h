@@ -34,8 +34,10 @@ class ReportFont {
     /// The text in lines no wider than that: broken at blanks, and within a word that is itself too wide.
     std::vector<QString> Wrap(const QString& text, double width) const;
 
-    /// The face for painting with a painter in points on a device of that resolution.
-    const QFont& FontFor(int dotsPerInch) const;
+    /// The face for painting with a painter in points, in the next whole size: the toolkit paints no others.
+    const QFont& Painted() const { return mPainted; }
+    /// How far what is painted in that face has to be scaled to have the style's size; at most 1.
+    double PaintScale() const { return mSize / mPainted.pixelSize(); }
 
   private:
     void WrapParagraph(QStringView paragraph, double width, std::vector<QString>& lines) const;
@@ -47,8 +49,8 @@ class ReportFont {
     static constexpr double kUnits = 1024;
     static constexpr quint32 kNever = 1U << 24;
 
-    QFont mFont;
     double mSize;
+    QFont mPainted;
     QFontMetricsF mMetrics;
     std::array<double, kTableSize> mAdvances{};
     /// The same in kUnits to the point, rounded up, and kNever for what must be looked at more closely; the
@@ -57,9 +59,11 @@ class ReportFont {
     double mAscent = 0;
     double mLineHeight = 0;
     double mWidestDigit = 0;
-    mutable QFont mPainted;
-    mutable int mPaintedFor = 0;
 };
+
+/// The text as it is laid out: tabs are blanks, a line's end is one line feed, and the other control
+/// characters, which would paint as boxes, are left out.
+QString WithoutControls(const QString& text);
 
 /// The faces of one report, each measured once.
 class ReportFonts {

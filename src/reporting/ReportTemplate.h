@@ -16,6 +16,9 @@
 
 /// What a template file says, as read. Lengths are in points, 72 to the inch, and lines count from 1.
 
+/// A page body lower than this, in points, holds no line of text.
+constexpr double kLeastBody = 20;
+
 /// The kinds of value that a parameter takes, with the numbers that the callers know them by.
 enum class FieldValueType { Number = 7, Date = 10, String = 12, DateTime = 16 };
 

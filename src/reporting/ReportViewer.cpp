@@ -225,6 +225,7 @@ void ReportViewer::ViewReport() {
     }
     const auto waiting = Waiting();
     mDocument = mReport->Document();
+    mStatus->clear();
     EnableCommands(true);
     mPageBox->setRange(1, mDocument->PageCount());
     mPageCount->setText(u"of %1"_s.arg(mDocument->PageCount()));

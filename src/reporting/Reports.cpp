@@ -30,10 +30,11 @@ void ShowReport(bool showGroupTree, const QString& title, bool directPrint) {
     viewer->SetShowGroupTree(showGroupTree);
     viewer->setWindowTitle(title);
     viewer->SetDirectPrint(directPrint);
-    viewer->Load();
-    // The caller still waits, but the clerk works in the viewer: meanwhile the pointer is the usual one.
+    // The caller still waits, but the clerk is asked for values and reads the slip without an hourglass.
+    // While the rows are fetched the viewer shows one of its own.
     const MousePointer callers = CurrentMousePointer();
     SetMousePointer(MousePointer::Default);
+    viewer->Load();
     // A screen that was shown modally deletes itself when its loop has ended.
     viewer.release()->ShowModal();
     SetMousePointer(callers);

@@ -16,8 +16,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A page body lower than this, in points, holds no line of text.
-constexpr double kLeastBody = 20;
 constexpr double kDefaultMargin = 36;
 
 struct Paper {
@@ -201,8 +199,7 @@ class TemplateReader {
             mXml.FailElement();
         if (mReport.detail || mGroupsClosed)
             mXml.Fail(u"There is a second <%1> beside another; groups stand within each other and the detail "
-                      u"within "
-                      "the innermost."_s.arg(name));
+                      "within the innermost."_s.arg(name));
         if (name == "detail"_L1)
             ReadBand(mReport.detail, BandReader::Place::Report);
         else

@@ -13,7 +13,6 @@ class TemplateXml {
     /// `file` is named in the errors.
     TemplateXml(const QString& file, const QByteArray& content);
 
-    const QString& File() const { return mFile; }
     /// Goes on to the next element within the present one; false when that one has ended.
     bool NextChild();
     /// The present element.

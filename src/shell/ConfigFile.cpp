@@ -1,6 +1,5 @@
 #include "shell/ConfigFile.h"
 
-#include "gateway/RunTimeError.h"
 #include "shell/shared.h"
 #include "toolkit/ProgramFiles.h"
 
@@ -9,12 +8,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-[[noreturn]] void RaiseFileError(const QFile& file) {
-    throw RunTimeError(
-        RunTime::kPathFileAccess,
-        u"%1: %2 (%3)"_s.arg(RunTime::TextOf(RunTime::kPathFileAccess), file.fileName(), file.errorString()));
-}
 
 /// The text without its blanks at both ends; a tab is no blank.
 QString TrimBlanks(QStringView text) {
@@ -26,8 +19,18 @@ QString TrimBlanks(QStringView text) {
 }
 
 void Open(QFile& file, QIODevice::OpenMode mode) {
-    if (!file.open(mode | QIODevice::Text))
-        RaiseFileError(file);
+    if (!file.open(mode))
+        throw FileError(file.fileName(), file.errorString());
+}
+
+/// The whole text, its lines ended by "\n" alone.
+QString ReadText() {
+    QFile file(ResolveFile(gIniPath));
+    Open(file, QIODevice::ReadOnly);
+    const QByteArray text = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        throw FileError(file.fileName(), file.errorString());
+    return QString::fromLatin1(text).replace("\r\n"_L1, "\n"_L1);
 }
 
 } // namespace
@@ -41,12 +44,7 @@ bool EnsureConfigFile() {
 void ReadConfigValue(const QString& key, QString& value) {
     // Kept: the value starts as the number 0, so an absent key reads as the text "0".
     value = u"0"_s;
-    QFile file(ResolveFile(gIniPath));
-    Open(file, QIODevice::ReadOnly);
-    while (!file.atEnd()) {
-        QString line = QString::fromLatin1(file.readLine());
-        if (line.endsWith(u'\n'))
-            line.chop(1);
+    for (const QString& line : ReadText().split(u'\n')) {
         const qsizetype equals = line.indexOf(u'=');
         if (equals >= 0 && TrimBlanks(line.left(equals)).toLower() == key.toLower()) {
             value = TrimBlanks(line.mid(equals + 1));
@@ -62,8 +60,8 @@ void ResetConfigFile() {
 
 void AppendConfigValue(const QString& key, const QString& value) {
     QFile file(ResolveFile(gIniPath));
-    Open(file, QIODevice::WriteOnly | QIODevice::Append);
+    Open(file, QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text);
     const QByteArray line = (key + u" = "_s + value + u'\n').toLatin1();
     if (file.write(line) != line.size() || !file.flush())
-        RaiseFileError(file);
+        throw FileError(file.fileName(), file.errorString());
 }

@@ -3,10 +3,10 @@
 #include <QString>
 
 /// The configuration file tarvenaux.ini at gIniPath: lines of key and value parted by the first "=". Its text
-/// is Latin-1. Nothing is cached. A file that cannot be created, opened or written raises 75 with the path in
-/// the text.
+/// is Latin-1; a character outside it is written as "?". Nothing is cached. A file that cannot be created,
+/// opened, read or written raises 75 with the path in the text.
 
-/// Creates the file empty if there is none. True when there is one now.
+/// Creates the file empty if there is none. Always True: a file that cannot be created raises.
 bool EnsureConfigFile();
 
 /// Reads the value of the first line with that key, letter case aside. An absent key gives the text "0"; a

@@ -9,6 +9,8 @@
 #include "toolkit/ProgramFiles.h"
 #include "toolkit/Screens.h"
 
+#include <exception>
+
 using namespace Qt::StringLiterals;
 
 bool Main() {
@@ -26,6 +28,7 @@ bool LoadDepartment() {
         return true;
     MsgBox({.text = u"Department not set."_s});
     Screens::Get<frmSetup>().ShowModal();
+    // Kept: the program ends whatever the user did in the setup, even after Cancel.
     MsgBox({.text = u"Restart Program."_s});
     return false;
 }
@@ -43,8 +46,9 @@ bool InitComponents() {
         // Kept: nobody has signed on yet, and the component is not told of the connection again.
         gDiagnosisCodes->SetActiveConnection(gCurrentUser->SQLConnection());
         return true;
-    } catch (const RunTimeError& error) {
-        MsgBox({.text = error.Description() + u"Error Initalizing DLLs..."_s});
+    } catch (const std::exception& error) {
+        // Kept: the second word is written so, and nothing stands between the two texts.
+        MsgBox({.text = QString::fromUtf8(error.what()) + u"Error Initalizing DLLs..."_s});
         return false;
     }
 }

@@ -2,7 +2,7 @@
 
 /// The start of the workstation: configuration file, department, in-house components, main window, sign-on.
 /// False when the process is to end, because no department is set, a component is missing or nobody signed
-/// on.
+/// on. The caller ends it, here and below, so that a test of the start can go on.
 bool Main();
 
 /// Reads the department and, when it is not set, runs the setup dialogue. False when the process is to end.

@@ -21,6 +21,7 @@ std::span<const MenuEntry> MenuEntry::Tree() {
                   .name = "mnuOutTransaction",
                   .caption = "Out-Patient Trans Entry",
                   .click = &frmMain::mnuOutTransaction_Click},
+        // Kept: hidden and without a handler.
         MenuEntry{
             .level = 2, .name = "mnuCash", .caption = "Cash Patient", .visible = false, .enabled = false},
         MenuEntry{.level = 2, .name = "mnusep", .caption = "-"},
@@ -29,6 +30,7 @@ std::span<const MenuEntry> MenuEntry::Tree() {
                   .caption = "E&xit",
                   .shortcut = "Ctrl+X",
                   .click = &frmMain::mnuExit_Click},
+        // Kept: this unit enters no results; the submenu is hidden and its entries have no handlers.
         MenuEntry{.level = 1, .name = "mnuResult", .caption = "&Results", .visible = false, .enabled = false},
         MenuEntry{.level = 2, .name = "mnuResultEntry", .caption = "Result &Entry", .shortcut = "Ctrl+E"},
         MenuEntry{
@@ -69,6 +71,7 @@ std::span<const MenuEntry> MenuEntry::Tree() {
                   .name = "mnuListCharges",
                   .caption = "List of Charges",
                   .click = &frmMain::mnuListCharges_Click},
+        // Kept: nothing enables it, so no slip can be printed again from the menu in this release.
         MenuEntry{.level = 2, .name = "mnuDuplicate", .caption = "Charge Slip Duplicate", .enabled = false},
         MenuEntry{.level = 1, .name = "mModule", .caption = "Module"},
         MenuEntry{.level = 2, .name = "mSetup", .caption = "Setup", .click = &frmMain::mSetup_Click},

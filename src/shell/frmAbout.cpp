@@ -63,6 +63,10 @@ void frmAbout::Wire() {
 
 void frmAbout::Form_Load() {
     SetOpacity(0);
+    FadeIn();
+}
+
+void frmAbout::FadeIn() {
     mStep = kFadeStep;
     tmrFade->start();
 }

@@ -12,8 +12,8 @@ class frmAbout : public Form {
   public:
     frmAbout();
 
-    /// The window's opacity from 0 to 255.
-    int Opacity() const { return mOpacity; }
+    /// Turns a box that is fading out back; one that is fully there stays so.
+    void FadeIn();
 
   protected:
     void Form_Load() override;
@@ -29,6 +29,7 @@ class frmAbout : public Form {
 
     QPushButton* cmdOK;
     QTimer* tmrFade;
+    /// The window's opacity from 0 to 255.
     int mOpacity = 0;
     int mStep = 0;
 };

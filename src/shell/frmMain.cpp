@@ -3,6 +3,7 @@
 #include "charges/frmPostCharges.h"
 #include "components/ComponentRegistry.h"
 #include "gateway/CommandGateway.h"
+#include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
 #include "shell/frmAbout.h"
 #include "shell/frmSetup.h"
@@ -17,7 +18,6 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
-#include <QPointer>
 #include <QScreen>
 
 using namespace Qt::StringLiterals;
@@ -26,23 +26,17 @@ namespace {
 
 constexpr int kCommandTimeout = 120;
 
-QPointer<frmMain> instance;
-
 } // namespace
 
 frmMain::frmMain() {
     Layout();
-    instance = this;
     SetCurrent(this);
     qApp->installEventFilter(this);
 }
 
 frmMain::~frmMain() {
-    SetCurrent(nullptr);
-}
-
-frmMain* frmMain::Instance() {
-    return instance;
+    if (Current() == this)
+        SetCurrent(nullptr);
 }
 
 bool frmMain::Open() {
@@ -91,10 +85,10 @@ void frmMain::ReadHospitalRecord() {
 }
 
 void frmMain::CreateWardComponents() {
-    gWardRequest = CreateObject<Component>(u"WardWorkLib.clsRequest"_s);
-    gWardResults = CreateObject<Component>(u"WardWorkLib.clsResults"_s);
-    gWardConfinementResults = CreateObject<Component>(u"WardWorkLib.clsConfinementResults"_s);
-    gWardConfinement = CreateObject<Component>(u"WardWorkLib.clsConfinement"_s);
+    gWardRequest = CreateObject<Component>(u"WardWorkLib.clsRequest"_s, QString());
+    gWardResults = CreateObject<Component>(u"WardWorkLib.clsResults"_s, QString());
+    gWardConfinementResults = CreateObject<Component>(u"WardWorkLib.clsConfinementResults"_s, QString());
+    gWardConfinement = CreateObject<Component>(u"WardWorkLib.clsConfinement"_s, QString());
     gStockList = CreateObject<clsStockList>(gUseGenericList ? u"StockGroupListLib.clsGroupList"_s
                                                             : u"StockListLib.clsStockList"_s);
 }
@@ -111,7 +105,7 @@ void frmMain::HandOutConnection() {
     if (gPersonFinder->InitConnection(connection, QString()) &&
         gStockItem->InitConnect(connection->ConnectionString()))
         gStockList->InitConnection(connection->ConnectionString());
-    gConnection = connection;
+    gConnection = gCurrentUser->SQLConnection();
     // Kept: a second time where the step before went well, and the first time where it stopped early.
     gStockItem->InitConnect(gConnection->ConnectionString());
 }
@@ -152,6 +146,10 @@ void frmMain::OpenPostCharges(const QString& patientType) {
     Screens::Get<frmPostCharges>().Show();
 }
 
+void frmMain::OpenSearchPatient() {
+    Screens::Get<frmSearchPatient>().Show();
+}
+
 void frmMain::mnuAssessment_Click() {}
 
 void frmMain::mnuInTransactionEntry_Click() {
@@ -187,7 +185,9 @@ void frmMain::mSetup_Click() {
 }
 
 void frmMain::mnuAbout_Click() {
-    Screens::Get<frmAbout>().Show();
+    auto& about = Screens::Get<frmAbout>();
+    about.FadeIn();
+    about.Show();
 }
 
 void frmMain::Toolbar1_ButtonClick(const QString& key) {

@@ -16,17 +16,18 @@ class frmMain : public QMainWindow, private Workspace {
     frmMain();
     ~frmMain() override;
 
-    /// Makes the main window, shows it and runs its load. False when nobody signed on; the window is gone
+    /// Makes the main window, shows it and runs its load. False when nobody signed on; the window is hidden
     /// then.
     static bool Open();
-    /// The main window, null when there is none.
-    static frmMain* Instance();
 
     /// Signs the user on, takes the connection, reads the hospital record and hands the connection to the
     /// components. False when nobody signed on.
     bool Form_Load();
     /// Closes the open screens and the window, and with it the program. Asks nothing.
     void UnloadMain();
+
+    /// Opens the patient finder. Kept: nothing calls it.
+    void OpenSearchPatient();
 
     /// The toolbar's buttons and dropdown items by their keys, compared exactly.
     void Toolbar1_ButtonClick(const QString& key);

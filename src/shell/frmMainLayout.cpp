@@ -50,8 +50,11 @@ constexpr int kMinimumHeight = 560;
 
 void frmMain::Layout() {
     setObjectName(u"frmMain"_s);
+    // Kept: the title that stands until the load has gone through.
     setWindowTitle(u"Orvandelle"_s);
     setMinimumSize(kMinimumWidth, kMinimumHeight);
+    // A menu of the window's own could hide the toolbar.
+    setContextMenuPolicy(Qt::NoContextMenu);
     mArea = new QMdiArea(this);
     mArea->setObjectName(u"Area"_s);
     mArea->setBackground(palette().color(QPalette::Window).darker(106));
@@ -136,6 +139,8 @@ void frmMain::LayoutStatusBar() {
     statusBar()->setObjectName(u"sbStatusBar"_s);
     mPanel1 = new StatusPanel(StatusPanel::Style::Text, u"Status"_s, this);
     mPanel1->SetText(u"Status"_s);
+    // Kept: the load gives the next two panels the user's initial and name, and both go on showing date and
+    // time.
     mPanel2 = new StatusPanel(StatusPanel::Style::Date, u"Panel2"_s, this);
     mPanel3 = new StatusPanel(StatusPanel::Style::Time, u"Panel3"_s, this);
     statusBar()->addWidget(mPanel1, 1);

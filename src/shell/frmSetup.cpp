@@ -1,6 +1,5 @@
 #include "shell/frmSetup.h"
 
-#include "gateway/RunTimeError.h"
 #include "shell/ConfigFile.h"
 #include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
@@ -11,6 +10,8 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
+
+#include <exception>
 
 using namespace Qt::StringLiterals;
 
@@ -71,7 +72,8 @@ void frmSetup::cmdOK_Click() {
         AppendConfigValue(u"DeptCode"_s, txtDeptCode->text());
         AppendConfigValue(u"DeptDesc"_s, txtDeptDesc->text());
         Unload();
-    } catch (const RunTimeError& error) {
-        MsgBox({.text = error.Description() + u"Cannot Save. You may not have rights. "_s});
+    } catch (const std::exception& error) {
+        // Kept: nothing stands between the two texts, and the second one ends with a blank.
+        MsgBox({.text = QString::fromUtf8(error.what()) + u"Cannot Save. You may not have rights. "_s});
     }
 }

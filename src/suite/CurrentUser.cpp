@@ -41,6 +41,7 @@ void CurrentUser::ShowMain() {
     mUser = dialog.TakeUser();
     mPassword = dialog.TakePassword();
     mSourceName = dialog.SourceName();
+    // A convenience: where it cannot be written, the next sign-on begins with the first data source.
     Remembered().setValue(kDataSourceSetting, mSourceName);
     SetLiveConnection(mUser->connection.get());
 }

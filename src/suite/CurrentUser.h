@@ -11,7 +11,8 @@
 class DataSource;
 
 /// The session component: shows the sign-on window over the hospital's data sources, keeps the connection
-/// and, in memory alone, the logon for the reports.
+/// and, in memory alone, the logon for the reports. Of the logon only the data source's name outlives the
+/// run: it is remembered for the next sign-on.
 class CurrentUser : public clsCurrentUser {
   public:
     explicit CurrentUser(std::vector<std::unique_ptr<DataSource>> sources);

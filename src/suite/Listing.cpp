@@ -10,6 +10,7 @@ using namespace Qt::StringLiterals;
 
 /// Where the rows of a listing come from and how its list looks.
 struct Listing::Source {
+    int kind;
     QString title;
     /// Ends so that " AND …" can follow.
     QString command;
@@ -17,11 +18,50 @@ struct Listing::Source {
     QString order;
     std::vector<PickColumn> columns;
 
+    static const std::vector<Source>& All();
+
     QString ByCode(const QString& code) const {
         return command + u" AND "_s + codeField + u" = "_s + SqlLiteral(code);
     }
-    QString All() const { return command + u" ORDER BY "_s + order; }
+    QString Ordered() const { return command + u" ORDER BY "_s + order; }
 };
+
+const std::vector<Listing::Source>& Listing::Source::All() {
+    static const std::vector<Source> sources = {
+        {ListingKind::kAddress,
+         u"Addresses"_s,
+         u"SELECT ZipCode, Town, Province FROM build_file..tbCoAddress WHERE ZipCode <> ''"_s,
+         u"ZipCode"_s,
+         u"Town, Province"_s,
+         {{u"Code"_s, 1000, u"ZipCode"_s},
+          {u"Town"_s, 3000, u"Town"_s},
+          {u"Province"_s, 3000, u"Province"_s}}},
+        {ListingKind::kDoctor,
+         u"Doctors"_s,
+         u"SELECT DoctorID, LastName, FirstName, MiddleName, Specialty FROM build_file..tbCoDoctor WHERE "
+         "DoctorID <> ''"_s,
+         u"DoctorID"_s,
+         u"LastName, FirstName"_s,
+         {{u"Code"_s, 1000, u"DoctorID"_s},
+          {u"Last Name"_s, 2200, u"LastName"_s},
+          {u"First Name"_s, 2200, u"FirstName"_s},
+          {u"Specialty"_s, 2800, u"Specialty"_s}}},
+        {ListingKind::kCivilStatus,
+         u"Civil Status"_s,
+         u"SELECT CivilStatusID, CivilStatus FROM build_file..tbCoCivilStatus WHERE CivilStatusID <> ''"_s,
+         u"CivilStatusID"_s,
+         u"CivilStatusID"_s,
+         {{u"Code"_s, 1000, u"CivilStatusID"_s}, {u"Civil Status"_s, 3000, u"CivilStatus"_s}}},
+        {ListingKind::kOtherRevenue,
+         u"Services"_s,
+         u"SELECT ItemID, OtherRevenue, RateA, RateB, RateC, RateD, RateE, RateF, RateG, RateH FROM "
+         "build_file..tbCoOtherRevenue WHERE RevenueID = "_s,
+         u"ItemID"_s,
+         u"OtherRevenue"_s,
+         {{u"Code"_s, 1200, u"ItemID"_s}, {u"Service"_s, 5200, u"OtherRevenue"_s}}},
+    };
+    return sources;
+}
 
 void Listing::Initialize_Classes() {
     mDoctor = {};
@@ -31,42 +71,15 @@ void Listing::Initialize_Classes() {
 }
 
 Listing::Source Listing::SourceOf(int kind) const {
-    switch (kind) {
-    case ListingKind::kAddress:
-        return {u"Addresses"_s,
-                u"SELECT ZipCode, Town, Province FROM build_file..tbCoAddress WHERE ZipCode <> ''"_s,
-                u"ZipCode"_s,
-                u"Town, Province"_s,
-                {{u"Code"_s, 1000, u"ZipCode"_s},
-                 {u"Town"_s, 3000, u"Town"_s},
-                 {u"Province"_s, 3000, u"Province"_s}}};
-    case ListingKind::kDoctor:
-        return {
-            u"Doctors"_s,
-            u"SELECT DoctorID, LastName, FirstName, MiddleName, Specialty FROM build_file..tbCoDoctor WHERE "
-            "DoctorID <> ''"_s,
-            u"DoctorID"_s,
-            u"LastName, FirstName"_s,
-            {{u"Code"_s, 1000, u"DoctorID"_s},
-             {u"Last Name"_s, 2200, u"LastName"_s},
-             {u"First Name"_s, 2200, u"FirstName"_s},
-             {u"Specialty"_s, 2800, u"Specialty"_s}}};
-    case ListingKind::kCivilStatus:
-        return {
-            u"Civil Status"_s,
-            u"SELECT CivilStatusID, CivilStatus FROM build_file..tbCoCivilStatus WHERE CivilStatusID <> ''"_s,
-            u"CivilStatusID"_s,
-            u"CivilStatusID"_s,
-            {{u"Code"_s, 1000, u"CivilStatusID"_s}, {u"Civil Status"_s, 3000, u"CivilStatus"_s}}};
-    default:
-        return {u"Services"_s,
-                u"SELECT ItemID, OtherRevenue, RateA, RateB, RateC, RateD, RateE, RateF, RateG, RateH FROM "
-                "build_file..tbCoOtherRevenue WHERE RevenueID = "_s +
-                    SqlLiteral(mOtherSectionID),
-                u"ItemID"_s,
-                u"OtherRevenue"_s,
-                {{u"Code"_s, 1200, u"ItemID"_s}, {u"Service"_s, 5200, u"OtherRevenue"_s}}};
+    for (Source source : Source::All()) {
+        if (source.kind != kind)
+            continue;
+        // Services are those of the section in hand.
+        if (kind == ListingKind::kOtherRevenue)
+            source.command += SqlLiteral(mOtherSectionID);
+        return source;
     }
+    throw RunTime::Error(RunTime::kSubscriptOutOfRange);
 }
 
 CommandGateway& Listing::Connection() const {
@@ -85,7 +98,7 @@ bool Listing::SearchListing(QString& code, int kind) {
             return true;
         }
     }
-    RowSet rows = Connection().Execute(source.All());
+    RowSet rows = Connection().Execute(source.Ordered());
     const auto data = rows.Data();
     if (kind == ListingKind::kOtherRevenue && !code.isEmpty() &&
         !AnyRowMatches(*data, source.columns, code) && IsStockText(code))
@@ -119,7 +132,7 @@ void Listing::Take(int kind, const RowSet& row) {
     case ListingKind::kCivilStatus:
         mCivilStatus = {text(u"CivilStatusID"), text(u"CivilStatus")};
         break;
-    default:
+    case ListingKind::kOtherRevenue:
         mOtherRevenue.ResultCode = text(u"ItemID");
         mOtherRevenue.OtherRevenue = text(u"OtherRevenue");
         for (size_t i = 0; i < mOtherRevenue.Rates.size(); ++i)

@@ -6,10 +6,12 @@
 /// status.
 class Listing : public clsListing {
   public:
-    void SetMTS_Server(const QString& server) override { mServer = server; }
-    void SetSearchMode(bool search) override { mSearchMode = search; }
+    // Every list is searched, on the workstation itself, whatever the company: the three setters with nothing
+    // in them are part of the contract alone.
+    void SetMTS_Server(const QString&) override {}
+    void SetSearchMode(bool) override {}
     void SetConnection(CommandGateway* connection) override { mConnection = connection; }
-    void SetCompanyName(const QString& name) override { mCompanyName = name; }
+    void SetCompanyName(const QString&) override {}
     void SetOtherSectionID(const QString& section) override { mOtherSectionID = section; }
     void Initialize_Classes() override;
 
@@ -30,10 +32,7 @@ class Listing : public clsListing {
     bool IsStockText(const QString& text) const;
     void Take(int kind, const class RowSet& row);
 
-    QString mServer;
-    bool mSearchMode = false;
     CommandGateway* mConnection = nullptr;
-    QString mCompanyName;
     QString mOtherSectionID;
     DoctorListing mDoctor;
     OtherRevenueListing mOtherRevenue;

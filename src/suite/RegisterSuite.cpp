@@ -14,6 +14,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The suite runs inside the program; there is no remote server that a component could be made on.
+template <class Made> void Register(const QString& className) {
+    RegisterComponent(className, [](const QString&) { return std::make_shared<Made>(); });
+}
+
+/// Seconds that a report's query may take: as long as any other command of the workstation.
+constexpr int kReportTimeout = 120;
+
 /// For the components that a start needs and nothing uses.
 class OnlyCreated : public Component {};
 
@@ -28,16 +36,13 @@ std::vector<std::unique_ptr<DataSource>> DataSources(const QString& dataFolder) 
     return sources;
 }
 
-template <class Made> void Register(const QString& className) {
-    RegisterComponent(className, [] { return std::make_shared<Made>(); });
-}
-
 std::unique_ptr<CommandGateway> ConnectReport(const QString& dataFolder, const ReportLogOn& logOn) {
     for (const auto& source : DataSources(dataFolder)) {
         if (source->Name() != logOn.server)
             continue;
         auto connection = LogOn(*source, logOn.user, logOn.password);
         connection->SetDefaultDatabase(logOn.database);
+        connection->SetCommandTimeout(kReportTimeout);
         return connection;
     }
     throw RunTimeError(RunTime::kItemNotFound, u"There is no data source '%1'."_s.arg(logOn.server));
@@ -46,8 +51,9 @@ std::unique_ptr<CommandGateway> ConnectReport(const QString& dataFolder, const R
 } // namespace
 
 void RegisterSuite(const QString& dataFolder) {
-    RegisterComponent(u"TARVEN_User.clsCurrentUser"_s,
-                      [dataFolder] { return std::make_shared<CurrentUser>(DataSources(dataFolder)); });
+    RegisterComponent(u"TARVEN_User.clsCurrentUser"_s, [dataFolder](const QString&) {
+        return std::make_shared<CurrentUser>(DataSources(dataFolder));
+    });
     Register<StockItem>(u"StockItemLib.clsStockItem"_s);
     Register<OnlyCreated>(u"ResultViewLib.clsResultView"_s);
     Register<PersonFinder>(u"PersonFinderLib.clsPersonFinder"_s);

@@ -51,6 +51,19 @@ void SignOnDialog::Layout() {
     lblProblem->setWordWrap(true);
     lblProblem->setStyleSheet(u"color: #a3262b; font-weight: bold;"_s);
     lblProblem->hide();
+
+    auto* grid = new QGridLayout(this);
+    grid->setColumnMinimumWidth(1, TwipsToPixels(kWidth));
+    AddLabelled(*grid, 0, 0, u"&User"_s, txtUser);
+    AddLabelled(*grid, 1, 0, u"&Password"_s, txtPassword);
+    AddLabelled(*grid, 2, 0, u"&Data source"_s, cmbDataSource);
+    grid->addWidget(lblHint, 3, 1);
+    grid->addWidget(lblProblem, 4, 0, 1, 2);
+    grid->addLayout(LayoutButtons(), 5, 0, 1, 2);
+    txtUser->setFocus();
+}
+
+QLayout* SignOnDialog::LayoutButtons() {
     cmdMakeAnew = new QPushButton(u"Make the trial hospital &anew..."_s, this);
     cmdMakeAnew->setObjectName(u"cmdMakeAnew"_s);
     cmdMakeAnew->setAutoDefault(false);
@@ -60,21 +73,12 @@ void SignOnDialog::Layout() {
     cmdCancel = new QPushButton(u"&Cancel"_s, this);
     cmdCancel->setObjectName(u"cmdCancel"_s);
     cmdCancel->setAutoDefault(false);
-
-    auto* grid = new QGridLayout(this);
-    grid->setColumnMinimumWidth(1, TwipsToPixels(kWidth));
-    AddLabelled(*grid, 0, 0, u"&User"_s, txtUser);
-    AddLabelled(*grid, 1, 0, u"&Password"_s, txtPassword);
-    AddLabelled(*grid, 2, 0, u"&Data source"_s, cmbDataSource);
-    grid->addWidget(lblHint, 3, 1);
-    grid->addWidget(lblProblem, 4, 0, 1, 2);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(cmdMakeAnew);
     buttons->addStretch();
     buttons->addWidget(cmdOK);
     buttons->addWidget(cmdCancel);
-    grid->addLayout(buttons, 5, 0, 1, 2);
-    txtUser->setFocus();
+    return buttons;
 }
 
 void SignOnDialog::Wire() {

@@ -10,6 +10,7 @@
 class DataSource;
 class QComboBox;
 class QLabel;
+class QLayout;
 class QLineEdit;
 class QPushButton;
 
@@ -31,6 +32,7 @@ class SignOnDialog : public QDialog {
 
   private:
     void Layout();
+    QLayout* LayoutButtons();
     void Wire();
 
     void cmbDataSource_Change();

@@ -8,12 +8,12 @@ class CommandGateway;
 class StockList : public clsStockList {
   public:
     bool InitConnection(const QString& connectionString) override;
-    void SetDrugsORCSR(bool drugs) override { mDrugs = drugs; }
+    // The section given to ShowList decides what is listed.
+    void SetDrugsORCSR(bool) override {}
     QString ShowList(const QString& text, bool flag, const QString& section) override;
 
   private:
     CommandGateway& Connection() const;
 
     CommandGateway* mConnection = nullptr;
-    bool mDrugs = true;
 };

@@ -1,8 +1,8 @@
 #include "suite/TrialHospital.h"
 
 #include "gateway/embedded/HospitalFile.h"
-#include "gateway/RunTimeError.h"
 #include "hospital/HospitalScripts.h"
+#include "toolkit/ProgramFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -17,9 +17,7 @@ const QString kFileName = u"trial-hospital.db"_s;
 void RemoveOrRaise(const QString& path) {
     QFile file(path);
     if (file.exists() && !file.remove())
-        throw RunTimeError(
-            RunTime::kPathFileAccess,
-            u"%1: %2 (%3)"_s.arg(RunTime::TextOf(RunTime::kPathFileAccess), path, file.errorString()));
+        throw FileError(path, file.errorString());
 }
 
 } // namespace
@@ -44,8 +42,7 @@ bool TrialHospital::NeedsMaking() const {
 void TrialHospital::Make(const MakingProgress& progress) {
     const QString folder = QFileInfo(mPath).path();
     if (!QDir().mkpath(folder))
-        throw RunTimeError(RunTime::kPathFileAccess,
-                           u"%1: %2"_s.arg(RunTime::TextOf(RunTime::kPathFileAccess), folder));
+        throw FileError(folder);
     // The journal goes first: left behind, it would be taken for the new file's.
     for (const QString& ending : {u"-wal"_s, u"-shm"_s, QString()})
         RemoveOrRaise(mPath + ending);

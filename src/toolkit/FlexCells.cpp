@@ -172,6 +172,9 @@ void FlexCells::SetHeaderBold(int col, bool bold) {
 void FlexCells::SetAlignment(int col, Qt::Alignment alignment) {
     CheckCol(col);
     mColumns[size_t(col)].alignment = alignment;
+    Q_EMIT headerDataChanged(Qt::Horizontal, qMax(col - 1, 0), qMax(col - 1, 0));
+    if (col > 0 && mRows > 1)
+        Q_EMIT dataChanged(index(0, col - 1), index(mRows - 2, col - 1), {Qt::TextAlignmentRole});
 }
 
 Qt::Alignment FlexCells::AlignmentOf(int row, int col) const {

@@ -44,9 +44,8 @@ class FlexCells : public QAbstractTableModel {
     /// Shows the rows of a result: one column more than it has fields, one row more than it has rows, the
     /// field names as headers where the format string gives none. The current cell becomes the first one.
     void Bind(std::shared_ptr<const RowData> rows);
-    /// Header texts and alignments in the run-time's form: columns parted by "|", each text led by "<"
-    /// (left),
-    /// "^" (centre) or ">" (right). Grows the grid to as many columns.
+    /// Header texts and alignments in the run-time's form: columns parted by "|", each text led by "<" for
+    /// left, "^" for the centre or ">" for right. Grows the grid to as many columns.
     void SetFormatString(const QString& format);
 
     void SetHeaderBold(int col, bool bold);

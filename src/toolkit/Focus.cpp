@@ -3,14 +3,18 @@
 #include <QApplication>
 #include <QHash>
 #include <QMessageBox>
-#include <QPointer>
 #include <QWidget>
+
+#include <algorithm>
+#include <vector>
 
 namespace {
 
 /// The one place where the program's GotFocus is told from the window system's focus events.
 class FocusTracker : public QObject {
   public:
+    using Hold = HeldGotFocus::Hold;
+
     static FocusTracker& Instance() {
         // Lives as long as the application object whose focus it follows.
         static QPointer<FocusTracker> tracker;
@@ -20,37 +24,31 @@ class FocusTracker : public QObject {
     }
 
     void Watch(QWidget* control, std::function<void()> handler) {
-        connect(control, &QObject::destroyed, this, [this, control] { mHandlers.remove(control); });
-        mHandlers.insert(control, std::move(handler));
+        if (!mHandlers.contains(control))
+            connect(control, &QObject::destroyed, this, [this, control] { mHandlers.remove(control); });
+        mHandlers[control] = std::move(handler);
     }
 
-    void Hold(QWidget* control) {
-        mHeld = control;
-        mHeldIsDue = false;
-    }
+    void Begin(Hold& hold) { mHolds.push_back(&hold); }
 
-    void Release(bool raise) {
-        const QPointer<QWidget> control = mHeld;
-        mHeld = nullptr;
-        if (raise && control && mHeldIsDue && mLast == control)
-            Raise(control);
+    void End(Hold& hold, bool raise) {
+        std::erase(mHolds, &hold);
+        if (raise && hold.isDue && hold.control && mLast == hold.control)
+            Tell(hold.control);
     }
 
     void Arrived(QWidget* control) {
         if (!control || qobject_cast<QMessageBox*>(control->window()) || control == mLast)
             return;
         mLast = control;
-        if (control == mHeld)
-            mHeldIsDue = true;
-        else
-            Raise(control);
+        Tell(control);
     }
 
     QWidget* Last() const { return mLast; }
 
     void Reset() {
         mLast = nullptr;
-        mHeld = nullptr;
+        mHolds.clear();
     }
 
   private:
@@ -59,16 +57,23 @@ class FocusTracker : public QObject {
         connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { Arrived(now); });
     }
 
-    void Raise(QWidget* control) {
-        const auto handler = mHandlers.constFind(control);
-        if (handler != mHandlers.constEnd())
-            (*handler)();
+    /// Raises the GotFocus, or leaves it to the innermost hold of the control.
+    void Tell(QWidget* control) {
+        const auto hold = std::find_if(mHolds.rbegin(), mHolds.rend(),
+                                       [control](const Hold* held) { return held->control == control; });
+        if (hold != mHolds.rend()) {
+            (*hold)->isDue = true;
+            return;
+        }
+        // A copy: the handler may load a screen, whose controls come into the same table.
+        if (const std::function<void()> handler = mHandlers.value(control))
+            handler();
     }
 
     QHash<QObject*, std::function<void()>> mHandlers;
     QPointer<QWidget> mLast;
-    QPointer<QWidget> mHeld;
-    bool mHeldIsDue = false;
+    /// The holds that live, the innermost last.
+    std::vector<Hold*> mHolds;
 };
 
 } // namespace
@@ -77,18 +82,17 @@ void OnGotFocus(QWidget* control, std::function<void()> handler) {
     FocusTracker::Instance().Watch(control, std::move(handler));
 }
 
-HeldGotFocus::HeldGotFocus(QWidget* control) {
-    FocusTracker::Instance().Hold(control);
+HeldGotFocus::HeldGotFocus(QWidget* control)
+    : mHold{control} {
+    FocusTracker::Instance().Begin(mHold);
 }
 
 HeldGotFocus::~HeldGotFocus() {
-    if (!mReleased)
-        FocusTracker::Instance().Release(false);
+    FocusTracker::Instance().End(mHold, false);
 }
 
 void HeldGotFocus::Release() {
-    mReleased = true;
-    FocusTracker::Instance().Release(true);
+    FocusTracker::Instance().End(mHold, true);
 }
 
 void FocusReturned(QWidget* control) {

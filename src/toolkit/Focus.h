@@ -1,16 +1,20 @@
 #pragma once
 
-#include <functional>
+#include <QPointer>
+#include <QWidget>
 
-class QWidget;
+#include <functional>
 
 /// Raises GotFocus on the control by the run-time's rule: when the focus comes to it from another control or
 /// from another screen of the program, the return from a modal screen included. A message box that closes and
 /// another program's window that is left raise nothing.
+///
+/// A control has one handler; another one takes the place of the first.
 void OnGotFocus(QWidget* control, std::function<void()> handler);
 
 /// Holds back the GotFocus of one control while it lives. A grid that is clicked takes the focus first and
-/// tells of its new cell before its own GotFocus.
+/// tells of its new cell before its own GotFocus. Holds may nest, when a handler opens a screen with a grid
+/// of its own.
 class HeldGotFocus {
   public:
     explicit HeldGotFocus(QWidget* control);
@@ -21,8 +25,13 @@ class HeldGotFocus {
     /// Ends the hold and raises the GotFocus that came meanwhile, unless the focus has moved on.
     void Release();
 
+    struct Hold {
+        QPointer<QWidget> control;
+        bool isDue = false;
+    };
+
   private:
-    bool mReleased = false;
+    Hold mHold;
 };
 
 /// The focus was given back to the control by the program itself, after a modal window; the window system may

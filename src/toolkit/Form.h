@@ -33,9 +33,11 @@ class Form : public QWidget {
     /// Places the screen inside the main window, measured in twips from its top left corner.
     void MoveTo(int leftTwips, int topTwips);
 
+    /// Asked by tests only.
     bool IsModal() const { return mModalLoop != nullptr; }
 
-    /// The screen of the program that was activated last and still stands; null when none does.
+    /// The screen of the program that was activated last and still stands; null when none does. Asked by
+    /// tests only.
     static Form* Active();
 
   protected:

@@ -8,6 +8,7 @@
 #include <QObject>
 #include <QWidget>
 
+#include <algorithm>
 #include <vector>
 
 namespace {
@@ -76,10 +77,8 @@ class KeyFilter : public QObject {
         // Tab belongs to the screen, which moves the focus; no control hears of it.
         if (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab)
             return false;
-        for (const KeyDownHandler& handler : mDownHandlers) {
-            if (handler(KeyCodeOf(event)))
-                return true;
-        }
+        if (KeptByDown(KeyCodeOf(event)))
+            return true;
         const int before = CharacterOf(event);
         const int after = before == 0 ? 0 : Pressed(before);
         if (after == before)
@@ -92,11 +91,14 @@ class KeyFilter : public QObject {
         return true;
     }
 
-    /// An accented letter may arrive composed, as a text to commit instead of a key.
+    /// An accented letter may arrive composed, as a text to commit instead of a key. Each of its characters
+    /// passes the handlers as a key of its own.
     bool TextComposed(QInputMethodEvent& event) {
-        const QString before = event.commitString();
+        const QString& before = event.commitString();
         QString after;
         for (const QChar c : before) {
+            if (KeptByDown(0))
+                continue;
             if (const int key = Pressed(c.unicode()); key != 0)
                 after += QChar(key);
         }
@@ -106,6 +108,11 @@ class KeyFilter : public QObject {
         changed.setCommitString(after, event.replacementStart(), event.replacementLength());
         Resend(changed);
         return true;
+    }
+
+    bool KeptByDown(int keyCode) const {
+        return std::any_of(mDownHandlers.begin(), mDownHandlers.end(),
+                           [keyCode](const KeyDownHandler& handler) { return handler(keyCode); });
     }
 
     int Pressed(int key) const {

@@ -6,7 +6,6 @@ class QWidget;
 
 /// The codes of the keys that handlers ask for by number.
 namespace Key {
-constexpr int kBackspace = 8;
 constexpr int kEnter = 13;
 constexpr int kEscape = 27;
 /// Key codes of KeyDown, which tells keys and not characters.
@@ -26,7 +25,8 @@ using KeyDownHandler = std::function<bool(int keyCode)>;
 /// function keys are no characters. Handlers of one control run in the order in which they were added.
 void OnKeyPress(QWidget* control, KeyPressHandler handler);
 
-/// Calls the handler for each key going down, before the KeyPress handlers.
+/// Calls the handler for each key going down, before the KeyPress handlers. A character that an input method
+/// composes comes as 0.
 void OnKeyDown(QWidget* control, KeyDownHandler handler);
 
 /// The common KeyPress handler of name boxes: each key becomes its upper-case form.

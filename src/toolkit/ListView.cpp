@@ -62,8 +62,9 @@ void ListRows::ClearRows() {
 }
 
 void ListRows::Sort(size_t column, Qt::SortOrder order) {
-    if (!mRows || column >= mColumns.size())
+    if (!mRows)
         return;
+    CheckColumn(column);
     Q_EMIT layoutAboutToBeChanged();
     const std::vector<quint32> before = mOrder;
     std::iota(mOrder.begin(), mOrder.end(), 0);
@@ -75,6 +76,11 @@ void ListRows::Sort(size_t column, Qt::SortOrder order) {
     Q_EMIT layoutChanged();
 }
 
+void ListRows::CheckColumn(size_t column) const {
+    if (column >= mColumns.size())
+        throw RunTime::Error(RunTime::kSubscriptOutOfRange);
+}
+
 void ListRows::KeepPersistentIndexes(const std::vector<quint32>& before) {
     std::vector<int> rowOf(mOrder.size());
     for (size_t row = 0; row < mOrder.size(); ++row)
@@ -84,6 +90,7 @@ void ListRows::KeepPersistentIndexes(const std::vector<quint32>& before) {
 }
 
 QString ListRows::Text(int row, int column) const {
+    CheckColumn(size_t(column));
     return ValueAt(mOrder[size_t(row)], size_t(column)).TextOrEmpty();
 }
 
@@ -178,8 +185,8 @@ QString ListView::SelectedSubItem(int column) const {
 }
 
 void ListView::SetSortKey(int column) {
-    mSortKey = column;
     mModel->Sort(size_t(column), mSortOrder);
+    mSortKey = column;
     horizontalHeader()->setSortIndicatorShown(true);
     horizontalHeader()->setSortIndicator(column, mSortOrder);
     scrollTo(currentIndex());

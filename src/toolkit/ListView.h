@@ -22,12 +22,13 @@ class ListRows : public QAbstractTableModel {
     void SetRows(std::shared_ptr<const RowData> rows, std::vector<size_t> columns);
     void ClearRows();
     /// Sorts by one column, keeping rows that are equal in their order. Dates go by time, numbers by size,
-    /// all else by text.
+    /// all else by text. Raises 9 for a column that the rows do not have.
     void Sort(size_t column, Qt::SortOrder order);
     void SetRowIcon(const QIcon& icon) { mIcon = icon; }
     /// Decimals show as amounts, "1,250.50", aligned on the right; they read as they are.
     void ShowAmounts() { mShowAmounts = true; }
 
+    /// Raises 9 for a column that the rows do not have.
     QString Text(int row, int column) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -36,6 +37,7 @@ class ListRows : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
+    void CheckColumn(size_t column) const;
     /// The selected row stays the same record when the order changes.
     void KeepPersistentIndexes(const std::vector<quint32>& before);
     const Value& ValueAt(size_t row, size_t column) const { return mRows->Cell(row, mColumns[column]); }
@@ -69,13 +71,15 @@ class ListView : public QTableView {
 
     /// The selected row's first cell. Raises 91 when no row is selected, as in an empty list.
     QString SelectedText() const { return SelectedSubItem(0); }
-    /// The selected row's cell in a column counted from 0, the row's text being 0. Raises 91 likewise.
+    /// The selected row's cell in a column counted from 0, the row's text being 0. Raises 91 likewise, and 9
+    /// for a column that the rows do not have.
     QString SelectedSubItem(int column) const;
 
     Qt::SortOrder SortOrder() const { return mSortOrder; }
     /// Takes effect with the next SetSortKey.
     void SetSortOrder(Qt::SortOrder order) { mSortOrder = order; }
-    /// Sorts by the column, counted from 0, in the sort order.
+    /// Sorts by the column, counted from 0, in the sort order. Raises 9 for a column that the rows do not
+    /// have; before there are rows, they raise it when they come.
     void SetSortKey(int column);
 
     void keyboardSearch(const QString&) override {}

@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 QString replacedDirectory;
@@ -49,4 +51,11 @@ QString ResolveFile(const QString& path) {
     for (const QString& name : names)
         found = FindEntry(found, name);
     return found;
+}
+
+RunTimeError FileError(const QString& path, const QString& reason) {
+    QString text = RunTime::TextOf(RunTime::kPathFileAccess) + u": "_s + path;
+    if (!reason.isEmpty())
+        text += u" ("_s + reason + u')';
+    return RunTimeError(RunTime::kPathFileAccess, text);
 }

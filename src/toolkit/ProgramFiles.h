@@ -1,5 +1,7 @@
 #pragma once
 
+#include "gateway/RunTimeError.h"
+
 #include <QString>
 
 /// The directory of the program file, without a slash at its end. tarvenaux.ini and Reports/ stand in it.
@@ -12,3 +14,6 @@ void SetProgramDirectory(const QString& directory);
 /// letter case: both slashes part folders, and where no file bears the name to the letter, one that differs
 /// in letter case alone is found. A file that does not exist keeps the name that was asked for.
 QString ResolveFile(const QString& path);
+
+/// The run-time's error 75 for a file or folder, with its path and the system's reason in the text.
+RunTimeError FileError(const QString& path, const QString& reason = {});

@@ -78,6 +78,20 @@ TEST_P(GridFocusTest, ClickTellsOfTheNewCellBeforeItsEmptinessIsAsked) {
     ExpectOpen(1, 1);
 }
 
+TEST_P(GridFocusTest, ArrowFromTheParticularIntoAnEmptyCellOpensTheDepartment) {
+    PutLine(1, u"XR"_s, u"Y"_s);
+    Put(1, Column::kParticular, u"CHEST"_s);
+    Put(1, 4, u""_s);
+    ClickCell(1, 2);
+    ClickCell(1, Column::kParticular);
+    ASSERT_TRUE(grid.hasFocus());
+    Press(grid, Qt::Key_Right);
+    ExpectOpen(1, 1);
+    Key(u"hc"_s);
+    EXPECT_EQ(At(1, 1), u"HC"_s);
+    EXPECT_EQ(At(1, 4), u""_s);
+}
+
 TEST_P(GridFocusTest, PriceReachedByEnterStaysOpen) {
     for (const QString& zeroPrice : {u"N"_s, u"Y"_s}) {
         PutLine(1, u"XR"_s, zeroPrice);
@@ -169,6 +183,40 @@ TEST_F(PostGridTest, DownOntoTheClosedAmountOfAnHCLineLeavesTheEditor) {
     EXPECT_EQ(Place(), std::pair(2, Column::kAmount));
     EXPECT_EQ(editor.geometry(), CellPlace(1, Column::kAmount));
     EXPECT_EQ(At(2, Column::kAmount), u"101.00"_s);
+}
+
+TEST_F(PostGridTest, WhatIsTypedOverTheClosedAmountGoesIntoIt) {
+    PutLine(1, u"XR"_s, u"Y"_s);
+    PutLine(2, u"HC"_s, u"Y"_s);
+    ClickCell(1, Column::kAmount);
+    Press(editor, Qt::Key_Down);
+    Key(u"5"_s);
+    EXPECT_EQ(At(2, Column::kAmount), editor.text());
+    EXPECT_TRUE(editor.text().contains(u'5'));
+    EXPECT_EQ(At(1, Column::kAmount), u"101.00"_s);
+}
+
+TEST_F(PostGridTest, EditorOfACutLineComesToTheDepartmentOfAnHCLineWhoseAmountIsClosed) {
+    cells.SetRows(12);
+    PutLine(8, u"HC"_s, u"Y"_s);
+    PutLine(11, u"XR"_s, u"Y"_s);
+    ClickCell(11, Column::kAmount);
+    charges->SetupGrid();
+    EXPECT_EQ(Place(), std::pair(8, 1));
+    ExpectOver(8, 1, Qt::AlignLeft);
+    Key(u"x"_s);
+    EXPECT_EQ(At(8, Column::kAmount), u"101.00"_s);
+}
+
+TEST_F(PostGridTest, EditorOfACutLineComesToTheAmountOfAnotherLine) {
+    cells.SetRows(12);
+    PutLine(8, u"XR"_s, u"Y"_s);
+    PutLine(11, u"HC"_s, u"Y"_s);
+    ClickCell(11, 1);
+    cells.SetCol(Column::kAmount);
+    charges->SetupGrid();
+    EXPECT_EQ(Place(), std::pair(8, 6));
+    ExpectOver(8, 6, Qt::AlignRight);
 }
 
 TEST_F(PostGridTest, HCCentreWithoutItemsMeetsTheClosedAmount) {

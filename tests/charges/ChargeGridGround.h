@@ -65,6 +65,13 @@ class ChargeGridGround : public ScreenTest {
         EXPECT_TRUE(editor.hasFocus());
     }
 
+    /// The editor lies over that cell and shows its text from that side.
+    void ExpectOver(int row, int col, Qt::Alignment side) const {
+        EXPECT_EQ(editor.geometry(), CellPlace(row, col));
+        EXPECT_EQ(editor.text(), At(row, col));
+        EXPECT_EQ(editor.alignment() & Qt::AlignHorizontal_Mask, side);
+    }
+
     void ClickCell(int row, int col) {
         QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
                           grid.CellRect(row, col).center() - grid.viewport()->pos());

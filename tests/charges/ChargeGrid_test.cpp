@@ -1,11 +1,12 @@
 #include "charges/ChargeGrid.h"
 #include "charges/ChargeGridGround.h"
+#include "charges/frmSearch.h"
 #include "charges/Twins.h"
+#include "charges/WhileModal.h"
 #include "shell/shared.h"
 #include "support/CaseName.h"
 
-#include <QApplication>
-#include <QScrollBar>
+#include <QPushButton>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +17,8 @@ const RevenueCentre kXRay{u"X-RAY"_s, u"XR"_s};
 const RevenueCentre kFees{u"MEDICAL FEE"_s, u"MD"_s, u"N"_s};
 const RevenueCentre kOthers{u"OTHERS"_s, u"OT"_s, u"N"_s};
 
+const Message kSameExam{
+    .text = u"Exam already selected."_s, .icon = MsgIcon::Exclamation, .title = u"Assessment"_s};
 const Message kInputQuantity{.text = u"Input quantity."_s, .icon = MsgIcon::Exclamation};
 
 } // namespace
@@ -25,6 +28,8 @@ class ChargeGridTest : public ChargeGridGround, public testing::WithParamInterfa
   protected:
     ChargeGridTest()
         : ChargeGridGround(*GetParam().differences) {}
+
+    void ExpectHeaders() const;
 };
 
 INSTANTIATE_TEST_SUITE_P(Twins, ChargeGridTest, testing::ValuesIn(kTwins), CaseName());
@@ -38,6 +43,25 @@ TEST_P(ChargeGridTest, FreshGridHasEightLinesOfThirteenColumns) {
 }
 
 TEST_P(ChargeGridTest, HeadersNameTheColumns) {
+    ExpectHeaders();
+}
+
+TEST_P(ChargeGridTest, SettingUpAfterABindingBringsColumnsHeadersAndAlignmentsBack) {
+    cells.Bind(Rows({u"a"_s, u"b"_s, u"c"_s}, {{u"1"_s, u"2"_s, u"3"_s}}));
+    ASSERT_EQ(cells.Cols(), 4);
+    charges->SetupGrid();
+    EXPECT_EQ(cells.Rows(), 9);
+    EXPECT_EQ(cells.Cols(), 13);
+    ExpectHeaders();
+    for (int col = 1; col < 13; ++col) {
+        const auto alignment = cells.headerData(col - 1, Qt::Horizontal, Qt::TextAlignmentRole);
+        EXPECT_EQ(alignment.value<Qt::Alignment>() & Qt::AlignHorizontal_Mask,
+                  col >= 4 && col <= 6 ? Qt::AlignRight : Qt::AlignLeft)
+            << col;
+    }
+}
+
+void ChargeGridTest::ExpectHeaders() const {
     const bool post = differences.quantityCol == 4;
     const std::vector<QString> headers = {u""_s,
                                           u"Department"_s,
@@ -60,24 +84,6 @@ TEST_P(ChargeGridTest, SettingUpAgainKeepsEightLinesAndCutsTheRest) {
     EXPECT_EQ(At(8, 2), u"KEPT"_s);
     cells.SetRows(10);
     EXPECT_EQ(At(9, 2), u""_s);
-}
-
-TEST_P(ChargeGridTest, EditorOfACutLineComesToTheLastOneThatStays) {
-    cells.SetRows(12);
-    Put(8, 1, u"XR"_s);
-    Put(11, 1, u"MD"_s);
-    ClickCell(11, 1);
-    charges->SetupGrid();
-    EXPECT_EQ(Place(), std::pair(8, 1));
-    EXPECT_EQ(editor.geometry(), CellPlace(8, 1));
-    EXPECT_EQ(editor.text(), u"XR"_s);
-    EXPECT_EQ(At(8, 1), u"XR"_s);
-}
-
-TEST_P(ChargeGridTest, EditorIsHiddenUntilACellOpens) {
-    EXPECT_FALSE(editor.isVisible());
-    OpenByFocus(1, 1);
-    ExpectOpen(1, 1);
 }
 
 TEST_P(ChargeGridTest, ClickOpensTheFilledCellUnderIt) {
@@ -143,6 +149,14 @@ TEST_P(ChargeGridTest, UpAndDownMoveOneLineInTheSameColumn) {
     ExpectOpen(1, 2);
 }
 
+TEST_P(ChargeGridTest, DownOntoAPriceOfTheCatalogueStaysThere) {
+    PutLine(1, u"XR"_s, u"Y"_s);
+    PutLine(2, u"XR"_s, u"N"_s);
+    ClickCell(1, differences.priceCol);
+    Press(editor, Qt::Key_Down);
+    ExpectOpen(2, differences.priceCol);
+}
+
 TEST_P(ChargeGridTest, UpOnTheFirstLineAndDownOnTheLastDoNothing) {
     OpenByFocus(1, 2);
     Press(editor, Qt::Key_Up);
@@ -173,42 +187,6 @@ TEST_P(ChargeGridTest, EscapeUndoesNothing) {
     EXPECT_TRUE(editor.hasFocus());
 }
 
-TEST_P(ChargeGridTest, EditorKeepsItsMovingKeysFromTheButtons) {
-    OpenByFocus(1, 1);
-    for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Up, Qt::Key_Down}) {
-        QKeyEvent shortcut(QEvent::ShortcutOverride, key, Qt::NoModifier);
-        shortcut.ignore();
-        QApplication::sendEvent(&editor, &shortcut);
-        EXPECT_TRUE(shortcut.isAccepted()) << key;
-    }
-}
-
-TEST_P(ChargeGridTest, EditorFollowsTheScrolledGrid) {
-    grid.setFixedHeight(110);
-    QApplication::processEvents();
-    OpenByFocus(8, 2);
-    ASSERT_GT(grid.verticalScrollBar()->value(), 0);
-    ExpectOpen(8, 2);
-    grid.verticalScrollBar()->setValue(0);
-    EXPECT_FALSE(frame->rect().intersects(editor.geometry()));
-    EXPECT_TRUE(editor.hasFocus());
-    Key(u"X"_s);
-    EXPECT_EQ(At(8, 2), u"X"_s);
-    grid.verticalScrollBar()->setValue(grid.verticalScrollBar()->maximum());
-    EXPECT_EQ(editor.geometry(), CellPlace(8, 2));
-}
-
-TEST_P(ChargeGridTest, CellThatOpensIsBroughtIntoSight) {
-    grid.setFixedHeight(110);
-    QApplication::processEvents();
-    OpenByFocus(8, Column::kAmount);
-    grid.verticalScrollBar()->setValue(0);
-    // The first Enter at the end of the last line opens the same cell again.
-    Enter();
-    ExpectOpen(8, Column::kAmount);
-    EXPECT_TRUE(grid.geometry().contains(editor.geometry().center()));
-}
-
 TEST_P(ChargeGridTest, UnknownDepartmentIsToldAndTheClerkStaysThere) {
     OpenByFocus(3, 1);
     Key(u"QQ"_s);
@@ -219,6 +197,43 @@ TEST_P(ChargeGridTest, UnknownDepartmentIsToldAndTheClerkStaysThere) {
     ExpectOpen(3, 1);
     EXPECT_EQ(At(3, 1), u"QQ"_s);
     EXPECT_EQ(gLineCount, 0);
+}
+
+TEST_P(ChargeGridTest, RefusedDepartmentLeavesTheOneLastValidated) {
+    OpenByFocus(3, 1);
+    KeyDepartment(kXRay);
+    ClickCell(3, 1);
+    Key(u"QQ"_s);
+    gateway.Expect(ExactRevenueCommand(u"QQ"_s), RevenueRows({}));
+    gateway.Expect(PartialRevenueCommand(u"QQ"_s), RevenueRows({}));
+    messages.Expect({.text = u"Item does not exists."_s, .icon = MsgIcon::Exclamation});
+    Enter();
+    EXPECT_EQ(charges->Lookup().CurrentRevenueID, u"XR"_s);
+    EXPECT_EQ(At(3, 3), u"X-RAY"_s);
+    EXPECT_EQ(gLineCount, 1);
+}
+
+TEST_P(ChargeGridTest, CancelledDepartmentLeavesTheOneLastValidated) {
+    OpenByFocus(3, 1);
+    KeyDepartment(kXRay);
+    ClickCell(3, 1);
+    Key(u"E"_s);
+    gateway.Expect(ExactRevenueCommand(u"E"_s), RevenueRows({}));
+    gateway.Expect(PartialRevenueCommand(u"E"_s), RevenueRows({kEarCare}));
+    gateway.Expect(u"Clinical_Area..spEarCare_SearchRevenue '0','E'"_s, RevenueRows({kEarCare}));
+    bool opened = false;
+    WhileModal([&opened](Form& picker) {
+        opened = true;
+        Click(Find<QPushButton>(picker, "cmdCancel"));
+    });
+    Enter();
+    EXPECT_TRUE(opened);
+    EXPECT_EQ(charges->Lookup().CurrentRevenueID, u"XR"_s);
+    EXPECT_EQ(At(3, 1), u"E"_s);
+    EXPECT_EQ(At(3, 3), u"X-RAY"_s);
+    EXPECT_EQ(gLineCount, 1);
+    EXPECT_EQ(Place(), std::pair(3, 1));
+    frmSearch::ResetMembers();
 }
 
 TEST_P(ChargeGridTest, AcceptedDepartmentFillsTheLineAndOpensTheCode) {
@@ -282,6 +297,29 @@ TEST_P(ChargeGridTest, CodeFoundNowhereStaysOpen) {
     EXPECT_EQ(Place(), std::pair(1, 2));
     EXPECT_EQ(editor.text(), u"QQ"_s);
     EXPECT_TRUE(editor.hasFocus());
+}
+
+TEST_P(ChargeGridTest, ExamThatStandsOnAnotherLineEmptiesTheCodeAndOpensItAgain) {
+    PutLine(4, u"XR"_s, u"N"_s);
+    Put(4, 2, u"S1"_s);
+    OpenByFocus(1, 1);
+    KeyDepartment(kXRay);
+    messages.Expect(kSameExam);
+    KeyService();
+    ExpectOpen(1, 2);
+    EXPECT_EQ(At(1, 2), u""_s);
+    EXPECT_EQ(At(1, 3), u"X-RAY"_s);
+    EXPECT_EQ(At(1, differences.priceCol), u""_s);
+}
+
+TEST_P(ChargeGridTest, AnyOtherTextIsAQuantity) {
+    for (const QString& text : {u"1"_s, u"1.2.3"_s, u"quantity"_s, u" "_s}) {
+        PutLine(1, u"XR"_s, u"Y"_s);
+        ClickCell(1, differences.quantityCol);
+        editor.setText(text);
+        Enter();
+        EXPECT_EQ(Place(), std::pair(1, differences.quantityCol + 1)) << text.toStdString();
+    }
 }
 
 TEST_P(ChargeGridTest, EmptyQuantityIsToldAndOpenedAgain) {

@@ -2,6 +2,7 @@
 #include "charges/clsRevenueCode.h"
 #include "charges/RevenueRows.h"
 #include "charges/Twins.h"
+#include "gateway/RunTimeError.h"
 #include "support/CaseName.h"
 #include "support/ScreenTest.h"
 #include "toolkit/FlexCells.h"
@@ -169,7 +170,7 @@ TEST_P(BothScreensTest, NextCellGoesThroughTheOpenColumnsAndToTheNextLine) {
     }
     EXPECT_EQ(columns, (std::vector<int>{1, 2, 4, 5, 6}));
     EXPECT_EQ(ground.Place(), (std::pair(2, 1)));
-    EXPECT_FALSE(ground.lines.IsLastRowArmed());
+    EXPECT_FALSE(ground.lines.LastRowArmed);
 }
 
 TEST_P(BothScreensTest, NextCellFromTheAmountNeverLooksForward) {
@@ -192,7 +193,7 @@ TEST_P(BothScreensTest, FirstArrivalAtTheEndOfTheLastLineMovesNothing) {
     ground.lines.NextCell();
     EXPECT_EQ(ground.Place(), (std::pair(8, 6)));
     EXPECT_EQ(ground.cells.Rows(), 9);
-    EXPECT_TRUE(ground.lines.IsLastRowArmed());
+    EXPECT_TRUE(ground.lines.LastRowArmed);
 }
 
 TEST_P(BothScreensTest, EveryLaterArrivalAddsALine) {
@@ -222,7 +223,7 @@ TEST_P(BothScreensTest, AddedLineIsEmptyAndTheOthersKeepTheirTexts) {
 TEST_P(BothScreensTest, DisarmedEndMovesNothingOnceMore) {
     ground.cells.SetCell(8, Column::kAmount);
     ground.lines.NextCell();
-    ground.lines.DisarmLastRow();
+    ground.lines.LastRowArmed = false;
     ground.lines.NextCell();
     EXPECT_EQ(ground.cells.Rows(), 9);
 }
@@ -291,11 +292,26 @@ TEST_P(WriteCentreTest, NextColumnIsTheCodeForItemsForStockAndForDoctors) {
     EXPECT_EQ(Write({u"OTHERS"_s, u"OT"_s, u"y"_s, false}), Column::kAmount);
 }
 
-TEST_P(BothScreensTest, QuantityIsAnyTextButTheEmptyOneAndTheHeader) {
-    EXPECT_FALSE(ground.lines.IsQuantity(u""_s));
-    EXPECT_FALSE(ground.lines.IsQuantity(u"Quantity"_s));
-    for (const QString& text : {u"0"_s, u"1"_s, u"1.2.3"_s, u"quantity"_s, u" "_s})
-        EXPECT_TRUE(ground.lines.IsQuantity(text)) << text.toStdString();
+/// The number of the error that an action raises, 0 for none.
+template <class Action> int ErrorOf(Action action) {
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        return error.Number();
+    }
+    return 0;
+}
+
+TEST_P(BothScreensTest, ColumnBeyondTheArraysRaises9) {
+    for (const int col : {-1, 13}) {
+        EXPECT_EQ(ErrorOf([&] { ground.lines.IsLocked(col); }), RunTime::kSubscriptOutOfRange) << col;
+        EXPECT_EQ(ErrorOf([&] { ground.lines.SetLocked(col, true); }), RunTime::kSubscriptOutOfRange) << col;
+        EXPECT_EQ(ErrorOf([&] { ground.lines.IsChecked(col); }), RunTime::kSubscriptOutOfRange) << col;
+    }
+    ground.cells.SetCols(15);
+    ground.cells.SetCol(13);
+    EXPECT_EQ(ErrorOf([&] { ground.lines.FilterKey('a'); }), RunTime::kSubscriptOutOfRange);
+    EXPECT_EQ(ErrorOf([&] { ground.lines.NextCell(); }), RunTime::kSubscriptOutOfRange);
 }
 
 struct AmountCase {

@@ -1,6 +1,7 @@
 #include "charges/ItemLookupGround.h"
 #include "charges/Twins.h"
 #include "gateway/RunTimeError.h"
+#include "shell/shared.h"
 #include "support/CaseName.h"
 
 using namespace Qt::StringLiterals;
@@ -12,6 +13,23 @@ namespace {
 const Message kInvalidCode{.text = u"Invalid Code"_s};
 const Message kSameSupply{
     .text = u"Supply already selected."_s, .icon = MsgIcon::Exclamation, .title = u"Assessment"_s};
+const Message kNoSuchColumn{.text = u"Invalid Col value"_s, .icon = MsgIcon::Critical};
+
+/// A stock item component that leaves the grid with fewer columns, as a binding behind a picker would.
+class NarrowingStockItem : public FakeStockItem {
+  public:
+    NarrowingStockItem(FlexCells& grid, int columns)
+        : cells(grid)
+        , left(columns) {}
+
+    QString DrugName() const override {
+        cells.SetCols(left);
+        return FakeStockItem::DrugName();
+    }
+
+    FlexCells& cells;
+    int left;
+};
 
 } // namespace
 
@@ -31,7 +49,7 @@ TEST_P(EnterCodeTest, DoctorFillsAFeeLineAndEmptiesPriceAndQuantity) {
     Key(1, u"MD"_s, u"D003"_s);
     cells.SetTextMatrix(1, 4, u"1"_s);
     cells.SetTextMatrix(1, 5, u"1"_s);
-    FoundInServices(true);
+    Found(true);
     QString code = u"D003"_s;
     EXPECT_TRUE(lookup.LookupDoctorFee(code));
     EXPECT_EQ(At(1, Column::kCode), u"D003"_s);
@@ -44,7 +62,7 @@ TEST_P(EnterCodeTest, DoctorFillsAFeeLineAndEmptiesPriceAndQuantity) {
 
 TEST_P(EnterCodeTest, EnterOnAFeeLineGoesFromTheCodeStraightToTheAmount) {
     Key(1, u"MD"_s, u"D003"_s);
-    FoundInServices(true);
+    Found(true);
     QString code = u"D003"_s;
     lookup.EnterCode(code, true);
     EXPECT_EQ(editor.calls, u"Leave Enter(1,6) "_s);
@@ -53,7 +71,7 @@ TEST_P(EnterCodeTest, EnterOnAFeeLineGoesFromTheCodeStraightToTheAmount) {
 TEST_P(EnterCodeTest, AmountOfAFeeLineIsOpenForTheMoveAlthoughItWasClosed) {
     Key(1, u"MD"_s, u"D003"_s);
     lines.SetLocked(Column::kAmount, true);
-    FoundInServices(true);
+    Found(true);
     QString code = u"D003"_s;
     lookup.EnterCode(code, true);
     EXPECT_EQ(editor.calls, u"Leave Enter(1,6) "_s);
@@ -83,11 +101,16 @@ TEST_P(EnterCodeTest, LocksOfAFeeLineAreThereForTheMoveAndPutBack) {
         lines.SetLocked(4, false);
         lines.SetLocked(5, true);
         lines.SetLocked(6, true);
-        FoundInServices(found);
+        Found(found);
         if (!found)
             messages.Expect(kInvalidCode);
+        std::vector<bool> whileMoving;
+        editor.onEnterCell = [this, &whileMoving] {
+            whileMoving = {lines.IsLocked(4), lines.IsLocked(5), lines.IsLocked(6)};
+        };
         QString code = u"D003"_s;
         lookup.EnterCode(code, true);
+        EXPECT_EQ(whileMoving, found ? (std::vector<bool>{true, true, false}) : std::vector<bool>());
         EXPECT_FALSE(lines.IsLocked(4));
         EXPECT_TRUE(lines.IsLocked(5));
         EXPECT_TRUE(lines.IsLocked(6));
@@ -96,7 +119,7 @@ TEST_P(EnterCodeTest, LocksOfAFeeLineAreThereForTheMoveAndPutBack) {
 
 TEST_P(EnterCodeTest, EnterOnAnItemLineMovesOnWhenItWasFilled) {
     Key(1, u"HC"_s, u"S"_s);
-    FoundInServices(true);
+    Found(true);
     QString code = u"S"_s;
     lookup.EnterCode(code, false);
     EXPECT_EQ(editor.calls, u"Leave Enter(1,4) "_s);
@@ -181,4 +204,46 @@ TEST_P(LookupSupplyTest, OtherErrorIsTold) {
     stockItem->failure = RunTime::Error(RunTime::kOverflow);
     messages.Expect({.text = u"Overflow"_s, .icon = MsgIcon::Critical});
     EXPECT_FALSE(LookUpSupply(u"G1"_s));
+}
+
+TEST_P(LookupSupplyTest, NoCurrentRecordAtAReadingGoesOnWithTheNextOne) {
+    stockItem->nameFailure = {RunTime::Error(RunTime::kNoCurrentRecord)};
+    EXPECT_TRUE(LookUpSupply(u"G1"_s));
+    EXPECT_EQ(Line(), (std::vector<QString>{u"G1"_s, u""_s, u"12.50"_s, u"N"_s}));
+    EXPECT_EQ(keyed, u""_s);
+}
+
+TEST_P(LookupSupplyTest, NoCurrentRecordInThePickerSearchesForTheEmptyText) {
+    stockItem->items.push_back({u"52"_s, u""_s, u"NAMELESS"_s, {.SellingPriceIn = 1}});
+    stockList->failure = RunTime::Error(RunTime::kNoCurrentRecord);
+    EXPECT_TRUE(LookUpSupply(u"GAU"_s));
+    EXPECT_EQ(Line()[1], u"NAMELESS"_s);
+}
+
+TEST_P(LookupSupplyTest, LocationThatTheGridDoesNotHaveIsTold) {
+    Key(1, u"CS"_s, u"G1"_s);
+    cells.SetCols(Column::kLocationID);
+    messages.Expect(kNoSuchColumn);
+    keyed = u"G1"_s;
+    EXPECT_FALSE(lookup.LookupSupply(keyed));
+}
+
+TEST_P(LookupSupplyTest, ErrorWhileTheLineIsWrittenIsTold) {
+    const auto narrowing = std::make_shared<NarrowingStockItem>(cells, Column::kZeroPrice);
+    narrowing->items = stockItem->items;
+    gStockItem = narrowing;
+    messages.Expect(kNoSuchColumn);
+    EXPECT_FALSE(LookUpSupply(u"G1"_s));
+}
+
+TEST_P(LookupSupplyTest, ErrorInTheDuplicateTestIsToldAndCountsAsNotFree) {
+    const auto narrowing = std::make_shared<NarrowingStockItem>(cells, Column::kCode);
+    narrowing->items = stockItem->items;
+    gStockItem = narrowing;
+    // Of this line the test reads the code, whose column is gone.
+    PutItem(5, u"CS"_s, u"X"_s);
+    messages.Expect(kNoSuchColumn);
+    messages.Expect(kSameSupply);
+    EXPECT_FALSE(LookUpSupply(u"G1"_s));
+    EXPECT_EQ(editor.calls, u"Leave Enter(1,1) "_s);
 }

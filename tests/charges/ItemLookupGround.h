@@ -6,6 +6,8 @@
 #include "support/ScreenTest.h"
 #include "toolkit/FlexCells.h"
 
+#include <functional>
+
 /// An editor of nothing but a text, which writes down what is called by name.
 class FakeEditor : public LineEditor {
   public:
@@ -21,6 +23,8 @@ class FakeEditor : public LineEditor {
     void grdTable_EnterCell() override {
         calls += QStringLiteral("Enter(%1,%2) ").arg(cells.Row()).arg(cells.Col());
         text = cells.Text();
+        if (onEnterCell)
+            onEnterCell();
     }
     void SetRedraw(bool on) override { redraws.push_back(on); }
 
@@ -28,6 +32,7 @@ class FakeEditor : public LineEditor {
     QString text;
     QString calls;
     std::vector<bool> redraws;
+    std::function<void()> onEnterCell;
 };
 
 /// A charge screen's lookup over its lines; the clerk stands in the Code column of the first line.
@@ -87,7 +92,8 @@ class ItemLookupGround : public ScreenTest {
                 At(1, Column::kZeroPrice)};
     }
 
-    void FoundInServices(bool found) { listing->answers.push_back(found); }
+    /// What the next search of a listing answers, services or doctors.
+    void Found(bool found) { listing->answers.push_back(found); }
 
     const ChargeGridDifferences& differences;
     FlexCells cells;

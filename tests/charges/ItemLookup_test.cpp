@@ -46,7 +46,7 @@ using Searches = std::vector<FakeListing::Search>;
 using Showings = std::vector<FakeStockList::Showing>;
 
 TEST_P(ItemLookupTest, ServiceFillsTheLine) {
-    FoundInServices(true);
+    Found(true);
     EXPECT_TRUE(LookUp(u"HC"_s, u"CLEAN"_s));
     EXPECT_EQ(Line(), (std::vector<QString>{u"S1"_s, u"CLEANING"_s, u"102.00"_s, u"N"_s}));
     EXPECT_TRUE(listing->searchMode);
@@ -55,7 +55,7 @@ TEST_P(ItemLookupTest, ServiceFillsTheLine) {
 TEST_P(ItemLookupTest, QuantityAndAmountAreLeftAlone) {
     cells.SetTextMatrix(1, differences.quantityCol, u"3"_s);
     cells.SetTextMatrix(1, Column::kAmount, u"9.00"_s);
-    FoundInServices(true);
+    Found(true);
     EXPECT_TRUE(LookUp(u"HC"_s, u"CLEAN"_s));
     EXPECT_EQ(At(1, differences.quantityCol), u"3"_s);
     EXPECT_EQ(At(1, Column::kAmount), u"9.00"_s);
@@ -150,7 +150,7 @@ TEST_P(ItemLookupTest, ZeroPriceOfAStockItemIsMarked) {
 
 TEST_P(ItemLookupTest, ZeroRateOfAServiceIsMarked) {
     listing->service.Rates[1] = 0;
-    FoundInServices(true);
+    Found(true);
     EXPECT_TRUE(LookUp(u"HC"_s, u"S"_s));
     EXPECT_EQ(Line()[2], u"0.00"_s);
     EXPECT_EQ(Line()[3], u"Y"_s);
@@ -158,20 +158,20 @@ TEST_P(ItemLookupTest, ZeroRateOfAServiceIsMarked) {
 
 TEST_P(ItemLookupTest, TinyPriceIsNotZero) {
     listing->service.Rates[1] = 0.001;
-    FoundInServices(true);
+    Found(true);
     EXPECT_TRUE(LookUp(u"HC"_s, u"S"_s));
     EXPECT_EQ(Line()[2], u"0.00"_s);
     EXPECT_EQ(Line()[3], u"N"_s);
 }
 
 TEST_P(ItemLookupTest, CodeThatIsStockAndServiceTakesTheService) {
-    FoundInServices(true);
+    Found(true);
     EXPECT_TRUE(LookUp(u"HD"_s, u"G1"_s));
     EXPECT_EQ(Line(), (std::vector<QString>{u"S1"_s, u"CLEANING"_s, u"102.00"_s, u"N"_s}));
 }
 
 TEST_P(ItemLookupTest, ZeroFlagOfTheStockItemIsSetAnewByTheService) {
-    FoundInServices(true);
+    Found(true);
     EXPECT_TRUE(LookUp(u"HD"_s, u"F1"_s));
     EXPECT_EQ(Line()[3], u"N"_s);
 }
@@ -190,7 +190,7 @@ TEST_P(ItemLookupTest, AfterARefusedStockItemAServiceOfTheKeyedCodeStillFillsThe
     PutItem(3, u"HD"_s, u"G1"_s);
     stockListBasic->pick = u"G1"_s;
     messages.Expect(kSameStock);
-    FoundInServices(true);
+    Found(true);
     EXPECT_TRUE(LookUp(u"HD"_s, u"GA"_s));
     EXPECT_EQ(listing->searches.at(0).code, u"GA"_s);
     EXPECT_EQ(Line(), (std::vector<QString>{u"S1"_s, u"CLEANING"_s, u"102.00"_s, u"N"_s}));
@@ -206,7 +206,7 @@ TEST_P(ItemLookupTest, StockItemOnTheLastLineEscapesTheFirstTestAndIsRefusedByTh
 TEST_P(ItemLookupTest, ExamOnAnotherLineIsRefusedUnderWhateverDepartment) {
     PutItem(4, u"XR"_s, u"S1"_s);
     cells.SetTextMatrix(1, Column::kParticular, u"EAR CARE"_s);
-    FoundInServices(true);
+    Found(true);
     messages.Expect(kSameExam);
     EXPECT_FALSE(LookUp(u"HC"_s, u"S"_s));
     EXPECT_EQ(Line(), (std::vector<QString>{u""_s, u"EAR CARE"_s, u""_s, u""_s}));
@@ -215,7 +215,7 @@ TEST_P(ItemLookupTest, ExamOnAnotherLineIsRefusedUnderWhateverDepartment) {
 }
 
 TEST_P(ItemLookupTest, DuplicateTestTurnsTheRedrawOffAndOn) {
-    FoundInServices(true);
+    Found(true);
     LookUp(u"HC"_s, u"S"_s);
     EXPECT_EQ(editor.redraws, (std::vector<bool>{false, true}));
 }
@@ -228,10 +228,117 @@ TEST_P(ItemLookupTest, NoCurrentRecordInTheServicesEmptiesTheCodeAndIsNotTold) {
 
 TEST_P(ItemLookupTest, NoCurrentRecordInTheStockGoesOnAndTheServicesAreAskedForTheEmptyText) {
     stockItem->failure = RunTime::Error(RunTime::kNoCurrentRecord);
-    FoundInServices(true);
+    Found(true);
     EXPECT_TRUE(LookUp(u"HD"_s, u"G1"_s));
     EXPECT_EQ(listing->searches.at(0).code, u""_s);
     EXPECT_EQ(Line()[0], u"S1"_s);
+}
+
+TEST_P(ItemLookupTest, NoCurrentRecordInThePickerGoesOnWithWhatStandsInTheEditor) {
+    stockListBasic->failure = RunTime::Error(RunTime::kNoCurrentRecord);
+    EXPECT_TRUE(LookUp(u"HD"_s, u"G1"_s));
+    EXPECT_EQ(editor.text, u"G1"_s);
+    EXPECT_EQ(listing->searches.at(0).code, u""_s);
+    EXPECT_EQ(Line(), (std::vector<QString>{u"G1"_s, u"GAUZE"_s, u"12.50"_s, u"N"_s}));
+}
+
+TEST_P(ItemLookupTest, NoCurrentRecordAtTheCodeOfTheItemFoundLeavesTheEditorAndGoesOn) {
+    stockListBasic->pick = u"G1"_s;
+    stockItem->codeFailure = {RunTime::Error(RunTime::kNoCurrentRecord)};
+    EXPECT_TRUE(LookUp(u"HD"_s, u"GAU"_s));
+    EXPECT_EQ(listing->searches.at(0).code, u""_s);
+    EXPECT_EQ(Line(), (std::vector<QString>{u"G1"_s, u"GAUZE"_s, u"12.50"_s, u"N"_s}));
+}
+
+/// One reading of the record found that fails with no current record, and the line that comes of it.
+struct ReadingCase {
+    const char* name;
+    void (*fail)(FakeStockItem& stock, FakeListing& listing);
+    /// The service is found too.
+    bool isService;
+    std::vector<QString> line;
+};
+
+ComingFailure NoRecordAfter(int readings) {
+    return {RunTime::Error(RunTime::kNoCurrentRecord), readings};
+}
+
+class FailingReadingTest : public ItemLookupGround,
+                           public testing::WithParamInterface<std::tuple<Twin, ReadingCase>> {
+  protected:
+    FailingReadingTest()
+        : ItemLookupGround(*std::get<Twin>(GetParam()).differences) {}
+};
+
+const ReadingCase kReadings[] = {
+    {"NameOfAStockItem",
+     [](FakeStockItem& stock, FakeListing&) { stock.nameFailure = NoRecordAfter(0); },
+     false,
+     {u"G1"_s, u""_s, u"12.50"_s, u"N"_s}},
+    {"PriceOfAStockItem",
+     [](FakeStockItem& stock, FakeListing&) { stock.priceFailure = NoRecordAfter(0); },
+     false,
+     {u"G1"_s, u"GAUZE"_s, u"0.00"_s, u"Y"_s}},
+    {"CodeOfAService",
+     [](FakeStockItem&, FakeListing& services) { services.recordFailure = NoRecordAfter(0); },
+     true,
+     {u"G1"_s, u"CLEANING"_s, u"102.00"_s, u"N"_s}},
+    {"NameOfAService",
+     [](FakeStockItem&, FakeListing& services) { services.recordFailure = NoRecordAfter(1); },
+     true,
+     {u"S1"_s, u"GAUZE"_s, u"102.00"_s, u"N"_s}},
+    {"RateOfAService",
+     [](FakeStockItem&, FakeListing& services) { services.recordFailure = NoRecordAfter(2); },
+     true,
+     {u"S1"_s, u"CLEANING"_s, u"12.50"_s, u"N"_s}}};
+
+INSTANTIATE_TEST_SUITE_P(Readings, FailingReadingTest,
+                         testing::Combine(testing::ValuesIn(kTwins), testing::ValuesIn(kReadings)),
+                         [](const auto& test) {
+                             return std::string(std::get<Twin>(test.param).name) +
+                                    std::get<ReadingCase>(test.param).name;
+                         });
+
+TEST_P(FailingReadingTest, GoesOnWithTheNextOneAndEmptiesTheCode) {
+    const auto& reading = std::get<ReadingCase>(GetParam());
+    reading.fail(*stockItem, *listing);
+    Found(reading.isService);
+    EXPECT_TRUE(LookUp(u"HD"_s, u"G1"_s));
+    EXPECT_EQ(Line(), reading.line);
+    EXPECT_EQ(keyed, u""_s);
+}
+
+TEST_P(ItemLookupTest, StockItemWhoseCodeCannotBeReadIsRefusedLikeTheEmptyCodesOfTheOtherLines) {
+    stockItem->codeFailure = NoRecordAfter(1);
+    messages.Expect(kSameExam);
+    EXPECT_FALSE(LookUp(u"HD"_s, u"G1"_s));
+    EXPECT_EQ(keyed, u""_s);
+}
+
+TEST_P(ItemLookupTest, PriceOfAServiceThatCannotBeReadIsZeroAndMarked) {
+    listing->recordFailure = NoRecordAfter(2);
+    Found(true);
+    EXPECT_TRUE(LookUp(u"HC"_s, u"S"_s));
+    EXPECT_EQ(Line(), (std::vector<QString>{u"S1"_s, u"CLEANING"_s, u"0.00"_s, u"Y"_s}));
+}
+
+TEST_P(ItemLookupTest, PickerThatIsLeftEmptiesTheCellAndTheServicesAreAskedForTheKeyedCode) {
+    class SearchedStockItem : public FakeStockItem {
+      public:
+        bool SearchDrug(const QString& text, const QString& section) override {
+            searches << text;
+            return FakeStockItem::SearchDrug(text, section);
+        }
+        QStringList searches;
+    };
+    const auto stock = std::make_shared<SearchedStockItem>();
+    gStockItem = stock;
+    stockListBasic->pick = u""_s;
+    EXPECT_FALSE(LookUp(u"HD"_s, u"GAU"_s));
+    EXPECT_EQ(At(1, Column::kCode), u""_s);
+    EXPECT_EQ(editor.text, u""_s);
+    EXPECT_EQ(stock->searches, QStringList{u""_s});
+    EXPECT_EQ(listing->searches.at(0).code, u"GAU"_s);
 }
 
 TEST_P(ItemLookupTest, OtherErrorShowsTheSystemsTextAndLeavesTheLine) {
@@ -258,9 +365,29 @@ TEST_P(ItemLookupTest, MissingComponentIsAnErrorLikeAnother) {
 TEST_P(ItemLookupTest, ErrorWhileTheLineIsWrittenIsTrappedToo) {
     // A grid that was bound to a narrow result lacks the column of the zero flag.
     cells.SetCols(Column::kZeroPrice);
-    FoundInServices(true);
+    Found(true);
     messages.Expect({.text = u"Invalid Col value"_s, .icon = MsgIcon::Critical});
     EXPECT_FALSE(LookUp(u"HC"_s, u"S"_s));
+}
+
+TEST_P(ItemLookupTest, ErrorWhileARefusedStockItemIsTakenBackIsTrappedToo) {
+    // The picker narrows the grid, as a binding behind it would: there is no Particular to empty.
+    class NarrowingStockList : public FakeStockList {
+      public:
+        explicit NarrowingStockList(FlexCells& grid)
+            : cells(grid) {}
+        QString ShowList(const QString& text, bool, const QString&) override {
+            cells.SetCols(Column::kParticular);
+            return text;
+        }
+        FlexCells& cells;
+    };
+    gStockListBasic = std::make_shared<NarrowingStockList>(cells);
+    PutItem(3, u"HD"_s, u"G1"_s);
+    messages.Expect(kSameStock);
+    messages.Expect({.text = u"Invalid Col value"_s, .icon = MsgIcon::Critical});
+    EXPECT_FALSE(LookUp(u"HD"_s, u"G1"_s));
+    EXPECT_TRUE(listing->searches.empty());
 }
 
 struct RateCase {
@@ -288,7 +415,7 @@ INSTANTIATE_TEST_SUITE_P(Letters, AssessmentRateTest, testing::ValuesIn(kRateCas
 
 TEST_P(PostRateTest, RoomClassSelectsTheRate) {
     gRoomClass = GetParam().letter;
-    FoundInServices(true);
+    Found(true);
     EXPECT_TRUE(LookUp(u"HC"_s, u"S"_s));
     EXPECT_EQ(Line()[2], GetParam().post);
     EXPECT_EQ(Line()[3], u"N"_s);
@@ -296,7 +423,7 @@ TEST_P(PostRateTest, RoomClassSelectsTheRate) {
 
 TEST_P(AssessmentRateTest, RoomClassSelectsTheRate) {
     gRoomClass = GetParam().letter;
-    FoundInServices(true);
+    Found(true);
     EXPECT_TRUE(LookUp(u"HC"_s, u"S"_s));
     EXPECT_EQ(Line()[2], GetParam().assessment);
     EXPECT_EQ(Line()[3], GetParam().assessment == u"0.00"_s ? u"Y"_s : u"N"_s);
@@ -304,14 +431,14 @@ TEST_P(AssessmentRateTest, RoomClassSelectsTheRate) {
 
 TEST_F(AssessmentLookupTest, OtherLetterKeepsTheStockPriceUnderTheServicesName) {
     gRoomClass = u"a"_s;
-    FoundInServices(true);
+    Found(true);
     EXPECT_TRUE(LookUp(u"HD"_s, u"G1"_s));
     EXPECT_EQ(Line(), (std::vector<QString>{u"S1"_s, u"CLEANING"_s, u"12.50"_s, u"N"_s}));
 }
 
 TEST_F(PostLookupTest, OtherLetterTakesRateAOverTheStockPrice) {
     gRoomClass = u"a"_s;
-    FoundInServices(true);
+    Found(true);
     EXPECT_TRUE(LookUp(u"HD"_s, u"G1"_s));
     EXPECT_EQ(Line()[2], u"101.00"_s);
 }

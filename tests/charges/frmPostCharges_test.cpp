@@ -266,6 +266,46 @@ TEST_F(frmPostChargesTest, ReturnFromThePickerOfDepartmentsCutsTheGridToo) {
     EXPECT_EQ(Box("txtEntry").text(), u""_s);
 }
 
+TEST_F(frmPostChargesTest, PickForALineThatTheReturnCutsGoesIntoTheLastOneThatStays) {
+    OpenWithPatient();
+    Cells().SetRows(11);
+    PutLine(8, {u"XR"_s, u"X1"_s, u"CHEST"_s, u"3"_s, u"900.00"_s});
+    PutLine(10, {u"E"_s});
+    Cells().SetCell(10, 1);
+    Grid().setFocus();
+    const RevenueCentre earCare{u"EAR CARE"_s, u"HC"_s};
+    gateway.Expect(ExactRevenueCommand(u"E"_s), RevenueRows({}));
+    gateway.Expect(PartialRevenueCommand(u"E"_s), RevenueRows({earCare}));
+    gateway.Expect(u"Clinical_Area..spEarCare_SearchRevenue '0','E'"_s, RevenueRows({earCare}));
+    ExpectExact(gateway, earCare);
+    WhileModal([](Form& picker) { Click(Find<QPushButton>(picker, "cmdSelect")); });
+    Press(Box("txtEntry"), Qt::Key_Return);
+    EXPECT_EQ(Cells().Rows(), 9);
+    const std::vector<QString> line = {u"HC"_s, u"X1"_s, u"EAR CARE"_s, u"3"_s, u""_s, u"900.00"_s};
+    for (int col = 1; col <= 6; ++col)
+        EXPECT_EQ(Cells().TextMatrix(8, col), line[size_t(col) - 1]) << col;
+    EXPECT_EQ(Cells().Row(), 8);
+    EXPECT_EQ(Cells().Col(), Column::kCode);
+    EXPECT_EQ(Box("txtEntry").text(), u"X1"_s);
+}
+
+TEST_F(frmPostChargesTest, ActivationOpensTheAmountOfAnHCLineToTheNextMoveAndTheEditorStays) {
+    auto& screen = OpenWithPatient();
+    PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
+    Cells().SetTextMatrix(1, 5, u"101.00"_s);
+    Cells().SetTextMatrix(1, Column::kZeroPrice, u"Y"_s);
+    Cells().SetCell(1, 5);
+    Grid().setFocus();
+    Screens::Get<Form>().Show();
+    screen.Show();
+    Activate(screen);
+    const QRect place = Box("txtEntry").geometry();
+    Press(Box("txtEntry"), Qt::Key_Return);
+    EXPECT_EQ(Cells().Row(), 1);
+    EXPECT_EQ(Cells().Col(), Column::kAmount);
+    EXPECT_EQ(Box("txtEntry").geometry(), place) << "the Amount is closed again when it is to open";
+}
+
 TEST_F(frmPostChargesTest, ActivationKeepsTheArmedEndOfTheGrid) {
     auto& screen = OpenWithPatient();
     Cells().SetCell(8, Column::kAmount);

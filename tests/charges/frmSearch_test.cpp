@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QGroupBox>
+#include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -128,6 +129,16 @@ TEST_F(frmSearchTest, EachTypedKeyIsUpperCasedAndSearchesExactlyOnce) {
     ExpectFill(u"ÑA"_s, {u"EYE"_s});
     Type(SearchBox(search), u"ña"_s);
     EXPECT_EQ(SearchBox(search).text(), u"ÑA"_s);
+    EXPECT_EQ(search.grdDispWindow->Cells().TextMatrix(1, 1), u"EYE"_s);
+}
+
+TEST_F(frmSearchTest, ComposedCharacterSearchesExactlyOnce) {
+    const auto& search = Open(three);
+    ExpectFill(u"Ñ"_s, {u"EYE"_s});
+    QInputMethodEvent composed;
+    composed.setCommitString(u"ñ"_s);
+    QApplication::sendEvent(&SearchBox(search), &composed);
+    EXPECT_EQ(SearchBox(search).text(), u"Ñ"_s);
     EXPECT_EQ(search.grdDispWindow->Cells().TextMatrix(1, 1), u"EYE"_s);
 }
 
@@ -333,6 +344,16 @@ TEST_F(frmSearchTest, DisabledSearchSendsNothingAndGivesTheGridTheFocus) {
     EXPECT_TRUE(search.grdDispWindow->hasFocus());
     EXPECT_TRUE(Select(search).isEnabled());
     EXPECT_TRUE(gateway.Openings().empty());
+}
+
+TEST_F(frmSearchTest, ColumnChangeLeavesTheBoxAlsoWhenTheSearchIsOff) {
+    frmSearch::DisableSearch = true;
+    auto& search = Screens::Get<frmSearch>();
+    search.grdDispWindow->Cells().SetTextMatrix(1, 1, u"HEART STATION"_s);
+    OpenAsItStands();
+    QTest::keyClick(search.grdDispWindow, Qt::Key_Right);
+    EXPECT_EQ(search.grdDispWindow->Cells().Col(), 2);
+    EXPECT_EQ(SearchBox(search).text(), u""_s);
 }
 
 TEST_F(frmSearchTest, ResetBringsTheMembersOfAFreshProcess) {

@@ -40,38 +40,51 @@ TEST_F(ComponentRegistry, AClassThatIsNotRegisteredRaises429) {
     }
 }
 
+TEST_F(ComponentRegistry, TheFactoryIsToldTheRemoteServer) {
+    QString told = u"nothing"_s;
+    RegisterComponent(kClass, [&told](const QString& server) {
+        told = server;
+        return std::make_shared<Plain>();
+    });
+    CreateObject<Component>(kClass, u"WARD-1"_s);
+    EXPECT_EQ(told, u"WARD-1"_s);
+    CreateObject<Component>(kClass);
+    EXPECT_EQ(told, QString());
+}
+
 TEST_F(ComponentRegistry, EachCreationMakesANewComponent) {
-    RegisterComponent(kClass, [] { return std::make_shared<Plain>(); });
+    RegisterComponent(kClass, [](const QString&) { return std::make_shared<Plain>(); });
     const Ref<Component> first = CreateObject<Component>(kClass);
     const Ref<Component> second = CreateObject<Component>(kClass);
     EXPECT_NE(first.Shared(), second.Shared());
 }
 
 TEST_F(ComponentRegistry, AComponentIsHandedOutByTheContractThatItKeeps) {
-    RegisterComponent(kClass, [] { return std::make_shared<Codes>(); });
+    RegisterComponent(kClass, [](const QString&) { return std::make_shared<Codes>(); });
     EXPECT_TRUE(CreateObject<clsDiagnosisCodes>(kClass).IsSet());
     EXPECT_TRUE(CreateObject<Component>(kClass).IsSet());
 }
 
 TEST_F(ComponentRegistry, AComponentThatDoesNotKeepTheContractRaises13) {
-    RegisterComponent(kClass, [] { return std::make_shared<Plain>(); });
+    RegisterComponent(kClass, [](const QString&) { return std::make_shared<Plain>(); });
     EXPECT_EQ(ErrorOfCreating<clsDiagnosisCodes>(), 13);
 }
 
 TEST_F(ComponentRegistry, WhatTheFactoryThrowsIsTheFailure) {
-    RegisterComponent(kClass,
-                      []() -> std::shared_ptr<Component> { throw RunTimeError(7, u"Out of memory"_s); });
+    RegisterComponent(kClass, [](const QString&) -> std::shared_ptr<Component> {
+        throw RunTimeError(7, u"Out of memory"_s);
+    });
     EXPECT_EQ(ErrorOfCreating(), 7);
 }
 
 TEST_F(ComponentRegistry, ALaterRegistrationReplacesTheEarlierOne) {
-    RegisterComponent(kClass, [] { return std::make_shared<Plain>(); });
-    RegisterComponent(kClass, [] { return std::make_shared<Codes>(); });
+    RegisterComponent(kClass, [](const QString&) { return std::make_shared<Plain>(); });
+    RegisterComponent(kClass, [](const QString&) { return std::make_shared<Codes>(); });
     EXPECT_EQ(ErrorOfCreating<clsDiagnosisCodes>(), 0);
 }
 
 TEST_F(ComponentRegistry, AnEmptyFactoryStrikesTheNameOut) {
-    RegisterComponent(kClass, [] { return std::make_shared<Plain>(); });
+    RegisterComponent(kClass, [](const QString&) { return std::make_shared<Plain>(); });
     RegisterComponent(kClass, {});
     EXPECT_EQ(ErrorOfCreating(), 429);
 }

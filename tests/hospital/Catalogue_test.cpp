@@ -102,7 +102,7 @@ TEST_F(Catalogue, StockOfBothSectionsStands) {
               (std::vector<QStringList>{{u"1"_s, u"90"_s}, {u"52"_s, u"110"_s}}));
 }
 
-TEST_F(Catalogue, HospitalRecordHasOneRowWithItsFlagSet) {
+TEST_F(Catalogue, HospitalRecordHasOneRowWithItsFlagClear) {
     const auto rows = Rows(u"select * from PATIENT_DATA..tbhospitalInfo"_s);
     ASSERT_EQ(rows.size(), 1U);
     EXPECT_EQ(rows.front().last(), u"False"_s);

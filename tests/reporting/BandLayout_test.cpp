@@ -87,6 +87,18 @@ TEST_F(BandLayoutTest, PutsTextsWhereTheirAlignmentSays) {
     EXPECT_NEAR(laid.cells[2].lines.at(0).start.x(), (left + right - width) / 2, 0.01);
 }
 
+TEST_F(BandLayoutTest, BlanksAtTheEndPushNoTextFromItsPlace) {
+    a = u"12.00"_s;
+    b = u"12.00     "_s;
+    for (const QString& align : {u"right"_s, u"center"_s}) {
+        const QString cell = u"<text x=\"0\" y=\"0\" width=\"40\" align=\"%1\">{%2}</text>"_s;
+        Read(cell.arg(align, u"A"_s) + cell.arg(align, u"B"_s));
+        const LaidBand laid = Laid();
+        EXPECT_NEAR(laid.cells[1].lines.at(0).start.x(), laid.cells[0].lines.at(0).start.x(), 0.01)
+            << align.toStdString();
+    }
+}
+
 TEST_F(BandLayoutTest, CutsATallBandBetweenItsLines) {
     a = u"1\n2\n3\n4\n5\n6\n7"_s;
     Read(u"<text x=\"0\" y=\"0\" width=\"40\" height=\"4\">{A}</text>"_s, u"4"_s);

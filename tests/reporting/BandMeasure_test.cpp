@@ -3,6 +3,7 @@
 #include "support/CaseName.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -46,6 +47,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Measured{"DateThatFits", DateTime(), u"mm/dd/yyyy"_s, 25},
                     Measured{"DateText", u"2026-11-21"_s, u"dddd, mmmm d, yyyy"_s, 20},
                     Measured{"WholeNumber", qint64(1234567890123), u"#,##0"_s, 15},
+                    Measured{"SmallestWholeNumber", std::numeric_limits<qint64>::min(), u"#,##0"_s, 15},
                     Measured{"SmallWholeNumber", qint64(-7), u"#,##0"_s, 15},
                     Measured{"FloatingNumber", 1234567890.25, u"#,##0.00"_s, 15},
                     Measured{"FloatingNumberWithoutFormat", 0.1234567890123, u""_s, 15},

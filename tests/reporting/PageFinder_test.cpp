@@ -62,6 +62,41 @@ TEST(FindText, FindsNothing) {
     EXPECT_EQ(PagesOf({}), u"-"_s);
 }
 
+namespace {
+
+/// One cell of sixty lines, which takes several pages.
+std::shared_ptr<const ReportDocument> OneTallCell() {
+    QStringList lines;
+    for (int i = 1; i <= 60; ++i)
+        lines << u"line %1."_s.arg(i);
+    return SmallDocument(u"<detail height=\"5\"><text x=\"0\" y=\"0\" width=\"90\">{A}</text></detail>"_s,
+                         Rows({u"A"_s}, {{lines.join(u"\r\n"_s)}}));
+}
+
+} // namespace
+
+TEST(FindText, FindsOnThePageOfATallCellThatShowsTheText) {
+    const auto document = OneTallCell();
+    ASSERT_GT(document->PageCount(), 1);
+    for (int i = 1; i <= 60; ++i) {
+        const QString text = u"line %1."_s.arg(i);
+        const auto found = FindText(*document, text, std::nullopt);
+        ASSERT_TRUE(found.has_value()) << i;
+        EXPECT_TRUE(document->PageText(found->position.page).contains(text)) << i;
+        const QRectF page(QPointF(), document->PageSize());
+        EXPECT_TRUE(page.contains(found->box)) << i;
+        EXPECT_EQ(FindText(*document, text, found->position)->position.page, found->position.page) << i;
+    }
+}
+
+TEST(FindText, FindsATextThatGoesOverThePagesEndWhereItBegins) {
+    const auto document = OneTallCell();
+    const auto lines = document->PageText(1).count(u'\n');
+    const QString text = u"line %1.\nline %2."_s.arg(lines).arg(lines + 1);
+    EXPECT_EQ(FindText(*document, text, std::nullopt)->position.page, 1);
+    EXPECT_EQ(FindText(*document, text, CellPosition{1, 0})->position.page, 1);
+}
+
 TEST(FindText, TellsWhereTheCellStands) {
     const auto found = FindText(*Names(), u"H2C"_s, std::nullopt);
     ASSERT_TRUE(found.has_value());

@@ -135,6 +135,31 @@ TEST(ReportDocument, ABandTallerThanAPageGoesOnWithoutLosingALine) {
     EXPECT_EQ(text, lines.join(u'\n') + u"\nnext\n"_s);
 }
 
+namespace {
+
+/// A report whose page header or footer shows a text of so many lines on line 2 of the template.
+QString FailureOfEdge(const QString& edge, int lines) {
+    return FailureOf([&] {
+        SmallDocument(
+            u"<parameters><parameter name=\"Name\" type=\"text\" prompt=\"Name\"/></parameters>"_s +
+                u"<%1 height=\"5\"><text x=\"0\" y=\"0\" width=\"90\">{?Name}</text></%1>"_s.arg(edge) +
+                Detail(),
+            Numbered(40), {QStringList(lines, u"NAME"_s).join(u'\n')});
+    });
+}
+
+} // namespace
+
+TEST(ReportDocument, RefusesAPageHeaderOrFooterThatHasGrownOverThePage) {
+    for (const QString& edge : {u"page-header"_s, u"page-footer"_s}) {
+        EXPECT_EQ(FailureOfEdge(edge, 15), u"nothing was raised"_s);
+        for (const int lines : {26, 27, 100})
+            EXPECT_EQ(FailureOfEdge(edge, lines),
+                      u"small.rpt, line 2: The page header and the page footer leave no room between them."_s)
+                << lines;
+    }
+}
+
 TEST(ReportDocument, PaintsWhereTheTemplateSays) {
     const auto document =
         SmallDocument(u"<detail height=\"50\"><text x=\"10\" y=\"10\" width=\"30\">{A}</text><box x=\"60\" "

@@ -5,6 +5,7 @@
 #include <QDir>
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -53,6 +54,28 @@ TEST(ReportEngineTest, TakesAFolderForNoFile) {
     const QTemporaryDir folder;
     EXPECT_TRUE(
         FailureOf([&] { ReportEngine().OpenReport(folder.path(), 1); }).startsWith(u"File not found"_s));
+}
+
+TEST(ReportEngineTest, RaisesPathFileAccessForATemplateThatMayNotBeRead) {
+    const QTemporaryDir folder;
+    const QString file = WriteFile(folder, u"Slip.RPT"_s, SmallTemplate({}));
+    QFile::setPermissions(file, {});
+    // Root would be stopped by no file's rights, and the lowest user by the folder's.
+    QFile::setPermissions(folder.path(), QFile::Permissions::fromInt(0x7777));
+    constexpr uid_t kNobody = 65534;
+    const uid_t before = geteuid();
+    ASSERT_TRUE(before != 0 || seteuid(kNobody) == 0);
+    int number = 0;
+    QString text;
+    try {
+        ReportEngine().OpenReport(file, 1);
+    } catch (const RunTimeError& error) {
+        number = error.Number();
+        text = error.Description();
+    }
+    ASSERT_EQ(seteuid(before), 0);
+    EXPECT_EQ(number, 75);
+    EXPECT_EQ(text, u"Path/File access error: "_s + file);
 }
 
 TEST(ReportEngineTest, NamesFileAndLineOfAMistake) {

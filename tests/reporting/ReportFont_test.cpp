@@ -75,6 +75,11 @@ TEST(ReportFont, ShowsTabsAsBlanks) {
     EXPECT_THAT(ReportFont(Style()).Wrap(u"a\tb"_s, 500), ElementsAre(u"a b"_s));
 }
 
+TEST(ReportFont, LeavesOutOtherControlCharacters) {
+    EXPECT_THAT(ReportFont(Style()).Wrap(u"a\u0001b\u007f\n\u000bc\u0085"_s, 500),
+                ElementsAre(u"ab"_s, u"c"_s));
+}
+
 TEST(ReportFont, TheQuickLookNeverPromisesTooMuch) {
     const ReportFont font(Style());
     for (const QString& text : {u"HEMODIALYSIS TREATMENT"_s, u"Señora Niño"_s, u"i.i.i."_s, u"WWW@%"_s}) {
@@ -86,11 +91,13 @@ TEST(ReportFont, TheQuickLookNeverPromisesTooMuch) {
     EXPECT_FALSE(font.SurelyFits(u"₱", 500));
 }
 
-TEST(ReportFont, TheFaceForADeviceHasItsSizeInPointsOfThePainter) {
-    const ReportFont font(Style(9));
-    EXPECT_NEAR(font.FontFor(72).pointSizeF(), 9, 0.01);
-    EXPECT_NEAR(font.FontFor(96).pointSizeF(), 6.75, 0.01);
-    EXPECT_NEAR(font.FontFor(1200).pointSizeF(), 0.54, 0.01);
+TEST(ReportFont, TheFacePaintedIsAWholeSizeAndItsScale) {
+    const ReportFont whole(Style(9));
+    EXPECT_EQ(whole.Painted().pixelSize(), 9);
+    EXPECT_EQ(whole.PaintScale(), 1);
+    const ReportFont half(Style(7.5));
+    EXPECT_EQ(half.Painted().pixelSize(), 8);
+    EXPECT_EQ(half.PaintScale(), 7.5 / 8);
 }
 
 TEST(ReportFonts, MeasureEachFaceOnce) {

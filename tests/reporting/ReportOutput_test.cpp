@@ -2,6 +2,8 @@
 #include "reporting/ReportOutput.h"
 #include "support/CaseName.h"
 
+#include <QPaintEngine>
+#include <QPrintEngine>
 #include <QPrinter>
 #include <QProcess>
 #include <QRegularExpression>
@@ -172,6 +174,71 @@ TEST(Print, TellsOfAPrinterThatDoesNotTakeTheReport) {
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(u"/no/such/folder/a.pdf"_s);
     EXPECT_FALSE(Print(*Numbered(1), printer).isEmpty());
+}
+
+namespace {
+
+/// Counts the jobs that a printer gets.
+class CountingEngine : public QPaintEngine, public QPrintEngine {
+  public:
+    CountingEngine(bool makesCopies, int copies)
+        : QPaintEngine(AllFeatures)
+        , mMakesCopies(makesCopies)
+        , mCopies(copies) {}
+
+    int jobs = 0;
+    int pages = 0;
+
+    bool begin(QPaintDevice*) override {
+        ++jobs;
+        ++pages;
+        mState = QPrinter::Active;
+        return true;
+    }
+    bool end() override {
+        mState = QPrinter::Idle;
+        return true;
+    }
+    Type type() const override { return User; }
+    void updateState(const QPaintEngineState&) override {}
+    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+    void drawTextItem(const QPointF&, const QTextItem&) override {}
+
+    QVariant property(PrintEnginePropertyKey key) const override {
+        if (key == PPK_SupportsMultipleCopies)
+            return mMakesCopies;
+        return key == PPK_CopyCount ? mCopies : QVariant();
+    }
+    void setProperty(PrintEnginePropertyKey, const QVariant&) override {}
+    bool newPage() override {
+        ++pages;
+        return true;
+    }
+    bool abort() override { return false; }
+    int metric(QPaintDevice::PaintDeviceMetric) const override { return 100; }
+    QPrinter::PrinterState printerState() const override { return mState; }
+
+  private:
+    bool mMakesCopies;
+    int mCopies;
+    QPrinter::PrinterState mState = QPrinter::Idle;
+};
+
+class CountingPrinter : public QPrinter {
+  public:
+    explicit CountingPrinter(CountingEngine& engine) { setEngines(&engine, &engine); }
+};
+
+} // namespace
+
+TEST(Print, PrintsEachCopyOnAPrinterThatMakesOnlyOne) {
+    for (const bool makesCopies : {false, true}) {
+        CountingEngine engine(makesCopies, 3);
+        CountingPrinter printer(engine);
+        EXPECT_EQ(Print(*Numbered(5), printer), QString());
+        EXPECT_EQ(engine.jobs, makesCopies ? 1 : 3);
+        EXPECT_EQ(engine.pages, 3 * engine.jobs);
+    }
 }
 
 TEST(ChoosePrinter, HandsOverAPrinterSetUpForThePaper) {

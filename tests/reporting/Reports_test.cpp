@@ -1,8 +1,10 @@
 #include "ReportFixture.h"
 #include "reporting/PageView.h"
+#include "reporting/ReportOutput.h"
 #include "reporting/Reports.h"
 #include "reporting/ReportViewer.h"
 #include "support/ScreenTest.h"
+#include "toolkit/MousePointer.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -92,6 +94,11 @@ TEST_F(ReportsTest, ATextForATextParameterIsNotConverted) {
     EXPECT_EQ(ValueOf(0), Value(u"11/21/2026"_s));
 }
 
+TEST_F(ReportsTest, ATextForANumberParameterIsTakenUnconverted) {
+    Open({u"12"_s}, u"<parameters><parameter name=\"Least\" type=\"number\" prompt=\"Least\"/></parameters>");
+    EXPECT_EQ(ValueOf(0), Value(u"12"_s));
+}
+
 TEST_F(ReportsTest, ADateThatIsNoneRaisesATypeMismatch) {
     EXPECT_EQ(FailureOf([this] { Open({u"H1C"_s, u"today"_s}); }), u"Type mismatch"_s);
     EXPECT_EQ(FailureOf([this] { Open({u"H1C"_s, Value()}); }), u"Invalid use of Null"_s);
@@ -150,13 +157,54 @@ TEST_F(ReportsTest, ShowReportPresentsTheReportUntilItsWindowCloses) {
 }
 
 TEST_F(ReportsTest, GroupTreeAndDirectPrintChangeNothing) {
-    Open({}, u"");
-    Show(true, true, [](QWidget& window) {
-        EXPECT_FALSE(Find<QTreeView>(window, "GroupTree").isVisible());
-        EXPECT_FALSE(Find<QToolButton>(window, "cmdGroupTree").isVisible());
-        EXPECT_TRUE(Find<PageView>(window, "PageView").isVisible()) << "the report is previewed";
-        EXPECT_EQ(Find<PageView>(window, "PageView").CurrentPage(), 1);
+    WriteFile(programDirectory, u"Groups.RPT"_s,
+              SmallTemplate(u"<group by=\"A\"><header height=\"5\"/><detail height=\"5\"/></group>"_s));
+    OpenReport(programDirectory.path() + u"/Groups.RPT"_s, {});
+    int printed = 0;
+    SetPrinterChooser([&printed](QPrinter&) {
+        ++printed;
+        return false;
     });
+    bool shown = false;
+    Show(true, true, [&](QWidget& window) {
+        shown = true;
+        const auto& tree = Find<QTreeView>(window, "GroupTree");
+        EXPECT_FALSE(tree.isVisible());
+        EXPECT_FALSE(Find<QToolButton>(window, "cmdGroupTree").isVisible());
+        auto& pages = Find<PageView>(window, "PageView");
+        EXPECT_TRUE(pages.isVisible()) << "the report is previewed";
+        EXPECT_EQ(pages.CurrentPage(), 1);
+        Activate(window);
+        Press(pages, Qt::Key_T, Qt::ControlModifier);
+        EXPECT_FALSE(tree.isVisible());
+        Press(pages, Qt::Key_P, Qt::ControlModifier);
+        EXPECT_EQ(printed, 1) << "paper is made with the print button alone";
+    });
+    SetPrinterChooser({});
+    EXPECT_TRUE(shown);
+    EXPECT_EQ(printed, 1);
+}
+
+TEST_F(ReportsTest, TheCallersPointerIsBackWhenTheViewerHasClosed) {
+    Open({u"H1C"_s});
+    SetMousePointer(MousePointer::Wait);
+    int shown = 0;
+    QTimer::singleShot(0, qApp, [&] {
+        ++shown;
+        EXPECT_EQ(CurrentMousePointer(), MousePointer::Default) << "while the clerk is asked for a value";
+        QWidget* dialog = QApplication::activeModalWidget();
+        Type(Find<QLineEdit>(*dialog, "txtDay"), u"11/21/2026"_s);
+        Press(Find<QLineEdit>(*dialog, "txtDay"), Qt::Key_Return);
+        QTimer::singleShot(0, qApp, [&] {
+            ++shown;
+            EXPECT_EQ(CurrentMousePointer(), MousePointer::Default) << "while the clerk reads the slip";
+            QApplication::activeModalWidget()->close();
+        });
+    });
+    ShowReport(false, u"Slip"_s, false);
+    EXPECT_EQ(shown, 2);
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
+    SetMousePointer(MousePointer::Default);
 }
 
 TEST_F(ReportsTest, ShowReportWithoutAReportRaisesObjectNotSet) {

@@ -222,6 +222,12 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{"SizeOfNothing", Text(u"x=\"0\" y=\"0\" width=\"9\" size=\"0\""_s), u"above 0"_s},
         Mistake{"UnknownStyle", Text(u"x=\"0\" y=\"0\" width=\"9\" style=\"big\""_s), u"no style \"big\""_s},
         Mistake{"BeyondTheMargin", Text(u"x=\"150\" y=\"0\" width=\"50\""_s), u"beyond the right margin"_s},
+        Mistake{"LineBeyondTheMargin",
+                u"<detail height=\"5\"><line x1=\"0\" y1=\"0\" x2=\"200\" y2=\"0\"/></detail>"_s,
+                u"beyond the right margin"_s},
+        Mistake{"LineFromBeyondTheMargin",
+                u"<detail height=\"5\"><line x1=\"200\" y1=\"0\" x2=\"0\" y2=\"0\"/></detail>"_s,
+                u"beyond the right margin"_s},
         Mistake{"BelowTheBand", Text(u"x=\"0\" y=\"3\" width=\"9\" height=\"4\""_s),
                 u"below the height of its band"_s},
         Mistake{"BoxBelowTheBand",
@@ -258,6 +264,23 @@ INSTANTIATE_TEST_SUITE_P(
         Mistake{"QueryBehindTheBands", u"<detail height=\"5\"/><query name=\"B\">SELECT</query>"_s,
                 u"stands too late"_s}),
     CaseName());
+
+TEST(TemplateReader, RefusesAPictureBelowItsBand) {
+    const QTemporaryDir folder;
+    ASSERT_TRUE(QImage(2, 2, QImage::Format_RGB32).save(folder.filePath(u"logo.png"_s)));
+    const QString file = folder.filePath(u"t.rpt"_s);
+    const QString band =
+        u"<detail height=\"5\"><image x=\"0\" y=\"1\" width=\"9\" height=\"%1\" file=\"logo.png\"/></detail>"_s;
+    EXPECT_EQ(FailureOf([&] { ReadTemplate(file, AroundBands(band.arg(4))); }), u"nothing was raised"_s);
+    EXPECT_EQ(FailureOf([&] { ReadTemplate(file, AroundBands(band.arg(5))); }),
+              file + u", line 3: A line, box or picture reaches below the height of this band."_s);
+}
+
+TEST(TemplateReader, NamesAFolderWithAPercentSignAsItIs) {
+    const QString failure =
+        FailureOf([] { ReadTemplate(u"/r %1 %2/Slip.RPT"_s, AroundBands(u"<cell/>"_s)); });
+    EXPECT_EQ(failure, u"/r %1 %2/Slip.RPT, line 3: The element <cell> does not belong here."_s);
+}
 
 namespace {
 

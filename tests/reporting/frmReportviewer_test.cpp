@@ -1,5 +1,6 @@
 #include "ReportFixture.h"
 #include "reporting/frmReportviewer.h"
+#include "reporting/PageView.h"
 #include "reporting/Reports.h"
 #include "reporting/ReportViewer.h"
 #include "reporting/TemplateReader.h"
@@ -8,6 +9,8 @@
 #include <QApplication>
 #include <QLabel>
 #include <QPointer>
+#include <QScreen>
+#include <QTreeView>
 
 using namespace Qt::StringLiterals;
 
@@ -34,6 +37,48 @@ TEST_F(frmReportviewerTest, ViewsTheReportWhenItLoads) {
     form.Load();
     EXPECT_EQ(database.commands.size(), 1);
     EXPECT_EQ(Find<QLabel>(form, "lblPages").text(), u"of 1"_s);
+}
+
+TEST_F(frmReportviewerTest, ShowsThePagesWidthWithoutAGroupTreeWhateverItsViewerWasSetTo) {
+    frmReportviewer form;
+    form.Load();
+    form.show();
+    const double pageWidth = Find<PageView>(form, "PageView").ZoomFactor();
+    frmReportviewer other;
+    auto& viewer = Find<ReportViewer>(other, "CRViewer1");
+    viewer.Zoom(80);
+    viewer.EnableGroupTree(true);
+    viewer.DisplayGroupTree(true);
+    gReport->Tables()[0].SetLogOnInfo({}, {}, {}, {});
+    other.Load();
+    other.show();
+    EXPECT_NEAR(Find<PageView>(other, "PageView").ZoomFactor(), pageWidth, 0.001);
+    EXPECT_FALSE(Find<QTreeView>(other, "GroupTree").isVisible());
+    viewer.DisplayGroupTree(true);
+    EXPECT_FALSE(Find<QTreeView>(other, "GroupTree").isVisible()) << "it is not only hidden but off";
+    viewer.EnableGroupTree(true);
+    EXPECT_FALSE(Find<QTreeView>(other, "GroupTree").isVisible());
+}
+
+TEST_F(frmReportviewerTest, ItsWindowTakesNineTenthsOfTheScreen) {
+    frmReportviewer form;
+    form.Load();
+    form.show();
+    const QRect screen = form.screen()->availableGeometry();
+    EXPECT_EQ(form.size(), screen.size() * 0.9);
+    EXPECT_EQ(form.geometry().center(), screen.center());
+}
+
+TEST_F(frmReportviewerTest, InsideAnotherWindowItKeepsItsSize) {
+    QWidget workspace;
+    frmReportviewer form;
+    form.setParent(&workspace);
+    form.Load();
+    form.resize(300, 200);
+    workspace.show();
+    form.show();
+    EXPECT_EQ(form.size(), QSize(300, 200));
+    form.setParent(nullptr);
 }
 
 TEST_F(frmReportviewerTest, ItsViewerFillsIt) {

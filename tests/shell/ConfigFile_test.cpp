@@ -85,6 +85,12 @@ TEST_F(ConfigFile, ItsTextIsOneBytePerCharacter) {
     EXPECT_EQ(Read(u"DeptDesc"_s), u"NIÑO"_s);
 }
 
+TEST_F(ConfigFile, ACharacterThatOneByteCannotHoldIsWrittenAsAQuestionMark) {
+    AppendConfigValue(u"DeptDesc"_s, u"5 € UNIT"_s);
+    EXPECT_EQ(Content(), "DeptDesc = 5 ? UNIT\n");
+    EXPECT_EQ(Read(u"DeptDesc"_s), u"5 ? UNIT"_s);
+}
+
 TEST_F(ConfigFile, NothingIsCached) {
     Write("DeptCode = HC\n");
     EXPECT_EQ(Read(u"DeptCode"_s), u"HC"_s);
@@ -127,7 +133,10 @@ INSTANTIATE_TEST_SUITE_P(
         ReadCase{"QuotesBelongToTheValue", "DeptCode = \"HC\"\n", u"\"HC\""_s},
         ReadCase{"AKeyThatOnlyBeginsSo", "DeptCodes = LB\nDeptCode = HC\n", u"HC"_s},
         ReadCase{"LastLineWithoutItsEnd", "Other=1\nDeptCode = HC", u"HC"_s},
-        ReadCase{"LineEndsOfAnotherSystem", "Other=1\r\nDeptCode = HC\r\n", u"HC"_s}),
+        ReadCase{"LineEndsOfAnotherSystem", "Other=1\r\nDeptCode = HC\r\n", u"HC"_s},
+        ReadCase{"ACarriageReturnInsideTheLineIsKept", "DeptCode = H\rC\n", u"H\rC"_s},
+        ReadCase{"OneCarriageReturnBelongsToTheLineEnd", "DeptCode = HC\r\r\n", u"HC\r"_s},
+        ReadCase{"ACarriageReturnAtTheFilesEndIsKept", "DeptCode = HC\r", u"HC\r"_s}),
     CaseName());
 
 struct FaultCase {
@@ -175,6 +184,14 @@ TEST_F(ConfigFile, MakingItBelowAFileRaises75) {
     Write("");
     gIniPath = Path() + u"\\tarvenaux.ini"_s;
     EXPECT_THROW(EnsureConfigFile(), RunTimeError);
+}
+
+TEST_F(ConfigFile, AFileThatFailsWhileItIsReadRaises75) {
+    // Address 0 of a process can never be read.
+    gIniPath = u"/proc/self/mem"_s;
+    if (!QFile::exists(gIniPath))
+        GTEST_SKIP() << "this system has no such file at hand";
+    EXPECT_THROW(Read(u"DeptCode"_s), RunTimeError);
 }
 
 TEST_F(ConfigFile, AFullDiskRaises75) {

@@ -1,3 +1,4 @@
+#include "components/clsDiagnosisCodes.h"
 #include "components/ComponentRegistry.h"
 #include "shell/frmMain.h"
 #include "shell/frmSetup.h"
@@ -18,7 +19,9 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <gmock/gmock.h>
 #include <memory>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -28,7 +31,7 @@ class MainTest : public StartTest {
   protected:
     ~MainTest() override {
         Screens::Clear();
-        delete frmMain::Instance();
+        delete MainWindow();
     }
 };
 
@@ -39,13 +42,13 @@ TEST_F(MainTest, StartsInThisOrder) {
     EXPECT_EQ(gIniPath, programDirectory.path() + u"\\tarvenaux.ini"_s);
     QStringList created;
     for (const QString& className : ClassesOfInitComponents())
-        created.push_back(u"create "_s + className);
+        created.push_back(u"create %1 []"_s.arg(className));
     created << u"ActiveConnection nothing"_s << u"PasswordDeptCode HC"_s << u"hwndParentForm"_s
             << u"ShowMain"_s;
     EXPECT_EQ(record.mid(0, created.size()), created);
-    ASSERT_NE(frmMain::Instance(), nullptr);
-    EXPECT_TRUE(frmMain::Instance()->isVisible());
-    EXPECT_EQ(frmMain::Instance()->windowTitle(), u"TARVEN HEMODIALYSIS ver.5.5.2"_s);
+    ASSERT_NE(MainWindow(), nullptr);
+    EXPECT_TRUE(MainWindow()->isVisible());
+    EXPECT_EQ(MainWindow()->windowTitle(), u"TARVEN HEMODIALYSIS ver.5.5.2"_s);
 }
 
 TEST_F(MainTest, MakesAMissingConfigurationFileAndStartsWithZeros) {
@@ -54,7 +57,7 @@ TEST_F(MainTest, MakesAMissingConfigurationFileAndStartsWithZeros) {
     EXPECT_TRUE(QFile::exists(programDirectory.filePath(u"tarvenaux.ini"_s)));
     EXPECT_EQ(gDeptCode, u"0"_s);
     EXPECT_EQ(gDeptDesc, u"0"_s);
-    EXPECT_EQ(frmMain::Instance()->windowTitle(), u"TARVEN 0 ver.5.5.2"_s);
+    EXPECT_EQ(MainWindow()->windowTitle(), u"TARVEN 0 ver.5.5.2"_s);
 }
 
 TEST_F(MainTest, AFileWithACodeAloneStartsWithZeroAsTheName) {
@@ -62,7 +65,7 @@ TEST_F(MainTest, AFileWithACodeAloneStartsWithZeroAsTheName) {
     ExpectHospital(u""_s, u""_s, u""_s, false);
     EXPECT_TRUE(Main());
     EXPECT_EQ(gDeptCode, u"HC"_s);
-    EXPECT_EQ(frmMain::Instance()->windowTitle(), u"TARVEN 0 ver.5.5.2"_s);
+    EXPECT_EQ(MainWindow()->windowTitle(), u"TARVEN 0 ver.5.5.2"_s);
 }
 
 TEST_F(MainTest, EndsSilentlyWhenNobodySignsOn) {
@@ -70,7 +73,7 @@ TEST_F(MainTest, EndsSilentlyWhenNobodySignsOn) {
     signsOn = false;
     EXPECT_FALSE(Main());
     EXPECT_TRUE(messages.Shown().empty());
-    EXPECT_FALSE(frmMain::Instance()->isVisible());
+    EXPECT_FALSE(MainWindow()->isVisible());
     EXPECT_EQ(record.last(), u"Connected"_s) << "nothing is read or created any more";
 }
 
@@ -122,7 +125,7 @@ TEST_P(BlankDepartment, AsksForTheSetupAndEndsWhateverTheUserDoesThere) {
         });
         EXPECT_FALSE(Main());
         EXPECT_EQ(record, (QStringList{u"Department not set."_s, u"setup shown"_s, u"Restart Program."_s}));
-        EXPECT_EQ(frmMain::Instance(), nullptr);
+        EXPECT_EQ(MainWindow(), nullptr);
     }
 }
 
@@ -159,11 +162,19 @@ TEST_P(MissingComponent, IsToldAndEndsTheStart) {
     EXPECT_FALSE(Main());
     EXPECT_EQ(messages.Shown().size(), 1U) << "there is no further message";
     EXPECT_EQ(record.size(), GetParam()) << "nothing is created behind the missing one";
-    EXPECT_EQ(frmMain::Instance(), nullptr);
+    EXPECT_EQ(MainWindow(), nullptr);
+}
+
+TEST_P(MissingComponent, AFailureThatIsNotTheRunTimesOwnIsToldToo) {
+    RegisterComponent(ClassName(), [](const QString&) -> std::shared_ptr<Component> {
+        throw std::runtime_error("The licence’s file is gone. ");
+    });
+    messages.Expect({.text = u"The licence’s file is gone. Error Initalizing DLLs..."_s});
+    EXPECT_FALSE(InitComponents());
 }
 
 TEST_P(MissingComponent, ItsOwnErrorIsTheOneThatIsTold) {
-    RegisterComponent(ClassName(), []() -> std::shared_ptr<Component> {
+    RegisterComponent(ClassName(), [](const QString&) -> std::shared_ptr<Component> {
         throw RunTimeError(-2147467259, u"The license has run out. "_s);
     });
     messages.Expect({.text = u"The license has run out. Error Initalizing DLLs..."_s});
@@ -175,8 +186,40 @@ INSTANTIATE_TEST_SUITE_P(Classes, MissingComponent, testing::Range(0, 8),
                              return "Number" + std::to_string(number.param + 1);
                          });
 
+/// Diagnosis codes that take no connection.
+class RefusingCodes : public clsDiagnosisCodes {
+  public:
+    void SetActiveConnection(CommandGateway*) override {
+        throw RunTimeError(-2147467259, u"No connection, please. "_s);
+    }
+};
+
+TEST_F(MainTest, DiagnosisCodesThatTakeNoConnectionAreToldAndEndTheStart) {
+    RegisterComponent(u"DiagnosisCodeLib.clsDiagnosisCodes"_s,
+                      [](const QString&) { return std::make_shared<RefusingCodes>(); });
+    messages.Expect({.text = u"No connection, please. Error Initalizing DLLs..."_s});
+    EXPECT_FALSE(InitComponents());
+}
+
+/// A session that has no connection to show, not even an unset one.
+class SessionWithoutConnection : public FakeCurrentUser {
+  public:
+    CommandGateway* SQLConnection() const override {
+        throw RunTimeError(-2147467259, u"Nobody has signed on. "_s);
+    }
+};
+
+TEST_F(MainTest, ASessionThatShowsNoConnectionIsToldAndEndsTheStart) {
+    RegisterComponent(u"TARVEN_User.clsCurrentUser"_s,
+                      [](const QString&) { return std::make_shared<SessionWithoutConnection>(); });
+    messages.Expect({.text = u"Nobody has signed on. Error Initalizing DLLs..."_s});
+    EXPECT_FALSE(InitComponents());
+    EXPECT_FALSE(record.contains(u"ActiveConnection nothing"_s));
+}
+
 TEST_F(MainTest, AComponentOfAnotherKindIsToldToo) {
-    RegisterComponent(u"ListingLib.clsListing"_s, [] { return std::make_shared<Component>(); });
+    RegisterComponent(u"ListingLib.clsListing"_s,
+                      [](const QString&) { return std::make_shared<Component>(); });
     messages.Expect({.text = u"Type mismatchError Initalizing DLLs..."_s});
     EXPECT_FALSE(InitComponents());
 }
@@ -254,7 +297,8 @@ TEST_F(StartDeathTest, ASignOnThatIsCancelledEndsTheProcessWithoutABox) {
             signsOn = false;
             RunProgram();
         },
-        testing::ExitedWithCode(0), "");
+        // Each box and screen would be told in brackets.
+        testing::ExitedWithCode(0), testing::Not(testing::HasSubstr("[")));
 }
 
 TEST_F(StartDeathTest, AHospitalWithoutARecordEndsTheProcessWithExitCode1) {

@@ -106,7 +106,7 @@ TEST_F(MenuTree, DrawsItsSeparatorsAsLinesWithoutAHeading) {
             EXPECT_EQ(action->text(), QString()) << action->objectName().toStdString();
             ++separators;
         }
-    EXPECT_GE(separators, 3);
+    EXPECT_EQ(separators, 4);
 }
 
 TEST_F(MenuTree, TheLedgersEntryOfTheBarIsClickedAndOpensNoMenu) {

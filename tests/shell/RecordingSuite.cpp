@@ -2,7 +2,9 @@
 
 #include "components/clsDiagnosisCodes.h"
 #include "components/ComponentRegistry.h"
+#include "shell/frmMain.h"
 
+#include <QApplication>
 #include <QFile>
 
 #include <memory>
@@ -114,15 +116,21 @@ class RecordingStockItem : public FakeStockItem {
 
 class RecordingStockList : public FakeStockList {
   public:
-    explicit RecordingStockList(QStringList& record)
-        : mRecord(record) {}
+    RecordingStockList(QStringList& record, const bool& answer, const std::function<void()>& onConnection)
+        : mRecord(record)
+        , mAnswer(answer)
+        , mOnConnection(onConnection) {}
     bool InitConnection(const QString& connectionString) override {
         mRecord << u"StockList.InitConnection "_s + connectionString;
-        return true;
+        if (mOnConnection)
+            mOnConnection();
+        return mAnswer;
     }
 
   private:
     QStringList& mRecord;
+    const bool& mAnswer;
+    const std::function<void()>& mOnConnection;
 };
 
 class RecordingCodes : public clsDiagnosisCodes {
@@ -170,8 +178,8 @@ QStringList StartTest::ClassesOfMainLoad() {
 
 StartTest::StartTest() {
     const auto registerAs = [this](const QString& className, auto make) {
-        RegisterComponent(className, [this, className, make] {
-            record << u"create "_s + className;
+        RegisterComponent(className, [this, className, make](const QString& server) {
+            record << u"create %1 [%2]"_s.arg(className, server);
             return make();
         });
     };
@@ -187,7 +195,9 @@ StartTest::StartTest() {
     registerAs(u"DiagnosisCodeLib.clsDiagnosisCodes"_s,
                [this] { return std::make_shared<RecordingCodes>(record); });
     for (const QString& className : {u"StockListLib.clsStockList"_s, u"StockGroupListLib.clsGroupList"_s})
-        registerAs(className, [this] { return std::make_shared<RecordingStockList>(record); });
+        registerAs(className, [this] {
+            return std::make_shared<RecordingStockList>(record, stockListConnects, onStockListConnection);
+        });
     for (const QString& className : {u"ResultViewLib.clsResultView"_s, u"AccountStatementLib.clsStatement"_s,
                                      u"WardWorkLib.clsRequest"_s, u"WardWorkLib.clsResults"_s,
                                      u"WardWorkLib.clsConfinementResults"_s, u"WardWorkLib.clsConfinement"_s})
@@ -198,6 +208,14 @@ StartTest::~StartTest() {
     for (const QString& className : ClassesOfInitComponents() + ClassesOfMainLoad())
         RegisterComponent(className, {});
     RegisterComponent(u"StockGroupListLib.clsGroupList"_s, {});
+}
+
+frmMain* StartTest::MainWindow() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* main = qobject_cast<frmMain*>(window))
+            return main;
+    }
+    return nullptr;
 }
 
 void StartTest::WriteConfig(const QByteArray& content) {

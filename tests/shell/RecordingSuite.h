@@ -6,6 +6,8 @@
 
 #include <functional>
 
+class frmMain;
+
 /// The gateway of a start: writes down what the start sets and sends.
 class RecordingGateway : public ScriptedGateway {
   public:
@@ -36,6 +38,9 @@ class StartTest : public ScreenTest {
     static QStringList ClassesOfInitComponents();
     static QStringList ClassesOfMainLoad();
 
+    /// The main window that a start has made; null when it has made none.
+    static frmMain* MainWindow();
+
     void WriteConfig(const QByteArray& content);
 
     /// The next command reads the hospital record, which has this row.
@@ -43,11 +48,14 @@ class StartTest : public ScreenTest {
 
     QStringList record;
     RecordingGateway connection{record};
-    /// Called when the listing component gets its connection and its company name.
+    /// Called when the listing component gets its connection and its company name, and the stock picker its
+    /// connection.
     std::function<void()> onListingConnection;
     std::function<void()> onCompanyName;
+    std::function<void()> onStockListConnection;
     /// The next sign-on succeeds.
     bool signsOn = true;
     bool personFinderConnects = true;
     bool stockItemConnects = true;
+    bool stockListConnects = true;
 };

@@ -72,11 +72,11 @@ TEST_F(frmMainLoad, RunsInThisOrder) {
                                    u"Initial"_s,
                                    u"EmployeeName"_s,
                                    u"select * from PATIENT_DATA..tbhospitalInfo"_s,
-                                   u"create WardWorkLib.clsRequest"_s,
-                                   u"create WardWorkLib.clsResults"_s,
-                                   u"create WardWorkLib.clsConfinementResults"_s,
-                                   u"create WardWorkLib.clsConfinement"_s,
-                                   u"create StockListLib.clsStockList"_s,
+                                   u"create WardWorkLib.clsRequest []"_s,
+                                   u"create WardWorkLib.clsResults []"_s,
+                                   u"create WardWorkLib.clsConfinementResults []"_s,
+                                   u"create WardWorkLib.clsConfinement []"_s,
+                                   u"create StockListLib.clsStockList []"_s,
                                    u"CommandTimeout 120"_s,
                                    u"MTS_Server []"_s,
                                    u"SearchMode 1"_s,
@@ -139,6 +139,18 @@ TEST_F(frmMainLoad, ANullTinAloneStartsNormally) {
     EXPECT_EQ(gHospitalTin, QString());
 }
 
+TEST_F(frmMainLoad, OfTwoHospitalRecordsTheFirstCounts) {
+    connection.Expect(u"select * from PATIENT_DATA..tbhospitalInfo"_s,
+                      Rows({u"company"_s, u"Address1"_s, u"TinNo"_s, u"Bygeneric"_s},
+                           {{u"SAN ROQUE HOSPITAL"_s, u"CEBU CITY"_s, u"000-111"_s, true},
+                            {u"SANTA ANA CLINIC"_s, u"TALISAY"_s, u"000-222"_s, false}}));
+    EXPECT_TRUE(window->Form_Load());
+    EXPECT_EQ(gHospitalName, u"SAN ROQUE HOSPITAL"_s);
+    EXPECT_EQ(gHospitalAddress, u"CEBU CITY"_s);
+    EXPECT_EQ(gHospitalTin, u"000-111"_s);
+    EXPECT_TRUE(gByGeneric);
+}
+
 TEST_F(frmMainLoad, AnEmptyHospitalRecordRaises3021) {
     connection.Expect(u"select * from PATIENT_DATA..tbhospitalInfo"_s,
                       Rows({u"company"_s, u"Address1"_s, u"TinNo"_s, u"Bygeneric"_s}));
@@ -150,7 +162,7 @@ TEST_F(frmMainLoad, ANullBygenericRaises13) {
     ExpectHospital(u"SAN ROQUE HOSPITAL"_s, u"CEBU CITY"_s, u"000-111"_s, Value());
     EXPECT_EQ(ErrorOfLoad(), 13);
     EXPECT_EQ(gHospitalTin, u"000-111"_s) << "the three texts are read before";
-    EXPECT_FALSE(record.contains(u"create WardWorkLib.clsRequest"_s));
+    EXPECT_FALSE(record.contains(u"create WardWorkLib.clsRequest []"_s));
 }
 
 struct GenericCase {
@@ -166,8 +178,8 @@ TEST_P(Bygeneric, IsKeptAndChangesNothing) {
     EXPECT_TRUE(window->Form_Load());
     EXPECT_EQ(gByGeneric, GetParam().expected);
     EXPECT_FALSE(gUseGenericList);
-    EXPECT_TRUE(record.contains(u"create StockListLib.clsStockList"_s));
-    EXPECT_FALSE(record.contains(u"create StockGroupListLib.clsGroupList"_s));
+    EXPECT_TRUE(record.contains(u"create StockListLib.clsStockList []"_s));
+    EXPECT_FALSE(record.contains(u"create StockGroupListLib.clsGroupList []"_s));
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, Bygeneric,
@@ -180,8 +192,8 @@ TEST_F(frmMainLoad, TheGroupListIsForWorkstationsThatAskForIt) {
     gUseGenericList = true;
     ExpectPlainHospital();
     EXPECT_TRUE(window->Form_Load());
-    EXPECT_TRUE(record.contains(u"create StockGroupListLib.clsGroupList"_s));
-    EXPECT_FALSE(record.contains(u"create StockListLib.clsStockList"_s));
+    EXPECT_TRUE(record.contains(u"create StockGroupListLib.clsGroupList []"_s));
+    EXPECT_FALSE(record.contains(u"create StockListLib.clsStockList []"_s));
 }
 
 TEST_F(frmMainLoad, APatientMasterThatCannotConnectStopsTheStepAndNotTheStart) {
@@ -203,12 +215,36 @@ TEST_F(frmMainLoad, AStockItemThatCannotConnectKeepsTheStockListWithoutAConnecti
                            u"StockItem.InitConnect scripted"_s}));
 }
 
+TEST_F(frmMainLoad, AStockListThatCannotConnectIsIgnored) {
+    stockListConnects = false;
+    ExpectPlainHospital();
+    EXPECT_TRUE(window->Form_Load());
+    EXPECT_EQ(record.mid(record.indexOf(u"CompanyName []"_s) + 1),
+              (QStringList{u"PersonFinder.InitConnection scripted []"_s, u"StockItem.InitConnect scripted"_s,
+                           u"StockList.InitConnection scripted"_s, u"StockItem.InitConnect scripted"_s}));
+    EXPECT_EQ(window->windowTitle(), u"TARVEN HEMODIALYSIS ver.5.5.2"_s);
+}
+
+TEST_F(frmMainLoad, AsksTheSessionForItsConnectionOnceMoreAtTheEnd) {
+    ScriptedGateway another;
+    onStockListConnection = [&another] {
+        std::dynamic_pointer_cast<FakeCurrentUser>(gCurrentUser.Shared())->connection = &another;
+    };
+    ExpectPlainHospital();
+    EXPECT_TRUE(window->Form_Load());
+    EXPECT_EQ(gConnection, &another);
+}
+
 class MissingWardComponent : public frmMainLoad, public testing::WithParamInterface<int> {};
 
-TEST_P(MissingWardComponent, Raises429) {
+TEST_P(MissingWardComponent, Raises429AndNothingComesBehindIt) {
     RegisterComponent(ClassesOfMainLoad()[GetParam()], {});
     ExpectPlainHospital();
     EXPECT_EQ(ErrorOfLoad(), 429);
+    QStringList createdBefore;
+    for (const QString& className : ClassesOfMainLoad().mid(0, GetParam()))
+        createdBefore << u"create %1 []"_s.arg(className);
+    EXPECT_EQ(record.mid(record.indexOf(u"select * from PATIENT_DATA..tbhospitalInfo"_s) + 1), createdBefore);
     EXPECT_TRUE(messages.Shown().empty());
 }
 

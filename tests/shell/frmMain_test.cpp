@@ -1,4 +1,5 @@
 #include "charges/frmPostCharges.h"
+#include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
 #include "shell/frmAbout.h"
 #include "shell/frmMain.h"
@@ -6,14 +7,19 @@
 #include "shell/shared.h"
 #include "shell/StatusPanel.h"
 #include "support/CaseName.h"
+#include "support/FakeWorkspace.h"
 #include "support/ScreenTest.h"
+#include "toolkit/FlexGrid.h"
 #include "toolkit/Screens.h"
 
 #include <QAction>
+#include <QContextMenuEvent>
 #include <QFile>
 #include <QLineEdit>
 #include <QMdiArea>
 #include <QMenu>
+#include <QMenuBar>
+#include <QPointer>
 #include <QStatusBar>
 #include <QTest>
 #include <QTimer>
@@ -25,6 +31,15 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Opens the charge grid's editor on a screen without a patient, and gives it the focus.
+QLineEdit& OpenEditor(const frmPostCharges& screen) {
+    auto& grid = Find<FlexGrid>(screen, "grdTable");
+    for (QWidget* frame = grid.parentWidget(); frame != &screen; frame = frame->parentWidget())
+        frame->setEnabled(true);
+    grid.setFocus();
+    return Find<QLineEdit>(screen, "txtEntry");
+}
 
 /// The main window as it stands after the sign-on.
 class frmMainTest : public ScreenTest {
@@ -51,7 +66,6 @@ class frmMainTest : public ScreenTest {
 };
 
 TEST_F(frmMainTest, IsTheWorkspaceOfTheScreensWhileItStands) {
-    EXPECT_EQ(frmMain::Instance(), window.get());
     EXPECT_NE(Workspace::Current(), nullptr);
     Workspace::Current()->EnableMenuItem(u"mnuMLedger"_s, true);
     EXPECT_TRUE(Item("mnuMLedger").isEnabled());
@@ -60,13 +74,32 @@ TEST_F(frmMainTest, IsTheWorkspaceOfTheScreensWhileItStands) {
     Workspace::Current()->EnableMenuItem(u"no such item"_s, true);
     window.reset();
     EXPECT_EQ(Workspace::Current(), nullptr);
-    EXPECT_EQ(frmMain::Instance(), nullptr);
+}
+
+TEST_F(frmMainTest, LeavesAnotherWorkspaceAloneWhenItGoes) {
+    FakeWorkspace another;
+    window.reset();
+    EXPECT_EQ(Workspace::Current(), &another);
 }
 
 TEST_F(frmMainTest, TheToolbarStandsAtTheTop) {
     auto* toolbar = window->findChild<QToolBar*>(u"Toolbar1"_s);
     ASSERT_NE(toolbar, nullptr);
     EXPECT_EQ(window->toolBarArea(toolbar), Qt::TopToolBarArea);
+}
+
+TEST_F(frmMainTest, ARightClickOffersNoMenuThatCouldHideTheToolbar) {
+    for (QWidget* place :
+         {static_cast<QWidget*>(window->menuBar()), static_cast<QWidget*>(window->statusBar()),
+          static_cast<QWidget*>(window->findChild<QToolBar*>(u"Toolbar1"_s))}) {
+        const QPoint middle = place->rect().center();
+        QContextMenuEvent rightClick(QContextMenuEvent::Mouse, middle, place->mapToGlobal(middle));
+        QApplication::sendEvent(place, &rightClick);
+        QWidget* menu = QApplication::activePopupWidget();
+        EXPECT_EQ(menu, nullptr) << place->metaObject()->className();
+        if (menu)
+            menu->close();
+    }
 }
 
 struct ButtonRow {
@@ -196,11 +229,38 @@ TEST_F(frmMainTest, SetupAndAboutOpenOnceAndNotModal) {
     EXPECT_EQ(OpenScreens(), 1);
 }
 
+TEST_F(frmMainTest, AboutOpenedAgainWhileItFadesOutStays) {
+    Item("mnuAbout").trigger();
+    auto& about = Screens::Get<frmAbout>();
+    auto& timer = *about.findChild<QTimer*>();
+    about.close();
+    Item("mnuAbout").trigger();
+    for (int i = 0; i < 100; ++i)
+        QMetaObject::invokeMethod(&timer, "timeout");
+    EXPECT_TRUE(Screens::IsLoaded<frmAbout>());
+    EXPECT_NEAR(about.windowOpacity(), 1, 0.005);
+}
+
+TEST_F(frmMainTest, TheFinderOpensWithoutBeingModal) {
+    window->OpenSearchPatient();
+    ASSERT_TRUE(Screens::IsLoaded<frmSearchPatient>());
+    EXPECT_TRUE(Screens::Get<frmSearchPatient>().isVisible());
+    EXPECT_FALSE(Screens::Get<frmSearchPatient>().IsModal());
+}
+
 TEST_F(frmMainTest, EntriesWithoutAHandlerDoNothing) {
     gChargeMode = u"List"_s;
     gPatientType = u"O"_s;
-    for (const char* name : {"mnuCash", "mnuResultEntry", "mnuRandomResult", "mnuResultInquiry"})
-        Item(name).activate(QAction::Trigger);
+    for (const char* name : {"mnuCash", "mnuResultEntry", "mnuRandomResult", "mnuResultInquiry"}) {
+        QAction& item = Item(name);
+        int chosen = 0;
+        QObject::connect(&item, &QAction::triggered, window.get(), [&chosen] { ++chosen; });
+        // Where it is hidden or disabled it cannot be chosen at all.
+        item.setVisible(true);
+        item.setEnabled(true);
+        item.trigger();
+        EXPECT_EQ(chosen, 1) << name;
+    }
     EXPECT_EQ(OpenScreens(), 0);
     EXPECT_EQ(gChargeMode, u"List"_s);
     EXPECT_EQ(gPatientType, u"O"_s);
@@ -221,12 +281,21 @@ INSTANTIATE_TEST_SUITE_P(Keys, InertKey,
                          testing::Values("Trans", "Reports", "Reprots", "exit", "Exit", "ledger", "inpatient",
                                          ""));
 
-TEST_F(frmMainTest, TheToolbarsButtonsTellTheirKeys) {
-    // The two buttons with a dropdown do nothing by themselves.
+TEST_F(frmMainTest, TheButtonsWithADropdownDoNothingByThemselves) {
     for (const char* key : {"Trans", "Reports"})
         Click(Find<QToolButton>(*window, key));
     EXPECT_EQ(OpenScreens(), 0);
     EXPECT_TRUE(messages.Shown().empty());
+}
+
+TEST_F(frmMainTest, EveryButtonAndDropdownItemIsHeardByTheWindow) {
+    // What most of them open is not there yet; a connection that can be cut has been made.
+    for (const char* key : {"Assess", "Trans", "Reports"}) {
+        const auto& button = Find<QToolButton>(*window, key);
+        EXPECT_TRUE(QObject::disconnect(&button, &QToolButton::clicked, window.get(), nullptr)) << key;
+    }
+    for (const char* key : {"Inpatient", "Outpatient", "Audit", "Opd", "IPD"})
+        EXPECT_TRUE(QObject::disconnect(&Item(key), &QAction::triggered, window.get(), nullptr)) << key;
 }
 
 // The end of the program.
@@ -278,8 +347,26 @@ INSTANTIATE_TEST_SUITE_P(
                                 box.setText(u"SANTOS"_s);
                                 box.selectAll();
                                 Press(box, Qt::Key_X, Qt::ControlModifier);
+                            }},
+                    EndCase{"CtrlXInTheChargeGrid",
+                            [](frmMain&) {
+                                auto& editor = OpenEditor(Screens::Get<frmPostCharges>());
+                                editor.setText(u"HC"_s);
+                                editor.selectAll();
+                                Press(editor, Qt::Key_X, Qt::ControlModifier);
                             }}),
     CaseName());
+
+TEST_F(frmMainTest, TheEndClosesSetupAndAboutAtOnce) {
+    Item("mSetup").trigger();
+    Item("mnuAbout").trigger();
+    const QPointer<frmAbout> about = &Screens::Get<frmAbout>();
+    Item("mnuExit").trigger();
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_FALSE(about && about->isVisible());
+    EXPECT_FALSE(Screens::IsLoaded<frmSetup>());
+    EXPECT_FALSE(Screens::IsLoaded<frmAbout>());
+}
 
 /// A screen that stays open.
 class Stubborn : public Form {
@@ -315,6 +402,16 @@ TEST_F(Shortcuts, CtrlAOpensTheAssessmentWhileATextBoxHasTheFocus) {
     Press(box, Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(assessments, 1);
     EXPECT_EQ(box.selectedText(), QString()) << "the text box did not take the key for itself";
+}
+
+TEST_F(Shortcuts, CtrlAOpensTheAssessmentWhileTheChargeGridIsKeyedIn) {
+    Item("mnuInTransactionEntry").trigger();
+    auto& editor = OpenEditor(Screens::Get<frmPostCharges>());
+    editor.setText(u"HC"_s);
+    editor.deselect();
+    Press(editor, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(assessments, 1);
+    EXPECT_EQ(editor.selectedText(), QString());
 }
 
 TEST_F(Shortcuts, CtrlAOpensTheAssessmentFromTheMainWindow) {

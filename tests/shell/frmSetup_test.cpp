@@ -1,5 +1,6 @@
 #include "shell/frmSetup.h"
 #include "shell/shared.h"
+#include "support/CaseName.h"
 #include "support/FakeWorkspace.h"
 #include "support/ScreenTest.h"
 #include "toolkit/Screens.h"
@@ -10,6 +11,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+
+#include <csignal>
+#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
@@ -134,17 +138,54 @@ TEST_F(frmSetupTest, AFailingSaveTellsWhyAndKeepsTheScreenOpen) {
     EXPECT_TRUE(screen.isVisible());
 }
 
-TEST_F(frmSetupTest, TheFileIsEmptiedBeforeAnythingElseIsKnownToWork) {
-    if (!QFile::exists(u"/dev/full"_s))
-        GTEST_SKIP() << "this system has no full disk at hand";
+/// While it lives no file grows beyond that size, as on a full disk.
+class FileSizeLimit {
+  public:
+    explicit FileSizeLimit(rlim_t bytes)
+        : mSignalBefore(std::signal(SIGXFSZ, SIG_IGN)) {
+        EXPECT_EQ(getrlimit(RLIMIT_FSIZE, &mBefore), 0);
+        const rlimit limit = {bytes, mBefore.rlim_max};
+        EXPECT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+    ~FileSizeLimit() {
+        setrlimit(RLIMIT_FSIZE, &mBefore);
+        std::signal(SIGXFSZ, mSignalBefore);
+    }
+
+  private:
+    void (*mSignalBefore)(int);
+    rlimit mBefore{};
+};
+
+struct FullDiskCase {
+    const char* name;
+    rlim_t bytes;
+    QByteArray left;
+};
+
+class FullDisk : public frmSetupTest, public testing::WithParamInterface<FullDiskCase> {};
+
+TEST_P(FullDisk, FailsTheSaveAfterTheFileWasEmptied) {
     const frmSetup& screen = Open();
-    gIniPath = u"/dev/full"_s;
-    messages.Expect(
-        {.text = u"Path/File access error: /dev/full (No space left on device)Cannot Save. You may not "
-                 "have rights. "_s});
-    Click(Find<QPushButton>(screen, "cmdOK"));
+    Find<QLineEdit>(screen, "txtDeptCode").setText(u"LB"_s);
+    messages.Expect({.text = u"Path/File access error: "_s + Path() +
+                             u" (File too large)Cannot Save. You may not have rights. "_s});
+    {
+        const FileSizeLimit limit(GetParam().bytes);
+        Click(Find<QPushButton>(screen, "cmdOK"));
+    }
+    EXPECT_EQ(messages.Shown().size(), 1U);
+    EXPECT_EQ(Content(), GetParam().left);
     EXPECT_TRUE(Screens::IsLoaded<frmSetup>());
+    EXPECT_TRUE(screen.isVisible());
 }
+
+INSTANTIATE_TEST_SUITE_P(Sizes, FullDisk,
+                         testing::Values(FullDiskCase{"NoRoomAtAll", 0, ""},
+                                         FullDiskCase{"RoomForTheFirstLine", 14, "DeptCode = LB\n"}),
+                         CaseName());
 
 TEST_F(frmSetupTest, AFileThatCannotBeReadEndsTheProgram) {
     gIniPath = programDirectory.path();

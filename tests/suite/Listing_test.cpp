@@ -162,6 +162,16 @@ TEST_F(ListingTest, AnApostropheDoesNoHarm) {
     EXPECT_EQ(text, u"O'BRIEN"_s);
 }
 
+TEST_F(ListingTest, ANumberThatIsNoListingsRaises9) {
+    QString code = u"D990"_s;
+    try {
+        Exact(code, 2);
+        FAIL() << "nothing was raised";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Number(), 9);
+    }
+}
+
 TEST_F(ListingTest, WithoutAConnectionItRaises91) {
     Listing unconnected;
     QString code = u"D990"_s;

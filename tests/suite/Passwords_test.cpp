@@ -34,10 +34,18 @@ TEST(Passwords, ATextThatIsNoHashKnowsNoPassword) {
         EXPECT_FALSE(PasswordMatches(text, u"hemo"_s)) << text.toStdString();
 }
 
-TEST(Passwords, AWipedTextIsEmpty) {
-    QString password = u"hemo"_s;
+TEST(Passwords, AWipedTextIsEmptyAndLeavesZerosInItsMemory) {
+    QString password = QString::fromLatin1("hemo");
+    const QChar* letters = password.constData();
     WipePassword(password);
     EXPECT_TRUE(password.isEmpty());
+    ASSERT_EQ(password.constData(), letters) << "the text keeps its memory";
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(letters[i], QChar(0)) << i;
+}
+
+TEST(Passwords, AnEmptyTextIsWipedWithoutHarm) {
+    QString password;
     WipePassword(password);
     EXPECT_TRUE(password.isEmpty());
 }

@@ -52,14 +52,15 @@ TEST_F(RegisterSuiteTest, EveryComponentCanBeCreatedByItsClassName) {
 TEST_F(RegisterSuiteTest, TheDiagnosisCodesTakeAConnectionThatIsNotOpenYet) {
     const auto user = CreateObject<clsCurrentUser>(u"TARVEN_User.clsCurrentUser"_s);
     EXPECT_EQ(user->SQLConnection(), nullptr);
-    CreateObject<clsDiagnosisCodes>(u"DiagnosisCodeLib.clsDiagnosisCodes"_s)
-        ->SetActiveConnection(user->SQLConnection());
+    const auto codes = CreateObject<clsDiagnosisCodes>(u"DiagnosisCodeLib.clsDiagnosisCodes"_s);
+    EXPECT_NO_THROW(codes->SetActiveConnection(user->SQLConnection()));
 }
 
 TEST_F(RegisterSuiteTest, AReportReachesTheTrialHospitalWithTheUsersLogon) {
     const auto connection = ConnectReport({u"Trial hospital"_s, u"Clinical_Area"_s, u"NURSE"_s, u"nurse"_s});
     ASSERT_NE(connection, nullptr);
     EXPECT_EQ(connection->DefaultDatabase(), u"Clinical_Area"_s);
+    EXPECT_EQ(connection->CommandTimeout(), 120);
     EXPECT_FALSE(connection->Execute(u"select * from PATIENT_DATA..tbhospitalInfo"_s).Eof());
 }
 

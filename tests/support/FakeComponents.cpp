@@ -15,6 +15,11 @@ void RaiseOnce(std::optional<RunTimeError>& failure) {
 
 } // namespace
 
+void ComingFailure::Call() {
+    if (error && after-- == 0)
+        RaiseOnce(error);
+}
+
 bool FakeListing::SearchListing(QString& code, int kind) {
     searches.push_back({code, kind, section});
     RaiseOnce(failure);
@@ -41,6 +46,21 @@ bool FakeStockItem::SearchDrug(const QString& text, const QString& section) {
     return false;
 }
 
+QString FakeStockItem::DrugCode() const {
+    codeFailure.Call();
+    return mItem.code;
+}
+
+QString FakeStockItem::DrugName() const {
+    nameFailure.Call();
+    return mItem.name;
+}
+
+StockPrices FakeStockItem::Invent() const {
+    priceFailure.Call();
+    return mItem.prices;
+}
+
 bool FakeStockList::InitConnection(const QString& connectionString) {
     connections.push_back(connectionString);
     return connects;
@@ -48,6 +68,7 @@ bool FakeStockList::InitConnection(const QString& connectionString) {
 
 QString FakeStockList::ShowList(const QString& text, bool flag, const QString& section) {
     showings.push_back({text, flag, section});
+    RaiseOnce(failure);
     return pick.value_or(text);
 }
 

@@ -39,6 +39,16 @@ class FakeCurrentUser : public clsCurrentUser {
     }
 };
 
+/// A failure that a component raises once, at one of the coming calls.
+struct ComingFailure {
+    std::optional<RunTimeError> error;
+    /// How many calls pass before it.
+    int after = 0;
+
+    /// Raises the failure when its call has come.
+    void Call();
+};
+
 /// Code pickers that expect searches in order and answer from records that the test sets.
 class FakeListing : public clsListing {
   public:
@@ -60,6 +70,8 @@ class FakeListing : public clsListing {
     std::deque<bool> answers;
     /// Raised by the next search.
     std::optional<RunTimeError> failure;
+    /// Raised by a reading of the service's record.
+    mutable ComingFailure recordFailure;
     DoctorListing doctor;
     OtherRevenueListing service;
     AddressListing address;
@@ -73,7 +85,10 @@ class FakeListing : public clsListing {
     void Initialize_Classes() override { ++initialized; }
     bool SearchListing(QString& code, int kind) override;
     const DoctorListing& DoctorRecord() const override { return doctor; }
-    const OtherRevenueListing& OtherRevenueRecord() const override { return service; }
+    const OtherRevenueListing& OtherRevenueRecord() const override {
+        recordFailure.Call();
+        return service;
+    }
     const AddressListing& AddressRecord() const override { return address; }
     const CivilStatusListing& CivilStatusRecord() const override { return civilStatus; }
 };
@@ -89,6 +104,10 @@ class FakeStockItem : public clsStockItem, public StockDrug {
     };
 
     std::vector<Item> items;
+    /// Raised by a reading of what the item stood on is.
+    mutable ComingFailure codeFailure;
+    mutable ComingFailure nameFailure;
+    mutable ComingFailure priceFailure;
     std::vector<QString> connections;
     bool connects = true;
     /// Raised by the next search.
@@ -97,9 +116,9 @@ class FakeStockItem : public clsStockItem, public StockDrug {
     bool InitConnect(const QString& connectionString) override;
     StockDrug& Drug() override { return *this; }
     bool SearchDrug(const QString& text, const QString& section) override;
-    QString DrugCode() const override { return mItem.code; }
-    QString DrugName() const override { return mItem.name; }
-    StockPrices Invent() const override { return mItem.prices; }
+    QString DrugCode() const override;
+    QString DrugName() const override;
+    StockPrices Invent() const override;
 
   private:
     Item mItem;
@@ -117,6 +136,8 @@ class FakeStockList : public clsStockList {
 
     /// The pick; the text given when it is nothing.
     std::optional<QString> pick;
+    /// Raised by the next showing.
+    std::optional<RunTimeError> failure;
     std::vector<Showing> showings;
     std::vector<QString> connections;
     std::optional<bool> drugs;

@@ -209,6 +209,27 @@ TEST(FlexCells, HeadersOfTheFormatStringStandBeforeFieldNames) {
     EXPECT_EQ(boundFirst.TextMatrix(0, 2), u"Name"_s);
 }
 
+TEST(FlexCells, AnAlignmentIsToldForTheHeaderAndForEveryRow) {
+    FlexCells cells;
+    cells.SetRows(4);
+    cells.SetCols(3);
+    int headers = 0;
+    QString told;
+    QObject::connect(&cells, &QAbstractItemModel::headerDataChanged, &cells, [&headers] { ++headers; });
+    QObject::connect(
+        &cells, &QAbstractItemModel::dataChanged, &cells,
+        [&told](const QModelIndex& first, const QModelIndex& last) {
+            told +=
+                u"%1,%2 to %3,%4"_s.arg(first.row()).arg(first.column()).arg(last.row()).arg(last.column());
+        });
+    cells.SetAlignment(2, Qt::AlignRight);
+    EXPECT_EQ(headers, 1);
+    EXPECT_EQ(told, u"0,1 to 2,1"_s);
+    cells.SetRows(1);
+    cells.SetAlignment(2, Qt::AlignLeft);
+    EXPECT_EQ(told, u"0,1 to 2,1"_s) << "there is no row to tell of";
+}
+
 TEST(FlexCells, AmountsOfABindingStandOnTheRightUnlessAnAlignmentIsSet) {
     FlexCells cells;
     cells.Bind(Rows({u"Item"_s, u"Price"_s, u"Rate"_s, u"Count"_s},

@@ -11,6 +11,8 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include <memory>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -190,6 +192,51 @@ TEST_F(FocusTest, AHoldConcernsItsControlAlone) {
     const HeldGotFocus hold(box);
     other->setFocus();
     EXPECT_EQ(count, 2);
+}
+
+TEST_F(FocusTest, AHoldInsideAnotherLeavesTheOuterOneInForce) {
+    HeldGotFocus outer(box);
+    {
+        HeldGotFocus inner(other);
+        inner.Release();
+    }
+    box->setFocus();
+    EXPECT_EQ(count, 0);
+    outer.Release();
+    EXPECT_EQ(count, 1);
+}
+
+TEST_F(FocusTest, AHoldInsideOneOfTheSameControlLeavesTheGotFocusToTheOuter) {
+    HeldGotFocus outer(box);
+    HeldGotFocus inner(box);
+    box->setFocus();
+    inner.Release();
+    EXPECT_EQ(count, 0);
+    outer.Release();
+    EXPECT_EQ(count, 1);
+}
+
+TEST_F(FocusTest, AnotherHandlerTakesThePlaceOfTheFirst) {
+    int raised = 0;
+    OnGotFocus(box, [&raised] { ++raised; });
+    box->setFocus();
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(raised, 1);
+}
+
+TEST_F(FocusTest, AHandlerRunsToItsEndThoughAnotherTakesItsPlaceMeanwhile) {
+    auto held = std::make_shared<int>(0);
+    const std::weak_ptr<int> watch = held;
+    bool alive = false;
+    OnGotFocus(box, [target = box, &watch, &alive, mine = std::move(held)] {
+        const std::weak_ptr<int>& seen = watch;
+        bool& answer = alive;
+        OnGotFocus(target, [] {});
+        answer = !seen.expired();
+    });
+    box->setFocus();
+    EXPECT_TRUE(alive);
+    EXPECT_TRUE(watch.expired());
 }
 
 TEST_F(FocusTest, AControlThatIsGoneIsForgotten) {

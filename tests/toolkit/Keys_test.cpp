@@ -138,6 +138,35 @@ TEST_F(KeysTest, AKeyThatKeyDownKeepsReachesNobodyElse) {
     EXPECT_EQ(box->text(), QString());
 }
 
+TEST_F(KeysTest, EachComposedCharacterReachesKeyDownBeforeKeyPress) {
+    QStringList order;
+    OnKeyPress(box, [&order](int& key) { order.push_back(u"press %1"_s.arg(QChar(key))); });
+    OnKeyDown(box, [&order](int key) {
+        order.push_back(u"down %1"_s.arg(key));
+        return false;
+    });
+    Compose(u"éñ"_s);
+    EXPECT_EQ(order, (QStringList{u"down 0"_s, u"press é"_s, u"down 0"_s, u"press ñ"_s}));
+    EXPECT_EQ(box->text(), u"éñ"_s);
+}
+
+TEST_F(KeysTest, AComposedTextThatIsNotCommittedYetReachesNoHandler) {
+    RecordPresses();
+    RecordDowns();
+    QInputMethodEvent event(u"´"_s, {});
+    QCoreApplication::sendEvent(box, &event);
+    EXPECT_EQ(presses, std::vector<int>());
+    EXPECT_EQ(downs, std::vector<int>());
+}
+
+TEST_F(KeysTest, AComposedCharacterThatKeyDownKeepsReachesNobodyElse) {
+    RecordPresses();
+    OnKeyDown(box, [](int) { return true; });
+    Compose(u"é"_s);
+    EXPECT_EQ(presses, std::vector<int>());
+    EXPECT_EQ(box->text(), QString());
+}
+
 struct KeyCase {
     const char* name;
     Qt::Key key;

@@ -115,6 +115,23 @@ TEST_F(ListViewTest, AnEmptyListHasNoSelectedRowAndRaises91) {
     EXPECT_THROW(list->SelectedSubItem(1), RunTimeError);
 }
 
+TEST_F(ListViewTest, AColumnThatTheRowsDoNotHaveRaises9) {
+    ShowPatients();
+    const auto number = [](const auto& action) {
+        try {
+            action();
+        } catch (const RunTimeError& error) {
+            return error.Number();
+        }
+        return 0;
+    };
+    for (const int column : {-1, 2}) {
+        EXPECT_EQ(number([&] { list->SelectedSubItem(column); }), RunTime::kSubscriptOutOfRange) << column;
+        EXPECT_EQ(number([&] { list->SetSortKey(column); }), RunTime::kSubscriptOutOfRange) << column;
+    }
+    EXPECT_EQ(list->SelectedSubItem(1), u"SANTOS"_s);
+}
+
 TEST_F(ListViewTest, AClickSelectsTheRowAndIsTold) {
     ShowPatients();
     QStringList selected;

@@ -87,4 +87,11 @@ TEST_F(ProgramFiles, TheDirectoryIsTheProgramsOwnUnlessATestKeepsItsFilesElsewhe
     EXPECT_FALSE(ProgramDirectory().endsWith(u'/'));
 }
 
+TEST(FileErrorTest, NamesThePathAndTheReasonWhereThereIsOne) {
+    EXPECT_EQ(FileError(u"/ward/a.txt"_s).Number(), 75);
+    EXPECT_EQ(FileError(u"/ward/a.txt"_s).Description(), u"Path/File access error: /ward/a.txt"_s);
+    EXPECT_EQ(FileError(u"/ward/a.txt"_s, u"Is a directory"_s).Description(),
+              u"Path/File access error: /ward/a.txt (Is a directory)"_s);
+}
+
 } // namespace

@@ -60,5 +60,8 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "%s\n", qPrintable(failure));
         Leave(kScriptFailed);
     });
-    return Application::exec();
+    const int code = Application::exec();
+    // The script may stand in the middle of a step; only the program's own end comes here.
+    std::printf("the program ended\n");
+    Leave(code);
 }

@@ -51,7 +51,7 @@ TEST_F(RoadOfOneCharge, OfAnOutPatientIsPostedAsOne) {
     const QString slip = run.told.back().mid(5);
     EXPECT_THAT(Query(u"select PatientType, RoomID, IdNum from BILLING..tbPatientCharges where RefNum = '"_s +
                       slip + u"'"_s),
-                testing::Each(u"O|OPD|104155B"_s));
+                ElementsAre(u"O|OPD|104155B"_s, u"O|OPD|104155B"_s, u"O|OPD|104155B"_s));
 }
 
 TEST_F(RoadOfOneCharge, LeavesASlipThatCanBeHandedOver) {

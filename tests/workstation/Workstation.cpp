@@ -21,6 +21,10 @@ QString SourcePath(const char* name) {
     return QString::fromLatin1(TARVEN_SOURCE_DIR) + u'/' + QString::fromLatin1(name);
 }
 
+QString BuiltProgram(const char* name) {
+    return QString::fromLatin1(TARVEN_BUILD_DIR) + u'/' + QString::fromLatin1(name);
+}
+
 /// The hospital as it is made, kept for the copies of the tests of one process.
 const QString& FreshHospital() {
     static const QTemporaryDir folder;
@@ -67,17 +71,46 @@ void Workstation::WriteProgramFile(const QString& name, const QByteArray& conten
     file.write(content);
 }
 
-std::unique_ptr<QProcess> Workstation::StartScript(const QString& script) {
+std::unique_ptr<QProcess> Workstation::Start(const QString& program, const QStringList& arguments,
+                                             const std::map<QString, QString>& settings) {
     auto child = std::make_unique<QProcess>();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     // The settings that the session remembers must not be the developer's own.
     environment.insert(u"HOME"_s, mFolder.path());
     environment.insert(u"XDG_CONFIG_HOME"_s, mFolder.path());
+    environment.insert(u"XDG_DATA_HOME"_s, mFolder.path());
     environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+    for (const auto& [name, value] : settings)
+        environment.insert(name, value);
     child->setProcessEnvironment(environment);
-    child->start(QString::fromLatin1(TARVEN_BUILD_DIR) + u"/workstation-child"_s, {script, mFolder.path()});
+    child->start(program, arguments);
     EXPECT_TRUE(child->waitForStarted());
     return child;
+}
+
+std::unique_ptr<QProcess> Workstation::StartScript(const QString& script) {
+    return Start(BuiltProgram("workstation-child"), {script, mFolder.path()});
+}
+
+std::unique_ptr<QProcess> Workstation::StartProgram(const QStringList& arguments) {
+    // The program takes the folder that it lies in for its own.
+    const QString program = ProgramFile(u"tarven-hemodialysis"_s);
+    EXPECT_TRUE(QFile::exists(program) || QFile::copy(BuiltProgram("tarven-hemodialysis"), program));
+    // Nobody sees the windows of this platform; what a reader of the screen is told can be read by the test.
+    return Start(program, arguments,
+                 {{u"QT_LOGGING_RULES"_s, u"qt.accessibility.cache.debug=true"_s},
+                  {u"QT_LOGGING_TO_CONSOLE"_s, u"1"_s}});
+}
+
+bool Workstation::ReachesTheSignOn(QProcess& program) {
+    QByteArray told;
+    program.setReadChannel(QProcess::StandardError);
+    while (program.waitForReadyRead(kPatience)) {
+        told += program.readAllStandardError();
+        if (told.contains("role=Dialog") && told.contains("SignOnDialog"))
+            return true;
+    }
+    return false;
 }
 
 Workstation::Run Workstation::WaitForEnd(QProcess& child) {

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -31,6 +32,10 @@ class Workstation : public testing::Test {
     /// Starts a script and leaves it running.
     std::unique_ptr<QProcess> StartScript(const QString& script);
     Run WaitForEnd(QProcess& child);
+    /// Starts the program itself, as it is delivered, out of the program folder.
+    std::unique_ptr<QProcess> StartProgram(const QStringList& arguments);
+    /// Waits until the program shows its sign-on window. False when it ends before.
+    static bool ReachesTheSignOn(QProcess& program);
 
     QString ProgramFile(const QString& name) const { return mFolder.filePath(name); }
     QString HospitalPath() const { return mFolder.filePath(QStringLiteral("data/trial-hospital.db")); }
@@ -48,5 +53,9 @@ class Workstation : public testing::Test {
     bool HospitalIsWhole() const;
 
   private:
+    /// `settings` are added to the child's environment.
+    std::unique_ptr<QProcess> Start(const QString& program, const QStringList& arguments,
+                                    const std::map<QString, QString>& settings = {});
+
     QTemporaryDir mFolder;
 };

@@ -1,0 +1,130 @@
+#include "charges/ChargeGrid.h"
+#include "charges/ChargeGridGround.h"
+#include "charges/Twins.h"
+#include "support/CaseName.h"
+
+#include <QApplication>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+// Where the floating editor of a charge grid lies.
+
+class ChargeGridEditorTest : public ChargeGridGround, public testing::WithParamInterface<Twin> {
+  protected:
+    ChargeGridEditorTest()
+        : ChargeGridGround(*GetParam().differences) {}
+};
+
+INSTANTIATE_TEST_SUITE_P(Twins, ChargeGridEditorTest, testing::ValuesIn(kTwins), CaseName());
+
+TEST_P(ChargeGridEditorTest, EditorOfACutLineComesToTheLastOneThatStays) {
+    cells.SetRows(12);
+    Put(8, 1, u"XR"_s);
+    Put(11, 1, u"MD"_s);
+    ClickCell(11, 1);
+    charges->SetupGrid();
+    EXPECT_EQ(Place(), std::pair(8, 1));
+    EXPECT_EQ(editor.geometry(), CellPlace(8, 1));
+    EXPECT_EQ(editor.text(), u"XR"_s);
+    EXPECT_EQ(At(8, 1), u"XR"_s);
+}
+
+TEST_P(ChargeGridEditorTest, EditorOfACutLineComesToTheDepartmentWhereTheCurrentCellIsClosed) {
+    cells.SetRows(12);
+    for (const int row : {8, 11}) {
+        PutLine(row, u"XR"_s, u"Y"_s);
+        Put(row, Column::kParticular, u"CHEST %1"_s.arg(row));
+    }
+    ClickCell(11, Column::kAmount);
+    ClickCell(11, Column::kParticular);
+    charges->SetupGrid();
+    EXPECT_EQ(Place(), std::pair(8, 1));
+    ExpectOver(8, 1, Qt::AlignLeft);
+    editor.selectAll();
+    Key(u"hc"_s);
+    EXPECT_EQ(At(8, 1), u"HC"_s);
+    EXPECT_EQ(At(8, Column::kParticular), u"CHEST 8"_s);
+}
+
+TEST_P(ChargeGridEditorTest, EditorFollowsAColumnThatTheClerkWidens) {
+    OpenByFocus(2, 2);
+    for (const int col : {1, 2}) {
+        grid.setColumnWidth(col - 1, 200);
+        EXPECT_EQ(editor.geometry(), CellPlace(2, 2)) << col;
+    }
+    EXPECT_GT(editor.width(), 190);
+}
+
+TEST_P(ChargeGridEditorTest, EditorFollowsTheColumnsBackToTheirWidths) {
+    OpenByFocus(2, 2);
+    const QRect before = editor.geometry();
+    grid.setColumnWidth(0, 200);
+    charges->SetupGrid();
+    EXPECT_EQ(editor.geometry(), before);
+    grid.setColumnWidth(0, 200);
+    ASSERT_NE(editor.geometry(), before);
+    cells.SetRows(10);
+    EXPECT_EQ(editor.geometry(), before);
+}
+
+TEST_P(ChargeGridEditorTest, EditorStandsOnTheRightInTheNumbersAlone) {
+    PutLine(3, u"XR"_s, u"Y"_s);
+    for (const int col : {1, 4, 2, 5, 1, 6}) {
+        ClickCell(3, col);
+        ExpectOver(3, col, col >= 4 ? Qt::AlignRight : Qt::AlignLeft);
+    }
+}
+
+TEST_P(ChargeGridEditorTest, EditorIsHiddenUntilACellOpens) {
+    EXPECT_FALSE(editor.isVisible());
+    OpenByFocus(1, 1);
+    ExpectOpen(1, 1);
+}
+
+TEST_P(ChargeGridEditorTest, EditorKeepsItsMovingKeysFromTheButtons) {
+    OpenByFocus(1, 1);
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape, Qt::Key_Up, Qt::Key_Down}) {
+        QKeyEvent shortcut(QEvent::ShortcutOverride, key, Qt::NoModifier);
+        shortcut.ignore();
+        QApplication::sendEvent(&editor, &shortcut);
+        EXPECT_TRUE(shortcut.isAccepted()) << key;
+    }
+}
+
+TEST_P(ChargeGridEditorTest, EditorFollowsTheScrolledGrid) {
+    grid.setFixedHeight(110);
+    QApplication::processEvents();
+    OpenByFocus(8, 2);
+    ASSERT_GT(grid.verticalScrollBar()->value(), 0);
+    ExpectOpen(8, 2);
+    grid.verticalScrollBar()->setValue(0);
+    EXPECT_FALSE(frame->rect().intersects(editor.geometry()));
+    EXPECT_TRUE(editor.hasFocus());
+    Key(u"X"_s);
+    EXPECT_EQ(At(8, 2), u"X"_s);
+    grid.verticalScrollBar()->setValue(grid.verticalScrollBar()->maximum());
+    EXPECT_EQ(editor.geometry(), CellPlace(8, 2));
+}
+
+TEST_P(ChargeGridEditorTest, EditorFollowsTheGridThatIsResized) {
+    OpenByFocus(8, 2);
+    grid.resize(grid.width(), 110);
+    QApplication::processEvents();
+    ASSERT_EQ(grid.verticalScrollBar()->value(), 0);
+    EXPECT_FALSE(frame->rect().intersects(editor.geometry()));
+    grid.resize(grid.width(), 300);
+    QApplication::processEvents();
+    EXPECT_EQ(editor.geometry(), CellPlace(8, 2));
+}
+
+TEST_P(ChargeGridEditorTest, CellThatOpensIsBroughtIntoSight) {
+    grid.setFixedHeight(110);
+    QApplication::processEvents();
+    OpenByFocus(8, Column::kAmount);
+    grid.verticalScrollBar()->setValue(0);
+    // The first Enter at the end of the last line opens the same cell again.
+    Enter();
+    ExpectOpen(8, Column::kAmount);
+    EXPECT_TRUE(grid.geometry().contains(editor.geometry().center()));
+}

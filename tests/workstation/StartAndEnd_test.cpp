@@ -1,0 +1,39 @@
+#include "support/PrintQt.h"
+#include "workstation/Workstation.h"
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+using testing::ElementsAre;
+
+// How the program comes and goes.
+
+class StartAndEnd : public Workstation {};
+
+TEST_F(StartAndEnd, NothingOnTheCommandLineMatters) {
+    // The toolkit would refuse to start on that platform if it were told of it.
+    const auto program = StartProgram({u"-nonsense"_s, u"-platform"_s, u"nonsense"_s});
+    EXPECT_TRUE(ReachesTheSignOn(*program));
+    EXPECT_EQ(program->state(), QProcess::Running);
+    program->kill();
+    program->waitForFinished();
+}
+
+TEST_F(StartAndEnd, ASecondOneStartsBesideTheFirst) {
+    const auto first = StartProgram({});
+    ASSERT_TRUE(ReachesTheSignOn(*first));
+    const auto second = StartProgram({});
+    EXPECT_TRUE(ReachesTheSignOn(*second));
+    for (QProcess* program : {first.get(), second.get()}) {
+        EXPECT_EQ(program->state(), QProcess::Running);
+        program->kill();
+        program->waitForFinished();
+    }
+}
+
+TEST_F(StartAndEnd, TheMenuEndsTheProgramWithExitCode0) {
+    const Run run = RunScript(u"exit-by-menu"_s);
+    EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
+    EXPECT_FALSE(run.crashed);
+    EXPECT_THAT(run.told, ElementsAre(u"the program ended"_s));
+}
