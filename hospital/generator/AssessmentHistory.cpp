@@ -9,6 +9,10 @@ namespace {
 constexpr int kFirstAssessment = 5001;
 constexpr int kFirstReceipt = 310'001;
 constexpr int kDaysPerMonth = 30;
+/// One of so many is a single line without a number.
+constexpr int kSingleLines = 10;
+
+enum class Fate { Open, Paid, Revoked };
 
 struct Payer {
     QString name;
@@ -36,9 +40,11 @@ class AssessmentMaker {
         int number = kFirstAssessment;
         int count = 0;
         for (const Moment moment : mMoments) {
-            // Every twentieth is a single line without a number.
-            const bool alone = ++count % 20 == 0;
-            MakeOne(moment, alone ? QString() : QString::number(number++), alone ? 1 : mPrng.Between(1, 4));
+            if (++count % kSingleLines == 0)
+                // Few as they are, they take turns, so that each fate is met among them.
+                MakeOne(moment, {}, 1, Fate(count / kSingleLines % 3));
+            else
+                MakeOne(moment, QString::number(number++), mPrng.Between(1, 4), PickFate());
         }
         mWriter.Finish();
         return number;
@@ -63,15 +69,33 @@ class AssessmentMaker {
                 episode.inPatient ? mCatalogue.rooms[episode.room].roomClass : 0};
     }
 
-    void MakeOne(Moment moment, const QString& refNum, int lines) {
+    Fate PickFate() {
+        const int chance = mPrng.Below(100);
+        if (chance < 50)
+            return Fate::Paid;
+        return chance < 65 ? Fate::Revoked : Fate::Open;
+    }
+
+    /// A package is taken apart when an assessment is saved and never becomes a line of its own.
+    bool IsPackage(int service) const { return mCatalogue.services[size_t(service)].centre == "YP"_L1; }
+
+    /// The service of the first line, so that every assessment has one.
+    int PickFirst() {
+        int first = 0;
+        do
+            first = mPrng.Below(int(mCatalogue.services.size()));
+        while (IsPackage(first));
+        return first;
+    }
+
+    void MakeOne(Moment moment, const QString& refNum, int lines, Fate fate) {
         const Payer payer = PickPayer(moment);
         const Doctor& doctor = mPrng.Pick(mCatalogue.doctors);
         const QString user = mPrng.Chance(50) ? u"NURSE"_s : u"CLERK"_s;
-        const int fate = mPrng.Below(100);
-        const bool paid = fate < 50;
-        const bool revoked = !paid && fate < 65;
+        const bool paid = fate == Fate::Paid;
+        const bool revoked = fate == Fate::Revoked;
         const QString receipt = paid ? QString::number(mNextReceipt++) : QString();
-        const int first = mPrng.Below(int(mCatalogue.services.size()));
+        const int first = PickFirst();
         for (int i = 0; i < lines; ++i) {
             QString centre;
             QString code;
@@ -84,10 +108,10 @@ class AssessmentMaker {
                 description = item.name;
                 price = item.priceIn;
             } else {
-                const Service& service = mCatalogue.services[size_t(first + i) % mCatalogue.services.size()];
-                // A package is taken apart when an assessment is saved and never becomes a line of its own.
-                if (service.centre == "YP"_L1)
+                const int number = (first + i) % int(mCatalogue.services.size());
+                if (IsPackage(number))
                     continue;
+                const Service& service = mCatalogue.services[size_t(number)];
                 centre = service.centre;
                 code = service.code;
                 description = service.name;

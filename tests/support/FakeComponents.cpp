@@ -41,6 +41,11 @@ bool FakeStockItem::SearchDrug(const QString& text, const QString& section) {
     return false;
 }
 
+void FakeStockItem::AppendStockCard(StockCardEntry& entry) {
+    RaiseOnce(failure);
+    entries.push_back(entry);
+}
+
 bool FakeStockList::InitConnection(const QString& connectionString) {
     connections.push_back(connectionString);
     return connects;

@@ -91,7 +91,9 @@ class FakeStockItem : public clsStockItem, public StockDrug {
     std::vector<Item> items;
     std::vector<QString> connections;
     bool connects = true;
-    /// Raised by the next search.
+    /// The stock card entries written so far.
+    std::vector<StockCardEntry> entries;
+    /// Raised by the next search or stock card entry.
     std::optional<RunTimeError> failure;
 
     bool InitConnect(const QString& connectionString) override;
@@ -100,6 +102,7 @@ class FakeStockItem : public clsStockItem, public StockDrug {
     QString DrugCode() const override { return mItem.code; }
     QString DrugName() const override { return mItem.name; }
     StockPrices Invent() const override { return mItem.prices; }
+    void AppendStockCard(StockCardEntry& entry) override;
 
   private:
     Item mItem;
