@@ -27,7 +27,7 @@ class BenchSession : public clsCurrentUser {
     QString UserId() const override { return {}; }
     QString serverpassword() const override { return {}; }
 
-    EmbeddedGateway& Gateway() { return *mGateway; }
+    EmbeddedGateway& Gateway() const { return *mGateway; }
 
   private:
     std::unique_ptr<EmbeddedGateway> mGateway;

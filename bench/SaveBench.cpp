@@ -1,6 +1,8 @@
 #include "Benches.h"
 #include "BenchSession.h"
 #include "BenchTable.h"
+#include "charges/ChargeColumns.h"
+#include "charges/frmAssessment.h"
 #include "charges/frmPostCharges.h"
 #include "gateway/embedded/HospitalEngine.h"
 #include "gateway/embedded/SqlFunctions.h"
@@ -9,7 +11,7 @@
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Screens.h"
 
-#include <QLineEdit>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -18,24 +20,86 @@ namespace {
 constexpr int kLines = 50;
 constexpr int kRuns = 15;
 
-/// A patient in the header and 50 lines in the grid, as a clerk would have keyed them.
-void FillScreen(frmPostCharges& screen) {
+/// A screen of which the save is measured. The recorded statements read and bump the counter as the first
+/// time; to repeat them it is set back.
+struct MeasuredSave {
+    QString label;
+    QString limitsDatabase;
+    std::function<void()> save;
+    QString setCounterBack;
+};
+
+/// 50 lines in the grid, as a clerk would have keyed them.
+void FillGrid(const Form& screen, int quantityColumn, int priceColumn) {
+    FlexCells& cells = screen.findChild<FlexGrid*>(u"grdTable"_s)->Cells();
+    cells.SetRows(kLines + 1);
+    for (int row = 1; row <= kLines; ++row) {
+        cells.SetTextMatrix(row, 1, u"HC"_s);
+        cells.SetTextMatrix(row, 2, u"HC%1"_s.arg(row, 3, 10, QChar(u'0')));
+        cells.SetTextMatrix(row, 3, u"HEMODIALYSIS TREATMENT"_s);
+        cells.SetTextMatrix(row, quantityColumn, u"1"_s);
+        cells.SetTextMatrix(row, priceColumn, u"3360.00"_s);
+        cells.SetTextMatrix(row, 6, u"3360.00"_s);
+    }
+}
+
+/// The statements that reach the database while the save runs.
+std::vector<QByteArray> Record(const BenchSession& session, const MeasuredSave& measured) {
+    const RecordedStatements recorded(session.Gateway().Engine().Database());
+    measured.save();
+    return recorded.Statements();
+}
+
+void Measure(BenchTable& table, const BenchSession& session, const QTemporaryDir& folder,
+             const MeasuredSave& measured) {
+    const std::vector<QByteArray> statements = Record(session, measured);
+    SqliteDatabase bareDatabase(CopyOfTrialHospital(folder, measured.limitsDatabase),
+                                SqliteDatabase::Mode::Existing);
+    AddSqlFunctions(bareDatabase);
+    RunBare(bareDatabase, statements);
+    // One after the other, so that both meet the disk in the same mood.
+    std::vector<double> ours;
+    std::vector<double> bare;
+    for (int run = 0; run < kRuns; ++run) {
+        ours.push_back(MedianMilliseconds(1, measured.save));
+        bareDatabase.Run(measured.setCounterBack);
+        bare.push_back(MedianMilliseconds(1, [&] { RunBare(bareDatabase, statements); }));
+    }
+    table.Add(u"%1 (%2 statements)"_s.arg(measured.label).arg(statements.size()), Median(ours), Median(bare),
+              u"ms"_s, 1.2);
+}
+
+void MeasurePosting(BenchTable& table, const BenchSession& session, const QTemporaryDir& folder) {
+    auto& screen = Screens::Get<frmPostCharges>();
     screen.SetBox(u"txtPno"_s, u"100284"_s);
     screen.SetBox(u"txtId"_s, u"700107"_s);
     screen.SetBox(u"txtRoom"_s, u"P306"_s);
     screen.SetBox(u"txtDoctor"_s, u"DR. BENEDICTO QUIOGUE"_s);
-    FlexCells& cells = screen.findChild<FlexGrid*>(u"grdTable"_s)->Cells();
-    cells.SetRows(kLines + 1);
-    for (int row = 1; row <= kLines; ++row) {
-        const QStringList texts = {u"HC"_s,
-                                   u"HC%1"_s.arg(row, 3, 10, QChar(u'0')),
-                                   u"HEMODIALYSIS TREATMENT"_s,
-                                   u"1"_s,
-                                   u"3360.00"_s,
-                                   u"3360.00"_s};
-        for (int col = 1; col <= texts.size(); ++col)
-            cells.SetTextMatrix(row, col, texts[col - 1]);
-    }
+    FillGrid(screen, kPostChargesDifferences.quantityCol, kPostChargesDifferences.priceCol);
+    Measure(table, session, folder,
+            {.label = u"50-line posting, 103 commands"_s,
+             .limitsDatabase = u"bare-posting.db"_s,
+             .save = [&screen] { screen.SaveCharges(); },
+             .setCounterBack =
+                 u"UPDATE \"Clinical_Area..tbEarCareChargeSlip\" SET ChargeSlip = ChargeSlip - 1"_s});
+    Screens::Clear();
+}
+
+void MeasureAssessment(BenchTable& table, const BenchSession& session, const QTemporaryDir& folder) {
+    auto& screen = Screens::Get<frmAssessment>();
+    screen.SetBox(u"txtSname"_s, u"DE GUZMAN, CARMELITA PERALTA"_s);
+    FillGrid(screen, kAssessmentDifferences.quantityCol, kAssessmentDifferences.priceCol);
+    Measure(
+        table, session, folder,
+        {.label = u"50-line assessment, 52 commands"_s,
+         .limitsDatabase = u"bare-assessment.db"_s,
+         .save =
+             [&screen] {
+                 QString number;
+                 screen.SaveAssessment(number);
+             },
+         .setCounterBack = u"UPDATE \"BILLING..tbAssessmentNum\" SET AssessmentNum = AssessmentNum - 1"_s});
+    Screens::Clear();
 }
 
 } // namespace
@@ -43,32 +107,7 @@ void FillScreen(frmPostCharges& screen) {
 void BenchSave(BenchTable& table) {
     const QTemporaryDir folder;
     const auto session = SignOnTo(CopyOfTrialHospital(folder, u"ours.db"_s));
-    auto& screen = Screens::Get<frmPostCharges>();
-    FillScreen(screen);
-
-    std::vector<QByteArray> statements;
-    {
-        const RecordedStatements recorded(session->Gateway().Engine().Database());
-        screen.SaveCharges();
-        statements = recorded.Statements();
-    }
-    SqliteDatabase bareDatabase(CopyOfTrialHospital(folder, u"bare.db"_s), SqliteDatabase::Mode::Existing);
-    AddSqlFunctions(bareDatabase);
-    RunBare(bareDatabase, statements);
-    // One after the other, so that both meet the disk in the same mood. The recorded statements read and bump
-    // the counter as the first time; to repeat them it is set back.
-    const QString counter =
-        QString::fromUtf8("UPDATE \"Clinical_Area..tbEarCareChargeSlip\" SET ChargeSlip = "
-                          "ChargeSlip - 1");
-    std::vector<double> ours;
-    std::vector<double> bare;
-    for (int run = 0; run < kRuns; ++run) {
-        ours.push_back(MedianMilliseconds(1, [&screen] { screen.SaveCharges(); }));
-        bareDatabase.Run(counter);
-        bare.push_back(MedianMilliseconds(1, [&] { RunBare(bareDatabase, statements); }));
-    }
-    table.Add(u"50-line save, 103 commands (%1 statements)"_s.arg(statements.size()), Median(ours),
-              Median(bare), u"ms"_s, 1.2);
-    Screens::Clear();
+    MeasurePosting(table, *session, folder);
+    MeasureAssessment(table, *session, folder);
     ResetShared();
 }

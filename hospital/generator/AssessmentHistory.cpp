@@ -9,6 +9,10 @@ namespace {
 constexpr int kFirstAssessment = 5001;
 constexpr int kFirstReceipt = 310'001;
 constexpr int kDaysPerMonth = 30;
+/// One of so many is a single line without a number.
+constexpr int kSingleLines = 10;
+
+enum class Fate { Open, Paid, Revoked };
 
 struct Payer {
     QString name;
@@ -22,10 +26,9 @@ struct Assessment {
     /// Empty for a single line without a number.
     QString refNum;
     Payer payer;
+    Fate fate = Fate::Open;
     const Doctor* doctor = nullptr;
     QString user = {};
-    bool paid = false;
-    bool revoked = false;
     /// Of a paid one.
     QString receipt = {};
 };
@@ -56,9 +59,11 @@ class AssessmentMaker {
         int number = kFirstAssessment;
         int count = 0;
         for (const Moment moment : mMoments) {
-            // Every twentieth is a single line without a number.
-            const bool alone = ++count % 20 == 0;
-            MakeOne(moment, alone ? QString() : QString::number(number++), alone ? 1 : mPrng.Between(1, 4));
+            if (++count % kSingleLines == 0)
+                // Few as they are, they take turns, so that each fate is met among them.
+                MakeOne(moment, {}, 1, Fate(count / kSingleLines % 3));
+            else
+                MakeOne(moment, QString::number(number++), mPrng.Between(1, 4), PickFate());
         }
         mWriter.Finish();
         return number;
@@ -83,22 +88,38 @@ class AssessmentMaker {
                 episode.inPatient ? mCatalogue.rooms[episode.room].roomClass : 0};
     }
 
-    void MakeOne(Moment moment, const QString& refNum, int lines) {
-        Assessment assessment{.moment = moment, .refNum = refNum, .payer = PickPayer(moment)};
+    Fate PickFate() {
+        const int chance = mPrng.Below(100);
+        if (chance < 50)
+            return Fate::Paid;
+        return chance < 65 ? Fate::Revoked : Fate::Open;
+    }
+
+    /// A package is taken apart when an assessment is saved and never becomes a line of its own.
+    bool IsPackage(size_t service) const { return mCatalogue.services[service].centre == "YP"_L1; }
+
+    /// The service of the first line, so that every assessment has one.
+    size_t PickFirst() {
+        size_t first = 0;
+        do
+            first = size_t(mPrng.Below(int(mCatalogue.services.size())));
+        while (IsPackage(first));
+        return first;
+    }
+
+    void MakeOne(Moment moment, const QString& refNum, int lines, Fate fate) {
+        Assessment assessment{.moment = moment, .refNum = refNum, .payer = PickPayer(moment), .fate = fate};
         assessment.doctor = &mPrng.Pick(mCatalogue.doctors);
         assessment.user = mPrng.Chance(50) ? u"NURSE"_s : u"CLERK"_s;
-        const int fate = mPrng.Below(100);
-        assessment.paid = fate < 50;
-        assessment.revoked = !assessment.paid && fate < 65;
-        if (assessment.paid)
+        if (fate == Fate::Paid)
             assessment.receipt = QString::number(mNextReceipt++);
-        const auto first = size_t(mPrng.Below(int(mCatalogue.services.size())));
+        const size_t first = PickFirst();
         for (size_t i = 0; i < size_t(lines); ++i) {
-            const Service& service = mCatalogue.services[(first + i) % mCatalogue.services.size()];
+            const size_t number = (first + i) % mCatalogue.services.size();
+            const Service& service = mCatalogue.services[number];
             if (i == 3)
                 WriteLine(assessment, StockLine(mPrng.Pick(mCatalogue.stock)));
-            // A package is taken apart when an assessment is saved and never becomes a line of its own.
-            else if (service.centre != "YP"_L1)
+            else if (!IsPackage(number))
                 WriteLine(assessment, {service.centre, service.code, service.name,
                                        service.rates[size_t(assessment.payer.roomClass)]});
         }
@@ -129,8 +150,8 @@ class AssessmentMaker {
             .Text(u"DR. "_s + doctor.firstName + u' ' + doctor.lastName)
             .Date(moment)
             .TextOrNull(assessment.receipt)
-            .Date(assessment.paid ? std::optional(moment.Plus(15)) : std::nullopt)
-            .Date(assessment.revoked ? std::optional(moment.Plus(40)) : std::nullopt)
+            .Date(assessment.fate == Fate::Paid ? std::optional(moment.Plus(15)) : std::nullopt)
+            .Date(assessment.fate == Fate::Revoked ? std::optional(moment.Plus(40)) : std::nullopt)
             .End();
     }
 

@@ -278,6 +278,15 @@ void ChargeGrid::ComputeTotal() {
     mTotal->setText(mLines.ComputeTotal());
 }
 
+/// Kept: the test looks at the last line's department and at the first line's particular alone.
+bool ChargeGrid::HasLines() const {
+    const int last = Cells().Rows() - 1;
+    if (!Text(last, Column::kDepartment).isEmpty() || !Text(1, Column::kParticular).isEmpty())
+        return true;
+    MsgBox({.text = u"Please Enter type of Exam."_s, .icon = MsgIcon::Exclamation, .title = u"Assessment"_s});
+    return false;
+}
+
 bool ChargeGrid::eventFilter(QObject* watched, QEvent* event) {
     if (watched == grdTable->viewport() && event->type() == QEvent::Resize) {
         PlaceEditor();

@@ -35,6 +35,8 @@ class ChargeGrid : public QObject, private LineEditor {
     void ComputeTotal();
     /// Whether the code stands on another line of the current line's department.
     bool Check_Code(const QString& strCode) const { return mLines.Check_Code(strCode); }
+    /// Whether there is anything to save; tells the clerk when there is not.
+    bool HasLines() const;
     /// Off: changes of the grid do not show until it is on again.
     void SetRedraw(bool on) override;
     /// Empties the line counters; each charge screen calls it when it unloads.
@@ -45,6 +47,8 @@ class ChargeGrid : public QObject, private LineEditor {
 
     /// For tests, which look at the department last validated.
     const ItemLookup& Lookup() const { return mLookup; }
+    /// What the twins do not have in common, and the locks of the moment. Asked by tests only.
+    const ChargeLines& Lines() const { return mLines; }
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -1,11 +1,11 @@
 #include "charges/ItemLookup.h"
 
 #include "charges/ChargeLines.h"
-#include "gateway/RunTimeError.h"
 #include "patients/PatientContext.h"
 #include "shell/shared.h"
 #include "text/Format.h"
 #include "text/IsNumeric.h"
+#include "text/RunTimeError.h"
 #include "toolkit/FlexCells.h"
 #include "toolkit/MsgBox.h"
 

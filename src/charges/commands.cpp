@@ -42,3 +42,44 @@ QString SaveChargePrintCommand(const ChargePrintLine& line) {
            line.quantity + u"','"_s + line.department + u"','"_s + line.particular + u"', '"_s + u"O"_s +
            u"'"_s;
 }
+
+QString AssessmentCounterCommand() {
+    return u"SELECT AssessmentNum FROM BILLING..tbAssessmentNum"_s;
+}
+
+QString AssessmentCommand(const AssessmentLine& line) {
+    // Kept: the department that assesses is the fixed "HC", whatever department the workstation is set up
+    // for.
+    return u"Clinical_Area..spEarCare_Assessment '"_s + line.number + u"','"_s + line.patientName + u"','"_s +
+           line.code + u"','"_s + line.department + u"','"_s + line.quantity + u"','"_s + line.amount +
+           u"','"_s + u"HC"_s + u"','"_s + line.userCode + u"','"_s + line.hospitalNumber + u"','"_s +
+           line.visitNumber + u"','"_s + line.requestingDoctorCode + u"','"_s + line.requestingDoctorName +
+           u"'"_s;
+}
+
+QString ClearAssessmentPrintCommand() {
+    // Kept: the same table as a posting empties, with a small "delete"; the text is what the server has
+    // always been sent.
+    return u"delete Clinical_Area..tbEarCareChargePrint"_s;
+}
+
+QString GlobalDumpChargeSlipCommand(const AssessmentPrintLine& line) {
+    return u"Clinical_Area..spEarCare_GlobalDumpChargeSlip '"_s + line.code + u"','"_s + line.particular +
+           u"','"_s + line.quantity + u"','"_s + line.price + u"','"_s + line.amount + u"','"_s +
+           line.userCode + u"'"_s;
+}
+
+QString DumpChargeSlipCommand(const AssessmentPrintLine& line) {
+    return u"Clinical_Area..spEarCare_DumpChargeSlip '"_s + line.code + u"','"_s + line.particular +
+           u"','"_s + line.quantity + u"','"_s + line.amount + u"','"_s + line.department + u"'"_s;
+}
+
+QString PackageCommand(const QString& packageCode) {
+    return u"SELECT * FROM HEMODIALYSIS..tbhemopackage WHERE PackageCode = '"_s + packageCode + u"'"_s;
+}
+
+QString LinkStockCardCommand(const QString& packageCode, const QString& itemID,
+                             const QString& referenceNumber) {
+    return u"UPDATE INVENTORY..tbInvStockCard "_s + u"SET PackageID = '"_s + packageCode + u"'"_s +
+           u" WHERE ItemID = '"_s + itemID + u"' AND RefNum = '"_s + referenceNumber + u"'"_s;
+}

@@ -49,3 +49,46 @@ struct ChargePrintLine {
     QString particular;
 };
 QString SaveChargePrintCommand(const ChargePrintLine& line);
+
+/// The assessment counter.
+QString AssessmentCounterCommand();
+
+/// One line that a cash patient has to pay at the cashier.
+struct AssessmentLine {
+    QString number;
+    QString patientName;
+    QString code;
+    QString department;
+    QString quantity;
+    QString amount;
+    QString userCode;
+    QString hospitalNumber;
+    QString visitNumber;
+    QString requestingDoctorCode;
+    QString requestingDoctorName;
+};
+QString AssessmentCommand(const AssessmentLine& line);
+
+/// Empties the print table before an assessment slip is put into it.
+QString ClearAssessmentPrintCommand();
+
+/// One line of the assessment slip as it is printed.
+struct AssessmentPrintLine {
+    QString code;
+    QString particular;
+    QString quantity;
+    QString price;
+    QString amount;
+    QString department;
+    QString userCode;
+};
+/// The hospital's copy of a printed line, with its price and the user.
+QString GlobalDumpChargeSlipCommand(const AssessmentPrintLine& line);
+/// The line as the slip shows it.
+QString DumpChargeSlipCommand(const AssessmentPrintLine& line);
+
+/// The items of a package.
+QString PackageCommand(const QString& packageCode);
+/// Marks the stock card entries of an item under a reference number as a package's.
+QString LinkStockCardCommand(const QString& packageCode, const QString& itemID,
+                             const QString& referenceNumber);

@@ -2,6 +2,8 @@
 
 #include "charges/ChargeGrid.h"
 #include "charges/commands.h"
+#include "charges/ExpandPackage.h"
+#include "charges/RequestingDoctor.h"
 #include "gateway/CommandGateway.h"
 #include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
@@ -14,7 +16,6 @@
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/MousePointer.h"
-#include "toolkit/MsgBox.h"
 #include "toolkit/ProgramFiles.h"
 #include "toolkit/Screens.h"
 #include "toolkit/SendKeys.h"
@@ -91,40 +92,18 @@ void frmPostCharges::txtFirstName_Change(const QString& text) {
 }
 
 void frmPostCharges::txtDocID_KeyPress(int& keyAscii) {
-    if (keyAscii != Key::kEnter)
-        return;
-    if (txtDocID->text() == u"0"_s) {
-        txtDoctor->setEnabled(true);
-        txtDoctor->setFocus();
-        return;
-    }
-    gListing->SetSearchMode(true);
-    QString code = txtDocID->text();
-    if (!gListing->SearchListing(code, ListingKind::kDoctor))
-        return;
-    const DoctorListing& doctor = gListing->DoctorRecord();
-    txtRequestingDoc->setText(u"DR. "_s + doctor.FirstName + u" "_s + doctor.LastName);
-    txtDocID->setText(doctor.ResultCode);
-    SendTab();
+    if (keyAscii == Key::kEnter)
+        LookUpRequestingDoctor(*txtDocID, *txtRequestingDoc, *txtDoctor);
 }
 
 void frmPostCharges::Command2_Click() {
-    QString text = txtRequestingDoc->text();
-    if (!gListing->SearchListing(text, ListingKind::kDoctor))
-        return;
-    const DoctorListing& doctor = gListing->DoctorRecord();
-    txtRequestingDoc->setText(u"DR. "_s + doctor.LastName + u","_s + doctor.FirstName + u" "_s +
-                              doctor.MiddleName);
-    txtDocID->setText(doctor.ResultCode);
+    PickRequestingDoctor(*txtDocID, *txtRequestingDoc);
 }
 
-/// Kept: the test looks at the last line and at the first line's particular alone.
-bool frmPostCharges::HasLines() {
-    const int last = mGrid->Cells().Rows() - 1;
-    if (!mGrid->Text(last, Column::kDepartment).isEmpty() || !mGrid->Text(1, Column::kParticular).isEmpty())
-        return true;
-    MsgBox({.text = u"Please Enter type of Exam."_s, .icon = MsgIcon::Exclamation, .title = u"Assessment"_s});
-    return false;
+void frmPostCharges::ExpandPackage(QString& referenceNumber, const QString& packageCode) {
+    IssuePackage(
+        referenceNumber, packageCode,
+        {.hospitalNumber = txtPno->text(), .admissionNumber = txtId->text(), .room = txtRoom->text()});
 }
 
 /// Reads and bumps the counter and empties the print table. Without a counter row the number stays empty and
@@ -179,7 +158,7 @@ void frmPostCharges::SaveLine(int row) {
 bool frmPostCharges::SaveCharges() {
     mGrid->SetRedraw(false);
     // Kept: a refused save leaves the redraw off until the next full one.
-    if (!HasLines())
+    if (!mGrid->HasLines())
         return false;
     mGrid->SetRedraw(true);
     SetMousePointer(MousePointer::Wait);

@@ -30,6 +30,11 @@ class frmPostCharges : public Form, public FinderTarget {
     /// Whether the code stands on another line of the current line's department.
     bool Check_Code(const QString& strCode) const;
 
+    /// Writes the items of a package on their stock cards under the reference number, for the patient shown.
+    ///
+    /// Kept: no path calls it in this release; a save passes over the lines of packages.
+    void ExpandPackage(QString& referenceNumber, const QString& packageCode);
+
     QString FinderText() const override;
     void SetBox(const QString& name, const QString& text) override;
     void Picked() override;
@@ -57,7 +62,6 @@ class frmPostCharges : public Form, public FinderTarget {
     void Command2_Click();
     void cmdPrint_Click();
 
-    bool HasLines();
     QString TakeSlipNumber();
     void SaveLine(int row);
     void PrintSlip();

@@ -1,4 +1,5 @@
 #include "charges/ChargeGrid.h"
+#include "charges/ChargeScreenParts.h"
 #include "charges/frmPostCharges.h"
 #include "shell/shared.h"
 #include "toolkit/FlexGrid.h"
@@ -20,12 +21,6 @@ namespace {
 
 constexpr int kGridWidth = 9500;
 constexpr int kGridHeight = 2900;
-
-QGroupBox* NewFrame(const QString& name, const QString& caption, QWidget* parent) {
-    auto* frame = new QGroupBox(caption, parent);
-    frame->setObjectName(name);
-    return frame;
-}
 
 } // namespace
 
@@ -99,11 +94,7 @@ QHBoxLayout* frmPostCharges::LayoutRequestingDoctor() {
     txtDocID->setMaximumWidth(TwipsToPixels(1200));
     txtRequestingDoc = NewTextBox(u"txtRequestingDoc"_s, this);
     txtRequestingDoc->setAccessibleName(u"Requesting Doctor's name"_s);
-    Command2 = new QPushButton(u"..."_s, this);
-    Command2->setObjectName(u"Command2"_s);
-    Command2->setAccessibleName(u"Pick the requesting doctor"_s);
-    Command2->setToolTip(u"Pick the requesting doctor from the list"_s);
-    Command2->setMaximumWidth(TwipsToPixels(500));
+    Command2 = NewDoctorPicker(u"Command2"_s, this);
     lblDepartment = new QLabel(gDeptDesc, this);
     lblDepartment->setObjectName(u"lblDepartment"_s);
     lblDeptCode = new QLabel(gDeptCode, this);
@@ -124,12 +115,7 @@ QGroupBox* frmPostCharges::LayoutCharges() {
     Frame2 = NewFrame(u"Frame2"_s, QString(), this);
     Frame2->setAccessibleName(u"Charges"_s);
     Frame2->setEnabled(false);
-    txtTAmount = NewShownBox(u"txtTAmount"_s, Frame2);
-    txtTAmount->setAlignment(Qt::AlignRight);
-    txtTAmount->setMaximumWidth(TwipsToPixels(1800));
-    QFont total = txtTAmount->font();
-    total.setBold(true);
-    txtTAmount->setFont(total);
+    txtTAmount = NewTotalBox(u"txtTAmount"_s, Frame2);
     mGrid = new ChargeGrid(Frame2, txtTAmount, kPostChargesDifferences);
     mGrid->Grid()->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
     auto* sum = new QGridLayout;

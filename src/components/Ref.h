@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gateway/RunTimeError.h"
+#include "text/RunTimeError.h"
 
 #include <memory>
 

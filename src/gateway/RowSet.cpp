@@ -1,8 +1,8 @@
 #include "gateway/RowSet.h"
 
 #include "gateway/CommandGateway.h"
-#include "gateway/RunTimeError.h"
 #include "gateway/SqlText.h"
+#include "text/RunTimeError.h"
 
 #include <QStringList>
 

@@ -1,8 +1,8 @@
 #include "gateway/Value.h"
 
-#include "gateway/RunTimeError.h"
 #include "text/IsDate.h"
 #include "text/IsNumeric.h"
+#include "text/RunTimeError.h"
 #include "text/ToText.h"
 
 #include <cmath>

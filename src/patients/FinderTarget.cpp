@@ -1,6 +1,6 @@
 #include "patients/FinderTarget.h"
 
-#include "gateway/RunTimeError.h"
+#include "text/RunTimeError.h"
 
 #include <QHash>
 

@@ -1,7 +1,6 @@
 #include "patients/LoadPatient.h"
 
 #include "gateway/CommandGateway.h"
-#include "gateway/RunTimeError.h"
 #include "patients/commands.h"
 #include "patients/FinderTarget.h"
 #include "patients/frmSearchPatient.h"
@@ -11,6 +10,7 @@
 #include "text/DateDiff.h"
 #include "text/Format.h"
 #include "text/IsDate.h"
+#include "text/RunTimeError.h"
 #include "toolkit/Screens.h"
 
 #include <QRadioButton>

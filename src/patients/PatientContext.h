@@ -1,5 +1,6 @@
 #pragma once
 
+#include "gateway/RowSet.h"
 #include "gateway/Value.h"
 
 #include <QString>
@@ -39,11 +40,18 @@ inline QString gDischargeDate;
 /// Room text, "OPD" for out-patients. Set by the load routines, read by the ledger report.
 inline QString gRoomID;
 
+/// What a search of the cash patient list goes by: the gCashSearchText of that moment.
+inline QString gCashSearchCopy;
+/// The hits of the cash patient list while they go into its grid; closed before and after.
+inline RowSet gCashRecordset;
+
 /// Brings the patient in hand back to what a fresh process has.
 inline void ResetPatientContext() {
-    for (QString* text : {&gPatientType, &gHospitalNumber, &gIDNumber, &gRoomClass, &gStationName,
-                          &gAccountNumber, &gCompany, &gAdmissionDate, &gDischargeDate, &gRoomID})
+    for (QString* text :
+         {&gPatientType, &gHospitalNumber, &gIDNumber, &gRoomClass, &gStationName, &gAccountNumber, &gCompany,
+          &gAdmissionDate, &gDischargeDate, &gRoomID, &gCashSearchCopy})
         text->clear();
+    gCashRecordset = RowSet();
     for (Value* value : {&gDoctor1, &gDoctor2, &gDoctor3, &gDoctor2Code})
         *value = QString();
     gDaysConfined = 0;

@@ -1,12 +1,12 @@
 #include "patients/frmSearchPatient.h"
 
 #include "gateway/CommandGateway.h"
-#include "gateway/RunTimeError.h"
 #include "patients/commands.h"
 #include "patients/FinderTarget.h"
 #include "patients/LoadPatient.h"
 #include "patients/PatientContext.h"
 #include "shell/shared.h"
+#include "text/RunTimeError.h"
 #include "text/UCase.h"
 #include "toolkit/Keys.h"
 #include "toolkit/ListView.h"

@@ -1,8 +1,8 @@
 #include "reporting/BandReader.h"
 
-#include "gateway/RunTimeError.h"
 #include "reporting/TemplateError.h"
 #include "reporting/TemplatePieces.h"
+#include "text/RunTimeError.h"
 
 #include <QFileInfo>
 

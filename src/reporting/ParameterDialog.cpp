@@ -1,8 +1,8 @@
 #include "reporting/ParameterDialog.h"
 
-#include "gateway/RunTimeError.h"
 #include "text/IsDate.h"
 #include "text/IsNumeric.h"
+#include "text/RunTimeError.h"
 #include "toolkit/Look.h"
 #include "toolkit/ShowModal.h"
 

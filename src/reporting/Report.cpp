@@ -1,10 +1,10 @@
 #include "reporting/Report.h"
 
 #include "gateway/CommandGateway.h"
-#include "gateway/RunTimeError.h"
 #include "gateway/SqlText.h"
 #include "reporting/TemplateError.h"
 #include "text/Clock.h"
+#include "text/RunTimeError.h"
 
 #include <QScopeGuard>
 

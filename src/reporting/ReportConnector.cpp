@@ -1,7 +1,7 @@
 #include "reporting/ReportConnector.h"
 
 #include "gateway/CommandGateway.h"
-#include "gateway/RunTimeError.h"
+#include "text/RunTimeError.h"
 
 #include <string.h>
 

@@ -1,10 +1,10 @@
 #include "reporting/ReportDocument.h"
 
-#include "gateway/RunTimeError.h"
 #include "reporting/Flow.h"
 #include "reporting/PagePainter.h"
 #include "reporting/PageText.h"
 #include "reporting/TemplateError.h"
+#include "text/RunTimeError.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "reporting/ReportEngine.h"
 
-#include "gateway/RunTimeError.h"
 #include "reporting/TemplateReader.h"
+#include "text/RunTimeError.h"
 #include "toolkit/ProgramFiles.h"
 
 #include <QFile>

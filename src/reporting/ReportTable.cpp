@@ -1,8 +1,8 @@
 #include "reporting/ReportTable.h"
 
-#include "gateway/RunTimeError.h"
 #include "reporting/TemplateError.h"
 #include "reporting/TemplateReader.h"
+#include "text/RunTimeError.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,10 +1,10 @@
 #include "reporting/ReportViewer.h"
 
-#include "gateway/RunTimeError.h"
 #include "reporting/PageFinder.h"
 #include "reporting/PageView.h"
 #include "reporting/ParameterDialog.h"
 #include "reporting/ReportOutput.h"
+#include "text/RunTimeError.h"
 #include "toolkit/FileDialogs.h"
 #include "toolkit/Look.h"
 #include "toolkit/MousePointer.h"

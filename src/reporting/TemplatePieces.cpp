@@ -1,7 +1,7 @@
 #include "reporting/TemplatePieces.h"
 
-#include "gateway/RunTimeError.h"
 #include "reporting/TemplateError.h"
+#include "text/RunTimeError.h"
 
 #include <algorithm>
 

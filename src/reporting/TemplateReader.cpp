@@ -1,10 +1,10 @@
 #include "reporting/TemplateReader.h"
 
-#include "gateway/RunTimeError.h"
 #include "reporting/BandReader.h"
 #include "reporting/TemplateError.h"
 #include "reporting/TemplatePieces.h"
 #include "reporting/TemplateXml.h"
+#include "text/RunTimeError.h"
 
 #include <QPageSize>
 #include <QRegularExpression>

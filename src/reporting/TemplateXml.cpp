@@ -1,7 +1,7 @@
 #include "reporting/TemplateXml.h"
 
-#include "gateway/RunTimeError.h"
 #include "reporting/TemplateError.h"
+#include "text/RunTimeError.h"
 
 using namespace Qt::StringLiterals;
 

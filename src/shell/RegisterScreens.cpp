@@ -1,6 +1,8 @@
 #include "shell/RegisterScreens.h"
 
+#include "charges/frmAssessment.h"
 #include "charges/frmPostCharges.h"
+#include "patients/CashTarget.h"
 #include "patients/FinderTarget.h"
 #include "toolkit/Screens.h"
 
@@ -8,4 +10,5 @@ using namespace Qt::StringLiterals;
 
 void RegisterScreens() {
     RegisterFinderTarget(u"Post"_s, []() -> FinderTarget& { return Screens::Get<frmPostCharges>(); });
+    RegisterCashTarget([]() -> CashTarget& { return Screens::Get<frmAssessment>(); });
 }

@@ -1,4 +1,5 @@
 #pragma once
 
-/// Tells the patient finder which screens wait for it. Once, before the main window opens.
+/// Tells the patient finder and the list of cash patients which screens wait for them. Once, before the main
+/// window opens.
 void RegisterScreens();

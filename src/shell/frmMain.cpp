@@ -1,8 +1,10 @@
 #include "shell/frmMain.h"
 
+#include "charges/frmAssessment.h"
 #include "charges/frmPostCharges.h"
 #include "components/ComponentRegistry.h"
 #include "gateway/CommandGateway.h"
+#include "maintenance/frmAssessStatus.h"
 #include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
 #include "shell/frmAbout.h"
@@ -150,7 +152,9 @@ void frmMain::OpenSearchPatient() {
     Screens::Get<frmSearchPatient>().Show();
 }
 
-void frmMain::mnuAssessment_Click() {}
+void frmMain::mnuAssessment_Click() {
+    Screens::Get<frmAssessment>().ShowModal();
+}
 
 void frmMain::mnuInTransactionEntry_Click() {
     OpenPostCharges(u"I"_s);
@@ -175,6 +179,10 @@ void frmMain::mnuLedger_Click() {
 }
 
 void frmMain::mnuMLedger_Click() {}
+
+void frmMain::mnuReportStatus_Click() {
+    Screens::Get<frmAssessStatus>().ShowModal();
+}
 
 void frmMain::mnuListCharges_Click() {
     gChargeMode = u"List"_s;

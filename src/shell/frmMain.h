@@ -64,6 +64,7 @@ class frmMain : public QMainWindow, private Workspace {
     void mnuIPDIncomeReport_Click();
     void mnuLedger_Click();
     void mnuMLedger_Click();
+    void mnuReportStatus_Click();
     void mnuListCharges_Click();
     void mSetup_Click();
     void mnuAbout_Click();

@@ -1,6 +1,6 @@
 #include "suite/DataSource.h"
 
-#include "gateway/RunTimeError.h"
+#include "text/RunTimeError.h"
 
 using namespace Qt::StringLiterals;
 

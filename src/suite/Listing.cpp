@@ -1,9 +1,9 @@
 #include "suite/Listing.h"
 
 #include "gateway/CommandGateway.h"
-#include "gateway/RunTimeError.h"
 #include "gateway/SqlText.h"
 #include "suite/PickDialog.h"
+#include "text/RunTimeError.h"
 #include "toolkit/ShowModal.h"
 
 using namespace Qt::StringLiterals;

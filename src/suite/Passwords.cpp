@@ -1,6 +1,6 @@
 #include "suite/Passwords.h"
 
-#include "gateway/RunTimeError.h"
+#include "text/RunTimeError.h"
 
 #include <array>
 #include <sodium.h>
@@ -8,8 +8,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int kOutOfMemory = 7;
 
 void Prepare() {
     static const bool ready = sodium_init() >= 0;
@@ -38,7 +36,7 @@ QString HashPassword(const QString& password) {
         crypto_pwhash_OPSLIMIT_INTERACTIVE, crypto_pwhash_MEMLIMIT_INTERACTIVE);
     sodium_memzero(passwordText.data(), static_cast<size_t>(passwordText.size()));
     if (outcome != 0)
-        throw RunTimeError(kOutOfMemory, u"Out of memory"_s);
+        throw RunTime::Error(RunTime::kOutOfMemory);
     return QString::fromLatin1(hash.data());
 }
 

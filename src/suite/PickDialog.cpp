@@ -1,6 +1,6 @@
 #include "suite/PickDialog.h"
 
-#include "gateway/RunTimeError.h"
+#include "text/RunTimeError.h"
 #include "text/UCase.h"
 #include "toolkit/Keys.h"
 #include "toolkit/ListView.h"

@@ -1,9 +1,9 @@
 #include "suite/SignOn.h"
 
-#include "gateway/RunTimeError.h"
 #include "gateway/SqlText.h"
 #include "suite/DataSource.h"
 #include "suite/Passwords.h"
+#include "text/RunTimeError.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,8 @@
 #include "suite/SignOnDialog.h"
 
-#include "gateway/RunTimeError.h"
 #include "suite/DataSource.h"
 #include "suite/Passwords.h"
+#include "text/RunTimeError.h"
 #include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/Twips.h"

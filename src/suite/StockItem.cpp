@@ -1,9 +1,11 @@
 #include "suite/StockItem.h"
 
 #include "gateway/CommandGateway.h"
-#include "gateway/RunTimeError.h"
 #include "gateway/SqlText.h"
 #include "suite/LiveConnection.h"
+#include "text/RunTimeError.h"
+
+#include <QStringList>
 
 using namespace Qt::StringLiterals;
 
@@ -12,10 +14,14 @@ bool StockItem::InitConnect(const QString& connectionString) {
     return mConnection != nullptr;
 }
 
-bool StockItem::SearchDrug(const QString& text, const QString& section) {
+CommandGateway& StockItem::Connection() const {
     if (!mConnection)
         throw RunTime::Error(RunTime::kObjectNotSet);
-    const RowSet item = mConnection->Execute(
+    return *mConnection;
+}
+
+bool StockItem::SearchDrug(const QString& text, const QString& section) {
+    const RowSet item = Connection().Execute(
         u"SELECT ItemID, ItemName, SellingPriceOut, SellingPriceIn FROM INVENTORY..tbInvMaster WHERE SectionID = "_s +
         SqlLiteral(section) + u" AND ItemID = "_s + SqlLiteral(text));
     if (item.Eof())
@@ -24,4 +30,15 @@ bool StockItem::SearchDrug(const QString& text, const QString& section) {
     mName = item.Fields(u"ItemName").ToText();
     mPrices = {item.Fields(u"SellingPriceOut").ToDouble(), item.Fields(u"SellingPriceIn").ToDouble()};
     return true;
+}
+
+void StockItem::AppendStockCard(StockCardEntry& entry) {
+    // What the procedure has no parameter for is of no use to this inventory.
+    QStringList arguments;
+    for (const Value& value : std::initializer_list<Value>{
+             entry.hospitalNumber, entry.idNumber, entry.itemID, entry.moment, entry.referenceNumber,
+             entry.quantity, entry.amount, entry.userCode, entry.chargeLine, entry.room,
+             entry.recordType.value_or(QString()), entry.patientType})
+        arguments << SqlLiteral(value);
+    Connection().ExecuteNoResult(u"INVENTORY..spStock_AppendStockCard "_s + arguments.join(u", "_s));
 }

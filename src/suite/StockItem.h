@@ -15,6 +15,10 @@ class StockItem : public clsStockItem, private StockDrug {
     QString DrugCode() const override { return mCode; }
     QString DrugName() const override { return mName; }
     StockPrices Invent() const override { return mPrices; }
+    void AppendStockCard(StockCardEntry& entry) override;
+
+    /// The connection; raises 91 when none was taken.
+    CommandGateway& Connection() const;
 
     CommandGateway* mConnection = nullptr;
     QString mCode;

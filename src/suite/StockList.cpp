@@ -1,10 +1,10 @@
 #include "suite/StockList.h"
 
 #include "gateway/CommandGateway.h"
-#include "gateway/RunTimeError.h"
 #include "gateway/SqlText.h"
 #include "suite/LiveConnection.h"
 #include "suite/PickDialog.h"
+#include "text/RunTimeError.h"
 #include "toolkit/ShowModal.h"
 
 using namespace Qt::StringLiterals;

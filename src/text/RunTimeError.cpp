@@ -7,8 +7,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array<std::pair<int, const char*>, 13> kTexts = {{
+constexpr std::array<std::pair<int, const char*>, 14> kTexts = {{
     {RunTime::kOverflow, "Overflow"},
+    {RunTime::kOutOfMemory, "Out of memory"},
     {RunTime::kSubscriptOutOfRange, "Subscript out of range"},
     {RunTime::kTypeMismatch, "Type mismatch"},
     {RunTime::kFileNotFound, "File not found"},

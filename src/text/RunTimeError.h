@@ -29,6 +29,7 @@ class RunTimeError : public std::exception {
 namespace RunTime {
 
 constexpr int kOverflow = 6;
+constexpr int kOutOfMemory = 7;
 constexpr int kSubscriptOutOfRange = 9;
 constexpr int kTypeMismatch = 13;
 constexpr int kFileNotFound = 53;

@@ -1,6 +1,6 @@
 #include "toolkit/Failure.h"
 
-#include "gateway/RunTimeError.h"
+#include "text/RunTimeError.h"
 #include "toolkit/MousePointer.h"
 #include "toolkit/MsgBox.h"
 

@@ -1,6 +1,6 @@
 #include "toolkit/FlexCells.h"
 
-#include "gateway/RunTimeError.h"
+#include "text/RunTimeError.h"
 
 #include <QFont>
 

@@ -114,6 +114,23 @@ void FlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& pre
     Q_EMIT RowColChange();
 }
 
+void FlexGrid::StepOutOfHiddenColumn() {
+    const QModelIndex current = currentIndex();
+    const int shown = horizontalHeader()->logicalIndexAt(0);
+    if (!current.isValid() || !isColumnHidden(current.column()) || shown < 0)
+        return;
+    mFollowing = true;
+    setCurrentIndex(current.siblingAtColumn(shown));
+    mFollowing = false;
+}
+
+void FlexGrid::keyPressEvent(QKeyEvent* event) {
+    // The view knows no way up or down in a hidden column, and a bound list begins in its first one.
+    StepOutOfHiddenColumn();
+    QTableView::keyPressEvent(event);
+    FollowCells();
+}
+
 void FlexGrid::mousePressEvent(QMouseEvent* event) {
     HeldGotFocus ownFocus(this);
     setFocus(Qt::MouseFocusReason);

@@ -45,6 +45,7 @@ class FlexGrid : public QTableView {
 
   protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -53,6 +54,7 @@ class FlexGrid : public QTableView {
   private:
     void FollowCells();
     void ApplyWidths();
+    void StepOutOfHiddenColumn();
 
     FlexCells* mCells;
     std::vector<int> mWidths;

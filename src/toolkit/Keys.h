@@ -6,6 +6,7 @@ class QWidget;
 
 /// The codes of the keys that handlers ask for by number.
 namespace Key {
+constexpr int kBackspace = 8;
 constexpr int kEnter = 13;
 constexpr int kEscape = 27;
 /// Key codes of KeyDown, which tells keys and not characters.

@@ -1,7 +1,7 @@
 #include "toolkit/ListView.h"
 
-#include "gateway/RunTimeError.h"
 #include "text/Format.h"
+#include "text/RunTimeError.h"
 #include "text/TextOrder.h"
 #include "toolkit/Twips.h"
 

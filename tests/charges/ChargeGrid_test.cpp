@@ -2,9 +2,9 @@
 #include "charges/ChargeGridGround.h"
 #include "charges/frmSearch.h"
 #include "charges/Twins.h"
-#include "charges/WhileModal.h"
 #include "shell/shared.h"
 #include "support/CaseName.h"
+#include "support/WhileModal.h"
 
 #include <QPushButton>
 

@@ -2,9 +2,9 @@
 #include "charges/clsRevenueCode.h"
 #include "charges/RevenueRows.h"
 #include "charges/Twins.h"
-#include "gateway/RunTimeError.h"
 #include "support/CaseName.h"
 #include "support/ScreenTest.h"
+#include "text/RunTimeError.h"
 #include "toolkit/FlexCells.h"
 
 #include <set>

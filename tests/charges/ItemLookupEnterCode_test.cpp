@@ -1,8 +1,8 @@
 #include "charges/ItemLookupGround.h"
 #include "charges/Twins.h"
-#include "gateway/RunTimeError.h"
 #include "shell/shared.h"
 #include "support/CaseName.h"
+#include "text/RunTimeError.h"
 
 using namespace Qt::StringLiterals;
 

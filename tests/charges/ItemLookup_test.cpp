@@ -1,9 +1,9 @@
 #include "charges/ItemLookup.h"
 #include "charges/ItemLookupGround.h"
 #include "charges/Twins.h"
-#include "gateway/RunTimeError.h"
 #include "shell/shared.h"
 #include "support/CaseName.h"
+#include "text/RunTimeError.h"
 
 using namespace Qt::StringLiterals;
 

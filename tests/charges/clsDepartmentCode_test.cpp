@@ -1,8 +1,8 @@
 #include "charges/clsDepartmentCode.h"
 #include "charges/frmSearch.h"
-#include "charges/WhileModal.h"
 #include "support/CaseName.h"
 #include "support/ScreenTest.h"
+#include "support/WhileModal.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Screens.h"
 

@@ -1,9 +1,9 @@
 #include "charges/clsRevenueCode.h"
 #include "charges/frmSearch.h"
 #include "charges/RevenueRows.h"
-#include "charges/WhileModal.h"
-#include "gateway/RunTimeError.h"
 #include "support/ScreenTest.h"
+#include "support/WhileModal.h"
+#include "text/RunTimeError.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Screens.h"
 

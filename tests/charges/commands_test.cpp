@@ -65,3 +65,69 @@ TEST(ChargeCommands, PrintedLineEndsInO) {
                                       .particular = u"5"_s}),
               u"Clinical_Area..spEarCare_SaveChargePrint '1','2','3','4','5', 'O'"_s);
 }
+
+TEST(ChargeCommands, AssessmentCounterAndPrintTable) {
+    EXPECT_EQ(AssessmentCounterCommand(), u"SELECT AssessmentNum FROM BILLING..tbAssessmentNum"_s);
+    EXPECT_EQ(ClearAssessmentPrintCommand(), u"delete Clinical_Area..tbEarCareChargePrint"_s);
+}
+
+TEST(ChargeCommands, AssessedLineBearsTheFixedDepartment) {
+    EXPECT_EQ(AssessmentCommand({.number = u"1"_s,
+                                 .patientName = u"2"_s,
+                                 .code = u"3"_s,
+                                 .department = u"4"_s,
+                                 .quantity = u"5"_s,
+                                 .amount = u"6"_s,
+                                 .userCode = u"8"_s,
+                                 .hospitalNumber = u"9"_s,
+                                 .visitNumber = u"10"_s,
+                                 .requestingDoctorCode = u"11"_s,
+                                 .requestingDoctorName = u"12"_s}),
+              u"Clinical_Area..spEarCare_Assessment '1','2','3','4','5','6','HC','8','9','10','11','12'"_s);
+}
+
+TEST(ChargeCommands, AssessmentOfAnEmptyLineKeepsItsPlaces) {
+    EXPECT_EQ(AssessmentCommand({}),
+              u"Clinical_Area..spEarCare_Assessment '','','','','','','HC','','','','',''"_s);
+}
+
+const AssessmentPrintLine kPrintLine{.code = u"1"_s,
+                                     .particular = u"2"_s,
+                                     .quantity = u"3"_s,
+                                     .price = u"4"_s,
+                                     .amount = u"5"_s,
+                                     .department = u"6"_s,
+                                     .userCode = u"7"_s};
+
+TEST(ChargeCommands, HospitalsCopyOfAPrintedLineHasPriceAndUser) {
+    EXPECT_EQ(GlobalDumpChargeSlipCommand(kPrintLine),
+              u"Clinical_Area..spEarCare_GlobalDumpChargeSlip '1','2','3','4','5','7'"_s);
+}
+
+TEST(ChargeCommands, PrintedLineOfAnAssessmentEndsInItsDepartment) {
+    EXPECT_EQ(DumpChargeSlipCommand(kPrintLine),
+              u"Clinical_Area..spEarCare_DumpChargeSlip '1','2','3','5','6'"_s);
+}
+
+TEST(ChargeCommands, AssessmentTextsGoInAsTheyStand) {
+    AssessmentLine line;
+    line.patientName = u" O'BRIEN "_s;
+    EXPECT_EQ(AssessmentCommand(line),
+              u"Clinical_Area..spEarCare_Assessment '',' O'BRIEN ','','','','','HC','','','','',''"_s);
+    AssessmentPrintLine printed;
+    printed.particular = u" MENIERE'S "_s;
+    EXPECT_EQ(DumpChargeSlipCommand(printed),
+              u"Clinical_Area..spEarCare_DumpChargeSlip '',' MENIERE'S ','','',''"_s);
+}
+
+TEST(ChargeCommands, ItemsOfAPackage) {
+    EXPECT_EQ(PackageCommand(u"PKG01"_s),
+              u"SELECT * FROM HEMODIALYSIS..tbhemopackage WHERE PackageCode = 'PKG01'"_s);
+}
+
+TEST(ChargeCommands, LinkOfAStockCardToItsPackage) {
+    EXPECT_EQ(
+        LinkStockCardCommand(u" PKG01 "_s, u"M0002"_s, u"5017"_s),
+        u"UPDATE INVENTORY..tbInvStockCard SET PackageID = ' PKG01 ' WHERE ItemID = 'M0002' AND RefNum = "
+        "'5017'"_s);
+}

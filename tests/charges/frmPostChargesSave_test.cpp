@@ -1,13 +1,13 @@
 #include "charges/commands.h"
 #include "charges/PostChargesGround.h"
-#include "charges/WhileModal.h"
-#include "gateway/RunTimeError.h"
 #include "patients/PatientContext.h"
 #include "reporting/ReportConnector.h"
 #include "reporting/Reports.h"
 #include "shell/shared.h"
 #include "support/CaseName.h"
+#include "support/WhileModal.h"
 #include "text/Clock.h"
+#include "text/RunTimeError.h"
 #include "toolkit/MousePointer.h"
 
 #include <QDir>

@@ -1,13 +1,13 @@
 #include "charges/frmPostCharges.h"
 #include "charges/PostChargesGround.h"
 #include "charges/RevenueRows.h"
-#include "charges/WhileModal.h"
-#include "gateway/RunTimeError.h"
 #include "patients/commands.h"
 #include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
 #include "shell/shared.h"
 #include "support/FakeWorkspace.h"
+#include "support/WhileModal.h"
+#include "text/RunTimeError.h"
 #include "toolkit/ListView.h"
 
 #include <QApplication>

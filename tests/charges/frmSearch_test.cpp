@@ -1,7 +1,7 @@
 #include "charges/frmSearch.h"
-#include "gateway/RunTimeError.h"
 #include "shell/shared.h"
 #include "support/ScreenTest.h"
+#include "text/RunTimeError.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Screens.h"
 

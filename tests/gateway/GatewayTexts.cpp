@@ -1,6 +1,6 @@
 #include "gateway/GatewayTexts.h"
 
-#include "gateway/RunTimeError.h"
+#include "text/RunTimeError.h"
 
 using namespace Qt::StringLiterals;
 

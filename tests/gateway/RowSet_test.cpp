@@ -1,8 +1,8 @@
 #include "gateway/CommandGateway.h"
 #include "gateway/GatewayTexts.h"
 #include "gateway/RowSet.h"
-#include "gateway/RunTimeError.h"
 #include "support/PrintQt.h"
+#include "text/RunTimeError.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "gateway/GatewayTexts.h"
-#include "gateway/RunTimeError.h"
 #include "gateway/Value.h"
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
+#include "text/RunTimeError.h"
 
 #include <gtest/gtest.h>
 

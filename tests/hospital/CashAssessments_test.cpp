@@ -1,4 +1,8 @@
+#include "hospital/HospitalScripts.h"
 #include "tests/hospital/HospitalTest.h"
+#include "text/IsDate.h"
+
+#include <QHash>
 
 using namespace Qt::StringLiterals;
 
@@ -108,6 +112,66 @@ TEST_F(CashAssessments, OneLineIsRevokedOnceAndRecordedOnce) {
         u"1"_s);
 }
 
+TEST_F(CashAssessments, LinesOfAReferenceComeByTheNamesThatARevokeReads) {
+    Assess(u"9001"_s, u"ZZTEST, ANA"_s, u"HC"_s, u"HC001"_s);
+    Assess(u"9002"_s, u"ZZTEST, ANA"_s, u"HC"_s, u"HC001"_s);
+    Assess(u"9001"_s, u"ZZTEST, ANA"_s, u"MD"_s, u"D003"_s, u""_s);
+    RowSet lines = mGateway->Open(
+        u"SELECT AssessNum, RefNum, Revenueid FROM BILLING..tbCashAssessment WHERE RefNum = '9001'"_s,
+        CursorType::Dynamic, LockType::ReadOnly);
+    for (const QString& centre : {u"HC"_s, u"MD"_s}) {
+        EXPECT_EQ(lines.Fields(u"RevenueID").ToText(), centre);
+        Revoke(lines.Fields(u"AssessNum").ToText(), lines.Fields(u"RefNum").ToText(), centre);
+        lines.MoveNext();
+    }
+    EXPECT_TRUE(lines.Eof());
+    for (const QStringList& line : Status(u"ZZTEST"_s))
+        EXPECT_EQ(line[6], line[4] == "9001"_L1 ? u"REVOKED"_s : u"11/21/2026"_s);
+}
+
+TEST_F(CashAssessments, SlipDataComeByTheNamesThatAReprintReads) {
+    Assess(u"9001"_s, u"ZZTEST, ANA"_s, u"HC"_s, u"HC001"_s, u"2"_s, u"5600.00"_s);
+    const RowSet lines = mGateway->Open(u"SELECT * FROM BILLING..tbCashAssessment WHERE Refnum = '9001'"_s,
+                                        CursorType::Dynamic, LockType::ReadOnly, CursorLocation::Client);
+    EXPECT_EQ(lines.RecordCount(), 1);
+    QStringList values;
+    for (const QString& name :
+         {u"Name"_s, u"HospNum"_s, u"IdNum"_s, u"RefNum"_s, u"Quantity"_s, u"Amount"_s, u"TransDate"_s})
+        values << lines.Fields(name).ToText();
+    EXPECT_EQ(values, QStringList({u"ZZTEST, ANA"_s, u"W000003"_s, u""_s, u"9001"_s, u"2"_s, u"5600"_s,
+                                   u"11/21/2026 10:15:00 AM"_s}));
+}
+
+TEST_F(CashAssessments, EmptyReferenceFindsNoLineThatStandsAlone) {
+    Assess(u""_s, u"ZZTEST, ANA"_s, u"HC"_s, u"HC001"_s);
+    EXPECT_TRUE(Rows(u"SELECT * FROM BILLING..tbCashAssessment WHERE Refnum = ''"_s).empty());
+}
+
+TEST_F(CashAssessments, PaidLineThatIsRevokedIsToldAsRevokedAndKeepsItsReceipt) {
+    Assess(u"9001"_s, u"ZZTEST, ANA"_s, u"HC"_s, u"HC001"_s);
+    Run(u"UPDATE BILLING..tbCashAssessment SET ORNum = '400001' WHERE RefNum = '9001'"_s);
+    const QStringList line = Status(u"ZZTEST"_s).front();
+    Revoke(line[0], line[4], line[7]);
+    EXPECT_EQ(Status(u"ZZTEST"_s).front()[6], u"REVOKED"_s);
+    EXPECT_EQ(Cell(u"SELECT ORNum FROM BILLING..tbCashAssessment WHERE RefNum = '9001'"_s), u"400001"_s);
+}
+
+TEST_F(CashAssessments, TwoWorkstationsNeverSpendOneNumber) {
+    const auto other = HospitalFile::Open(Path(), HospitalScripts());
+    const auto read = [](CommandGateway& gateway) {
+        return gateway.Open(u"SELECT AssessmentNum FROM BILLING..tbAssessmentNum"_s, CursorType::Dynamic,
+                            LockType::Optimistic);
+    };
+    RowSet here = read(*mGateway);
+    RowSet there = read(*other);
+    const qint64 number = here.Fields(u"AssessmentNum").ToInteger();
+    for (RowSet* counter : {&here, &there})
+        counter->SetField(u"AssessmentNum", number + 1);
+    here.Update();
+    EXPECT_THROW(there.Update(), RunTimeError);
+    EXPECT_EQ(read(*other).Fields(u"AssessmentNum").ToInteger(), number + 1);
+}
+
 TEST_F(CashAssessments, LineThatStandsAloneIsRevokedByItsOwnNumber) {
     Assess(u""_s, u"ZZTEST, ANA"_s, u"HC"_s, u"HC001"_s);
     const QStringList line = Status(u"ZZTEST"_s).front();
@@ -125,21 +189,26 @@ TEST_F(CashAssessments, WrongReferenceOrCentreOrABlankRowRevokesNothing) {
     EXPECT_EQ(Status(u"ZZTEST"_s).front()[6], u"11/21/2026"_s);
 }
 
-TEST_F(CashAssessments, TrialHospitalHasSomeInEveryStatus) {
-    int open = 0;
-    int paid = 0;
-    int revoked = 0;
-    int alone = 0;
+TEST_F(CashAssessments, TrialHospitalHasSomeInEveryStatusWithANumberAndWithout) {
+    enum Kind { kOpen, kPaid, kRevoked };
+    QHash<int, int> numbered;
+    QHash<int, int> alone;
     for (const QStringList& row : Status(u""_s)) {
-        open += row[6].contains(u'/');
-        paid += row[6].startsWith("OR "_L1);
-        revoked += row[6] == "REVOKED"_L1;
-        alone += row[4] == "NULL"_L1;
+        const QString& status = row[6];
+        const Kind kind = IsDate(status) ? kOpen : status.startsWith("OR "_L1) ? kPaid : kRevoked;
+        EXPECT_TRUE(kind != kRevoked || status == "REVOKED"_L1) << status.toStdString();
+        ++(row[4] == "NULL"_L1 ? alone : numbered)[kind];
     }
-    EXPECT_GT(open, 10);
-    EXPECT_GT(paid, 10);
-    EXPECT_GT(revoked, 5);
-    EXPECT_GE(alone, 2);
+    for (const Kind kind : {kOpen, kPaid, kRevoked}) {
+        EXPECT_GE(numbered[kind], 10);
+        EXPECT_GE(alone[kind], 2);
+    }
+}
+
+TEST_F(CashAssessments, EveryAssessmentOfTheTrialHospitalHasALine) {
+    EXPECT_EQ(Cell(u"SELECT COUNT(*) FROM (SELECT RefNum FROM BILLING..tbCashAssessment WHERE RefNum IS NOT "
+                   "NULL GROUP BY RefNum) AS x"_s),
+              Cell(u"SELECT AssessmentNum - 5001 FROM BILLING..tbAssessmentNum"_s));
 }
 
 TEST_F(CashAssessments, CounterIsBeyondTheLastNumber) {

@@ -1,6 +1,8 @@
+#include "hospital/HospitalScripts.h"
 #include "tests/hospital/HospitalTest.h"
 
 #include <algorithm>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +20,12 @@ class CashPatients : public HospitalTest {
         Run(Call(u"CLINICAL_AREA..spEarCare_Add_CashPatient"_s,
                  {lastName, u"ANA"_s, u"CRUZ"_s, u"12 RIZAL ST."_s, u"POBLACION"_s, u"1100"_s, birthDate, age,
                   u"F"_s, u"2"_s}));
+    }
+    /// Registers so many walk-ins of one name over a connection.
+    static void RegisterMany(EmbeddedGateway& gateway, const QString& lastName, int count) {
+        for (int i = 0; i < count; ++i)
+            gateway.ExecuteNoResult(Call(u"CLINICAL_AREA..spEarCare_Add_CashPatient"_s,
+                                         {lastName, u"ANA"_s, {}, {}, {}, {}, u"/  /"_s, {}, u"F"_s, {}}));
     }
     std::vector<QStringList> WalkIns(const QString& lastName) {
         return Rows(
@@ -94,6 +102,62 @@ TEST_F(CashPatients, RefusedBirthDateSpendsNoNumber) {
     EXPECT_THROW(Register(u"ZZTEST"_s, u"13/45/1984"_s), RunTimeError);
     EXPECT_EQ(NextNumber(), number);
     EXPECT_TRUE(WalkIns(u"ZZTEST"_s).empty());
+}
+
+TEST_F(CashPatients, OneOfTheTwoNamesIsEnoughAndStandsWithoutAComma) {
+    const auto save = [this](const QString& lastName, const QString& firstName) {
+        Run(Call(u"CLINICAL_AREA..spEarCare_Add_CashPatient"_s,
+                 {lastName, firstName, {}, {}, {}, {}, u"/  /"_s, {}, u"M"_s, {}}));
+    };
+    save(u"ZZTEST"_s, {});
+    save({}, u"ANACLETA"_s);
+    EXPECT_EQ(Column(Find(u"ZZTEST"_s, u"3"_s), 2), QStringList{u"ZZTEST"_s});
+    const QStringList byFirstName = Find(u""_s, u"3"_s).front();
+    EXPECT_EQ(byFirstName[2], u"ANACLETA"_s);
+    EXPECT_EQ(Find(byFirstName[1], u"3"_s), std::vector<QStringList>{byFirstName});
+}
+
+TEST_F(CashPatients, NobodyElseGetsTheNumberOfAWalkInWhoIsGone) {
+    const int number = NextNumber();
+    Register(u"ZZTEST"_s, u"02/29/1984"_s);
+    Run(u"DELETE FROM PATIENT_DATA..tbwalkin WHERE LastName = 'ZZTEST'"_s);
+    Register(u"ZZTEST"_s, u"02/29/1984"_s);
+    EXPECT_EQ(WalkIns(u"ZZTEST"_s).front().front(), u"W%1"_s.arg(number + 1, 6, 10, QChar(u'0')));
+}
+
+TEST_F(CashPatients, TwoWorkstationsAtOnceNeverRegisterUnderOneNumber) {
+    constexpr int kEach = 25;
+    const int number = NextNumber();
+    const auto other = HospitalFile::Open(Path(), HospitalScripts());
+    std::thread there([&other] { RegisterMany(*other, u"ZZTHERE"_s, kEach); });
+    RegisterMany(*mGateway, u"ZZHERE"_s, kEach);
+    there.join();
+    // Each has all of its own, and together they have spent every number once.
+    EXPECT_EQ(WalkIns(u"ZZHERE"_s).size(), size_t(kEach));
+    EXPECT_EQ(WalkIns(u"ZZTHERE"_s).size(), size_t(kEach));
+    QStringList numbers = Column(WalkIns(u"ZZHERE"_s), 0) + Column(WalkIns(u"ZZTHERE"_s), 0);
+    numbers.sort();
+    for (int i = 0; i < 2 * kEach; ++i)
+        EXPECT_EQ(numbers[i], u"W%1"_s.arg(number + i, 6, 10, QChar(u'0')));
+    EXPECT_EQ(NextNumber(), number + 2 * kEach);
+}
+
+TEST_F(CashPatients, TwoWorkstationsInTurnsGetNumbersInTurns) {
+    const int number = NextNumber();
+    const auto other = HospitalFile::Open(Path(), HospitalScripts());
+    for (int i = 0; i < 2; ++i) {
+        RegisterMany(*mGateway, u"ZZHERE"_s, 1);
+        RegisterMany(*other, u"ZZTHERE"_s, 1);
+    }
+    for (const auto& [name, first] : {std::pair(u"ZZHERE"_s, number), std::pair(u"ZZTHERE"_s, number + 1)}) {
+        EXPECT_EQ(Column(WalkIns(name), 0), QStringList({u"W%1"_s.arg(first, 6, 10, QChar(u'0')),
+                                                         u"W%1"_s.arg(first + 2, 6, 10, QChar(u'0'))}));
+    }
+}
+
+TEST_F(CashPatients, NameLongerThanItsColumnIsCutAsTheServerCutsAnArgument) {
+    Register(u"ZZTEST"_s + QString(40, u'X'), u"02/29/1984"_s);
+    EXPECT_EQ(WalkIns(u"ZZTEST"_s + QString(24, u'X')).size(), 1U);
 }
 
 TEST_F(CashPatients, OlderScreenRegistersTheSameFactsInItsOwnOrder) {

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "gateway/embedded/EmbeddedGateway.h"
-#include "gateway/RunTimeError.h"
 #include "support/PrintQt.h"
 #include "text/DateTime.h"
+#include "text/RunTimeError.h"
 
 #include <QString>
 #include <QStringList>

@@ -23,7 +23,10 @@ const std::map<std::string, std::set<std::string>>& Allowed() {
         {"reporting", {"text", "gateway", "toolkit", "components", "shared"}},
         {"patients", {"text", "gateway", "toolkit", "components", "reporting", "shared"}},
         {"charges", {"text", "gateway", "toolkit", "components", "reporting", "patients", "shared"}},
-        {"shell", {"text", "gateway", "toolkit", "components", "reporting", "patients", "charges", "shared"}},
+        {"maintenance", {"text", "gateway", "toolkit", "components", "reporting", "patients", "shared"}},
+        {"shell",
+         {"text", "gateway", "toolkit", "components", "reporting", "patients", "charges", "maintenance",
+          "shared"}},
         {"suite", {"text", "gateway", "toolkit", "components", "reporting", "hospital"}},
     };
     return allowed;

@@ -1,5 +1,5 @@
-#include "gateway/RunTimeError.h"
 #include "patients/FakeFinderTarget.h"
+#include "text/RunTimeError.h"
 
 #include <gtest/gtest.h>
 

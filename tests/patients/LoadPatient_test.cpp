@@ -1,4 +1,3 @@
-#include "gateway/RunTimeError.h"
 #include "patients/commands.h"
 #include "patients/FakeFinderTarget.h"
 #include "patients/frmSearchPatient.h"
@@ -8,6 +7,7 @@
 #include "support/CaseName.h"
 #include "support/ScreenTest.h"
 #include "text/Clock.h"
+#include "text/RunTimeError.h"
 #include "toolkit/Screens.h"
 
 #include <QRadioButton>

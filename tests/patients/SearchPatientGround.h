@@ -1,6 +1,5 @@
 #pragma once
 
-#include "gateway/RunTimeError.h"
 #include "patients/commands.h"
 #include "patients/FakeFinderTarget.h"
 #include "patients/frmSearchPatient.h"
@@ -8,6 +7,7 @@
 #include "shell/shared.h"
 #include "support/FakeWorkspace.h"
 #include "support/ScreenTest.h"
+#include "text/RunTimeError.h"
 #include "toolkit/ListView.h"
 #include "toolkit/Screens.h"
 

@@ -7,14 +7,9 @@
 #include "support/ScreenTest.h"
 #include "toolkit/ProgramFiles.h"
 
-#include <QFile>
-#include <QFileInfo>
-
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr auto kGoldenFolder = TARVEN_SOURCE_DIR "/tests/golden/reports/";
 
 struct Line {
     QString department;
@@ -43,11 +38,7 @@ class ChargeSlip : public ScreenTest {
         database.Set(u"tbEarCareChargePrint"_s,
                      Rows({u"ItemID"_s, u"RevenueID"_s, u"Description"_s, u"Quantity"_s, u"Amount"_s}, rows));
         OpenReport(ProgramDirectory() + u"/Reports/Charge_Slip.RPT"_s, parameters);
-        const auto document = gReport->Document();
-        QString text;
-        for (int page = 1; page <= document->PageCount(); ++page)
-            text += u"--- page %1 of %2\n"_s.arg(page).arg(document->PageCount()) + document->PageText(page);
-        return text;
+        return TextOfPages(*gReport->Document());
     }
 
     ReportDatabase database;
@@ -66,18 +57,6 @@ const std::vector<Line> kLines = {
      u"HIGH-FLUX POLYSULFONE DIALYZER, SURFACE 1.8 SQUARE METRES, STEAM STERILISED, WITH BLOODLINE SET AND NEEDLES"_s,
      u"1"_s, u"1850.2500"_s},
     {u"MD"_s, u"0142"_s, u"DR. PEÑAFLOR, MARIA - PROFESSIONAL FEE"_s, u""_s, u"1500.0000"_s}};
-
-/// Compares with the golden file, or writes it anew when TARVEN_WRITE_GOLDEN is set.
-void ExpectGolden(const QString& text, const QString& name) {
-    const QString file = QString::fromLatin1(kGoldenFolder) + name;
-    if (qEnvironmentVariableIsSet("TARVEN_WRITE_GOLDEN")) {
-        QFile golden(file);
-        ASSERT_TRUE(golden.open(QIODevice::WriteOnly));
-        golden.write(text.toUtf8());
-        return;
-    }
-    EXPECT_EQ(text, QString::fromUtf8(ReadFile(file))) << name.toStdString();
-}
 
 } // namespace
 

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QProcess>
 
+#include <gtest/gtest.h>
+
 using namespace Qt::StringLiterals;
 
 /// One connection of a report.
@@ -88,6 +90,24 @@ QString WriteFile(const QTemporaryDir& folder, const QString& name, const QByteA
 QByteArray ReadFile(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString TextOfPages(const ReportDocument& document) {
+    QString text;
+    for (int page = 1; page <= document.PageCount(); ++page)
+        text += u"--- page %1 of %2\n"_s.arg(page).arg(document.PageCount()) + document.PageText(page);
+    return text;
+}
+
+void ExpectGolden(const QString& text, const QString& name) {
+    const QString path = u"" TARVEN_SOURCE_DIR "/tests/golden/reports/"_s + name;
+    if (qEnvironmentVariableIsSet("TARVEN_WRITE_GOLDEN")) {
+        QFile golden(path);
+        ASSERT_TRUE(golden.open(QIODevice::WriteOnly));
+        golden.write(text.toUtf8());
+        return;
+    }
+    EXPECT_EQ(text, QString::fromUtf8(ReadFile(path))) << name.toStdString();
 }
 
 QString TextOfPdf(const QString& file) {

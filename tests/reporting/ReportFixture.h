@@ -1,9 +1,9 @@
 #pragma once
 
-#include "gateway/RunTimeError.h"
 #include "reporting/ReportDocument.h"
 #include "support/PrintQt.h"
 #include "support/ScriptedGateway.h"
+#include "text/RunTimeError.h"
 
 #include <QStringList>
 #include <QTemporaryDir>
@@ -50,6 +50,12 @@ class ReportDatabase {
 QString WriteFile(const QTemporaryDir& folder, const QString& name, const QByteArray& content);
 
 QByteArray ReadFile(const QString& file);
+
+/// The texts of all pages, each behind a line with its number.
+QString TextOfPages(const ReportDocument& document);
+
+/// Compares a report's text with its golden file, or writes the file anew when TARVEN_WRITE_GOLDEN is set.
+void ExpectGolden(const QString& text, const QString& name);
 
 /// The text that pdftotext reads from a PDF file.
 QString TextOfPdf(const QString& file);

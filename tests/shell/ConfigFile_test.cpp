@@ -1,8 +1,8 @@
-#include "gateway/RunTimeError.h"
 #include "shell/ConfigFile.h"
 #include "shell/shared.h"
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
+#include "text/RunTimeError.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,6 @@
+#include "charges/frmAssessment.h"
 #include "charges/frmPostCharges.h"
+#include "patients/CashTarget.h"
 #include "patients/FinderTarget.h"
 #include "shell/RegisterScreens.h"
 #include "support/ScreenTest.h"
@@ -16,6 +18,12 @@ TEST_F(RegisterScreensTest, ThePostingScreenWaitsInModePost) {
     RegisterScreens();
     EXPECT_FALSE(Screens::IsLoaded<frmPostCharges>()) << "registering touches no screen";
     EXPECT_EQ(&FinderTargetOf(u"Post"_s), static_cast<FinderTarget*>(&Screens::Get<frmPostCharges>()));
+}
+
+TEST_F(RegisterScreensTest, TheAssessmentWaitsForACashPatient) {
+    RegisterScreens();
+    EXPECT_FALSE(Screens::IsLoaded<frmAssessment>()) << "registering touches no screen";
+    EXPECT_EQ(&WaitingCashTarget(), static_cast<CashTarget*>(&Screens::Get<frmAssessment>()));
 }
 
 TEST_F(RegisterScreensTest, NoScreenWaitsInAnotherMode) {

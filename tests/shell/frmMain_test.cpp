@@ -1,4 +1,6 @@
+#include "charges/frmAssessment.h"
 #include "charges/frmPostCharges.h"
+#include "maintenance/frmAssessStatus.h"
 #include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
 #include "shell/frmAbout.h"
@@ -9,6 +11,7 @@
 #include "support/CaseName.h"
 #include "support/FakeWorkspace.h"
 #include "support/ScreenTest.h"
+#include "support/WhileModal.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Screens.h"
 
@@ -191,6 +194,64 @@ INSTANTIATE_TEST_SUITE_P(
         EntryCase{"OutPatientKey", [](frmMain& main) { main.Toolbar1_ButtonMenuClick(u"Outpatient"_s); },
                   u"O"_s}),
     CaseName());
+
+struct AssessmentCase {
+    const char* name;
+    std::function<void(frmMain&)> action;
+};
+
+class AssessmentEntry : public frmMainTest, public testing::WithParamInterface<AssessmentCase> {};
+
+TEST_P(AssessmentEntry, OpensTheAssessmentModallyAndLeavesTheModesAsTheyStand) {
+    gPatientType = u"O"_s;
+    gChargeMode = u"List"_s;
+    bool opened = false;
+    WhileModal([&opened](Form& screen) {
+        opened = &screen == &Screens::Get<frmAssessment>();
+        EXPECT_TRUE(screen.IsModal());
+        EXPECT_TRUE(screen.isVisible());
+    });
+    GetParam().action(*window);
+    EXPECT_TRUE(opened);
+    EXPECT_FALSE(Screens::IsLoaded<frmAssessment>());
+    EXPECT_EQ(OpenScreens(), 0);
+    EXPECT_EQ(gPatientType, u"O"_s);
+    EXPECT_EQ(gChargeMode, u"List"_s);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ways, AssessmentEntry,
+    testing::Values(
+        AssessmentCase{"Menu",
+                       [](frmMain& main) { main.findChild<QAction*>(u"mnuAssessment"_s)->trigger(); }},
+        AssessmentCase{"CtrlA",
+                       [](frmMain& main) { QTest::keyClick(&main, Qt::Key_A, Qt::ControlModifier); }},
+        AssessmentCase{"ToolbarButton", [](frmMain& main) { Click(Find<QToolButton>(main, "Assess")); }},
+        AssessmentCase{"ToolbarKey", [](frmMain& main) { main.Toolbar1_ButtonClick(u"Assess"_s); }}),
+    CaseName());
+
+TEST_F(frmMainTest, AssessmentStatusOpensModallyAndLeavesTheModesAsTheyStand) {
+    gPatientType = u"O"_s;
+    gChargeMode = u"Post"_s;
+    gateway.Expect(u"Clinical_Area..spEarCare_AssessmentStatus '1',''"_s,
+                   Rows({u"AssessNum"_s}, {{u"731"_s}}));
+    messages.Expect({.text = u"Are you sure to close this program?"_s,
+                     .icon = MsgIcon::Question,
+                     .title = u"OPD Registration System"_s,
+                     .buttons = MsgButtons::OkCancel});
+    bool opened = false;
+    WhileModal([&opened](Form& screen) {
+        opened = &screen == &Screens::Get<frmAssessStatus>();
+        EXPECT_TRUE(screen.IsModal());
+    });
+    Item("mnuReportStatus").trigger();
+    EXPECT_TRUE(opened);
+    EXPECT_FALSE(Screens::IsLoaded<frmAssessStatus>());
+    EXPECT_EQ(OpenScreens(), 0);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(gPatientType, u"O"_s);
+    EXPECT_EQ(gChargeMode, u"Post"_s);
+}
 
 TEST_F(frmMainTest, AnotherEntryKeepsTheOneOpenScreen) {
     Item("mnuInTransactionEntry").trigger();
@@ -383,15 +444,7 @@ TEST_F(frmMainTest, AScreenThatRefusesKeepsTheProgramOpen) {
 
 // Shortcuts come before a text box's own use of the same keys.
 
-class Shortcuts : public frmMainTest {
-  protected:
-    Shortcuts() {
-        QObject::connect(&Item("mnuAssessment"), &QAction::triggered, window.get(),
-                         [this] { ++assessments; });
-    }
-
-    int assessments = 0;
-};
+using Shortcuts = frmMainTest;
 
 TEST_F(Shortcuts, CtrlAOpensTheAssessmentWhileATextBoxHasTheFocus) {
     Item("mSetup").trigger();
@@ -399,8 +452,10 @@ TEST_F(Shortcuts, CtrlAOpensTheAssessmentWhileATextBoxHasTheFocus) {
     box.setText(u"HC"_s);
     box.deselect();
     box.setFocus();
+    bool opened = false;
+    WhileModal([&opened](Form& screen) { opened = screen.objectName() == u"frmAssessment"_s; });
     Press(box, Qt::Key_A, Qt::ControlModifier);
-    EXPECT_EQ(assessments, 1);
+    EXPECT_TRUE(opened);
     EXPECT_EQ(box.selectedText(), QString()) << "the text box did not take the key for itself";
 }
 
@@ -409,14 +464,11 @@ TEST_F(Shortcuts, CtrlAOpensTheAssessmentWhileTheChargeGridIsKeyedIn) {
     auto& editor = OpenEditor(Screens::Get<frmPostCharges>());
     editor.setText(u"HC"_s);
     editor.deselect();
+    bool opened = false;
+    WhileModal([&opened](Form& screen) { opened = screen.objectName() == u"frmAssessment"_s; });
     Press(editor, Qt::Key_A, Qt::ControlModifier);
-    EXPECT_EQ(assessments, 1);
+    EXPECT_TRUE(opened);
     EXPECT_EQ(editor.selectedText(), QString());
-}
-
-TEST_F(Shortcuts, CtrlAOpensTheAssessmentFromTheMainWindow) {
-    QTest::keyClick(window.get(), Qt::Key_A, Qt::ControlModifier);
-    EXPECT_EQ(assessments, 1);
 }
 
 TEST_F(Shortcuts, OtherKeysStayWithTheTextBox) {
@@ -427,7 +479,7 @@ TEST_F(Shortcuts, OtherKeysStayWithTheTextBox) {
     Press(box, Qt::Key_Z, Qt::ControlModifier);
     Type(box, u"A"_s);
     EXPECT_EQ(box.text(), u"HCA"_s);
-    EXPECT_EQ(assessments, 0);
+    EXPECT_FALSE(Screens::IsLoaded<frmAssessment>());
 }
 
 TEST_F(Shortcuts, ATextBoxOfAnotherWindowKeepsCtrlA) {
@@ -436,7 +488,7 @@ TEST_F(Shortcuts, ATextBoxOfAnotherWindowKeepsCtrlA) {
     Activate(box);
     box.deselect();
     Press(box, Qt::Key_A, Qt::ControlModifier);
-    EXPECT_EQ(assessments, 0);
+    EXPECT_FALSE(Screens::IsLoaded<frmAssessment>());
     EXPECT_EQ(box.selectedText(), u"HC"_s);
 }
 

@@ -1,6 +1,6 @@
-#include "gateway/RunTimeError.h"
 #include "suite/DataSource.h"
 #include "support/PrintQt.h"
+#include "text/RunTimeError.h"
 
 #include <gtest/gtest.h>
 

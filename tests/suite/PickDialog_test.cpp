@@ -1,7 +1,7 @@
-#include "gateway/RunTimeError.h"
 #include "suite/PickDialog.h"
 #include "support/CaseName.h"
 #include "support/ScreenTest.h"
+#include "text/RunTimeError.h"
 #include "toolkit/ListView.h"
 
 #include <QLabel>

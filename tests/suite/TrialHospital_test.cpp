@@ -1,8 +1,8 @@
-#include "gateway/RunTimeError.h"
 #include "suite/SignOn.h"
 #include "suite/TrialHospital.h"
 #include "support/PrintQt.h"
 #include "text/Clock.h"
+#include "text/RunTimeError.h"
 
 #include <QDir>
 #include <QFile>

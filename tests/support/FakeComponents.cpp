@@ -61,6 +61,11 @@ StockPrices FakeStockItem::Invent() const {
     return mItem.prices;
 }
 
+void FakeStockItem::AppendStockCard(StockCardEntry& entry) {
+    RaiseOnce(failure);
+    entries.push_back(entry);
+}
+
 bool FakeStockList::InitConnection(const QString& connectionString) {
     connections.push_back(connectionString);
     return connects;

@@ -5,7 +5,7 @@
 #include "components/clsPersonFinder.h"
 #include "components/clsStockItem.h"
 #include "components/clsStockList.h"
-#include "gateway/RunTimeError.h"
+#include "text/RunTimeError.h"
 
 #include <deque>
 #include <optional>
@@ -110,7 +110,9 @@ class FakeStockItem : public clsStockItem, public StockDrug {
     mutable ComingFailure priceFailure;
     std::vector<QString> connections;
     bool connects = true;
-    /// Raised by the next search.
+    /// The stock card entries written so far.
+    std::vector<StockCardEntry> entries;
+    /// Raised by the next search or stock card entry.
     std::optional<RunTimeError> failure;
 
     bool InitConnect(const QString& connectionString) override;
@@ -119,6 +121,7 @@ class FakeStockItem : public clsStockItem, public StockDrug {
     QString DrugCode() const override;
     QString DrugName() const override;
     StockPrices Invent() const override;
+    void AppendStockCard(StockCardEntry& entry) override;
 
   private:
     Item mItem;

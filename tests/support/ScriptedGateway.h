@@ -1,7 +1,7 @@
 #pragma once
 
 #include "gateway/CommandGateway.h"
-#include "gateway/RunTimeError.h"
+#include "text/RunTimeError.h"
 
 #include <deque>
 #include <memory>

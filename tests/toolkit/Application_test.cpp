@@ -1,5 +1,5 @@
-#include "gateway/RunTimeError.h"
 #include "support/ScreenTest.h"
+#include "text/RunTimeError.h"
 #include "toolkit/Application.h"
 
 #include <QLineEdit>

@@ -1,5 +1,5 @@
-#include "gateway/RunTimeError.h"
 #include "support/PrintQt.h"
+#include "text/RunTimeError.h"
 #include "toolkit/Failure.h"
 #include "toolkit/MousePointer.h"
 #include "toolkit/MsgBox.h"

@@ -1,7 +1,7 @@
-#include "gateway/RunTimeError.h"
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
 #include "support/ScriptedGateway.h"
+#include "text/RunTimeError.h"
 #include "toolkit/FlexCells.h"
 
 #include <QFont>

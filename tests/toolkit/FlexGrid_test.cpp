@@ -146,6 +146,35 @@ TEST_F(FlexGridTest, AnArrowKeyAtTheEdgeRaisesNothing) {
     EXPECT_EQ(events, QStringList());
 }
 
+TEST_F(FlexGridTest, AnArrowKeyFindsItsWayOutOfAHiddenColumn) {
+    grid->SetColWidth(1, 0);
+    grid->setFocus();
+    events.clear();
+    Press(*grid, Qt::Key_Down);
+    EXPECT_EQ(events, (QStringList{u"LeaveCell 1,1"_s, u"EnterCell 2,2"_s, u"RowColChange 2,2"_s}));
+    EXPECT_EQ(grid->currentIndex(), grid->Cells().index(1, 1));
+}
+
+TEST_F(FlexGridTest, AKeyThatMovesNothingLeavesTheCurrentCellInItsHiddenColumn) {
+    grid->SetColWidth(1, 0);
+    grid->setFocus();
+    events.clear();
+    Press(*grid, Qt::Key_Up);
+    EXPECT_EQ(events, QStringList());
+    EXPECT_EQ(grid->Cells().Col(), 1);
+    EXPECT_EQ(grid->currentIndex(), grid->Cells().index(0, 0));
+}
+
+TEST_F(FlexGridTest, ArrowKeysScrollAListWhoseFirstColumnIsHidden) {
+    grid->SetColWidth(1, 0);
+    grid->Cells().SetRows(200);
+    grid->setFocus();
+    for (int i = 0; i < 100; ++i)
+        Press(*grid, Qt::Key_Down);
+    EXPECT_EQ(grid->Cells().Row(), 101);
+    EXPECT_GT(grid->TopRow(), 50);
+}
+
 TEST_F(FlexGridTest, AClickTakesTheFocusThenMovesThenTellsOfTheFocusThenOfTheClick) {
     ClickCell(3, 2);
     EXPECT_EQ(events, (QStringList{u"LeaveCell 1,1"_s, u"EnterCell 3,2"_s, u"RowColChange 3,2"_s,

@@ -2,44 +2,15 @@
 
 #include "shell/shared.h"
 #include "toolkit/FlexGrid.h"
-
-#include <QMessageBox>
+#include "workstation/CashDeskScripts.h"
+#include "workstation/ClerkKeys.h"
 
 #include <csignal>
-#include <cstdio>
 #include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void Tell(const QString& what) {
-    std::printf("%s\n", qPrintable(what));
-}
-
-void KeyLogOn(Driver& clerk) {
-    clerk.ExpectScreen(u"SignOnDialog"_s);
-    clerk.Type(u"NURSE"_s);
-    clerk.Press(Qt::Key_Tab);
-    clerk.Type(u"nurse"_s);
-    clerk.Press(Qt::Key_Return);
-}
-
-void SignOn(Driver& clerk) {
-    KeyLogOn(clerk);
-    clerk.ExpectNoScreen(u"SignOnDialog"_s);
-}
-
-/// Waits for the box of a failure, tells its text and presses its button; the process ends with it.
-void ReadFailure(Driver& clerk) {
-    clerk.ExpectScreen(u"Failure"_s);
-    clerk.OnScreen([] {
-        const auto* box = qobject_cast<QMessageBox*>(&VisibleControl(u"Failure"_s));
-        Tell(box->text().simplified());
-        std::fflush(stdout);
-    });
-    clerk.Press(Qt::Key_Return);
-}
 
 void FindPatient(Driver& clerk, const QString& menuItem, const QString& name) {
     clerk.ChooseMenu(menuItem);
@@ -51,14 +22,6 @@ void FindPatient(Driver& clerk, const QString& menuItem, const QString& name) {
     clerk.Press(Qt::Key_Return);
     clerk.ExpectNoScreen(u"frmSearchPatient"_s);
     Tell(u"patient "_s + clerk.Text(u"txtPno"_s) + u' ' + clerk.Text(u"txtId"_s));
-}
-
-/// Keys texts into the grid, each ended by Enter.
-void Key(Driver& clerk, const QStringList& texts) {
-    for (const QString& text : texts) {
-        clerk.Type(text);
-        clerk.Press(Qt::Key_Return);
-    }
 }
 
 void GoToGrid(Driver& clerk) {
@@ -195,6 +158,9 @@ void FullDisk(Driver& clerk) {
 
 const std::map<std::string, std::function<void(Driver&)>>& Scripts() {
     static const std::map<std::string, std::function<void(Driver&)>> scripts = {
+        {"new-walk-in-assessment", NewWalkInAssessment},
+        {"assessment-status", AssessmentStatusAndRevoke},
+        {"assessment-apostrophe", AssessmentOfAnApostrophe},
         {"in-patient-charge", InPatientCharge},
         {"out-patient-charge", OutPatientCharge},
         {"sign-on-and-fail", SignOnAndFail},

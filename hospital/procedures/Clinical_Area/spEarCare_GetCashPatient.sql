@@ -1,6 +1,7 @@
 -- Patients who may pay cash, in the order of their names: in-patients still in the hospital (1), the visits of
 -- out-patients (2), walk-ins (3). The text is the beginning of a last name or a whole number; an empty text brings
--- all. A walk-in has no admission, so the first and the last column are empty.
+-- all. A walk-in has no admission, so the first and the last column are empty, and may have been registered by a last or
+-- a first name alone.
 USE Clinical_Area;
 GO
 
@@ -44,15 +45,19 @@ BEGIN
         WHERE @Kind = '2' AND @Search <> '' AND o.IdNum = @Search
 
         UNION ALL
-        SELECT '', w.HospNum, RTRIM(CONCAT(w.LastName, ', ', w.FirstName, ' ', w.MiddleName)), w.RegDate, '',
-               w.LastName, w.FirstName, w.MiddleName
+        SELECT '', w.HospNum,
+               RTRIM(CONCAT(w.LastName, CASE WHEN w.LastName = '' OR w.FirstName = '' THEN '' ELSE ', ' END,
+                            w.FirstName, ' ', w.MiddleName)),
+               w.RegDate, '', w.LastName, w.FirstName, w.MiddleName
         FROM PATIENT_DATA..tbwalkin AS w
         WHERE @Kind = '3' AND w.LastName >= @Search AND w.LastName <= CONCAT(@Search, REPLICATE('Z', 30))
           AND LEFT(w.LastName, LEN(@Search)) = @Search
 
         UNION ALL
-        SELECT '', w.HospNum, RTRIM(CONCAT(w.LastName, ', ', w.FirstName, ' ', w.MiddleName)), w.RegDate, '',
-               w.LastName, w.FirstName, w.MiddleName
+        SELECT '', w.HospNum,
+               RTRIM(CONCAT(w.LastName, CASE WHEN w.LastName = '' OR w.FirstName = '' THEN '' ELSE ', ' END,
+                            w.FirstName, ' ', w.MiddleName)),
+               w.RegDate, '', w.LastName, w.FirstName, w.MiddleName
         FROM PATIENT_DATA..tbwalkin AS w
         WHERE @Kind = '3' AND @Search <> '' AND w.HospNum = @Search
     ) AS x

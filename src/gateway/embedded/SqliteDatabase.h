@@ -1,7 +1,7 @@
 #pragma once
 
 #include "gateway/embedded/Convert.h"
-#include "gateway/RunTimeError.h"
+#include "text/RunTimeError.h"
 
 #include <QString>
 #include <QStringList>

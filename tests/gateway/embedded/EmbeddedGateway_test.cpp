@@ -2,10 +2,10 @@
 #include "gateway/embedded/EmbeddedGateway.h"
 #include "gateway/embedded/HospitalEngine.h"
 #include "gateway/GatewayTexts.h"
-#include "gateway/RunTimeError.h"
 #include "gateway/SmallHospital.h"
 #include "support/PrintQt.h"
 #include "text/Clock.h"
+#include "text/RunTimeError.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,8 +1,8 @@
 #include "gateway/embedded/FunctionTranslator.h"
 #include "gateway/embedded/SharedHospital.h"
-#include "gateway/RunTimeError.h"
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
+#include "text/RunTimeError.h"
 
 using namespace Qt::StringLiterals;
 

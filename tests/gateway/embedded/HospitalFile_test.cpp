@@ -2,9 +2,9 @@
 #include "gateway/embedded/HospitalEngine.h"
 #include "gateway/embedded/HospitalFile.h"
 #include "gateway/GatewayTexts.h"
-#include "gateway/RunTimeError.h"
 #include "gateway/SmallHospital.h"
 #include "support/PrintQt.h"
+#include "text/RunTimeError.h"
 
 #include <QDir>
 #include <QFile>

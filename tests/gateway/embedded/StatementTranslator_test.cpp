@@ -1,10 +1,10 @@
 #include "gateway/embedded/StatementTranslator.h"
 #include "gateway/GatewayTexts.h"
-#include "gateway/RunTimeError.h"
 #include "gateway/SmallHospital.h"
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
 #include "text/Clock.h"
+#include "text/RunTimeError.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,87 @@
+#include "charges/ExpandPackage.h"
+
+#include "charges/ChargeColumns.h"
+#include "charges/commands.h"
+#include "gateway/CommandGateway.h"
+#include "patients/frmSearchPatient.h"
+#include "shell/shared.h"
+#include "text/Clock.h"
+#include "text/Format.h"
+#include "toolkit/Screens.h"
+
+#include <QRadioButton>
+
+#include <functional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// One item of a package, with who is at work and for which type of patient.
+struct PackageItem {
+    QString revenueID;
+    QString itemID;
+    double quantity;
+    double amount;
+    QString userCode;
+    QString patientType;
+};
+
+/// Kept: once the finder is closed the question makes a fresh one out of sight, which fills itself by its
+/// waiting screen and has no option on. The answer is "O" then, for in-patients too.
+QString FinderPatientType() {
+    return Screens::Get<frmSearchPatient>().optPatientType[0]->isChecked() ? u"I"_s : u"O"_s;
+}
+
+PackageItem ReadItem(const RowSet& rows) {
+    return {.revenueID = rows.Fields(u"RevenueID").TextOrEmpty(),
+            .itemID = rows.Fields(u"ItemID").TextOrEmpty(),
+            .quantity = rows.Fields(u"Quantity").ToDouble(),
+            .amount = rows.Fields(u"Amount").ToDouble(),
+            .userCode = gCurrentUser->EmployeeCode(),
+            .patientType = FinderPatientType()};
+}
+
+void ForEachItem(const QString& packageCode, const std::function<void(const PackageItem&)>& step) {
+    RowSet rows = gCurrentUser->SQLConnection()->Open(PackageCommand(packageCode.trimmed()),
+                                                      CursorType::Dynamic, LockType::ReadOnly);
+    for (; !rows.Eof(); rows.MoveNext())
+        step(ReadItem(rows));
+    rows.Close();
+}
+
+StockCardEntry EntryOf(const PackageItem& item, const QString& referenceNumber,
+                       const PackagePatient& patient) {
+    // Kept: what is compared with "HD" is the item and not its centre, so the entry is "PH" in practice.
+    const QString source = item.itemID == Department::kSupplies ? u"CS"_s : u"PH"_s;
+    return {.hospitalNumber = patient.hospitalNumber,
+            .idNumber = patient.admissionNumber,
+            .itemID = item.itemID,
+            .moment = Format(Now(), u"mm/dd/yyyy hh:mm:ss AM/PM"),
+            .referenceNumber = referenceNumber,
+            .quantity = item.quantity,
+            .amount = item.amount,
+            .userCode = item.userCode,
+            .position10 = u"PRN"_s,
+            .room = patient.room,
+            .position16 = source,
+            .position17 = source,
+            .patientType = item.patientType};
+}
+
+} // namespace
+
+void ReadPackage(const QString& packageCode) {
+    ForEachItem(packageCode, [](const PackageItem&) {});
+}
+
+void IssuePackage(QString& referenceNumber, const QString& packageCode, const PackagePatient& patient) {
+    ForEachItem(packageCode, [&](const PackageItem& item) {
+        StockCardEntry entry = EntryOf(item, referenceNumber, patient);
+        gStockItem->Drug().AppendStockCard(entry);
+        referenceNumber = entry.referenceNumber;
+        // Kept: the code goes into the link as it was passed, untrimmed.
+        gCurrentUser->SQLConnection()->ExecuteNoResult(
+            LinkStockCardCommand(packageCode, entry.itemID, referenceNumber));
+    });
+}

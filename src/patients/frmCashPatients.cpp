@@ -1,0 +1,265 @@
+#include "patients/frmCashPatients.h"
+
+#include "gateway/CommandGateway.h"
+#include "patients/commands.h"
+#include "patients/frmWalkIn.h"
+#include "shell/shared.h"
+#include "text/Format.h"
+#include "text/UCase.h"
+#include "toolkit/FlexGrid.h"
+#include "toolkit/Keys.h"
+#include "toolkit/Look.h"
+#include "toolkit/MousePointer.h"
+#include "toolkit/Screens.h"
+#include "toolkit/Twips.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The entries of cmbPatientType.
+constexpr int kWalkIn = 0;
+constexpr int kOutPatient = 1;
+constexpr int kInPatient = 2;
+/// Their keys, and the letters by which the caller tells them.
+constexpr auto kTypeKeys = "WOI"_L1;
+constexpr auto kTypeLetters = "COI"_L1;
+
+constexpr int kNumber = 1;
+/// A column of the list: its heading, its width in twips and the field that it shows.
+struct ListColumn {
+    QStringView heading;
+    int width;
+    QStringView field;
+};
+constexpr std::array<ListColumn, 5> kColumns = {{{u"", 200, u""},
+                                                 {u"Adm #", 1000, u"HospNum"},
+                                                 {u"Last Name", 2500, u"LastName"},
+                                                 {u"First Name", 2500, u"FirstName"},
+                                                 {u"Middle Name", 2500, u"MiddleName"}}};
+constexpr int kGridWidth = 8950;
+constexpr int kGridHeight = 3600;
+
+QComboBox* NewCombo(const QString& name, const QStringList& entries, QWidget* parent) {
+    auto* combo = new QComboBox(parent);
+    combo->setObjectName(name);
+    combo->addItems(entries);
+    return combo;
+}
+
+} // namespace
+
+frmCashPatients::frmCashPatients() {
+    Layout();
+    Wire();
+}
+
+void frmCashPatients::ResetMembers() {
+    ResultCode = QString();
+    Valid = false;
+    PatientType = QString();
+    mPatientRecord.clear();
+    outPatientSearch = {};
+    admissionSearch = {};
+}
+
+void frmCashPatients::Layout() {
+    setObjectName(u"frmCashPatients"_s);
+    setWindowTitle(u"Cash Patients"_s);
+    QLabel* heading = NewHeading(u"Cash Patients    "_s, this);
+    heading->setObjectName(u"lblLabel(0)"_s);
+    lblPatient = new QLabel(u"Search record of "_s, this);
+    lblPatient->setObjectName(u"lblPatient"_s);
+    cmbPatientType = NewCombo(u"cmbPatientType"_s, {u"WALK-IN"_s, u"OUTPATIENT"_s, u"INPATIENT"_s}, this);
+    cmbSearch = NewCombo(u"cmbSearch"_s, {u"Last Name"_s, u"Cash Patient #"_s}, this);
+    cmbSearch->setAccessibleName(u"Search by"_s);
+    txtSearch = NewTextBox(u"txtSearch"_s, this);
+    txtSearch->setAccessibleName(u"Search text"_s);
+    grdTable = new FlexGrid(this);
+    grdTable->setObjectName(u"grdTable"_s);
+    grdTable->setAccessibleName(u"Patients found"_s);
+    grdTable->SetRowSelect(true);
+    grdTable->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    cmdSelect = new QPushButton(u"&Select"_s, this);
+    cmdSelect->setObjectName(u"cmdSelect"_s);
+    cmdAdd = new QPushButton(u"&Add Patient"_s, this);
+    cmdAdd->setObjectName(u"cmdAdd"_s);
+    cmdClose = new QPushButton(u"&Close"_s, this);
+    cmdClose->setObjectName(u"cmdClose"_s);
+
+    auto* search = new QGridLayout;
+    AddLabelled(*search, 0, 0, u"Patient Type"_s, cmbPatientType);
+    AddLabelled(*search, 0, 2, u"Search by"_s, cmbSearch);
+    search->addWidget(txtSearch, 0, 4);
+    search->setColumnStretch(4, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    for (QPushButton* button : {cmdSelect, cmdAdd, cmdClose})
+        buttons->addWidget(button);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(heading);
+    layout->addWidget(lblPatient);
+    layout->addLayout(search);
+    layout->addWidget(grdTable, 1);
+    layout->addLayout(buttons);
+    const QList<QWidget*> order = {cmbPatientType, cmbSearch, txtSearch, grdTable,
+                                   cmdSelect,      cmdAdd,    cmdClose};
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+void frmCashPatients::Wire() {
+    connect(cmbPatientType, &QComboBox::currentIndexChanged, this, &frmCashPatients::cmbPatientType_Click);
+    connect(grdTable, &FlexGrid::DblClick, this, &frmCashPatients::grdTable_DblClick);
+    connect(cmdSelect, &QPushButton::clicked, this, &frmCashPatients::cmdSelect_Click);
+    connect(cmdAdd, &QPushButton::clicked, this, &frmCashPatients::cmdAdd_Click);
+    connect(cmdClose, &QPushButton::clicked, this, &frmCashPatients::cmdClose_Click);
+    OnKeyPress(cmbPatientType, [this](int& key) { cmbPatientType_KeyPress(key); });
+    OnKeyDown(txtSearch, [this](int keyCode) { return txtSearch_KeyDown(keyCode); });
+    OnKeyPress(txtSearch, [this](int& key) { txtSearch_KeyPress(key); });
+    OnKeyPress(grdTable, [this](int& key) { grdTable_KeyPress(key); });
+}
+
+void frmCashPatients::Form_Load() {
+    cmbPatientType->setCurrentIndex(kWalkIn);
+    cmbSearch->setCurrentIndex(0);
+    ResultCode = QString();
+    Valid = false;
+    lblPatient->setText(mPatientRecord);
+    ResetGrid();
+}
+
+void frmCashPatients::Form_Activate() {
+    cmbPatientType->setFocus();
+}
+
+void frmCashPatients::cmbPatientType_Click() {
+    cmdAdd->setEnabled(cmbPatientType->currentIndex() == kWalkIn);
+}
+
+void frmCashPatients::cmbPatientType_KeyPress(int& keyAscii) {
+    const QChar key = UCase(QChar(keyAscii));
+    const bool isEnter = keyAscii == Key::kEnter;
+    // No other key reaches the box, which would look for an entry by itself.
+    keyAscii = 0;
+    const qsizetype type = kTypeKeys.indexOf(key);
+    if (type >= 0)
+        cmbPatientType->setCurrentIndex(static_cast<int>(type));
+    if (type >= 0 || isEnter)
+        txtSearch->setFocus();
+}
+
+bool frmCashPatients::txtSearch_KeyDown(int keyCode) {
+    if (keyCode != Key::kDown)
+        return false;
+    grdTable->Cells().SetRow(1);
+    grdTable->setFocus();
+    return true;
+}
+
+void frmCashPatients::txtSearch_KeyPress(int& keyAscii) {
+    keyAscii = UCase(QChar(keyAscii)).unicode();
+    if (keyAscii != Key::kEnter)
+        return;
+    switch (cmbPatientType->currentIndex()) {
+    case kOutPatient:
+        FindOutPatient();
+        break;
+    case kInPatient:
+        FindInPatient();
+        break;
+    default:
+        SearchWalkIns();
+    }
+}
+
+void frmCashPatients::FindOutPatient() {
+    if (!outPatientSearch->ValidatePatient(txtSearch->text()))
+        return;
+    ResultCode = outPatientSearch->IDNumber();
+    cmdSelect_Click();
+}
+
+void frmCashPatients::FindInPatient() {
+    if (!admissionSearch->ValidateAdmission(txtSearch->text(), QString()))
+        return;
+    ResultCode = admissionSearch->Admission().IDNumber;
+    cmdSelect_Click();
+}
+
+void frmCashPatients::ResetGrid() {
+    FlexCells& cells = grdTable->Cells();
+    cells.Clear();
+    cells.SetRows(2);
+    cells.SetCols(static_cast<int>(kColumns.size()));
+    for (int col = 0; col < cells.Cols(); ++col) {
+        const ListColumn& column = kColumns[static_cast<size_t>(col)];
+        grdTable->SetColWidth(col, column.width);
+        cells.SetTextMatrix(0, col, column.heading.toString());
+    }
+    cmdSelect->setEnabled(false);
+}
+
+void frmCashPatients::SearchWalkIns() {
+    SetMousePointer(MousePointer::Wait);
+    RowSet found = gConnection->Execute(
+        WalkInCommand(Format(cmbSearch->currentIndex(), u"0"), txtSearch->text().trimmed()));
+    ResetGrid();
+    if (!found.Eof()) {
+        grdTable->SetRedraw(false);
+        FillGrid(found);
+        grdTable->SetRedraw(true);
+        cmdSelect->setEnabled(true);
+    }
+    found.Close();
+    SetMousePointer(MousePointer::Default);
+}
+
+void frmCashPatients::FillGrid(const RowSet& found) {
+    const std::shared_ptr<const RowData> rows = found.Data();
+    FlexCells& cells = grdTable->Cells();
+    cells.SetRows(static_cast<int>(rows->RowCount()) + 1);
+    for (int col = kNumber; col < cells.Cols(); ++col) {
+        const size_t field = found.ColumnNumber(kColumns[static_cast<size_t>(col)].field);
+        for (size_t row = 0; row < rows->RowCount(); ++row)
+            cells.SetTextMatrix(static_cast<int>(row) + 1, col, rows->Cell(row, field).ToText());
+    }
+}
+
+void frmCashPatients::grdTable_DblClick() {
+    if (cmdSelect->isEnabled())
+        cmdSelect_Click();
+}
+
+void frmCashPatients::grdTable_KeyPress(int& keyAscii) {
+    if (keyAscii == Key::kEnter)
+        grdTable_DblClick();
+}
+
+void frmCashPatients::cmdSelect_Click() {
+    const int type = cmbPatientType->currentIndex();
+    PatientType = QString(kTypeLetters[type]);
+    Valid = true;
+    if (type == kWalkIn)
+        ResultCode = grdTable->Cells().TextMatrix(grdTable->Cells().Row(), kNumber);
+    Unload();
+}
+
+void frmCashPatients::cmdClose_Click() {
+    Valid = false;
+    Unload();
+}
+
+void frmCashPatients::cmdAdd_Click() {
+    Screens::Get<frmWalkIn>().ShowModal();
+}

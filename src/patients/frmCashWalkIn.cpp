@@ -1,0 +1,216 @@
+#include "patients/frmCashWalkIn.h"
+
+#include "gateway/CommandGateway.h"
+#include "patients/CashTarget.h"
+#include "patients/commands.h"
+#include "patients/frmCashWalkInPatient.h"
+#include "patients/PatientContext.h"
+#include "shell/shared.h"
+#include "text/IsNumeric.h"
+#include "toolkit/FlexGrid.h"
+#include "toolkit/Keys.h"
+#include "toolkit/Look.h"
+#include "toolkit/Screens.h"
+#include "toolkit/Twips.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+namespace Column {
+constexpr int kIdNumber = 1;
+constexpr int kHospitalNumber = 2;
+constexpr int kName = 3;
+constexpr int kAdmission = 5;
+} // namespace Column
+
+constexpr int kColumns = 6;
+constexpr std::array kColumnWidths = {1, 1200, 1000, 3000, 1000, 1};
+constexpr int kGridWidth = 6450;
+constexpr int kGridHeight = 3600;
+
+/// A patient type of the assessment, and how its patients are listed.
+struct CashKind {
+    QString letter;
+    QString argument;
+    CursorType cursor;
+    LockType lock;
+};
+
+/// In the order of the assessment's options.
+const std::array<CashKind, 3>& CashKinds() {
+    static const std::array<CashKind, 3> kinds = {{
+        {u"I"_s, u"1"_s, CursorType::ForwardOnly, LockType::Optimistic},
+        {u"O"_s, u"2"_s, CursorType::ForwardOnly, LockType::Optimistic},
+        {u"W"_s, u"3"_s, CursorType::Unspecified, LockType::Unspecified},
+    }};
+    return kinds;
+}
+
+/// The option that is on decides the type of the patient; none on leaves the one before.
+void TakePatientType(const CashTarget& assessment) {
+    const auto& kinds = CashKinds();
+    for (size_t i = 0; i < kinds.size(); ++i) {
+        if (assessment.PatientTypeOn(static_cast<int>(i))) {
+            gPatientType = kinds[i].letter;
+            return;
+        }
+    }
+}
+
+/// Nothing is sent for a letter of no type; whoever reads the rows then meets a closed row set.
+void OpenHits() {
+    for (const CashKind& kind : CashKinds()) {
+        if (kind.letter == gPatientType)
+            gCashRecordset = gCurrentUser->SQLConnection()->Open(
+                GetCashPatientCommand(gCashSearchCopy.trimmed(), kind.argument), kind.cursor, kind.lock);
+    }
+}
+
+/// What the pick shows of the patient decides the class: a visit's number ends in "B", a walk-in has none,
+/// and a hospital number with a letter in it is no in-patient's.
+bool IsOutsideTheRooms(const QString& idNumber) {
+    return idNumber.isEmpty() || idNumber.trimmed().endsWith(u'B') || !IsNumeric(gHospitalNumber);
+}
+
+void TakeRoomClass(const QString& idNumber, const FlexCells& cells) {
+    if (IsOutsideTheRooms(idNumber)) {
+        gRoomClass = u"A"_s;
+        return;
+    }
+    // A copy: the patient master rewrites the number that it is given.
+    QString admission = cells.TextMatrix(cells.Row(), Column::kAdmission);
+    // Kept: an admission that is not found leaves the class of the patient before.
+    if (gPersonFinder->ValidateAdmission(admission))
+        gRoomClass = gPersonFinder->Admission().Room->roomclassid.ToText();
+}
+
+} // namespace
+
+frmCashWalkIn::frmCashWalkIn() {
+    Layout();
+    Wire();
+}
+
+void frmCashWalkIn::Layout() {
+    setObjectName(u"frmCashWalkIn"_s);
+    setWindowTitle(u"Patient List"_s);
+    QLabel* heading = NewHeading(u"Patient List"_s, this);
+    heading->setObjectName(u"Label2"_s);
+    txtCash = NewTextBox(u"txtCash"_s, this);
+    txtCash->setAccessibleName(u"Name or number to search for"_s);
+    cmdSearch = new QPushButton(ProgramIcon(u"patient"_s), QString(), this);
+    cmdSearch->setObjectName(u"cmdSearch"_s);
+    cmdSearch->setAccessibleName(u"Search"_s);
+    cmdSearch->setToolTip(u"Search"_s);
+    MSHFlexCash = new FlexGrid(this);
+    MSHFlexCash->setObjectName(u"MSHFlexCash"_s);
+    MSHFlexCash->setAccessibleName(u"Patient List"_s);
+    MSHFlexCash->SetRowSelect(true);
+    MSHFlexCash->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    cmdRegister = new QPushButton(u"&Register"_s, this);
+    cmdRegister->setObjectName(u"cmdRegister"_s);
+    Command1 = new QPushButton(u"&Close"_s, this);
+    Command1->setObjectName(u"Command1"_s);
+
+    auto* search = new QHBoxLayout;
+    search->addWidget(txtCash, 1);
+    search->addWidget(cmdSearch);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cmdRegister);
+    buttons->addWidget(Command1);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(heading);
+    layout->addLayout(search);
+    layout->addWidget(MSHFlexCash, 1);
+    layout->addLayout(buttons);
+    // The order of work: a name, then the row.
+    const QList<QWidget*> order = {txtCash, MSHFlexCash, cmdSearch, cmdRegister, Command1};
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+    txtCash->setFocus();
+}
+
+void frmCashWalkIn::Wire() {
+    connect(cmdSearch, &QPushButton::clicked, this, &frmCashWalkIn::cmdSearch_Click);
+    connect(MSHFlexCash, &FlexGrid::DblClick, this, &frmCashWalkIn::MSHFlexCash_DblClick);
+    connect(cmdRegister, &QPushButton::clicked, this, &frmCashWalkIn::cmdRegister_Click);
+    connect(Command1, &QPushButton::clicked, this, &Form::Unload);
+    OnKeyPress(txtCash, [this](int& key) { txtCash_KeyPress(key); });
+    OnKeyPress(MSHFlexCash, [this](int& key) { MSHFlexCash_KeyPress(key); });
+}
+
+void frmCashWalkIn::Form_Load() {
+    MSHFlexCash->setFocusPolicy(Qt::TabFocus);
+    FlexCells& cells = MSHFlexCash->Cells();
+    cells.Clear();
+    cells.SetRows(2);
+    cells.SetCols(kColumns);
+    cells.SetFormatString(u" |<HOSP. #|<PATIENT NAME                  |<ADM. DATE |"_s);
+    for (int col = 0; col < kColumns; ++col)
+        MSHFlexCash->SetColWidth(col, kColumnWidths[size_t(col)]);
+    cmdSearch_Click();
+}
+
+void frmCashWalkIn::txtCash_KeyPress(int& keyAscii) {
+    gCashRecordset = RowSet();
+    // Kept: the text as it stood before this key. A click on the search button after typing goes by all but
+    // the last key; Enter adds nothing, so it goes by the whole text.
+    gCashSearchText = txtCash->text();
+    if (keyAscii == Key::kEnter)
+        cmdSearch_Click();
+}
+
+void frmCashWalkIn::cmdSearch_Click() {
+    gCashSearchCopy = gCashSearchText;
+    TakePatientType(WaitingCashTarget());
+    OpenHits();
+    FlexCells& cells = MSHFlexCash->Cells();
+    const std::shared_ptr<const RowData> hits = gCashRecordset.Data();
+    // The headings of the empty grid stand one column further left than the hits. Cutting the columns off
+    // makes room for the hits' own.
+    cells.SetCols(1);
+    cells.Bind(hits);
+    if (cells.Rows() == 1) {
+        cells.SetRows(2);
+        cells.SetCell(1, 1);
+        // Kept: a later search that finds somebody does not bring the grid back among the tab stops.
+        MSHFlexCash->setFocusPolicy(Qt::NoFocus);
+    }
+    gCashRecordset.Close();
+    cmdRegister->setEnabled(gPatientType == u"W"_s);
+}
+
+void frmCashWalkIn::MSHFlexCash_DblClick() {
+    const FlexCells& cells = MSHFlexCash->Cells();
+    const int row = cells.Row();
+    gHospitalNumber = cells.TextMatrix(row, Column::kHospitalNumber);
+    const QString idNumber = cells.TextMatrix(row, Column::kIdNumber);
+    gIDNumber = idNumber;
+    CashTarget& assessment = WaitingCashTarget();
+    assessment.EnableExams();
+    assessment.SetBox(u"txtSname"_s, cells.TextMatrix(row, Column::kName));
+    assessment.SetBox(u"txtHospNum"_s, gHospitalNumber);
+    assessment.SetBox(u"txtIdnum"_s, idNumber);
+    TakeRoomClass(idNumber, cells);
+    Unload();
+}
+
+void frmCashWalkIn::MSHFlexCash_KeyPress(int&) {
+    // Kept: any key picks, whichever it is.
+    MSHFlexCash_DblClick();
+}
+
+void frmCashWalkIn::cmdRegister_Click() {
+    Unload();
+    Screens::Get<frmCashWalkInPatient>().ShowModal();
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+class Driver;
+
+// The work of the cash desk.
+
+/// Registers a walk-in from the assessment's list, keys five lines, a package and a doctor's fee among them,
+/// and prints the slip.
+void NewWalkInAssessment(Driver& clerk);
+/// Finds that walk-in's assessment, prints it again and revokes it.
+void AssessmentStatusAndRevoke(Driver& clerk);
+/// Saves an assessment of a name with an apostrophe.
+void AssessmentOfAnApostrophe(Driver& clerk);
