@@ -5,8 +5,9 @@
 #include "toolkit/Application.h"
 #include "toolkit/FileDialogs.h"
 #include "toolkit/ProgramFiles.h"
+#include "tour/Album.h"
+#include "tour/CashDesk.h"
 #include "tour/Driver.h"
-#include "tour/Screenshot.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,7 +19,8 @@
 
 using namespace Qt::StringLiterals;
 
-// The tour: one charge from the sign-on to the slip, keyed as a clerk would, with a picture of each screen.
+// The tour: one charge from the sign-on to the slip, and one assessment of a walk-in, keyed as a clerk would,
+// with a picture of each screen.
 
 namespace {
 
@@ -26,27 +28,8 @@ namespace {
 constexpr QSize kScreenSize(1280, 740);
 
 QString tourFolder;
-
-/// Takes numbered pictures into the tour's folder.
-class Album {
-  public:
-    explicit Album(Driver& driver)
-        : mDriver(driver) {}
-
-    void Take(const QString& name) {
-        mDriver.OnScreen([&] {
-            const QString file =
-                u"%1/%2-%3.png"_s.arg(tourFolder).arg(++mCount, 2, 10, QChar(u'0')).arg(name);
-            if (!TakeScreenshot().save(file))
-                throw DriverError(u"cannot write "_s + file);
-            std::printf("  %s\n", qPrintable(file));
-        });
-    }
-
-  private:
-    Driver& mDriver;
-    int mCount = 0;
-};
+/// The name of the next slip that is saved.
+QString slipName;
 
 void SignOn(Driver& clerk, Album& album) {
     clerk.ExpectScreen(u"SignOnDialog"_s);
@@ -120,22 +103,26 @@ void SaveAndPrint(Driver& clerk, Album& album) {
     clerk.Press(Qt::Key_Return);
     clerk.ExpectScreen(u"frmReportviewer"_s);
     album.Take(u"charge-slip"_s);
+    slipName = u"charge-slip"_s;
     clerk.Press(Qt::Key_S, Qt::ControlModifier);
     clerk.Press(Qt::Key_Escape);
     clerk.ExpectNoScreen(u"frmPostCharges"_s);
 }
 
 void Tour(Driver& clerk) {
-    Album album(clerk);
+    Album album(clerk, tourFolder);
     SignOn(clerk, album);
     FindPatient(clerk, album);
     KeyCharges(clerk, album);
     SaveAndPrint(clerk, album);
+    slipName = u"assessment-slip"_s;
+    VisitCashDesk(clerk, album);
 }
 
 int ExitCode(const QString& failure) {
     if (failure.isEmpty()) {
-        std::printf("The pictures and the slip (charge-slip.pdf) are in %s\n", qPrintable(tourFolder));
+        std::printf("The pictures and the slips (charge-slip.pdf, assessment-slip.pdf) are in %s\n",
+                    qPrintable(tourFolder));
         return 0;
     }
     std::fprintf(stderr, "The tour ended early: %s\n", qPrintable(failure));
@@ -156,10 +143,10 @@ int main(int argc, char** argv) {
     }
     // The tour works on a hospital of its own; what was keyed in the user's trial hospital stays untouched.
     const QTemporaryDir hospitalFolder;
-    SetSaveFileAnswer([](const QString&) { return tourFolder + u"/charge-slip.pdf"_s; });
+    SetSaveFileAnswer([](const QString&) { return u"%1/%2.pdf"_s.arg(tourFolder, slipName); });
     RegisterSuite(hospitalFolder.path());
     RegisterScreens();
-    std::printf("The tour of one charge:\n");
+    std::printf("The tour of one charge and one assessment:\n");
     Driver clerk;
     QTimer::singleShot(0, &application, [] {
         if (!Main())

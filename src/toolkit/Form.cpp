@@ -22,6 +22,15 @@ constexpr Qt::WindowFlags kInsideFlags = Qt::SubWindow | Qt::WindowTitleHint | Q
                                          Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
 constexpr Qt::WindowFlags kModalFlags = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
 
+/// The window over which a screen opens. Where the one before it has just closed, none is active yet.
+const QWidget* WindowBelow() {
+    if (const QWidget* active = QApplication::activeWindow())
+        return active;
+    if (const QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    return Workspace::Current() ? Workspace::Current()->Area()->window() : nullptr;
+}
+
 void CenterOver(QWidget& form, const QWidget* owner) {
     if (!owner)
         return;
@@ -59,7 +68,7 @@ void Form::Show() {
         PutInside(*workspace->Area());
     if (mStandAlone && !isVisible()) {
         adjustSize();
-        CenterOver(*this, QApplication::activeWindow());
+        CenterOver(*this, WindowBelow());
     }
     show();
     if (mSubWindow) {
@@ -89,7 +98,7 @@ void Form::ShowModal() {
     const QPointer<Form> before = activeForm;
     {
         const FocusKeeper keeper;
-        const QWidget* owner = QApplication::activeWindow();
+        const QWidget* owner = WindowBelow();
         setWindowFlags(kModalFlags);
         setWindowModality(Qt::ApplicationModal);
         adjustSize();

@@ -1,3 +1,4 @@
+#include "support/WhileModal.h"
 #include "toolkit/Focus.h"
 #include "toolkit/Form.h"
 #include "toolkit/FormTest.h"
@@ -173,6 +174,22 @@ TEST_F(FormLife, EscapeClosesNothing) {
 }
 
 // Modal screens.
+
+TEST_F(FormLife, AModalScreenAfterAnotherOpensInTheMiddleToo) {
+    workspace.move(300, 200);
+    RunEvents();
+    const auto open = [](Form& screen) {
+        QPoint middle;
+        WhileModal([&middle](Form& shown) { middle = shown.frameGeometry().center(); });
+        screen.ShowModal();
+        return middle;
+    };
+    // Straight after one another: nothing has been activated in between.
+    const QPoint first = open(Screens::Get<FormA>());
+    const QPoint second = open(Screens::Get<FormB>());
+    EXPECT_LT((first - workspace.frameGeometry().center()).manhattanLength(), 12);
+    EXPECT_LT((second - workspace.frameGeometry().center()).manhattanLength(), 12);
+}
 
 TEST_F(FormLife, ShowModalReturnsWhenTheScreenIsUnloaded) {
     FormA& screen = Screens::Get<FormA>();

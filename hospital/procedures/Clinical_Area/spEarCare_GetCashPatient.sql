@@ -12,7 +12,7 @@ AS
 BEGIN
     SET NOCOUNT ON;
 
-    SELECT x.[ADM. #], x.[HOSP. #], x.[PATIENT NAME], x.[ADM. DATE], x.AdmissionNum
+    SELECT x.[ADM. #], x.[HOSP. #], x.[PATIENT NAME], CAST(x.[ADM. DATE] AS date) AS [ADM. DATE], x.AdmissionNum
     FROM (
         SELECT p.IdNum AS [ADM. #], m.HospNum AS [HOSP. #],
                RTRIM(CONCAT(m.LastName, ', ', m.FirstName, ' ', m.MiddleName)) AS [PATIENT NAME],
