@@ -22,6 +22,7 @@ function(tarven_tests name)
   target_link_libraries(${name} PRIVATE ${T_LINK} GTest::gmock tarven_warnings tarven_sanitizers)
   target_compile_definitions(${name} PRIVATE TARVEN_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
                                              TARVEN_BUILD_DIR="${PROJECT_BINARY_DIR}")
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
+  # Values that print as bytes would make names that change from build to build.
+  gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
     PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8" ${T_PROPERTIES})
 endfunction()
