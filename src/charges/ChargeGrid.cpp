@@ -278,10 +278,17 @@ void ChargeGrid::ComputeTotal() {
     mTotal->setText(mLines.ComputeTotal());
 }
 
-/// Kept: the test looks at the last line's department and at the first line's particular alone.
 bool ChargeGrid::HasLines() const {
-    const int last = Cells().Rows() - 1;
-    if (!Text(last, Column::kDepartment).isEmpty() || !Text(1, Column::kParticular).isEmpty())
+    // Kept: every line is read and only the last one's department is asked for, then the first one's
+    // particular. A grid with too few columns fails here, before a number is spent.
+    QString lastDepartment;
+    for (int row = 1; row < Cells().Rows(); ++row) {
+        for (const int col :
+             {Column::kCode, Column::kParticular, mLines.Differences().quantityCol, Column::kAmount})
+            Text(row, col);
+        lastDepartment = Text(row, Column::kDepartment);
+    }
+    if (!lastDepartment.isEmpty() || !Text(1, Column::kParticular).isEmpty())
         return true;
     MsgBox({.text = u"Please Enter type of Exam."_s, .icon = MsgIcon::Exclamation, .title = u"Assessment"_s});
     return false;

@@ -35,7 +35,8 @@ class ChargeGrid : public QObject, private LineEditor {
     void ComputeTotal();
     /// Whether the code stands on another line of the current line's department.
     bool Check_Code(const QString& strCode) const { return mLines.Check_Code(strCode); }
-    /// Whether there is anything to save; tells the clerk when there is not.
+    /// Whether the last line has a department or the first one a particular; tells the clerk when neither
+    /// has. Raises 30010 and its like for a grid that lacks lines or columns.
     bool HasLines() const;
     /// Off: changes of the grid do not show until it is on again.
     void SetRedraw(bool on) override;

@@ -10,6 +10,7 @@
 #include "reporting/Reports.h"
 #include "shell/shared.h"
 #include "text/Format.h"
+#include "text/RunTimeError.h"
 #include "text/UCase.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
@@ -77,7 +78,10 @@ void frmAssessment::EnableExams() {
 }
 
 void frmAssessment::SetBox(const QString& name, const QString& text) {
-    findChild<QLineEdit*>(name)->setText(text);
+    auto* box = findChild<QLineEdit*>(name);
+    if (!box)
+        throw RunTime::Error(RunTime::kObjectNotSet);
+    box->setText(text);
 }
 
 void frmAssessment::optType_Click(size_t index) {

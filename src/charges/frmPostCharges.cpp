@@ -12,6 +12,7 @@
 #include "text/Clock.h"
 #include "text/Format.h"
 #include "text/IsNumeric.h"
+#include "text/RunTimeError.h"
 #include "text/UCase.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
@@ -53,6 +54,8 @@ void frmPostCharges::Form_Load() {
 }
 
 void frmPostCharges::Form_Activate() {
+    // Kept: each time the clerk comes back the grid has eight lines again, and what was keyed below them is
+    // gone.
     mGrid->SetupGrid();
 }
 
@@ -69,7 +72,10 @@ QString frmPostCharges::FinderText() const {
 }
 
 void frmPostCharges::SetBox(const QString& name, const QString& text) {
-    findChild<QLineEdit*>(name)->setText(text);
+    auto* box = findChild<QLineEdit*>(name);
+    if (!box)
+        throw RunTime::Error(RunTime::kObjectNotSet);
+    box->setText(text);
 }
 
 void frmPostCharges::Picked() {
@@ -106,8 +112,8 @@ void frmPostCharges::ExpandPackage(QString& referenceNumber, const QString& pack
         {.hospitalNumber = txtPno->text(), .admissionNumber = txtId->text(), .room = txtRoom->text()});
 }
 
-/// Reads and bumps the counter and empties the print table. Without a counter row the number stays empty and
-/// the print table keeps what it has.
+/// Reads and bumps the counter and empties the print table. Kept: without a counter row the save goes on
+/// under an empty number, and the print table keeps what it has.
 QString frmPostCharges::TakeSlipNumber() {
     QString slipNumber;
     RowSet counter = gCurrentUser->SQLConnection()->Open(ChargeSlipCounterCommand(), CursorType::Dynamic,
@@ -126,8 +132,10 @@ QString frmPostCharges::TakeSlipNumber() {
 
 void frmPostCharges::SaveLine(int row) {
     const QString department = mGrid->Text(row, Column::kDepartment);
+    // Kept: a package is passed over without a word.
     if (department.isEmpty() || department == Department::kPackage)
         return;
+    // Kept: each line that is sent decides the patient's type anew.
     gPatientType = IsNumeric(txtId->text()) ? u"I"_s : u"O"_s;
     const QString code = mGrid->Text(row, Column::kCode);
     const QString particular = mGrid->Text(row, Column::kParticular);

@@ -128,6 +128,7 @@ QGroupBox* frmPostCharges::LayoutCharges() {
 }
 
 QGroupBox* frmPostCharges::LayoutDepartments() {
+    // Kept: the misspelled heading.
     QGroupBox* frame5 = NewFrame(u"Frame5"_s, u"Deparment Code"_s, this);
     auto* layout = new QVBoxLayout(frame5);
     layout->addWidget(new QLabel(u"MD - Medical Fee"_s, frame5));

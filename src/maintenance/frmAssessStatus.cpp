@@ -12,11 +12,13 @@
 #include "toolkit/ProgramFiles.h"
 #include "toolkit/Twips.h"
 
+#include <QApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QShortcut>
 #include <QTimer>
@@ -263,6 +265,9 @@ void frmAssessStatus::cmdPrint_Click() {
 }
 
 void frmAssessStatus::Timer1_Timer() {
+    // A message box holds the blink.
+    if (qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+        return;
     Picture1->setPixmap(ImageList1[mPhase ? 0 : 1]);
     mPhase = !mPhase;
 }

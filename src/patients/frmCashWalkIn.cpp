@@ -187,6 +187,7 @@ void frmCashWalkIn::cmdSearch_Click() {
         MSHFlexCash->setFocusPolicy(Qt::NoFocus);
     }
     gCashRecordset.Close();
+    gCashRecordset = RowSet();
     cmdRegister->setEnabled(gPatientType == u"W"_s);
 }
 

@@ -52,7 +52,8 @@ bool IsAgeKey(int keyAscii) {
     return keyAscii == 0 || keyAscii == Key::kBackspace || (keyAscii >= 46 && keyAscii <= 57);
 }
 
-/// The trap of the boxes' keys: a lookup that fails goes on as one that found nothing.
+/// The trap of the boxes' keys. Kept: a lookup that raises goes on as one that found nothing, with the
+/// message of an unknown code.
 bool SearchTrapped(QString code, int kind) {
     try {
         return gListing->SearchListing(code, kind);

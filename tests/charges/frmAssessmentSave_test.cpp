@@ -141,6 +141,8 @@ TEST_F(SaveAssessmentTest, EmptyCounterTableFailsAndWritesNothing) {
     EXPECT_EQ(SaveFails(), RunTime::kNoCurrentRecord);
     EXPECT_TRUE(gateway.IsDone());
     EXPECT_EQ(gSlipNumber, u"5016"_s);
+    EXPECT_TRUE(Grid().Redraw());
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
 }
 
 TEST_F(SaveAssessmentTest, CounterTakenByAnotherWorkstationFailsBeforeAnythingIsAssessed) {
@@ -150,6 +152,7 @@ TEST_F(SaveAssessmentTest, CounterTakenByAnotherWorkstationFailsBeforeAnythingIs
     gateway.Expect(kBump, nullptr, 0);
     EXPECT_EQ(SaveFails(), RunTime::kRowChanged);
     EXPECT_TRUE(gateway.IsDone());
+    EXPECT_EQ(gSlipNumber, u"5017"_s);
 }
 
 struct NameCase {
@@ -315,6 +318,8 @@ TEST_F(SaveAssessmentTest, ApostropheFailsInTheMiddleAndAPartialAssessmentStands
     EXPECT_EQ(SaveFails(), 105);
     EXPECT_TRUE(gateway.IsDone());
     EXPECT_EQ(gSlipNumber, u"5017"_s);
+    EXPECT_FALSE(Grid().Redraw());
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
 }
 
 TEST_F(SaveAssessmentTest, SaveButtonPrintsNothingEmptiesTheNameAndUnloadsTheScreen) {

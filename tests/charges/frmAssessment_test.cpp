@@ -233,6 +233,8 @@ TEST_F(frmAssessmentTest, PickerOfDoctorsSearchesByTheNameAndWritesItsOwnForm) {
     EXPECT_FALSE(listing->searchMode);
     EXPECT_EQ(Box("txtDoctor").text(), u"DR. CASTAÑEDA,LUIS PEÑA"_s);
     EXPECT_EQ(Box("txtDoctorID").text(), u"D003"_s);
+    RunEvents();
+    EXPECT_TRUE(Button("cmdDoctor").hasFocus()) << "no Tab is sent";
 }
 
 const Message kCloseQuestion{.text = u"Are you sure to close this program?"_s,

@@ -266,9 +266,11 @@ TEST_F(SaveChargesTest, FirstLineWithoutAParticularIsNoLineForTheTest) {
 TEST_F(SaveChargesTest, ParticularWithoutADepartmentPassesTheTestAndPostsNothing) {
     auto& screen = OpenWithPatient();
     PutLine(1, {u""_s, u""_s, u"EMPTIED"_s});
+    gPatientType = u"O"_s;
     ExpectCounter();
     EXPECT_TRUE(screen.SaveCharges());
     EXPECT_EQ(gSlipNumber, u"H1042C"_s);
+    EXPECT_EQ(gPatientType, u"O"_s) << "no line was sent";
 }
 
 TEST_F(SaveChargesTest, FilledLastLinePassesTheTestThoughTheFirstIsEmpty) {
@@ -284,9 +286,13 @@ TEST_F(SaveChargesTest, CounterTakenByAnotherWorkstationFailsBeforeAnythingIsPos
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
     gateway.Expect(kCounter, Rows({u"ChargeSlip"_s}, {{1042}}));
     gateway.Expect(kBump, nullptr, 0);
+    gSlipNumber = u"H1041C"_s;
     EXPECT_EQ(SaveFails(), RunTime::kRowChanged);
     EXPECT_TRUE(gateway.IsDone());
     EXPECT_FALSE(gSlipTableCleared);
+    EXPECT_EQ(gSlipNumber, u"H1041C"_s);
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
+    EXPECT_TRUE(Grid().Redraw());
 }
 
 TEST_F(SaveChargesTest, ApostropheFailsInTheMiddleAndWhatWasSentBeforeStays) {
@@ -301,6 +307,35 @@ TEST_F(SaveChargesTest, ApostropheFailsInTheMiddleAndWhatWasSentBeforeStays) {
     EXPECT_EQ(SaveFails(), 105);
     EXPECT_TRUE(gateway.IsDone());
     EXPECT_EQ(gSlipNumber, u"H1042C"_s);
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
+    EXPECT_FALSE(Grid().Redraw());
+}
+
+TEST_F(SaveChargesTest, PrintTableThatCannotBeEmptiedFailsBeforeAnythingIsPosted) {
+    OpenWithPatient();
+    PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
+    gSlipNumber = u"H1041C"_s;
+    gateway.Expect(kCounter, Rows({u"ChargeSlip"_s}, {{1042}}));
+    gateway.Expect(kBump, nullptr, 1);
+    gateway.ExpectFailure(kClear, RunTimeError(229, u"The DELETE permission was denied"_s));
+    EXPECT_EQ(SaveFails(), 229);
+    EXPECT_TRUE(gateway.IsDone());
+    EXPECT_FALSE(gSlipTableCleared);
+    EXPECT_EQ(gSlipNumber, u"H1041C"_s);
+}
+
+TEST_F(SaveChargesTest, GridWithTooFewColumnsFailsBeforeANumberIsSpent) {
+    OpenWithPatient();
+    Grid().Cells().SetCols(5);
+    EXPECT_EQ(SaveFails(), 30010);
+    EXPECT_TRUE(gateway.IsDone());
+}
+
+TEST_F(SaveChargesTest, GridWithoutLinesFailsBeforeANumberIsSpent) {
+    OpenWithPatient();
+    Grid().Cells().SetRows(1);
+    EXPECT_EQ(SaveFails(), 30009);
+    EXPECT_TRUE(gateway.IsDone());
 }
 
 TEST_F(SaveChargesTest, PrintShowsTheSlipWithItsTenParametersAndUnloadsTheScreenAfterwards) {
@@ -337,6 +372,7 @@ TEST_F(SaveChargesTest, RefusedSavePrintsNothingAndKeepsTheScreen) {
     Print();
     EXPECT_FALSE(gReport.IsSet());
     EXPECT_TRUE(Screens::IsLoaded<frmPostCharges>());
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
 }
 
 TEST_F(SaveChargesTest, MissingTemplateFailsAfterTheSave) {
@@ -345,7 +381,8 @@ TEST_F(SaveChargesTest, MissingTemplateFailsAfterTheSave) {
     ExpectCounter();
     ExpectLine(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s);
     Print();
-    EXPECT_NE(TakeFailure(), 0);
+    EXPECT_EQ(TakeFailure(), RunTime::kFileNotFound);
+    EXPECT_TRUE(Screens::IsLoaded<frmPostCharges>());
     EXPECT_TRUE(gateway.IsDone());
     EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
 }

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLabel>
+#include <QMessageBox>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -206,6 +207,22 @@ TEST_F(frmAssessStatusTest, EachTickChangesThePictureAndNothingElse) {
         EXPECT_EQ(picture.pixmap(Qt::ReturnByValue).toImage(), imageOf(shown));
     }
     EXPECT_TRUE(gateway.IsDone());
+}
+
+TEST_F(frmAssessStatusTest, AMessageBoxHoldsTheBlink) {
+    const auto& screen = Open({{u"1"_s, u"5001"_s, openStatus}});
+    auto& timer = Find<QTimer>(screen, "Timer1");
+    timer.stop();
+    const auto& picture = Find<QLabel>(screen, "Picture1");
+    const QImage before = picture.pixmap(Qt::ReturnByValue).toImage();
+    QMessageBox box;
+    box.setModal(true);
+    box.show();
+    QMetaObject::invokeMethod(&timer, "timeout");
+    EXPECT_EQ(picture.pixmap(Qt::ReturnByValue).toImage(), before);
+    box.close();
+    QMetaObject::invokeMethod(&timer, "timeout");
+    EXPECT_NE(picture.pixmap(Qt::ReturnByValue).toImage(), before);
 }
 
 struct CloseCase {

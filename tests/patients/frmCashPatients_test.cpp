@@ -274,11 +274,13 @@ TEST_F(frmCashPatientsTest, NullNameFaults) {
                         {{u"W1"_s, u"CRUZ"_s, u"ANA"_s, Value()}}));
     Press(Text(screen), Qt::Key_Return);
     EXPECT_EQ(TakeFailure(), RunTime::kInvalidUseOfNull);
+    EXPECT_FALSE(Grid(screen).Redraw());
 }
 
 TEST_F(frmCashPatientsTest, DownGoesToTheFirstRow) {
     const auto& screen = Open();
     Search(screen, {ana, eva});
+    EXPECT_TRUE(Grid(screen).Redraw());
     Grid(screen).Cells().SetRow(2);
     Press(Text(screen), Qt::Key_Down);
     EXPECT_TRUE(Grid(screen).hasFocus());
