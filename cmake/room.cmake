@@ -22,7 +22,8 @@ function(tarven_tests name)
   target_link_libraries(${name} PRIVATE ${T_LINK} GTest::gmock tarven_warnings tarven_sanitizers)
   target_compile_definitions(${name} PRIVATE TARVEN_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
                                              TARVEN_BUILD_DIR="${PROJECT_BINARY_DIR}")
+  set(leaks "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/leaks.txt:print_suppressions=0")
   # Values that print as bytes would make names that change from build to build.
   gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8" ${T_PROPERTIES})
+    PROPERTIES TIMEOUT 120 ENVIRONMENT "${leaks}" ${T_PROPERTIES})
 endfunction()
