@@ -82,12 +82,13 @@ int main(int argc, char** argv) {
         return ShowSignOnWindow(argc, argv);
     const Application application(argc, argv);
     BenchTable table;
+    // First, since it tells the memory of the whole process.
+    if (Wanted(argc, argv, "reports"))
+        BenchReporting(table);
     if (Wanted(argc, argv, "save"))
         BenchSave(table);
     if (Wanted(argc, argv, "finder"))
         BenchFinder(table);
-    if (Wanted(argc, argv, "reports"))
-        BenchReporting(table);
     if (Wanted(argc, argv, "start"))
         BenchStart(table, argv[0]);
     if (Wanted(argc, argv, "keys"))
