@@ -73,7 +73,10 @@ CREATE TABLE dbo.tbAuditTrail (
     RefNum varchar(20) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT '',
     HospNum varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT '',
     IdNum varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT '',
-    UserID varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT ''
+    UserID varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT '',
+    -- How often the event has come to the number by now.
+    Times int NOT NULL DEFAULT 1
 );
+CREATE INDEX ixAuditTrailRefNum ON dbo.tbAuditTrail (RefNum);
 CREATE INDEX ixAuditTrailDate ON dbo.tbAuditTrail (AuditDate);
 GO

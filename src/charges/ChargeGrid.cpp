@@ -112,6 +112,18 @@ void ChargeGrid::FollowCutGrid() {
     TakeCell();
 }
 
+void ChargeGrid::HideEditor() {
+    // Hidden while it has the focus, it would throw the focus along the tab chain.
+    if (txtEntry->window()->focusWidget() == txtEntry) {
+        const HeldGotFocus withoutOpening(grdTable);
+        grdTable->setFocus();
+    }
+    txtEntry->hide();
+    mEditorRow = 0;
+    mEditorCol = 0;
+    grdTable->setFocusPolicy(Qt::TabFocus);
+}
+
 QString ChargeGrid::EditorText() const {
     return txtEntry->text();
 }

@@ -31,6 +31,9 @@ class ChargeGrid : public QObject, private LineEditor {
     void SetupGrid();
     /// The first arrival at the end of the last line moves nothing again.
     void DisarmLastRow() { mLines.LastRowArmed = false; }
+    /// Hides the editor until a cell opens again, for lines that were put into the grid as a whole. The focus
+    /// goes to the grid where the editor had it.
+    void HideEditor();
     /// Writes the sum of the lines into the total box.
     void ComputeTotal();
     /// Whether the code stands on another line of the current line's department.

@@ -35,6 +35,9 @@ class frmPostCharges : public Form, public FinderTarget {
     /// Kept: no path calls it in this release; a save passes over the lines of packages.
     void ExpandPackage(QString& referenceNumber, const QString& packageCode);
 
+    /// The lines, for a ward's request that fills them.
+    ChargeGrid& Charges() { return *mGrid; }
+
     QString FinderText() const override;
     void SetBox(const QString& name, const QString& text) override;
     void Picked() override;

@@ -74,8 +74,12 @@ std::span<const MenuEntry> MenuEntry::Tree() {
                   .name = "mnuListCharges",
                   .caption = "List of Charges",
                   .click = &frmMain::mnuListCharges_Click},
-        // Kept: nothing enables it, so no slip can be printed again from the menu in this release.
-        MenuEntry{.level = 2, .name = "mnuDuplicate", .caption = "Charge Slip Duplicate", .enabled = false},
+        // Kept: nothing enables it, so no duplicate of a slip can be printed in this release.
+        MenuEntry{.level = 2,
+                  .name = "mnuDuplicate",
+                  .caption = "Charge Slip Duplicate",
+                  .enabled = false,
+                  .click = &frmMain::mnuDuplicate_Click},
         MenuEntry{.level = 1, .name = "mModule", .caption = "Module"},
         MenuEntry{.level = 2, .name = "mSetup", .caption = "Setup", .click = &frmMain::mSetup_Click},
         MenuEntry{.level = 2, .name = "mnuAbout", .caption = "&About", .click = &frmMain::mnuAbout_Click},

@@ -2,6 +2,7 @@
 
 #include "charges/frmAssessment.h"
 #include "charges/frmPostCharges.h"
+#include "maintenance/frmListCharges.h"
 #include "patients/CashTarget.h"
 #include "patients/FinderTarget.h"
 #include "toolkit/Screens.h"
@@ -10,5 +11,6 @@ using namespace Qt::StringLiterals;
 
 void RegisterScreens() {
     RegisterFinderTarget(u"Post"_s, []() -> FinderTarget& { return Screens::Get<frmPostCharges>(); });
+    RegisterFinderTarget(u"List"_s, []() -> FinderTarget& { return Screens::Get<frmListCharges>(); });
     RegisterCashTarget([]() -> CashTarget& { return Screens::Get<frmAssessment>(); });
 }

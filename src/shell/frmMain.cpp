@@ -5,10 +5,13 @@
 #include "components/ComponentRegistry.h"
 #include "gateway/CommandGateway.h"
 #include "maintenance/frmAssessStatus.h"
+#include "maintenance/frmListCharges.h"
+#include "maintenance/frmReprint.h"
 #include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
 #include "shell/frmAbout.h"
 #include "shell/frmSetup.h"
+#include "shell/PendingMonitor.h"
 #include "shell/shared.h"
 #include "shell/StatusPanel.h"
 #include "shell/version.h"
@@ -50,6 +53,7 @@ bool frmMain::Open() {
 }
 
 bool frmMain::Form_Load() {
+    mPendingMonitor->Start();
     gCurrentUser->SetPasswordDeptCode(gDeptCode);
     gCurrentUser->SethwndParentForm(winId());
     gCurrentUser->ShowMain();
@@ -115,6 +119,7 @@ void frmMain::HandOutConnection() {
 void frmMain::UnloadMain() {
     if (!Screens::UnloadAll())
         return;
+    mPendingMonitor->Stop();
     hide();
     QCoreApplication::quit();
 }
@@ -186,6 +191,11 @@ void frmMain::mnuReportStatus_Click() {
 
 void frmMain::mnuListCharges_Click() {
     gChargeMode = u"List"_s;
+    Screens::Get<frmListCharges>().Show();
+}
+
+void frmMain::mnuDuplicate_Click() {
+    Screens::Get<frmReprint>().Show();
 }
 
 void frmMain::mSetup_Click() {

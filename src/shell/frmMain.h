@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 
+class PendingMonitor;
 class StatusPanel;
 struct MenuEntry;
 
@@ -49,6 +50,7 @@ class frmMain : public QMainWindow, private Workspace {
     void AddMenuEntry(const MenuEntry& entry);
     void LayoutToolbar();
     void LayoutStatusBar();
+    void LayoutPendingStrip();
 
     void TakeConnection();
     void ReadHospitalRecord();
@@ -66,12 +68,14 @@ class frmMain : public QMainWindow, private Workspace {
     void mnuMLedger_Click();
     void mnuReportStatus_Click();
     void mnuListCharges_Click();
+    void mnuDuplicate_Click();
     void mSetup_Click();
     void mnuAbout_Click();
     void OpenPostCharges(const QString& patientType);
     void AskAndClose();
 
     QMdiArea* mArea = nullptr;
+    PendingMonitor* mPendingMonitor = nullptr;
     /// The three panels of the status bar. The second and third show date and time, whatever their text is.
     StatusPanel* mPanel1 = nullptr;
     StatusPanel* mPanel2 = nullptr;

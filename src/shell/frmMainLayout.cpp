@@ -1,5 +1,6 @@
 #include "shell/frmMain.h"
 #include "shell/MenuTree.h"
+#include "shell/PendingMonitor.h"
 #include "shell/StatusPanel.h"
 #include "toolkit/Look.h"
 
@@ -63,6 +64,7 @@ void frmMain::Layout() {
     setCentralWidget(mArea);
     LayoutMenu();
     LayoutToolbar();
+    LayoutPendingStrip();
     LayoutStatusBar();
 }
 
@@ -133,6 +135,19 @@ void frmMain::LayoutToolbar() {
         toolbar->addWidget(tool);
     }
     addToolBar(toolbar);
+}
+
+/// The strip stands beside the toolbar, where the screens do not move when it appears.
+void frmMain::LayoutPendingStrip() {
+    auto* bar = new QToolBar(this);
+    bar->setObjectName(u"PendingBar"_s);
+    bar->setWindowTitle(u"Pending requests"_s);
+    bar->setMovable(false);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    mPendingMonitor = new PendingMonitor(bar);
+    mPendingMonitor->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    bar->addWidget(mPendingMonitor);
+    addToolBar(bar);
 }
 
 void frmMain::LayoutStatusBar() {

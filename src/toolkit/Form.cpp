@@ -18,6 +18,9 @@ namespace {
 
 QPointer<Form> activeForm;
 
+/// The screen that a modal screen's handler showed behind its unloading, before the modal loop came back.
+QPointer<Form> shownInPlace;
+
 constexpr Qt::WindowFlags kInsideFlags = Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                                          Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
 constexpr Qt::WindowFlags kModalFlags = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
@@ -78,6 +81,7 @@ void Form::Show() {
         raise();
         activateWindow();
     }
+    shownInPlace = this;
     Activate();
 }
 
@@ -97,7 +101,7 @@ void Form::ShowModal() {
     Load();
     const QPointer<Form> before = activeForm;
     {
-        const FocusKeeper keeper;
+        FocusKeeper keeper;
         const QWidget* owner = WindowBelow();
         setWindowFlags(kModalFlags);
         setWindowModality(Qt::ApplicationModal);
@@ -114,7 +118,9 @@ void Form::ShowModal() {
         if (!mUnloading)
             loop.exec();
         mModalLoop = nullptr;
-        if (before)
+        if (shownInPlace)
+            keeper.KeepWindowOnly();
+        else if (before)
             before->Activate();
     }
     deleteLater();
@@ -138,6 +144,7 @@ void Form::Leave() {
     hide();
     if (mModalLoop) {
         // ShowModal deletes the screen when its loop has come back.
+        shownInPlace = nullptr;
         mModalLoop->quit();
         return;
     }

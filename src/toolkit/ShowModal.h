@@ -15,6 +15,9 @@ class FocusKeeper {
     FocusKeeper& operator=(const FocusKeeper&) = delete;
     ~FocusKeeper();
 
+    /// Gives the window back alone: another screen has come to the front in it meanwhile.
+    void KeepWindowOnly() { mFocus.clear(); }
+
   private:
     QPointer<QWidget> mWindow;
     QPointer<QWidget> mFocus;

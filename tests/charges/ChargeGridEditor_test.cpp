@@ -128,3 +128,53 @@ TEST_P(ChargeGridEditorTest, CellThatOpensIsBroughtIntoSight) {
     ExpectOpen(8, Column::kAmount);
     EXPECT_TRUE(grid.geometry().contains(editor.geometry().center()));
 }
+
+TEST_P(ChargeGridEditorTest, HiddenEditorLeavesTheFocusWithTheGridAndOpensNoCell) {
+    OpenByFocus(2, 1);
+    charges->HideEditor();
+    EXPECT_FALSE(editor.isVisible());
+    EXPECT_TRUE(grid.hasFocus());
+    EXPECT_EQ(Place(), std::pair(2, 1));
+}
+
+TEST_P(ChargeGridEditorTest, HiddenEditorTakesTheFocusFromNobody) {
+    OpenByFocus(2, 1);
+    elsewhere->setFocus();
+    charges->HideEditor();
+    EXPECT_FALSE(editor.isVisible());
+    EXPECT_TRUE(elsewhere->hasFocus());
+}
+
+TEST_P(ChargeGridEditorTest, HiddenEditorComesBackWithTheNextCellThatOpens) {
+    Put(3, 1, u"XR"_s);
+    OpenByFocus(2, 1);
+    charges->HideEditor();
+    ClickCell(3, 1);
+    ExpectOpen(3, 1);
+    charges->HideEditor();
+    elsewhere->setFocus();
+    OpenByFocus(2, 1);
+    ExpectOpen(2, 1);
+}
+
+TEST_P(ChargeGridEditorTest, TabReachesTheGridAgainWhenItsEditorIsHidden) {
+    OpenByFocus(2, 1);
+    ASSERT_EQ(grid.focusPolicy(), Qt::NoFocus);
+    charges->HideEditor();
+    EXPECT_EQ(grid.focusPolicy(), Qt::TabFocus);
+}
+
+TEST_P(ChargeGridEditorTest, HiddenEditorStaysHiddenWhereItsLineIsCutOrTheGridChanges) {
+    cells.SetRows(12);
+    Put(8, 1, u"XR"_s);
+    Put(11, 1, u"MD"_s);
+    ClickCell(11, 1);
+    charges->HideEditor();
+    const QString text = editor.text();
+    charges->SetupGrid();
+    grid.resize(grid.width(), 110);
+    QApplication::processEvents();
+    EXPECT_FALSE(editor.isVisible());
+    EXPECT_EQ(editor.text(), text);
+    EXPECT_EQ(At(8, 1), u"XR"_s);
+}

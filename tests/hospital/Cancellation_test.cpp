@@ -1,4 +1,5 @@
 #include "tests/hospital/HospitalTest.h"
+#include "text/Clock.h"
 
 using namespace Qt::StringLiterals;
 
@@ -153,6 +154,54 @@ TEST_F(Cancellation, ReprintPutsTheSlipIntoThePrintTableAndIsRecorded) {
                                   {u"HC001"_s, u"-2800"_s, u"-1"_s}}));
     EXPECT_EQ(Rows(u"SELECT Event, AuditDate FROM BILLING..tbAuditTrail WHERE RefNum = 'H9001C'"_s),
               (std::vector<QStringList>{{u"REPRINT"_s, u"11/21/2026 10:15:00 AM"_s}}));
+}
+
+TEST_F(Cancellation, EachReprintIsRecordedWithItsTimeAndCount) {
+    Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9002C'"_s);
+    Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9001C'"_s);
+    SetClock([] { return DateTime::FromMilliseconds(Moment().Milliseconds() + 60'000); });
+    Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9001C'"_s);
+    EXPECT_EQ(Rows(u"SELECT AuditDate, Times FROM BILLING..tbAuditTrail WHERE RefNum = 'H9001C' ORDER BY "
+                   "AuditID"_s),
+              (std::vector<QStringList>{{u"11/21/2026 10:15:00 AM"_s, u"1"_s},
+                                        {u"11/21/2026 10:16:00 AM"_s, u"2"_s}}));
+    EXPECT_EQ(Cell(u"SELECT Times FROM BILLING..tbAuditTrail WHERE RefNum = 'H9002C'"_s), u"1"_s);
+}
+
+TEST_F(Cancellation, LineThatIsNeitherServiceNorStockIsReversedOnTheAccountAlone) {
+    Post(u"AM"_s, u"AM001"_s, u""_s, u"750.00"_s, u"AMBULANCE"_s);
+    const QString movements = Cell(u"SELECT COUNT(*) FROM INVENTORY..tbInvStockCard"_s);
+    CancelStock(u"AM001"_s, u"0"_s, u"-750"_s, Slip()[3][8]);
+    ASSERT_EQ(Slip().size(), 5U);
+    EXPECT_EQ(Slip()[4].mid(0, 6),
+              QStringList({u"AM"_s, u"AM001"_s, u"AMBULANCE"_s, u""_s, u"-750"_s, u"H9001C"_s}));
+    EXPECT_EQ(Left(u"AM"_s, u"AM001"_s).front()[0], u"0"_s);
+    EXPECT_EQ(Cell(u"SELECT COUNT(*) FROM INVENTORY..tbInvStockCard"_s), movements);
+}
+
+TEST_F(Cancellation, OutPatientsServiceIsReversedInTheRoomThatTheScreenNames) {
+    Run(Call(u"Clinical_ARea..spEarCare_UpdateCharging"_s,
+             {u"100050"_s, u"700124"_s, u"HC001"_s, u"2800"_s, u"1"_s, u"11/21/2026 10:20:00 AM"_s, u"HC"_s,
+              u"CLERK"_s, u"O"_s, u"C"_s, u"OPD/ER"_s, u"H9001C"_s, u""_s}));
+    EXPECT_EQ(Rows(u"SELECT RoomID, RecordType, RefNum, ItemID FROM BILLING..tbPatientCharges WHERE RefNum = "
+                   "'H9001C' AND RecordType = 'C'"_s),
+              (std::vector<QStringList>{{u"OPD/ER"_s, u"C"_s, u"H9001C"_s, u"HC001"_s}}));
+}
+
+TEST_F(Cancellation, IssuerOfASlipIsFoundByWhatTheDuplicateAsks) {
+    const QString command = u"Select * from PASSWORD..tbPasswordMain where EmployeeID = 'NURSE'"_s;
+    EXPECT_EQ(Rows(command).size(), 1U);
+    EXPECT_TRUE(Columns(command).contains(u"LastName"_s));
+    EXPECT_TRUE(Columns(command).contains(u"FirstName"_s));
+}
+
+TEST_F(Cancellation, OlderSlipLayoutReadsThePrintTableInItsOrder) {
+    Run(u"delete Clinical_Area..tbEarCareChargePrint"_s);
+    Run(u"Hemodialysis..spKidney_SaveChargePrint 'MDD003','1500.00','','MD','FEE'"_s);
+    Run(u"Hemodialysis..spKidney_SaveChargePrint 'HCHC001','2800.00','1','HC','TREATMENT'"_s);
+    EXPECT_EQ(Rows(u"REPORTS.dbo.spReports_ChargeSlip"_s),
+              (std::vector<QStringList>{{u"MDD003"_s, u"MD"_s, u"FEE"_s, u""_s, u"1500"_s},
+                                        {u"HCHC001"_s, u"HC"_s, u"TREATMENT"_s, u"1"_s, u"2800"_s}}));
 }
 
 TEST_F(Cancellation, DuplicateListsTheUnitsLinesOfTheAccount) {

@@ -123,6 +123,34 @@ TEST_F(WardRequests, AdmissionWithoutRequestsLoadsNoLines) {
     EXPECT_TRUE(Rows(u"CLinical_Area..spEarCare_LoadExamEntry 'NONE'"_s).empty());
 }
 
+TEST_F(WardRequests, ConsultationTellsOneRequestWithItsNames) {
+    const QStringList row = Queue().front();
+    const QString command = u"RADIOLOGY.dbo.spRadio_Consultation '%1'"_s.arg(row[23]);
+    const auto rows = Rows(command);
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0][2], row[23]);
+    EXPECT_EQ(rows[0].mid(4, 2), row.mid(0, 2));
+    EXPECT_EQ(rows[0][6], u"%1, %2 %3"_s.arg(row[2], row[3], row[4]));
+    EXPECT_EQ(rows[0].mid(9, 2), row.mid(16, 2));
+    EXPECT_EQ(rows[0][12], row[19]);
+    EXPECT_EQ(rows[0].mid(15, 2), row.mid(5, 2));
+    EXPECT_EQ(rows[0][0], Cell(u"SELECT company FROM PATIENT_DATA..tbhospitalInfo"_s));
+    EXPECT_TRUE(Rows(u"RADIOLOGY.dbo.spRadio_Consultation '0'"_s).empty());
+}
+
+TEST_F(WardRequests, PostedRequestsLeaveTheQueueAndTheCount) {
+    for (const QStringList& row : Queue()) {
+        const auto lines = Rows(u"CLinical_Area..spEarCare_LoadExamEntry '%1'"_s.arg(row[1]));
+        for (const QStringList& line : lines)
+            Run(Call(u"Clinical_Area..spEarCare_Append_Charging"_s,
+                     {row[0], row[1], u"11/21/2026 10:15"_s, line[0], u"D"_s, line[1], line[3], u"H1C"_s,
+                      line[5], u"NURSE"_s, row[17], row[18], u""_s, u"I"_s, line[2]}));
+        EXPECT_TRUE(Rows(u"CLinical_Area..spEarCare_LoadExamEntry '%1'"_s.arg(row[1])).empty());
+    }
+    EXPECT_EQ(Pending(), u"0"_s);
+    EXPECT_TRUE(Queue().empty());
+}
+
 TEST_F(WardRequests, ChargedOnesNameTheSlipThatChargedThem) {
     EXPECT_NE(Cell(u"SELECT COUNT(*) FROM RADIOLOGY..tbNurseRequest WHERE Status = 'D'"_s), u"0"_s);
     EXPECT_EQ(Cell(u"SELECT COUNT(*) FROM RADIOLOGY..tbNurseRequest AS n WHERE n.Status = 'D' AND NOT EXISTS "

@@ -24,9 +24,11 @@ const std::map<std::string, std::set<std::string>>& Allowed() {
         {"patients", {"text", "gateway", "toolkit", "components", "reporting", "shared"}},
         {"charges", {"text", "gateway", "toolkit", "components", "reporting", "patients", "shared"}},
         {"maintenance", {"text", "gateway", "toolkit", "components", "reporting", "patients", "shared"}},
+        {"nursing",
+         {"text", "gateway", "toolkit", "components", "reporting", "patients", "charges", "shared"}},
         {"shell",
          {"text", "gateway", "toolkit", "components", "reporting", "patients", "charges", "maintenance",
-          "shared"}},
+          "nursing", "shared"}},
         {"suite", {"text", "gateway", "toolkit", "components", "reporting", "hospital"}},
     };
     return allowed;

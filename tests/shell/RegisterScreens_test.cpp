@@ -1,5 +1,6 @@
 #include "charges/frmAssessment.h"
 #include "charges/frmPostCharges.h"
+#include "maintenance/frmListCharges.h"
 #include "patients/CashTarget.h"
 #include "patients/FinderTarget.h"
 #include "shell/RegisterScreens.h"
@@ -18,6 +19,12 @@ TEST_F(RegisterScreensTest, ThePostingScreenWaitsInModePost) {
     RegisterScreens();
     EXPECT_FALSE(Screens::IsLoaded<frmPostCharges>()) << "registering touches no screen";
     EXPECT_EQ(&FinderTargetOf(u"Post"_s), static_cast<FinderTarget*>(&Screens::Get<frmPostCharges>()));
+}
+
+TEST_F(RegisterScreensTest, TheListOfChargesWaitsInModeList) {
+    RegisterScreens();
+    EXPECT_FALSE(Screens::IsLoaded<frmListCharges>()) << "registering touches no screen";
+    EXPECT_EQ(&FinderTargetOf(u"List"_s), static_cast<FinderTarget*>(&Screens::Get<frmListCharges>()));
 }
 
 TEST_F(RegisterScreensTest, TheAssessmentWaitsForACashPatient) {

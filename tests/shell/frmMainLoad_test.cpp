@@ -7,6 +7,7 @@
 #include "support/CaseName.h"
 
 #include <QAction>
+#include <QTimer>
 
 #include <memory>
 
@@ -110,6 +111,29 @@ TEST_F(frmMainLoad, SetsTheSharedVariables) {
     EXPECT_TRUE(gWardRequest.IsSet() && gWardResults.IsSet() && gWardConfinementResults.IsSet());
     EXPECT_TRUE(gWardConfinement.IsSet() && gStockList.IsSet());
     EXPECT_NE(gStockList.Shared(), gStockListBasic.Shared());
+}
+
+TEST_F(frmMainLoad, AsksForTheWardsRequestsFromTheLoadOnAndStopsWithTheWindow) {
+    auto& check = *window->findChild<QTimer*>(u"tmrCheckPending"_s);
+    EXPECT_FALSE(check.isActive());
+    // The timer runs already while the user signs on.
+    connection.onCommand = [&check] { EXPECT_TRUE(check.isActive()); };
+    ExpectPlainHospital();
+    window->Form_Load();
+    EXPECT_TRUE(check.isActive());
+    EXPECT_TRUE(window->findChild<QTimer*>(u"tmrPrepaid"_s)->isActive());
+    for (const char* name : {"tmrPending", "Timer2", "Timer1"})
+        EXPECT_FALSE(window->findChild<QTimer*>(QString::fromLatin1(name))->isActive()) << name;
+    window->UnloadMain();
+    EXPECT_FALSE(check.isActive());
+}
+
+TEST_F(frmMainLoad, WaitsForTheSignOnBeforeItAsksForTheWardsRequests) {
+    signsOn = false;
+    EXPECT_FALSE(window->Form_Load());
+    record.clear();
+    QMetaObject::invokeMethod(window->findChild<QTimer*>(u"tmrCheckPending"_s), "timeout");
+    EXPECT_EQ(record, QStringList{u"Connected"_s}) << "nothing is sent";
 }
 
 TEST_F(frmMainLoad, WithoutASignOnReadsNothingAndIsUnloadedSilently) {

@@ -1,6 +1,8 @@
 #include "charges/frmAssessment.h"
 #include "charges/frmPostCharges.h"
 #include "maintenance/frmAssessStatus.h"
+#include "maintenance/frmListCharges.h"
+#include "maintenance/frmReprint.h"
 #include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
 #include "shell/frmAbout.h"
@@ -271,11 +273,26 @@ TEST_F(frmMainTest, TheLedgerEntryResetsTheModeAndTheOneOfTheBarDoesNot) {
     EXPECT_EQ(gPatientType, u"I"_s);
 }
 
-TEST_F(frmMainTest, TheListOfChargesSetsItsModeAlone) {
+TEST_F(frmMainTest, TheListOfChargesSetsItsModeAndOpensTheListNotModalAndOnce) {
     gPatientType = u"O"_s;
-    Item("mnuListCharges").trigger();
+    for (int i = 0; i < 2; ++i)
+        Item("mnuListCharges").trigger();
     EXPECT_EQ(gChargeMode, u"List"_s);
-    EXPECT_EQ(gPatientType, u"O"_s);
+    ASSERT_TRUE(Screens::IsLoaded<frmListCharges>());
+    EXPECT_FALSE(Screens::Get<frmListCharges>().IsModal());
+    EXPECT_EQ(OpenScreens(), 1);
+    // The list chooses the patient type itself as it loads.
+    EXPECT_EQ(gPatientType, u"I"_s);
+}
+
+TEST_F(frmMainTest, TheDuplicateOfASlipIsOutOfReachAndWouldOpenNotModal) {
+    Item("mnuDuplicate").trigger();
+    EXPECT_FALSE(Screens::IsLoaded<frmReprint>());
+    Workspace::Current()->EnableMenuItem(u"mnuDuplicate"_s, true);
+    Item("mnuDuplicate").trigger();
+    ASSERT_TRUE(Screens::IsLoaded<frmReprint>());
+    EXPECT_FALSE(Screens::Get<frmReprint>().IsModal());
+    EXPECT_EQ(OpenScreens(), 1);
 }
 
 TEST_F(frmMainTest, SetupAndAboutOpenOnceAndNotModal) {
@@ -325,6 +342,33 @@ TEST_F(frmMainTest, EntriesWithoutAHandlerDoNothing) {
     EXPECT_EQ(OpenScreens(), 0);
     EXPECT_EQ(gChargeMode, u"List"_s);
     EXPECT_EQ(gPatientType, u"O"_s);
+}
+
+// The strip of the wards' requests.
+
+TEST_F(frmMainTest, CarriesThePendingStripWithItsControlsHidden) {
+    for (const char* name : {"pctPending", "Picture1", "cmdPrepaid"})
+        EXPECT_FALSE(Find<QWidget>(*window, name).isVisible()) << name;
+    for (const char* name : {"Image1", "Label1"})
+        EXPECT_NE(window->findChild<QWidget*>(QString::fromLatin1(name)), nullptr) << name;
+    for (const char* name : {"tmrCheckPending", "tmrPending", "Timer2", "Timer1", "tmrPrepaid"})
+        EXPECT_NE(window->findChild<QTimer*>(QString::fromLatin1(name)), nullptr) << name;
+}
+
+TEST_F(frmMainTest, ThePendingStripShowsInsideTheWindowAndMovesNothing) {
+    auto& area = *window->findChild<QMdiArea*>();
+    const QRect before = area.geometry();
+    gateway.Expect(u"RADIOLOGY..spRadio_CheckPending 'HC'"_s, Rows({u"TotalPending"_s}, {{2}}));
+    QMetaObject::invokeMethod(window->findChild<QTimer*>(u"tmrCheckPending"_s), "timeout");
+    RunEvents();
+    EXPECT_TRUE(Find<QWidget>(*window, "pctPending").isVisible());
+    EXPECT_TRUE(Find<QWidget>(*window, "Image1").isVisible());
+    EXPECT_TRUE(Find<QWidget>(*window, "Label1").isVisible());
+    EXPECT_EQ(area.geometry(), before);
+    auto& picture = Find<QWidget>(*window, "pctPending");
+    EXPECT_EQ(picture.grab().toImage().pixelColor(3, picture.height() / 2), QColor(0xFF, 0x80, 0xFF));
+    for (const char* name : {"tmrPending", "Timer2"})
+        window->findChild<QTimer*>(QString::fromLatin1(name))->stop();
 }
 
 class InertKey : public frmMainTest, public testing::WithParamInterface<const char*> {};

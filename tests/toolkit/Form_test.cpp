@@ -395,6 +395,33 @@ TEST_F(FormLife, TheReturnFromAModalScreenActivatesOnceBeforeItsCallerGoesOn) {
                                          u"A activate"_s, u"returned"_s}));
 }
 
+TEST_F(FormLife, AScreenShownByAModalOneThatHasJustUnloadedItselfStaysInFront) {
+    Screens::Get<FormA>().Show();
+    Screens::Get<FormA>().box->setFocus();
+    FormB& modal = Screens::Get<FormB>();
+    modal.onButton = [&modal] {
+        modal.Unload();
+        Screens::Get<FormC>().Show();
+    };
+    Inside([&modal] { modal.button->click(); });
+    modal.ShowModal();
+    RunEvents();
+    EXPECT_EQ(Form::Active(), &Screens::Get<FormC>());
+    EXPECT_TRUE(Screens::Get<FormC>().box->hasFocus());
+    EXPECT_EQ(formEvents.count(u"A activate"_s), 1) << "the screen before it is not in use any more";
+}
+
+TEST_F(FormLife, AScreenShownBeforeAModalOneDoesNotKeepTheReturnFromIt) {
+    Screens::Get<FormA>().Show();
+    FormB& modal = Screens::Get<FormB>();
+    Inside([&modal] {
+        Screens::Get<FormC>().Show();
+        modal.Unload();
+    });
+    modal.ShowModal();
+    EXPECT_EQ(Form::Active(), &Screens::Get<FormA>());
+}
+
 TEST_F(FormLife, AMessageBoxActivatesNothing) {
     Screens::Get<FormA>().Show();
     TakeEvents();

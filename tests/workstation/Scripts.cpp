@@ -4,6 +4,7 @@
 #include "toolkit/FlexGrid.h"
 #include "workstation/CashDeskScripts.h"
 #include "workstation/ClerkKeys.h"
+#include "workstation/WardScripts.h"
 
 #include <csignal>
 #include <sys/resource.h>
@@ -171,6 +172,8 @@ const std::map<std::string, std::function<void(Driver&)>>& Scripts() {
         {"report-failure", ReportFailure},
         {"long-save", LongSave},
         {"full-disk", FullDisk},
+        {"ward-request", WardRequest},
+        {"idle-until-failure", IdleUntilFailure},
     };
     return scripts;
 }

@@ -1,4 +1,5 @@
--- Records the re-print of a slip and puts the slip's lines, reversals included, into the print table.
+-- Records the re-print of a slip, with its time and how often it has been re-printed by now, and puts the slip's lines,
+-- reversals included, into the print table.
 USE Clinical_Area;
 GO
 
@@ -17,8 +18,10 @@ BEGIN
     WHERE c.RefNum = @RefNum AND c.SourceDept = 'HC'
     ORDER BY c.ChargeID;
 
-    INSERT INTO BILLING..tbAuditTrail (AuditDate, Event, RefNum)
-    VALUES (GETDATE(), 'REPRINT', @RefNum);
+    INSERT INTO BILLING..tbAuditTrail (AuditDate, Event, RefNum, Times)
+    SELECT GETDATE(), 'REPRINT', @RefNum, COUNT(*) + 1
+    FROM BILLING..tbAuditTrail AS a
+    WHERE a.RefNum = @RefNum AND a.Event = 'REPRINT';
 
     COMMIT TRANSACTION;
 END

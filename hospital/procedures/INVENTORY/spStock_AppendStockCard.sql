@@ -47,7 +47,7 @@ BEGIN
         (HospNum, IdNum, PatientType, TransDate, RevenueID, RecordType, ItemID, Description, Quantity, Units, Amount,
          RefNum, UserID, RoomID, DoctorID, DoctorName, SourceDept, EntryDate)
     SELECT c.HospNum, c.IdNum, c.PatientType, @TransDate, c.RevenueID, 'C', c.ItemID, c.Description,
-           CONCAT('-', c.Quantity), 0 - @Quantity, @Amount, c.RefNum, @UserID, @RoomID, c.DoctorID, c.DoctorName,
+           CASE WHEN c.Quantity = '' THEN '' ELSE CONCAT('-', c.Quantity) END, 0 - @Quantity, @Amount, c.RefNum, @UserID, @RoomID, c.DoctorID, c.DoctorName,
            c.SourceDept, GETDATE()
     FROM BILLING..tbPatientCharges AS c
     WHERE @RecordType = 'C' AND @Amount < 0

@@ -1,0 +1,258 @@
+#include "maintenance/frmListCharges.h"
+
+#include "gateway/CommandGateway.h"
+#include "maintenance/commands.h"
+#include "patients/frmSearchPatient.h"
+#include "patients/PatientContext.h"
+#include "reporting/Reports.h"
+#include "shell/shared.h"
+#include "text/Clock.h"
+#include "text/Format.h"
+#include "text/ToText.h"
+#include "text/UCase.h"
+#include "text/Val.h"
+#include "toolkit/FlexGrid.h"
+#include "toolkit/Keys.h"
+#include "toolkit/MsgBox.h"
+#include "toolkit/ProgramFiles.h"
+#include "toolkit/Screens.h"
+#include "toolkit/SendKeys.h"
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The columns of the list, which are read by their place alone.
+namespace Column {
+constexpr int kDepartment = 1;
+constexpr int kItem = 2;
+constexpr int kQuantity = 4;
+constexpr int kAmount = 5;
+constexpr int kSlip = 6;
+constexpr int kChargeLine = 9;
+} // namespace Column
+
+constexpr int kColumns = 8;
+constexpr std::array kWidths = {1, 500, 800, 3500, 800, 900, 1800, 2000};
+const QString kFormatString = u"  |<Dept. |<Item. #|< Item   Description    |<QTY|<Amount |<ChargeSlip #"_s;
+
+constexpr int kReprint = 0;
+
+/// The departments whose lines are services, matched to the letter. Every other line is a stock item.
+bool IsService(const QString& department) {
+    return department == u"HC"_s || department == u"MD"_s;
+}
+
+/// Kept: once the finder is closed the question makes a fresh one out of sight, which fills itself by this
+/// screen's last name and has no option on. The answer is "O" then, for in-patients too; the services'
+/// cancellation goes by this screen's own choice.
+QString FinderPatientType() {
+    return Screens::Get<frmSearchPatient>().optPatientType[0]->isChecked() ? u"I"_s : u"O"_s;
+}
+
+} // namespace
+
+frmListCharges::frmListCharges() {
+    Layout();
+    Wire();
+}
+
+void frmListCharges::Wire() {
+    for (QRadioButton* option : Option1) {
+        // A click on the choice that stands counts too: another screen may have changed the type meanwhile.
+        connect(option, &QRadioButton::clicked, this, &frmListCharges::Option1_Click);
+        connect(option, &QRadioButton::toggled, this, &frmListCharges::Option1_Click);
+    }
+    OnKeyPress(txtLastName, [this](int& key) { txtLastName_KeyPress(key); });
+    connect(cmdList, &QPushButton::clicked, this, &frmListCharges::cmdList_Click);
+    for (int index = 0; index < int(cmdOption.size()); ++index)
+        connect(cmdOption[size_t(index)], &QPushButton::clicked, this,
+                [this, index] { cmdOption_Click(index); });
+    connect(mshflexList, &FlexGrid::DblClick, this, &frmListCharges::mshflexList_DblClick);
+}
+
+void frmListCharges::Form_Load() {
+    MoveTo(1800, 2000);
+    Option1_Click();
+}
+
+QString frmListCharges::FinderText() const {
+    return txtLastName->text();
+}
+
+void frmListCharges::SetBox(const QString& name, const QString& text) {
+    findChild<QLineEdit*>(name)->setText(text);
+}
+
+void frmListCharges::Picked() {
+    FlexCells& cells = mshflexList->Cells();
+    cells.Clear();
+    cells.SetCell(0, 0);
+}
+
+void frmListCharges::Option1_Click() {
+    if (Option1[0]->isChecked())
+        gPatientType = u"I"_s;
+    else if (Option1[1]->isChecked())
+        gPatientType = u"O"_s;
+}
+
+void frmListCharges::txtLastName_KeyPress(int& keyAscii) {
+    keyAscii = UCase(QChar(keyAscii)).unicode();
+    if (keyAscii == Key::kEnter) {
+        SendTab();
+        Screens::Get<frmSearchPatient>().Show();
+    }
+}
+
+void frmListCharges::cmdList_Click() {
+    Get_Charges();
+    // Kept: always so; a list that came back empty leaves the buttons enabled out of sight.
+    if (mshflexList->Cells().Col() >= 0)
+        EnableOptions();
+}
+
+void frmListCharges::cmdOption_Click(int index) {
+    if (index == kReprint)
+        ReprintSlip();
+    else
+        CancelCharge();
+}
+
+void frmListCharges::mshflexList_DblClick() {
+    CancelCharge();
+}
+
+QString frmListCharges::CurrentText(int column) const {
+    const FlexCells& cells = mshflexList->Cells();
+    return cells.TextMatrix(cells.Row(), column);
+}
+
+void frmListCharges::PutUpGrid() {
+    FlexCells& cells = mshflexList->Cells();
+    cells.Clear();
+    cells.SetRows(2);
+    cells.SetFormatString(kFormatString);
+    cells.SetCols(kColumns);
+    for (size_t col = 0; col < kWidths.size(); ++col)
+        mshflexList->SetColWidth(int(col), kWidths[col]);
+}
+
+void frmListCharges::EnableOptions() {
+    for (QPushButton* button : cmdOption)
+        button->setEnabled(true);
+}
+
+void frmListCharges::ShowOptions(bool shown) {
+    for (QPushButton* button : cmdOption)
+        button->setVisible(shown);
+}
+
+void frmListCharges::Get_Charges() {
+    PutUpGrid();
+    RowSet charges = gCurrentUser->SQLConnection()->Open(ListAllChargesCommand(txtPno->text(), txtId->text()),
+                                                         CursorType::Static, LockType::ReadOnly);
+    FlexCells& cells = mshflexList->Cells();
+    cells.Bind(charges.Data());
+    const bool isEmpty = cells.Rows() == 1;
+    txtMessage->setVisible(isEmpty);
+    mshflexList->setVisible(!isEmpty);
+    if (isEmpty) {
+        // Kept: a later list does not bring them back into sight; the next cancellation does.
+        ShowOptions(false);
+    } else {
+        EnableOptions();
+        cells.SetRow(1);
+    }
+    charges.Close();
+}
+
+void frmListCharges::ReprintSlip() {
+    const QString slipNumber = CurrentText(Column::kSlip).trimmed();
+    // The database is told first: a slip that fails to print counts as printed again.
+    gCurrentUser->SQLConnection()->ExecuteNoResult(ReprintChargeSlipCommand(slipNumber));
+    const QString name = txtLastName->text().trimmed() + u", "_s + txtFirstName->text().trimmed() + u" "_s +
+                         txtMiddleName->text().trimmed();
+    OpenReport(ProgramDirectory() + u"/Reports/Charge_Slip.RPT"_s,
+               {slipNumber, Format(Now(), u"mm/dd/yyyy"), name, txtId->text(), txtPno->text(),
+                txtRoom->text(), Format(Now(), u"hh:mm:ss AM/PM"), gAccountNumber, gStationName,
+                gCurrentUser->EmployeeName()});
+    ShowReport(false, u"RE-Print ChargeSlip"_s, false);
+}
+
+/// Whether nothing is left of the current line. A line that the database does not know counts as standing.
+bool frmListCharges::IsTakenBack() const {
+    RowSet left = gCurrentUser->SQLConnection()->Open(
+        VerifyChargesCommand(txtId->text(), CurrentText(Column::kItem), CurrentText(Column::kSlip),
+                             CurrentText(Column::kDepartment)),
+        CursorType::ForwardOnly, LockType::Optimistic);
+    const bool isTakenBack = !left.Eof() && left.Fields(u"Amount").ToDouble() <= 0;
+    if (isTakenBack)
+        MsgBox({.text = u"Can't Cancel this Charges. The Total Amount is already Zero!"_s,
+                .icon = MsgIcon::Critical,
+                .title = u"Message"_s});
+    left.Close();
+    return isTakenBack;
+}
+
+void frmListCharges::CancelCharge() {
+    ShowOptions(true);
+    if (IsTakenBack())
+        return;
+    if (MsgBox({.text = u"Are you sure you want to Cancel this Charge?"_s,
+                .icon = MsgIcon::Question,
+                .buttons = MsgButtons::YesNo}) != MsgAnswer::Yes)
+        return;
+    const QString department = CurrentText(Column::kDepartment);
+    if (IsService(department))
+        CancelService(department);
+    else
+        CancelStockItem(department);
+    Get_Charges();
+}
+
+void frmListCharges::CancelStockItem(const QString& department) {
+    const QString moment = Format(Now(), u"mm/dd/yyyy hh:mm:ss AM/PM");
+    // Kept: a line of HC never comes here, so the entry is "PH".
+    const QString source = department == u"HC"_s ? u"CS"_s : u"PH"_s;
+    StockCardEntry entry = {.hospitalNumber = txtPno->text(),
+                            .idNumber = txtId->text(),
+                            .itemID = CurrentText(Column::kItem),
+                            .moment = moment,
+                            .referenceNumber = CurrentText(Column::kSlip),
+                            .quantity = Val(CurrentText(Column::kQuantity)),
+                            .position7 = 0,
+                            .amount = Val(ToText(Val(CurrentText(Column::kAmount)) * -1)),
+                            .userCode = gCurrentUser->EmployeeCode(),
+                            .chargeLine = CurrentText(Column::kChargeLine),
+                            .room = txtRoom->text(),
+                            .position15 = 1,
+                            .position16 = source,
+                            .position17 = source,
+                            .recordType = u"C"_s,
+                            .patientType = FinderPatientType(),
+                            .position26 = 0};
+    gStockItem->Drug().AppendStockCard(entry);
+}
+
+void frmListCharges::CancelService(const QString& department) {
+    const QString moment = Format(Now(), u"MM/DD/YYYY hh:mm:ss AM/PM");
+    const QString room =
+        Option1[0]->isChecked() ? gPersonFinder->Admission().Room->RoomID.ToText() : u"OPD/ER"_s;
+    gCurrentUser->SQLConnection()->ExecuteNoResult(
+        UpdateChargingCommand({.hospitalNumber = txtPno->text(),
+                               .idNumber = txtId->text(),
+                               .itemID = CurrentText(Column::kItem),
+                               .amount = CurrentText(Column::kAmount),
+                               .quantity = CurrentText(Column::kQuantity),
+                               .moment = moment,
+                               .department = department,
+                               .userCode = gCurrentUser->EmployeeCode(),
+                               .patientType = gPatientType,
+                               .room = room,
+                               .slipNumber = CurrentText(Column::kSlip)}));
+}

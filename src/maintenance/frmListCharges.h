@@ -1,0 +1,79 @@
+#pragma once
+
+#include "patients/FinderTarget.h"
+#include "toolkit/Form.h"
+
+#include <array>
+
+class FlexGrid;
+class QGroupBox;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+class QVBoxLayout;
+
+/// "List of Charges": lists what the department has charged to one admission or visit, prints a slip again,
+/// and takes a line back.
+///
+/// A service or a doctor's fee is taken back on the account, a stock item on its stock card. Between a line's
+/// verification and its cancellation nothing is held: two clerks may cancel the same line.
+class frmListCharges : public Form, public FinderTarget {
+    Q_OBJECT
+
+  public:
+    frmListCharges();
+
+    /// Rebuilds the list from the database, for the patient shown.
+    void Get_Charges();
+
+    QString FinderText() const override;
+    void SetBox(const QString& name, const QString& text) override;
+    void Picked() override;
+
+  protected:
+    void Form_Load() override;
+
+  private:
+    void Layout();
+    QGroupBox* LayoutPatientType();
+    QGroupBox* LayoutPatientName();
+    QGroupBox* LayoutHospitalInfo();
+    QGroupBox* LayoutList();
+    QVBoxLayout* LayoutActions();
+    void SetOrderOfWork();
+    void Wire();
+
+    void Option1_Click();
+    void txtLastName_KeyPress(int& keyAscii);
+    void cmdList_Click();
+    void cmdOption_Click(int index);
+    void mshflexList_DblClick();
+
+    QString CurrentText(int column) const;
+    void PutUpGrid();
+    void EnableOptions();
+    void ShowOptions(bool shown);
+    void ReprintSlip();
+    void CancelCharge();
+    bool IsTakenBack() const;
+    void CancelStockItem(const QString& department);
+    void CancelService(const QString& department);
+
+    std::array<QRadioButton*, 2> Option1;
+    QPushButton* cmdList;
+    std::array<QPushButton*, 2> cmdOption;
+    QLineEdit* txtMessage;
+    FlexGrid* mshflexList;
+    QLineEdit* txtPno;
+    QLineEdit* txtId;
+    QLineEdit* txtDateAdmitted;
+    QLineEdit* txtRoom;
+    QLineEdit* txtDoctor;
+    QLineEdit* txtDoctorID;
+    QLineEdit* txtLastName;
+    QLineEdit* txtFirstName;
+    QLineEdit* txtMiddleName;
+    QLineEdit* txtSex;
+    QLineEdit* txtDob;
+    QLineEdit* txtAge;
+};

@@ -1,0 +1,277 @@
+#include "maintenance/frmReprint.h"
+
+#include "gateway/CommandGateway.h"
+#include "maintenance/commands.h"
+#include "patients/OutpatientSearch.h"
+#include "reporting/ReportEngine.h"
+#include "reporting/ReportOutput.h"
+#include "reporting/Reports.h"
+#include "shell/shared.h"
+#include "text/Clock.h"
+#include "text/Format.h"
+#include "text/UCase.h"
+#include "toolkit/FlexGrid.h"
+#include "toolkit/Keys.h"
+#include "toolkit/MousePointer.h"
+#include "toolkit/ProgramFiles.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QPushButton>
+#include <QShortcut>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+enum PatientCode { kInPatient, kOutPatient };
+
+namespace Column {
+constexpr int kSlip = 1;
+constexpr int kDate = 2;
+constexpr int kItem = 3;
+constexpr int kDescription = 4;
+constexpr int kQuantity = 5;
+constexpr int kAmount = 6;
+constexpr int kEncoder = 7;
+constexpr int kRevenueCode = 8;
+} // namespace Column
+
+struct Heading {
+    const char16_t* text;
+    int width;
+};
+
+/// Of the columns from 1 on.
+constexpr std::array kHeadings = {Heading{u"REF. #", 1000},  Heading{u"DATE", 2000},
+                                  Heading{u"CODE", 1000},    Heading{u"DESCRIPTION", 3000},
+                                  Heading{u"QTY", 1000},     Heading{u"AMOUNT", 1000},
+                                  Heading{u"ENCODER", 1000}, Heading{u"REVENUEID", 500}};
+
+constexpr int kOpenOption = 1;
+constexpr int kPrinterError = 482;
+
+/// A number of the list; nothing is shown for zero.
+QString NumberText(const Value& value, QStringView pattern) {
+    const double number = value.ToDouble();
+    return number == 0 ? QString() : Format(number, pattern);
+}
+
+} // namespace
+
+frmReprint::frmReprint() {
+    Layout();
+    Wire();
+}
+
+void frmReprint::Wire() {
+    OnKeyPress(cmbPatientCode, [this](int& key) { cmbPatientCode_KeyPress(key); });
+    OnKeyPress(txtIDNum, [this](int& key) { txtIDNum_KeyPress(key); });
+    connect(grdTable, &FlexGrid::RowColChange, this, &frmReprint::grdTable_RowColChange);
+    connect(grdTable, &FlexGrid::DblClick, this, &frmReprint::grdTable_DblClick);
+    connect(cmdPrint, &QPushButton::clicked, this, &frmReprint::cmdPrint_Click);
+    connect(cmdClose, &QPushButton::clicked, this, &Form::Unload);
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    connect(escape, &QShortcut::activated, cmdClose, &QPushButton::click);
+}
+
+void frmReprint::Form_Load() {
+    cmbPatientCode->addItem(u"Inpatient"_s);
+    cmbPatientCode->addItem(u"Outpatient"_s);
+    cmbPatientCode->setCurrentIndex(kInPatient);
+}
+
+void frmReprint::Form_Activate() {
+    MoveTo(0, 0);
+}
+
+void frmReprint::cmbPatientCode_KeyPress(int& keyAscii) {
+    const char16_t key = UCase(QChar(keyAscii)).unicode();
+    if (key == u'I')
+        cmbPatientCode->setCurrentIndex(kInPatient);
+    else if (key == u'O')
+        cmbPatientCode->setCurrentIndex(kOutPatient);
+    else if (key != Key::kEnter)
+        return;
+    txtIDNum->setFocus();
+}
+
+void frmReprint::txtIDNum_KeyPress(int& keyAscii) {
+    // Kept: any key sets the hourglass, and it stays until charges have been loaded.
+    SetMousePointer(MousePointer::Wait);
+    if (keyAscii != Key::kEnter) {
+        keyAscii = UCase(QChar(keyAscii)).unicode();
+        return;
+    }
+    if (!(cmbPatientCode->currentIndex() == kInPatient ? FindInPatient() : FindOutPatient()))
+        return;
+    SetMousePointer(MousePointer::Wait);
+    LoadCharges();
+    SetMousePointer(MousePointer::Default);
+    grdTable->setFocus();
+}
+
+bool frmReprint::FindInPatient() {
+    QString number = txtIDNum->text();
+    if (!gPersonFinder->ValidateAdmission(number)) {
+        cmdPrint->setEnabled(false);
+        return false;
+    }
+    const AdmissionRecord& admission = gPersonFinder->Admission();
+    txtIDNum->setText(admission.IDNumber.ToText());
+    txtHospNum->setText(admission.HospitalNumber.ToText());
+    txtLastName->setText(admission.Patient->LastName.ToText());
+    txtFirstName->setText(admission.Patient->FirstName.ToText());
+    txtMiddleName->setText(admission.Patient->MiddleName.ToText());
+    cmdPrint->setEnabled(true);
+    mPatientName = admission.Patient->LastName.ToText() + u", "_s + admission.Patient->FirstName.ToText() +
+                   u" "_s + admission.Patient->MiddleName.ToText();
+    mCompany = admission.Account->Company.ToText();
+    mIdNum = admission.IDNumber.ToText();
+    mRoomId = admission.Room->RoomID.ToText();
+    return true;
+}
+
+bool frmReprint::FindOutPatient() {
+    QString number = txtIDNum->text();
+    // Kept: a number that is not found leaves the print button as it is, unlike an in-patient's.
+    if (!gOutpatientSearch->ValidatePatient(number))
+        return false;
+    txtIDNum->setText(gOutpatientSearch->IDNumber());
+    txtHospNum->setText(gOutpatientSearch->HospitalNumber());
+    txtLastName->setText(gOutpatientSearch->LastName());
+    txtFirstName->setText(gOutpatientSearch->FirstName());
+    txtMiddleName->setText(gOutpatientSearch->MiddleName());
+    mIdNum = gOutpatientSearch->IDNumber();
+    // Kept: an out-patient goes without the middle name here; the slip takes it from the box.
+    mPatientName = gOutpatientSearch->LastName() + u", "_s + gOutpatientSearch->FirstName();
+    mCompany = gOutpatientSearch->Company();
+    mRoomId = u"OPD"_s;
+    return true;
+}
+
+void frmReprint::PutUpGrid() {
+    FlexCells& cells = grdTable->Cells();
+    cells.Clear();
+    for (size_t i = 0; i < kHeadings.size(); ++i)
+        grdTable->SetColWidth(int(i) + 1, kHeadings[i].width);
+    for (size_t i = 0; i < kHeadings.size(); ++i)
+        cells.SetTextMatrix(0, int(i) + 1, QString::fromUtf16(kHeadings[i].text));
+}
+
+void frmReprint::LoadCharges() {
+    RowSet charges = gCurrentUser->SQLConnection()->Execute(ChargesByPatientCommand(mIdNum));
+    PutUpGrid();
+    if (charges.Eof()) {
+        cmdPrint->setEnabled(false);
+        return;
+    }
+    FlexCells& cells = grdTable->Cells();
+    for (int row = 1; !charges.Eof(); ++row, charges.MoveNext()) {
+        cells.SetRows(row + 1);
+        cells.SetTextMatrix(row, Column::kSlip, charges.Fields(u"RefNum").ToText());
+        cells.SetTextMatrix(row, Column::kDate,
+                            Format(charges.Fields(u"TransDate").ToDate(), u"mm/dd/yyyy hh:mmAM/PM"));
+        cells.SetTextMatrix(row, Column::kItem, charges.Fields(u"ItemID").ToText());
+        cells.SetTextMatrix(row, Column::kDescription, charges.Fields(u"Description").TextOrEmpty());
+        cells.SetTextMatrix(row, Column::kQuantity, NumberText(charges.Fields(u"Quantity"), u"0"));
+        cells.SetTextMatrix(row, Column::kAmount, NumberText(charges.Fields(u"Amount"), u"0.00"));
+        cells.SetTextMatrix(row, Column::kEncoder, charges.Fields(u"UserId").ToText());
+        cells.SetTextMatrix(row, Column::kRevenueCode, charges.Fields(u"RevenueID").ToText());
+    }
+    cmdPrint->setEnabled(true);
+}
+
+QString frmReprint::CurrentText(int column) const {
+    const FlexCells& cells = grdTable->Cells();
+    return cells.TextMatrix(cells.Row(), column);
+}
+
+void frmReprint::grdTable_RowColChange() {
+    cmdPrint->setEnabled(!CurrentText(Column::kSlip).isEmpty());
+}
+
+void frmReprint::grdTable_DblClick() {
+    if (cmdPrint->isEnabled())
+        cmdPrint_Click();
+}
+
+void frmReprint::WriteLinesOfSlip() {
+    gConnection->ExecuteNoResult(EmptyChargePrintCommand());
+    const FlexCells& cells = grdTable->Cells();
+    for (int row = 1; row < cells.Rows(); ++row) {
+        if (cells.TextMatrix(row, Column::kSlip) != mSlipNo)
+            continue;
+        const QString revenueCode = cells.TextMatrix(row, Column::kRevenueCode);
+        gCurrentUser->SQLConnection()->ExecuteNoResult(
+            SaveDuplicateLineCommand({.code = revenueCode + cells.TextMatrix(row, Column::kItem),
+                                      .amount = cells.TextMatrix(row, Column::kAmount),
+                                      .quantity = cells.TextMatrix(row, Column::kQuantity),
+                                      .revenueCode = revenueCode,
+                                      .description = cells.TextMatrix(row, Column::kDescription)}));
+    }
+}
+
+void frmReprint::cmdPrint_Click() {
+    mSlipNo = CurrentText(Column::kSlip);
+    mSlipDate = Format(Value(CurrentText(Column::kDate)).ToDate(), u"mm/dd/yyyy");
+    mEncoder = CurrentText(Column::kEncoder);
+    SetMousePointer(MousePointer::Wait);
+    WriteLinesOfSlip();
+    SetMousePointer(MousePointer::Default);
+    const QString name =
+        txtLastName->text() + u", "_s + txtFirstName->text() + u" "_s + txtMiddleName->text();
+    OpenReport(ProgramDirectory() + u"/Reports/Charge_Slip.RPT"_s,
+               {mSlipNo, Format(Now(), u"mm/dd/yyyy"), name, txtIDNum->text(), txtHospNum->text(), mRoomId,
+                Format(Now(), u"hh:mm:ss AM/PM"), mCompany, u"HEMODIALYSIS"_s, gCurrentUser->EmployeeName()});
+    ShowReport(false, u"Print ChargeSlip"_s, false);
+}
+
+/// Empty for a user who is not on file.
+QString frmReprint::IssuerName() const {
+    const RowSet issuer = gCurrentUser->SQLConnection()->Execute(IssuerCommand(mEncoder));
+    if (issuer.Eof())
+        return {};
+    return issuer.Fields(u"LastName").ToText() + u", "_s + issuer.Fields(u"FirstName").ToText();
+}
+
+/// Fills what the older layout prints, each by its name in upper case. Fields of other names keep what the
+/// template has.
+void frmReprint::SetFormulaTexts() const {
+    for (ParameterField& formula : gReport->ParameterFields()) {
+        const QString name = UCase(formula.Name());
+        if (name == u"TITLE"_s)
+            formula.SetCurrentValue(UCase(gHospitalName) + u" CC NO. "_s + mSlipNo);
+        else if (name == u"PATIENT"_s)
+            formula.SetCurrentValue(mPatientName);
+        else if (name == u"COMPANY"_s)
+            formula.SetCurrentValue(mCompany);
+        else if (name == u"ADMNO"_s)
+            formula.SetCurrentValue(mIdNum);
+        else if (name == u"ISSUER"_s)
+            formula.SetCurrentValue(IssuerName());
+        else if (name == u"REMARKS"_s)
+            formula.SetCurrentValue(u"/"_s);
+        else if (name == u"USERID"_s)
+            formula.SetCurrentValue(gCurrentUser->EmployeeCode());
+        else if (name == u"CHARGEDATE"_s)
+            formula.SetCurrentValue(mSlipDate);
+    }
+}
+
+void frmReprint::PrintDirect(QPrinter& printer) {
+    cmdPrint_Click();
+    gReport = ReportEngine().OpenReport(ProgramDirectory() + u"\\ChargeSlip.rpt"_s, kOpenOption);
+    for (ReportTable& table : gReport->Tables())
+        SetTableLogOn(table, u"REPORTS"_s);
+    SetFormulaTexts();
+    const auto pages = gReport->Document();
+    printer.setPageLayout(pages->Paper());
+    const QString problem = Print(*pages, printer);
+    if (!problem.isEmpty())
+        throw RunTimeError(kPrinterError, problem);
+    gReport = {};
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+/// The wards' pending requests to the department.
+QString NurseRequestCommand();
+
+/// The class of a room.
+QString RoomClassCommand(const QString& roomId);
+
+/// The exams asked for under an id number, as lines of the charge screen.
+QString LoadExamCommand(const QString& idNum);
+
+/// Takes a request back in the name of an employee.
+QString RevokeNurseRequestCommand(const QString& requestNumber, const QString& employeeCode);

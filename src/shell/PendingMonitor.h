@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QWidget>
+
+class QFrame;
+class QLabel;
+class QPushButton;
+class QTimer;
+
+/// Asks how many of the wards' requests wait for this department.
+///
+/// Kept: the department is the fixed "HC", whatever department the workstation is set up for.
+QString CheckPendingCommand();
+
+/// The strip of the main window that tells of the wards' requests: while some wait, it shows a picture that
+/// flashes and a line that types itself out. A double click on the picture opens the queue.
+///
+/// It asks four times a second over the one connection, from the start on, behind modal screens too. A
+/// failing question ends the program like any other failure.
+class PendingMonitor : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit PendingMonitor(QWidget* parent);
+
+    /// Starts asking. Nothing is sent before somebody has signed on.
+    void Start();
+    /// Stops every timer, with the end of the main window.
+    void Stop();
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void Layout();
+    void LayoutTimers();
+    void LayoutPending();
+    void LayoutText();
+    QTimer* NewTimer(const char* name, int interval);
+
+    void tmrCheckPending_Timer();
+    void tmrPending_Timer();
+    void Timer2_Timer();
+    void Timer1_Timer();
+    void Image1_DblClick();
+
+    QTimer* tmrCheckPending = nullptr;
+    QTimer* tmrPending = nullptr;
+    QTimer* Timer2 = nullptr;
+    QTimer* Timer1 = nullptr;
+    QTimer* tmrPrepaid = nullptr;
+    QFrame* pctPending = nullptr;
+    QLabel* Image1 = nullptr;
+    QFrame* Picture1 = nullptr;
+    QLabel* Label1 = nullptr;
+    QPushButton* cmdPrepaid = nullptr;
+    /// How many letters the next step types. Goes on where it stood when requests come again.
+    int mTyped = 0;
+};
