@@ -2,7 +2,10 @@
 
 #include "gateway/embedded/HospitalFile.h"
 #include "hospital/HospitalScripts.h"
+#include "shell/RegisterScreens.h"
 #include "shell/shared.h"
+#include "suite/RegisterSuite.h"
+#include "toolkit/ProgramFiles.h"
 
 #include <QFile>
 
@@ -22,4 +25,16 @@ std::shared_ptr<BenchSession> SignOnTo(const QString& hospital) {
     gCurrentUser = session;
     gConnection = session->SQLConnection();
     return session;
+}
+
+bool SetUpProgram(const QString& folder) {
+    QFile configuration(folder + u"/tarvenaux.ini"_s);
+    if (!configuration.open(QIODevice::WriteOnly))
+        return false;
+    configuration.write("DeptCode = HC\nDeptDesc = HEMODIALYSIS\n");
+    configuration.close();
+    SetProgramDirectory(folder);
+    RegisterSuite(folder);
+    RegisterScreens();
+    return true;
 }

@@ -13,3 +13,11 @@ void BenchStart(BenchTable& table, const char* program);
 
 /// A key in the charge grid.
 void BenchKeys(BenchTable& table);
+
+/// The whole program signed on and left alone for a minute while requests wait: processor time, and memory
+/// over 10,000 ticks of the monitor.
+void BenchIdle(BenchTable& table, const char* program);
+
+/// What BenchIdle starts as a process of its own: the program, signed on and left alone; prints the
+/// processor seconds used and the megabytes that the ticks left.
+int ShowIdleProgram(int& argumentCount, char** arguments);

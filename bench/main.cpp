@@ -1,15 +1,12 @@
 #include "shell/Main.h"
 
 #include "Benches.h"
+#include "BenchSession.h"
 #include "BenchTable.h"
 #include "reporting_bench.h"
-#include "shell/RegisterScreens.h"
-#include "suite/RegisterSuite.h"
 #include "toolkit/Application.h"
-#include "toolkit/ProgramFiles.h"
 
 #include <QDialog>
-#include <QFile>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -24,8 +21,8 @@ using namespace Qt::StringLiterals;
 
 // Speed and memory against bare limits that are measured in the same run:
 //   tarven-bench              everything
-//   tarven-bench save         one of save, finder, reports, start, keys
-// The two other modes are what the start benchmark times.
+//   tarven-bench save         one of save, finder, reports, start, keys, idle
+// The three other modes are what the start and the idle benchmark time.
 
 namespace {
 
@@ -47,14 +44,8 @@ int ShowEmptyWindow(int& argumentCount, char** arguments) {
 int ShowSignOnWindow(int& argumentCount, char** arguments) {
     const Application application(argumentCount, arguments);
     const QTemporaryDir folder;
-    QFile configuration(folder.filePath(u"tarvenaux.ini"_s));
-    if (!configuration.open(QIODevice::WriteOnly))
+    if (!SetUpProgram(folder.path()))
         return 1;
-    configuration.write("DeptCode = HC\nDeptDesc = HEMODIALYSIS\n");
-    configuration.close();
-    SetProgramDirectory(folder.path());
-    RegisterSuite(folder.path());
-    RegisterScreens();
     QTimer::singleShot(0, &application, [] {
         // Inside the dialogue's own loop.
         QTimer::singleShot(0, qApp, [] {
@@ -80,6 +71,8 @@ int main(int argc, char** argv) {
         return ShowEmptyWindow(argc, argv);
     if (argc > 1 && std::strcmp(argv[1], "--sign-on-window") == 0)
         return ShowSignOnWindow(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "--idle") == 0)
+        return ShowIdleProgram(argc, argv);
     const Application application(argc, argv);
     BenchTable table;
     // First, since it tells the memory of the whole process.
@@ -93,6 +86,8 @@ int main(int argc, char** argv) {
         BenchStart(table, argv[0]);
     if (Wanted(argc, argv, "keys"))
         BenchKeys(table);
+    if (Wanted(argc, argv, "idle"))
+        BenchIdle(table, argv[0]);
     table.Print();
     return table.AllGood() ? 0 : 1;
 }

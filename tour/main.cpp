@@ -8,6 +8,7 @@
 #include "tour/Album.h"
 #include "tour/CashDesk.h"
 #include "tour/Driver.h"
+#include "tour/Wards.h"
 
 #include <QDir>
 #include <QFile>
@@ -19,8 +20,8 @@
 
 using namespace Qt::StringLiterals;
 
-// The tour: one charge from the sign-on to the slip, and one assessment of a walk-in, keyed as a clerk would,
-// with a picture of each screen.
+// The tour: one charge from the sign-on to the slip, one assessment of a walk-in, what is done after the
+// save, and a ward's request, keyed as a clerk would, with a picture of each screen.
 
 namespace {
 
@@ -117,6 +118,7 @@ void Tour(Driver& clerk) {
     SaveAndPrint(clerk, album);
     slipName = u"assessment-slip"_s;
     VisitCashDesk(clerk, album);
+    VisitWards(clerk, album);
 }
 
 int ExitCode(const QString& failure) {
@@ -146,7 +148,7 @@ int main(int argc, char** argv) {
     SetSaveFileAnswer([](const QString&) { return u"%1/%2.pdf"_s.arg(tourFolder, slipName); });
     RegisterSuite(hospitalFolder.path());
     RegisterScreens();
-    std::printf("The tour of one charge and one assessment:\n");
+    std::printf("The tour of a charge, an assessment and a request:\n");
     Driver clerk;
     QTimer::singleShot(0, &application, [] {
         if (!Main())

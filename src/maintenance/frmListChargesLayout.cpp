@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kGridWidth = 11000;
-constexpr int kGridHeight = 3800;
+constexpr int kGridHeight = 3000;
 /// The fixed column and the nine fields of a charge, as the list has them from the first one on.
 constexpr int kColumnsOfACharge = 10;
 

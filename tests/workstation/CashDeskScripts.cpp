@@ -3,8 +3,6 @@
 #include "shell/shared.h"
 #include "workstation/ClerkKeys.h"
 
-#include <QMessageBox>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -53,16 +51,6 @@ void CloseViewer(Driver& clerk) {
     clerk.Press(Qt::Key_S, Qt::ControlModifier);
     clerk.Press(Qt::Key_Escape);
     clerk.ExpectNoScreen(u"frmReportviewer"_s);
-}
-
-/// Tells a message box and answers it with its default button.
-void AnswerBox(Driver& clerk) {
-    clerk.ExpectScreen(u"MsgBox"_s);
-    clerk.OnScreen([] {
-        const auto* box = qobject_cast<QMessageBox*>(&VisibleControl(u"MsgBox"_s));
-        Tell(box->text());
-    });
-    clerk.Press(Qt::Key_Return);
 }
 
 void FindAssessments(Driver& clerk, const QString& name) {

@@ -25,6 +25,21 @@ class RoadOfOneRequest : public Workstation {
         EXPECT_EQ(program->readLine(), "idle\n") << program->readAllStandardError().toStdString();
         return program;
     }
+
+    /// Takes the requests' table away under a script that waits.
+    void ExpectOneFailure(const QString& script) {
+        const auto program = StartIdle(script);
+        {
+            SqliteDatabase database(HospitalPath(), SqliteDatabase::Mode::Existing);
+            database.Run(u"DROP TABLE \"RADIOLOGY..tbNurseRequest\""_s);
+        }
+        const Run run = WaitForEnd(*program);
+        EXPECT_EQ(run.exitCode, 1);
+        EXPECT_FALSE(run.crashed);
+        ASSERT_EQ(run.told.size(), 1U);
+        EXPECT_THAT(run.told[0].toStdString(), StartsWith("Run-time error"));
+        EXPECT_EQ(run.errors.count(u"Run-time error"_s), 1);
+    }
 };
 
 TEST_F(RoadOfOneRequest, AppearsWhileTheProgramIsIdleIsPostedAndIsGone) {
@@ -63,15 +78,9 @@ TEST_F(RoadOfOneRequest, AppearsWhileTheProgramIsIdleIsPostedAndIsGone) {
 }
 
 TEST_F(RoadOfOneRequest, AQuestionThatFailsEndsTheIdleProgramOnce) {
-    const auto program = StartIdle(u"idle-until-failure"_s);
-    {
-        SqliteDatabase database(HospitalPath(), SqliteDatabase::Mode::Existing);
-        database.Run(u"DROP TABLE \"RADIOLOGY..tbNurseRequest\""_s);
-    }
-    const Run run = WaitForEnd(*program);
-    EXPECT_EQ(run.exitCode, 1);
-    EXPECT_FALSE(run.crashed);
-    ASSERT_EQ(run.told.size(), 1U);
-    EXPECT_THAT(run.told[0].toStdString(), StartsWith("Run-time error"));
-    EXPECT_EQ(run.errors.count(u"Run-time error"_s), 1);
+    ExpectOneFailure(u"idle-until-failure"_s);
+}
+
+TEST_F(RoadOfOneRequest, AQuestionThatFailsBehindAModalScreenEndsTheProgramOnce) {
+    ExpectOneFailure(u"modal-until-failure"_s);
 }

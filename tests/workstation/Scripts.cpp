@@ -1,8 +1,8 @@
 #include "workstation/Scripts.h"
 
-#include "shell/shared.h"
 #include "toolkit/FlexGrid.h"
 #include "workstation/CashDeskScripts.h"
+#include "workstation/ChargeListScripts.h"
 #include "workstation/ClerkKeys.h"
 #include "workstation/WardScripts.h"
 
@@ -12,48 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void FindPatient(Driver& clerk, const QString& menuItem, const QString& name) {
-    clerk.ChooseMenu(menuItem);
-    clerk.ExpectFocus(u"txtLastName"_s);
-    clerk.Type(name);
-    clerk.Press(Qt::Key_Return);
-    clerk.ExpectScreen(u"frmSearchPatient"_s);
-    clerk.ExpectFocus(u"ListView1"_s);
-    clerk.Press(Qt::Key_Return);
-    clerk.ExpectNoScreen(u"frmSearchPatient"_s);
-    Tell(u"patient "_s + clerk.Text(u"txtPno"_s) + u' ' + clerk.Text(u"txtId"_s));
-}
-
-void GoToGrid(Driver& clerk) {
-    clerk.TabTo(u"txtDocID"_s);
-    clerk.Type(u"D001"_s);
-    clerk.Press(Qt::Key_Return);
-    clerk.TabTo(u"txtEntry"_s);
-}
-
-void PressSave(Driver& clerk) {
-    clerk.TabTo(u"cmdPrint"_s);
-    clerk.Press(Qt::Key_Return);
-}
-
-void CloseSlip(Driver& clerk) {
-    clerk.ExpectScreen(u"frmReportviewer"_s);
-    clerk.Press(Qt::Key_S, Qt::ControlModifier);
-    clerk.Press(Qt::Key_Escape);
-    clerk.ExpectNoScreen(u"frmPostCharges"_s);
-    clerk.OnScreen([] { Tell(u"slip "_s + gSlipNumber); });
-}
-
-/// Three lines: a service, a medicine with an own amount, a doctor's fee.
-void KeyThreeLines(Driver& clerk) {
-    GoToGrid(clerk);
-    // Department, code, quantity, price; an HC line ends there.
-    Key(clerk, {u"hc"_s, u"HC001"_s, u"2"_s, QString()});
-    Key(clerk, {u"hb"_s, u"M0002"_s, u"3"_s, QString(), QString()});
-    Key(clerk, {u"md"_s, u"D003"_s, u"1500"_s});
-    Tell(u"total "_s + clerk.Text(u"txtTAmount"_s));
-}
 
 void InPatientCharge(Driver& clerk) {
     SignOn(clerk);
@@ -164,6 +122,7 @@ const std::map<std::string, std::function<void(Driver&)>>& Scripts() {
         {"assessment-apostrophe", AssessmentOfAnApostrophe},
         {"in-patient-charge", InPatientCharge},
         {"out-patient-charge", OutPatientCharge},
+        {"charge-cancelled", ChargeListedAndCancelled},
         {"sign-on-and-fail", SignOnAndFail},
         {"sign-on-problem", SignOnProblem},
         {"exit-by-menu", ExitByMenu},
@@ -174,6 +133,7 @@ const std::map<std::string, std::function<void(Driver&)>>& Scripts() {
         {"full-disk", FullDisk},
         {"ward-request", WardRequest},
         {"idle-until-failure", IdleUntilFailure},
+        {"modal-until-failure", ModalUntilFailure},
     };
     return scripts;
 }

@@ -73,3 +73,11 @@ void IdleUntilFailure(Driver& clerk) {
     TellIdle();
     ReadFailure(clerk);
 }
+
+void ModalUntilFailure(Driver& clerk) {
+    SignOn(clerk);
+    clerk.ChooseMenu(u"mnuReportStatus"_s);
+    clerk.ExpectScreen(u"frmAssessStatus"_s);
+    TellIdle();
+    ReadFailure(clerk);
+}

@@ -9,3 +9,5 @@ class Driver;
 void WardRequest(Driver& clerk);
 /// Signs on and waits idle for the program's end by a failure.
 void IdleUntilFailure(Driver& clerk);
+/// The same behind a modal screen.
+void ModalUntilFailure(Driver& clerk);

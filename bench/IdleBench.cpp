@@ -1,0 +1,98 @@
+#include "Benches.h"
+#include "BenchSession.h"
+#include "BenchTable.h"
+#include "shell/Main.h"
+#include "toolkit/Application.h"
+#include "tour/Driver.h"
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QWidget>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <thread>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::chrono::seconds kIdle{60};
+constexpr int kTicks = 10000;
+constexpr int kWarmUp = 1000;
+
+/// The processor time of the whole process so far, in seconds.
+double ProcessorSeconds() {
+    timespec time{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return double(time.tv_sec) + double(time.tv_nsec) / 1e9;
+}
+
+/// Every timer of the strip elapses that often, faster than by the clock, painting included.
+void Tick(int times) {
+    const auto timers = VisibleControl(u"frmMain"_s).findChildren<QTimer*>();
+    for (int tick = 0; tick < times; ++tick) {
+        for (QTimer* timer : timers) {
+            if (timer->isActive())
+                QMetaObject::invokeMethod(timer, "timeout");
+        }
+        QCoreApplication::processEvents();
+    }
+}
+
+void StayIdle(Driver& clerk) {
+    clerk.ExpectScreen(u"SignOnDialog"_s);
+    clerk.Type(u"NURSE"_s);
+    clerk.Press(Qt::Key_Tab);
+    clerk.Type(u"nurse"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectNoScreen(u"SignOnDialog"_s);
+    // The trial hospital has requests that wait.
+    clerk.ExpectScreen(u"pctPending"_s);
+    const double before = ProcessorSeconds();
+    std::this_thread::sleep_for(kIdle);
+    const double used = ProcessorSeconds() - before;
+    clerk.OnScreen([used] {
+        Tick(kWarmUp);
+        const double held = CurrentMegabytes();
+        Tick(kTicks);
+        std::printf("%f %f\n", used, CurrentMegabytes() - held);
+    });
+}
+
+} // namespace
+
+int ShowIdleProgram(int& argumentCount, char** arguments) {
+    const Application application(argumentCount, arguments);
+    const QTemporaryDir folder;
+    if (!SetUpProgram(folder.path()))
+        return 1;
+    Driver clerk;
+    QTimer::singleShot(0, &application, [] {
+        if (!Main())
+            QCoreApplication::exit(1);
+    });
+    clerk.Start(StayIdle, [](const QString& failure) {
+        std::fputs(qPrintable(failure), stderr);
+        QCoreApplication::exit(failure.isEmpty() ? 0 : 1);
+    });
+    return Application::exec();
+}
+
+void BenchIdle(BenchTable& table, const char* program) {
+    QProcess child;
+    child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    child.start(QString::fromLocal8Bit(program), {u"--idle"_s});
+    if (!child.waitForFinished(10 * 60 * 1000) || child.exitCode() != 0) {
+        std::fprintf(stderr, "the idle program failed\n");
+        std::exit(1);
+    }
+    const QList<QByteArray> figures = child.readAllStandardOutput().trimmed().split(' ');
+    table.AddLimit(u"the idle program with requests pending, %1 s, of one core"_s.arg(kIdle.count()),
+                   figures.value(0).toDouble() / double(kIdle.count()) * 100, 1.0, u"%"_s);
+    table.AddLimit(u"memory that %1 ticks of the monitor leave"_s.arg(kTicks), figures.value(1).toDouble(),
+                   0.5, u"MB"_s);
+}
