@@ -77,7 +77,7 @@ QString RoomClassOf(const QString& roomId) {
     RowSet room = gCurrentUser->SQLConnection()->Open(RoomClassCommand(roomId), CursorType::Dynamic,
                                                       LockType::Optimistic);
     // A room without a class is a mistake in the hospital's tables, and fails.
-    const QString roomClass = room.Eof() ? QString() : room.Fields(u"RoomClassID").ToText();
+    QString roomClass = room.Eof() ? QString() : room.Fields(u"RoomClassID").ToText();
     room.Close();
     return roomClass;
 }
