@@ -15,9 +15,9 @@ void BenchStart(BenchTable& table, const char* program);
 void BenchKeys(BenchTable& table);
 
 /// The whole program signed on and left alone for a minute while requests wait: processor time, and memory
-/// over 10,000 ticks of the monitor.
+/// over 10,000 ticks of the monitor; and how soon a ward's request shows.
 void BenchIdle(BenchTable& table, const char* program);
 
 /// What BenchIdle starts as a process of its own: the program, signed on and left alone; prints the
-/// processor seconds used and the megabytes that the ticks left.
+/// processor seconds used, the megabytes that the ticks left, and the seconds from a request to the strip.
 int ShowIdleProgram(int& argumentCount, char** arguments);

@@ -3,6 +3,7 @@
 #include "charges/clsRevenueCode.h"
 #include "text/Format.h"
 #include "text/RunTimeError.h"
+#include "text/Trim.h"
 #include "text/UCase.h"
 #include "text/Val.h"
 #include "toolkit/FlexCells.h"
@@ -97,7 +98,7 @@ int ChargeLines::WriteCentre(const clsRevenueCode& centre) {
     mCells.SetTextMatrix(row, Column::kDepartment, centre.RevenueID());
     mCells.SetTextMatrix(row, Column::kParticular, centre.Revenue());
     const QString quantity = mCells.TextMatrix(row, mDifferences.quantityCol);
-    if (!mDifferences.quantityKept || quantity.trimmed().isEmpty())
+    if (!mDifferences.quantityKept || Trim(quantity).isEmpty())
         mCells.SetTextMatrix(row, mDifferences.quantityCol, u"1"_s);
     if (mDifferences.centreWritten) {
         mCells.SetTextMatrix(row, Column::kWithItems, centre.WithItems());
@@ -129,11 +130,11 @@ void ChargeLines::RewriteAsAmount() {
 }
 
 bool ChargeLines::Check_Code(const QString& strCode) const {
-    const QString department = mCells.TextMatrix(mCells.Row(), Column::kDepartment).trimmed();
+    const QString department = Trim(mCells.TextMatrix(mCells.Row(), Column::kDepartment));
     // Kept: the last line is left out, however many lines there are; CheckDuplicateExam sees it afterwards.
     for (int row = 1; row <= mCells.Rows() - 2; ++row) {
-        if (row != mCells.Row() && mCells.TextMatrix(row, Column::kDepartment).trimmed() == department &&
-            mCells.TextMatrix(row, Column::kCode).trimmed() == strCode.trimmed())
+        if (row != mCells.Row() && Trim(mCells.TextMatrix(row, Column::kDepartment)) == department &&
+            Trim(mCells.TextMatrix(row, Column::kCode)) == Trim(strCode))
             return true;
     }
     return false;

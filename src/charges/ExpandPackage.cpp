@@ -7,6 +7,7 @@
 #include "shell/shared.h"
 #include "text/Clock.h"
 #include "text/Format.h"
+#include "text/Trim.h"
 #include "toolkit/Screens.h"
 
 #include <QRadioButton>
@@ -43,8 +44,8 @@ PackageItem ReadItem(const RowSet& rows) {
 }
 
 void ForEachItem(const QString& packageCode, const std::function<void(const PackageItem&)>& step) {
-    RowSet rows = gCurrentUser->SQLConnection()->Open(PackageCommand(packageCode.trimmed()),
-                                                      CursorType::Dynamic, LockType::ReadOnly);
+    RowSet rows = gCurrentUser->SQLConnection()->Open(PackageCommand(Trim(packageCode)), CursorType::Dynamic,
+                                                      LockType::ReadOnly);
     for (; !rows.Eof(); rows.MoveNext())
         step(ReadItem(rows));
     rows.Close();

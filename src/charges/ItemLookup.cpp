@@ -6,6 +6,7 @@
 #include "text/Format.h"
 #include "text/IsNumeric.h"
 #include "text/RunTimeError.h"
+#include "text/Trim.h"
 #include "toolkit/FlexCells.h"
 #include "toolkit/MsgBox.h"
 
@@ -155,7 +156,7 @@ void ItemLookup::TakeService(QString& code, Item& item) const {
 }
 
 void ItemLookup::TakeRate(Item& item) const {
-    const QString letter = gRoomClass.trimmed();
+    const QString letter = Trim(gRoomClass);
     const qsizetype rate = letter.size() == 1 ? kRateLetters.indexOf(letter.front()) : -1;
     if (rate >= 0)
         item.price = gListing->OtherRevenueRecord().Rates[static_cast<size_t>(rate)];

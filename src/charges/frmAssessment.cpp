@@ -11,6 +11,7 @@
 #include "shell/shared.h"
 #include "text/Format.h"
 #include "text/RunTimeError.h"
+#include "text/Trim.h"
 #include "text/UCase.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
@@ -141,7 +142,7 @@ void frmAssessment::SaveLine(int row, const QString& number) {
     }
     gCurrentUser->SQLConnection()->ExecuteNoResult(
         AssessmentCommand({.number = number,
-                           .patientName = txtSname->text().trimmed(),
+                           .patientName = Trim(txtSname->text()),
                            .code = code,
                            .department = department,
                            .quantity = mGrid->Text(row, kColumnQuantity),
@@ -149,12 +150,12 @@ void frmAssessment::SaveLine(int row, const QString& number) {
                            .userCode = gCurrentUser->EmployeeCode(),
                            .hospitalNumber = txtHospNum->text(),
                            .visitNumber = txtIdnum->text(),
-                           .requestingDoctorCode = txtDoctorID->text().trimmed(),
+                           .requestingDoctorCode = Trim(txtDoctorID->text()),
                            .requestingDoctorName = txtDoctor->text()}));
 }
 
 bool frmAssessment::SaveAssessment(QString& number) {
-    if (txtSname->text().trimmed().isEmpty()) {
+    if (Trim(txtSname->text()).isEmpty()) {
         MsgBox({.text = u"Please enter the patients name."_s,
                 .icon = MsgIcon::Exclamation,
                 .title = u"Assessment"_s});

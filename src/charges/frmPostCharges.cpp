@@ -13,6 +13,7 @@
 #include "text/Format.h"
 #include "text/IsNumeric.h"
 #include "text/RunTimeError.h"
+#include "text/Trim.h"
 #include "text/UCase.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
@@ -120,7 +121,7 @@ QString frmPostCharges::TakeSlipNumber() {
                                                          LockType::Optimistic);
     if (!counter.Eof()) {
         const Value number = counter.Fields(u"ChargeSlip");
-        slipNumber = u"H"_s + number.ToText().trimmed() + u"C"_s;
+        slipNumber = u"H"_s + Trim(number.ToText()) + u"C"_s;
         counter.SetField(u"ChargeSlip", number.ToInteger() + 1);
         counter.Update();
         gCurrentUser->SQLConnection()->ExecuteNoResult(ClearChargePrintCommand());

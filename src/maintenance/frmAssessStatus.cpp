@@ -5,6 +5,7 @@
 #include "reporting/Reports.h"
 #include "shell/shared.h"
 #include "text/IsDate.h"
+#include "text/Trim.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
@@ -230,8 +231,8 @@ void frmAssessStatus::cmdRevoke_Click() {
 /// Each line is a write of its own: a failure leaves the lines before it revoked.
 void frmAssessStatus::RevokeEveryLineOf(const QString& reference) {
     CommandGateway& connection = *gCurrentUser->SQLConnection();
-    RowSet lines = connection.Open(LinesOfReferenceCommand(reference.trimmed()), CursorType::Dynamic,
-                                   LockType::ReadOnly);
+    RowSet lines =
+        connection.Open(LinesOfReferenceCommand(Trim(reference)), CursorType::Dynamic, LockType::ReadOnly);
     while (!lines.Eof()) {
         // The lines are found by the trimmed reference and revoked by the one that the list shows.
         connection.ExecuteNoResult(AssessRevokeCommand(lines.Fields(u"AssessNum").ToText(), reference,
@@ -242,7 +243,7 @@ void frmAssessStatus::RevokeEveryLineOf(const QString& reference) {
 }
 
 void frmAssessStatus::cmdPrint_Click() {
-    const QString reference = CurrentText(Column::kReference).trimmed();
+    const QString reference = Trim(CurrentText(Column::kReference));
     RowSet lines = gCurrentUser->SQLConnection()->Open(AssessmentSlipCommand(reference), CursorType::Dynamic,
                                                        LockType::ReadOnly, CursorLocation::Client);
     QString number;

@@ -8,7 +8,9 @@
 #include "shell/shared.h"
 #include "text/Clock.h"
 #include "text/Format.h"
+#include "text/RunTimeError.h"
 #include "text/ToText.h"
+#include "text/Trim.h"
 #include "text/UCase.h"
 #include "text/Val.h"
 #include "toolkit/FlexGrid.h"
@@ -85,7 +87,10 @@ QString frmListCharges::FinderText() const {
 }
 
 void frmListCharges::SetBox(const QString& name, const QString& text) {
-    findChild<QLineEdit*>(name)->setText(text);
+    auto* box = findChild<QLineEdit*>(name);
+    if (!box)
+        throw RunTime::Error(RunTime::kObjectNotSet);
+    box->setText(text);
 }
 
 void frmListCharges::Picked() {
@@ -172,11 +177,11 @@ void frmListCharges::Get_Charges() {
 }
 
 void frmListCharges::ReprintSlip() {
-    const QString slipNumber = CurrentText(Column::kSlip).trimmed();
+    const QString slipNumber = Trim(CurrentText(Column::kSlip));
     // The database is told first: a slip that fails to print counts as printed again.
     gCurrentUser->SQLConnection()->ExecuteNoResult(ReprintChargeSlipCommand(slipNumber));
-    const QString name = txtLastName->text().trimmed() + u", "_s + txtFirstName->text().trimmed() + u" "_s +
-                         txtMiddleName->text().trimmed();
+    const QString name = Trim(txtLastName->text()) + u", "_s + Trim(txtFirstName->text()) + u" "_s +
+                         Trim(txtMiddleName->text());
     OpenReport(ProgramDirectory() + u"/Reports/Charge_Slip.RPT"_s,
                {slipNumber, Format(Now(), u"mm/dd/yyyy"), name, txtId->text(), txtPno->text(),
                 txtRoom->text(), Format(Now(), u"hh:mm:ss AM/PM"), gAccountNumber, gStationName,

@@ -12,6 +12,7 @@
 #include "shell/shared.h"
 #include "text/Format.h"
 #include "text/IsDate.h"
+#include "text/Trim.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
@@ -194,7 +195,7 @@ void frmNursingRequest::grdRequest_KeyPress(int& keyAscii) {
 
 /// Neither the patient type nor the charge mode changes; both stay as the last menu entry set them.
 void frmNursingRequest::ProcessRequest() {
-    const QString roomClass = RoomClassOf(CurrentText(QueueColumn::kRoomId).trimmed());
+    const QString roomClass = RoomClassOf(Trim(CurrentText(QueueColumn::kRoomId)));
     auto& charges = Screens::Get<frmPostCharges>();
     charges.SetBox(u"txtPno"_s, CurrentText(QueueColumn::kHospitalNumber));
     charges.SetBox(u"txtId"_s, CurrentText(QueueColumn::kIdNumber));
@@ -242,7 +243,7 @@ void frmNursingRequest::cmdCancel_Click() {
 }
 
 void frmNursingRequest::Command1_Click() {
-    PrintConsultation(CurrentText(QueueColumn::kRequestNumber).trimmed());
+    PrintConsultation(Trim(CurrentText(QueueColumn::kRequestNumber)));
 }
 
 void frmNursingRequest::PrintConsultation(const QString& strRequestNum) {

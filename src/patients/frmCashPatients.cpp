@@ -5,6 +5,7 @@
 #include "patients/frmWalkIn.h"
 #include "shell/shared.h"
 #include "text/Format.h"
+#include "text/Trim.h"
 #include "text/UCase.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
@@ -212,8 +213,8 @@ void frmCashPatients::ResetGrid() {
 
 void frmCashPatients::SearchWalkIns() {
     SetMousePointer(MousePointer::Wait);
-    RowSet found = gConnection->Execute(
-        WalkInCommand(Format(cmbSearch->currentIndex(), u"0"), txtSearch->text().trimmed()));
+    RowSet found =
+        gConnection->Execute(WalkInCommand(Format(cmbSearch->currentIndex(), u"0"), Trim(txtSearch->text())));
     ResetGrid();
     if (!found.Eof()) {
         grdTable->SetRedraw(false);

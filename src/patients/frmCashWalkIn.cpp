@@ -7,6 +7,7 @@
 #include "patients/PatientContext.h"
 #include "shell/shared.h"
 #include "text/IsNumeric.h"
+#include "text/Trim.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
@@ -71,14 +72,14 @@ void OpenHits() {
     for (const CashKind& kind : CashKinds()) {
         if (kind.letter == gPatientType)
             gCashRecordset = gCurrentUser->SQLConnection()->Open(
-                GetCashPatientCommand(gCashSearchCopy.trimmed(), kind.argument), kind.cursor, kind.lock);
+                GetCashPatientCommand(Trim(gCashSearchCopy), kind.argument), kind.cursor, kind.lock);
     }
 }
 
 /// What the pick shows of the patient decides the class: a visit's number ends in "B", a walk-in has none,
 /// and a hospital number with a letter in it is no in-patient's.
 bool IsOutsideTheRooms(const QString& idNumber) {
-    return idNumber.isEmpty() || idNumber.trimmed().endsWith(u'B') || !IsNumeric(gHospitalNumber);
+    return idNumber.isEmpty() || Trim(idNumber).endsWith(u'B') || !IsNumeric(gHospitalNumber);
 }
 
 void TakeRoomClass(const QString& idNumber, const FlexCells& cells) {

@@ -9,6 +9,7 @@
 #include "text/DateDiff.h"
 #include "text/RunTimeError.h"
 #include "text/ToText.h"
+#include "text/Trim.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
 #include "toolkit/MaskedEdit.h"
@@ -213,7 +214,7 @@ bool frmCashWalkInPatient::TakeTown(bool found) {
     }
     const AddressListing& address = gListing->AddressRecord();
     mTownCode = address.ResultCode;
-    txtInfo[Info::kTown]->setText(address.Town.trimmed() + u", "_s + address.Province.trimmed());
+    txtInfo[Info::kTown]->setText(Trim(address.Town) + u", "_s + Trim(address.Province));
     SendTab();
     return true;
 }
@@ -233,7 +234,7 @@ bool frmCashWalkInPatient::TakeCivilStatus(bool found) {
 void frmCashWalkInPatient::mskBirth_KeyPress(int& keyAscii) {
     if (keyAscii != Key::kEnter)
         return;
-    if (mskBirth->Text().trimmed() != kEmptyBirth)
+    if (Trim(mskBirth->Text()) != kEmptyBirth)
         txtInfo[Info::kAge]->setText(AgeToday(mskBirth->Text()));
     SendTab();
     keyAscii = 0;
@@ -256,7 +257,7 @@ void frmCashWalkInPatient::cmdOption_Click(int index) {
 void frmCashWalkInPatient::Save() {
     const QString lastName = txtInfo[Info::kLastName]->text();
     const QString firstName = txtInfo[Info::kFirstName]->text();
-    if (lastName.trimmed().isEmpty() && firstName.trimmed().isEmpty()) {
+    if (Trim(lastName).isEmpty() && Trim(firstName).isEmpty()) {
         MsgBox({.text = u"Please enter the Patient`s lastname and firstname!"_s, .title = u"Message"_s});
         txtInfo[Info::kLastName]->setFocus();
         return;
@@ -268,9 +269,9 @@ void frmCashWalkInPatient::Save() {
                                       .street = txtInfo[Info::kStreet]->text(),
                                       .barangay = txtInfo[Info::kBarangay]->text(),
                                       .townCode = mTownCode,
-                                      .birthDate = mskBirth->Text().trimmed(),
+                                      .birthDate = Trim(mskBirth->Text()),
                                       .age = txtInfo[Info::kAge]->text(),
-                                      .sex = cboSex->currentText().trimmed() == u"Male"_s ? u"M"_s : u"F"_s,
+                                      .sex = Trim(cboSex->currentText()) == u"Male"_s ? u"M"_s : u"F"_s,
                                       .civilStatusCode = mCivilStatusCode}));
     gPatientType = u"W"_s;
     gCashSearchText = lastName;

@@ -35,7 +35,9 @@ void FlexCells::CheckCol(int col) const {
 void FlexCells::SetRows(int rows) {
     if (rows < 1)
         throw RunTimeError(kInvalidRow, u"Invalid Row value"_s);
-    if (rows != mRows)
+    if (rows > mRows && !mBound)
+        AppendRows(rows);
+    else if (rows != mRows)
         Resize(rows, mCols);
 }
 
@@ -44,6 +46,13 @@ void FlexCells::SetCols(int cols) {
         throw RunTimeError(kInvalidCol, u"Invalid Col value"_s);
     if (cols != mCols)
         Resize(mRows, cols);
+}
+
+void FlexCells::AppendRows(int rows) {
+    beginInsertRows({}, mRows - 1, rows - 2);
+    mTexts.resize(size_t(rows) * size_t(mCols));
+    mRows = rows;
+    endInsertRows();
 }
 
 void FlexCells::Resize(int rows, int cols) {

@@ -73,6 +73,9 @@ class FlexCells : public QAbstractTableModel {
     size_t At(int row, int col) const { return size_t(row) * size_t(mCols) + size_t(col); }
     /// Makes the texts the grid's own before the first write to a bound grid.
     void OwnTexts();
+    /// Adds empty rows behind the others without setting up the view anew, so that a list can be written row
+    /// by row.
+    void AppendRows(int rows);
     void Resize(int rows, int cols);
     void ClampCurrent();
     Qt::Alignment AlignmentOf(int row, int col) const;

@@ -64,8 +64,17 @@ TEST_P(ChargeGridEditorTest, EditorFollowsTheColumnsBackToTheirWidths) {
     EXPECT_EQ(editor.geometry(), before);
     grid.setColumnWidth(0, 200);
     ASSERT_NE(editor.geometry(), before);
-    cells.SetRows(10);
+    cells.SetRows(8);
     EXPECT_EQ(editor.geometry(), before);
+}
+
+TEST_P(ChargeGridEditorTest, LineThatIsAddedLeavesTheColumnAsTheClerkWidenedIt) {
+    OpenByFocus(2, 2);
+    grid.setColumnWidth(0, 200);
+    const QRect widened = editor.geometry();
+    cells.SetRows(10);
+    EXPECT_EQ(editor.geometry(), widened);
+    EXPECT_EQ(grid.columnWidth(0), 200);
 }
 
 TEST_P(ChargeGridEditorTest, EditorStandsOnTheRightInTheNumbersAlone) {

@@ -156,6 +156,35 @@ TEST_F(Cancellation, ReprintPutsTheSlipIntoThePrintTableAndIsRecorded) {
               (std::vector<QStringList>{{u"REPRINT"_s, u"11/21/2026 10:15:00 AM"_s}}));
 }
 
+TEST_F(Cancellation, ReprintOfNoSlipIsNotRecorded) {
+    const QString before = Cell(u"SELECT COUNT(*) FROM BILLING..tbAuditTrail"_s);
+    Run(u"Clinical_Area..spEarCare_SaveChargePrint 'OLD','1','1','HC','OLD', 'O'"_s);
+    Run(u"Clinical_Area..spEarCare_ReprintChargeSlip ''"_s);
+    EXPECT_EQ(Cell(u"SELECT COUNT(*) FROM BILLING..tbAuditTrail"_s), before);
+    EXPECT_EQ(Cell(u"SELECT COUNT(*) FROM Clinical_Area..tbEarCareChargePrint"_s), u"0"_s);
+}
+
+TEST_F(Cancellation, LineOfAnItemThatIsTwiceOnTheSlipIsNotReversedTwice) {
+    Post(u"MD"_s, u"D003"_s, u""_s, u"500.00"_s, u"(PF) DR. CASTAÑEDA, LUIS"_s);
+    for (const QString& amount : {u"1500"_s, u"500"_s}) {
+        CancelService(u"MD"_s, u"D003"_s, u""_s, amount);
+        const QString left = Left(u"MD"_s, u"D003"_s).front()[0];
+        CancelService(u"MD"_s, u"D003"_s, u""_s, amount);
+        EXPECT_EQ(Left(u"MD"_s, u"D003"_s).front()[0], left) << amount.toStdString();
+    }
+    EXPECT_EQ(Left(u"MD"_s, u"D003"_s).front()[0], u"0"_s);
+}
+
+TEST_F(Cancellation, StockLineOfAnItemThatIsTwiceOnTheSlipIsNotTakenBackTwice) {
+    Post(u"HB"_s, u"M0002"_s, u"1"_s, u"1017.00"_s, u"EPOETIN ALFA 4000 IU"_s);
+    const QString line = Slip()[3][8];
+    CancelStock(u"M0002"_s, u"1"_s, u"-1017"_s, line);
+    const QString onHand = OnHand(u"M0002"_s);
+    CancelStock(u"M0002"_s, u"1"_s, u"-1017"_s, line);
+    EXPECT_EQ(OnHand(u"M0002"_s), onHand);
+    EXPECT_EQ(Left(u"HB"_s, u"M0002"_s).front()[0], u"2034"_s);
+}
+
 TEST_F(Cancellation, EachReprintIsRecordedWithItsTimeAndCount) {
     Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9002C'"_s);
     Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9001C'"_s);

@@ -9,6 +9,15 @@ namespace {
 class WardRequests : public HospitalTest {
   protected:
     std::vector<QStringList> Queue() { return Rows(u"Clinical_Area..spEarCare_NurseRequest"_s); }
+    /// A ward's request of today for three of an item, without a station.
+    void Ask(const QString& hospitalNumber, const QString& idNumber, const QString& doctor,
+             const QString& centre, const QString& item) {
+        Run(u"INSERT INTO RADIOLOGY..tbNurseRequest (RequestDate, DeptCode, HospNum, IdNum, StationID, "
+            u"DoctorID, "
+            "RequestedBy, RevenueID, ItemID, Quantity) VALUES ('20261121','HC','%1','%2','','%3','REYES "
+            "RN','%4',"
+            "'%5',3)"_s.arg(hospitalNumber, idNumber, doctor, centre, item));
+    }
     QString Pending() { return Cell(u"RADIOLOGY..spRadio_CheckPending 'HC'"_s); }
 };
 
@@ -117,6 +126,71 @@ TEST_F(WardRequests, RoomThatIsOnNoListIsPricedAsTheWard) {
         admission));
     Run(u"UPDATE PATIENT_DATA..tbpatient SET RoomID = 'NONE' WHERE IdNum = '%1'"_s.arg(admission));
     EXPECT_EQ(Rows(u"CLinical_Area..spEarCare_LoadExamEntry '%1'"_s.arg(admission)).front()[4], u"350.00"_s);
+}
+
+TEST_F(WardRequests, WhatIsNotOnFileIsListedAsWellAsCounted) {
+    Ask(u"NONE"_s, u"NONE"_s, u"NONE"_s, u"QQ"_s, u"NONE"_s);
+    EXPECT_EQ(Pending(), u"10"_s);
+    ASSERT_EQ(Queue().size(), 10U);
+    const QStringList row = Queue().back();
+    EXPECT_EQ(row.mid(0, 9), QStringList({u"NONE"_s, u"NONE"_s, u"NULL"_s, u"NULL"_s, u"NULL"_s, u"NONE"_s,
+                                          u""_s, u"QQ"_s, u"REYES RN"_s}));
+    EXPECT_EQ(row.mid(12, 8),
+              QStringList({u"NULL"_s, u"NULL"_s, u"NULL"_s, u"NULL"_s, u"NULL"_s, u""_s, u"NONE"_s, u""_s}));
+    EXPECT_EQ(row[22], u"I"_s);
+    EXPECT_EQ(Rows(u"CLinical_Area..spEarCare_LoadExamEntry 'NONE'"_s),
+              (std::vector<QStringList>{{u"QQ"_s, u"NONE"_s, u""_s, u"3"_s, u"0.00"_s, u"0.00"_s, u"N"_s,
+                                         u"Y"_s, u"N"_s, u""_s, u""_s, u""_s}}));
+    const QStringList form = Rows(u"RADIOLOGY.dbo.spRadio_Consultation '%1'"_s.arg(row[23])).at(0);
+    EXPECT_EQ(form.mid(4, 9), QStringList({u"NONE"_s, u"NONE"_s, u""_s, u""_s, u"NULL"_s, u"NULL"_s, u""_s,
+                                           u"NULL"_s, u""_s}));
+    EXPECT_EQ(form[16], u""_s);
+}
+
+TEST_F(WardRequests, OutPatientIsFoundInHisVisit) {
+    const QStringList visit = Rows(u"SELECT TOP 1 o.HospNum, o.IdNum, m.LastName, CONVERT(varchar(10), "
+                                   "o.AdmDate, 101) FROM PATIENT_DATA..tboutpatient AS o INNER JOIN "
+                                   "PATIENT_DATA..tbmaster AS m ON m.HospNum = o.HospNum ORDER BY o.IdNum"_s)
+                                  .front();
+    Ask(visit[0], visit[1], u"D005"_s, u"HC"_s, u"HC018"_s);
+    ASSERT_EQ(Queue().size(), 10U);
+    const QStringList row = Queue().back();
+    EXPECT_EQ(row.mid(0, 3), visit.mid(0, 3));
+    EXPECT_EQ(row.mid(16, 2), QStringList({visit[3], u"OPD"_s}));
+    EXPECT_EQ(row[22], u"O"_s);
+    EXPECT_EQ(
+        Rows(u"CLinical_Area..spEarCare_LoadExamEntry '%1'"_s.arg(visit[1])).at(0).mid(0, 6),
+        QStringList({u"HC"_s, u"HC018"_s, u"DIALYZER REPROCESSING"_s, u"3"_s, u"350.00"_s, u"1050.00"_s}));
+    const QStringList form = Rows(u"RADIOLOGY.dbo.spRadio_Consultation '%1'"_s.arg(row[23])).at(0);
+    EXPECT_EQ(form[5], visit[1]);
+    EXPECT_EQ(form.mid(9, 2), row.mid(16, 2));
+}
+
+TEST_F(WardRequests, StockItemIsLoadedAtItsInPatientPriceAndPostedFromStock) {
+    const QStringList item = Rows(u"SELECT ItemName, CAST(SellingPriceIn AS decimal(12, 2)), "
+                                  u"CAST(SellingPriceIn * 3 AS decimal(12, 2)) "
+                                  "FROM INVENTORY..tbInvMaster WHERE ItemID = 'M0002'"_s)
+                                 .front();
+    const QString onHand =
+        u"SELECT SUM(QtyIn) - SUM(QtyOut) FROM INVENTORY..tbInvStockCard WHERE ItemID = 'M0002'"_s;
+    const double before = Cell(onHand).toDouble();
+    Ask(u"100050"_s, u"700124"_s, u"D005"_s, u"HB"_s, u"M0002"_s);
+    const QStringList row = Queue().back();
+    EXPECT_EQ(row[6], item[0]);
+    EXPECT_EQ(Rows(u"RADIOLOGY.dbo.spRadio_Consultation '%1'"_s.arg(row[23])).at(0)[16], item[0]);
+    const auto lines = Rows(u"CLinical_Area..spEarCare_LoadExamEntry '700124'"_s);
+    ASSERT_EQ(lines.size(), 1U);
+    const QStringList& line = lines.front();
+    EXPECT_EQ(line.mid(0, 4), QStringList({u"HB"_s, u"M0002"_s, item[0], u"3"_s}));
+    EXPECT_EQ(line[4].toDouble(), item[1].toDouble());
+    EXPECT_GT(line[4].toDouble(), 0);
+    EXPECT_EQ(line[5].toDouble(), item[2].toDouble());
+    EXPECT_EQ(line.mid(6, 4), QStringList({u"N"_s, u"N"_s, u"Y"_s, u"1"_s}));
+    Run(Call(u"Clinical_Area..spEarCare_Append_Charging"_s,
+             {row[0], row[1], u"11/21/2026 10:15"_s, line[0], u"D"_s, line[1], line[3], u"H1C"_s, line[5],
+              u"NURSE"_s, row[17], row[18], u""_s, u"I"_s, line[2]}));
+    EXPECT_EQ(Pending(), u"9"_s);
+    EXPECT_EQ(Cell(onHand).toDouble(), before - 3);
 }
 
 TEST_F(WardRequests, AdmissionWithoutRequestsLoadsNoLines) {

@@ -1,6 +1,7 @@
 #include "maintenance/ListChargesGround.h"
 #include "patients/frmSearchPatient.h"
 #include "support/CaseName.h"
+#include "toolkit/ListView.h"
 
 #include <QTest>
 
@@ -61,6 +62,30 @@ TEST_F(CancelChargeTest, FeeIsUpdatedTooWithItsEmptyQuantity) {
     DoubleClickRow(2);
     EXPECT_TRUE(gateway.IsDone());
     EXPECT_TRUE(stockItem->entries.empty());
+}
+
+TEST_F(CancelChargeTest, SlipNumberAndItemOfAServiceGoAsTheListShowsThem) {
+    const ChargedLine line = {u"HC"_s, u" X1 "_s, u"1"_s, u"10.0000"_s, u" H1043C "_s};
+    OpenList({line});
+    ExpectYes(line);
+    gateway.Expect(u"Clinical_ARea..spEarCare_UpdateCharging '100085','104233',' X1 ','10','1',"
+                   "'11/21/2026 10:30:15 AM','HC','NURSE','I','C','301-A',' H1043C ',''"_s);
+    ExpectList({});
+    Click(Cancel());
+    EXPECT_TRUE(gateway.IsDone());
+}
+
+TEST_F(CancelChargeTest, SlipNumberAndItemOfAStockItemGoAsTheListShowsThem) {
+    const ChargedLine line = {u"HB"_s, u" X1 "_s, u"1"_s, u"10.0000"_s, u" H1043C "_s};
+    OpenList({line});
+    ExpectYes(line);
+    ExpectFreshFinder();
+    ExpectList({});
+    Click(Cancel());
+    EXPECT_TRUE(gateway.IsDone());
+    ASSERT_EQ(stockItem->entries.size(), 1U);
+    EXPECT_EQ(stockItem->entries[0].itemID, u" X1 "_s);
+    EXPECT_EQ(stockItem->entries[0].referenceNumber, u" H1043C "_s);
 }
 
 TEST_F(CancelChargeTest, AmountOfAServiceGoesWithTheSignThatTheListShows) {
@@ -157,6 +182,41 @@ TEST_F(CancelChargeTest, StockItemTakesThePatientTypeOfAnOpenFinderAndTheRoomSho
     EXPECT_EQ(stockItem->entries[0].room, u"ROOM SHOWN"_s);
 }
 
+TEST_F(CancelChargeTest, FinderOfAStockItemStaysLoadedWithTheHitsOfThatPatient) {
+    OpenList({medicine});
+    ExpectYes(medicine);
+    gateway.Expect(
+        u"Clinical_Area..spEarCare_GetPatient 'I',' CRUZ '"_s,
+        Rows({u"hospital #"_s, u"Admission #"_s, u"Patient Name"_s, u"admission date"_s, u"Billing Date"_s},
+             {{u"100085"_s, u"104233"_s, u"CRUZ, JUAN"_s, Value(), Value()}}));
+    ExpectList({});
+    Click(Cancel());
+    ASSERT_TRUE(Screens::IsLoaded<frmSearchPatient>());
+    auto& finder = Screens::Get<frmSearchPatient>();
+    EXPECT_FALSE(finder.isVisible());
+    Box("txtLastName").setText(u"REYES"_s);
+    Press(Box("txtLastName"), Qt::Key_Return);
+    EXPECT_EQ(&Screens::Get<frmSearchPatient>(), &finder);
+    EXPECT_TRUE(finder.isVisible());
+    EXPECT_TRUE(gateway.IsDone()) << "nothing is asked for the new name";
+    const ListView& hits = Find<ListView>(finder, "ListView1");
+    ASSERT_EQ(hits.model()->rowCount(), 1);
+    EXPECT_EQ(hits.model()->index(0, 2).data().toString(), u"CRUZ, JUAN"_s);
+}
+
+TEST_F(CancelChargeTest, ApostropheInTheNameEndsAStockCancellationBeforeAnythingIsWritten) {
+    OpenList({medicine});
+    Box("txtLastName").setText(u"O'BRIEN"_s);
+    ExpectYes(medicine);
+    gateway.ExpectFailure(u"Clinical_Area..spEarCare_GetPatient 'I','O'BRIEN'"_s,
+                          RunTimeError(102, u"Incorrect syntax near 'BRIEN'."_s));
+    Click(Cancel());
+    EXPECT_EQ(TakeFailure(), 102);
+    EXPECT_EQ(messages.Shown().size(), 1U) << "after the question";
+    EXPECT_TRUE(stockItem->entries.empty());
+    EXPECT_TRUE(gateway.IsDone());
+}
+
 struct DepartmentCase {
     const char* name;
     QString department;
@@ -247,6 +307,7 @@ TEST_F(CancelChargeTest, DoubleClickCancelsBeforeTheButtonsAreEnabled) {
     auto& screen = Open();
     ExpectList({service});
     screen.Get_Charges();
+    EXPECT_TRUE(OptionsAreEnabled()) << "a list that has lines does so by itself";
     Reprint().setEnabled(false);
     Cancel().setEnabled(false);
     ExpectVerify(service, {});

@@ -122,6 +122,29 @@ TEST_F(frmListChargesTest, EnterInTheLastNameOpensTheFinderNotModal) {
     EXPECT_FALSE(Screens::Get<frmSearchPatient>().IsModal());
 }
 
+TEST_F(frmListChargesTest, TabOfTheNameArrivesInTheFinderAndReachesTheRows) {
+    FakeWorkspace workspace;
+    Activate(workspace);
+    Open();
+    Box("txtLastName").setText(u"CRUZ"_s);
+    gateway.Expect(FinderCommand(u"I"_s, u"CRUZ"_s),
+                   Patients({{u"100085"_s, u"104233"_s, u"CRUZ, JUAN"_s, Value(), Value()}}));
+    Press(Box("txtLastName"), Qt::Key_Return);
+    RunEvents();
+    EXPECT_TRUE(Find<ListView>(Screens::Get<frmSearchPatient>(), "ListView1").hasFocus());
+    Screens::Clear();
+}
+
+TEST_F(frmListChargesTest, BoxThatThereIsNotFails) {
+    auto& screen = Open();
+    try {
+        screen.SetBox(u"txtNone"_s, u"X"_s);
+        ADD_FAILURE();
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Number(), RunTime::kObjectNotSet);
+    }
+}
+
 TEST_F(frmListChargesTest, OutPatientsAreSoughtAfterAClickOnTheirType) {
     Open();
     Click(PatientType(1));
@@ -170,14 +193,18 @@ TEST_F(frmListChargesTest, ListShowsTheRowsUnderItsHeadersInItsWidths) {
     EXPECT_EQ(Cells().Rows(), 3);
     EXPECT_EQ(Cells().Cols(), 10);
     QStringList headers;
-    for (int col = 0; col < 9; ++col)
+    for (int col = 0; col < 10; ++col)
         headers << Cells().TextMatrix(0, col);
-    EXPECT_EQ(headers, QStringList({u"  "_s, u"Dept. "_s, u"Item. #"_s, u" Item   Description    "_s,
-                                    u"QTY"_s, u"Amount "_s, u"ChargeSlip #"_s, u"Field7"_s, u"Field8"_s}));
+    EXPECT_EQ(headers,
+              QStringList({u"  "_s, u"Dept. "_s, u"Item. #"_s, u" Item   Description    "_s, u"QTY"_s,
+                           u"Amount "_s, u"ChargeSlip #"_s, u"Field7"_s, u"Field8"_s, u"Field9"_s}));
     std::vector<int> widths;
     for (int col = 0; col < 8; ++col)
         widths.push_back(Grid().ColWidth(col));
     EXPECT_EQ(widths, (std::vector<int>{1, 500, 800, 3500, 800, 900, 1800, 2000}));
+    const FlexGrid fresh;
+    for (const int col : {8, 9})
+        EXPECT_EQ(Grid().ColWidth(col), fresh.ColWidth(col)) << col;
     EXPECT_EQ(Cells().TextMatrix(2, 1), u"HB"_s);
     EXPECT_EQ(Cells().TextMatrix(2, 5), u"2034.5"_s);
     EXPECT_EQ(Cells().TextMatrix(2, 9), u"LINE7"_s);
@@ -244,12 +271,18 @@ TEST_F(frmListChargesTest, DoubleClickBringsTheButtonsBackIntoSight) {
     EXPECT_TRUE(OptionsAreShown());
 }
 
-TEST_F(frmListChargesTest, FailingListEndsInTheGeneralFailure) {
-    Open();
+TEST_F(frmListChargesTest, FailingListEndsInTheGeneralFailureOverAnEmptiedGrid) {
+    OpenList({service, medicine});
     gateway.ExpectFailure(u"Clinical_Area..SpEarCare_List_AllCharges '100085','104233','HC'"_s,
                           RunTimeError(2812, u"Could not find stored procedure"_s));
     Click(ListButton());
     EXPECT_EQ(TakeFailure(), 2812);
+    EXPECT_EQ(Cells().Rows(), 2);
+    EXPECT_EQ(Cells().Cols(), 8);
+    EXPECT_EQ(Cells().TextMatrix(0, 2), u"Item. #"_s);
+    EXPECT_EQ(Cells().TextMatrix(0, 6), u"ChargeSlip #"_s);
+    EXPECT_EQ(Cells().TextMatrix(0, 7), u""_s);
+    EXPECT_EQ(Cells().TextMatrix(1, 2), u""_s);
 }
 
 TEST_F(frmListChargesTest, ReprintTellsTheDatabaseAndFillsTheSlip) {
@@ -263,6 +296,27 @@ TEST_F(frmListChargesTest, ReprintTellsTheDatabaseAndFillsTheSlip) {
                                     u"STATION 3"_s, u"ANA REYES"_s}));
     EXPECT_TRUE(gateway.IsDone());
     EXPECT_FALSE(gReport.IsSet());
+}
+
+TEST_F(frmListChargesTest, ReprintTrimsBlanksAlone) {
+    const ChargeSlipPrint slip(programDirectory);
+    OpenList({{u"HB"_s, u"M0002"_s, u"2"_s, u"1.0000"_s, u" \tH1043C "_s}});
+    gateway.Expect(u"Clinical_Area..spEarCare_ReprintChargeSlip '\tH1043C'"_s);
+    EXPECT_EQ(ChargeSlipPrint::Values(u"RE-Print ChargeSlip"_s, [] { Click(Reprint()); }).at(0),
+              u"\tH1043C"_s);
+}
+
+TEST_F(frmListChargesTest, ReprintAfterAPickIsOfTheBlankHeaderRow) {
+    const ChargeSlipPrint slip(programDirectory);
+    auto& screen = Open();
+    List({service});
+    screen.Picked();
+    gateway.Expect(u"Clinical_Area..spEarCare_ReprintChargeSlip ''"_s);
+    EXPECT_EQ(ChargeSlipPrint::Values(u"RE-Print ChargeSlip"_s, [] { Click(Reprint()); }),
+              (std::vector<QString>{u""_s, u"11/21/2026"_s, u"CRUZ, JUAN SY"_s, u"104233"_s, u"100085"_s,
+                                    u"ROOM SHOWN"_s, u"10:30:15 AM"_s, u"500123"_s, u"STATION 3"_s,
+                                    u"ANA REYES"_s}));
+    EXPECT_TRUE(gateway.IsDone());
 }
 
 TEST_F(frmListChargesTest, ReprintThatFailsToPrintStaysRecorded) {

@@ -244,6 +244,15 @@ TEST_F(frmReprintTest, PrintFollowsTheSlipNumberOfTheCurrentRow) {
     EXPECT_TRUE(gateway.IsDone()) << "a double click does nothing while Print is disabled";
 }
 
+TEST_F(frmReprintTest, MoveToAnotherColumnOfTheSameRowEnablesPrintToo) {
+    OpenPatient({line});
+    PrintButton().setEnabled(false);
+    Press(Grid(), Qt::Key_Right);
+    ASSERT_EQ(Cells().Row(), 1);
+    ASSERT_EQ(Cells().Col(), 2);
+    EXPECT_TRUE(PrintButton().isEnabled());
+}
+
 TEST_F(frmReprintTest, ExitClosesWithoutAQuestion) {
     Open();
     Click(Close());

@@ -99,6 +99,26 @@ TEST_F(ProcessRequestTest, TheExamsBecomeTheLinesOfTheGrid) {
     EXPECT_EQ(Lines().TextMatrix(0, 4), u"Quantity"_s);
 }
 
+TEST_F(ProcessRequestTest, OfMoreThanEightExamsTheScreenKeepsEight) {
+    std::vector<std::vector<QString>> exams;
+    for (int exam = 1; exam <= 10; ++exam)
+        exams.push_back({u"HC"_s, u"HC%1"_s.arg(exam)});
+    Process(OfCruz(), exams);
+    EXPECT_EQ(Lines().Rows(), 9);
+    EXPECT_EQ(Lines().TextMatrix(1, 2), u"HC1"_s);
+    EXPECT_EQ(Lines().TextMatrix(8, 2), u"HC8"_s);
+}
+
+TEST_F(ProcessRequestTest, RoomIsAskedForWithoutItsBlanksAlone) {
+    Request request = OfCruz();
+    request[18] = u" \t301-A "_s;
+    Open({request});
+    ExpectRoom(u"\t301-A"_s, {});
+    ExpectExams(u"700121"_s, {});
+    DoubleClickRow(1);
+    EXPECT_TRUE(gateway.IsDone());
+}
+
 TEST_F(ProcessRequestTest, TheTotalIsNotComputed) {
     Process(OfCruz(), twoExams);
     EXPECT_EQ(Box("txtTAmount"), u"0.00"_s);
@@ -138,7 +158,7 @@ TEST_F(ProcessRequestTest, WithoutExamsTheGridGainsOneRowAndKeepsItsLines) {
     Open({OfCruz()});
     ExpectRoom(u"301-A"_s, {{u"C"_s}});
     gateway.Expect(LoadExamCommand(u"700121"_s), Exams({}));
-    QObject::connect(&Lines(), &QAbstractItemModel::modelReset, &workspace,
+    QObject::connect(&Lines(), &QAbstractItemModel::rowsInserted, &workspace,
                      [&rows] { rows = std::max(rows, Lines().Rows()); });
     DoubleClickRow(1);
     EXPECT_EQ(rows, 10);

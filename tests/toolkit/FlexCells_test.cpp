@@ -93,6 +93,23 @@ TEST(FlexCells, GrowingTheGridLeavesTheCurrentCell) {
     EXPECT_EQ(cells.Row(), 3);
 }
 
+TEST(FlexCells, RowsThatAreAddedDoNotSetTheViewUpAnew) {
+    FlexCells cells;
+    cells.SetTextMatrix(1, 1, u"kept"_s);
+    int resets = 0;
+    std::vector<std::pair<int, int>> added;
+    QObject::connect(&cells, &QAbstractItemModel::modelReset, &cells, [&resets] { ++resets; });
+    QObject::connect(&cells, &QAbstractItemModel::rowsInserted, &cells,
+                     [&added](const QModelIndex&, int first, int last) { added.emplace_back(first, last); });
+    cells.SetRows(3);
+    cells.SetRows(6);
+    EXPECT_EQ(resets, 0);
+    EXPECT_EQ(added, (std::vector<std::pair<int, int>>{{1, 1}, {2, 4}}));
+    EXPECT_EQ(cells.TextMatrix(1, 1), u"kept"_s);
+    EXPECT_EQ(cells.TextMatrix(5, 1), QString());
+    EXPECT_EQ(cells.rowCount(), 5);
+}
+
 TEST(FlexCells, TheCurrentCellIsReadAndWrittenByText) {
     FlexCells cells;
     cells.SetRows(3);

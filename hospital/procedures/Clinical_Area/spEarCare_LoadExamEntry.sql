@@ -1,5 +1,6 @@
--- The pending requests for one admission as lines of the charge screen, column for column, priced by the rate of
--- the patient's room.
+-- The pending requests for one admission or visit as lines of the charge screen, column for column. A service is
+-- priced by the rate of the patient's room, rate A where he has none; a stock item by its in-patient price. What is
+-- neither comes without name and price.
 USE Clinical_Area;
 GO
 
@@ -9,7 +10,7 @@ AS
 BEGIN
     SET NOCOUNT ON;
 
-    SELECT x.RevenueID AS Department, x.ItemID AS Code, x.OtherRevenue AS Particular,
+    SELECT x.RevenueID AS Department, x.ItemID AS Code, x.Particular,
            CAST(x.Quantity AS varchar(10)) AS Quantity,
            CAST(CAST(x.Rate AS decimal(12, 2)) AS varchar(15)) AS Price,
            CAST(CAST(x.Rate * x.Quantity AS decimal(12, 2)) AS varchar(15)) AS Amount,
@@ -18,16 +19,20 @@ BEGIN
            CASE WHEN x.SearchInventory = 1 THEN 'Y' ELSE 'N' END AS FromStock,
            COALESCE(x.LocationID, '') AS LocationID, '' AS Column11, '' AS Column12
     FROM (
-        SELECT n.RequestNum, n.RevenueID, n.ItemID, n.Quantity, s.OtherRevenue, r.WithItems, r.SearchInventory,
-               r.LocationID,
-               CASE k.RoomClassID WHEN 'B' THEN s.RateB WHEN 'C' THEN s.RateC WHEN 'D' THEN s.RateD
-                                  WHEN 'E' THEN s.RateE WHEN 'F' THEN s.RateF WHEN 'G' THEN s.RateG
-                                  WHEN 'H' THEN s.RateH ELSE s.RateA END AS Rate
+        SELECT n.RequestNum, n.RevenueID, n.ItemID, n.Quantity, COALESCE(s.OtherRevenue, i.ItemName, '') AS Particular,
+               COALESCE(r.WithItems, 'N') AS WithItems, r.SearchInventory, r.LocationID,
+               CASE WHEN s.ItemID IS NULL THEN COALESCE(i.SellingPriceIn, 0)
+                    WHEN k.RoomClassID = 'B' THEN s.RateB WHEN k.RoomClassID = 'C' THEN s.RateC
+                    WHEN k.RoomClassID = 'D' THEN s.RateD WHEN k.RoomClassID = 'E' THEN s.RateE
+                    WHEN k.RoomClassID = 'F' THEN s.RateF WHEN k.RoomClassID = 'G' THEN s.RateG
+                    WHEN k.RoomClassID = 'H' THEN s.RateH ELSE s.RateA END AS Rate
         FROM RADIOLOGY..tbNurseRequest AS n
-        INNER JOIN PATIENT_DATA..tbpatient AS p ON p.IdNum = n.IdNum
-        INNER JOIN build_file..tbCoOtherRevenue AS s ON s.RevenueID = n.RevenueID AND s.ItemID = n.ItemID
-        INNER JOIN build_file..tbCoRevenue AS r ON r.RevenueID = n.RevenueID
+        LEFT JOIN PATIENT_DATA..tbpatient AS p ON p.IdNum = n.IdNum
         LEFT JOIN build_file..tbCoRoom AS k ON k.RoomID = p.RoomID
+        LEFT JOIN build_file..tbCoOtherRevenue AS s ON s.RevenueID = n.RevenueID AND s.ItemID = n.ItemID
+        LEFT JOIN build_file..tbCoRevenue AS r ON r.RevenueID = n.RevenueID
+        LEFT JOIN INVENTORY..tbInvMaster AS i
+            ON i.ItemID = n.ItemID AND i.SectionID = r.LocationID AND r.SearchInventory = 1
         WHERE n.IdNum = @IdNum AND n.DeptCode = 'HC' AND n.Status = 'P'
     ) AS x
     ORDER BY x.RequestNum;

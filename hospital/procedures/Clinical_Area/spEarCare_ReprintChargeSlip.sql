@@ -1,5 +1,5 @@
 -- Records the re-print of a slip, with its time and how often it has been re-printed by now, and puts the slip's lines,
--- reversals included, into the print table.
+-- reversals included, into the print table. An empty number is no slip, and no re-print of one is recorded.
 USE Clinical_Area;
 GO
 
@@ -19,9 +19,10 @@ BEGIN
     ORDER BY c.ChargeID;
 
     INSERT INTO BILLING..tbAuditTrail (AuditDate, Event, RefNum, Times)
-    SELECT GETDATE(), 'REPRINT', @RefNum, COUNT(*) + 1
-    FROM BILLING..tbAuditTrail AS a
-    WHERE a.RefNum = @RefNum AND a.Event = 'REPRINT';
+    SELECT GETDATE(), 'REPRINT', @RefNum, x.Times
+    FROM (SELECT COUNT(*) + 1 AS Times FROM BILLING..tbAuditTrail AS a
+          WHERE a.RefNum = @RefNum AND a.Event = 'REPRINT') AS x
+    WHERE @RefNum <> '';
 
     COMMIT TRANSACTION;
 END

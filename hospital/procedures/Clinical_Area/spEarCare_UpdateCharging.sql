@@ -1,5 +1,6 @@
--- Cancels one charge line of a service or a doctor's fee by a reversal on the account. Nothing happens where no
--- charge is left, or where the line given is a reversal itself.
+-- Cancels one charge line of a service or a doctor's fee by a reversal on the account. The line is known by its
+-- amount. Nothing happens where every charge of that amount has its reversal, or where the line given is a reversal
+-- itself.
 USE Clinical_Area;
 GO
 
@@ -31,9 +32,9 @@ BEGIN
     WHERE @Amount > 0
       AND c.ChargeID = (SELECT MIN(o.ChargeID) FROM BILLING..tbPatientCharges AS o
                         WHERE o.IdNum = @IdNum AND o.HospNum = @HospNum AND o.RefNum = @RefNum AND o.ItemID = @ItemID
-                          AND o.RevenueID = @RevenueID AND o.RecordType = 'D')
-      AND (SELECT SUM(t.Amount) FROM BILLING..tbPatientCharges AS t
-           WHERE t.IdNum = @IdNum AND t.RefNum = @RefNum AND t.ItemID = @ItemID AND t.RevenueID = @RevenueID)
-          >= @Amount;
+                          AND o.RevenueID = @RevenueID AND o.RecordType = 'D' AND o.Amount = @Amount)
+      AND (SELECT SUM(CASE WHEN t.RecordType = 'D' THEN 1 ELSE -1 END) FROM BILLING..tbPatientCharges AS t
+           WHERE t.IdNum = @IdNum AND t.RefNum = @RefNum AND t.ItemID = @ItemID AND t.RevenueID = @RevenueID
+             AND ABS(t.Amount) = @Amount) > 0;
 END
 GO

@@ -1,5 +1,6 @@
 -- Writes one movement on a stock card. A movement of type C takes an issue back: the charge line that it names is
--- reversed on the patient's account as well, unless nothing is left of it. Any other type is an issue.
+-- reversed on the patient's account as well, unless every charge of its amount has its reversal. Any other type is an
+-- issue.
 USE INVENTORY;
 GO
 
@@ -39,9 +40,9 @@ BEGIN
     INNER JOIN INVENTORY..tbInvMaster AS i ON i.ItemID = c.ItemID AND i.SectionID = r.LocationID
     WHERE @RecordType = 'C' AND @Amount < 0 AND r.SearchInventory = 1
       AND c.ChargeID = CAST(@ChargeLine AS int) AND c.IdNum = @IdNum AND c.RecordType = 'D'
-      AND (SELECT SUM(t.Amount) FROM BILLING..tbPatientCharges AS t
-           WHERE t.IdNum = c.IdNum AND t.RefNum = c.RefNum AND t.ItemID = c.ItemID AND t.RevenueID = c.RevenueID)
-          + @Amount >= 0;
+      AND (SELECT SUM(CASE WHEN t.RecordType = 'D' THEN 1 ELSE -1 END) FROM BILLING..tbPatientCharges AS t
+           WHERE t.IdNum = c.IdNum AND t.RefNum = c.RefNum AND t.ItemID = c.ItemID AND t.RevenueID = c.RevenueID
+             AND ABS(t.Amount) = 0 - @Amount) > 0;
 
     INSERT INTO BILLING..tbPatientCharges
         (HospNum, IdNum, PatientType, TransDate, RevenueID, RecordType, ItemID, Description, Quantity, Units, Amount,
@@ -52,9 +53,9 @@ BEGIN
     FROM BILLING..tbPatientCharges AS c
     WHERE @RecordType = 'C' AND @Amount < 0
       AND c.ChargeID = CAST(@ChargeLine AS int) AND c.IdNum = @IdNum AND c.RecordType = 'D'
-      AND (SELECT SUM(t.Amount) FROM BILLING..tbPatientCharges AS t
-           WHERE t.IdNum = c.IdNum AND t.RefNum = c.RefNum AND t.ItemID = c.ItemID AND t.RevenueID = c.RevenueID)
-          + @Amount >= 0;
+      AND (SELECT SUM(CASE WHEN t.RecordType = 'D' THEN 1 ELSE -1 END) FROM BILLING..tbPatientCharges AS t
+           WHERE t.IdNum = c.IdNum AND t.RefNum = c.RefNum AND t.ItemID = c.ItemID AND t.RevenueID = c.RevenueID
+             AND ABS(t.Amount) = 0 - @Amount) > 0;
 
     COMMIT TRANSACTION;
 END

@@ -10,17 +10,23 @@ BEGIN
     SET NOCOUNT ON;
 
     SELECT h.company, h.Address1, n.RequestNum, n.RequestDate, n.HospNum, n.IdNum,
-           CONCAT(m.LastName, ', ', m.FirstName, ' ', m.MiddleName) AS Patient,
-           CASE WHEN m.Sex = 'M' THEN 'MALE' ELSE 'FEMALE' END AS Sex, m.BirthDate,
-           CONVERT(varchar(10), p.AdmDate, 101) AS AdmDate, p.RoomID, t.Station,
-           CONCAT('DR. ', d.FirstName, ' ', d.LastName) AS Doctor, n.RequestedBy, n.RevenueID, n.ItemID,
-           COALESCE(s.OtherRevenue, '') AS ItemDesc, n.Quantity, n.Remarks
+           CASE WHEN m.HospNum IS NULL THEN '' ELSE CONCAT(m.LastName, ', ', m.FirstName, ' ', m.MiddleName) END
+               AS Patient,
+           CASE WHEN m.HospNum IS NULL THEN '' WHEN m.Sex = 'M' THEN 'MALE' ELSE 'FEMALE' END AS Sex, m.BirthDate,
+           CONVERT(varchar(10), COALESCE(p.AdmDate, o.AdmDate), 101) AS AdmDate,
+           COALESCE(p.RoomID, CASE WHEN o.IdNum IS NULL THEN '' ELSE 'OPD' END) AS RoomID, t.Station,
+           CASE WHEN d.DoctorID IS NULL THEN '' ELSE CONCAT('DR. ', d.FirstName, ' ', d.LastName) END AS Doctor,
+           n.RequestedBy, n.RevenueID, n.ItemID, COALESCE(s.OtherRevenue, i.ItemName, '') AS ItemDesc, n.Quantity,
+           n.Remarks
     FROM RADIOLOGY..tbNurseRequest AS n
-    INNER JOIN PATIENT_DATA..tbpatient AS p ON p.IdNum = n.IdNum
-    INNER JOIN PATIENT_DATA..tbmaster AS m ON m.HospNum = n.HospNum
+    LEFT JOIN PATIENT_DATA..tbmaster AS m ON m.HospNum = n.HospNum
+    LEFT JOIN PATIENT_DATA..tbpatient AS p ON p.IdNum = n.IdNum
+    LEFT JOIN PATIENT_DATA..tboutpatient AS o ON o.IdNum = n.IdNum
     LEFT JOIN build_file..tbCoStation AS t ON t.StationID = n.StationID
     LEFT JOIN build_file..tbCoDoctor AS d ON d.DoctorID = n.DoctorID
     LEFT JOIN build_file..tbCoOtherRevenue AS s ON s.RevenueID = n.RevenueID AND s.ItemID = n.ItemID
+    LEFT JOIN build_file..tbCoRevenue AS r ON r.RevenueID = n.RevenueID AND r.SearchInventory = 1
+    LEFT JOIN INVENTORY..tbInvMaster AS i ON i.ItemID = n.ItemID AND i.SectionID = r.LocationID
     LEFT JOIN PATIENT_DATA..tbhospitalInfo AS h ON 1 = 1
     WHERE n.RequestNum = @RequestNum;
 END
