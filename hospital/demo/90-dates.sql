@@ -41,6 +41,11 @@ SET RequestDate = DATEADD(day, DATEDIFF(day, '20260101', GETDATE()), RequestDate
     ClosedDate = DATEADD(day, DATEDIFF(day, '20260101', GETDATE()), ClosedDate);
 GO
 
+UPDATE HEMODIALYSIS..tbHemodialysisResultEntry
+SET ResultDate = CONVERT(varchar(10), DATEADD(day, DATEDIFF(day, '20260101', GETDATE()),
+                                              CAST(ResultDate AS datetime)), 101);
+GO
+
 UPDATE PATIENT_DATA..tbwalkin
 SET Age = CAST(DATEDIFF(year, BirthDate, GETDATE())
                - CASE WHEN MONTH(GETDATE()) * 100 + DAY(GETDATE()) < MONTH(BirthDate) * 100 + DAY(BirthDate)

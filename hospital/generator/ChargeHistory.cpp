@@ -130,6 +130,7 @@ void ChargeMaker::MakeSlip(const Episode& episode, Moment moment) {
     const QString slip = u"H%1C"_s.arg(mHistory.nextSlip++);
     const QString user = Clerk(mPrng);
     const std::vector<Line> lines = TreatmentLines(episode);
+    mHistory.treatments.push_back({&episode, moment, slip, user});
     for (const Line& line : lines)
         Write(episode, moment, line, false, slip, user, u"HC"_s);
     if (mPrng.Chance(2)) {

@@ -24,6 +24,14 @@ struct WardRequest {
     std::optional<Moment> closed;
 };
 
+/// A treatment that was charged.
+struct Treatment {
+    const Episode* episode = nullptr;
+    Moment moment;
+    QString slip;
+    QString user;
+};
+
 /// What the posted months leave behind for the scripts after the charges'.
 struct ChargeHistory {
     /// The number for the next slip.
@@ -33,6 +41,8 @@ struct ChargeHistory {
     /// Some slips, which the desk printed once more.
     std::vector<std::pair<QString, Moment>> reprinted;
     std::vector<WardRequest> requests;
+    /// In the order of their slips.
+    std::vector<Treatment> treatments;
 };
 
 /// Writes the charges that were posted to the accounts in the hospital's months, day by day and slip by slip.

@@ -7,6 +7,7 @@
 #include "InsertWriter.h"
 #include "NameLists.h"
 #include "PatientList.h"
+#include "TreatmentRecords.h"
 
 #include <algorithm>
 
@@ -35,6 +36,7 @@ class Generator {
         WriteStockCards();
         WriteAssessmentsAndTrail();
         WriteRequests();
+        WriteTreatments();
         WriteDates();
     }
 
@@ -62,6 +64,7 @@ class Generator {
     void WriteStockCards();
     void WriteAssessmentsAndTrail();
     void WriteRequests();
+    void WriteTreatments();
     void WriteDates();
     void MoveDates(const QString& table, const QStringList& columns);
 
@@ -415,6 +418,19 @@ void Generator::WriteRequests() {
     writer.Finish();
 }
 
+void Generator::WriteTreatments() {
+    mScript = u"85-treatments"_s;
+    const TreatmentRecords records = MakeTreatmentRecords(mPatients, mHistory.treatments);
+    InsertWriter writer = Into(u"HEMODIALYSIS..tbHemodialysisResultEntry"_s, records.columns.join(", "_L1));
+    for (const QStringList& row : records.rows) {
+        writer.Begin();
+        for (const QString& value : row)
+            writer.TextOrNull(value);
+        writer.End();
+    }
+    writer.Finish();
+}
+
 /// Everything moves from the base day to today, so that the hospital is never a day old. Birth dates stand.
 void Generator::WriteDates() {
     mScript = u"90-dates"_s;
@@ -426,6 +442,11 @@ void Generator::WriteDates() {
     MoveDates(u"BILLING..tbAuditTrail"_s, {u"AuditDate"_s});
     MoveDates(u"INVENTORY..tbInvStockCard"_s, {u"TransDate"_s, u"EntryDate"_s});
     MoveDates(u"RADIOLOGY..tbNurseRequest"_s, {u"RequestDate"_s, u"ClosedDate"_s});
+    // The date of a treatment record is a text, as a nurse writes it.
+    Emit(u"UPDATE HEMODIALYSIS..tbHemodialysisResultEntry\n"
+         "SET ResultDate = CONVERT(varchar(10), DATEADD(day, DATEDIFF(day, '%1', GETDATE()),\n"
+         "                                              CAST(ResultDate AS datetime)), 101);"_s.arg(
+             DayText(BaseDay())));
     Emit(u"UPDATE PATIENT_DATA..tbwalkin\n"
          "SET Age = CAST(DATEDIFF(year, BirthDate, GETDATE())\n"
          "               - CASE WHEN MONTH(GETDATE()) * 100 + DAY(GETDATE()) < MONTH(BirthDate) * 100 + "

@@ -40,6 +40,10 @@ inline QString gDischargeDate;
 /// Room text, "OPD" for out-patients. Set by the load routines, read by the ledger report.
 inline QString gRoomID;
 
+/// The ultrasound examination picked last, its name and its code. Set by frmSearcher, read by no one.
+inline QString gUltraExam;
+inline QString gUltraExamID;
+
 /// What a search of the cash patient list goes by: the gCashSearchText of that moment.
 inline QString gCashSearchCopy;
 /// The hits of the cash patient list while they go into its grid; closed before and after.
@@ -49,7 +53,7 @@ inline RowSet gCashRecordset;
 inline void ResetPatientContext() {
     for (QString* text :
          {&gPatientType, &gHospitalNumber, &gIDNumber, &gRoomClass, &gStationName, &gAccountNumber, &gCompany,
-          &gAdmissionDate, &gDischargeDate, &gRoomID, &gCashSearchCopy})
+          &gAdmissionDate, &gDischargeDate, &gRoomID, &gCashSearchCopy, &gUltraExam, &gUltraExamID})
         text->clear();
     gCashRecordset = RowSet();
     for (Value* value : {&gDoctor1, &gDoctor2, &gDoctor3, &gDoctor2Code})

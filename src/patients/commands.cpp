@@ -34,3 +34,38 @@ QString AddCashPatientCommand(const WalkInEntry& entry) {
                                    entry.barangay, entry.townCode};
     return u"PATIENT_DATA..spAddCashPatient '"_s + arguments.join(u"','"_s) + u"'"_s;
 }
+
+QString ListWalkInCommand(const QString& searchBy, const QString& text) {
+    return u"PATIENT_DATA..spGlobal_ListWalkIn '"_s + searchBy + u"','"_s + text + u"'"_s;
+}
+
+QString LoadWalkInCommand(const QString& hospitalNumber) {
+    return u"PATIENT_DATA..spGlobal_LoadWalkIn '"_s + hospitalNumber + u"'"_s;
+}
+
+QString UpdateWalkInCommand(const QString& hospitalNumber, const WalkInEntry& entry) {
+    const QStringList arguments = {hospitalNumber,  entry.lastName, entry.firstName, entry.middleName,
+                                   entry.birthDate, entry.age,      entry.sex,       entry.civilStatusCode,
+                                   entry.street,    entry.barangay, entry.townCode};
+    return u"PATIENT_DATA..spGlobal_UpdateWalkIn '"_s + arguments.join(u"','"_s) + u"'"_s;
+}
+
+QString RegisteredOPDCommand(const QString& current, const QString& kind, const QString& text) {
+    // Kept: a blank stands before the last argument only.
+    return u"BILLING..spGlobal_RegisteredOPD '"_s + current + u"','"_s + kind + u"', '"_s + text + u"'"_s;
+}
+
+QString SearchBilledPatientCommand(const QString& patientType, const QString& text) {
+    return u"HEMODIALYSIS..spKidney_SearchPatient '"_s + patientType + u"','"_s + text + u"'"_s;
+}
+
+QString UltraExamsCommand() {
+    // Kept: the first heading is misspelled.
+    return u"select ultraexam as UtraExam, ultraexamid as UltraExamId from build_file..tbcoultraexam"_s;
+}
+
+QString SearchUltraExamCommand(const QString& text) {
+    // Kept: no blank stands behind "like".
+    return u"select ultraexam, ultraexamid from build_file..tbcoultraexam where ultraexam like'"_s + text +
+           u"%'"_s;
+}

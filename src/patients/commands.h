@@ -39,3 +39,22 @@ struct WalkInEntry {
 QString EarCareAddCashPatientCommand(const WalkInEntry& entry);
 /// Registers a walk-in from the older entry screen, which sends the same facts in another order.
 QString AddCashPatientCommand(const WalkInEntry& entry);
+
+/// Lists walk-ins by last name ("0") or by hospital number ("1") for the correction of their records.
+QString ListWalkInCommand(const QString& searchBy, const QString& text);
+/// The record of one walk-in.
+QString LoadWalkInCommand(const QString& hospitalNumber);
+/// Corrects the record of a walk-in.
+QString UpdateWalkInCommand(const QString& hospitalNumber, const WalkInEntry& entry);
+
+/// Lists out-patient visits: the current ones alone ("1") or all ("0"), by last name ("0") or by admission
+/// number ("1").
+QString RegisteredOPDCommand(const QString& current, const QString& kind, const QString& text);
+
+/// Lists the patients of a type who have a billing record.
+QString SearchBilledPatientCommand(const QString& patientType, const QString& text);
+
+/// Every ultrasound examination.
+QString UltraExamsCommand();
+/// The ultrasound examinations whose name begins with the text.
+QString SearchUltraExamCommand(const QString& text);

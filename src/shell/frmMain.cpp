@@ -8,6 +8,7 @@
 #include "maintenance/frmListCharges.h"
 #include "maintenance/frmReprint.h"
 #include "patients/frmSearchPatient.h"
+#include "patients/frmWalkInUpdate.h"
 #include "patients/PatientContext.h"
 #include "shell/frmAbout.h"
 #include "shell/frmSetup.h"
@@ -155,6 +156,10 @@ void frmMain::OpenPostCharges(const QString& patientType) {
 
 void frmMain::OpenSearchPatient() {
     Screens::Get<frmSearchPatient>().Show();
+}
+
+void frmMain::OpenWalkInUpdate() {
+    Screens::Get<frmWalkInUpdate>().ShowModal();
 }
 
 void frmMain::mnuAssessment_Click() {

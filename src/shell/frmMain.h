@@ -29,6 +29,8 @@ class frmMain : public QMainWindow, private Workspace {
 
     /// Opens the patient finder. Kept: nothing calls it.
     void OpenSearchPatient();
+    /// Opens the correction of a walk-in's record, modally. Kept: nothing calls it.
+    void OpenWalkInUpdate();
 
     /// The toolbar's buttons and dropdown items by their keys, compared exactly.
     void Toolbar1_ButtonClick(const QString& key);

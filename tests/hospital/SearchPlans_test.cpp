@@ -57,21 +57,29 @@ QTemporaryDir* SearchPlans::mFolder = nullptr;
 EmbeddedGateway* SearchPlans::mGateway = nullptr;
 
 TEST_F(SearchPlans, EverySearchAmongManyPatientsIsASearchOnAnIndex) {
-    for (const QString& command :
-         {u"Clinical_Area..spEarCare_GetPatient 'I','DELA CRUZ'"_s,
-          u"Clinical_Area..spEarCare_GetPatient 'O','MUÑ'"_s,
-          u"CLINICAL_AREA..spEarCare_GetCashPatient  'DELA','1'"_s,
-          u"PATIENT_DATA..spGlobal_WalkIn '0', 'DEL'"_s,
-          u"select * from patient_data..tboutpatient where idnum = '104233B'"_s,
-          u"Clinical_Area..SpEarCare_List_AllCharges '100233','104233B','HC'"_s,
-          u"Clinical_Area..spEarCare_VerifyCharges '104233B','HC001','H1042C','HC'"_s,
-          u"Clinical_Area..spEarCare_AssessmentStatus '1','DELA'"_s,
-          u"SELECT AssessNum, RefNum, Revenueid FROM BILLING..tbCashAssessment WHERE RefNum = '5010'"_s,
-          u"Clinical_Area..spEarCare_LoadExamEntry '700100'"_s, u"Clinical_Area..spEarCare_NurseRequest"_s,
-          u"RADIOLOGY..spRadio_CheckPending 'HC'"_s, u"Hemodialysis..spKidney_ChargesbyPatient '104233B'"_s,
-          u"Hemodialysis..spKidney_Rates 'HC'"_s,
-          u"Select RoomClassID from build_file..tbCoRoom Where RoomID = 'W201' "_s,
-          u"SELECT * FROM HEMODIALYSIS..tbhemopackage WHERE PackageCode = 'PK001'"_s})
+    for (
+        const QString& command :
+        {u"Clinical_Area..spEarCare_GetPatient 'I','DELA CRUZ'"_s,
+         u"Clinical_Area..spEarCare_GetPatient 'O','MUÑ'"_s,
+         u"CLINICAL_AREA..spEarCare_GetCashPatient  'DELA','1'"_s,
+         u"PATIENT_DATA..spGlobal_WalkIn '0', 'DEL'"_s,
+         u"PATIENT_DATA..spGlobal_ListWalkIn '0','DEL'"_s,
+         u"PATIENT_DATA..spGlobal_LoadWalkIn 'W000001'"_s,
+         u"BILLING..spGlobal_RegisteredOPD '0','1', '104233B'"_s,
+         u"HEMODIALYSIS..spKidney_SearchPatient 'I','DELA'"_s,
+         u"select * from hemodialysis..tbHemodialysisResultEntry where idnum = '104233B'and requestnum='H1'"_s,
+         u"select * from patient_data..tboutpatient where idnum = '104233B'"_s,
+         u"Clinical_Area..SpEarCare_List_AllCharges '100233','104233B','HC'"_s,
+         u"Clinical_Area..spEarCare_VerifyCharges '104233B','HC001','H1042C','HC'"_s,
+         u"Clinical_Area..spEarCare_AssessmentStatus '1','DELA'"_s,
+         u"SELECT AssessNum, RefNum, Revenueid FROM BILLING..tbCashAssessment WHERE RefNum = '5010'"_s,
+         u"Clinical_Area..spEarCare_LoadExamEntry '700100'"_s,
+         u"Clinical_Area..spEarCare_NurseRequest"_s,
+         u"RADIOLOGY..spRadio_CheckPending 'HC'"_s,
+         u"Hemodialysis..spKidney_ChargesbyPatient '104233B'"_s,
+         u"Hemodialysis..spKidney_Rates 'HC'"_s,
+         u"Select RoomClassID from build_file..tbCoRoom Where RoomID = 'W201' "_s,
+         u"SELECT * FROM HEMODIALYSIS..tbhemopackage WHERE PackageCode = 'PK001'"_s})
         EXPECT_EQ(Scans(command), QStringList()) << command.toStdString();
     // What a scan looks like.
     EXPECT_EQ(Scans(u"SELECT HospNum FROM PATIENT_DATA..tbmaster WHERE FirstName = 'ANA'"_s).size(), 1);

@@ -24,11 +24,12 @@ const std::map<std::string, std::set<std::string>>& Allowed() {
         {"patients", {"text", "gateway", "toolkit", "components", "reporting", "shared"}},
         {"charges", {"text", "gateway", "toolkit", "components", "reporting", "patients", "shared"}},
         {"maintenance", {"text", "gateway", "toolkit", "components", "reporting", "patients", "shared"}},
+        {"treatment", {"text", "gateway", "components", "shared"}},
         {"nursing",
          {"text", "gateway", "toolkit", "components", "reporting", "patients", "charges", "shared"}},
         {"shell",
          {"text", "gateway", "toolkit", "components", "reporting", "patients", "charges", "maintenance",
-          "nursing", "shared"}},
+          "treatment", "nursing", "shared"}},
         {"suite", {"text", "gateway", "toolkit", "components", "reporting", "hospital"}},
     };
     return allowed;

@@ -4,6 +4,7 @@
 #include "maintenance/frmListCharges.h"
 #include "maintenance/frmReprint.h"
 #include "patients/frmSearchPatient.h"
+#include "patients/frmWalkInUpdate.h"
 #include "patients/PatientContext.h"
 #include "shell/frmAbout.h"
 #include "shell/frmMain.h"
@@ -324,6 +325,15 @@ TEST_F(frmMainTest, TheFinderOpensWithoutBeingModal) {
     ASSERT_TRUE(Screens::IsLoaded<frmSearchPatient>());
     EXPECT_TRUE(Screens::Get<frmSearchPatient>().isVisible());
     EXPECT_FALSE(Screens::Get<frmSearchPatient>().IsModal());
+}
+
+TEST_F(frmMainTest, TheWalkInUpdateOpensModally) {
+    WhileModal([](Form& screen) {
+        EXPECT_EQ(screen.objectName(), u"frmWalkInUpdate"_s);
+        EXPECT_TRUE(screen.IsModal());
+    });
+    window->OpenWalkInUpdate();
+    EXPECT_FALSE(Screens::IsLoaded<frmWalkInUpdate>());
 }
 
 TEST_F(frmMainTest, EntriesWithoutAHandlerDoNothing) {

@@ -1,0 +1,135 @@
+#include "shell/Main.h"
+
+#include "gallery/Exhibits.h"
+#include "shell/RegisterScreens.h"
+#include "suite/RegisterSuite.h"
+#include "toolkit/Application.h"
+#include "toolkit/ProgramFiles.h"
+#include "tour/Driver.h"
+#include "tour/Screenshot.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QWidget>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+// The gallery: the screens that no menu leads to, over a trial hospital of its own.
+//
+//     tarven-gallery <class>...                opens the screens after the sign-on (user NURSE, password
+//     nurse) tarven-gallery --pictures <folder>       saves pictures of all of them, without a display
+
+namespace {
+
+/// The size of screen for which the pictures are taken.
+constexpr QSize kScreenSize(1280, 740);
+constexpr int kUsage = 2;
+
+QString pictureFolder;
+
+int Usage() {
+    std::fprintf(stderr, "usage: tarven-gallery <class>...\n"
+                         "       tarven-gallery --pictures <folder>\n"
+                         "classes:");
+    for (const Exhibit& exhibit : Exhibits())
+        std::fprintf(stderr, " %s", qPrintable(exhibit.name));
+    std::fprintf(stderr, "\n");
+    return kUsage;
+}
+
+void SignOn(Driver& clerk) {
+    clerk.ExpectScreen(u"SignOnDialog"_s);
+    clerk.OnScreen([] {
+        QWidget& mainWindow = VisibleControl(u"frmMain"_s);
+        mainWindow.showNormal();
+        mainWindow.resize(kScreenSize);
+    });
+    clerk.Type(u"NURSE"_s);
+    clerk.Press(Qt::Key_Tab);
+    clerk.Type(u"nurse"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectNoScreen(u"SignOnDialog"_s);
+}
+
+void TakePictures(Driver& clerk) {
+    SignOn(clerk);
+    for (const Exhibit& exhibit : Exhibits()) {
+        clerk.OnScreen(exhibit.open);
+        clerk.ExpectScreen(exhibit.name);
+        exhibit.visit(clerk, [&](const QString& name) {
+            clerk.OnScreen([&] {
+                const QString file = u"%1/%2-%3.png"_s.arg(pictureFolder, exhibit.name, name);
+                if (!TakeScreenshot().save(file))
+                    throw DriverError(u"cannot write "_s + file);
+                std::printf("  %s\n", qPrintable(file));
+            });
+        });
+        clerk.OnScreen(exhibit.close);
+    }
+}
+
+int ExitCode(const QString& failure) {
+    if (failure.isEmpty())
+        return 0;
+    std::fprintf(stderr, "The pictures ended early: %s\n", qPrintable(failure));
+    return 1;
+}
+
+/// A build that was never started has no department yet; the program would end with a dialogue.
+void ProvideDepartment() {
+    QFile settings(ProgramDirectory() + u"/tarvenaux.ini"_s);
+    if (settings.size() == 0 && settings.open(QIODevice::WriteOnly))
+        settings.write("DeptCode = HC\nDeptDesc = HEMODIALYSIS\n");
+}
+
+/// The screens of the classes named; nothing when one is unknown.
+std::vector<Exhibit> Chosen(const QStringList& names) {
+    std::vector<Exhibit> chosen;
+    for (const QString& name : names) {
+        for (const Exhibit& exhibit : Exhibits()) {
+            if (exhibit.name.compare(name, Qt::CaseInsensitive) == 0)
+                chosen.push_back(exhibit);
+        }
+    }
+    return chosen.size() == size_t(names.size()) ? chosen : std::vector<Exhibit>();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    const bool pictures = arguments.size() == 2 && arguments[0] == u"--pictures"_s;
+    const std::vector<Exhibit> chosen = pictures ? std::vector<Exhibit>() : Chosen(arguments);
+    if (!pictures && chosen.empty())
+        return Usage();
+    if (pictures) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        // What the offscreen platform cannot do is of no interest here.
+        qputenv("QT_LOGGING_RULES", "*.warning=false");
+        pictureFolder = QDir(arguments[1]).absolutePath();
+        if (!QDir().mkpath(pictureFolder))
+            return ExitCode(u"cannot make the folder "_s + pictureFolder);
+    }
+    const Application application(argc, argv);
+    ProvideDepartment();
+    const QTemporaryDir hospitalFolder;
+    RegisterSuite(hospitalFolder.path());
+    RegisterScreens();
+    QTimer::singleShot(0, &application, [&chosen] {
+        if (!Main())
+            return QCoreApplication::exit(1);
+        for (const Exhibit& exhibit : chosen)
+            exhibit.open();
+    });
+    Driver clerk;
+    if (pictures)
+        clerk.Start(TakePictures, [](const QString& failure) { QCoreApplication::exit(ExitCode(failure)); });
+    return Application::exec();
+}

@@ -1,0 +1,23 @@
+-- Walk-ins by the beginning of the last name (0) or by their number (1), in the order of their names, for the
+-- correction of their records. The list shows the columns as they come.
+USE PATIENT_DATA;
+GO
+
+CREATE PROCEDURE dbo.spGlobal_ListWalkIn
+    @SearchBy varchar(1),
+    @Search varchar(60)
+AS
+BEGIN
+    SET NOCOUNT ON;
+
+    SELECT w.HospNum, w.LastName, w.FirstName, w.MiddleName
+    FROM PATIENT_DATA..tbwalkin AS w
+    WHERE @SearchBy = '0' AND w.LastName >= @Search AND w.LastName <= CONCAT(@Search, REPLICATE('Z', 30))
+      AND LEFT(w.LastName, LEN(@Search)) = @Search
+    UNION ALL
+    SELECT w.HospNum, w.LastName, w.FirstName, w.MiddleName
+    FROM PATIENT_DATA..tbwalkin AS w
+    WHERE @SearchBy = '1' AND w.HospNum = @Search
+    ORDER BY LastName, FirstName, MiddleName, HospNum;
+END
+GO

@@ -1,0 +1,143 @@
+#include "patients/frmARPatients.h"
+
+#include "gateway/CommandGateway.h"
+#include "patients/commands.h"
+#include "shell/shared.h"
+#include "toolkit/FlexGrid.h"
+#include "toolkit/Keys.h"
+#include "toolkit/Look.h"
+#include "toolkit/Twips.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kAdmissionNumber = 2;
+// Kept: the first heading belongs to the narrow fixed column, so each one stands a column before what it
+// names.
+constexpr QStringView kFormat =
+    u"Hospital Num | Adm. Num | Patient Name | Billing Date | Charging Status | Discharge Date ";
+constexpr std::array kColumnWidths = {100, 1200, 1200, 3000, 1800};
+constexpr int kLastColumn = 5;
+constexpr int kGridWidth = 9500;
+constexpr int kGridHeight = 3600;
+
+} // namespace
+
+frmARPatients::frmARPatients() {
+    Layout();
+    Wire();
+}
+
+void frmARPatients::ResetMembers() {
+    for (QString* text : {&mPatientRecord, &PatientType, &SearchText})
+        text->clear();
+    mResultCode = QString();
+    mValid = false;
+}
+
+void frmARPatients::Layout() {
+    setObjectName(u"frmARPatients"_s);
+    setWindowTitle(u"Search Patient"_s);
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(Space::kNormal);
+    layout->addLayout(LayoutSearch());
+    layout->addWidget(LayoutList(), 1);
+    layout->addLayout(LayoutActions());
+    const QList<QWidget*> order = {cmbSearch, txtSearch, grdTable, cmdSelect, cmdClose};
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+    txtSearch->setFocus();
+}
+
+QHBoxLayout* frmARPatients::LayoutSearch() {
+    cmbSearch = new QComboBox(this);
+    cmbSearch->setObjectName(u"cmbSearch"_s);
+    cmbSearch->setAccessibleName(u"Search by"_s);
+    cmbSearch->addItems({u"Admission#"_s, u"Hospital#"_s, u"LastName"_s});
+    txtSearch = NewTextBox(u"txtSearch"_s, this);
+    txtSearch->setAccessibleName(u"Search text"_s);
+    auto* search = new QHBoxLayout;
+    search->addWidget(cmbSearch);
+    search->addWidget(txtSearch, 1);
+    return search;
+}
+
+QGroupBox* frmARPatients::LayoutList() {
+    auto* frame = new QGroupBox(u"Patient List"_s, this);
+    grdTable = new FlexGrid(frame);
+    grdTable->setObjectName(u"grdTable"_s);
+    grdTable->setAccessibleName(u"Patient List"_s);
+    grdTable->SetRowSelect(true);
+    grdTable->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    auto* layout = new QVBoxLayout(frame);
+    layout->addWidget(grdTable);
+    return frame;
+}
+
+QHBoxLayout* frmARPatients::LayoutActions() {
+    cmdSelect = new QPushButton(u"&Select"_s, this);
+    cmdSelect->setObjectName(u"cmdSelect"_s);
+    cmdClose = new QPushButton(u"&Close"_s, this);
+    cmdClose->setObjectName(u"cmdClose"_s);
+    auto* actions = new QHBoxLayout;
+    actions->addStretch();
+    actions->addWidget(cmdSelect);
+    actions->addWidget(cmdClose);
+    return actions;
+}
+
+void frmARPatients::Wire() {
+    OnKeyPress(txtSearch, [this](int& key) { txtSearch_KeyPress(key); });
+    connect(grdTable, &FlexGrid::DblClick, this, &frmARPatients::cmdSelect_Click);
+    connect(cmdSelect, &QPushButton::clicked, this, &frmARPatients::cmdSelect_Click);
+    connect(cmdClose, &QPushButton::clicked, this, &Form::Unload);
+}
+
+void frmARPatients::Form_Load() {
+    // Kept: the choice of what to search by is not sent; the hospital finds the text in any of the three.
+    cmbSearch->setCurrentText(u"LastName"_s);
+    // Closing picks nobody, whoever was picked before.
+    mValid = false;
+    PutUpGrid();
+}
+
+void frmARPatients::PutUpGrid() {
+    grdTable->Cells().SetFormatString(kFormat.toString());
+    for (size_t col = 0; col < kColumnWidths.size(); ++col)
+        grdTable->SetColWidth(int(col), kColumnWidths[col]);
+    grdTable->SetColWidth(kLastColumn, 1800);
+}
+
+void frmARPatients::txtSearch_KeyPress(int& keyAscii) {
+    if (keyAscii == Key::kEnter)
+        Search();
+}
+
+void frmARPatients::Search() {
+    if (mFound.State() == RowSet::Status::Open)
+        mFound.Close();
+    mFound = gConnection->Open(SearchBilledPatientCommand(PatientType.trimmed(), txtSearch->text()),
+                               CursorType::Dynamic, LockType::ReadOnly, CursorLocation::Client);
+    if (mFound.RecordCount() <= 0)
+        return;
+    PutUpGrid();
+    grdTable->Cells().Bind(mFound.Data());
+    mFound.Close();
+}
+
+void frmARPatients::cmdSelect_Click() {
+    const FlexCells& cells = grdTable->Cells();
+    mValid = true;
+    mResultCode = cells.TextMatrix(cells.Row(), kAdmissionNumber);
+    Unload();
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "gateway/RowSet.h"
+#include "gateway/Value.h"
+#include "toolkit/Form.h"
+
+#include <QString>
+
+class FlexGrid;
+class QComboBox;
+class QGroupBox;
+class QHBoxLayout;
+class QLineEdit;
+class QPushButton;
+
+/// Picks a patient who has a billing record. No screen of this release opens it.
+///
+/// The members outlive the screen: callers set them before it loads and read them after it has closed.
+class frmARPatients : public Form {
+    Q_OBJECT
+
+  public:
+    frmARPatients();
+
+    /// Kept: nothing sets it; it reads as the empty text.
+    static QString IdNum() { return {}; }
+    /// Kept: it can be set, and nothing reads it.
+    static void SetPatientRecord(const QString& text) { mPatientRecord = text; }
+    /// The number of the patient who was selected, in the second column of the list.
+    static const Value& ResultCode() { return mResultCode; }
+    /// The type of the patients to list.
+    inline static QString PatientType;
+    /// Kept: the caller's; the screen searches by its own box.
+    inline static QString SearchText;
+    /// True when a patient was selected.
+    static bool Valid() { return mValid; }
+
+    /// Brings the members back to what a fresh process has.
+    static void ResetMembers();
+
+  protected:
+    void Form_Load() override;
+
+  private:
+    void Layout();
+    QHBoxLayout* LayoutSearch();
+    QGroupBox* LayoutList();
+    QHBoxLayout* LayoutActions();
+    void Wire();
+
+    void txtSearch_KeyPress(int& keyAscii);
+    void cmdSelect_Click();
+
+    void Search();
+    void PutUpGrid();
+
+    inline static QString mPatientRecord;
+    inline static Value mResultCode = QString();
+    inline static bool mValid = false;
+
+    QComboBox* cmbSearch;
+    QLineEdit* txtSearch;
+    FlexGrid* grdTable;
+    QPushButton* cmdSelect;
+    QPushButton* cmdClose;
+    RowSet mFound;
+};

@@ -1,0 +1,205 @@
+#include "patients/frmRegisteredOPD.h"
+
+#include "gateway/CommandGateway.h"
+#include "patients/commands.h"
+#include "shell/shared.h"
+#include "text/Format.h"
+#include "text/UCase.h"
+#include "toolkit/FlexGrid.h"
+#include "toolkit/Keys.h"
+#include "toolkit/Look.h"
+#include "toolkit/MousePointer.h"
+#include "toolkit/Twips.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kAdmissionNumber = 1;
+
+/// A column of the list: its heading and its width in twips.
+struct ListColumn {
+    const char16_t* heading;
+    int width;
+};
+constexpr std::array kColumns = {ListColumn{u"", 200},
+                                 ListColumn{u"Adm #", 1000},
+                                 ListColumn{u"Last Name", 2000},
+                                 ListColumn{u"First Name", 2000},
+                                 ListColumn{u"Middle Name", 2000},
+                                 ListColumn{u"Adm. Date", 1500}};
+constexpr int kGridWidth = 9200;
+constexpr int kGridHeight = 3600;
+
+} // namespace
+
+frmRegisteredOPD::frmRegisteredOPD() {
+    Layout();
+    Wire();
+}
+
+void frmRegisteredOPD::ResetMembers() {
+    ResultCode = QString();
+    Valid = false;
+    PatientRecord.clear();
+    mPatientType = QString();
+}
+
+void frmRegisteredOPD::Layout() {
+    setObjectName(u"frmRegisteredOPD"_s);
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(Space::kNormal);
+    layout->addLayout(LayoutSearch());
+    layout->addWidget(LayoutList(), 1);
+    layout->addLayout(LayoutActions());
+    const QList<QWidget*> order = {cmbSearch, txtSearch, chkCurrent, grdTable, cmdSelect, cmdClose};
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}
+
+QGridLayout* frmRegisteredOPD::LayoutSearch() {
+    cmbSearch = new QComboBox(this);
+    cmbSearch->setObjectName(u"cmbSearch"_s);
+    cmbSearch->addItems({u"Last Name"_s, u"Admission #"_s});
+    txtSearch = NewTextBox(u"txtSearch"_s, this);
+    txtSearch->setAccessibleName(u"Search text"_s);
+    chkCurrent = new QCheckBox(u"Current Registration Only"_s, this);
+    chkCurrent->setObjectName(u"chkCurrent"_s);
+    auto* search = new QGridLayout;
+    QLabel* label = AddLabelled(*search, 0, 0, u"Search"_s, cmbSearch);
+    label->setObjectName(u"lblLabel(1)"_s);
+    search->addWidget(txtSearch, 0, 2);
+    search->addWidget(chkCurrent, 0, 3);
+    search->setColumnStretch(2, 1);
+    return search;
+}
+
+QGroupBox* frmRegisteredOPD::LayoutList() {
+    auto* frame = new QGroupBox(u"Patient List"_s, this);
+    grdTable = new FlexGrid(frame);
+    grdTable->setObjectName(u"grdTable"_s);
+    grdTable->setAccessibleName(u"Patient List"_s);
+    grdTable->SetRowSelect(true);
+    grdTable->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    auto* layout = new QVBoxLayout(frame);
+    layout->addWidget(grdTable);
+    return frame;
+}
+
+QHBoxLayout* frmRegisteredOPD::LayoutActions() {
+    cmdSelect = new QPushButton(u"&Select"_s, this);
+    cmdSelect->setObjectName(u"cmdSelect"_s);
+    cmdClose = new QPushButton(u"&Close"_s, this);
+    cmdClose->setObjectName(u"cmdClose"_s);
+    auto* actions = new QHBoxLayout;
+    actions->addStretch();
+    actions->addWidget(cmdSelect);
+    actions->addWidget(cmdClose);
+    return actions;
+}
+
+void frmRegisteredOPD::Wire() {
+    OnKeyDown(txtSearch, [this](int keyCode) { return txtSearch_KeyDown(keyCode); });
+    OnKeyPress(txtSearch, [this](int& key) { txtSearch_KeyPress(key); });
+    connect(chkCurrent, &QCheckBox::clicked, this, &frmRegisteredOPD::Search);
+    connect(grdTable, &FlexGrid::DblClick, this, &frmRegisteredOPD::grdTable_DblClick);
+    OnKeyPress(grdTable, [this](int& key) { grdTable_KeyPress(key); });
+    connect(cmdSelect, &QPushButton::clicked, this, &frmRegisteredOPD::cmdSelect_Click);
+    connect(cmdClose, &QPushButton::clicked, this, &frmRegisteredOPD::cmdClose_Click);
+}
+
+void frmRegisteredOPD::Form_Load() {
+    cmbSearch->setCurrentIndex(0);
+    ResultCode = QString();
+    Valid = false;
+    setWindowTitle(PatientRecord);
+    ResetGrid();
+    cmdSelect->setEnabled(false);
+}
+
+void frmRegisteredOPD::Form_Activate() {
+    txtSearch->setFocus();
+}
+
+bool frmRegisteredOPD::txtSearch_KeyDown(int keyCode) {
+    if (keyCode != Key::kDown)
+        return false;
+    grdTable->Cells().SetRow(1);
+    grdTable->setFocus();
+    return true;
+}
+
+void frmRegisteredOPD::txtSearch_KeyPress(int& keyAscii) {
+    keyAscii = UCase(QChar(keyAscii)).unicode();
+    if (keyAscii == Key::kEnter)
+        Search();
+}
+
+void frmRegisteredOPD::Search() {
+    SetMousePointer(MousePointer::Wait);
+    RowSet found = gConnection->Open(RegisteredOPDCommand(Format(chkCurrent->isChecked() ? 1 : 0, u"0"),
+                                                          Format(cmbSearch->currentIndex(), u"0"),
+                                                          txtSearch->text().trimmed()),
+                                     CursorType::Dynamic, LockType::Optimistic, CursorLocation::Client);
+    if (found.Eof()) {
+        // Kept: the button stays as the search before has left it.
+        ResetGrid();
+    } else {
+        grdTable->SetRedraw(false);
+        grdTable->Cells().Bind(found.Data());
+        SetWidthsAndHeadings();
+        grdTable->SetRedraw(true);
+        cmdSelect->setEnabled(true);
+    }
+    found.Close();
+    SetMousePointer(MousePointer::Default);
+}
+
+void frmRegisteredOPD::ResetGrid() {
+    FlexCells& cells = grdTable->Cells();
+    cells.Clear();
+    cells.SetRows(2);
+    cells.SetCols(int(kColumns.size()));
+    SetWidthsAndHeadings();
+}
+
+void frmRegisteredOPD::SetWidthsAndHeadings() {
+    for (size_t col = 0; col < kColumns.size(); ++col)
+        grdTable->SetColWidth(int(col), kColumns[col].width);
+    for (size_t col = 1; col < kColumns.size(); ++col)
+        grdTable->Cells().SetTextMatrix(0, int(col), QString::fromUtf16(kColumns[col].heading));
+}
+
+void frmRegisteredOPD::grdTable_DblClick() {
+    if (cmdSelect->isEnabled())
+        cmdSelect_Click();
+}
+
+void frmRegisteredOPD::grdTable_KeyPress(int& keyAscii) {
+    if (keyAscii == Key::kEnter)
+        grdTable_DblClick();
+}
+
+void frmRegisteredOPD::cmdSelect_Click() {
+    const FlexCells& cells = grdTable->Cells();
+    Valid = true;
+    ResultCode = cells.TextMatrix(cells.Row(), kAdmissionNumber);
+    Unload();
+}
+
+void frmRegisteredOPD::cmdClose_Click() {
+    Valid = false;
+    Unload();
+}

@@ -1,0 +1,149 @@
+#include "patients/frmSearcher.h"
+
+#include "gateway/CommandGateway.h"
+#include "patients/commands.h"
+#include "patients/PatientContext.h"
+#include "shell/shared.h"
+#include "toolkit/FlexGrid.h"
+#include "toolkit/Focus.h"
+#include "toolkit/Keys.h"
+#include "toolkit/Look.h"
+#include "toolkit/Twips.h"
+
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kExam = 1;
+constexpr int kExamId = 2;
+constexpr int kColumns = 3;
+constexpr int kGridWidth = 6400;
+constexpr int kGridHeight = 3800;
+
+RowSet OpenExams(const QString& command) {
+    return gConnection->Open(command, CursorType::Dynamic, LockType::Optimistic, CursorLocation::Client);
+}
+
+} // namespace
+
+frmSearcher::frmSearcher() {
+    Layout();
+    Wire();
+}
+
+void frmSearcher::Layout() {
+    setObjectName(u"frmSearcher"_s);
+    setWindowTitle(u"Ultra Exam"_s);
+    QLabel* lblTitle = NewHeading(u"Ultra Exam "_s, this);
+    lblTitle->setObjectName(u"lblTitle"_s);
+    grdDispWindow = new FlexGrid(this);
+    grdDispWindow->setObjectName(u"grdDispWindow"_s);
+    grdDispWindow->setAccessibleName(u"Ultra Exam"_s);
+    grdDispWindow->SetRowSelect(true);
+    grdDispWindow->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    auto* lblHelpTip =
+        new QLabel(u"Press [Select] Enter or Double Click on the Table to Select, Cancel to Abort"_s, this);
+    lblHelpTip->setObjectName(u"lblHelpTip"_s);
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(Space::kNormal);
+    layout->addWidget(lblTitle);
+    layout->addLayout(LayoutSearch());
+    layout->addWidget(grdDispWindow, 1);
+    layout->addWidget(lblHelpTip);
+    layout->addLayout(LayoutActions());
+    const QList<QWidget*> order = {txtSearchStr, grdDispWindow, chkAutoSearch, cmdSelect, cmdCancel};
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+    txtSearchStr->setFocus();
+}
+
+QHBoxLayout* frmSearcher::LayoutSearch() {
+    txtSearchStr = NewTextBox(u"txtSearchStr"_s, this);
+    txtSearchStr->setAccessibleName(u"Search text"_s);
+    chkAutoSearch = new QCheckBox(u"AutoSearch"_s, this);
+    chkAutoSearch->setObjectName(u"chkAutoSearch"_s);
+    auto* search = new QHBoxLayout;
+    search->addWidget(txtSearchStr, 1);
+    search->addWidget(chkAutoSearch);
+    return search;
+}
+
+QHBoxLayout* frmSearcher::LayoutActions() {
+    cmdSelect = new QPushButton(u"&Select"_s, this);
+    cmdSelect->setObjectName(u"cmdSelect"_s);
+    cmdCancel = new QPushButton(u"Cancel"_s, this);
+    cmdCancel->setObjectName(u"cmdCancel"_s);
+    auto* actions = new QHBoxLayout;
+    actions->addStretch();
+    actions->addWidget(cmdSelect);
+    actions->addWidget(cmdCancel);
+    return actions;
+}
+
+void frmSearcher::Wire() {
+    OnGotFocus(txtSearchStr, [this] { txtSearchStr_GotFocus(); });
+    // A key is told of before the box has it, and what is searched for is the box's text.
+    OnKeyPress(txtSearchStr, [this](int&) {
+        QMetaObject::invokeMethod(this, &frmSearcher::txtSearchStr_KeyPress, Qt::QueuedConnection);
+    });
+    connect(grdDispWindow, &FlexGrid::DblClick, this, &frmSearcher::cmdSelect_Click);
+    OnKeyPress(grdDispWindow, [this](int&) { cmdSelect_Click(); });
+    connect(cmdSelect, &QPushButton::clicked, this, &frmSearcher::cmdSelect_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmSearcher::cmdCancel_Click);
+}
+
+void frmSearcher::Form_Load() {
+    FlexCells& cells = grdDispWindow->Cells();
+    cells.SetCols(kColumns);
+    grdDispWindow->SetColWidth(0, 100);
+    grdDispWindow->SetColWidth(kExam, 4200);
+    grdDispWindow->SetColWidth(kExamId, 1500);
+    // Kept: the names of the fields take the place of these headings as soon as the list is bound.
+    cells.SetTextMatrix(0, kExam, u"Ultra Exam"_s);
+    cells.SetTextMatrix(0, kExamId, u"Ultra ExamID"_s);
+    BindExams(UltraExamsCommand());
+    mLoaded = true;
+}
+
+void frmSearcher::BindExams(const QString& command) {
+    RowSet exams = OpenExams(command);
+    grdDispWindow->Cells().Bind(exams.Data());
+    exams.Close();
+}
+
+void frmSearcher::txtSearchStr_GotFocus() {
+    BindExams(SearchUltraExamCommand(txtSearchStr->text()));
+}
+
+/// Kept: the focus leaves the box with each key, so the clerk has to come back for the next one.
+void frmSearcher::txtSearchStr_KeyPress() {
+    BindExams(SearchUltraExamCommand(txtSearchStr->text()));
+    grdDispWindow->setFocus();
+}
+
+/// Empty for a list without rows, whose current row is that of the headings.
+QString frmSearcher::CurrentText(int column) const {
+    const FlexCells& cells = grdDispWindow->Cells();
+    return cells.Row() == 0 ? QString() : cells.TextMatrix(cells.Row(), column);
+}
+
+void frmSearcher::cmdSelect_Click() {
+    const RowSet exams = OpenExams(UltraExamsCommand());
+    if (!exams.Eof()) {
+        gUltraExam = CurrentText(kExam);
+        gUltraExamID = CurrentText(kExamId);
+    }
+    Unload();
+}
+
+void frmSearcher::cmdCancel_Click() {
+    gUltraExamID.clear();
+    Unload();
+}

@@ -1,0 +1,151 @@
+#include "patients/frmWalkInUpdate.h"
+#include "toolkit/DatePicker.h"
+#include "toolkit/FlexGrid.h"
+#include "toolkit/Look.h"
+#include "toolkit/Twips.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+// How frmWalkInUpdate looks; what it does stands in frmWalkInUpdate.cpp.
+
+namespace {
+
+constexpr int kGridWidth = 8750;
+constexpr int kGridHeight = 3900;
+constexpr int kShortWidth = 1500;
+constexpr int kPickerWidth = 500;
+
+QPushButton* NewButton(const QString& name, const QString& caption, QWidget* parent) {
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(name);
+    return button;
+}
+
+QComboBox* NewCombo(const QString& name, QWidget* parent) {
+    auto* combo = new QComboBox(parent);
+    combo->setObjectName(name);
+    return combo;
+}
+
+} // namespace
+
+void frmWalkInUpdate::Layout() {
+    setObjectName(u"frmWalkInUpdate"_s);
+    setWindowTitle(u"Walk-in Patient Update"_s);
+    ssWalkIn = new QTabWidget(this);
+    ssWalkIn->setObjectName(u"ssWalkIn"_s);
+    ssWalkIn->addTab(LayoutSearch(), u"Search"_s);
+    ssWalkIn->addTab(LayoutRecord(), u"Patient Information"_s);
+    cmdClose = NewButton(u"cmdClose"_s, u"&Close"_s, this);
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(Space::kNormal);
+    layout->addWidget(ssWalkIn, 1);
+    layout->addWidget(cmdClose, 0, Qt::AlignRight);
+    SetOrderOfWork();
+}
+
+QWidget* frmWalkInUpdate::LayoutSearch() {
+    auto* page = new QWidget(ssWalkIn);
+    cmbSearchBy = NewCombo(u"cmbSearchBy"_s, page);
+    txtSearch = NewTextBox(u"txtSearch"_s, page);
+    txtSearch->setAccessibleName(u"Search text"_s);
+    cmdEdit = NewButton(u"cmdEdit"_s, u"&Edit"_s, page);
+    cmdEdit->setEnabled(false);
+    auto* search = new QGridLayout;
+    AddLabelled(*search, 0, 0, u"Search by"_s, cmbSearchBy);
+    search->addWidget(txtSearch, 0, 2);
+    search->setColumnStretch(2, 1);
+    auto* layout = new QVBoxLayout(page);
+    layout->addLayout(search);
+    layout->addWidget(LayoutList(), 1);
+    layout->addWidget(cmdEdit, 0, Qt::AlignRight);
+    return page;
+}
+
+QGroupBox* frmWalkInUpdate::LayoutList() {
+    auto* frame = new QGroupBox(u"Search List"_s, ssWalkIn);
+    grdTable = new FlexGrid(frame);
+    grdTable->setObjectName(u"grdTable"_s);
+    grdTable->setAccessibleName(u"Search List"_s);
+    grdTable->SetRowSelect(true);
+    grdTable->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    auto* layout = new QVBoxLayout(frame);
+    layout->addWidget(grdTable);
+    return frame;
+}
+
+QWidget* frmWalkInUpdate::LayoutRecord() {
+    auto* page = new QWidget(ssWalkIn);
+    MakeRecordControls(page);
+    auto* fields = new QGridLayout;
+    PlaceRecordControls(*fields);
+    auto* layout = new QVBoxLayout(page);
+    layout->addLayout(fields);
+    layout->addStretch();
+    layout->addWidget(cmdSave, 0, Qt::AlignRight);
+    return page;
+}
+
+void frmWalkInUpdate::MakeRecordControls(QWidget* page) {
+    txtHospNum = NewTextBox(u"txtHospNum"_s, page);
+    txtLastName = NewTextBox(u"txtLastName"_s, page);
+    txtFirstName = NewTextBox(u"txtFirstName"_s, page);
+    txtMiddleName = NewTextBox(u"txtMiddleName"_s, page);
+    dtpBirthDate = new DatePicker(page);
+    dtpBirthDate->setObjectName(u"dtpBirthDate"_s);
+    txtAge = NewTextBox(u"txtAge"_s, page);
+    cmbSex = NewCombo(u"cmbSex"_s, page);
+    cmbCivil = NewCombo(u"cmbCivil"_s, page);
+    txtAddress1 = NewTextBox(u"txtAddress1"_s, page);
+    txtAddress2 = NewTextBox(u"txtAddress2"_s, page);
+    txtAddress3 = NewTextBox(u"txtAddress3"_s, page);
+    txtZipCode = NewTextBox(u"txtZipCode"_s, page);
+    cmdZipCode = NewButton(u"cmdZipCode"_s, u"..."_s, page);
+    cmdZipCode->setAccessibleName(u"Pick the town"_s);
+    cmdZipCode->setToolTip(u"Pick the town from the list"_s);
+    cmdZipCode->setMaximumWidth(TwipsToPixels(kPickerWidth));
+    cmdSave = NewButton(u"cmdSave"_s, u"&Save"_s, page);
+    for (QWidget* box : QList<QWidget*>{txtHospNum, dtpBirthDate, txtAge, cmbSex, cmbCivil, txtZipCode})
+        box->setFixedWidth(TwipsToPixels(kShortWidth));
+}
+
+void frmWalkInUpdate::PlaceRecordControls(QGridLayout& grid) {
+    AddLabelled(grid, 0, 0, u"Hospital #"_s, txtHospNum);
+    AddLabelled(grid, 1, 0, u"Last Name"_s, txtLastName);
+    AddLabelled(grid, 2, 0, u"First Name"_s, txtFirstName);
+    AddLabelled(grid, 3, 0, u"Middle Name"_s, txtMiddleName);
+    AddLabelled(grid, 4, 0, u"Birth Date:"_s, dtpBirthDate);
+    AddLabelled(grid, 5, 0, u"Age"_s, txtAge);
+    AddLabelled(grid, 6, 0, u"Sex:"_s, cmbSex);
+    AddLabelled(grid, 7, 0, u"Civil Status"_s, cmbCivil);
+    AddLabelled(grid, 8, 0, u"House # / Street"_s, txtAddress1);
+    AddLabelled(grid, 9, 0, u"Barangay"_s, txtAddress2);
+    AddLabelled(grid, 10, 0, u"Town /  Province"_s, txtAddress3);
+    AddLabelled(grid, 11, 0, u"Zip Code"_s, txtZipCode);
+    auto* zipCode = new QHBoxLayout;
+    zipCode->addWidget(txtZipCode);
+    zipCode->addWidget(cmdZipCode);
+    zipCode->addStretch();
+    grid.addLayout(zipCode, 11, 1);
+    grid.setColumnStretch(1, 1);
+}
+
+/// The boxes of the record stand in the order in which Enter moves through them.
+void frmWalkInUpdate::SetOrderOfWork() {
+    const QList<QWidget*> order = {cmbSearchBy, txtSearch,    grdTable,      cmdEdit,      txtHospNum,
+                                   txtLastName, txtFirstName, txtMiddleName, dtpBirthDate, txtAge,
+                                   cmbSex,      cmbCivil,     txtAddress1,   txtAddress2,  txtAddress3,
+                                   txtZipCode,  cmdZipCode,   cmdSave,       cmdClose};
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+}

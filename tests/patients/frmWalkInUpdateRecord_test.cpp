@@ -1,0 +1,218 @@
+#include "patients/WalkInUpdateGround.h"
+#include "text/Clock.h"
+#include "text/RunTimeError.h"
+
+using namespace Qt::StringLiterals;
+
+// The record on the second tab.
+
+namespace {
+
+/// What the update of the record as it was loaded sends.
+QString Update(const QString& birthDate = u"02/29/1984"_s, const QString& age = u"42"_s,
+               const QString& sex = u"M"_s, const QString& civil = u"2"_s, const QString& zip = u"1100"_s) {
+    return u"PATIENT_DATA..spGlobal_UpdateWalkIn 'W000002','CRUZ','BEN','TAN','%1','%2','%3','%4','12 RIZAL "
+           "ST.','POBLACION','%5'"_s.arg(birthDate, age, sex, civil, zip);
+}
+
+Message Updated() {
+    return {.text = u"Patient's information has been updated."_s, .icon = MsgIcon::Information};
+}
+
+} // namespace
+
+class WalkInRecordTest : public WalkInUpdateTest {
+  protected:
+    /// Saves and expects the list to be redone.
+    void Save(const Form& screen, const QString& command) {
+        gateway.Expect(command);
+        messages.Expect(Updated());
+        gateway.Expect(ListWalkInCommand(u"0"_s, u"CRUZ"_s), NoWalkIns());
+        Click(Button(screen, "cmdSave"));
+    }
+};
+
+TEST_F(WalkInRecordTest, SaveSendsElevenArgumentsAndTellsSo) {
+    const auto& screen = Open();
+    Load(screen);
+    Save(screen, Update());
+    EXPECT_EQ(messages.Shown().size(), 1U);
+}
+
+TEST_F(WalkInRecordTest, SaveClearsTheRecordAndRedoesTheList) {
+    const auto& screen = Open();
+    Load(screen);
+    gateway.Expect(Update());
+    messages.Expect(Updated());
+    gateway.Expect(ListWalkInCommand(u"0"_s, u"CRUZ"_s), TwoWalkIns());
+    Click(Button(screen, "cmdSave"));
+    EXPECT_EQ(Tab(screen), 0);
+    EXPECT_TRUE(Box(screen, "txtSearch").hasFocus());
+    EXPECT_TRUE(Button(screen, "cmdEdit").isEnabled());
+    for (const char* name : {"txtHospNum", "txtLastName", "txtFirstName", "txtMiddleName", "txtAge",
+                             "txtAddress1", "txtAddress2", "txtAddress3", "txtZipCode"})
+        EXPECT_EQ(Box(screen, name).text(), u""_s) << name;
+    EXPECT_EQ(Picker(screen).Value(), std::nullopt);
+    EXPECT_EQ(Combo(screen, "cmbSex").currentText(), u""_s);
+    EXPECT_EQ(Combo(screen, "cmbCivil").currentText(), u""_s);
+    EXPECT_EQ(Box(screen, "txtSearch").text(), u"CRUZ"_s);
+}
+
+TEST_F(WalkInRecordTest, NullBirthDateIsAnEmptyPickerAndAnEmptyArgument) {
+    const auto& screen = Open();
+    Load(screen, Record({{u"BirthDate"_s, Value()}}));
+    EXPECT_EQ(Picker(screen).Value(), std::nullopt);
+    Save(screen, Update(u""_s));
+}
+
+TEST_F(WalkInRecordTest, EmptyCivilStatusSendsSix) {
+    const auto& screen = Open();
+    Load(screen, Record({{u"CivilStatusid"_s, u""_s}}));
+    Save(screen, Update(u"02/29/1984"_s, u"42"_s, u"M"_s, u"6"_s));
+}
+
+TEST_F(WalkInRecordTest, SexIsSentByItsFirstLetter) {
+    const auto& screen = Open();
+    Load(screen);
+    Combo(screen, "cmbSex").setCurrentIndex(1);
+    Save(screen, Update(u"02/29/1984"_s, u"42"_s, u"F"_s));
+}
+
+TEST_F(WalkInRecordTest, SaveChecksNothing) {
+    const auto& screen = Open();
+    GoToRecord(screen);
+    gateway.Expect(u"PATIENT_DATA..spGlobal_UpdateWalkIn '','','','','','','','-1','','',''"_s);
+    messages.Expect(Updated());
+    gateway.Expect(ListWalkInCommand(u"0"_s, u""_s), NoWalkIns());
+    Click(Button(screen, "cmdSave"));
+}
+
+TEST_F(WalkInRecordTest, FailingSaveTellsNothingAndKeepsTheRecord) {
+    const auto& screen = Open();
+    Load(screen);
+    gateway.ExpectFailure(Update(), RunTimeError(102, u"Incorrect syntax near 'x'."_s));
+    Click(Button(screen, "cmdSave"));
+    EXPECT_EQ(TakeFailure(), 102);
+    EXPECT_EQ(Box(screen, "txtLastName").text(), u"CRUZ"_s);
+}
+
+TEST_F(WalkInRecordTest, NamesAndAddressesAreUpperCasedAsTheyAreKeyed) {
+    const auto& screen = Open();
+    GoToRecord(screen);
+    for (const char* name :
+         {"txtLastName", "txtFirstName", "txtMiddleName", "txtAddress1", "txtAddress2", "txtAddress3"}) {
+        Type(Box(screen, name), u"dela peña"_s);
+        EXPECT_EQ(Box(screen, name).text(), u"DELA PEÑA"_s) << name;
+    }
+    Type(Box(screen, "txtZipCode"), u"a1"_s);
+    EXPECT_EQ(Box(screen, "txtZipCode").text(), u"a1"_s) << "no name and no address";
+}
+
+TEST_F(WalkInRecordTest, EnterMovesAlongTheChain) {
+    const auto& screen = Open();
+    GoToRecord(screen);
+    const std::vector<const char*> chain = {"txtLastName",  "txtFirstName", "txtMiddleName",
+                                            "dtpBirthDate", "cmbSex",       "cmbCivil",
+                                            "txtAddress1",  "txtAddress2",  "txtZipCode"};
+    Find<QWidget>(screen, chain[0]).setFocus();
+    for (size_t i = 1; i < chain.size(); ++i) {
+        Press(Find<QWidget>(screen, chain[i - 1]), Qt::Key_Return);
+        EXPECT_TRUE(Find<QWidget>(screen, chain[i]).hasFocus()) << chain[i];
+    }
+}
+
+TEST_F(WalkInRecordTest, AgeAndHospitalNumberAreNoPartOfTheChain) {
+    const auto& screen = Open();
+    GoToRecord(screen);
+    for (const char* name : {"txtAge", "txtHospNum", "txtAddress3"}) {
+        Box(screen, name).setFocus();
+        Press(Box(screen, name), Qt::Key_Return);
+        EXPECT_TRUE(Box(screen, name).hasFocus()) << name;
+    }
+}
+
+TEST_F(WalkInRecordTest, NewBirthDateBringsTheAgeByCalendarYears) {
+    const auto& screen = Open();
+    Load(screen);
+    Picker(screen).setFocus();
+    Picker(screen).setCursorPosition(0);
+    // The birthday of this year is still to come.
+    Type(Picker(screen), u"12251990"_s);
+    messages.Expect({.text = u"The patient's age will be updated to 36."_s});
+    Press(Picker(screen), Qt::Key_Return);
+    EXPECT_EQ(Box(screen, "txtAge").text(), u"36"_s);
+    EXPECT_TRUE(Combo(screen, "cmbSex").hasFocus());
+}
+
+TEST_F(WalkInRecordTest, InfantOfAFewWeeksIsOneYearOldInJanuary) {
+    SetClock([] { return *DateTime::FromFields({.year = 2027, .month = 1, .day = 4}); });
+    const auto& screen = Open();
+    GoToRecord(screen);
+    Picker(screen).setFocus();
+    Picker(screen).setCursorPosition(0);
+    Type(Picker(screen), u"12202026"_s);
+    messages.Expect({.text = u"The patient's age will be updated to 1."_s});
+    Box(screen, "txtAge").setFocus();
+    EXPECT_EQ(Box(screen, "txtAge").text(), u"1"_s);
+}
+
+TEST_F(WalkInRecordTest, AgeThatBeginsWithTheYearsStands) {
+    const auto& screen = Open();
+    Load(screen, Record({{u"Age"_s, u"36 YRS"_s}}));
+    Picker(screen).setFocus();
+    Picker(screen).setCursorPosition(0);
+    Type(Picker(screen), u"05051990"_s);
+    Press(Picker(screen), Qt::Key_Return);
+    EXPECT_TRUE(messages.Shown().empty());
+    EXPECT_EQ(Box(screen, "txtAge").text(), u"36 YRS"_s);
+}
+
+TEST_F(WalkInRecordTest, BirthDateThatIsTakenOutLeavesTheAge) {
+    const auto& screen = Open();
+    Load(screen);
+    Picker(screen).setFocus();
+    Picker(screen).selectAll();
+    Press(Picker(screen), Qt::Key_Delete);
+    Press(Picker(screen), Qt::Key_Return);
+    EXPECT_EQ(Picker(screen).Value(), std::nullopt);
+    EXPECT_EQ(Box(screen, "txtAge").text(), u"42"_s);
+    Save(screen, Update(u""_s));
+}
+
+TEST_F(WalkInRecordTest, EnterInTheZipCodeTakesItsTownAndGoesToTheSave) {
+    const auto& screen = Open();
+    Load(screen);
+    listing->answers = {true};
+    listing->address = {u"1200"_s, u"MAKATI"_s, u"METRO MANILA"_s};
+    Box(screen, "txtZipCode").setFocus();
+    Box(screen, "txtZipCode").setText(u"12"_s);
+    Press(Box(screen, "txtZipCode"), Qt::Key_Return);
+    EXPECT_TRUE(listing->searchMode);
+    EXPECT_EQ(listing->searches, (std::vector<FakeListing::Search>{{u"12"_s, 0, u""_s}}));
+    EXPECT_EQ(Box(screen, "txtZipCode").text(), u"1200"_s);
+    EXPECT_EQ(Box(screen, "txtAddress3").text(), u"MAKATI, METRO MANILA"_s);
+    EXPECT_TRUE(Button(screen, "cmdSave").hasFocus()) << "and nothing has been saved yet";
+    Save(screen, Update(u"02/29/1984"_s, u"42"_s, u"M"_s, u"2"_s, u"1200"_s));
+}
+
+TEST_F(WalkInRecordTest, TownButtonSearchesWithAnEmptyCode) {
+    const auto& screen = Open();
+    Load(screen);
+    listing->answers = {true};
+    listing->address = {u"1200"_s, u"MAKATI"_s, u"METRO MANILA"_s};
+    Click(Button(screen, "cmdZipCode"));
+    EXPECT_EQ(listing->searches, (std::vector<FakeListing::Search>{{u""_s, 0, u""_s}}));
+    EXPECT_EQ(Box(screen, "txtAddress3").text(), u"MAKATI, METRO MANILA"_s);
+    EXPECT_TRUE(Button(screen, "cmdSave").hasFocus());
+}
+
+TEST_F(WalkInRecordTest, ZipCodeThatIsNotFoundChangesNothingAndTellsNothing) {
+    const auto& screen = Open();
+    Load(screen);
+    Box(screen, "txtZipCode").setFocus();
+    Box(screen, "txtZipCode").setText(u"9999"_s);
+    Press(Box(screen, "txtZipCode"), Qt::Key_Return);
+    EXPECT_EQ(Box(screen, "txtZipCode").text(), u"9999"_s);
+    EXPECT_EQ(Box(screen, "txtAddress3").text(), u"QUEZON CITY, METRO MANILA"_s);
+    EXPECT_TRUE(Box(screen, "txtZipCode").hasFocus());
+}
