@@ -9,8 +9,12 @@
 #include "nursing/commands.h"
 #include "nursing/frmNursingRequest.h"
 #include "patients/commands.h"
+#include "patients/frmARPatients.h"
 #include "patients/frmCashPatients.h"
+#include "patients/frmRegisteredOPD.h"
+#include "patients/frmSearcher.h"
 #include "patients/frmWalkIn.h"
+#include "patients/frmWalkInUpdate.h"
 #include "reporting/ReportConnector.h"
 #include "reporting/Reports.h"
 #include "screens/ScreenTable.h"
@@ -50,10 +54,10 @@ template <class Screen> void ShowScreen() {
 /// The screens to which no way leads in this release.
 const std::map<std::string, void (*)()>& ByClass() {
     static const std::map<std::string, void (*)()> screens = {
-        {"frmCashPatients", ShowScreen<frmCashPatients>},
-        {"frmRates", ShowScreen<frmRates>},
-        {"frmReprint", ShowScreen<frmReprint>},
-        {"frmWalkIn", ShowScreen<frmWalkIn>},
+        {"frmARPatients", ShowScreen<frmARPatients>}, {"frmCashPatients", ShowScreen<frmCashPatients>},
+        {"frmRates", ShowScreen<frmRates>},           {"frmRegisteredOPD", ShowScreen<frmRegisteredOPD>},
+        {"frmReprint", ShowScreen<frmReprint>},       {"frmSearcher", ShowScreen<frmSearcher>},
+        {"frmWalkIn", ShowScreen<frmWalkIn>},         {"frmWalkInUpdate", ShowScreen<frmWalkInUpdate>},
     };
     return screens;
 }
@@ -264,6 +268,10 @@ void WaysIn::OpenConsultation() {
 }
 
 void WaysIn::ExpectWhatItAsks() {
+    if (mName == "frmSearcher") {
+        connection.Expect(UltraExamsCommand(), EmptyList(2));
+        connection.Expect(SearchUltraExamCommand(QString()), EmptyList(2));
+    }
     if (mName != "frmAssessStatus")
         return;
     connection.Expect(AssessmentStatusCommand(QString()), NoAssessments());
