@@ -7,6 +7,7 @@
 #include "toolkit/ProgramFiles.h"
 #include "tour/Album.h"
 #include "tour/CashDesk.h"
+#include "tour/DepartmentReports.h"
 #include "tour/Driver.h"
 
 #include <QDir>
@@ -19,8 +20,8 @@
 
 using namespace Qt::StringLiterals;
 
-// The tour: one charge from the sign-on to the slip, and one assessment of a walk-in, keyed as a clerk would,
-// with a picture of each screen.
+// The tour: one charge from the sign-on to the slip, one assessment of a walk-in, and the reports, keyed as a
+// clerk would, with a picture of each screen.
 
 namespace {
 
@@ -117,6 +118,7 @@ void Tour(Driver& clerk) {
     SaveAndPrint(clerk, album);
     slipName = u"assessment-slip"_s;
     VisitCashDesk(clerk, album);
+    LookAtTheReports(clerk, album);
 }
 
 int ExitCode(const QString& failure) {
