@@ -7,6 +7,7 @@
 #include "toolkit/ProgramFiles.h"
 #include "tour/Album.h"
 #include "tour/CashDesk.h"
+#include "tour/DepartmentReports.h"
 #include "tour/Driver.h"
 #include "tour/Wards.h"
 
@@ -20,8 +21,8 @@
 
 using namespace Qt::StringLiterals;
 
-// The tour: one charge from the sign-on to the slip, one assessment of a walk-in, what is done after the
-// save, and a ward's request, keyed as a clerk would, with a picture of each screen.
+// The tour: one charge from the sign-on to the slip, one assessment of a walk-in, the reports, what is
+// done after the save, and a ward's request, keyed as a clerk would, with a picture of each screen.
 
 namespace {
 
@@ -118,6 +119,7 @@ void Tour(Driver& clerk) {
     SaveAndPrint(clerk, album);
     slipName = u"assessment-slip"_s;
     VisitCashDesk(clerk, album);
+    LookAtTheReports(clerk, album);
     VisitWards(clerk, album);
 }
 
@@ -148,7 +150,7 @@ int main(int argc, char** argv) {
     SetSaveFileAnswer([](const QString&) { return u"%1/%2.pdf"_s.arg(tourFolder, slipName); });
     RegisterSuite(hospitalFolder.path());
     RegisterScreens();
-    std::printf("The tour of a charge, an assessment and a request:\n");
+    std::printf("The tour of a charge, an assessment, the reports and a request:\n");
     Driver clerk;
     QTimer::singleShot(0, &application, [] {
         if (!Main())

@@ -63,6 +63,8 @@ CREATE TABLE dbo.tbCashAssessment (
 CREATE INDEX ixCashAssessmentRefNum ON dbo.tbCashAssessment (RefNum);
 CREATE INDEX ixCashAssessmentName ON dbo.tbCashAssessment (Name);
 CREATE INDEX ixCashAssessmentTransDate ON dbo.tbCashAssessment (TransDate);
+CREATE INDEX ixCashAssessmentORDate ON dbo.tbCashAssessment (ORDate);
+CREATE INDEX ixCashAssessmentRevokeDate ON dbo.tbCashAssessment (RevokeDate);
 GO
 
 -- What leaves no other trace: re-prints, revoked assessments, registrations.

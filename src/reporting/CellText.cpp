@@ -65,6 +65,8 @@ QString PieceText(const TextPiece& piece, const QString& format, const TextPlace
         return QString::number(place.pages);
     case TextPiece::Kind::Now:
         return FormatValue(place.data.now, format);
+    case TextPiece::Kind::User:
+        return place.data.user;
     case TextPiece::Kind::Sum:
         return FormatValue(SumOf(place.data.Rows(), piece.number, place.firstRow, place.endRow), format);
     case TextPiece::Kind::Count:

@@ -66,7 +66,10 @@ ReportData Report::Fetch() const {
     data.now = Now();
     for (const ParameterField& field : mFields)
         data.parameters.push_back(ValueOf(field));
-    const std::unique_ptr<CommandGateway> gateway = ConnectReport(LogOn());
+    const ReportLogOn& logOn = LogOn();
+    // A copy of its own: the logon's texts are overwritten afterwards.
+    data.user = QString(logOn.user.constData(), logOn.user.size());
+    const std::unique_ptr<CommandGateway> gateway = ConnectReport(logOn);
     for (const ReportQuery& query : mTemplate.queries) {
         const RowSet rows = gateway->Execute(ComposeQuery(query));
         if (rows.State() == RowSet::Status::Closed)

@@ -9,12 +9,14 @@
 #include <vector>
 
 /// What a report shows: the rows of its queries and the values of its parameters, in the template's order,
-/// and the moment at which they were taken.
+/// the moment at which they were taken, and by whom.
 struct ReportData {
     /// One for each query; the first is the report's rows.
     std::vector<std::shared_ptr<const RowData>> queries;
     std::vector<Value> parameters;
     DateTime now;
+    /// Who had the report made: the user of its tables' logon.
+    QString user = {};
 
     const RowData& Rows() const { return *queries.front(); }
 };

@@ -57,7 +57,7 @@ struct ReportQuery {
 
 /// A piece of a cell's text.
 struct TextPiece {
-    enum class Kind { Literal, Field, Parameter, Page, Pages, Now, Sum, Count };
+    enum class Kind { Literal, Field, Parameter, Page, Pages, Now, User, Sum, Count };
     Kind kind = Kind::Literal;
     /// The text itself, or the name of the column.
     QString text;

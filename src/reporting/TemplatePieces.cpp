@@ -79,6 +79,8 @@ TextPiece ReadPlaceholder(const ReportTemplate& report, int line, const QString&
         return {TextPiece::Kind::Pages, {}, {}, 0};
     if (name == "now"_L1)
         return {TextPiece::Kind::Now, {}, {}, 0};
+    if (name == "user"_L1)
+        return {TextPiece::Kind::User, {}, {}, 0};
     if (name == "count"_L1)
         return {TextPiece::Kind::Count, {}, {}, 0};
     if (name.startsWith("sum "_L1))

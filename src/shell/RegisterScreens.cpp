@@ -5,6 +5,7 @@
 #include "maintenance/frmListCharges.h"
 #include "patients/CashTarget.h"
 #include "patients/FinderTarget.h"
+#include "reporting/frmLedger.h"
 #include "toolkit/Screens.h"
 
 using namespace Qt::StringLiterals;
@@ -12,5 +13,6 @@ using namespace Qt::StringLiterals;
 void RegisterScreens() {
     RegisterFinderTarget(u"Post"_s, []() -> FinderTarget& { return Screens::Get<frmPostCharges>(); });
     RegisterFinderTarget(u"List"_s, []() -> FinderTarget& { return Screens::Get<frmListCharges>(); });
+    RegisterFinderTarget(u"Ledger"_s, []() -> FinderTarget& { return Screens::Get<frmLedger>(); });
     RegisterCashTarget([]() -> CashTarget& { return Screens::Get<frmAssessment>(); });
 }

@@ -10,6 +10,9 @@
 #include "patients/frmSearchPatient.h"
 #include "patients/frmWalkInUpdate.h"
 #include "patients/PatientContext.h"
+#include "reporting/frmCensus.h"
+#include "reporting/frmLedger.h"
+#include "reporting/frmReportRange.h"
 #include "shell/frmAbout.h"
 #include "shell/frmSetup.h"
 #include "shell/PendingMonitor.h"
@@ -178,17 +181,52 @@ void frmMain::mnuExit_Click() {
     UnloadMain();
 }
 
-void frmMain::mnuReportAudit_Click() {}
+void frmMain::OpenReportRange(int type) {
+    frmReportRange::SetReportType(type);
+    Screens::Get<frmReportRange>().Show();
+}
 
-void frmMain::mnuOPDIncome_Click() {}
+void frmMain::mnuReportAudit_Click() {
+    OpenReportRange(1);
+}
 
-void frmMain::mnuIPDIncomeReport_Click() {}
+void frmMain::mnuOPDIncome_Click() {
+    OpenReportRange(3);
+}
+
+void frmMain::mnuIPDIncomeReport_Click() {
+    OpenReportRange(4);
+}
+
+void frmMain::mnuCashIncome_Click() {
+    OpenReportRange(5);
+}
+
+void frmMain::mnuReportMonthly_Click() {
+    OpenReportRange(6);
+}
+
+void frmMain::mnuIn_Click() {
+    OpenReportRange(7);
+}
+
+void frmMain::mnuOut_Click() {
+    OpenReportRange(8);
+}
+
+void frmMain::mnuCensus_Click() {
+    Screens::Get<frmCensus>().Show();
+}
 
 void frmMain::mnuLedger_Click() {
     gChargeMode = u"Ledger"_s;
+    Screens::Get<frmLedger>().Show();
 }
 
-void frmMain::mnuMLedger_Click() {}
+/// Kept: the charge mode stays as it stands, so the finder may serve another screen than the ledger.
+void frmMain::mnuMLedger_Click() {
+    Screens::Get<frmLedger>().Show();
+}
 
 void frmMain::mnuReportStatus_Click() {
     Screens::Get<frmAssessStatus>().ShowModal();

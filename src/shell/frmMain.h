@@ -66,6 +66,11 @@ class frmMain : public QMainWindow, private Workspace {
     void mnuReportAudit_Click();
     void mnuOPDIncome_Click();
     void mnuIPDIncomeReport_Click();
+    void mnuCashIncome_Click();
+    void mnuReportMonthly_Click();
+    void mnuIn_Click();
+    void mnuOut_Click();
+    void mnuCensus_Click();
     void mnuLedger_Click();
     void mnuMLedger_Click();
     void mnuReportStatus_Click();
@@ -74,6 +79,7 @@ class frmMain : public QMainWindow, private Workspace {
     void mSetup_Click();
     void mnuAbout_Click();
     void OpenPostCharges(const QString& patientType);
+    void OpenReportRange(int type);
     void AskAndClose();
 
     QMdiArea* mArea = nullptr;

@@ -18,13 +18,14 @@ namespace {
 /// and the engine in it. It is made in a folder of its own and moved into place, so that tests may run side
 /// by side.
 QString Original() {
-    const QDateTime built = QFileInfo(QFileInfo(u"/proc/self/exe"_s).canonicalFilePath()).lastModified();
+    const QFileInfo program(QFileInfo(u"/proc/self/exe"_s).canonicalFilePath());
     const QDir folder(u"" TARVEN_BUILD_DIR "/trial-hospitals"_s);
-    const QString path = folder.filePath(u"%1.db"_s.arg(built.toMSecsSinceEpoch()));
+    const QString path = folder.filePath(
+        u"%1-%2.db"_s.arg(program.fileName()).arg(program.lastModified().toMSecsSinceEpoch()));
     if (QFile::exists(path))
         return path;
     folder.mkpath(u"."_s);
-    for (const QString& old : folder.entryList({u"*.db"_s}, QDir::Files))
+    for (const QString& old : folder.entryList({program.fileName() + u"-*.db"_s}, QDir::Files))
         QFile::remove(folder.filePath(old));
     const QTemporaryDir making(folder.filePath(u"making-XXXXXX"_s));
     const QString made = making.filePath(u"hospital.db"_s);

@@ -78,6 +78,14 @@ TEST_F(SearchPlans, EverySearchAmongManyPatientsIsASearchOnAnIndex) {
          u"RADIOLOGY..spRadio_CheckPending 'HC'"_s,
          u"Hemodialysis..spKidney_ChargesbyPatient '104233B'"_s,
          u"Hemodialysis..spKidney_Rates 'HC'"_s,
+         u"REPORTS..spReports_Audit '20251201','20251231'"_s,
+         u"REPORTS..spReports_Income 'I','20251201','20251231'"_s,
+         u"REPORTS..spReports_IncomeCash '20251201','20251231'"_s,
+         u"REPORTS..spReports_Statistics '20251201','20251231'"_s,
+         u"REPORTS..spReports_Company 'O','20251201','20251231'"_s,
+         u"REPORTS..spReports_Ledger '104233B'"_s,
+         u"PATIENT_DATA..spReports_CensusAll"_s,
+         u"PATIENT_DATA..spReports_CensusStation"_s,
          u"Select RoomClassID from build_file..tbCoRoom Where RoomID = 'W201' "_s,
          u"SELECT * FROM HEMODIALYSIS..tbhemopackage WHERE PackageCode = 'PK001'"_s})
         EXPECT_EQ(Scans(command), QStringList()) << command.toStdString();

@@ -111,6 +111,16 @@ TEST_F(ReportTest, FetchesItsRowsOnceOverAConnectionThatIsClosedAgain) {
     EXPECT_EQ(database.commands.size(), 2);
 }
 
+TEST_F(ReportTest, NamesTheUserOfItsLogOnAlsoWhenTheLogOnIsForgotten) {
+    Report named{ReadTemplate(u"r.rpt"_s, SmallTemplate(u"<detail height=\"5\"><text x=\"0\" y=\"0\" "
+                                                        "width=\"90\">by {user}</text></detail>"_s))};
+    database.Set(u"D.dbo.T"_s, Rows({u"A"_s}, {{1}}));
+    QString user = u"AN"_s;
+    user += u'A';
+    named.Tables()[0].SetLogOnInfo(u"SERVER"_s, u"PASSWORD"_s, user, u"secret"_s);
+    EXPECT_EQ(named.Document()->PageText(1).trimmed(), u"by ANA"_s);
+}
+
 TEST_F(ReportTest, ForgetsItsLogOnsWithTheRowsFetched) {
     LogOn();
     FillIn();

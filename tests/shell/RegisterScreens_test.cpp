@@ -3,6 +3,7 @@
 #include "maintenance/frmListCharges.h"
 #include "patients/CashTarget.h"
 #include "patients/FinderTarget.h"
+#include "reporting/frmLedger.h"
 #include "shell/RegisterScreens.h"
 #include "support/ScreenTest.h"
 #include "toolkit/Screens.h"
@@ -25,6 +26,12 @@ TEST_F(RegisterScreensTest, TheListOfChargesWaitsInModeList) {
     RegisterScreens();
     EXPECT_FALSE(Screens::IsLoaded<frmListCharges>()) << "registering touches no screen";
     EXPECT_EQ(&FinderTargetOf(u"List"_s), static_cast<FinderTarget*>(&Screens::Get<frmListCharges>()));
+}
+
+TEST_F(RegisterScreensTest, TheLedgerWaitsInModeLedger) {
+    RegisterScreens();
+    EXPECT_FALSE(Screens::IsLoaded<frmLedger>()) << "registering touches no screen";
+    EXPECT_EQ(&FinderTargetOf(u"Ledger"_s), static_cast<FinderTarget*>(&Screens::Get<frmLedger>()));
 }
 
 TEST_F(RegisterScreensTest, TheAssessmentWaitsForACashPatient) {

@@ -6,6 +6,7 @@
 #include "patients/frmSearchPatient.h"
 #include "patients/frmWalkInUpdate.h"
 #include "patients/PatientContext.h"
+#include "reporting/frmLedger.h"
 #include "shell/frmAbout.h"
 #include "shell/frmMain.h"
 #include "shell/frmSetup.h"
@@ -269,9 +270,12 @@ TEST_F(frmMainTest, TheLedgerEntryResetsTheModeAndTheOneOfTheBarDoesNot) {
     Workspace::Current()->EnableMenuItem(u"mnuMLedger"_s, true);
     Item("mnuMLedger").trigger();
     EXPECT_EQ(gChargeMode, u"Post"_s);
+    ASSERT_TRUE(Screens::IsLoaded<frmLedger>());
     Item("mnuLedger").trigger();
     EXPECT_EQ(gChargeMode, u"Ledger"_s);
     EXPECT_EQ(gPatientType, u"I"_s);
+    EXPECT_FALSE(Screens::Get<frmLedger>().IsModal());
+    EXPECT_EQ(OpenScreens(), 1);
 }
 
 TEST_F(frmMainTest, TheListOfChargesSetsItsModeAndOpensTheListNotModalAndOnce) {

@@ -4,6 +4,7 @@
 #include "workstation/CashDeskScripts.h"
 #include "workstation/ChargeListScripts.h"
 #include "workstation/ClerkKeys.h"
+#include "workstation/ReportScripts.h"
 #include "workstation/WardScripts.h"
 
 #include <csignal>
@@ -131,6 +132,9 @@ const std::map<std::string, std::function<void(Driver&)>>& Scripts() {
         {"report-failure", ReportFailure},
         {"long-save", LongSave},
         {"full-disk", FullDisk},
+        {"period-reports", PeriodReports},
+        {"ledger", LedgerOfAnInPatient},
+        {"census", Census},
         {"ward-request", WardRequest},
         {"idle-until-failure", IdleUntilFailure},
         {"modal-until-failure", ModalUntilFailure},

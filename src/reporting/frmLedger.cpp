@@ -1,0 +1,151 @@
+#include "reporting/frmLedger.h"
+
+#include "patients/frmSearchPatient.h"
+#include "patients/PatientContext.h"
+#include "reporting/Reports.h"
+#include "shell/shared.h"
+#include "text/IsNumeric.h"
+#include "toolkit/Keys.h"
+#include "toolkit/Look.h"
+#include "toolkit/MousePointer.h"
+#include "toolkit/ProgramFiles.h"
+#include "toolkit/Screens.h"
+#include "toolkit/SendKeys.h"
+#include "toolkit/Workspace.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kInPatient = 0;
+
+} // namespace
+
+frmLedger::frmLedger() {
+    Layout();
+    Wire();
+}
+
+void frmLedger::Layout() {
+    setObjectName(u"frmLedger"_s);
+    setWindowTitle(u"Patient's Ledger"_s);
+    QLabel* heading = NewHeading(u"Patients Ledger"_s, this);
+    heading->setObjectName(u"Label2"_s);
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(Space::kNormal);
+    layout->addWidget(heading);
+    layout->addWidget(LayoutSearch());
+    layout->addStretch(1);
+    layout->addLayout(LayoutActions());
+    const QList<QWidget*> order = {cmbPatientCode, txtIDNum, cmdView, cmdClose};
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
+    cmbPatientCode->setFocus();
+}
+
+QGroupBox* frmLedger::LayoutSearch() {
+    auto* frame1 = new QGroupBox(u"Search Patient"_s, this);
+    frame1->setObjectName(u"Frame1"_s);
+    cmbPatientCode = new QComboBox(frame1);
+    cmbPatientCode->setObjectName(u"cmbPatientCode"_s);
+    cmbPatientCode->addItems({u"Inpatient"_s, u"Outpatient"_s});
+    // Neither is chosen at the start, so that choosing the first one is a choice too.
+    cmbPatientCode->setCurrentIndex(-1);
+    txtIDNum = NewTextBox(u"txtIDNum"_s, frame1);
+    txtHospNum = NewShownBox(u"txtHospNum"_s, frame1);
+    txtLastName = NewShownBox(u"txtLastName"_s, frame1);
+    txtFirstName = NewShownBox(u"txtFirstName"_s, frame1);
+    txtMiddleName = NewShownBox(u"txtMiddleName"_s, frame1);
+    auto* grid = new QGridLayout(frame1);
+    AddLabelled(*grid, 0, 0, u"Patient Code:"_s, cmbPatientCode);
+    AddLabelled(*grid, 1, 0, u"Admission No.:"_s, txtIDNum);
+    AddLabelled(*grid, 2, 0, u"Hospital No.:"_s, txtHospNum);
+    AddLabelled(*grid, 0, 2, u"Last Name:"_s, txtLastName);
+    AddLabelled(*grid, 1, 2, u"First Name:"_s, txtFirstName);
+    AddLabelled(*grid, 2, 2, u"Middle Name:"_s, txtMiddleName);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 2);
+    return frame1;
+}
+
+QHBoxLayout* frmLedger::LayoutActions() {
+    cmdView = new QPushButton(u"&View"_s, this);
+    cmdView->setObjectName(u"cmdView"_s);
+    cmdClose = new QPushButton(u"Exit"_s, this);
+    cmdClose->setObjectName(u"cmdClose"_s);
+    auto* row = new QHBoxLayout;
+    row->addStretch(1);
+    row->addWidget(cmdView);
+    row->addWidget(cmdClose);
+    return row;
+}
+
+void frmLedger::Wire() {
+    // Choosing the item that stands counts too: another screen may have changed the type meanwhile.
+    connect(cmbPatientCode, &QComboBox::activated, this, &frmLedger::cmbPatientCode_Click);
+    connect(cmbPatientCode, &QComboBox::currentIndexChanged, this, &frmLedger::cmbPatientCode_Click);
+    OnKeyPress(txtIDNum, [this](int& key) { txtIDNum_KeyPress(key); });
+    connect(cmdView, &QPushButton::clicked, this, &frmLedger::cmdView_Click);
+    connect(cmdClose, &QPushButton::clicked, this, &Form::Unload);
+}
+
+void frmLedger::Form_Load() {
+    MoveTo(4000, 2000);
+}
+
+void frmLedger::Form_Unload() {
+    if (Workspace* workspace = Workspace::Current())
+        workspace->EnableMenuItem(u"mnuMLedger"_s, true);
+}
+
+QString frmLedger::FinderText() const {
+    return txtIDNum->text();
+}
+
+void frmLedger::SetBox(const QString& name, const QString& text) {
+    findChild<QLineEdit*>(name)->setText(text);
+}
+
+void frmLedger::cmbPatientCode_Click() {
+    gPatientType = cmbPatientCode->currentIndex() == kInPatient ? u"I"_s : u"O"_s;
+    txtIDNum->setFocus();
+}
+
+void frmLedger::txtIDNum_KeyPress(int& keyAscii) {
+    if (keyAscii == Key::kEnter) {
+        SendTab();
+        Screens::Get<frmSearchPatient>().Show();
+    }
+}
+
+void frmLedger::cmdView_Click() {
+    SetMousePointer(MousePointer::Wait);
+    PrintLedger();
+    SetMousePointer(MousePointer::Default);
+    Unload();
+}
+
+std::vector<Value> frmLedger::LedgerValues() const {
+    // Kept: the letter goes by the shape of the number, whatever the patient code says. A visit number ends
+    // in a letter.
+    const QString patientType = IsNumeric(txtIDNum->text().trimmed()) ? u"I"_s : u"O"_s;
+    const QString name =
+        txtLastName->text() + u", "_s + txtFirstName->text() + u" "_s + txtMiddleName->text();
+    return {patientType,        txtIDNum->text(), gHospitalName,  name,
+            txtHospNum->text(), gRoomID,          gAdmissionDate, mFirstSpare,
+            mSecondSpare,       gHospitalAddress, mThirdSpare};
+}
+
+void frmLedger::PrintLedger() {
+    OpenReport(ProgramDirectory() + u"\\Reports\\Orvandelle_Ledger.rpt"_s, LedgerValues());
+    ShowReport(false, u"Patients Ledger!"_s, false);
+}

@@ -1,0 +1,246 @@
+#include "PeriodGround.h"
+#include "reporting/frmReportRange.h"
+#include "support/CaseName.h"
+#include "text/Clock.h"
+
+#include <QCalendarWidget>
+#include <QDateEdit>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ReportRangeTest : public PeriodGround {
+  protected:
+    static frmReportRange& Open(int type) {
+        frmReportRange::SetReportType(type);
+        auto& screen = Screens::Get<frmReportRange>();
+        screen.Show();
+        return screen;
+    }
+    static QDateEdit& Start() { return Find<QDateEdit>(Screens::Get<frmReportRange>(), "dtpStartDate"); }
+    static QDateEdit& End() { return Find<QDateEdit>(Screens::Get<frmReportRange>(), "dtpEndDate"); }
+    static QPushButton& View() { return Find<QPushButton>(Screens::Get<frmReportRange>(), "cmdView"); }
+    static void SetRange(QDate start, QDate end) {
+        Start().setDate(start);
+        End().setDate(end);
+    }
+    std::optional<ShownReport> ViewReport() {
+        return ReportOf([] { Click(View()); });
+    }
+};
+
+struct ReportCase {
+    const char* name;
+    int type;
+    QString file;
+    QString title;
+    std::vector<QString> values;
+};
+
+class PeriodReport : public ReportRangeTest, public testing::WithParamInterface<ReportCase> {};
+
+} // namespace
+
+TEST_F(ReportRangeTest, AsksForTwoDaysInItsFrame) {
+    const frmReportRange& screen = Open(3);
+    EXPECT_EQ(Find<QGroupBox>(screen, "Frame1").title(), u"Select Range"_s);
+    QStringList labels;
+    for (const QLabel* label : screen.findChildren<QLabel*>())
+        labels << label->text();
+    EXPECT_EQ(labels, (QStringList{u"Start Date"_s, u"End Date"_s}));
+    EXPECT_EQ(Find<QPushButton>(screen, "cmdView").text(), u"View"_s);
+    EXPECT_EQ(Find<QPushButton>(screen, "cmdClose").text(), u"Close"_s);
+}
+
+TEST_F(ReportRangeTest, BothDaysAreTodayAtFirst) {
+    Open(3);
+    EXPECT_EQ(Start().date(), QDate(2026, 11, 21));
+    EXPECT_EQ(End().date(), QDate(2026, 11, 21));
+    EXPECT_EQ(Start().text(), u"11/21/2026"_s);
+}
+
+TEST_F(ReportRangeTest, StandsAtItsPlaceInsideTheMainWindowAndIsNotModal) {
+    const frmReportRange& screen = Open(3);
+    EXPECT_FALSE(screen.IsModal());
+    const QList<QMdiSubWindow*> windows = workspace.Area()->subWindowList();
+    ASSERT_EQ(windows.size(), 1);
+    EXPECT_EQ(windows.front()->pos(), QPoint(458, 250)) << "5500 and 3000 twips";
+}
+
+TEST_F(ReportRangeTest, OnlyTheFirstTwoTypesHaveATitleOfTheirOwn) {
+    for (int type = 0; type <= 9; ++type) {
+        const QString expected = type == 1   ? u"Audit Report"_s
+                                 : type == 2 ? u"Income Report"_s
+                                             : u"Report Date"_s;
+        EXPECT_EQ(Open(type).windowTitle(), expected) << type;
+        Screens::Unload<frmReportRange>();
+    }
+}
+
+TEST_F(ReportRangeTest, ReadingTheTypeGivesZeroWhateverWasStored) {
+    frmReportRange::SetReportType(6);
+    EXPECT_EQ(frmReportRange::ReportType(), 0);
+}
+
+TEST_F(ReportRangeTest, ATypeSetWhileTheScreenStandsCountsAndTheTitleStays) {
+    PutTemplate(u"IncomeReport.RPT"_s, 5);
+    Open(1);
+    EXPECT_EQ(Open(4).windowTitle(), u"Audit Report"_s);
+    EXPECT_EQ(workspace.Area()->subWindowList().size(), 1);
+    const auto shown = ViewReport();
+    ASSERT_TRUE(shown);
+    EXPECT_EQ(shown->title, u"In-Patient Income Report"_s);
+}
+
+TEST_P(PeriodReport, TakesItsValuesInOrder) {
+    const ReportCase& report = GetParam();
+    PutTemplate(QFileInfo(report.file).fileName(), int(report.values.size()) + 1);
+    Open(report.type);
+    SetRange({2026, 10, 5}, {2026, 11, 4});
+    const auto shown = ViewReport();
+    ASSERT_TRUE(shown);
+    EXPECT_EQ(shown->file, report.file);
+    EXPECT_EQ(shown->title, report.title);
+    std::vector<QString> values = report.values;
+    values.push_back(u"not given"_s);
+    EXPECT_EQ(shown->values, values);
+    EXPECT_FALSE(Screens::IsLoaded<frmReportRange>()) << "the screen closes behind the report";
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Types, PeriodReport,
+    testing::Values(ReportCase{"Audit",
+                               1,
+                               u"Reports/AuditReport.RPT"_s,
+                               u"Audit Report"_s,
+                               {u"10/05/2026"_s, u"11/04/2026"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
+                                u"128 Rizal Avenue"_s, u"NURSE"_s}},
+                    ReportCase{"OutPatientIncome",
+                               3,
+                               u"Reports/IncomeReport.RPT"_s,
+                               u"Out-Patient Income Report"_s,
+                               {u"O"_s, u"10/05/2026"_s, u"11/04/2026"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
+                                u"128 Rizal Avenue"_s}},
+                    ReportCase{"InPatientIncome",
+                               4,
+                               u"Reports/IncomeReport.RPT"_s,
+                               u"In-Patient Income Report"_s,
+                               {u"I"_s, u"10/05/2026"_s, u"11/04/2026"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
+                                u"128 Rizal Avenue"_s}},
+                    ReportCase{"CashIncome",
+                               5,
+                               u"Reports/IncomeReportCash.RPT"_s,
+                               u"Cash Patient Income Report"_s,
+                               {u"10/05/2026"_s, u"11/04/2026"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
+                                u"128 Rizal Avenue"_s}},
+                    ReportCase{"Statistics",
+                               6,
+                               u"Reports/StatisticsReport.RPT"_s,
+                               u"Monthly Statistical Report"_s,
+                               {u"10/05/2026"_s, u"11/04/2026"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
+                                u"128 Rizal Avenue"_s}},
+                    ReportCase{"InPatientCompany",
+                               7,
+                               u"Reports/CompanyReport.RPT"_s,
+                               u"In-Patient Company Report"_s,
+                               {u"I"_s, u"10/05/2026"_s, u"11/04/2026"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
+                                u"128 Rizal Avenue"_s}},
+                    ReportCase{"OutPatientCompany",
+                               8,
+                               u"Reports/CompanyReport.RPT"_s,
+                               u"Out-Patient Company Report"_s,
+                               {u"O"_s, u"10/05/2026"_s, u"11/04/2026"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
+                                u"128 Rizal Avenue"_s}}),
+    CaseName());
+
+TEST_F(ReportRangeTest, ATypeWithoutAReportOpensNothingAndCloses) {
+    for (const int type : {0, 2, 9, -1}) {
+        Open(type);
+        EXPECT_FALSE(ViewReport()) << type;
+        EXPECT_FALSE(gReport.IsSet());
+        EXPECT_FALSE(Screens::IsLoaded<frmReportRange>()) << type;
+        EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
+    }
+}
+
+TEST_F(ReportRangeTest, EqualDaysRunTheReportForTheOneDay) {
+    PutTemplate(u"StatisticsReport.RPT"_s, 2);
+    Open(6);
+    SetRange({2026, 2, 28}, {2026, 2, 28});
+    const auto shown = ViewReport();
+    ASSERT_TRUE(shown);
+    EXPECT_EQ(shown->values, (std::vector<QString>{u"02/28/2026"_s, u"02/28/2026"_s}));
+}
+
+TEST_F(ReportRangeTest, AStartBehindTheEndWarnsAndKeepsBothDays) {
+    Open(6);
+    SetRange({2026, 11, 22}, {2026, 11, 21});
+    messages.Expect({.text = u"End date must be greater than start date."_s, .icon = MsgIcon::Exclamation});
+    EXPECT_FALSE(ViewReport());
+    EXPECT_EQ(messages.Shown().size(), 1U);
+    ASSERT_TRUE(Screens::IsLoaded<frmReportRange>());
+    EXPECT_TRUE(Screens::Get<frmReportRange>().isVisible());
+    EXPECT_EQ(Start().date(), QDate(2026, 11, 22));
+    EXPECT_EQ(End().date(), QDate(2026, 11, 21));
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
+}
+
+TEST_F(ReportRangeTest, TheHourglassStandsWhileTheReportIsOpened) {
+    Open(6);
+    // The template is missing, so the failure comes while the screen waits.
+    Click(View());
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
+    EXPECT_EQ(TakeFailure(), RunTime::kFileNotFound);
+    EXPECT_TRUE(Screens::IsLoaded<frmReportRange>()) << "nothing behind the failure runs";
+}
+
+TEST_F(ReportRangeTest, CloseUnloadsWithoutAReport) {
+    const frmReportRange& screen = Open(6);
+    EXPECT_FALSE(ReportOf([&screen] { Click(Find<QPushButton>(screen, "cmdClose")); }));
+    EXPECT_FALSE(Screens::IsLoaded<frmReportRange>());
+}
+
+TEST_F(ReportRangeTest, AFreshScreenStartsAtToday) {
+    Open(6);
+    SetRange({2026, 1, 1}, {2026, 1, 31});
+    Screens::Unload<frmReportRange>();
+    SetClock([] { return DateTime::FromFields({2026, 11, 22, 23, 59, 59, 0}).value(); });
+    Open(6);
+    EXPECT_EQ(Start().date(), QDate(2026, 11, 22));
+    EXPECT_EQ(End().date(), QDate(2026, 11, 22));
+}
+
+// The keyboard.
+
+TEST_F(ReportRangeTest, DaysAreKeyedAndEnterOnTheButtonViews) {
+    PutTemplate(u"StatisticsReport.RPT"_s, 2);
+    frmReportRange& screen = Open(6);
+    EXPECT_TRUE(Start().hasFocus());
+    Start().setSelectedSection(QDateEdit::MonthSection);
+    QTest::keyClicks(&Start(), u"10052026"_s);
+    EXPECT_EQ(Start().date(), QDate(2026, 10, 5));
+    Press(Start(), Qt::Key_Tab);
+    for (int i = 0; i < 3 && !End().hasFocus(); ++i)
+        Press(*screen.focusWidget(), Qt::Key_Tab);
+    ASSERT_TRUE(End().hasFocus());
+    End().setSelectedSection(QDateEdit::DaySection);
+    Press(End(), Qt::Key_Down);
+    EXPECT_EQ(End().date(), QDate(2026, 11, 20));
+    View().setFocus();
+    const auto shown = ReportOf([] { Press(View(), Qt::Key_Return); });
+    ASSERT_TRUE(shown);
+    EXPECT_EQ(shown->values, (std::vector<QString>{u"10/05/2026"_s, u"11/20/2026"_s}));
+}
+
+TEST_F(ReportRangeTest, ThePickersOfferACalendar) {
+    Open(6);
+    EXPECT_TRUE(Start().calendarPopup());
+    EXPECT_TRUE(End().calendarPopup());
+}

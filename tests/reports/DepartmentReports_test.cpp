@@ -1,0 +1,228 @@
+#include "reporting/ReportOutput.h"
+#include "ReportsTest.h"
+#include "support/CaseName.h"
+#include "text/Clock.h"
+
+using namespace Qt::StringLiterals;
+
+// The department's reports over the demo data, each compared with its golden text.
+
+namespace {
+
+const QString kHospital = u"SAN RAFAEL GENERAL HOSPITAL"_s;
+const QString kAddress = u"148 MABINI ST., POBLACION, SAN RAFAEL"_s;
+
+struct GoldenCase {
+    const char* name;
+    QString file;
+    QString golden;
+    std::vector<Value> values;
+};
+
+DateTime On(int month, int day) {
+    return DateTime::FromFields({.year = 2026, .month = month, .day = day, .hour = 0}).value();
+}
+
+std::vector<Value> Range(DateTime start, DateTime end) {
+    return {start, end, kHospital, kAddress};
+}
+
+std::vector<Value> RangeOf(const QString& patientType, DateTime start, DateTime end) {
+    return {patientType, start, end, kHospital, kAddress};
+}
+
+class DepartmentReport : public ReportsTest, public testing::WithParamInterface<GoldenCase> {};
+
+} // namespace
+
+TEST_P(DepartmentReport, OverTheDemoDataIsItsGoldenText) {
+    const auto document = Document(GetParam().file, GetParam().values);
+    ExpectGolden(TextOfPages(*document), GetParam().golden);
+    // To look at the pages: TARVEN_REPORT_PDF names a folder.
+    if (qEnvironmentVariableIsSet("TARVEN_REPORT_PDF")) {
+        const QString folder = qEnvironmentVariable("TARVEN_REPORT_PDF");
+        EXPECT_EQ(SavePdf(*document, GetParam().golden, folder + u'/' + GetParam().golden + u".pdf"_s),
+                  QString());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Templates, DepartmentReport,
+    testing::Values(GoldenCase{"Audit",
+                               u"AuditReport.RPT"_s,
+                               u"audit.txt"_s,
+                               {On(10, 25), On(10, 26), kHospital, kAddress, u"NURSE"_s}},
+                    GoldenCase{"InPatientIncome", u"IncomeReport.RPT"_s, u"income_in.txt"_s,
+                               RangeOf(u"I"_s, On(10, 1), On(10, 31))},
+                    GoldenCase{"OutPatientIncome", u"IncomeReport.RPT"_s, u"income_out.txt"_s,
+                               RangeOf(u"O"_s, On(10, 1), On(10, 31))},
+                    GoldenCase{"CashIncome", u"IncomeReportCash.RPT"_s, u"income_cash.txt"_s,
+                               Range(On(9, 1), On(10, 31))},
+                    GoldenCase{"Statistics", u"StatisticsReport.RPT"_s, u"statistics.txt"_s,
+                               Range(On(10, 1), On(10, 31))},
+                    GoldenCase{"InPatientCompany", u"CompanyReport.RPT"_s, u"company_in.txt"_s,
+                               RangeOf(u"I"_s, On(10, 1), On(10, 31))},
+                    GoldenCase{"OutPatientCompany", u"CompanyReport.RPT"_s, u"company_out.txt"_s,
+                               RangeOf(u"O"_s, On(10, 1), On(10, 31))},
+                    GoldenCase{"Ledger",
+                               u"Orvandelle_Ledger.rpt"_s,
+                               u"ledger.txt"_s,
+                               {u"O"_s, u"104196B"_s, kHospital, u"MORALES, HONORIO SANTOS"_s, u"100218"_s,
+                                u"OPD"_s, u"10/23/2026"_s, u""_s, u""_s, kAddress, u""_s}},
+                    GoldenCase{
+                        "EmptyLedger",
+                        u"Orvandelle_Ledger.rpt"_s,
+                        u"ledger_empty.txt"_s,
+                        {u"O"_s, u""_s, u""_s, u",  "_s, u""_s, u""_s, u""_s, u""_s, u""_s, u""_s, u""_s}},
+                    GoldenCase{"EmptyPeriod",
+                               u"AuditReport.RPT"_s,
+                               u"audit_empty.txt"_s,
+                               {On(1, 1), On(1, 1), kHospital, kAddress, u"NURSE"_s}},
+                    GoldenCase{"CensusAll", u"CensusAll.rpt"_s, u"census_all.txt"_s, {}},
+                    GoldenCase{"CensusStation", u"CensusStation.rpt"_s, u"census_station.txt"_s, {}}),
+    CaseName());
+
+struct ParameterCase {
+    const char* name;
+    QString file;
+    QString parameters;
+};
+
+class TemplateParameters : public ReportsTest, public testing::WithParamInterface<ParameterCase> {};
+
+TEST_P(TemplateParameters, StandInTheOrderInWhichTheScreenSendsThem) {
+    QStringList names;
+    const auto report = Open(GetParam().file, {});
+    for (const ParameterField& field : report->ParameterFields()) {
+        names << field.Name();
+        EXPECT_EQ(field.TakesDates(), field.Name() == "Start"_L1 || field.Name() == "End"_L1);
+    }
+    EXPECT_EQ(names.join(u' '), GetParam().parameters);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Templates, TemplateParameters,
+    testing::Values(
+        ParameterCase{"Audit", u"AuditReport.RPT"_s,
+                      u"Start End HospitalName HospitalAddress EmployeeCode"_s},
+        ParameterCase{"Income", u"IncomeReport.RPT"_s,
+                      u"PatientType Start End HospitalName HospitalAddress"_s},
+        ParameterCase{"CashIncome", u"IncomeReportCash.RPT"_s, u"Start End HospitalName HospitalAddress"_s},
+        ParameterCase{"Statistics", u"StatisticsReport.RPT"_s, u"Start End HospitalName HospitalAddress"_s},
+        ParameterCase{"Company", u"CompanyReport.RPT"_s,
+                      u"PatientType Start End HospitalName HospitalAddress"_s},
+        ParameterCase{"Ledger", u"Orvandelle_Ledger.rpt"_s,
+                      u"PatientType IdNum HospitalName Patient HospNum Room AdmissionDate Spare1 Spare2 "
+                      "HospitalAddress Spare3"_s},
+        ParameterCase{"CensusAll", u"CensusAll.rpt"_s, u""_s},
+        ParameterCase{"CensusStation", u"CensusStation.rpt"_s, u""_s}),
+    CaseName());
+
+/// What the reports make of particular rows.
+class ReportRows : public ReportsTest {
+  protected:
+    QString TextOf(const QString& file, const std::vector<Value>& values) {
+        return TextOfPages(*Document(file, values)).simplified();
+    }
+};
+
+TEST_F(ReportRows, OfTheCensusComeFromPatientDataAlone) {
+    for (const QString& file : {u"CensusAll.rpt"_s, u"CensusStation.rpt"_s}) {
+        const auto report = Open(file, {});
+        for (const ReportTable& table : report->Tables())
+            EXPECT_TRUE(table.Location().startsWith("PATIENT_DATA."_L1)) << table.Location().toStdString();
+    }
+}
+
+TEST_F(ReportRows, OfTheCensusLeaveOutWhoIsDischarged) {
+    const QString number = Cell(u"SELECT MIN(IdNum) FROM PATIENT_DATA..tbpatient WHERE DcrDate IS NULL"_s);
+    EXPECT_TRUE(TextOf(u"CensusAll.rpt"_s, {}).contains(number));
+    Run(u"UPDATE PATIENT_DATA..tbpatient SET DcrDate = '20261121' WHERE IdNum = '%1'"_s.arg(number));
+    EXPECT_FALSE(TextOf(u"CensusAll.rpt"_s, {}).contains(number));
+    EXPECT_FALSE(TextOf(u"CensusStation.rpt"_s, {}).contains(number));
+}
+
+TEST_F(ReportRows, OfAPatientInARoomThatIsOnNoListAreStillCounted) {
+    const QString number = Cell(u"SELECT MIN(IdNum) FROM PATIENT_DATA..tbpatient WHERE DcrDate IS NULL"_s);
+    Run(u"UPDATE PATIENT_DATA..tbpatient SET RoomID = 'TENT', CompanyID = 'NONE', DoctorID1 = 'NOBODY' WHERE "
+        "IdNum = '%1'"_s.arg(number));
+    const QString text = TextOf(u"CensusStation.rpt"_s, {});
+    EXPECT_TRUE(text.contains(number));
+    EXPECT_TRUE(text.contains("1 patients in NO STATION"_L1)) << text.toStdString();
+}
+
+TEST_F(ReportRows, OfAnAccountWithoutACompanyOnFileAreTheCompanysCode) {
+    Run(u"UPDATE PATIENT_DATA..tboutpatient SET CompanyID = 'ZZZ' WHERE IdNum = '104196B'"_s);
+    const QString text = TextOf(u"CompanyReport.RPT"_s, RangeOf(u"O"_s, On(11, 1), On(11, 20)));
+    EXPECT_TRUE(text.contains("1 accounts of ZZZ"_L1)) << text.toStdString();
+}
+
+TEST_F(ReportRows, OfAVisitThatIsNotOnFileCountAsPersonal) {
+    Run(u"DELETE PATIENT_DATA..tboutpatient WHERE CompanyID <> 'PER' OR IdNum = '104196B'"_s);
+    const auto document = Document(u"CompanyReport.RPT"_s, RangeOf(u"O"_s, On(11, 1), On(11, 20)));
+    ASSERT_EQ(document->Groups().size(), 1U) << "one company";
+    EXPECT_TRUE(TextOfPages(*document).contains("PERSONAL ACCOUNT"_L1));
+}
+
+TEST_F(ReportRows, OfTwoItemsWithoutACodeGoByTheirDescription) {
+    for (const QString& particular : {u"AMBULANCE TO SAN ISIDRO"_s, u"AMBULANCE TO CABIAO"_s})
+        Run(u"Clinical_Area..spEarCare_Append_Charging '100050','700124','01/05/2027 10:15:07 "
+            "AM','AM','D','','1', 'H9001C','750.00','NURSE','W201','D005','', 'I','%1'"_s.arg(particular));
+    const DateTime day = Day(2027, 1, 5);
+    for (const QString& text : {TextOf(u"IncomeReport.RPT"_s, RangeOf(u"I"_s, day, day)),
+                                TextOf(u"StatisticsReport.RPT"_s, Range(day, day))}) {
+        EXPECT_TRUE(text.contains("AMBULANCE TO CABIAO 1"_L1)) << text.toStdString();
+        EXPECT_TRUE(text.contains("AMBULANCE TO SAN ISIDRO 1"_L1)) << text.toStdString();
+    }
+}
+
+TEST_F(ReportRows, OfTheAuditShowEachActWithWhatItMoved) {
+    const DateTime day = Day(2027, 1, 5);
+    SetClock([] { return *DateTime::FromFields({.year = 2027, .month = 1, .day = 5, .hour = 11}); });
+    Run(u"Clinical_Area..spEarCare_Append_Charging '100050','700124','01/05/2027 10:15:07 "
+        "AM','HC','D','HC001','1', 'H9001C','2800.50','NURSE','W201','D005','', 'I','HEMODIALYSIS'"_s);
+    Run(u"Clinical_ARea..spEarCare_UpdateCharging '100050','700124','HC001','2800.50','1','01/05/2027 "
+        u"10:20:00 "
+        "AM','HC','CLERK','I','C','W201','H9001C',''"_s);
+    Run(u"Clinical_Area..spEarCare_Assessment '9001','ZZTEST, ANA','HC001','HC','1','100.25','HC','CLERK',"
+        "'W000003','','D001',''"_s);
+    Run(u"Clinical_Area..spEarCare_AssessRevoke '%1','9001','HC'"_s.arg(
+        Cell(u"SELECT MAX(AssessNum) FROM BILLING..tbCashAssessment"_s)));
+    Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9001C'"_s);
+    const QString text = TextOf(u"AuditReport.RPT"_s, {day, day, kHospital, kAddress, u"LAB"_s});
+    for (const QString& line :
+         {u"Cancelled H9001C"_s, u"-2,800.50 01/05/2027 11:00 AM Assessed 9001 ZZTEST, ANA"_s,
+          u"2 acts of CLERK MAGBANUA, JOEL -2,800.50 100.25"_s, u"01/05/2027 10:15 AM Posted H9001C"_s,
+          u"1 acts of NURSE VILLANUEVA, MARISSA 2,800.50 0.00"_s,
+          u"Revoked 9001 ZZTEST, ANA HC HC001 HEMODIALYSIS TREATMENT 1 -100.25"_s,
+          u"RE-PRINT NO. 1 OF THE SLIP"_s, u"2 acts of USER NOT RECORDED 0.00 -100.25"_s,
+          u"5 acts in all 0.00 0.00"_s, u"Printed by LAB, 01/05/2027 11:00 AM Page 1 of 1"_s})
+        EXPECT_TRUE(text.contains(line)) << line.toStdString() << " in " << text.toStdString();
+}
+
+TEST_F(ReportRows, WithTheLongestNamesAreWrappedAndNeverCut) {
+    const QString long30 = u"MARIA CONCEPCION MAGDALENA XYZ"_s;
+    Run(u"UPDATE PATIENT_DATA..tbmaster SET LastName = 'DE LOS SANTOS-MONTENEGRO Y VIL', FirstName = '%1', "
+        "MiddleName = 'VILLAVICENCIO DEL ROSARIO YQUI'"_s.arg(long30));
+    Run(u"UPDATE build_file..tbCoCompany SET Company = "
+        "'INTELLIGENT CARE AND PHILIPPINE CORPORATE ACCOUNTS OF LUZON'"_s);
+    Run(u"UPDATE BILLING..tbPatientCharges SET Description = "
+        "'HIGH-FLUX POLYSULFONE DIALYZER, 1.8 SQ M, STEAM STERILISED, WITH BLOODLINES AND NEEDLES'"_s);
+    const std::vector<Value> audit = {On(11, 19), On(11, 19), kHospital, kAddress, u"NURSE"_s};
+    const std::vector<Value> ledger = {u"O"_s, u"104196B"_s, kHospital, u"P"_s,   u"1"_s, u"OPD"_s,
+                                       u""_s,  u""_s,        u""_s,     kAddress, u""_s};
+    const auto hasAll = [](const QString& text, const QString& words) {
+        for (const QString& word : words.split(u' '))
+            EXPECT_TRUE(text.contains(word)) << word.toStdString();
+    };
+    const QString name = u"SANTOS-MONTENEGRO MAGDALENA XYZ VILLAVICENCIO YQUI"_s;
+    const QString item = u"POLYSULFONE STERILISED BLOODLINES NEEDLES"_s;
+    hasAll(TextOf(u"AuditReport.RPT"_s, audit), name + u' ' + item);
+    hasAll(TextOf(u"Orvandelle_Ledger.rpt"_s, ledger), item);
+    hasAll(TextOf(u"IncomeReport.RPT"_s, RangeOf(u"O"_s, On(11, 19), On(11, 19))), item);
+    hasAll(TextOf(u"StatisticsReport.RPT"_s, Range(On(11, 19), On(11, 19))), item);
+    const QString company = u"INTELLIGENT PHILIPPINE CORPORATE LUZON"_s;
+    hasAll(TextOf(u"CompanyReport.RPT"_s, RangeOf(u"O"_s, On(11, 19), On(11, 19))), name + u' ' + company);
+    hasAll(TextOf(u"CensusAll.rpt"_s, {}), name + u' ' + company);
+    hasAll(TextOf(u"CensusStation.rpt"_s, {}), name + u' ' + company);
+}

@@ -1,0 +1,71 @@
+#include "workstation/ReportScripts.h"
+
+#include "workstation/ClerkKeys.h"
+
+#include <QWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Tells the title of the report's window, saves the report as PDF, and closes the window.
+void LeaveReport(Driver& clerk, const QString& window) {
+    clerk.ExpectScreen(window);
+    clerk.OnScreen([window] { Tell(VisibleControl(window).windowTitle()); });
+    clerk.Press(Qt::Key_S, Qt::ControlModifier);
+    clerk.Press(Qt::Key_Escape);
+    clerk.ExpectNoScreen(window);
+}
+
+void PeriodReport(Driver& clerk, const QString& menuItem) {
+    clerk.ChooseMenu(menuItem);
+    clerk.ExpectFocus(u"dtpStartDate"_s);
+    // The first section of the date is the month.
+    clerk.Press(Qt::Key_Down);
+    clerk.Press(Qt::Key_Down);
+    clerk.TabTo(u"cmdView"_s);
+    clerk.Press(Qt::Key_Return);
+    LeaveReport(clerk, u"frmReportviewer"_s);
+    clerk.ExpectNoScreen(u"frmReportRange"_s);
+}
+
+} // namespace
+
+void PeriodReports(Driver& clerk) {
+    SignOn(clerk);
+    for (const QString& menuItem : {u"mnuReportAudit"_s, u"mnuOPDIncome"_s, u"mnuIPDIncomeReport"_s,
+                                    u"mnuCashIncome"_s, u"mnuReportMonthly"_s, u"mnuIn"_s, u"mnuOut"_s})
+        PeriodReport(clerk, menuItem);
+}
+
+void LedgerOfAnInPatient(Driver& clerk) {
+    SignOn(clerk);
+    clerk.ChooseMenu(u"mnuLedger"_s);
+    clerk.ExpectFocus(u"cmbPatientCode"_s);
+    clerk.Type(u"I"_s);
+    clerk.ExpectFocus(u"txtIDNum"_s);
+    clerk.Type(u"de guz"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectFocus(u"ListView1"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectNoScreen(u"frmSearchPatient"_s);
+    Tell(clerk.Text(u"txtIDNum"_s) + u' ' + clerk.Text(u"txtHospNum"_s));
+    clerk.TabTo(u"cmdView"_s);
+    clerk.Press(Qt::Key_Return);
+    LeaveReport(clerk, u"frmReportviewer"_s);
+    clerk.ExpectNoScreen(u"frmLedger"_s);
+}
+
+void Census(Driver& clerk) {
+    SignOn(clerk);
+    for (const bool byStation : {false, true}) {
+        clerk.ChooseMenu(u"mnuCensus"_s);
+        clerk.ExpectFocus(u"optCensus(0)"_s);
+        if (byStation)
+            clerk.Press(Qt::Key_Down);
+        clerk.TabTo(u"cmdView"_s);
+        clerk.Press(Qt::Key_Return);
+        clerk.ExpectNoScreen(u"frmCensus"_s);
+        LeaveReport(clerk, u"frmReport"_s);
+    }
+}

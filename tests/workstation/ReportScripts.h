@@ -1,0 +1,12 @@
+#pragma once
+
+class Driver;
+
+// The department's reports.
+
+/// Opens each report of a period from the menu, for the last two months, and leaves it again.
+void PeriodReports(Driver& clerk);
+/// Prints the ledger of an in-patient whom the finder brings.
+void LedgerOfAnInPatient(Driver& clerk);
+/// Opens the census in both arrangements.
+void Census(Driver& clerk);
