@@ -13,3 +13,6 @@ void BenchStart(BenchTable& table, const char* program);
 
 /// A key in the charge grid.
 void BenchKeys(BenchTable& table);
+
+/// The way to a server through the driver, on a responder of the tests' own.
+void BenchOdbc(BenchTable& table);

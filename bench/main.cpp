@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 
 // Speed and memory against bare limits that are measured in the same run:
 //   tarven-bench              everything
-//   tarven-bench save         one of save, finder, reports, start, keys
+//   tarven-bench save         one of save, finder, reports, start, keys, odbc
 // The two other modes are what the start benchmark times.
 
 namespace {
@@ -93,6 +93,8 @@ int main(int argc, char** argv) {
         BenchStart(table, argv[0]);
     if (Wanted(argc, argv, "keys"))
         BenchKeys(table);
+    if (Wanted(argc, argv, "odbc"))
+        BenchOdbc(table);
     table.Print();
     return table.AllGood() ? 0 : 1;
 }
