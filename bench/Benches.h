@@ -21,3 +21,6 @@ void BenchIdle(BenchTable& table, const char* program);
 /// What BenchIdle starts as a process of its own: the program, signed on and left alone; prints the
 /// processor seconds used, the megabytes that the ticks left, and the seconds from a request to the strip.
 int ShowIdleProgram(int& argumentCount, char** arguments);
+
+/// The way to a server through the driver, on a responder of the tests' own.
+void BenchOdbc(BenchTable& table);

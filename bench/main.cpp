@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 // Speed and memory against bare limits that are measured in the same run:
 //   tarven-bench              everything
-//   tarven-bench save         one of save, finder, reports, start, keys, idle
+//   tarven-bench save         one of save, finder, reports, start, keys, idle, odbc
 // The three other modes are what the start and the idle benchmark time.
 
 namespace {
@@ -88,6 +88,8 @@ int main(int argc, char** argv) {
         BenchKeys(table);
     if (Wanted(argc, argv, "idle"))
         BenchIdle(table, argv[0]);
+    if (Wanted(argc, argv, "odbc"))
+        BenchOdbc(table);
     table.Print();
     return table.AllGood() ? 0 : 1;
 }

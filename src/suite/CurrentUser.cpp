@@ -69,3 +69,7 @@ QString CurrentUser::EmployeeCode() const {
 QString CurrentUser::Database() const {
     return mUser ? mUser->connection->DefaultDatabase() : QString();
 }
+
+QString CurrentUser::UserId() const {
+    return mUser ? mUser->userId : QString();
+}

@@ -30,7 +30,7 @@ class CurrentUser : public clsCurrentUser {
 
     QString ServerName() const override { return mSourceName; }
     QString Database() const override;
-    QString UserId() const override { return EmployeeCode(); }
+    QString UserId() const override;
     QString serverpassword() const override { return mPassword; }
 
   private:

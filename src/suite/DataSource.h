@@ -25,7 +25,10 @@ class DataSource {
     virtual bool CanBeMadeAnew() const { return false; }
     /// Makes the hospital, in place of the one that stands. Raises with a clear text when it cannot.
     virtual void Make(const MakingProgress& progress);
-    /// Opens a connection for that user. Raises with the database's text when it cannot; a wrong password may
-    /// show only in IsPassword.
+    /// Whether a connection that was opened proves the password, as a server's own logon does. Where it does
+    /// not, the password is checked against the hospital's hash.
+    virtual bool ProvesPasswords() const { return false; }
+    /// Opens a connection for that user. Raises with the database's text when it cannot, 18456 for a password
+    /// that it refuses.
     virtual std::unique_ptr<CommandGateway> Connect(const QString& user, const QString& password) = 0;
 };

@@ -2,9 +2,11 @@
 
 #include "components/clsDiagnosisCodes.h"
 #include "components/ComponentRegistry.h"
+#include "gateway/odbc/OdbcDataSources.h"
 #include "reporting/ReportConnector.h"
 #include "suite/CurrentUser.h"
 #include "suite/Listing.h"
+#include "suite/OdbcSource.h"
 #include "suite/PersonFinder.h"
 #include "suite/StockItem.h"
 #include "suite/StockList.h"
@@ -33,6 +35,12 @@ class DiagnosisCodes : public clsDiagnosisCodes {
 std::vector<std::unique_ptr<DataSource>> DataSources(const QString& dataFolder) {
     std::vector<std::unique_ptr<DataSource>> sources;
     sources.push_back(std::make_unique<TrialHospital>(dataFolder));
+    const QString trial = sources.front()->Name();
+    for (const QString& name : OdbcDataSources()) {
+        // A report finds its data source by the name, so no two may share one.
+        if (name != trial)
+            sources.push_back(std::make_unique<OdbcSource>(name));
+    }
     return sources;
 }
 

@@ -18,11 +18,11 @@ const QString& NobodysHash() {
     return hash;
 }
 
-QString UserCommand(const QString& user) {
-    return u"SELECT EmployeeID, LastName, FirstName, Initial, PasswordHash FROM PASSWORD..tbPasswordMain "
-           u"WHERE "
-           "EmployeeID = "_s +
-           SqlLiteral(user) + u" AND Active = 1"_s;
+/// The user's row. Where the server proves the password its hash plays no part.
+QString UserCommand(const DataSource& source, const QString& user) {
+    const QString hash = source.ProvesPasswords() ? QString() : u", PasswordHash"_s;
+    return u"SELECT EmployeeID, LastName, FirstName, Initial"_s + hash +
+           u" FROM PASSWORD..tbPasswordMain WHERE EmployeeID = "_s + SqlLiteral(user) + u" AND Active = 1"_s;
 }
 
 QString DepartmentCommand(const QString& user, const QString& deptCode) {
@@ -45,6 +45,10 @@ SignOnOutcome RefusedUser() {
     return Refused(u"The user or the password is wrong."_s);
 }
 
+SignOnOutcome RefusedDepartment(const QString& employee, const QString& deptCode) {
+    return Refused(u"%1 may not sign on for department %2."_s.arg(employee, deptCode));
+}
+
 } // namespace
 
 SignOnOutcome TrySignOn(DataSource& source, const QString& user, const QString& password,
@@ -58,13 +62,17 @@ SignOnOutcome TrySignOn(DataSource& source, const QString& user, const QString& 
             return RefusedUser();
         throw;
     }
-    const RowSet rows = connection->Execute(UserCommand(user));
-    if (!IsPassword(rows, password))
+    const RowSet rows = connection->Execute(UserCommand(source, user));
+    if (!source.ProvesPasswords() && !IsPassword(rows, password))
         return RefusedUser();
+    // The server's other users are not the hospital's.
+    if (rows.Eof())
+        return RefusedDepartment(user, deptCode);
     const QString employee = rows.Fields(u"EmployeeID").ToText();
     if (connection->Execute(DepartmentCommand(employee, deptCode)).Eof())
-        return Refused(u"%1 may not sign on for department %2."_s.arg(employee, deptCode));
+        return RefusedDepartment(employee, deptCode);
     auto signedOn = std::make_unique<SignedOnUser>();
+    signedOn->userId = user;
     signedOn->employeeCode = employee;
     signedOn->employeeName =
         rows.Fields(u"FirstName").TextOrEmpty() + u' ' + rows.Fields(u"LastName").TextOrEmpty();
@@ -75,7 +83,7 @@ SignOnOutcome TrySignOn(DataSource& source, const QString& user, const QString& 
 
 std::unique_ptr<CommandGateway> LogOn(DataSource& source, const QString& user, const QString& password) {
     auto connection = source.Connect(user, password);
-    if (!IsPassword(connection->Execute(UserCommand(user)), password))
+    if (!source.ProvesPasswords() && !IsPassword(connection->Execute(UserCommand(source, user)), password))
         throw RunTimeError(kLoginFailed, u"Login failed for user '%1'."_s.arg(user), u"28000"_s);
     return connection;
 }

@@ -10,6 +10,8 @@ class DataSource;
 
 /// A user who has signed on, with the open connection.
 struct SignedOnUser {
+    /// As he typed it, for another logon in his name.
+    QString userId;
     QString employeeCode;
     QString employeeName;
     QString initial;

@@ -1,39 +1,40 @@
 #include "charges/commands.h"
-#include "support/PrintQt.h"
+#include "support/CommandTexts.h"
 
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 TEST(ChargeCommands, RevenueCentresByExactCode) {
-    EXPECT_EQ(ExactRevenueCommand(u"HC"_s), u"Clinical_Area..spEarCare_SearchRevenue '1','HC'"_s);
+    EXPECT_COMMAND(ExactRevenueCommand(u"HC"_s), u"Clinical_Area..spEarCare_SearchRevenue '1','HC'"_s);
 }
 
 TEST(ChargeCommands, RevenueCentresByTheBeginningOfTheirName) {
-    EXPECT_EQ(PartialRevenueCommand(u"EAR"_s), u"Clinical_Area..spEarCare_SearchRevenue '2','EAR'"_s);
+    EXPECT_COMMAND(PartialRevenueCommand(u"EAR"_s), u"Clinical_Area..spEarCare_SearchRevenue '2','EAR'"_s);
 }
 
 TEST(ChargeCommands, ListOfTheRevenuePickerHasASlot) {
-    EXPECT_EQ(RevenueListQuery(), u"Clinical_Area..spEarCare_SearchRevenue '0','##'"_s);
+    EXPECT_COMMAND(RevenueListQuery(), u"Clinical_Area..spEarCare_SearchRevenue '0','##'"_s);
 }
 
 TEST(ChargeCommands, RatesOfACentre) {
-    EXPECT_EQ(RatesCommand(u"HC"_s), u"Hemodialysis..spKidney_Rates 'HC'"_s);
+    EXPECT_COMMAND(RatesCommand(u"HC"_s), u"Hemodialysis..spKidney_Rates 'HC'"_s);
 }
 
 TEST(ChargeCommands, TextsGoInAsTheyStand) {
-    EXPECT_EQ(ExactRevenueCommand(u" o'b  "_s), u"Clinical_Area..spEarCare_SearchRevenue '1',' o'b  '"_s);
-    EXPECT_EQ(PartialRevenueCommand(u""_s), u"Clinical_Area..spEarCare_SearchRevenue '2',''"_s);
-    EXPECT_EQ(RatesCommand(u"H'C"_s), u"Hemodialysis..spKidney_Rates 'H'C'"_s);
+    EXPECT_COMMAND(ExactRevenueCommand(u" o'b  "_s),
+                   u"Clinical_Area..spEarCare_SearchRevenue '1',' o'b  '"_s);
+    EXPECT_COMMAND(PartialRevenueCommand(u""_s), u"Clinical_Area..spEarCare_SearchRevenue '2',''"_s);
+    EXPECT_COMMAND(RatesCommand(u"H'C"_s), u"Hemodialysis..spKidney_Rates 'H'C'"_s);
 }
 
 TEST(ChargeCommands, SlipCounterAndPrintTable) {
-    EXPECT_EQ(ChargeSlipCounterCommand(), u"Select * from Clinical_Area..tbEarCareChargeSlip"_s);
-    EXPECT_EQ(ClearChargePrintCommand(), u"Delete Clinical_Area..tbEarCareChargePrint"_s);
+    EXPECT_COMMAND(ChargeSlipCounterCommand(), u"Select * from Clinical_Area..tbEarCareChargeSlip"_s);
+    EXPECT_COMMAND(ClearChargePrintCommand(), u"Delete Clinical_Area..tbEarCareChargePrint"_s);
 }
 
 TEST(ChargeCommands, PostingOfALineHasItsTwoBlankJoints) {
-    EXPECT_EQ(
+    EXPECT_COMMAND(
         AppendChargingCommand({.hospitalNumber = u"1"_s,
                                .admissionNumber = u"2"_s,
                                .moment = u"3"_s,
@@ -53,42 +54,44 @@ TEST(ChargeCommands, PostingOfALineHasItsTwoBlankJoints) {
 }
 
 TEST(ChargeCommands, PostingOfAnEmptyLineKeepsItsPlaces) {
-    EXPECT_EQ(AppendChargingCommand({}),
-              u"Clinical_Area..spEarCare_Append_Charging '','','','','D','','', '','','','','','', '',''"_s);
+    EXPECT_COMMAND(
+        AppendChargingCommand({}),
+        u"Clinical_Area..spEarCare_Append_Charging '','','','','D','','', '','','','','','', '',''"_s);
 }
 
 TEST(ChargeCommands, PrintedLineEndsInO) {
-    EXPECT_EQ(SaveChargePrintCommand({.code = u"1"_s,
-                                      .amount = u"2"_s,
-                                      .quantity = u"3"_s,
-                                      .department = u"4"_s,
-                                      .particular = u"5"_s}),
-              u"Clinical_Area..spEarCare_SaveChargePrint '1','2','3','4','5', 'O'"_s);
+    EXPECT_COMMAND(SaveChargePrintCommand({.code = u"1"_s,
+                                           .amount = u"2"_s,
+                                           .quantity = u"3"_s,
+                                           .department = u"4"_s,
+                                           .particular = u"5"_s}),
+                   u"Clinical_Area..spEarCare_SaveChargePrint '1','2','3','4','5', 'O'"_s);
 }
 
 TEST(ChargeCommands, AssessmentCounterAndPrintTable) {
-    EXPECT_EQ(AssessmentCounterCommand(), u"SELECT AssessmentNum FROM BILLING..tbAssessmentNum"_s);
-    EXPECT_EQ(ClearAssessmentPrintCommand(), u"delete Clinical_Area..tbEarCareChargePrint"_s);
+    EXPECT_COMMAND(AssessmentCounterCommand(), u"SELECT AssessmentNum FROM BILLING..tbAssessmentNum"_s);
+    EXPECT_COMMAND(ClearAssessmentPrintCommand(), u"delete Clinical_Area..tbEarCareChargePrint"_s);
 }
 
 TEST(ChargeCommands, AssessedLineBearsTheFixedDepartment) {
-    EXPECT_EQ(AssessmentCommand({.number = u"1"_s,
-                                 .patientName = u"2"_s,
-                                 .code = u"3"_s,
-                                 .department = u"4"_s,
-                                 .quantity = u"5"_s,
-                                 .amount = u"6"_s,
-                                 .userCode = u"8"_s,
-                                 .hospitalNumber = u"9"_s,
-                                 .visitNumber = u"10"_s,
-                                 .requestingDoctorCode = u"11"_s,
-                                 .requestingDoctorName = u"12"_s}),
-              u"Clinical_Area..spEarCare_Assessment '1','2','3','4','5','6','HC','8','9','10','11','12'"_s);
+    EXPECT_COMMAND(
+        AssessmentCommand({.number = u"1"_s,
+                           .patientName = u"2"_s,
+                           .code = u"3"_s,
+                           .department = u"4"_s,
+                           .quantity = u"5"_s,
+                           .amount = u"6"_s,
+                           .userCode = u"8"_s,
+                           .hospitalNumber = u"9"_s,
+                           .visitNumber = u"10"_s,
+                           .requestingDoctorCode = u"11"_s,
+                           .requestingDoctorName = u"12"_s}),
+        u"Clinical_Area..spEarCare_Assessment '1','2','3','4','5','6','HC','8','9','10','11','12'"_s);
 }
 
 TEST(ChargeCommands, AssessmentOfAnEmptyLineKeepsItsPlaces) {
-    EXPECT_EQ(AssessmentCommand({}),
-              u"Clinical_Area..spEarCare_Assessment '','','','','','','HC','','','','',''"_s);
+    EXPECT_COMMAND(AssessmentCommand({}),
+                   u"Clinical_Area..spEarCare_Assessment '','','','','','','HC','','','','',''"_s);
 }
 
 const AssessmentPrintLine kPrintLine{.code = u"1"_s,
@@ -100,33 +103,33 @@ const AssessmentPrintLine kPrintLine{.code = u"1"_s,
                                      .userCode = u"7"_s};
 
 TEST(ChargeCommands, HospitalsCopyOfAPrintedLineHasPriceAndUser) {
-    EXPECT_EQ(GlobalDumpChargeSlipCommand(kPrintLine),
-              u"Clinical_Area..spEarCare_GlobalDumpChargeSlip '1','2','3','4','5','7'"_s);
+    EXPECT_COMMAND(GlobalDumpChargeSlipCommand(kPrintLine),
+                   u"Clinical_Area..spEarCare_GlobalDumpChargeSlip '1','2','3','4','5','7'"_s);
 }
 
 TEST(ChargeCommands, PrintedLineOfAnAssessmentEndsInItsDepartment) {
-    EXPECT_EQ(DumpChargeSlipCommand(kPrintLine),
-              u"Clinical_Area..spEarCare_DumpChargeSlip '1','2','3','5','6'"_s);
+    EXPECT_COMMAND(DumpChargeSlipCommand(kPrintLine),
+                   u"Clinical_Area..spEarCare_DumpChargeSlip '1','2','3','5','6'"_s);
 }
 
 TEST(ChargeCommands, AssessmentTextsGoInAsTheyStand) {
     AssessmentLine line;
     line.patientName = u" O'BRIEN "_s;
-    EXPECT_EQ(AssessmentCommand(line),
-              u"Clinical_Area..spEarCare_Assessment '',' O'BRIEN ','','','','','HC','','','','',''"_s);
+    EXPECT_COMMAND(AssessmentCommand(line),
+                   u"Clinical_Area..spEarCare_Assessment '',' O'BRIEN ','','','','','HC','','','','',''"_s);
     AssessmentPrintLine printed;
     printed.particular = u" MENIERE'S "_s;
-    EXPECT_EQ(DumpChargeSlipCommand(printed),
-              u"Clinical_Area..spEarCare_DumpChargeSlip '',' MENIERE'S ','','',''"_s);
+    EXPECT_COMMAND(DumpChargeSlipCommand(printed),
+                   u"Clinical_Area..spEarCare_DumpChargeSlip '',' MENIERE'S ','','',''"_s);
 }
 
 TEST(ChargeCommands, ItemsOfAPackage) {
-    EXPECT_EQ(PackageCommand(u"PKG01"_s),
-              u"SELECT * FROM HEMODIALYSIS..tbhemopackage WHERE PackageCode = 'PKG01'"_s);
+    EXPECT_COMMAND(PackageCommand(u"PKG01"_s),
+                   u"SELECT * FROM HEMODIALYSIS..tbhemopackage WHERE PackageCode = 'PKG01'"_s);
 }
 
 TEST(ChargeCommands, LinkOfAStockCardToItsPackage) {
-    EXPECT_EQ(
+    EXPECT_COMMAND(
         LinkStockCardCommand(u" PKG01 "_s, u"M0002"_s, u"5017"_s),
         u"UPDATE INVENTORY..tbInvStockCard SET PackageID = ' PKG01 ' WHERE ItemID = 'M0002' AND RefNum = "
         "'5017'"_s);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
+#include <vector>
 
 /// The small hospital behind some engine, as the contract needs it: one connection, and more on demand. Both
 /// have PASSWORD as their default database.
@@ -23,7 +24,13 @@ struct EngineUnderTest {
     std::function<std::unique_ptr<HospitalUnderTest>()> make;
 };
 
-/// What every gateway must do, whatever engine stands behind it. Instantiate with the engine to check it.
+/// The engines to check: the embedded one, a server's wire protocol with that engine behind it, and a live
+/// server where the environment names one in TARVEN_TEST_SQLSERVER, as "DSN=name;UID=user;PWD=password". In
+/// its databases of the hospital the live server gets the small hospital's tables and procedures, which bear
+/// names of their own, and loses them again.
+std::vector<EngineUnderTest> EnginesUnderTest();
+
+/// What every gateway must do, whatever engine stands behind it.
 class GatewayContract : public testing::TestWithParam<EngineUnderTest> {
   protected:
     GatewayContract()

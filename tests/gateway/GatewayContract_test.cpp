@@ -10,23 +10,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class EmbeddedUnderTest : public HospitalUnderTest {
-  public:
-    CommandGateway& Gateway() override { return mHospital.Gateway(); }
-    std::unique_ptr<CommandGateway> Connect() override { return mHospital.Connect(); }
-
-  private:
-    SmallHospital mHospital;
-};
-
 const QString kCounter = u"Select * from Clinical_Area..tbSlip"_s;
 
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(Engines, GatewayContract,
-                         testing::Values(EngineUnderTest{
-                             "Embedded", [] { return std::make_unique<EmbeddedUnderTest>(); }}),
-                         CaseName());
+INSTANTIATE_TEST_SUITE_P(Engines, GatewayContract, testing::ValuesIn(EnginesUnderTest()), CaseName());
 
 QStringList GatewayContract::State() {
     return ContentOf(Gateway());

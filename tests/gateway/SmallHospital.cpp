@@ -42,7 +42,7 @@ CREATE UNIQUE INDEX ixNumber ON dbo.tbCharge (Number);
 GO
 USE PASSWORD;
 GO
-CREATE TABLE dbo.tbPasswordMain (EmployeeID varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL PRIMARY KEY);
+CREATE TABLE dbo.tbSmallUser (EmployeeID varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL PRIMARY KEY);
 GO
 )"_s;
 
@@ -121,7 +121,7 @@ INSERT INTO Clinical_Area..tbCharge (HospNum, Quantity, Amount, Rate, Ratio, Cha
 ('1001', 2, 1250.5, 12.345, 0.1, '2026-11-20'),
 ('1001', 1, 0.1, NULL, NULL, '2026-11-21 14:02:03.456');
 INSERT INTO Clinical_Area..tbSlip (ChargeSlip) VALUES (100);
-INSERT INTO PASSWORD..tbPasswordMain (EmployeeID) VALUES ('NURSE');
+INSERT INTO PASSWORD..tbSmallUser (EmployeeID) VALUES ('NURSE');
 GO
 )"_s;
 
@@ -143,7 +143,7 @@ QStringList ContentOf(CommandGateway& gateway) {
     QStringList content;
     for (const QString& table :
          {u"Clinical_Area..tbPatient"_s, u"Clinical_Area..tbCharge"_s, u"Clinical_Area..tbSlip"_s,
-          u"Clinical_Area..tbPrint"_s, u"BILLING..tbCharge"_s, u"PASSWORD..tbPasswordMain"_s})
+          u"Clinical_Area..tbPrint"_s, u"BILLING..tbCharge"_s, u"PASSWORD..tbSmallUser"_s})
         content << table << RowTexts(gateway, u"select * from "_s + table + u" order by 1"_s);
     return content;
 }

@@ -1,37 +1,38 @@
 #include "patients/commands.h"
-#include "support/PrintQt.h"
+#include "support/CommandTexts.h"
 
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 TEST(PatientCommands, ListOfPatientsOfAType) {
-    EXPECT_EQ(GetPatientCommand(u"I"_s, u"DELA"_s), u"Clinical_Area..spEarCare_GetPatient 'I','DELA'"_s);
-    EXPECT_EQ(GetPatientCommand(u"O"_s, u"DELA"_s), u"Clinical_Area..spEarCare_GetPatient 'O','DELA'"_s);
+    EXPECT_COMMAND(GetPatientCommand(u"I"_s, u"DELA"_s), u"Clinical_Area..spEarCare_GetPatient 'I','DELA'"_s);
+    EXPECT_COMMAND(GetPatientCommand(u"O"_s, u"DELA"_s), u"Clinical_Area..spEarCare_GetPatient 'O','DELA'"_s);
 }
 
 TEST(PatientCommands, TextGoesInAsItStands) {
-    EXPECT_EQ(GetPatientCommand(u"I"_s, u"  o'brien, Ana %"_s),
-              u"Clinical_Area..spEarCare_GetPatient 'I','  o'brien, Ana %'"_s);
-    EXPECT_EQ(GetPatientCommand(u"I"_s, u""_s), u"Clinical_Area..spEarCare_GetPatient 'I',''"_s);
+    EXPECT_COMMAND(GetPatientCommand(u"I"_s, u"  o'brien, Ana %"_s),
+                   u"Clinical_Area..spEarCare_GetPatient 'I','  o'brien, Ana %'"_s);
+    EXPECT_COMMAND(GetPatientCommand(u"I"_s, u""_s), u"Clinical_Area..spEarCare_GetPatient 'I',''"_s);
 }
 
 TEST(PatientCommands, VisitByItsNumber) {
-    EXPECT_EQ(OutPatientCommand(u"10231B"_s),
-              u"select * from patient_data..tboutpatient where idnum = '10231B'"_s);
+    EXPECT_COMMAND(OutPatientCommand(u"10231B"_s),
+                   u"select * from patient_data..tboutpatient where idnum = '10231B'"_s);
 }
 
 TEST(PatientCommands, ListOfCashPatientsHasTwoBlanksBeforeItsArguments) {
-    EXPECT_EQ(GetCashPatientCommand(u"DELA CRUZ"_s, u"1"_s),
-              u"CLINICAL_AREA..spEarCare_GetCashPatient  'DELA CRUZ','1'"_s);
-    EXPECT_EQ(GetCashPatientCommand(u" o'brien "_s, u"3"_s),
-              u"CLINICAL_AREA..spEarCare_GetCashPatient  ' o'brien ','3'"_s);
-    EXPECT_EQ(GetCashPatientCommand(u""_s, u"2"_s), u"CLINICAL_AREA..spEarCare_GetCashPatient  '','2'"_s);
+    EXPECT_COMMAND(GetCashPatientCommand(u"DELA CRUZ"_s, u"1"_s),
+                   u"CLINICAL_AREA..spEarCare_GetCashPatient  'DELA CRUZ','1'"_s);
+    EXPECT_COMMAND(GetCashPatientCommand(u" o'brien "_s, u"3"_s),
+                   u"CLINICAL_AREA..spEarCare_GetCashPatient  ' o'brien ','3'"_s);
+    EXPECT_COMMAND(GetCashPatientCommand(u""_s, u"2"_s),
+                   u"CLINICAL_AREA..spEarCare_GetCashPatient  '','2'"_s);
 }
 
 TEST(PatientCommands, ListOfWalkInsHasABlankBetweenItsArguments) {
-    EXPECT_EQ(WalkInCommand(u"0"_s, u"DELA"_s), u"PATIENT_DATA..spGlobal_WalkIn '0', 'DELA'"_s);
-    EXPECT_EQ(WalkInCommand(u"1"_s, u"O'B"_s), u"PATIENT_DATA..spGlobal_WalkIn '1', 'O'B'"_s);
+    EXPECT_COMMAND(WalkInCommand(u"0"_s, u"DELA"_s), u"PATIENT_DATA..spGlobal_WalkIn '0', 'DELA'"_s);
+    EXPECT_COMMAND(WalkInCommand(u"1"_s, u"O'B"_s), u"PATIENT_DATA..spGlobal_WalkIn '1', 'O'B'"_s);
 }
 
 namespace {
@@ -50,18 +51,20 @@ const WalkInEntry kAna{.lastName = u"O'Brien "_s,
 } // namespace
 
 TEST(PatientCommands, RegistrationOfAWalkIn) {
-    EXPECT_EQ(EarCareAddCashPatientCommand(kAna),
-              u"CLINICAL_AREA..spEarCare_Add_CashPatient 'O'Brien ','Ana','Sy','12 Rizal "
-              "St.','Poblacion','1100','02/29/1984','42','F','2'"_s);
-    EXPECT_EQ(EarCareAddCashPatientCommand({}),
-              u"CLINICAL_AREA..spEarCare_Add_CashPatient '','','','','','','','','',''"_s);
+    EXPECT_COMMAND(EarCareAddCashPatientCommand(kAna),
+                   u"CLINICAL_AREA..spEarCare_Add_CashPatient 'O'Brien ','Ana','Sy','12 Rizal "
+                   "St.','Poblacion','1100','02/29/1984','42','F','2'"_s);
+    EXPECT_COMMAND(EarCareAddCashPatientCommand({}),
+                   u"CLINICAL_AREA..spEarCare_Add_CashPatient '','','','','','','','','',''"_s);
 }
 
 TEST(PatientCommands, OlderRegistrationOfAWalkInHasAnOrderOfItsOwn) {
-    EXPECT_EQ(AddCashPatientCommand(kAna),
-              u"PATIENT_DATA..spAddCashPatient 'O'Brien ','Ana','Sy','2','F','02/29/1984','42','12 Rizal "
-              "St.','Poblacion','1100'"_s);
-    EXPECT_EQ(AddCashPatientCommand({}), u"PATIENT_DATA..spAddCashPatient '','','','','','','','','',''"_s);
+    EXPECT_COMMAND(
+        AddCashPatientCommand(kAna),
+        u"PATIENT_DATA..spAddCashPatient 'O'Brien ','Ana','Sy','2','F','02/29/1984','42','12 Rizal "
+        "St.','Poblacion','1100'"_s);
+    EXPECT_COMMAND(AddCashPatientCommand({}),
+                   u"PATIENT_DATA..spAddCashPatient '','','','','','','','','',''"_s);
 }
 
 TEST(PatientCommands, WalkInsWhoseRecordsAreToBeCorrected) {

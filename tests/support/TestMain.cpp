@@ -1,3 +1,4 @@
+#include "support/tds/TestDataSources.h"
 #include "toolkit/Application.h"
 
 #include <gmock/gmock.h>
@@ -6,6 +7,8 @@ int main(int argc, char** argv) {
     // The build lists the test cases by running this program, and a build has no display.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The machine's own data sources are none of the tests' business.
+    TestDataSources::Instance();
     const Application application(argc, argv);
     testing::InitGoogleMock(&argc, argv);
     return RUN_ALL_TESTS();

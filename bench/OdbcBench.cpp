@@ -1,0 +1,134 @@
+#include "Benches.h"
+#include "BenchTable.h"
+#include "gateway/odbc/OdbcGateway.h"
+#include "support/tds/TdsResponder.h"
+#include "support/tds/TestDataSources.h"
+
+#include <array>
+#include <sql.h>
+#include <sqlext.h>
+#include <sqlucode.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRuns = 31;
+constexpr int kColumns = 6;
+const QString kPending = u"RADIOLOGY..spRadio_CheckPending 'HC'"_s;
+
+/// As a finder's list has them.
+void AnswerPatients(TdsAnswer& answer, int rows) {
+    answer.Columns({{.name = u"hospital #"_s, .type = TdsType::VarChar},
+                    {.name = u"Admission #"_s, .type = TdsType::VarChar},
+                    {.name = u"Patient Name"_s, .type = TdsType::NVarChar},
+                    {.name = u"Admission Date"_s, .type = TdsType::DateTime},
+                    {.name = u"Balance"_s, .type = TdsType::Money},
+                    {.name = u"Visits"_s, .type = TdsType::Int}});
+    const std::vector<Value> row = {u"100284"_s,
+                                    u"700107"_s,
+                                    u"DE GUZMAN, CARMELITA PEÑA"_s,
+                                    *DateTime::FromFields({2026, 11, 21, 10, 30, 15, 0}),
+                                    Decimal{u"11271.5000"_s},
+                                    12};
+    for (int i = 0; i < rows; ++i)
+        answer.Row(row);
+    answer.Done(rows);
+}
+
+TdsResponder::Handler AnswerByNumber() {
+    return [](const QString& batch, TdsAnswer& answer) {
+        if (batch == kPending) {
+            answer.Columns({{.name = u"Pending"_s, .type = TdsType::Int}});
+            answer.Row({0});
+            answer.Done(1);
+            return;
+        }
+        AnswerPatients(answer, batch.toInt());
+    };
+}
+
+/// The same calls as the gateway's, with every cell read into one buffer and forgotten.
+class BareOdbc {
+  public:
+    explicit BareOdbc(const QString& source)
+        : mConnection(SQL_HANDLE_DBC, SQL_HANDLE_ENV, mEnvironment.Get()) {
+        const QString user = u"u"_s;
+        mConnection.Check(SQLConnectW(mConnection.Get(), OdbcText(source), SQLSMALLINT(source.size()),
+                                      OdbcText(user), 1, OdbcText(user), 1));
+    }
+    BareOdbc(const BareOdbc&) = delete;
+    BareOdbc& operator=(const BareOdbc&) = delete;
+    ~BareOdbc() { SQLDisconnect(mConnection.Get()); }
+
+    void Read(const QString& command) const {
+        static constexpr std::array<SQLSMALLINT, kColumns> kTypes = {
+            SQL_C_WCHAR, SQL_C_WCHAR, SQL_C_WCHAR, SQL_C_TYPE_TIMESTAMP, SQL_C_WCHAR, SQL_C_SBIGINT};
+        const OdbcHandle statement(SQL_HANDLE_STMT, SQL_HANDLE_DBC, mConnection.Get());
+        SQLSetStmtAttrW(statement.Get(), SQL_ATTR_QUERY_TIMEOUT, OdbcNumber(30), 0);
+        statement.Check(SQLExecDirectW(statement.Get(), OdbcText(command), SQLINTEGER(command.size())));
+        SQLSMALLINT columns = 0;
+        SQLNumResultCols(statement.Get(), &columns);
+        std::array<char16_t, 256> cell{};
+        SQLLEN size = 0;
+        for (SQLSMALLINT i = 0; i < columns; ++i) {
+            SQLSMALLINT length = 0;
+            SQLSMALLINT type = 0;
+            SQLULEN width = 0;
+            SQLSMALLINT digits = 0;
+            SQLSMALLINT nullable = 0;
+            SQLDescribeColW(statement.Get(), SQLUSMALLINT(i + 1), reinterpret_cast<SQLWCHAR*>(cell.data()),
+                            SQLSMALLINT(cell.size()), &length, &type, &width, &digits, &nullable);
+        }
+        while (SQLFetch(statement.Get()) == SQL_SUCCESS) {
+            for (SQLSMALLINT i = 0; i < columns; ++i)
+                SQLGetData(statement.Get(), SQLUSMALLINT(i + 1), kTypes.at(size_t(i)), cell.data(),
+                           sizeof cell, &size);
+        }
+        while (SQLMoreResults(statement.Get()) != SQL_NO_DATA) {
+        }
+    }
+
+  private:
+    OdbcEnvironment mEnvironment;
+    OdbcHandle mConnection;
+};
+
+/// Runs both by turns, so that the machine's moods fall on both.
+template <class Ours, class Bare>
+void Compare(BenchTable& table, const QString& what, int times, Ours ours, Bare bare) {
+    std::vector<double> oursTimes;
+    std::vector<double> bareTimes;
+    for (int run = 0; run < kRuns; ++run) {
+        const auto repeat = [times](const auto& once) {
+            return MedianMilliseconds(1, [&] {
+                for (int i = 0; i < times; ++i)
+                    once();
+            });
+        };
+        oursTimes.push_back(repeat(ours));
+        bareTimes.push_back(repeat(bare));
+    }
+    constexpr double kPromised = 1.15;
+    table.Add(what, Median(oursTimes), Median(bareTimes), u"ms"_s, kPromised);
+}
+
+} // namespace
+
+void BenchOdbc(BenchTable& table) {
+    TdsResponder server(AnswerByNumber);
+    const QString source = TestDataSources::Instance().Add(server.Port());
+    OdbcGateway gateway(source, u"u"_s, u"p"_s);
+    const BareOdbc bare(source);
+    Compare(
+        table, u"100 commands of one row through the driver, against bare ODBC calls"_s, 100,
+        [&] { gateway.Execute(u"1"_s); }, [&] { bare.Read(u"1"_s); });
+    Compare(
+        table, u"10,000 rows through the driver, against bare ODBC calls"_s, 1,
+        [&] { gateway.Execute(u"10000"_s); }, [&] { bare.Read(u"10000"_s); });
+    // The check of the wards' requests comes every 250 ms.
+    constexpr double kHundredthOfItsInterval = 2.5;
+    table.AddLimit(u"one check of the wards' requests through the driver"_s,
+                   MedianMilliseconds(kRuns * 100, [&] { gateway.Execute(kPending); }),
+                   kHundredthOfItsInterval, u"ms"_s);
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "gateway/CommandGateway.h"
+#include "gateway/odbc/OdbcHandle.h"
+
+#include <QString>
+
+/// The gateway to the hospital's server behind an ODBC data source. A text goes out as one plain batch, and
+/// its answer is read to the end before the caller sees it.
+class OdbcGateway : public CommandGateway {
+  public:
+    /// Seconds after which a server that does not answer the logon is given up.
+    static constexpr int kLoginTimeout = 15;
+
+    /// Connects with a user's own logon. Raises 18456 for a logon that the server refuses, and the driver's
+    /// or the driver manager's own text when the server cannot be reached.
+    OdbcGateway(const QString& dataSource, const QString& user, const QString& password,
+                int loginTimeout = kLoginTimeout);
+    ~OdbcGateway() override;
+
+    /// The loss of the connection is noticed by the next command alone.
+    bool Connected() const override { return true; }
+    QString ConnectionString() const override { return mConnectionString; }
+    /// Raises 911 for a database that the server has not.
+    void SetDefaultDatabase(const QString& name) override;
+
+  protected:
+    /// A timeout may come when twice its seconds have passed: the server has as long to confirm that it gave
+    /// the command up. When it does not, the connection is lost.
+    Outcome Run(const QString& command) override;
+
+  private:
+    /// Reads every result of a statement that has been executed.
+    Outcome ReadAnswer(const OdbcHandle& statement) const;
+    bool IsLost() const;
+
+    QString mConnectionString;
+    OdbcEnvironment mEnvironment;
+    OdbcHandle mConnection;
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "gateway/RowSet.h"
+
+#include <memory>
+
+class OdbcHandle;
+
+/// Reads the result set that a statement stands on, whole, each column as its own type: whole numbers, bits,
+/// floating numbers, money and decimals as exact text, dates, texts. Raises what stopped the reading; rows
+/// that came before a failure are never handed out as if they were all.
+std::shared_ptr<const RowData> ReadOdbcRows(const OdbcHandle& statement, int columns);

@@ -1,0 +1,7 @@
+#include "suite/OdbcSource.h"
+
+#include "gateway/odbc/OdbcGateway.h"
+
+std::unique_ptr<CommandGateway> OdbcSource::Connect(const QString& user, const QString& password) {
+    return std::make_unique<OdbcGateway>(mName, user, password);
+}

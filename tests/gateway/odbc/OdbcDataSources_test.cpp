@@ -1,0 +1,21 @@
+#include "gateway/odbc/OdbcDataSources.h"
+#include "support/PrintQt.h"
+#include "support/tds/TestDataSources.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+TEST(OdbcDataSources, AreListedInTheOrderOfTheirNames) {
+    TestDataSources& sources = TestDataSources::Instance();
+    const QStringList before = OdbcDataSources();
+    for (const QString& name : {u"San Roque"_s, u"Niño Jesus"_s, u"Asuncion"_s})
+        sources.Add(name, u"Driver=/nowhere.so\n"_s);
+    QStringList all = OdbcDataSources();
+    for (const QString& name : before)
+        all.removeOne(name);
+    EXPECT_EQ(all, (QStringList{u"Asuncion"_s, u"Niño Jesus"_s, u"San Roque"_s}));
+    for (const QString& name : {u"San Roque"_s, u"Niño Jesus"_s, u"Asuncion"_s})
+        sources.Remove(name);
+    EXPECT_EQ(OdbcDataSources(), before);
+}

@@ -1,0 +1,314 @@
+#include "gateway/odbc/OdbcError.h"
+#include "gateway/odbc/OdbcGateway.h"
+#include "gateway/odbc/OdbcServer.h"
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using OdbcGatewayTest = OdbcServer;
+
+/// Answers with that many rows of one column "Line", from 1.
+void AnswerLines(TdsAnswer& answer, int lines) {
+    answer.Columns({{.name = u"Line"_s, .type = TdsType::Int}});
+    for (int line = 1; line <= lines; ++line)
+        answer.Row({line});
+}
+
+constexpr int kSeveralPackets = 5000;
+
+} // namespace
+
+// What crosses the wire.
+
+TEST_F(OdbcGatewayTest, TextReachesTheServerUnchanged) {
+    const QStringList commands = {
+        u"RADIOLOGY..spRadio_CheckPending 'HC'"_s,
+        u"CLINICAL_AREA..spEarCare_GetCashPatient  '"_s,
+        u"delete Clinical_Area..tbPrint  "_s,
+        u"  select 1 \n\t from x"_s,
+        u"Clinical_Area..spGetPatient 'I','O'Brien'"_s,
+        u"select 'unclosed"_s,
+        u"spX '{braces} and ? in quotes','it''s {too}?'"_s,
+        u"select [a{b?}], \"{?}\" from x /* {?} */ -- {?}"_s,
+        u"spX 'Peña, Niño ÄÖ € 漢字 😀'"_s,
+        u"x}"_s,
+        u"x"_s,
+    };
+    for (const QString& command : commands)
+        mGateway->ExecuteNoResult(command);
+    EXPECT_EQ(mServer.Batches(), commands);
+}
+
+TEST_F(OdbcGatewayTest, LongTextReachesTheServerWhole) {
+    const QString command = u"spX '"_s + QString(100000, u'ñ') + u'\'';
+    mGateway->ExecuteNoResult(command);
+    EXPECT_EQ(mServer.Batches(), QStringList{command});
+}
+
+TEST_F(OdbcGatewayTest, OneCommandIsOneRoundTrip) {
+    mGateway->Execute(u"a"_s);
+    mGateway->Open(u"b"_s, CursorType::Dynamic, LockType::Optimistic, CursorLocation::Client);
+    mGateway->ExecuteNoResult(u"c"_s);
+    EXPECT_EQ(mServer.Batches(), (QStringList{u"a"_s, u"b"_s, u"c"_s}));
+}
+
+TEST_F(OdbcGatewayTest, TextThatTheDriverWouldAlterIsRefusedAndNotSent) {
+    for (const QString& command :
+         {u"spX {d '2026-01-01'}"_s, u"{call spX}"_s, u"spX 'O'{}'"_s, u"spX ?"_s, u"spX 'O'?'"_s,
+          u"spX '"_s + QChar(u'\0') + u'\'', u"spX '"_s + QChar(char16_t(0xD83D)) + u'\''}) {
+        const Failure failure = FailureOfCommand(command);
+        EXPECT_EQ(failure.number, 102) << command.toStdString();
+        EXPECT_EQ(failure.state, u"42000"_s);
+    }
+    EXPECT_EQ(mServer.Batches(), QStringList());
+}
+
+TEST_F(OdbcGatewayTest, EmptyTextIsAFailure) {
+    EXPECT_NE(FailureOfCommand(QString()).number, 0);
+    EXPECT_EQ(mServer.Batches(), QStringList());
+}
+
+// Logging on.
+
+TEST_F(OdbcGatewayTest, LogsOnWithUserAndPasswordAsTheyStand) {
+    const QString user = u"Niña;x"_s;
+    const QString password = u"pä{}ss;=漢 '\""_s;
+    mServer.Admit(user, password);
+    EXPECT_NO_THROW(OdbcGateway(mSource, user, password));
+    EXPECT_EQ(mServer.Logins().back().user, user);
+    EXPECT_EQ(mServer.Logins().back().password, password);
+}
+
+TEST_F(OdbcGatewayTest, ANameOfADataSourceMayHaveBlanksAndSigns) {
+    const QString name = u"St. Luke's (main)"_s;
+    TestDataSources::Instance().Add(mServer.Port(), name);
+    EXPECT_NO_THROW(OdbcGateway(name, u"u"_s, u"p"_s));
+    TestDataSources::Instance().Remove(name);
+}
+
+TEST_F(OdbcGatewayTest, WrongPasswordIsTheServersOwnError) {
+    mServer.Admit(u"NURSE"_s, u"nurse"_s);
+    const Failure failure = FailureOf([this] { OdbcGateway(mSource, u"NURSE"_s, u"wrong"_s); });
+    EXPECT_EQ(failure.number, 18456);
+    EXPECT_EQ(failure.text, u"Login failed for user 'NURSE'."_s);
+}
+
+TEST_F(OdbcGatewayTest, ConnectionStringHasNoPassword) {
+    const OdbcGateway gateway(mSource, u"NURSE"_s, u"secret"_s);
+    EXPECT_EQ(gateway.ConnectionString(), u"Provider=MSDASQL;DSN=%1;UID=NURSE"_s.arg(mSource));
+}
+
+TEST_F(OdbcGatewayTest, UnknownDataSourceIsToldByTheDriverManager) {
+    const Failure failure = FailureOf([] { OdbcGateway(u"closed long ago"_s, u"u"_s, u"p"_s); });
+    EXPECT_EQ(failure.number, kOdbcFailure);
+    EXPECT_EQ(failure.text, u"Data source name not found and no default driver specified"_s);
+    EXPECT_EQ(failure.state, u"IM002"_s);
+}
+
+TEST_F(OdbcGatewayTest, DataSourceWithoutItsDriverIsToldByTheDriverManager) {
+    TestDataSources::Instance().Add(u"No driver"_s, u"Driver=/nowhere/libdriver.so\n"_s);
+    const Failure failure = FailureOf([] { OdbcGateway(u"No driver"_s, u"u"_s, u"p"_s); });
+    TestDataSources::Instance().Remove(u"No driver"_s);
+    EXPECT_EQ(failure.number, kOdbcFailure);
+    EXPECT_EQ(failure.text, u"Can't open lib '/nowhere/libdriver.so' : file not found"_s);
+}
+
+TEST_F(OdbcGatewayTest, ServerThatIsGoneIsToldByTheDriver) {
+    mServer.Close();
+    const Failure failure = FailureOf([this] { Connect(); });
+    EXPECT_NE(failure.number, 0);
+    EXPECT_TRUE(failure.text.startsWith(u"Unable to connect"_s)) << failure.text.toStdString();
+}
+
+TEST_F(OdbcGatewayTest, ServerThatDoesNotAnswerTheLogonIsGivenUp) {
+    const int listener = socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), size), 0);
+    ASSERT_EQ(listen(listener, 1), 0);
+    getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
+    const QString source = TestDataSources::Instance().Add(ntohs(address.sin_port));
+    EXPECT_NE(FailureOf([&source] { OdbcGateway(source, u"u"_s, u"p"_s, 1); }).number, 0);
+    close(listener);
+}
+
+TEST_F(OdbcGatewayTest, DefaultDatabaseIsSetOnTheServer) {
+    mGateway->SetDefaultDatabase(u"PASSWORD"_s);
+    EXPECT_EQ(mGateway->DefaultDatabase(), u"PASSWORD"_s);
+    EXPECT_EQ(mServer.Batches(), QStringList{u"USE [PASSWORD]"_s});
+}
+
+TEST_F(OdbcGatewayTest, DatabaseThatTheServerHasNotIsItsError) {
+    AnswerWith([](const QString&, TdsAnswer& answer) {
+        answer.Error(911,
+                     u"Database 'NOWHERE' does not exist. Make sure that the name is entered correctly."_s);
+    });
+    const Failure failure = FailureOf([this] { mGateway->SetDefaultDatabase(u"NOWHERE"_s); });
+    EXPECT_EQ(failure.number, 911);
+    EXPECT_TRUE(failure.text.startsWith(u"Database 'NOWHERE' does not exist."_s));
+    EXPECT_EQ(mGateway->DefaultDatabase(), QString());
+}
+
+// What comes back.
+
+TEST_F(OdbcGatewayTest, ResultsBehindTheFirstAreReadAndDropped) {
+    AnswerWith([](const QString&, TdsAnswer& answer) {
+        answer.Done(5);
+        AnswerLines(answer, 2);
+        answer.Done(2);
+        AnswerLines(answer, kSeveralPackets);
+        answer.Done(kSeveralPackets);
+        answer.Done(1);
+    });
+    EXPECT_EQ(RowTexts(*mGateway, u"spX"_s), (QStringList{u"1"_s, u"2"_s}));
+    EXPECT_EQ(RowTexts(*mGateway, u"spX"_s).size(), 2) << "the connection is free for the next command";
+}
+
+TEST_F(OdbcGatewayTest, MessagesOfTheServerAreNoFailure) {
+    AnswerWith([](const QString&, TdsAnswer& answer) {
+        answer.Info(0, u"printed"_s);
+        AnswerLines(answer, 1);
+        answer.Info(3621, u"The statement has been terminated."_s);
+        answer.Done(1);
+    });
+    EXPECT_EQ(RowTexts(*mGateway, u"spX"_s), QStringList{u"1"_s});
+}
+
+TEST_F(OdbcGatewayTest, CommandThatTouchedNoRowIsNoFailure) {
+    AnswerWith([](const QString&, TdsAnswer& answer) { answer.Done(0); });
+    EXPECT_EQ(mGateway->Execute(u"delete x"_s).State(), RowSet::Status::Closed);
+}
+
+TEST_F(OdbcGatewayTest, AHundredThousandRowsComeWhole) {
+    constexpr int kRows = 100000;
+    AnswerWith([](const QString&, TdsAnswer& answer) {
+        AnswerLines(answer, kRows);
+        answer.Done(kRows);
+    });
+    const auto rows = mGateway->Execute(u"spX"_s).Data();
+    ASSERT_EQ(rows->RowCount(), size_t(kRows));
+    for (size_t row = 0; row < rows->RowCount(); ++row)
+        ASSERT_EQ(rows->Cell(row, 0), Value(qint64(row) + 1));
+}
+
+// Failures.
+
+TEST_F(OdbcGatewayTest, ErrorHasTheServersNumberAndText) {
+    AnswerWith([](const QString&, TdsAnswer& answer) {
+        answer.Error(50001, u"[HC] La Niña's slip is closed. [SQL Server]"_s);
+    });
+    const Failure failure = FailureOfCommand();
+    EXPECT_EQ(failure.number, 50001);
+    EXPECT_EQ(failure.text, u"[HC] La Niña's slip is closed. [SQL Server]"_s);
+    EXPECT_EQ(failure.state, u"42000"_s);
+}
+
+TEST_F(OdbcGatewayTest, ErrorBehindMessagesIsToldAndNotTheMessages) {
+    AnswerWith([](const QString&, TdsAnswer& answer) {
+        answer.Info(0, u"printed"_s);
+        answer.Error(547, u"The INSERT statement conflicted."_s);
+        answer.Info(3621, u"The statement has been terminated."_s);
+    });
+    EXPECT_EQ(FailureOfCommand().number, 547);
+    EXPECT_EQ(FailureOfCommand().text, u"The INSERT statement conflicted."_s);
+}
+
+TEST_F(OdbcGatewayTest, ErrorBehindTheRowsIsAFailure) {
+    AnswerWith([](const QString&, TdsAnswer& answer) {
+        AnswerLines(answer, 1);
+        answer.Done(1);
+        answer.Error(245, u"Conversion failed."_s);
+    });
+    EXPECT_EQ(FailureOfCommand().number, 245);
+}
+
+TEST_F(OdbcGatewayTest, ErrorInTheMiddleOfTheRowsIsAFailure) {
+    AnswerWith([](const QString&, TdsAnswer& answer) {
+        AnswerLines(answer, kSeveralPackets);
+        answer.Error(8134, u"Divide by zero error encountered."_s);
+    });
+    EXPECT_EQ(FailureOfCommand().number, 8134);
+}
+
+TEST_F(OdbcGatewayTest, WorksOnAfterAnError) {
+    AnswerWith([](const QString& batch, TdsAnswer& answer) {
+        if (batch == u"bad"_s)
+            answer.Error(102, u"Incorrect syntax near 'bad'."_s);
+        AnswerLines(answer, 1);
+        answer.Done(1);
+    });
+    EXPECT_EQ(FailureOfCommand(u"bad"_s).number, 102);
+    EXPECT_EQ(RowTexts(*mGateway, u"good"_s), QStringList{u"1"_s});
+}
+
+TEST_F(OdbcGatewayTest, CommandThatTakesTooLongFailsAndTheNextOneWorks) {
+    AnswerWith([](const QString& batch, TdsAnswer& answer) {
+        if (batch == u"slow"_s)
+            answer.WaitForCancel();
+        AnswerLines(answer, 1);
+        answer.Done(1);
+    });
+    mGateway->SetCommandTimeout(1);
+    const Failure failure = FailureOfCommand(u"slow"_s);
+    EXPECT_EQ(failure.text, u"Timeout expired"_s);
+    EXPECT_EQ(failure.state, u"HYT00"_s);
+    EXPECT_EQ(RowTexts(*mGateway, u"quick"_s), QStringList{u"1"_s});
+}
+
+TEST_F(OdbcGatewayTest, RowsThatStopComingAreATimeoutAndNotTheEnd) {
+    AnswerWith([](const QString&, TdsAnswer& answer) {
+        AnswerLines(answer, kSeveralPackets);
+        answer.WaitForCancel();
+    });
+    mGateway->SetCommandTimeout(1);
+    EXPECT_EQ(FailureOfCommand().state, u"HYT00"_s);
+}
+
+TEST_F(OdbcGatewayTest, ServerThatDoesNotEvenConfirmTheTimeoutIsLost) {
+    AnswerWith([](const QString&, TdsAnswer& answer) { answer.FallSilent(); });
+    mGateway->SetCommandTimeout(1);
+    EXPECT_EQ(FailureOfCommand().text, u"Timeout expired"_s);
+    EXPECT_EQ(FailureOfCommand().text, u"Communication link failure"_s);
+}
+
+TEST_F(OdbcGatewayTest, CutInTheMiddleOfTheRowsIsAFailureAndNotTheEnd) {
+    AnswerWith([](const QString&, TdsAnswer& answer) {
+        AnswerLines(answer, kSeveralPackets);
+        answer.Cut();
+    });
+    EXPECT_EQ(FailureOfCommand().text, u"Unexpected EOF from the server"_s);
+    EXPECT_EQ(FailureOfCommand().text, u"Communication link failure"_s);
+}
+
+TEST_F(OdbcGatewayTest, CutBehindTheRowsIsAFailure) {
+    AnswerWith([](const QString&, TdsAnswer& answer) {
+        AnswerLines(answer, 1);
+        answer.Done(1);
+        answer.Cut();
+    });
+    EXPECT_EQ(FailureOfCommand().text, u"Communication link failure"_s);
+}
+
+TEST_F(OdbcGatewayTest, CutBeforeTheAnswerIsAFailure) {
+    AnswerWith([](const QString&, TdsAnswer& answer) { answer.Cut(); });
+    EXPECT_EQ(FailureOfCommand().text, u"Unexpected EOF from the server"_s);
+}
+
+TEST_F(OdbcGatewayTest, ServerThatDiesBetweenCommandsIsNoticedByEveryCommandThatFollows) {
+    mGateway->ExecuteNoResult(u"before"_s);
+    mServer.Close();
+    EXPECT_TRUE(mGateway->Connected());
+    for (int i = 0; i < 3; ++i) {
+        const Failure failure = FailureOfCommand();
+        EXPECT_EQ(failure.text, u"Communication link failure"_s);
+        EXPECT_EQ(failure.state, u"08S01"_s);
+    }
+}

@@ -1,0 +1,173 @@
+#include "support/tds/TdsResponder.h"
+
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <stdexcept>
+#include <sys/socket.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The answer to the first message: a version, no encryption, nothing else of what could be agreed on.
+QByteArray PreLoginReply() {
+    return QByteArray::fromHex("00000b0006"
+                               "0100110001"
+                               "ff"
+                               "0f0007d00000"
+                               "02");
+}
+
+QByteArray LoginAcknowledged() {
+    const QString name = u"Microsoft SQL Server"_s;
+    TdsBytes content;
+    content.Byte(1);
+    content.Raw(QByteArray::fromHex("74000004"));
+    content.Text(name, 1);
+    content.Raw(QByteArray::fromHex("0f0007d0"));
+    TdsBytes token;
+    token.Byte(0xAD);
+    token.Number(quint64(content.Get().size()), 2);
+    token.Raw(content.Get());
+    return token.Get();
+}
+
+int ListenOnLoopback() {
+    const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    if (listener < 0 || bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
+        listen(listener, SOMAXCONN) != 0)
+        throw std::runtime_error("no loopback port for the responder");
+    return listener;
+}
+
+int PortOf(int listener) {
+    sockaddr_in address{};
+    socklen_t size = sizeof address;
+    getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
+    return ntohs(address.sin_port);
+}
+
+} // namespace
+
+TdsResponder::TdsResponder(std::function<Handler()> newSession)
+    : mNewSession(std::move(newSession))
+    , mListener(ListenOnLoopback())
+    , mPort(PortOf(mListener))
+    , mThread([this] { Listen(); }) {}
+
+TdsResponder::~TdsResponder() {
+    Close();
+}
+
+void TdsResponder::Close() {
+    if (!mThread.joinable())
+        return;
+    {
+        const std::lock_guard lock(mMutex);
+        mClosed = true;
+        for (const auto& connection : mConnections)
+            connection->Shut();
+    }
+    shutdown(mListener, SHUT_RDWR);
+    mThread.join();
+    close(mListener);
+    for (std::thread& session : mSessions)
+        session.join();
+    mSessions.clear();
+    mConnections.clear();
+}
+
+void TdsResponder::Admit(const QString& user, const QString& password) {
+    const std::lock_guard lock(mMutex);
+    mAdmitsAll = false;
+    mAdmitted = {.user = user, .password = password, .application = {}, .database = {}};
+}
+
+QStringList TdsResponder::Batches() const {
+    const std::lock_guard lock(mMutex);
+    return mBatches;
+}
+
+void TdsResponder::ForgetBatches() {
+    const std::lock_guard lock(mMutex);
+    mBatches.clear();
+}
+
+std::vector<TdsLogin> TdsResponder::Logins() const {
+    const std::lock_guard lock(mMutex);
+    return mLogins;
+}
+
+void TdsResponder::Listen() {
+    while (true) {
+        const int socket = accept4(mListener, nullptr, nullptr, SOCK_CLOEXEC);
+        const std::lock_guard lock(mMutex);
+        if (socket < 0 || mClosed) {
+            if (socket >= 0)
+                close(socket);
+            return;
+        }
+        mConnections.push_back(std::make_shared<TdsConnection>(socket));
+        mSessions.emplace_back([this, connection = mConnections.back()] { Serve(*connection); });
+    }
+}
+
+void TdsResponder::Serve(TdsConnection& connection) {
+    try {
+        if (LogIn(connection)) {
+            const Handler handler = mNewSession();
+            while (true)
+                AnswerBatch(connection, handler, connection.Receive());
+        }
+    } catch (const TdsConnection::Ended&) {
+        // The program or the test has ended the connection, which ends the session.
+    }
+    connection.Shut();
+}
+
+bool TdsResponder::LogIn(TdsConnection& connection) {
+    TdsMessage message = connection.Receive();
+    if (message.Is(TdsPacket::PreLogin)) {
+        connection.Send(PreLoginReply(), true);
+        message = connection.Receive();
+    }
+    const TdsLogin login = message.Login();
+    TdsAnswer answer(connection);
+    const bool admitted = [this, &login] {
+        const std::lock_guard lock(mMutex);
+        mLogins.push_back(login);
+        return mAdmitsAll || (login.user == mAdmitted.user && login.password == mAdmitted.password);
+    }();
+    if (admitted) {
+        answer.DatabaseChanged(login.database.isEmpty() ? u"master"_s : login.database);
+        answer.mBytes.Raw(LoginAcknowledged());
+    } else {
+        answer.Error(18456, u"Login failed for user '%1'."_s.arg(login.user), 14);
+    }
+    connection.Send(answer.Finish(), true);
+    return admitted;
+}
+
+void TdsResponder::AnswerBatch(TdsConnection& connection, const Handler& handler, const TdsMessage& message) {
+    if (message.Is(TdsPacket::Attention)) {
+        // The cancellation of a batch that was answered in the meantime.
+        connection.Send(TdsAnswer::CancelConfirmed(), true);
+        return;
+    }
+    const QString batch = message.BatchText();
+    {
+        const std::lock_guard lock(mMutex);
+        mBatches.append(batch);
+    }
+    try {
+        TdsAnswer answer(connection);
+        handler(batch, answer);
+        connection.Send(answer.Finish(), true);
+    } catch (const TdsConnection::Cancelled&) {
+        // The program has its confirmation and goes on with the next batch.
+    }
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "support/tds/TdsAnswer.h"
+#include "support/tds/TdsConnection.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+/// A server of the tests' own on a loopback port. It speaks as much of the TDS 7.4 protocol as a client needs
+/// for plain batches: a logon without encryption, batches, result sets, errors, messages, cancellation. What
+/// it answers is the test's choice; it records what it was sent.
+class TdsResponder {
+  public:
+    /// Answers one batch. It runs in a thread of its own for each connection.
+    using Handler = std::function<void(const QString& batch, TdsAnswer& answer)>;
+
+    /// Listens, and answers every session with a handler that is made in the session's thread.
+    explicit TdsResponder(std::function<Handler()> newSession);
+    TdsResponder(const TdsResponder&) = delete;
+    TdsResponder& operator=(const TdsResponder&) = delete;
+    ~TdsResponder();
+
+    int Port() const { return mPort; }
+    /// Logons other than this one are refused with 18456. Without a call everybody is let in.
+    void Admit(const QString& user, const QString& password);
+
+    /// The batches so far as they stood on the wire, in their order.
+    QStringList Batches() const;
+    void ForgetBatches();
+    std::vector<TdsLogin> Logins() const;
+
+    /// Ends every connection and listens no longer, as a server that is switched off.
+    void Close();
+
+  private:
+    void Listen();
+    void Serve(TdsConnection& connection);
+    bool LogIn(TdsConnection& connection);
+    void AnswerBatch(TdsConnection& connection, const Handler& handler, const TdsMessage& message);
+
+    std::function<Handler()> mNewSession;
+    int mListener = -1;
+    int mPort = 0;
+    mutable std::mutex mMutex;
+    bool mClosed = false;
+    bool mAdmitsAll = true;
+    TdsLogin mAdmitted;
+    QStringList mBatches;
+    std::vector<TdsLogin> mLogins;
+    std::vector<std::shared_ptr<TdsConnection>> mConnections;
+    std::vector<std::thread> mSessions;
+    std::thread mThread;
+};
