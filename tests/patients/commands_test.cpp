@@ -68,35 +68,37 @@ TEST(PatientCommands, OlderRegistrationOfAWalkInHasAnOrderOfItsOwn) {
 }
 
 TEST(PatientCommands, WalkInsWhoseRecordsAreToBeCorrected) {
-    EXPECT_EQ(ListWalkInCommand(u"0"_s, u" o'brien "_s),
-              u"PATIENT_DATA..spGlobal_ListWalkIn '0',' o'brien '"_s);
-    EXPECT_EQ(LoadWalkInCommand(u"W000012"_s), u"PATIENT_DATA..spGlobal_LoadWalkIn 'W000012'"_s);
+    EXPECT_COMMAND(ListWalkInCommand(u"0"_s, u" o'brien "_s),
+                   u"PATIENT_DATA..spGlobal_ListWalkIn '0',' o'brien '"_s);
+    EXPECT_COMMAND(LoadWalkInCommand(u"W000012"_s), u"PATIENT_DATA..spGlobal_LoadWalkIn 'W000012'"_s);
 }
 
 TEST(PatientCommands, CorrectionOfAWalkInHasElevenArgumentsInAnOrderOfTheirOwn) {
-    EXPECT_EQ(
+    EXPECT_COMMAND(
         UpdateWalkInCommand(u"W000012"_s, kAna),
         u"PATIENT_DATA..spGlobal_UpdateWalkIn 'W000012','O'Brien ','Ana','Sy','02/29/1984','42','F','2','12 "
         "Rizal St.','Poblacion','1100'"_s);
-    EXPECT_EQ(UpdateWalkInCommand(u""_s, {}),
-              u"PATIENT_DATA..spGlobal_UpdateWalkIn '','','','','','','','','','',''"_s);
+    EXPECT_COMMAND(UpdateWalkInCommand(u""_s, {}),
+                   u"PATIENT_DATA..spGlobal_UpdateWalkIn '','','','','','','','','','',''"_s);
 }
 
 TEST(PatientCommands, RegisteredVisitsHaveABlankBeforeTheLastArgument) {
-    EXPECT_EQ(RegisteredOPDCommand(u"0"_s, u"1"_s, u"104233B"_s),
-              u"BILLING..spGlobal_RegisteredOPD '0','1', '104233B'"_s);
-    EXPECT_EQ(RegisteredOPDCommand(u"1"_s, u"0"_s, u"o'b"_s),
-              u"BILLING..spGlobal_RegisteredOPD '1','0', 'o'b'"_s);
+    EXPECT_COMMAND(RegisteredOPDCommand(u"0"_s, u"1"_s, u"104233B"_s),
+                   u"BILLING..spGlobal_RegisteredOPD '0','1', '104233B'"_s);
+    EXPECT_COMMAND(RegisteredOPDCommand(u"1"_s, u"0"_s, u"o'b"_s),
+                   u"BILLING..spGlobal_RegisteredOPD '1','0', 'o'b'"_s);
 }
 
 TEST(PatientCommands, BilledPatientsOfAType) {
-    EXPECT_EQ(SearchBilledPatientCommand(u"I"_s, u" DELA "_s),
-              u"HEMODIALYSIS..spKidney_SearchPatient 'I',' DELA '"_s);
+    EXPECT_COMMAND(SearchBilledPatientCommand(u"I"_s, u" DELA "_s),
+                   u"HEMODIALYSIS..spKidney_SearchPatient 'I',' DELA '"_s);
 }
 
 TEST(PatientCommands, UltrasoundExaminations) {
-    EXPECT_EQ(UltraExamsCommand(),
-              u"select ultraexam as UtraExam, ultraexamid as UltraExamId from build_file..tbcoultraexam"_s);
-    EXPECT_EQ(SearchUltraExamCommand(u"KUB's"_s),
-              u"select ultraexam, ultraexamid from build_file..tbcoultraexam where ultraexam like'KUB's%'"_s);
+    EXPECT_COMMAND(
+        UltraExamsCommand(),
+        u"select ultraexam as UtraExam, ultraexamid as UltraExamId from build_file..tbcoultraexam"_s);
+    EXPECT_COMMAND(
+        SearchUltraExamCommand(u"KUB's"_s),
+        u"select ultraexam, ultraexamid from build_file..tbcoultraexam where ultraexam like'KUB's%'"_s);
 }

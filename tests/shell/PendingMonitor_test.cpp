@@ -4,6 +4,7 @@
 #include "shell/PendingMonitor.h"
 #include "shell/shared.h"
 #include "support/CaseName.h"
+#include "support/CommandTexts.h"
 #include "support/FakeWorkspace.h"
 #include "support/ScreenTest.h"
 #include "support/WhileModal.h"
@@ -137,9 +138,9 @@ TEST_F(PendingMonitorTest, PrepaidButtonAndTimerDoNothing) {
 }
 
 TEST_F(PendingMonitorTest, CommandIsThatOfTheFixedDepartment) {
-    EXPECT_EQ(CheckPendingCommand(), u"RADIOLOGY..spRadio_CheckPending 'HC'"_s);
+    EXPECT_COMMAND(CheckPendingCommand(), u"RADIOLOGY..spRadio_CheckPending 'HC'"_s);
     gDeptCode = u"HD"_s;
-    EXPECT_EQ(CheckPendingCommand(), u"RADIOLOGY..spRadio_CheckPending 'HC'"_s);
+    EXPECT_COMMAND(CheckPendingCommand(), u"RADIOLOGY..spRadio_CheckPending 'HC'"_s);
 }
 
 TEST_F(PendingMonitorTest, AsksNothingBeforeTheSignOn) {

@@ -37,6 +37,7 @@ GRANT SELECT, DELETE ON dbo.tbEarCareChargePrint TO tarven_hemodialysis;
 GO
 USE HEMODIALYSIS;
 GO
+GRANT SELECT ON dbo.tbHemodialysisResultEntry TO tarven_hemodialysis;
 GRANT SELECT ON dbo.tbhemopackage TO tarven_hemodialysis;
 GO
 USE INVENTORY;
