@@ -55,11 +55,10 @@ TEST_F(OnAServer, OneChargeIsPostedAndItsSlipPrinted) {
 TEST_F(OnAServer, TheCommandsOfTheRoadCrossTheWireAsTheyAreComposed) {
     ASSERT_EQ(RunScript(u"in-patient-charge"_s).exitCode, 0);
     const QStringList batches = server.Batches();
-    for (const QString& command :
-         {u"USE [PASSWORD]"_s, u"select * from PATIENT_DATA..tbhospitalInfo"_s,
-          u"RADIOLOGY..spRadio_CheckPending 'HC'"_s, u"Clinical_Area..spEarCare_GetPatient 'I','DE GUZ'"_s,
-          u"Select * from Clinical_Area..tbEarCareChargeSlip"_s,
-          u"Delete Clinical_Area..tbEarCareChargePrint"_s})
+    for (const QString& command : {u"USE [PASSWORD]"_s, u"select * from PATIENT_DATA..tbhospitalInfo"_s,
+                                   u"Clinical_Area..spEarCare_GetPatient 'I','DE GUZ'"_s,
+                                   u"Select * from Clinical_Area..tbEarCareChargeSlip"_s,
+                                   u"Delete Clinical_Area..tbEarCareChargePrint"_s})
         EXPECT_THAT(batches, Contains(command));
 }
 
