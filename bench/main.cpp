@@ -24,7 +24,8 @@ using namespace Qt::StringLiterals;
 
 // Speed and memory against bare limits that are measured in the same run:
 //   tarven-bench              everything
-//   tarven-bench save         one of save, finder, reports, start, keys
+//   tarven-bench save         one of reports, year, save, finder, start, keys
+//   tarven-bench year audit   of the reports of the year those whose names begin so
 // The two other modes are what the start benchmark times.
 
 namespace {
@@ -85,6 +86,8 @@ int main(int argc, char** argv) {
     // First, since it tells the memory of the whole process.
     if (Wanted(argc, argv, "reports"))
         BenchReporting(table);
+    if (Wanted(argc, argv, "year"))
+        BenchYearReports(table, QString::fromLocal8Bit(argc > 2 ? argv[2] : ""));
     if (Wanted(argc, argv, "save"))
         BenchSave(table);
     if (Wanted(argc, argv, "finder"))
