@@ -40,5 +40,11 @@ double MedianMilliseconds(int runs, const std::function<void()>& run);
 /// The largest memory that the process has held so far, in megabytes.
 double PeakMegabytes();
 
+/// Forgets the peak of what ran before, so that the next PeakSinceReset tells of one thing alone.
+void ResetPeak();
+
+/// The largest memory held since then, in megabytes.
+double PeakSinceReset();
+
 /// The memory that the process holds now, in megabytes.
 double CurrentMegabytes();

@@ -21,7 +21,8 @@ using namespace Qt::StringLiterals;
 
 // Speed and memory against bare limits that are measured in the same run:
 //   tarven-bench              everything
-//   tarven-bench save         one of save, finder, reports, start, keys, idle, odbc
+//   tarven-bench save         one of reports, year, save, finder, start, keys, idle, odbc
+//   tarven-bench year audit   of the reports of the year those whose names begin so
 // The three other modes are what the start and the idle benchmark time.
 
 namespace {
@@ -78,6 +79,8 @@ int main(int argc, char** argv) {
     // First, since it tells the memory of the whole process.
     if (Wanted(argc, argv, "reports"))
         BenchReporting(table);
+    if (Wanted(argc, argv, "year"))
+        BenchYearReports(table, QString::fromLocal8Bit(argc > 2 ? argv[2] : ""));
     if (Wanted(argc, argv, "save"))
         BenchSave(table);
     if (Wanted(argc, argv, "finder"))

@@ -133,21 +133,6 @@ void SaveBarePdf(const ReportDocument& document, const std::vector<std::vector<B
     }
 }
 
-/// Forgets the peak of what ran before, so that the next PeakSinceReset tells of one thing alone.
-void ResetPeak() {
-    QFile file(u"/proc/self/clear_refs"_s);
-    if (file.open(QIODevice::WriteOnly))
-        file.write("5");
-}
-
-double PeakSinceReset() {
-    QFile status(u"/proc/self/status"_s);
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    const QByteArray text = status.readAll();
-    return text.mid(text.indexOf("VmHWM:") + 6).simplified().split(' ').value(0).toDouble() / 1024;
-}
-
 void BenchPdf(BenchTable& table, const QString& folder) {
     const auto rows = MakeRows(kPdfRows);
     ResetPeak();

@@ -6,8 +6,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTimer>
+#include <QVariant>
 #include <QWidget>
 
+#include <algorithm>
 #include <chrono>
 #include <future>
 
@@ -35,6 +37,14 @@ QWidget* FindVisible(const QString& name) {
         }
     }
     return nullptr;
+}
+
+/// Whether a control works on something by itself, as a viewer does that has its rows fetched.
+bool IsAnythingWorking() {
+    const QWidgetList controls = QApplication::allWidgets();
+    return std::any_of(controls.begin(), controls.end(), [](const QWidget* control) {
+        return control->isVisible() && control->property("IsWorking").toBool();
+    });
 }
 
 /// Keys arrive through the event queue, so that a handler that opens a modal screen does not hold the script
@@ -114,6 +124,7 @@ void Driver::WaitUntilIdle() {
         OnScreen([done] { QTimer::singleShot(0, qApp, [done] { done->set_value(); }); });
         done->get_future().get();
     }
+    WaitFor([] { return !IsAnythingWorking(); }, u"the end of a report's work"_s);
 }
 
 void Driver::Type(const QString& text) {

@@ -20,8 +20,8 @@ enum class CursorLocation { Server = 2, Client = 3 };
 /// A text reaches the database exactly as it was composed. Nothing is escaped, trimmed or retried, no answer
 /// is kept, and a text stands for one round trip. A database may keep its own reading of a text for the next
 /// time, as the embedded hospital does with the last hundred. A failing command, a lost connection and a
-/// timeout raise RunTimeError with the database's own number and text. Used from the user interface's thread
-/// only.
+/// timeout raise RunTimeError with the database's own number and text. A connection is used from one thread
+/// only, which is the user interface's but for the connections of reports; Cancel alone may come from any.
 class CommandGateway {
   public:
     CommandGateway() = default;
@@ -37,6 +37,12 @@ class CommandGateway {
     /// updated. Virtual so that a stand-in can see the settings.
     virtual RowSet Open(const QString& command, CursorType cursor, LockType lock,
                         CursorLocation location = CursorLocation::Server);
+
+    /// Gives up the command that is running, and with it every later one of this connection: each raises a
+    /// failure as soon as the database lets go. For a connection that nobody needs any more; it can only be
+    /// closed then. May be called from any thread, and when nothing is running. A gateway that cannot
+    /// interrupt its database lets the command come to its end.
+    virtual void Cancel() {}
 
     virtual bool Connected() const = 0;
     /// As the session component opened the connection; never with the password in it.

@@ -1,15 +1,19 @@
 #include "reporting/BandMeasure.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace {
 
 /// Sums are whole numbers of 64 bits with a point, a sign and commas between.
 constexpr qsizetype kLongestSum = 27;
-/// A September's Wednesday with two digits everywhere is the longest of dates; others may be a little wider.
-constexpr DateTime::Fields kLongestDate{2026, 9, 30, 22, 48, 48, 0};
-constexpr double kDateSlack = 1.15;
+/// The longest of dates: a Wednesday in September where names are written out, in October where the month is
+/// a number without a zero before it, in the morning and in the evening. Other names may be a little wider.
+constexpr std::array kLongestDates = {
+    DateTime::Fields{2026, 9, 30, 10, 48, 48, 0}, DateTime::Fields{2026, 9, 30, 22, 48, 48, 0},
+    DateTime::Fields{2026, 10, 28, 10, 48, 48, 0}, DateTime::Fields{2026, 10, 28, 22, 48, 48, 0}};
+constexpr double kNameSlack = 1.15;
 /// Beyond this the run-time writes numbers with an exponent.
 constexpr double kLargestPlain = 1e15;
 
@@ -18,10 +22,24 @@ bool DependsOnRow(const TextPiece& piece) {
            (piece.kind == TextPiece::Kind::Field && !piece.query);
 }
 
-/// The most characters of a number in a pattern: a comma for each three digits, and the decimals and zeros
-/// that the pattern adds.
-qsizetype LongestNumber(qsizetype digits, const QString& pattern) {
-    return digits + digits / 3 + pattern.size() + 1;
+/// What a pattern writes at most besides the digits before the point and the commas between them.
+qsizetype FixedPart(const QString& pattern) {
+    const qsizetype point = pattern.indexOf(u'.');
+    const QStringView whole = QStringView(pattern).left(point < 0 ? pattern.size() : point);
+    // A percentage has two digits more than its number.
+    return pattern.size() - whole.count(u'#') - whole.count(u',') + 2 * pattern.count(u'%');
+}
+
+/// The most characters of a number in a pattern: its digits before the point and one more for rounding up, a
+/// comma for each three, a sign, and what the pattern adds.
+qsizetype LongestNumber(qsizetype digits, qsizetype fixedPart) {
+    return digits + 1 + (digits + 1) / 3 + 1 + fixedPart;
+}
+
+/// The digits of a decimal that count for its length: with a format those before the point.
+qsizetype DigitsOf(const Decimal& decimal, bool hasFormat) {
+    const qsizetype point = decimal.text.indexOf(u'.');
+    return hasFormat && point >= 0 ? point : decimal.text.size();
 }
 
 /// The number without its sign. The smallest number has no counterpart above zero among those of its type.
@@ -34,6 +52,22 @@ qsizetype DigitsOf(quint64 number) {
     for (; number >= 10; number /= 10)
         ++digits;
     return digits;
+}
+
+/// At least the width of every date in that format.
+double WidestDate(const ReportFont& font, const QString& format) {
+    double widest = 0;
+    bool named = false;
+    for (const DateTime::Fields& longest : kLongestDates) {
+        QString text = FormatValue(*DateTime::FromFields(longest), format);
+        named = named || std::any_of(text.begin(), text.end(), [](QChar c) {
+                    return c.isLetter() && !QStringView(u"APMapm").contains(c);
+                });
+        const qsizetype length = text.size();
+        text.removeIf([](QChar c) { return c.isDigit(); });
+        widest = std::max(widest, font.Width(text) + double(length - text.size()) * font.WidestDigit());
+    }
+    return named ? widest * kNameSlack : widest;
 }
 
 } // namespace
@@ -58,8 +92,8 @@ void BandMeasure::Prepare(const ReportCell& cell, const TextPlace& place) {
     if (check.isColumn) {
         check.column = piece.number;
         check.hasNumberFormat = IsNumberFormat(cell.format);
-        const QString longest = FormatValue(*DateTime::FromFields(kLongestDate), cell.format);
-        check.datesFit = font.Width(longest) * kDateSlack <= check.width;
+        check.fixedPart = FixedPart(cell.format);
+        check.datesFit = WidestDate(font, cell.format) <= check.width;
     } else if (cell.text.size() == 1 && check.safeDigits >= kLongestSum) {
         // A sum that has room at its longest need not be added up to know that it does not wrap.
         return;
@@ -87,7 +121,7 @@ bool BandMeasure::Wraps(const Check& check, const TextPlace& place) {
 bool BandMeasure::MayWrap(const Check& check, const Value& value) {
     const QString& format = check.cell->format;
     const auto numberMayWrap = [&](qsizetype digits) {
-        return LongestNumber(digits, format) > check.safeDigits;
+        return LongestNumber(digits, check.fixedPart) > check.safeDigits;
     };
     if (const auto* text = std::get_if<QString>(&value.Get())) {
         if (check.hasNumberFormat && numberMayWrap(text->size()))
@@ -97,7 +131,7 @@ bool BandMeasure::MayWrap(const Check& check, const Value& value) {
         return !check.font->SurelyFits(*text, check.width);
     }
     if (const auto* decimal = std::get_if<Decimal>(&value.Get()))
-        return numberMayWrap(decimal->text.size());
+        return numberMayWrap(DigitsOf(*decimal, check.hasNumberFormat));
     if (std::holds_alternative<DateTime>(value.Get()))
         return !check.datesFit;
     if (const auto* integer = std::get_if<qint64>(&value.Get()))

@@ -24,6 +24,8 @@ class BandMeasure {
         bool isColumn = false;
         size_t column = 0;
         bool hasNumberFormat = false;
+        /// The most characters that the format writes besides the number's own digits.
+        qsizetype fixedPart = 0;
         /// Numbers with up to so many digits and signs never wrap.
         qsizetype safeDigits = 0;
         /// Every date has room.

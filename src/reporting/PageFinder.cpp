@@ -2,8 +2,6 @@
 
 #include "reporting/ReportDocument.h"
 
-#include <QStringMatcher>
-
 #include <algorithm>
 
 namespace {
@@ -62,17 +60,18 @@ std::optional<FoundText> FindOnPage(const ReportDocument& document, const QStrin
 
 } // namespace
 
-std::optional<FoundText> FindText(const ReportDocument& document, const QString& text,
-                                  const std::optional<CellPosition>& after) {
-    if (text.isEmpty())
-        return std::nullopt;
-    const QStringMatcher matcher(text, Qt::CaseInsensitive);
-    CellPosition from = after ? CellPosition{after->page, after->cell + 1} : CellPosition{};
-    // The page that the search begins on is looked through once more at the end, for what stands before.
-    for (int pages = 0; pages <= document.PageCount(); ++pages) {
-        if (const auto found = FindOnPage(document, matcher, from))
-            return found;
-        from = {from.page % document.PageCount() + 1, 0};
-    }
-    return std::nullopt;
+// The page that the search begins on is looked through once more at the end, for what stands before.
+FindJob::FindJob(const ReportDocument& document, const QString& text,
+                 const std::optional<CellPosition>& after)
+    : ReportJob(document.PageCount() + 1)
+    , mDocument(document)
+    , mMatcher(text, Qt::CaseInsensitive)
+    , mFrom(after ? CellPosition{after->page, after->cell + 1} : CellPosition{}) {}
+
+bool FindJob::Step() {
+    if (mMatcher.pattern().isEmpty())
+        return false;
+    mFound = FindOnPage(mDocument, mMatcher, mFrom);
+    mFrom = {mFrom.page % mDocument.PageCount() + 1, 0};
+    return !mFound && StepIsDone();
 }

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "reporting/ReportJob.h"
+
 #include <QRectF>
 #include <QString>
+#include <QStringMatcher>
 
 #include <cstddef>
 #include <optional>
@@ -21,8 +24,21 @@ struct FoundText {
     QRectF box;
 };
 
-/// The next cell whose text has the given one in it, letter case aside, behind `after` or from the report's
-/// start when there is none; behind the report's end it goes on at the start. A text is found also where it
-/// wraps. Of a cell that goes over several pages each page is asked for the lines that it shows.
-std::optional<FoundText> FindText(const ReportDocument& document, const QString& text,
-                                  const std::optional<CellPosition>& after);
+/// Looks for the next cell whose text has the given one in it, letter case aside, behind `after` or from the
+/// report's start when there is none; behind the report's end it goes on at the start. A text is found also
+/// where it wraps. Of a cell that goes over several pages each page is asked for the lines that it shows.
+class FindJob : public ReportJob {
+  public:
+    /// The document must outlive the job.
+    FindJob(const ReportDocument& document, const QString& text, const std::optional<CellPosition>& after);
+
+    /// Looks through one page.
+    bool Step() override;
+    const std::optional<FoundText>& Found() const { return mFound; }
+
+  private:
+    const ReportDocument& mDocument;
+    QStringMatcher mMatcher;
+    CellPosition mFrom;
+    std::optional<FoundText> mFound;
+};

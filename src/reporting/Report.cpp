@@ -1,6 +1,5 @@
 #include "reporting/Report.h"
 
-#include "gateway/CommandGateway.h"
 #include "gateway/SqlText.h"
 #include "reporting/TemplateError.h"
 #include "text/Clock.h"
@@ -29,14 +28,27 @@ Report::Report(ReportTemplate report)
 }
 
 std::shared_ptr<const ReportDocument> Report::Document() {
-    if (mDocument)
-        return mDocument;
+    if (!mDocument)
+        mDocument = ReportFetch(Order()).Run();
+    return mDocument;
+}
+
+ReportOrder Report::Order() {
     const auto forget = qScopeGuard([this] {
         for (ReportTable& table : mTables)
             table.ForgetLogOn();
     });
-    mDocument = std::make_shared<const ReportDocument>(mTemplate, Fetch());
-    return mDocument;
+    ReportOrder order;
+    order.report = mTemplate;
+    order.data.now = Now();
+    for (const ParameterField& field : mFields)
+        order.data.parameters.push_back(ValueOf(field));
+    for (const ReportQuery& query : mTemplate.queries)
+        order.commands << ComposeQuery(query);
+    order.logOn = TakeLogOn();
+    // A copy of its own: the logon's texts are overwritten afterwards.
+    order.data.user = QString(order.logOn.user.constData(), order.logOn.user.size());
+    return order;
 }
 
 QString Report::ComposeQuery(const ReportQuery& query) const {
@@ -52,29 +64,11 @@ QString Report::ComposeQuery(const ReportQuery& query) const {
     return command;
 }
 
-const ReportLogOn& Report::LogOn() const {
+ReportLogOn Report::TakeLogOn() {
     for (const ReportTable& table : mTables) {
         if (!table.HasLogOn())
             throw ReportError(u"The report's table \"%1\" is not logged on."_s.arg(table.Name()));
     }
     // Every location names its database, so one connection serves all tables of the report.
-    return mTables.front().LogOn();
-}
-
-ReportData Report::Fetch() const {
-    ReportData data;
-    data.now = Now();
-    for (const ParameterField& field : mFields)
-        data.parameters.push_back(ValueOf(field));
-    const ReportLogOn& logOn = LogOn();
-    // A copy of its own: the logon's texts are overwritten afterwards.
-    data.user = QString(logOn.user.constData(), logOn.user.size());
-    const std::unique_ptr<CommandGateway> gateway = ConnectReport(logOn);
-    for (const ReportQuery& query : mTemplate.queries) {
-        const RowSet rows = gateway->Execute(ComposeQuery(query));
-        if (rows.State() == RowSet::Status::Closed)
-            throw TemplateError(mTemplate.file, query.line, u"The query gives no rows at all."_s);
-        data.queries.push_back(rows.Data());
-    }
-    return data;
+    return mTables.front().TakeLogOn();
 }

@@ -2,6 +2,7 @@
 
 #include "reporting/ParameterField.h"
 #include "reporting/ReportDocument.h"
+#include "reporting/ReportFetch.h"
 #include "reporting/ReportTable.h"
 #include "reporting/ReportTemplate.h"
 
@@ -22,16 +23,19 @@ class Report {
     /// In the template's order.
     std::vector<ParameterField>& ParameterFields() { return mFields; }
 
-    /// The pages. The rows are fetched when they are first asked for, over a connection of their own that is
-    /// closed again at once; the tables' logons are forgotten then. Raises an error for a parameter without a
-    /// value, a table without a logon, and what the database raises.
+    /// What the rows are asked for with. The tables' logons go with it and are forgotten here. Raises an
+    /// error for a parameter without a value and a table without a logon.
+    ReportOrder Order();
+    /// The pages made of the rows of its order.
+    void SetDocument(std::shared_ptr<const ReportDocument> document) { mDocument = std::move(document); }
+    /// The pages. Rows that nobody has fetched yet are fetched now, over a connection of their own that is
+    /// closed again at once. Raises what Order raises, and what the database raises.
     std::shared_ptr<const ReportDocument> Document();
     bool HasDocument() const { return mDocument != nullptr; }
 
   private:
     QString ComposeQuery(const ReportQuery& query) const;
-    const ReportLogOn& LogOn() const;
-    ReportData Fetch() const;
+    ReportLogOn TakeLogOn();
 
     ReportTemplate mTemplate;
     std::vector<ReportTable> mTables;

@@ -3,10 +3,12 @@
 #include "gateway/CommandGateway.h"
 #include "text/RunTimeError.h"
 
+#include <mutex>
 #include <string.h>
 
 namespace {
 
+std::mutex connectorMutex;
 ReportConnector currentConnector;
 
 void WipeText(QString& text) {
@@ -23,11 +25,17 @@ void ReportLogOn::Wipe() {
 }
 
 void SetReportConnector(ReportConnector connector) {
+    const std::lock_guard lock(connectorMutex);
     currentConnector = std::move(connector);
 }
 
 std::unique_ptr<CommandGateway> ConnectReport(const ReportLogOn& logOn) {
-    if (!currentConnector)
+    ReportConnector connector;
+    {
+        const std::lock_guard lock(connectorMutex);
+        connector = currentConnector;
+    }
+    if (!connector)
         throw RunTime::Error(RunTime::kCannotCreateObject);
-    return currentConnector(logOn);
+    return connector(logOn);
 }

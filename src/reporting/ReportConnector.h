@@ -18,7 +18,8 @@ struct ReportLogOn {
     void Wipe();
 };
 
-/// Opens a connection to the database for a report's rows. It must keep none of the texts.
+/// Opens a connection to the database for a report's rows, on the thread that fetches them. It must keep none
+/// of the texts.
 using ReportConnector = std::function<std::unique_ptr<CommandGateway>(const ReportLogOn& logOn)>;
 
 /// Tells reports how to reach the database; the wiring of the program does it once. An empty one takes it

@@ -18,6 +18,8 @@ ReportDocument::ReportDocument(ReportTemplate report, ReportData data)
     const double room = RoomBetweenEdges();
     mItems = BuildFlow(mReport, mData, mFonts, room);
     mPages = Paginate(mItems, room);
+    // Faces belong to the thread that has measured them, and the pages may be painted on another.
+    mFonts = {};
 }
 
 /// A strip at the page's edge has one height on all pages.

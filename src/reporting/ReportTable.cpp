@@ -4,6 +4,8 @@
 #include "reporting/TemplateReader.h"
 #include "text/RunTimeError.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -35,6 +37,11 @@ void ReportTable::SetLogOnInfo(const QString& server, const QString& database, c
     ForgetLogOn();
     mLogOn = {DeepCopy(server), DeepCopy(database), DeepCopy(user), DeepCopy(password)};
     mHasLogOn = true;
+}
+
+ReportLogOn ReportTable::TakeLogOn() {
+    mHasLogOn = false;
+    return std::exchange(mLogOn, {});
 }
 
 void ReportTable::ForgetLogOn() {

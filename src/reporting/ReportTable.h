@@ -19,11 +19,13 @@ class ReportTable {
     /// Raises an error for a text that is no location.
     void SetLocation(const QString& location);
 
-    /// The texts are kept until the report has fetched its rows.
+    /// The texts are kept until the report's rows are ordered.
     void SetLogOnInfo(const QString& server, const QString& database, const QString& user,
                       const QString& password);
     bool HasLogOn() const { return mHasLogOn; }
     const ReportLogOn& LogOn() const { return mLogOn; }
+    /// The texts, which the table forgets.
+    ReportLogOn TakeLogOn();
     void ForgetLogOn();
 
   private:

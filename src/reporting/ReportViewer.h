@@ -6,8 +6,12 @@
 #include <QList>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
+#include <optional>
 
+class FetchThread;
+class JobRunner;
 class PageView;
 class QAction;
 class QBoxLayout;
@@ -17,11 +21,18 @@ class QModelIndex;
 class QSpinBox;
 class QToolButton;
 class QTreeView;
+class ReportJob;
+class WorkBar;
 struct CellPosition;
+struct FoundText;
 
 /// The viewer control: a report's pages on screen, with the ways to move, to find, to print and to save.
+///
+/// Rows are fetched on another thread, and long work on the pages is done between two events: the window goes
+/// on, tells what it waits for, and lets the clerk give it up.
 class ReportViewer : public QWidget {
     Q_OBJECT
+    Q_PROPERTY(bool IsWorking READ IsWorking)
 
   public:
     explicit ReportViewer(QWidget* parent = nullptr);
@@ -38,11 +49,17 @@ class ReportViewer : public QWidget {
     void EnableGroupTree(bool enable);
     /// Fits the page's width (1), the whole page (2), or takes a percentage.
     void Zoom(int level);
-    /// Asks for the parameters that have no value, fetches the rows and shows the first page. When the clerk
-    /// gives the question up, no page is shown. Raises 91 without a report, and what the report raises.
+    /// Asks for the parameters that have no value and has the rows fetched; the first page shows when they
+    /// are there. When the clerk gives the question up, no page is shown. Raises 91 without a report, and
+    /// what the report's order raises. What the fetching raises comes out of the event loop, where nothing
+    /// traps it.
     void ViewReport();
-    /// Asks for the printer and prints. Nothing happens before a page is shown.
+    /// Asks for the printer and prints. Nothing happens before a page is shown, or while the viewer works.
     void PrintReport();
+    /// Whether rows are being fetched, or long work on the pages is going on.
+    bool IsWorking() const;
+    /// Gives up whatever is being done; a file half written goes. For a window that closes.
+    void StopWork();
 
     // Kept: the openers of the census and of the consultation form turn on a switch of the viewer that they
     // know by its number alone. What they want, a report that stays as it was when it was opened, this viewer
@@ -51,11 +68,12 @@ class ReportViewer : public QWidget {
     void SetSwitch259(bool on);
 
   Q_SIGNALS:
-    /// Escape was pressed.
+    /// Escape was pressed, and there was nothing to give up.
     void CloseRequested();
 
   private:
     using Handler = void (ReportViewer::*)();
+    using JobEnded = std::function<void(const ReportJob& job)>;
 
     QBoxLayout* NewBar();
     void AddFileButtons(QBoxLayout& bar);
@@ -78,14 +96,24 @@ class ReportViewer : public QWidget {
     void cmdWholePage_Click();
     void cmdFindNext_Click();
     void cmdGroupTree_Click();
+    void Escape();
     void AskPage();
     void AskText();
     void EnterFind();
     void ShowPageNumber(int page);
 
+    void TakeRows();
+    void ShowDocument();
+    void RunJob(const QString& what, std::unique_ptr<ReportJob> job, JobEnded ended);
+    void Save(const QString& what, const QString& file, std::unique_ptr<ReportJob> job);
+    void ShowFound(const std::optional<FoundText>& found);
+    void CancelWork();
+    void EndWork();
+
     void FillGroupTree();
     void GoToGroup(const QModelIndex& index);
     void EnableCommands(bool enable);
+    void EnableJobs(bool enable);
     void TellFailure(const QString& what, const QString& failure);
     QString SuggestedName(const QString& ending) const;
 
@@ -102,4 +130,10 @@ class ReportViewer : public QWidget {
     QToolButton* mTreeButton = nullptr;
     /// What needs a page to act upon.
     QList<QAction*> mActions;
+    /// What begins a job.
+    QList<QAction*> mJobActions;
+    /// Set while rows are fetched.
+    FetchThread* mFetch = nullptr;
+    WorkBar* mWorkBar = nullptr;
+    JobRunner* mRunner = nullptr;
 };

@@ -12,6 +12,7 @@ frmReport::frmReport()
 }
 
 void frmReport::Form_Unload() {
+    crvReport->StopWork();
     if (Workspace* workspace = Workspace::Current())
         workspace->EnableMenuItem(u"mnuMLedger"_s, true);
 }

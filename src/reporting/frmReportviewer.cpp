@@ -23,5 +23,6 @@ void frmReportviewer::Form_Load() {
 }
 
 void frmReportviewer::Form_Unload() {
+    Viewer().StopWork();
     gReport = nullptr;
 }

@@ -1,5 +1,6 @@
 #include "ReportFixture.h"
 
+#include "reporting/FetchThread.h"
 #include "reporting/ReportConnector.h"
 #include "reporting/TemplateReader.h"
 
@@ -21,10 +22,22 @@ class ReportConnection : public CommandGateway {
 
     bool Connected() const override { return true; }
     QString ConnectionString() const override { return {}; }
+    void Cancel() override {
+        const std::lock_guard lock(mDatabase.mMutex);
+        mCancelled = true;
+        mDatabase.mChanged.notify_all();
+    }
 
   protected:
     Outcome Run(const QString& command) override {
         mDatabase.commands << command;
+        std::unique_lock lock(mDatabase.mMutex);
+        mDatabase.mAsked = true;
+        mDatabase.mChanged.notify_all();
+        mDatabase.mChanged.wait(lock,
+                                [this] { return !mDatabase.mHeld || (mCancelled && !mDatabase.mDeaf); });
+        if (mCancelled)
+            throw RunTimeError(-2147217842, u"Operation was canceled."_s);
         for (const ReportDatabase::Answer& answer : mDatabase.mAnswers) {
             if (command.contains(answer.fragment))
                 return {answer.rows, 0};
@@ -34,6 +47,7 @@ class ReportConnection : public CommandGateway {
 
   private:
     ReportDatabase& mDatabase;
+    bool mCancelled = false;
 };
 
 namespace {
@@ -73,6 +87,25 @@ ReportDatabase::ReportDatabase() {
 
 ReportDatabase::~ReportDatabase() {
     SetReportConnector({});
+    Release();
+    WaitForFetchThreads();
+}
+
+void ReportDatabase::Hold(bool deaf) {
+    const std::lock_guard lock(mMutex);
+    mHeld = true;
+    mDeaf = deaf;
+}
+
+void ReportDatabase::Release() {
+    const std::lock_guard lock(mMutex);
+    mHeld = false;
+    mChanged.notify_all();
+}
+
+void ReportDatabase::AwaitCommand() {
+    std::unique_lock lock(mMutex);
+    mChanged.wait(lock, [this] { return mAsked; });
 }
 
 void ReportDatabase::Set(const QString& fragment, std::shared_ptr<const RowData> rows) {
@@ -90,6 +123,13 @@ QString WriteFile(const QTemporaryDir& folder, const QString& name, const QByteA
 QByteArray ReadFile(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+std::optional<FoundText> FindText(const ReportDocument& document, const QString& text,
+                                  const std::optional<CellPosition>& after) {
+    FindJob job(document, text, after);
+    job.Finish();
+    return job.Found();
 }
 
 QString TextOfPages(const ReportDocument& document) {

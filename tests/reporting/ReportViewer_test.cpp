@@ -1,12 +1,5 @@
-#include "ReportFixture.h"
-#include "reporting/PageView.h"
-#include "reporting/ReportOutput.h"
-#include "reporting/ReportViewer.h"
-#include "reporting/TemplateReader.h"
-#include "support/ScreenTest.h"
-#include "toolkit/FileDialogs.h"
+#include "ViewerGround.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrinter>
@@ -17,90 +10,39 @@
 #include <QToolButton>
 #include <QTreeView>
 
-#include <gmock/gmock.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto kParts =
-    uR"(<page-header height="10"><text x="0" y="0" width="60">{page} of {pages}</text></page-header>
-<group by="Ward"><header height="10"><text x="0" y="0" width="60">{Ward}</text></header>
-<detail height="20"><text x="0" y="0" width="60">{Name}</text></detail></group>)";
-
-QString answeredFile;
-QString suggestedFile;
-
-class ReportViewerTest : public ScreenTest {
-  protected:
-    ReportViewerTest() {
-        std::vector<std::vector<Value>> rows;
-        for (int i = 1; i <= 12; ++i)
-            rows.push_back({u"WARD %1"_s.arg((i - 1) / 6 + 1), u"PATIENT %1"_s.arg(i)});
-        database.Set(u"SELECT"_s, Rows({u"Ward"_s, u"Name"_s}, rows));
-        viewer.setObjectName(u"CRViewer1"_s);
-        viewer.setWindowTitle(u"Census Report"_s);
-        viewer.resize(800, 400);
-        answeredFile.clear();
-        SetSaveFileAnswer([](const QString& suggested) {
-            suggestedFile = suggested;
-            return answeredFile;
-        });
-    }
-
-    ~ReportViewerTest() override {
-        SetSaveFileAnswer(nullptr);
-        SetPrinterChooser({});
-    }
-
-    void View(const QString& parts = QStringView(kParts).toString()) {
-        auto report = std::make_shared<Report>(ReadTemplate(u"/r/Census.rpt"_s, SmallTemplate(parts)));
-        report->Tables()[0].SetLogOnInfo({}, {}, {}, {});
-        viewer.SetReportSource(report);
-        viewer.ViewReport();
-        Activate(viewer);
-        viewer.setFocus();
-    }
-
-    /// A key pressed wherever the focus is.
-    static void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
-        Press(*QApplication::focusWidget(), key, modifiers);
-        RunEvents();
-    }
-
-    int Page() const { return Find<PageView>(viewer, "PageView").CurrentPage(); }
-    QString Status() const { return Find<QLabel>(viewer, "lblStatus").text(); }
-    bool TreeIsShown() const { return Find<QTreeView>(viewer, "GroupTree").isVisible(); }
-
-    ReportDatabase database;
-    ReportViewer viewer;
-};
+bool TreeIsShown(const ReportViewer& viewer) {
+    return Find<QTreeView>(viewer, "GroupTree").isVisible();
+}
 
 } // namespace
 
 TEST_F(ReportViewerTest, ShowsTheFirstPageAndHowManyThereAre) {
     View();
     EXPECT_EQ(Page(), 1);
-    EXPECT_EQ(Find<QLabel>(viewer, "lblPages").text(), u"of 4"_s);
-    EXPECT_EQ(Find<QSpinBox>(viewer, "txtPage").value(), 1);
+    EXPECT_EQ(Find<QLabel>(*viewer, "lblPages").text(), u"of 4"_s);
+    EXPECT_EQ(Find<QSpinBox>(*viewer, "txtPage").value(), 1);
 }
 
 TEST_F(ReportViewerTest, NeedsAReport) {
-    EXPECT_EQ(FailureOf([this] { viewer.ViewReport(); }),
+    EXPECT_EQ(FailureOf([this] { viewer->ViewReport(); }),
               u"Object variable or With block variable not set"_s);
 }
 
 TEST_F(ReportViewerTest, OffersNothingBeforeThereIsAPage) {
-    Activate(viewer);
-    for (const QToolButton* button : viewer.findChildren<QToolButton*>())
+    Activate(*viewer);
+    for (const QToolButton* button : viewer->findChildren<QToolButton*>())
         EXPECT_FALSE(button->isEnabled()) << button->objectName().toStdString();
-    viewer.PrintReport();
-    EXPECT_FALSE(Find<QLineEdit>(viewer, "txtFind").isEnabled());
+    viewer->PrintReport();
+    EXPECT_FALSE(Find<QLineEdit>(*viewer, "txtFind").isEnabled());
 }
 
 TEST_F(ReportViewerTest, EachButtonHasANameAndATooltipThatTellsItsKey) {
     View();
-    for (const QToolButton* button : viewer.findChildren<QToolButton*>()) {
+    for (const QToolButton* button : viewer->findChildren<QToolButton*>()) {
         if (!button->objectName().startsWith(u"cmd"_s))
             continue;
         EXPECT_FALSE(button->accessibleName().isEmpty()) << button->objectName().toStdString();
@@ -115,7 +57,7 @@ TEST_F(ReportViewerTest, TurnsPagesByKeys) {
     View();
     Key(Qt::Key_PageDown);
     EXPECT_EQ(Page(), 2);
-    EXPECT_EQ(Find<QSpinBox>(viewer, "txtPage").value(), 2);
+    EXPECT_EQ(Find<QSpinBox>(*viewer, "txtPage").value(), 2);
     Key(Qt::Key_End);
     EXPECT_EQ(Page(), 4);
     Key(Qt::Key_PageDown);
@@ -128,20 +70,20 @@ TEST_F(ReportViewerTest, TurnsPagesByKeys) {
 
 TEST_F(ReportViewerTest, TurnsPagesByButtons) {
     View();
-    Click(Find<QToolButton>(viewer, "cmdNext"));
+    Click(Find<QToolButton>(*viewer, "cmdNext"));
     EXPECT_EQ(Page(), 2);
-    Click(Find<QToolButton>(viewer, "cmdLast"));
+    Click(Find<QToolButton>(*viewer, "cmdLast"));
     EXPECT_EQ(Page(), 4);
-    Click(Find<QToolButton>(viewer, "cmdPrevious"));
+    Click(Find<QToolButton>(*viewer, "cmdPrevious"));
     EXPECT_EQ(Page(), 3);
-    Click(Find<QToolButton>(viewer, "cmdFirst"));
+    Click(Find<QToolButton>(*viewer, "cmdFirst"));
     EXPECT_EQ(Page(), 1);
 }
 
 TEST_F(ReportViewerTest, GoesToAPageByItsNumber) {
     View();
     Key(Qt::Key_G);
-    auto& box = Find<QSpinBox>(viewer, "txtPage");
+    auto& box = Find<QSpinBox>(*viewer, "txtPage");
     ASSERT_TRUE(box.hasFocus());
     Press(box, Qt::Key_3);
     EXPECT_EQ(Page(), 1) << "a number still being keyed turns no page";
@@ -151,7 +93,7 @@ TEST_F(ReportViewerTest, GoesToAPageByItsNumber) {
 
 TEST_F(ReportViewerTest, ZoomsByKeysAndByTheSwitch) {
     View();
-    const auto& pages = Find<PageView>(viewer, "PageView");
+    const auto& pages = Find<PageView>(*viewer, "PageView");
     const double width = pages.ZoomFactor();
     Key(Qt::Key_2);
     EXPECT_LT(pages.ZoomFactor(), width);
@@ -163,17 +105,17 @@ TEST_F(ReportViewerTest, ZoomsByKeysAndByTheSwitch) {
     EXPECT_NEAR(pages.ZoomFactor(), width * 1.25 * 1.25, 0.001);
     Key(Qt::Key_Minus);
     EXPECT_NEAR(pages.ZoomFactor(), width * 1.25, 0.001);
-    viewer.Zoom(80);
+    viewer->Zoom(80);
     EXPECT_NEAR(pages.ZoomFactor(), 0.8, 0.001);
-    EXPECT_EQ(Find<QLabel>(viewer, "lblZoom").text(), u"80 %"_s);
-    viewer.Zoom(ReportViewer::kPageWidth);
+    EXPECT_EQ(Find<QLabel>(*viewer, "lblZoom").text(), u"80 %"_s);
+    viewer->Zoom(ReportViewer::kPageWidth);
     EXPECT_EQ(pages.ZoomFactor(), width);
 }
 
 TEST_F(ReportViewerTest, FindsTextAndTheNextMatch) {
     View();
     Key(Qt::Key_F);
-    auto& box = Find<QLineEdit>(viewer, "txtFind");
+    auto& box = Find<QLineEdit>(*viewer, "txtFind");
     ASSERT_TRUE(box.hasFocus());
     Type(box, u"patient 1"_s);
     Press(box, Qt::Key_Return);
@@ -191,7 +133,7 @@ TEST_F(ReportViewerTest, FindsTextAndTheNextMatch) {
 TEST_F(ReportViewerTest, LooksForAnotherTextFromTheStart) {
     View();
     Key(Qt::Key_F);
-    auto& box = Find<QLineEdit>(viewer, "txtFind");
+    auto& box = Find<QLineEdit>(*viewer, "txtFind");
     Type(box, u"patient 5"_s);
     Press(box, Qt::Key_Return);
     EXPECT_EQ(Page(), 2);
@@ -203,7 +145,7 @@ TEST_F(ReportViewerTest, LooksForAnotherTextFromTheStart) {
 TEST_F(ReportViewerTest, SaysWhenATextIsNotFound) {
     View();
     Key(Qt::Key_F);
-    auto& box = Find<QLineEdit>(viewer, "txtFind");
+    auto& box = Find<QLineEdit>(*viewer, "txtFind");
     Type(box, u"nobody"_s);
     Press(box, Qt::Key_Return);
     EXPECT_EQ(Status(), u"Not found"_s);
@@ -214,12 +156,12 @@ TEST_F(ReportViewerTest, SaysWhenATextIsNotFound) {
 TEST_F(ReportViewerTest, SearchWithoutATextAsksForIt) {
     View();
     Key(Qt::Key_F3, Qt::NoModifier);
-    EXPECT_TRUE(Find<QLineEdit>(viewer, "txtFind").hasFocus());
+    EXPECT_TRUE(Find<QLineEdit>(*viewer, "txtFind").hasFocus());
 }
 
 TEST_F(ReportViewerTest, EscapeAsksToClose) {
     View();
-    QSignalSpy closes(&viewer, &ReportViewer::CloseRequested);
+    QSignalSpy closes(viewer.get(), &ReportViewer::CloseRequested);
     Key(Qt::Key_Escape, Qt::NoModifier);
     EXPECT_EQ(closes.size(), 1);
     Key(Qt::Key_F);
@@ -228,39 +170,39 @@ TEST_F(ReportViewerTest, EscapeAsksToClose) {
 }
 
 TEST_F(ReportViewerTest, TheGroupTreeCannotBeOpenedUnlessItIsEnabled) {
-    viewer.EnableGroupTree(false);
+    viewer->EnableGroupTree(false);
     View();
     Key(Qt::Key_T);
-    EXPECT_FALSE(TreeIsShown());
-    viewer.DisplayGroupTree(true);
-    EXPECT_FALSE(TreeIsShown());
+    EXPECT_FALSE(TreeIsShown(*viewer));
+    viewer->DisplayGroupTree(true);
+    EXPECT_FALSE(TreeIsShown(*viewer));
 }
 
 TEST_F(ReportViewerTest, TheGroupTreeOpensAndGoesToItsGroups) {
-    viewer.EnableGroupTree(true);
+    viewer->EnableGroupTree(true);
     View();
-    EXPECT_FALSE(TreeIsShown()) << "enabled is not yet shown";
+    EXPECT_FALSE(TreeIsShown(*viewer)) << "enabled is not yet shown";
     Key(Qt::Key_T);
-    ASSERT_TRUE(TreeIsShown());
-    auto& tree = Find<QTreeView>(viewer, "GroupTree");
+    ASSERT_TRUE(TreeIsShown(*viewer));
+    auto& tree = Find<QTreeView>(*viewer, "GroupTree");
     ASSERT_EQ(tree.model()->rowCount(), 2);
     EXPECT_EQ(tree.model()->index(1, 0).data().toString(), u"WARD 2"_s);
     tree.setCurrentIndex(tree.model()->index(1, 0));
     EXPECT_EQ(Page(), 2);
     Key(Qt::Key_T);
-    EXPECT_FALSE(TreeIsShown());
-    viewer.DisplayGroupTree(true);
-    EXPECT_TRUE(TreeIsShown());
-    viewer.EnableGroupTree(false);
-    EXPECT_FALSE(TreeIsShown());
+    EXPECT_FALSE(TreeIsShown(*viewer));
+    viewer->DisplayGroupTree(true);
+    EXPECT_TRUE(TreeIsShown(*viewer));
+    viewer->EnableGroupTree(false);
+    EXPECT_FALSE(TreeIsShown(*viewer));
 }
 
 TEST_F(ReportViewerTest, TheGroupTreeTurnsNoPageUntilAGroupIsChosen) {
-    viewer.EnableGroupTree(true);
+    viewer->EnableGroupTree(true);
     View();
     Key(Qt::Key_PageDown);
     Key(Qt::Key_T);
-    auto& tree = Find<QTreeView>(viewer, "GroupTree");
+    auto& tree = Find<QTreeView>(*viewer, "GroupTree");
     tree.setFocus();
     EXPECT_EQ(Page(), 2);
     QTest::mouseClick(tree.viewport(), Qt::LeftButton, {},
@@ -268,34 +210,34 @@ TEST_F(ReportViewerTest, TheGroupTreeTurnsNoPageUntilAGroupIsChosen) {
     EXPECT_EQ(Page(), 1);
     Press(tree, Qt::Key_Down);
     EXPECT_EQ(Page(), 2);
-    viewer.ViewReport();
+    viewer->ViewReport();
     EXPECT_EQ(Page(), 1);
 }
 
 TEST_F(ReportViewerTest, TheNumberedSwitchesChangeNothing) {
     View();
-    const QImage before = viewer.grab().toImage();
-    viewer.SetSwitch258(true);
-    viewer.SetSwitch259(true);
-    viewer.ViewReport();
-    EXPECT_EQ(viewer.grab().toImage(), before);
+    const QImage before = viewer->grab().toImage();
+    viewer->SetSwitch258(true);
+    viewer->SetSwitch259(true);
+    viewer->ViewReport();
+    EXPECT_EQ(viewer->grab().toImage(), before);
     EXPECT_EQ(database.commands.size(), 1) << "the report stays as it was when it was opened";
 }
 
 TEST_F(ReportViewerTest, SavesAsPdf) {
     View();
-    answeredFile = programDirectory.filePath(u"census.pdf"_s);
+    AnsweredFile() = programDirectory.filePath(u"census.pdf"_s);
     Key(Qt::Key_S);
-    EXPECT_EQ(suggestedFile, u"Census.pdf"_s);
-    EXPECT_TRUE(TextOfPdf(answeredFile).contains(u"PATIENT 12"_s));
+    EXPECT_EQ(SuggestedFile(), u"Census.pdf"_s);
+    EXPECT_TRUE(TextOfPdf(AnsweredFile()).contains(u"PATIENT 12"_s));
 }
 
 TEST_F(ReportViewerTest, SavesItsRows) {
     View();
-    answeredFile = programDirectory.filePath(u"census.csv"_s);
+    AnsweredFile() = programDirectory.filePath(u"census.csv"_s);
     Key(Qt::Key_E);
-    EXPECT_EQ(suggestedFile, u"Census.csv"_s);
-    EXPECT_TRUE(ReadFile(answeredFile).contains("WARD 2,PATIENT 12\r\n"));
+    EXPECT_EQ(SuggestedFile(), u"Census.csv"_s);
+    EXPECT_TRUE(ReadFile(AnsweredFile()).contains("WARD 2,PATIENT 12\r\n"));
 }
 
 TEST_F(ReportViewerTest, SavesNothingWhenTheClerkGivesUp) {
@@ -307,7 +249,7 @@ TEST_F(ReportViewerTest, SavesNothingWhenTheClerkGivesUp) {
 
 TEST_F(ReportViewerTest, AFailureToSaveIsToldAndLeavesTheViewer) {
     View();
-    answeredFile = u"/no/such/folder/census.pdf"_s;
+    AnsweredFile() = u"/no/such/folder/census.pdf"_s;
     const QString told = u"\"/no/such/folder/census.pdf\" could not be saved.\n\nNo such file or directory"_s;
     messages.Expect({.text = told, .icon = MsgIcon::Exclamation, .title = u"Census Report"_s});
     Key(Qt::Key_S);
@@ -369,7 +311,8 @@ TEST_F(ReportViewerTest, ShowsNoPageWhenTheClerkGivesNoValues) {
         Type(day, u"11/21/2026"_s);
         Press(day, Qt::Key_Return);
     });
-    viewer.ViewReport();
+    viewer->ViewReport();
+    AwaitWork(*viewer);
     EXPECT_EQ(Page(), 1);
     EXPECT_EQ(Status(), QString());
 }

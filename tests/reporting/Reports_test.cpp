@@ -3,6 +3,7 @@
 #include "reporting/ReportOutput.h"
 #include "reporting/Reports.h"
 #include "reporting/ReportViewer.h"
+#include "support/AwaitWork.h"
 #include "support/ScreenTest.h"
 #include "toolkit/MousePointer.h"
 
@@ -43,6 +44,7 @@ class ReportsTest : public ScreenTest {
         QTimer::singleShot(0, qApp, [&] {
             QWidget* window = QApplication::activeModalWidget();
             ASSERT_TRUE(window && window->objectName() == u"frmReportviewer"_s);
+            AwaitWork(*window);
             clerk(*window);
             window->close();
         });
@@ -197,6 +199,8 @@ TEST_F(ReportsTest, TheCallersPointerIsBackWhenTheViewerHasClosed) {
         Press(Find<QLineEdit>(*dialog, "txtDay"), Qt::Key_Return);
         QTimer::singleShot(0, qApp, [&] {
             ++shown;
+            EXPECT_EQ(CurrentMousePointer(), MousePointer::Default) << "while the rows are fetched";
+            AwaitWork(*QApplication::activeModalWidget());
             EXPECT_EQ(CurrentMousePointer(), MousePointer::Default) << "while the clerk reads the slip";
             QApplication::activeModalWidget()->close();
         });
@@ -219,7 +223,10 @@ TEST_F(ReportsTest, ATemplateWithMoreParametersThanValuesAsksForTheRest) {
         ASSERT_TRUE(dialog && dialog->objectName() == u"ReportParameters"_s);
         Type(Find<QLineEdit>(*dialog, "txtDay"), u"11/21/2026"_s);
         Press(Find<QLineEdit>(*dialog, "txtDay"), Qt::Key_Return);
-        QTimer::singleShot(0, qApp, [] { QApplication::activeModalWidget()->close(); });
+        QTimer::singleShot(0, qApp, [] {
+            AwaitWork(*QApplication::activeModalWidget());
+            QApplication::activeModalWidget()->close();
+        });
     });
     ShowReport(false, u"Slip"_s, false);
     EXPECT_EQ(database.commands.size(), 1);

@@ -3,8 +3,6 @@
 #include "reporting/TemplateReader.h"
 #include "support/CaseName.h"
 
-#include <QRegularExpression>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -402,20 +400,3 @@ INSTANTIATE_TEST_SUITE_P(Texts, TableLocation,
                                          Location{"ABracketWithin", u"D.dbo.[a]]b]"_s, false},
                                          Location{"Empty", u""_s, false}),
                          CaseName());
-
-namespace {
-
-/// The first template in the documentation.
-QByteArray DocumentedTemplate() {
-    const QString page = QString::fromUtf8(ReadFile(QStringLiteral(TARVEN_SOURCE_DIR "/docs/templates.md")));
-    static const QRegularExpression kBlock(u"```xml\n(.*?</report>\n)```"_s,
-                                           QRegularExpression::DotMatchesEverythingOption);
-    return kBlock.match(page).captured(1).toUtf8();
-}
-
-} // namespace
-
-TEST(TemplateReader, ReadsTheExampleOfTheDocumentation) {
-    const ReportTemplate report = ReadTemplate(u"example"_s, DocumentedTemplate());
-    EXPECT_FALSE(report.groups.empty());
-}

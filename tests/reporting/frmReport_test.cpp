@@ -1,9 +1,11 @@
 #include "ReportFixture.h"
+#include "reporting/FetchThread.h"
 #include "reporting/frmReport.h"
 #include "reporting/PageView.h"
 #include "reporting/Reports.h"
 #include "reporting/ReportViewer.h"
 #include "reporting/TemplateReader.h"
+#include "support/AwaitWork.h"
 #include "support/ScreenTest.h"
 #include "toolkit/Workspace.h"
 
@@ -51,15 +53,18 @@ class frmReportTest : public ScreenTest {
         form->setWindowTitle(u"Census Report"_s);
         form->crvReport->EnableGroupTree(groupTree);
         form->crvReport->SetSwitch259(true);
-        form->crvReport->SetReportSource(gReport.Shared());
+        report = gReport.Shared();
+        form->crvReport->SetReportSource(report);
         form->crvReport->ViewReport();
         form->Show();
         gReport = nullptr;
+        AwaitWork(*form);
         return form;
     }
 
     FakeWorkspace workspace;
     ReportDatabase database;
+    std::shared_ptr<Report> report;
 };
 
 } // namespace
@@ -69,6 +74,19 @@ TEST_F(frmReportTest, GoesOnShowingItsReportAfterTheOpenerHasClearedIt) {
     EXPECT_EQ(Find<QLabel>(*form, "lblPages").text(), u"of 1"_s);
     form->crvReport->grab();
     EXPECT_TRUE(database.commands.at(0).contains(u"PATIENT_DATA.dbo.T"_s));
+}
+
+TEST_F(frmReportTest, ClosedWhileItsRowsAreFetchedItGivesThemUpAtOnce) {
+    frmReport* form = Open(false);
+    SetTableLogOn(report->Tables()[0], u"PATIENT_DATA"_s);
+    report->SetDocument(nullptr);
+    database.Hold();
+    form->crvReport->ViewReport();
+    EXPECT_TRUE(form->crvReport->IsWorking());
+    form->Unload();
+    EXPECT_FALSE(form->crvReport->IsWorking());
+    WaitForFetchThreads();
+    EXPECT_EQ(database.open, 0);
 }
 
 TEST_F(frmReportTest, ItsViewerFillsIt) {

@@ -1,9 +1,11 @@
 #include "ReportFixture.h"
+#include "reporting/FetchThread.h"
 #include "reporting/frmReportviewer.h"
 #include "reporting/PageView.h"
 #include "reporting/Reports.h"
 #include "reporting/ReportViewer.h"
 #include "reporting/TemplateReader.h"
+#include "support/AwaitWork.h"
 #include "support/ScreenTest.h"
 
 #include <QApplication>
@@ -35,6 +37,7 @@ TEST_F(frmReportviewerTest, ViewsTheReportWhenItLoads) {
     frmReportviewer form;
     EXPECT_TRUE(database.commands.isEmpty());
     form.Load();
+    AwaitWork(form);
     EXPECT_EQ(database.commands.size(), 1);
     EXPECT_EQ(Find<QLabel>(form, "lblPages").text(), u"of 1"_s);
 }
@@ -42,6 +45,7 @@ TEST_F(frmReportviewerTest, ViewsTheReportWhenItLoads) {
 TEST_F(frmReportviewerTest, ShowsThePagesWidthWithoutAGroupTreeWhateverItsViewerWasSetTo) {
     frmReportviewer form;
     form.Load();
+    AwaitWork(form);
     form.show();
     const double pageWidth = Find<PageView>(form, "PageView").ZoomFactor();
     frmReportviewer other;
@@ -51,6 +55,7 @@ TEST_F(frmReportviewerTest, ShowsThePagesWidthWithoutAGroupTreeWhateverItsViewer
     viewer.DisplayGroupTree(true);
     gReport->Tables()[0].SetLogOnInfo({}, {}, {}, {});
     other.Load();
+    AwaitWork(other);
     other.show();
     EXPECT_NEAR(Find<PageView>(other, "PageView").ZoomFactor(), pageWidth, 0.001);
     EXPECT_FALSE(Find<QTreeView>(other, "GroupTree").isVisible());
@@ -63,6 +68,7 @@ TEST_F(frmReportviewerTest, ShowsThePagesWidthWithoutAGroupTreeWhateverItsViewer
 TEST_F(frmReportviewerTest, ItsWindowTakesNineTenthsOfTheScreen) {
     frmReportviewer form;
     form.Load();
+    AwaitWork(form);
     form.show();
     const QRect screen = form.screen()->availableGeometry();
     EXPECT_EQ(form.size(), screen.size() * 0.9);
@@ -74,6 +80,7 @@ TEST_F(frmReportviewerTest, InsideAnotherWindowItKeepsItsSize) {
     frmReportviewer form;
     form.setParent(&workspace);
     form.Load();
+    AwaitWork(form);
     form.resize(300, 200);
     workspace.show();
     form.show();
@@ -84,6 +91,7 @@ TEST_F(frmReportviewerTest, InsideAnotherWindowItKeepsItsSize) {
 TEST_F(frmReportviewerTest, ItsViewerFillsIt) {
     frmReportviewer form;
     form.Load();
+    AwaitWork(form);
     form.show();
     for (const QSize size : {QSize(500, 400), QSize(900, 300)}) {
         form.resize(size);
@@ -95,15 +103,30 @@ TEST_F(frmReportviewerTest, ItsViewerFillsIt) {
 TEST_F(frmReportviewerTest, ItsUnloadClearsTheReport) {
     auto* form = new frmReportviewer;
     form->Load();
+    AwaitWork(*form);
     form->show();
     EXPECT_TRUE(gReport.IsSet());
     form->close();
     EXPECT_FALSE(gReport.IsSet());
 }
 
+TEST_F(frmReportviewerTest, ClosedWhileItsRowsAreFetchedItGivesThemUpAtOnce) {
+    database.Hold();
+    auto* form = new frmReportviewer;
+    form->Load();
+    Activate(*form);
+    database.AwaitCommand();
+    form->close();
+    EXPECT_FALSE(Find<ReportViewer>(*form, "CRViewer1").IsWorking()) << "not only when it is deleted";
+    WaitForFetchThreads();
+    EXPECT_EQ(database.open, 0);
+    EXPECT_FALSE(gReport.IsSet());
+}
+
 TEST_F(frmReportviewerTest, EscapeUnloadsIt) {
     const QPointer<frmReportviewer> form = new frmReportviewer;
     form->Load();
+    AwaitWork(*form);
     Activate(*form);
     Press(*QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(gReport.IsSet());
@@ -113,6 +136,7 @@ TEST_F(frmReportviewerTest, EscapeUnloadsIt) {
 TEST_F(frmReportviewerTest, TheFirstKeyGoesToThePages) {
     frmReportviewer form;
     form.Load();
+    AwaitWork(form);
     Activate(form);
     ASSERT_TRUE(QApplication::focusWidget());
     EXPECT_EQ(QApplication::focusWidget()->objectName(), u"PageView"_s);

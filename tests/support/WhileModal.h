@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/AwaitWork.h"
 #include "toolkit/Form.h"
 
 #include <QApplication>
@@ -8,8 +9,8 @@
 
 #include <gtest/gtest.h>
 
-/// Runs the steps on the screen that the code after this call shows modally. A screen that the steps leave
-/// open is unloaded, so that the test goes on whatever happened.
+/// Runs the steps on the screen that the code after this call shows modally, a report when its rows are
+/// there. A screen that the steps leave open is unloaded, so that the test goes on whatever happened.
 template <class Steps> void WhileModal(Steps steps) {
     QTimer::singleShot(0, qApp, [steps] {
         const QPointer<Form> screen = qobject_cast<Form*>(QApplication::activeModalWidget());
@@ -18,6 +19,7 @@ template <class Steps> void WhileModal(Steps steps) {
             return;
         }
         try {
+            AwaitWork(*screen);
             steps(*screen);
         } catch (const std::exception& error) {
             ADD_FAILURE() << error.what();

@@ -70,6 +70,25 @@ TEST_F(Faults, ABrokenTemplateIsToldWithFileAndLine) {
     EXPECT_TRUE(run.told.back().contains(u"line 2"_s)) << run.told.back().toStdString();
 }
 
+TEST_F(Faults, AReportsQueryThatFailsWhileItsWindowStandsIsToldOnceAndEndsTheProcess) {
+    const QString path = ProgramFile(u"Reports/Charge_Slip.RPT"_s);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray slip = file.readAll();
+    file.close();
+    ASSERT_TRUE(QFile::remove(path));
+    WriteProgramFile(u"Reports/Charge_Slip.RPT"_s,
+                     QByteArray(slip).replace("tbEarCareChargePrint", "tbGone"));
+    const int counter = QueryOne(u"select ChargeSlip from Clinical_Area..tbEarCareChargeSlip"_s).toInt();
+    const Run run = RunScript(u"report-failure"_s);
+    EXPECT_EQ(run.exitCode, kFailed);
+    EXPECT_FALSE(run.crashed);
+    ASSERT_THAT(run.told, Not(IsEmpty()));
+    EXPECT_EQ(run.told.back(), u"Run-time error '208': Invalid object name 'Clinical_Area.dbo.tbGone'."_s);
+    EXPECT_EQ(run.errors.count(u"Run-time error"_s), 1) << run.errors.toStdString();
+    EXPECT_THAT(Query(ChargesOf(u"RefNum = 'H%1C'"_s.arg(counter))), SizeIs(3));
+}
+
 TEST_F(Faults, AHospitalWithoutItsRecordEndsTheStart) {
     OpenHospital()->ExecuteNoResult(u"delete PATIENT_DATA..tbhospitalInfo"_s);
     const Run run = RunScript(u"sign-on-and-fail"_s);

@@ -34,6 +34,10 @@ void EmbeddedGateway::SetCommandTimeout(int seconds) {
     mEngine->Database().SetTimeout(seconds);
 }
 
+void EmbeddedGateway::Cancel() {
+    mEngine->Database().Cancel();
+}
+
 QStringList EmbeddedGateway::QueryPlan(const QString& command) {
     return mEngine->QueryPlan(command);
 }

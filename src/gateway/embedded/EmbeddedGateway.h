@@ -24,6 +24,7 @@ class EmbeddedGateway : public CommandGateway {
     /// Raises 911 for a database that the hospital has not.
     void SetDefaultDatabase(const QString& name) override;
     void SetCommandTimeout(int seconds) override;
+    void Cancel() override;
 
     /// How the database goes about a command, line by line: for finding out why one is slow.
     QStringList QueryPlan(const QString& command);

@@ -5,6 +5,7 @@
 #include "gateway/embedded/Transaction.h"
 #include "text/Clock.h"
 
+#include <array>
 #include <sqlite3.h>
 #include <utility>
 
@@ -51,6 +52,38 @@ Value ColumnValue(sqlite3_stmt* row, int column, const SqlType& type) {
         return QString::fromUtf8(ColumnText(row, column));
     }
 }
+
+/// The values of one column that were read lately, by the bytes that they were made of. Names, codes and
+/// prices come again and again: rows that share them take less room and are read faster.
+class RepeatedValues {
+  public:
+    Value Read(sqlite3_stmt* row, int column, const SqlType& type) {
+        const int stored = sqlite3_column_type(row, column);
+        if (stored == SQLITE_INTEGER || stored == SQLITE_NULL || type.kind == SqlType::Kind::Float)
+            return ColumnValue(row, column, type);
+        const double number = stored == SQLITE_FLOAT ? sqlite3_column_double(row, column) : 0;
+        const QByteArrayView bytes =
+            stored == SQLITE_FLOAT
+                ? QByteArrayView(reinterpret_cast<const char*>(&number), qsizetype(sizeof number))
+                : ColumnText(row, column);
+        Known& known = mKnown[qHash(bytes) % kSlots];
+        if (known.value.IsNull() || known.stored != stored || known.bytes != bytes)
+            known = {stored, bytes.toByteArray(), ColumnValue(row, column, type)};
+        return known.value;
+    }
+
+  private:
+    static constexpr size_t kSlots = 256;
+    struct Known {
+        int stored = 0;
+        QByteArray bytes;
+        Value value;
+    };
+    std::array<Known, kSlots> mKnown;
+};
+
+/// Fewer rows are not worth the looking up.
+constexpr size_t kManyRows = 100;
 
 } // namespace
 
@@ -138,9 +171,15 @@ std::shared_ptr<const RowData> PreparedCommand::ReadRows(Step& step) {
     for (const ResultColumn& column : columns)
         data->columns.push_back(column.name);
     sqlite3_stmt* row = step.statement.Handle();
-    while (step.statement.Step()) {
-        for (size_t i = 0; i < columns.size(); ++i)
-            data->cells.push_back(ColumnValue(row, static_cast<int>(i), columns[i].type));
+    std::vector<RepeatedValues> repeated;
+    for (size_t read = 0; step.statement.Step(); ++read) {
+        if (read == kManyRows)
+            repeated.resize(columns.size());
+        for (size_t i = 0; i < columns.size(); ++i) {
+            const int column = static_cast<int>(i);
+            data->cells.push_back(repeated.empty() ? ColumnValue(row, column, columns[i].type)
+                                                   : repeated[i].Read(row, column, columns[i].type));
+        }
     }
     return data;
 }

@@ -129,6 +129,7 @@ constexpr std::array kTexts = std::to_array<FaultText>({
      "The number of row value expressions in the INSERT statement exceeds the maximum "
      "allowed number of 1000 row values."},
     {Fault::QueryTimeout, "HYT00", "Query timeout expired"},
+    {Fault::Cancelled, "HY008", "Operation was canceled."},
 });
 
 FaultText TextOf(Fault fault) {

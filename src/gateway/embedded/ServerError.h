@@ -72,8 +72,10 @@ enum class Fault {
     TextTruncated = 8152,
     CannotPrepare = 8180,
     TooManyRows = 10738,
-    /// Not the server's: the number of the run-time for a command that was given up.
+    /// Not the server's: the numbers of the run-time for a command that took too long, and for one that was
+    /// given up.
     QueryTimeout = -2147217871,
+    Cancelled = -2147217842,
 };
 
 /// The failure with the server's number, SQL state and text, the text's variable parts filled in.

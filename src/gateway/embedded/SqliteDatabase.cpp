@@ -68,19 +68,23 @@ void SqliteDatabase::SetTimeout(int seconds) {
     constexpr int kMillisecondsPerSecond = 1000;
     const int most = std::numeric_limits<int>::max() / kMillisecondsPerSecond;
     mTimeout = std::chrono::seconds(seconds);
+    mDeadline = std::chrono::steady_clock::time_point::max();
     sqlite3_busy_timeout(mHandle.get(), seconds > 0 ? std::min(seconds, most) * kMillisecondsPerSecond
                                                     : std::numeric_limits<int>::max());
-    sqlite3_progress_handler(mHandle.get(), seconds > 0 ? kStepsPerLook : 0, &SqliteDatabase::OnProgress,
-                             this);
+    sqlite3_progress_handler(mHandle.get(), kStepsPerLook, &SqliteDatabase::OnProgress, this);
 }
 
 void SqliteDatabase::BeginCommand() {
-    mDeadline = std::chrono::steady_clock::now() + mTimeout;
+    if (mCancelled)
+        throw ServerError(Fault::Cancelled);
+    const bool forEver = mTimeout == mTimeout.zero();
+    mDeadline =
+        forEver ? std::chrono::steady_clock::time_point::max() : std::chrono::steady_clock::now() + mTimeout;
 }
 
 int SqliteDatabase::OnProgress(void* self) {
     const auto* database = static_cast<const SqliteDatabase*>(self);
-    return std::chrono::steady_clock::now() > database->mDeadline ? 1 : 0;
+    return database->mCancelled || std::chrono::steady_clock::now() > database->mDeadline ? 1 : 0;
 }
 
 bool SqliteDatabase::InTransaction() const {
@@ -111,7 +115,7 @@ void SqliteDatabase::Raise(int code) {
     case SQLITE_CANTOPEN:
         throw ServerError(Fault::CannotOpen, {mPath, detail});
     case SQLITE_INTERRUPT:
-        throw ServerError(Fault::QueryTimeout);
+        throw ServerError(mCancelled ? Fault::Cancelled : Fault::QueryTimeout);
     case SQLITE_CONSTRAINT:
         RaiseConstraint(code, detail);
     case SQLITE_NOMEM:

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <atomic>
 #include <chrono>
 #include <memory>
 #include <optional>
@@ -13,7 +14,8 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-/// One open SQLite file. Every failure is raised with the server's number for it. Used from one thread.
+/// One open SQLite file. Every failure is raised with the server's number for it. Used from one thread, but
+/// for Cancel.
 class SqliteDatabase {
   public:
     enum class Mode { Existing, New };
@@ -31,8 +33,11 @@ class SqliteDatabase {
 
     /// Seconds that a lock is waited for and a command may take; 0 waits for ever.
     void SetTimeout(int seconds);
-    /// From now on the time of one command is counted.
+    /// From now on the time of one command is counted. Raises a failure when the file was given up.
     void BeginCommand();
+    /// Gives the file up: the command that is running fails at its next look at the clock, and every later
+    /// one at its beginning. From any thread.
+    void Cancel() { mCancelled = true; }
 
     /// Whether a transaction is open.
     bool InTransaction() const;
@@ -58,6 +63,7 @@ class SqliteDatabase {
     std::optional<RunTimeError> mFunctionError;
     std::chrono::steady_clock::duration mTimeout{};
     std::chrono::steady_clock::time_point mDeadline = std::chrono::steady_clock::time_point::max();
+    std::atomic<bool> mCancelled = false;
 };
 
 /// One prepared statement.

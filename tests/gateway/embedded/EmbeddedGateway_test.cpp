@@ -12,6 +12,7 @@
 
 #include <csignal>
 #include <gtest/gtest.h>
+#include <thread>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -189,8 +190,10 @@ TEST_F(EmbeddedGatewayTest, AWriterThatWaitsTooLongIsError1222AndChangesNothing)
     EXPECT_EQ(Number(Gateway(), kCharges), 3);
 }
 
-TEST_F(EmbeddedGatewayTest, ACommandThatTakesTooLongIsGivenUp) {
-    Gateway().SetCommandTimeout(1);
+namespace {
+
+/// A command that would count for years.
+QString Endless() {
     const QString ten =
         u"(select 1 as n union all select 2 union all select 3 union all select 4 union all select 5 "
         "union all select 6 union all select 7 union all select 8 union all select 9 union all select "
@@ -198,8 +201,49 @@ TEST_F(EmbeddedGatewayTest, ACommandThatTakesTooLongIsGivenUp) {
     QString endless = u"select count(*) from "_s + ten + u't';
     for (int i = 0; i < 11; ++i)
         endless += u" inner join "_s + ten + u"t%1 on 1 = 1"_s.arg(i);
-    EXPECT_EQ(FailureOf(Gateway(), endless).text, u"Query timeout expired"_s);
+    return endless;
+}
+
+} // namespace
+
+TEST_F(EmbeddedGatewayTest, ACommandThatTakesTooLongIsGivenUp) {
+    Gateway().SetCommandTimeout(1);
+    EXPECT_EQ(FailureOf(Gateway(), Endless()).text, u"Query timeout expired"_s);
     EXPECT_EQ(Number(Gateway(), kCounter), 100);
+}
+
+TEST_F(EmbeddedGatewayTest, ManyRowsHoldEachItsOwnValuesAlthoughTheyRepeat) {
+    // 6 x 6 x 6 rows; the values of the six stand as they are read alone, where none is looked up.
+    const QString columns =
+        u"select a.HospNum, a.LastName, a.FirstName, a.BirthDate, a.Active, c.Amount, c.Units "_s
+        "from Clinical_Area..tbPatient as a left join (select 1 as n, 1250.50 as Amount, "
+        "2.5 as Units) as c on c.n = a.Active "_s;
+    const auto alone = Gateway().Execute(columns + u"order by a.HospNum"_s).Data();
+    const auto many = Gateway()
+                          .Execute(columns + u"inner join Clinical_Area..tbPatient as x on 1 = 1 inner join "
+                                             "Clinical_Area..tbPatient as y on 1 = 1 order by x.HospNum, "
+                                             "y.HospNum, a.HospNum"_s)
+                          .Data();
+    ASSERT_EQ(many->RowCount(), 216U);
+    for (size_t row = 0; row < many->RowCount(); ++row) {
+        for (size_t column = 0; column < many->columns.size(); ++column)
+            EXPECT_EQ(many->Cell(row, column), alone->Cell(row % 6, column)) << row << ' ' << column;
+    }
+}
+
+TEST_F(EmbeddedGatewayTest, ACommandIsGivenUpFromAnotherThreadHoweverLongItMayTake) {
+    Gateway().SetCommandTimeout(0);
+    std::jthread canceller([this] { Gateway().Cancel(); });
+    const Failure failure = FailureOf(Gateway(), Endless());
+    EXPECT_EQ(failure.number, -2147217842);
+    EXPECT_EQ(failure.text, u"Operation was canceled."_s);
+}
+
+TEST_F(EmbeddedGatewayTest, AConnectionThatWasGivenUpRunsNothingMore) {
+    Gateway().Cancel();
+    EXPECT_EQ(FailureOf(Gateway(), kAdd).number, -2147217842);
+    const auto other = hospital.Connect();
+    EXPECT_EQ(Number(*other, kCharges), 2) << "nothing was written, and other connections go on";
 }
 
 TEST_F(EmbeddedGatewayTest, AFullDiskIsError1105AndChangesNothing) {

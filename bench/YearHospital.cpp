@@ -1,0 +1,73 @@
+#include "YearHospital.h"
+
+#include "gateway/embedded/EmbeddedGateway.h"
+#include "gateway/embedded/HospitalEngine.h"
+#include "gateway/embedded/HospitalFile.h"
+#include "hospital/generator/HospitalGenerator.h"
+#include "hospital/HospitalScripts.h"
+
+#include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// About nine hundred treatments on each day that the unit is open.
+HospitalSize BusyUnit() {
+    HospitalSize size;
+    size.patients = 20000;
+    size.admissions = 6000;
+    size.visits = 44000;
+    size.months = 12;
+    size.slipsPerDay = 1040;
+    size.assessments = 20000;
+    return size;
+}
+
+/// What the file holds depends on the tables and on the generator, whose work the trial hospital's data show.
+QString Fingerprint() {
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    for (const Script& script : HospitalScripts()) {
+        if (!script.name.startsWith(u"procedures/"_s))
+            hash.addData(script.text.toUtf8());
+    }
+    return QString::fromLatin1(hash.result().toHex().left(10));
+}
+
+void Fill(const QString& path) {
+    EmbeddedGateway gateway(path);
+    // A file that is not finished is thrown away.
+    gateway.Engine().Database().Run(u"PRAGMA synchronous = OFF; PRAGMA cache_size = -1000000"_s);
+    gateway.SetCommandTimeout(0);
+    int statements = 0;
+    GenerateHospital(BusyUnit(), [&](const QString&, const QString& statement) {
+        gateway.ExecuteNoResult(statement);
+        if (++statements % 500 == 0)
+            std::fprintf(stderr, ".");
+    });
+}
+
+} // namespace
+
+QString YearHospital() {
+    const QDir folder(QCoreApplication::applicationDirPath());
+    QString path = folder.filePath(u"busy-year-%1.db"_s.arg(Fingerprint()));
+    if (!QFile::exists(path)) {
+        for (const QString& old : folder.entryList({u"busy-year-*"_s}))
+            QFile::remove(folder.filePath(old));
+        std::fprintf(stderr, "making a year of a busy unit (%s) ", qPrintable(path));
+        const QString unfinished = path + u".making"_s;
+        HospitalFile::Create(unfinished, HospitalStructure());
+        Fill(unfinished);
+        QFile::rename(unfinished, path);
+        std::fprintf(stderr, "\n");
+    }
+    // Brings the procedures up to date.
+    HospitalFile::Open(path, HospitalScripts());
+    return path;
+}

@@ -1,0 +1,326 @@
+#include "Benches.h"
+#include "BenchSession.h"
+#include "BenchTable.h"
+#include "gateway/embedded/HospitalEngine.h"
+#include "RecordedStatements.h"
+#include "reporting/PageView.h"
+#include "reporting/PdfJob.h"
+#include "reporting/ReportConnector.h"
+#include "reporting/ReportEngine.h"
+#include "reporting/Reports.h"
+#include "reporting/ReportViewer.h"
+#include "shell/shared.h"
+#include "text/Format.h"
+#include "toolkit/ProgramFiles.h"
+#include "YearHospital.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTextStream>
+
+#include <array>
+#include <cstdio>
+#include <malloc.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kRuns = 3;
+constexpr double kFirstPageRatio = 1.5;
+/// What a window, a connection and a page cost however few rows there are.
+constexpr double kAtOnce = 150;
+constexpr int kMonths = 12;
+constexpr int kManyPages = 50;
+/// Rows of the comparison with another tool, which takes a multiple of them for a multiple of the time.
+constexpr int kToolRows = 10000;
+
+struct Period {
+    const char* name;
+    int days;
+};
+constexpr std::array kPeriods = {Period{"day", 1}, Period{"month", 30}, Period{"year", 360}};
+
+/// A report of the period: its template, and the letter that comes first among its values, if any.
+struct PeriodReport {
+    const char* name;
+    const char* file;
+    const char* kind = "";
+};
+constexpr std::array kReports = {PeriodReport{"audit", "/Reports/AuditReport.RPT"},
+                                 PeriodReport{"income, out", "/Reports/IncomeReport.RPT", "O"},
+                                 PeriodReport{"income, in", "/Reports/IncomeReport.RPT", "I"},
+                                 PeriodReport{"income, cash", "/Reports/IncomeReportCash.RPT"},
+                                 PeriodReport{"statistics", "/Reports/StatisticsReport.RPT"},
+                                 PeriodReport{"company, out", "/Reports/CompanyReport.RPT", "O"},
+                                 PeriodReport{"company, in", "/Reports/CompanyReport.RPT", "I"}};
+
+struct DirectReport {
+    const char* name;
+    const char* file;
+};
+constexpr std::array kCensus = {DirectReport{"census", "/Reports/CensusAll.rpt"},
+                                DirectReport{"census by station", "/Reports/CensusStation.rpt"}};
+
+QString Name(const char* text) {
+    return QString::fromLatin1(text);
+}
+
+/// The connections of the reports, as the program makes them but for the user's password, which is the
+/// sign-on's and takes its time by purpose.
+class YearConnections {
+  public:
+    explicit YearConnections(QString hospital)
+        : mHospital(std::move(hospital)) {
+        SetReportConnector([this](const ReportLogOn& logOn) { return Connect(logOn.database); });
+    }
+    YearConnections(const YearConnections&) = delete;
+    YearConnections& operator=(const YearConnections&) = delete;
+    ~YearConnections() { SetReportConnector({}); }
+
+    std::unique_ptr<EmbeddedGateway> Connect(const QString& database = {}) const {
+        auto gateway = std::make_unique<EmbeddedGateway>(mHospital);
+        gateway->SetCommandTimeout(0);
+        if (!database.isEmpty())
+            gateway->SetDefaultDatabase(database);
+        return gateway;
+    }
+
+  private:
+    QString mHospital;
+};
+
+struct Figures {
+    double bare = 0;
+    double fetch = 0;
+    double firstPage = 0;
+    double pdf = 0;
+    double megabytes = 0;
+    size_t rows = 0;
+    int pages = 0;
+};
+
+class ReportsOfTheYear {
+  public:
+    /// `only` is the beginning of the names of the reports that are measured; empty for all.
+    ReportsOfTheYear(BenchTable& table, const YearConnections& connections, QString only)
+        : mTable(table)
+        , mOnly(std::move(only))
+        , mConnections(connections)
+        , mLastDay(connections.Connect()
+                       ->Execute(u"select max(TransDate) from BILLING..tbPatientCharges"_s)
+                       .Fields(0)
+                       .ToDate()
+                       .DateOnly()) {}
+
+    void MeasurePeriods(const PeriodReport& report) {
+        if (!IsThere(report.name, report.file))
+            return;
+        std::vector<Figures> figures;
+        for (const Period& period : kPeriods) {
+            const QString what = Name(report.name) + u", one "_s + Name(period.name);
+            figures.push_back(Measure(what, [&] { OpenPeriod(report, period.days); }));
+        }
+        const QString growth = Name(report.name) + u", from one month to twelve: "_s;
+        mTable.AddLimit(growth + u"first page, times"_s, figures[2].firstPage / figures[1].firstPage, kMonths,
+                        u""_s);
+        // What a file costs whatever is in it would hide the pages of a short one.
+        if (figures[1].pages >= kManyPages)
+            mTable.AddLimit(growth + u"PDF, times a page"_s,
+                            figures[2].pdf / figures[2].pages / (figures[1].pdf / figures[1].pages), 1.1,
+                            u""_s);
+    }
+
+    void MeasureCensus(const DirectReport& report) {
+        if (!IsThere(report.name, report.file))
+            return;
+        Measure(Name(report.name), [&] {
+            gReport = ReportEngineOf(report.file);
+            for (ReportTable& table : gReport->Tables())
+                SetTableLogOn(table, u"PATIENT_DATA"_s);
+        });
+    }
+
+    void MeasureLedger() {
+        if (!IsThere("ledger", "/Reports/Orvandelle_Ledger.rpt"))
+            return;
+        const QString id =
+            mConnections.Connect()
+                ->Execute(
+                    u"select top 1 IdNum from BILLING..tbPatientCharges group by IdNum order by count(*) "
+                    "desc"_s)
+                .Fields(0)
+                .ToText();
+        Measure(u"ledger of the longest account"_s, [&] {
+            OpenReport(ProgramDirectory() + u"/Reports/Orvandelle_Ledger.rpt"_s,
+                       {u"O"_s, id, u"HOSPITAL"_s, u"PATIENT"_s, u"1"_s, u""_s, u""_s, u""_s, u""_s,
+                        u"ADDRESS"_s, u""_s});
+        });
+    }
+
+    /// Beside the program's own pages, the same rows as a table of HTML through a public tool.
+    void CompareWithTool() {
+        const QString tool = QStandardPaths::findExecutable(u"wkhtmltopdf"_s);
+        if (tool.isEmpty()) {
+            std::printf("no wkhtmltopdf here: the PDF is not compared with another tool's\n");
+            return;
+        }
+        if (!IsThere("audit", kReports[0].file))
+            return;
+        int days = 1;
+        do {
+            OpenPeriod(kReports[0], days++);
+        } while (gReport->Document()->Rows().RowCount() < kToolRows);
+        const auto document = gReport->Document();
+        const RowData& rows = document->Rows();
+        const double ours =
+            MedianMilliseconds(1, [&] { PdfJob(*document, {}, mFolder.filePath(u"ours.pdf"_s)).Finish(); });
+        WriteHtml(rows, mFolder.filePath(u"rows.html"_s));
+        const double theirs = MedianMilliseconds(1, [&] {
+            QProcess::execute(tool, {u"-q"_s, u"-s"_s, u"A4"_s, mFolder.filePath(u"rows.html"_s),
+                                     mFolder.filePath(u"tool.pdf"_s)});
+        });
+        mTable.Add(u"audit of %1 rows to PDF; bare: an HTML table through wkhtmltopdf"_s.arg(rows.RowCount()),
+                   ours, theirs, u"ms"_s, 1.0);
+    }
+
+  private:
+    static std::shared_ptr<Report> ReportEngineOf(const char* file) {
+        return ReportEngine().OpenReport(ProgramDirectory() + Name(file), 1);
+    }
+
+    bool IsThere(const char* name, const char* file) const {
+        if (!Name(name).startsWith(mOnly))
+            return false;
+        if (QFile::exists(ResolveFile(ProgramDirectory() + Name(file))))
+            return true;
+        std::printf("no template %s: %s is not measured\n", file, name);
+        return false;
+    }
+
+    void OpenPeriod(const PeriodReport& report, int days) const {
+        const DateTime start = mLastDay.AddDays(1 - days);
+        std::vector<Value> values;
+        if (*report.kind)
+            values.emplace_back(Name(report.kind));
+        values.emplace_back(Format(start, u"mm/dd/yyyy"));
+        values.emplace_back(Format(mLastDay, u"mm/dd/yyyy"));
+        values.emplace_back(u"HOSPITAL"_s);
+        values.emplace_back(u"ADDRESS"_s);
+        if (values.size() == 4)
+            values.emplace_back(u"NURSE"_s);
+        OpenReport(ProgramDirectory() + Name(report.file), values);
+    }
+
+    template <class Open> Figures Measure(const QString& what, Open open) {
+        std::fprintf(stderr, "%s\n", qPrintable(what));
+        Figures figures;
+        open();
+        const QStringList commands = gReport->Order().commands;
+        std::vector<QByteArray> statements;
+        {
+            const auto gateway = mConnections.Connect();
+            const RecordedStatements recorded(gateway->Engine().Database());
+            for (const QString& command : commands)
+                gateway->Execute(command);
+            statements = recorded.Statements();
+        }
+        std::vector<double> bare;
+        std::vector<double> fetch;
+        std::vector<double> first;
+        for (int run = 0; run < kRuns; ++run) {
+            bare.push_back(MedianMilliseconds(1, [&] {
+                const auto gateway = mConnections.Connect();
+                RunBare(gateway->Engine().Database(), statements);
+            }));
+            fetch.push_back(MedianMilliseconds(1, [&] {
+                const auto gateway = mConnections.Connect();
+                for (const QString& command : commands)
+                    gateway->Execute(command);
+            }));
+            open();
+            malloc_trim(0);
+            const double before = CurrentMegabytes();
+            ResetPeak();
+            first.push_back(MedianMilliseconds(1, [] { ShowFirstPage(); }));
+            figures.megabytes = PeakSinceReset() - before;
+        }
+        figures.bare = Median(bare);
+        figures.fetch = Median(fetch);
+        figures.firstPage = Median(first);
+        const auto document = gReport->Document();
+        figures.rows = document->Rows().RowCount();
+        figures.pages = document->PageCount();
+        figures.pdf =
+            MedianMilliseconds(1, [&] { PdfJob(*document, {}, mFolder.filePath(u"report.pdf"_s)).Finish(); });
+        gReport = nullptr;
+        mTable.Add(what + u": first page; bare: the query to its last row"_s, figures.firstPage,
+                   qMax(figures.bare, kAtOnce / kFirstPageRatio), u"ms"_s, kFirstPageRatio);
+        std::printf("%s: %zu rows, %d pages; query bare %.0f ms, fetch %.0f ms, first page %.0f ms, PDF %.0f "
+                    "ms, memory %.0f MB\n",
+                    qPrintable(what), figures.rows, figures.pages, figures.bare, figures.fetch,
+                    figures.firstPage, figures.pdf, figures.megabytes);
+        std::fflush(stdout);
+        return figures;
+    }
+
+    static void ShowFirstPage() {
+        ReportViewer viewer;
+        viewer.resize(1100, 800);
+        viewer.SetReportSource(gReport.Shared());
+        viewer.ViewReport();
+        viewer.show();
+        while (viewer.IsWorking())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        viewer.grab();
+    }
+
+    static void WriteHtml(const RowData& rows, const QString& path) {
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly))
+            return;
+        QTextStream html(&file);
+        html << "<meta charset=utf-8><style>table{font:8pt sans-serif;border-collapse:collapse}"
+                "thead{display:table-header-group}tr{page-break-inside:avoid}</style><table><thead><tr>";
+        for (const QString& column : rows.columns)
+            html << "<th>" << column.toHtmlEscaped();
+        html << "</thead>";
+        for (size_t row = 0; row < rows.RowCount(); ++row) {
+            html << "<tr>";
+            for (size_t column = 0; column < rows.columns.size(); ++column)
+                html << "<td>" << rows.Cell(row, column).TextOrEmpty().toHtmlEscaped();
+        }
+        html << "</table>";
+    }
+
+    BenchTable& mTable;
+    QString mOnly;
+    const YearConnections& mConnections;
+    /// The last day with charges, on which the periods end.
+    DateTime mLastDay;
+    QTemporaryDir mFolder;
+};
+
+} // namespace
+
+void BenchYearReports(BenchTable& table, const QString& only) {
+    const QString hospital = YearHospital();
+    const auto session = SignOnTo(hospital);
+    const YearConnections connections(hospital);
+    const RowSet year =
+        connections.Connect()->Execute(u"select count(*) as Lines, count(distinct RefNum) as Slips from "
+                                       "BILLING..tbPatientCharges"_s);
+    std::printf("a year of %s lines in %s slips\n", qPrintable(year.Fields(0).ToText()),
+                qPrintable(year.Fields(1).ToText()));
+    ReportsOfTheYear reports(table, connections, only);
+    for (const PeriodReport& report : kReports)
+        reports.MeasurePeriods(report);
+    for (const DirectReport& report : kCensus)
+        reports.MeasureCensus(report);
+    reports.MeasureLedger();
+    reports.CompareWithTool();
+    gReport = nullptr;
+    ResetShared();
+}
