@@ -54,6 +54,12 @@ void VisitSearcher(Driver& clerk, const TakePicture& take) {
     take(u"list"_s);
 }
 
+/// The line above the list is what its caller was looking for.
+void OpenCashPatients() {
+    frmCashPatients::SetPatientRecord(u"Search record of DELA CRUZ"_s);
+    Screens::Get<frmCashPatients>().Show();
+}
+
 void VisitCashPatients(Driver& clerk, const TakePicture& take) {
     clerk.ExpectFocus(u"cmbPatientType"_s);
     clerk.Type(u"w"_s);
@@ -68,6 +74,15 @@ void VisitRates(Driver& clerk, const TakePicture& take) {
     take(u"rates"_s);
 }
 
+void VisitReprint(Driver& clerk, const TakePicture& take) {
+    clerk.ExpectFocus(u"cmbPatientCode"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.Type(u"700124"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectFocus(u"grdTable"_s);
+    take(u"slips"_s);
+}
+
 void VisitEntry(Driver&, const TakePicture& take) {
     take(u"entry"_s);
 }
@@ -80,8 +95,9 @@ std::vector<Exhibit> Exhibits() {
              VisitRegisteredOPD},
             ExhibitOf<frmARPatients>(u"frmARPatients"_s, VisitARPatients),
             ExhibitOf<frmSearcher>(u"frmSearcher"_s, VisitSearcher),
-            ExhibitOf<frmCashPatients>(u"frmCashPatients"_s, VisitCashPatients),
+            {u"frmCashPatients"_s, OpenCashPatients, [] { Screens::Unload<frmCashPatients>(); },
+             VisitCashPatients},
             ExhibitOf<frmWalkIn>(u"frmWalkIn"_s, VisitEntry),
             ExhibitOf<frmRates>(u"frmRates"_s, VisitRates),
-            ExhibitOf<frmReprint>(u"frmReprint"_s, VisitEntry)};
+            ExhibitOf<frmReprint>(u"frmReprint"_s, VisitReprint)};
 }

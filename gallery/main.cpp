@@ -4,12 +4,11 @@
 #include "shell/RegisterScreens.h"
 #include "suite/RegisterSuite.h"
 #include "toolkit/Application.h"
-#include "toolkit/ProgramFiles.h"
+#include "tour/Department.h"
 #include "tour/Driver.h"
 #include "tour/Screenshot.h"
 
 #include <QDir>
-#include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -21,8 +20,11 @@ using namespace Qt::StringLiterals;
 
 // The gallery: the screens that no menu leads to, over a trial hospital of its own.
 //
-//     tarven-gallery <class>...                opens the screens after the sign-on (user NURSE, password
-//     nurse) tarven-gallery --pictures <folder>       saves pictures of all of them, without a display
+//     tarven-gallery <class>...
+//         opens the screens after the sign-on (user NURSE, password nurse)
+//
+//     tarven-gallery --pictures <folder>
+//         saves pictures of all of them, without a display
 
 namespace {
 
@@ -78,13 +80,6 @@ int ExitCode(const QString& failure) {
         return 0;
     std::fprintf(stderr, "The pictures ended early: %s\n", qPrintable(failure));
     return 1;
-}
-
-/// A build that was never started has no department yet; the program would end with a dialogue.
-void ProvideDepartment() {
-    QFile settings(ProgramDirectory() + u"/tarvenaux.ini"_s);
-    if (settings.size() == 0 && settings.open(QIODevice::WriteOnly))
-        settings.write("DeptCode = HC\nDeptDesc = HEMODIALYSIS\n");
 }
 
 /// The screens of the classes named; nothing when one is unknown.

@@ -4,15 +4,14 @@
 #include "suite/RegisterSuite.h"
 #include "toolkit/Application.h"
 #include "toolkit/FileDialogs.h"
-#include "toolkit/ProgramFiles.h"
 #include "tour/Album.h"
 #include "tour/CashDesk.h"
+#include "tour/Department.h"
 #include "tour/DepartmentReports.h"
 #include "tour/Driver.h"
 #include "tour/Wards.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QWidget>
@@ -145,6 +144,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "cannot make the folder %s\n", qPrintable(tourFolder));
         return 1;
     }
+    ProvideDepartment();
     // The tour works on a hospital of its own; what was keyed in the user's trial hospital stays untouched.
     const QTemporaryDir hospitalFolder;
     SetSaveFileAnswer([](const QString&) { return u"%1/%2.pdf"_s.arg(tourFolder, slipName); });

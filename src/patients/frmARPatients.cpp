@@ -3,6 +3,7 @@
 #include "gateway/CommandGateway.h"
 #include "patients/commands.h"
 #include "shell/shared.h"
+#include "text/Trim.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
@@ -28,7 +29,7 @@ constexpr QStringView kFormat =
     u"Hospital Num | Adm. Num | Patient Name | Billing Date | Charging Status | Discharge Date ";
 constexpr std::array kColumnWidths = {100, 1200, 1200, 3000, 1800};
 constexpr int kLastColumn = 5;
-constexpr int kGridWidth = 9500;
+constexpr int kGridWidth = 10500;
 constexpr int kGridHeight = 3600;
 
 } // namespace
@@ -106,8 +107,6 @@ void frmARPatients::Wire() {
 void frmARPatients::Form_Load() {
     // Kept: the choice of what to search by is not sent; the hospital finds the text in any of the three.
     cmbSearch->setCurrentText(u"LastName"_s);
-    // Closing picks nobody, whoever was picked before.
-    mValid = false;
     PutUpGrid();
 }
 
@@ -126,7 +125,7 @@ void frmARPatients::txtSearch_KeyPress(int& keyAscii) {
 void frmARPatients::Search() {
     if (mFound.State() == RowSet::Status::Open)
         mFound.Close();
-    mFound = gConnection->Open(SearchBilledPatientCommand(PatientType.trimmed(), txtSearch->text()),
+    mFound = gConnection->Open(SearchBilledPatientCommand(Trim(PatientType), txtSearch->text()),
                                CursorType::Dynamic, LockType::ReadOnly, CursorLocation::Client);
     if (mFound.RecordCount() <= 0)
         return;

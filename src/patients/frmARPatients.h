@@ -32,7 +32,8 @@ class frmARPatients : public Form {
     inline static QString PatientType;
     /// Kept: the caller's; the screen searches by its own box.
     inline static QString SearchText;
-    /// True when a patient was selected.
+    /// True once a patient was selected.
+    // Kept: neither a new opening nor a close takes it back, so it tells of every selection since the start.
     static bool Valid() { return mValid; }
 
     /// Brings the members back to what a fresh process has.

@@ -4,6 +4,7 @@
 #include "patients/commands.h"
 #include "shell/shared.h"
 #include "text/Format.h"
+#include "text/Trim.h"
 #include "text/UCase.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
@@ -125,7 +126,9 @@ void frmRegisteredOPD::Form_Load() {
     ResultCode = QString();
     Valid = false;
     setWindowTitle(PatientRecord);
-    ResetGrid();
+    grdTable->Cells().SetCols(int(kColumns.size()));
+    EmptyGrid();
+    SetWidths();
     cmdSelect->setEnabled(false);
 }
 
@@ -151,15 +154,16 @@ void frmRegisteredOPD::Search() {
     SetMousePointer(MousePointer::Wait);
     RowSet found = gConnection->Open(RegisteredOPDCommand(Format(chkCurrent->isChecked() ? 1 : 0, u"0"),
                                                           Format(cmbSearch->currentIndex(), u"0"),
-                                                          txtSearch->text().trimmed()),
+                                                          Trim(txtSearch->text())),
                                      CursorType::Dynamic, LockType::Optimistic, CursorLocation::Client);
     if (found.Eof()) {
         // Kept: the button stays as the search before has left it.
-        ResetGrid();
+        EmptyGrid();
     } else {
         grdTable->SetRedraw(false);
         grdTable->Cells().Bind(found.Data());
-        SetWidthsAndHeadings();
+        SetWidths();
+        SetHeadings();
         grdTable->SetRedraw(true);
         cmdSelect->setEnabled(true);
     }
@@ -167,17 +171,18 @@ void frmRegisteredOPD::Search() {
     SetMousePointer(MousePointer::Default);
 }
 
-void frmRegisteredOPD::ResetGrid() {
-    FlexCells& cells = grdTable->Cells();
-    cells.Clear();
-    cells.SetRows(2);
-    cells.SetCols(int(kColumns.size()));
-    SetWidthsAndHeadings();
+void frmRegisteredOPD::EmptyGrid() {
+    grdTable->Cells().Clear();
+    grdTable->Cells().SetRows(2);
+    SetHeadings();
 }
 
-void frmRegisteredOPD::SetWidthsAndHeadings() {
+void frmRegisteredOPD::SetWidths() {
     for (size_t col = 0; col < kColumns.size(); ++col)
         grdTable->SetColWidth(int(col), kColumns[col].width);
+}
+
+void frmRegisteredOPD::SetHeadings() {
     for (size_t col = 1; col < kColumns.size(); ++col)
         grdTable->Cells().SetTextMatrix(0, int(col), QString::fromUtf16(kColumns[col].heading));
 }

@@ -55,8 +55,9 @@ class frmRegisteredOPD : public Form {
     void cmdClose_Click();
 
     void Search();
-    void ResetGrid();
-    void SetWidthsAndHeadings();
+    void EmptyGrid();
+    void SetWidths();
+    void SetHeadings();
 
     inline static Value mPatientType = QString();
 

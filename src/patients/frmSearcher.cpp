@@ -135,11 +135,12 @@ QString frmSearcher::CurrentText(int column) const {
 }
 
 void frmSearcher::cmdSelect_Click() {
-    const RowSet exams = OpenExams(UltraExamsCommand());
+    RowSet exams = OpenExams(UltraExamsCommand());
     if (!exams.Eof()) {
         gUltraExam = CurrentText(kExam);
         gUltraExamID = CurrentText(kExamId);
     }
+    exams.Close();
     Unload();
 }
 

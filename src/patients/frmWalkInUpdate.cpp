@@ -220,6 +220,8 @@ QString frmWalkInUpdate::BirthDateText() const {
 }
 
 void frmWalkInUpdate::cmdSave_Click() {
+    // Pressed by its key the button leaves the focus in the picker, and the age has to go with the date.
+    dtpBirthDate->TakeKeyed();
     const WalkInEntry entry{.lastName = txtLastName->text(),
                             .firstName = txtFirstName->text(),
                             .middleName = txtMiddleName->text(),

@@ -2,8 +2,8 @@
 
 #include "text/Clock.h"
 #include "text/Format.h"
-#include "text/IsDate.h"
 
+#include <QCoreApplication>
 #include <QDate>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -15,6 +15,19 @@ namespace {
 /// Where the parts of "mm/dd/yyyy" end.
 constexpr int kMonthEnd = 2;
 constexpr int kDayEnd = 5;
+constexpr int kYearEnd = 10;
+/// The first year of the hospital server's datetime.
+constexpr int kFirstYear = 1753;
+
+/// The day that all eight digits make; nothing for a box that lacks one or names no day that the server
+/// takes.
+std::optional<DateTime> DayOf(const QString& keyed) {
+    const int year = keyed.mid(kDayEnd + 1).toInt();
+    if (keyed.contains(u' ') || year < kFirstYear)
+        return std::nullopt;
+    return DateTime::FromFields(
+        {.year = year, .month = keyed.left(kMonthEnd).toInt(), .day = keyed.mid(kMonthEnd + 1, 2).toInt()});
+}
 
 DateTime Stepped(DateTime from, int steps, int cursor) {
     const DateTime::Fields fields = from.ToFields();
@@ -22,8 +35,7 @@ DateTime Stepped(DateTime from, int steps, int cursor) {
     const QDate next = cursor <= kMonthEnd ? day.addMonths(steps)
                        : cursor <= kDayEnd ? day.addDays(steps)
                                            : day.addYears(steps);
-    return DateTime::FromFields({.year = next.year(), .month = next.month(), .day = next.day()})
-        .value_or(from);
+    return DayOf(next.toString(u"MM/dd/yyyy")).value_or(from);
 }
 
 } // namespace
@@ -36,8 +48,8 @@ std::optional<DateTime> DatePicker::Value() const {
     const QString keyed = Text();
     if (keyed.trimmed() == u"/  /"_s)
         return std::nullopt;
-    const std::optional<DateTime> day = ParseDate(keyed);
-    return day ? std::optional(day->DateOnly()) : mValue;
+    const std::optional<DateTime> day = DayOf(keyed);
+    return day ? day : mValue;
 }
 
 void DatePicker::SetValue(std::optional<DateTime> value) {
@@ -58,12 +70,17 @@ void DatePicker::Step(int steps) {
     Q_EMIT Change();
 }
 
-/// Makes the text the picker's date.
 void DatePicker::TakeKeyed() {
     const std::optional<DateTime> before = mValue;
     Show(Value());
     if (mValue != before)
         Q_EMIT Change();
+}
+
+/// The click may have closed the screen, which asks nothing of what was keyed.
+void DatePicker::TakeLeft() {
+    if (isVisible())
+        TakeKeyed();
 }
 
 void DatePicker::keyPressEvent(QKeyEvent* event) {
@@ -80,11 +97,33 @@ void DatePicker::keyPressEvent(QKeyEvent* event) {
         break;
     }
     MaskedEdit::keyPressEvent(event);
+    // The year's last digit ends the date. The parts before it do not: over another date each of them would
+    // make a date that nobody means.
+    const std::optional<DateTime> keyed = DayOf(Text());
+    if (cursorPosition() == kYearEnd && keyed && keyed != mValue)
+        TakeKeyed();
 }
 
 void DatePicker::focusOutEvent(QFocusEvent* event) {
     MaskedEdit::focusOutEvent(event);
-    // A message box or another program comes and goes while the clerk still keys.
-    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
+    switch (event->reason()) {
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+        // A message box or another program comes and goes while the clerk still keys.
+        return;
+    case Qt::MouseFocusReason:
+        // What the Change opens would come between the button's press and its release and take the click.
+        qApp->installEventFilter(this);
+        return;
+    default:
         TakeKeyed();
+    }
+}
+
+bool DatePicker::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonRelease) {
+        qApp->removeEventFilter(this);
+        QMetaObject::invokeMethod(this, &DatePicker::TakeLeft, Qt::QueuedConnection);
+    }
+    return MaskedEdit::eventFilter(watched, event);
 }

@@ -1,3 +1,5 @@
+#include "patients/commands.h"
+#include "support/CaseName.h"
 #include "tests/hospital/HospitalTest.h"
 
 using namespace Qt::StringLiterals;
@@ -166,5 +168,48 @@ TEST_F(PatientLookups, UltrasoundExaminationsAreListedAndSearched) {
         Run(u"select ultraexam, ultraexamid from build_file..tbcoultraexam where ultraexam like''%'"_s),
         RunTimeError);
 }
+
+struct ApostropheCase {
+    const char* name;
+    QString command;
+};
+
+class PatientLookupsApostrophe : public PatientLookups, public testing::WithParamInterface<ApostropheCase> {};
+
+TEST_P(PatientLookupsApostrophe, EndsTheTextAndChangesNothing) {
+    const QStringList tables = {u"PATIENT_DATA..tbwalkin"_s, u"PATIENT_DATA..tbmaster"_s,
+                                u"PATIENT_DATA..tboutpatient"_s, u"BILLING..tbAuditTrail"_s};
+    const auto everything = [&] {
+        std::vector<std::vector<QStringList>> all;
+        for (const QString& table : tables)
+            all.push_back(Rows(u"SELECT * FROM "_s + table));
+        return all;
+    };
+    const auto before = everything();
+    try {
+        Run(GetParam().command);
+        ADD_FAILURE() << "no error";
+    } catch (const RunTimeError& error) {
+        EXPECT_TRUE(error.Number() == 102 || error.Number() == 105) << error.Description().toStdString();
+    }
+    EXPECT_EQ(everything(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Commands, PatientLookupsApostrophe,
+    testing::Values(ApostropheCase{"List", ListWalkInCommand(u"0"_s, u"O'BRIEN"_s)},
+                    ApostropheCase{"Update", UpdateWalkInCommand(u"W000001"_s, {.lastName = u"O'BRIEN"_s,
+                                                                                .firstName = u"ANA"_s,
+                                                                                .middleName = u"SY"_s,
+                                                                                .street = {},
+                                                                                .barangay = {},
+                                                                                .townCode = u"1100"_s,
+                                                                                .birthDate = u"02/29/1984"_s,
+                                                                                .age = u"42"_s,
+                                                                                .sex = u"F"_s,
+                                                                                .civilStatusCode = u"2"_s})},
+                    ApostropheCase{"Visits", RegisteredOPDCommand(u"0"_s, u"0"_s, u"O'BRIEN"_s)},
+                    ApostropheCase{"Billed", SearchBilledPatientCommand(u"I"_s, u"O'BRIEN"_s)}),
+    CaseName());
 
 } // namespace

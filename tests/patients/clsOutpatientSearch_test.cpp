@@ -83,6 +83,16 @@ TEST_F(OutpatientSearchTest, NullsOfAnOpenVisitAreEmpty) {
     EXPECT_EQ(search.AdmDate(), u"11/03/2026"_s);
 }
 
+TEST_F(OutpatientSearchTest, OpenVisitAfterADischargedOneHasNoDischarge) {
+    ExpectNumber(u"104233B"_s, Visits({Visit()}));
+    Validate(u"104233B"_s);
+    EXPECT_EQ(search.DcrDate(), u"11/20/2026"_s);
+    ExpectNumber(u"104299B"_s, Visits({Visit({{u"DcrDate"_s, Value()}})}));
+    EXPECT_TRUE(Validate(u"104299B"_s));
+    EXPECT_EQ(search.DcrDate(), u""_s);
+    EXPECT_EQ(search.DcrTime(), u""_s);
+}
+
 TEST_F(OutpatientSearchTest, EmptyCivilStatusIsSingle) {
     ExpectNumber(u"104233B"_s, Visits({Visit({{u"CivilStatus"_s, u""_s}})}));
     EXPECT_TRUE(Validate(u"104233B"_s));

@@ -74,6 +74,13 @@ TEST_F(frmARPatientsTest, SearchSendsTheTrimmedTypeAndTheTextAsItStands) {
     EXPECT_EQ(gateway.Openings().back().location, CursorLocation::Client);
 }
 
+TEST_F(frmARPatientsTest, OnlyTheBlanksOfTheTypeAreTrimmed) {
+    const auto& screen = Open();
+    frmARPatients::PatientType = u" \tO\u00a0 "_s;
+    gateway.Expect(u"HEMODIALYSIS..spKidney_SearchPatient '\tO\u00a0',''"_s, Found({}));
+    Press(Text(screen), Qt::Key_Return);
+}
+
 TEST_F(frmARPatientsTest, SearchWithoutAHitLeavesTheList) {
     const auto& screen = Open();
     Search(screen, Found({Patient(u"700001"_s), Patient(u"700002"_s)}));
@@ -103,10 +110,35 @@ TEST_F(frmARPatientsTest, DoubleClickSelects) {
     EXPECT_EQ(frmARPatients::ResultCode().ToText(), u"700002"_s);
 }
 
-TEST_F(frmARPatientsTest, CloseSelectsNobodyWhoeverWasSelectedBefore) {
-    Search(Open(), Found({Patient(u"700001"_s)}));
-    Click(Find<QPushButton>(Screens::Get<frmARPatients>(), "cmdSelect"));
+TEST_F(frmARPatientsTest, EnterInTheListDoesNothing) {
+    const auto& screen = Open();
+    Search(screen, Found({Patient(u"700001"_s)}));
+    Grid(screen).setFocus();
+    Press(Grid(screen), Qt::Key_Return);
+    RunEvents();
+    EXPECT_TRUE(Screens::IsLoaded<frmARPatients>());
+    EXPECT_FALSE(frmARPatients::Valid());
+}
+
+TEST_F(frmARPatientsTest, SelectFromAnEmptyListIsASelectionOfNobody) {
+    const auto& screen = Open();
+    Search(screen, Found({}));
+    Click(Find<QPushButton>(screen, "cmdSelect"));
+    EXPECT_TRUE(frmARPatients::Valid());
+    EXPECT_EQ(frmARPatients::ResultCode().ToText(), u""_s);
+    EXPECT_FALSE(Screens::IsLoaded<frmARPatients>());
+}
+
+TEST_F(frmARPatientsTest, CloseSelectsNobody) {
     Click(Find<QPushButton>(Open(), "cmdClose"));
     EXPECT_FALSE(frmARPatients::Valid());
     EXPECT_FALSE(Screens::IsLoaded<frmARPatients>());
+}
+
+TEST_F(frmARPatientsTest, CloseAfterAnEarlierSelectionLeavesItsAnswer) {
+    Search(Open(), Found({Patient(u"700001"_s)}));
+    Click(Find<QPushButton>(Screens::Get<frmARPatients>(), "cmdSelect"));
+    Click(Find<QPushButton>(Open(), "cmdClose"));
+    EXPECT_TRUE(frmARPatients::Valid());
+    EXPECT_EQ(frmARPatients::ResultCode().ToText(), u"700001"_s);
 }

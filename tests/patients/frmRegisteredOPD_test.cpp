@@ -93,6 +93,24 @@ TEST_F(frmRegisteredOPDTest, TextIsUpperCasedAndSentTrimmed) {
     EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
 }
 
+TEST_F(frmRegisteredOPDTest, OnlyBlanksAreTrimmed) {
+    const auto& screen = Open();
+    Text(screen).setText(u" \tDELA\u00a0 "_s);
+    gateway.Expect(u"BILLING..spGlobal_RegisteredOPD '0','0', '\tDELA\u00a0'"_s, Visits({}));
+    Press(Text(screen), Qt::Key_Return);
+}
+
+TEST_F(frmRegisteredOPDTest, HourglassStandsWhileTheCommandRunsAndStaysWhenItFails) {
+    const auto& screen = Open();
+    Text(screen).setText(u"O'BRIEN"_s);
+    gateway.ExpectFailure(u"BILLING..spGlobal_RegisteredOPD '0','0', 'O'BRIEN'"_s,
+                          RunTimeError(102, u"Incorrect syntax near 'BRIEN'."_s));
+    Press(Text(screen), Qt::Key_Return);
+    EXPECT_EQ(TakeFailure(), 102);
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
+    EXPECT_EQ(Grid(screen).Cells().Rows(), 2);
+}
+
 TEST_F(frmRegisteredOPDTest, HitsFillTheList) {
     const auto& screen = Open();
     Search(screen, Two());
@@ -111,6 +129,16 @@ TEST_F(frmRegisteredOPDTest, SearchWithoutAHitEmptiesTheListAndLeavesTheButton) 
     EXPECT_EQ(Grid(screen).Cells().TextMatrix(1, 1), u""_s);
     ExpectHeadings(Grid(screen));
     EXPECT_TRUE(Button(screen, "cmdSelect").isEnabled());
+}
+
+TEST_F(frmRegisteredOPDTest, SearchWithoutAHitLeavesTheWidthsAlone) {
+    const auto& screen = Open();
+    Grid(screen).SetColWidth(2, 3000);
+    Search(screen, Visits({}));
+    EXPECT_EQ(Grid(screen).ColWidth(2), 3000);
+    EXPECT_EQ(Grid(screen).Cells().TextMatrix(0, 2), u"Last Name"_s);
+    Search(screen, Two());
+    EXPECT_EQ(Grid(screen).ColWidth(2), 2000);
 }
 
 TEST_F(frmRegisteredOPDTest, CurrentOnlySearchesAtOnceEvenWithoutAText) {
@@ -160,8 +188,9 @@ TEST_F(frmRegisteredOPDTest, EnterAndDoubleClickSelectWhereTheButtonIsEnabled) {
 TEST_F(frmRegisteredOPDTest, CloseSelectsNothing) {
     const auto& screen = Open();
     Search(screen, Two());
+    frmRegisteredOPD::Valid = true;
     Click(Button(screen, "cmdClose"));
-    EXPECT_FALSE(frmRegisteredOPD::Valid.ToBoolean());
+    EXPECT_FALSE(frmRegisteredOPD::Valid.ToBoolean()) << "whatever the caller has set meanwhile";
     EXPECT_EQ(frmRegisteredOPD::ResultCode.ToText(), u""_s);
     EXPECT_FALSE(Screens::IsLoaded<frmRegisteredOPD>());
 }

@@ -139,6 +139,21 @@ TEST_F(frmSearcherTest, PickFromAnEmptyTableLeavesTheFormerOne) {
     EXPECT_FALSE(Screens::IsLoaded<frmSearcher>());
 }
 
+TEST_F(frmSearcherTest, PickWithoutAnyExaminationOnFileLeavesTheFormerOne) {
+    gateway.Expect(UltraExamsCommand(), Found({}));
+    auto& screen = Screens::Get<frmSearcher>();
+    ExpectSearch(u""_s, Found({}));
+    screen.Show();
+    Activate(screen);
+    RunEvents();
+    EXPECT_EQ(Grid(screen).Cells().Rows(), 1);
+    gateway.Expect(UltraExamsCommand(), Found({}));
+    Type(Grid(screen), u"x"_s);
+    EXPECT_EQ(gUltraExam, u"BEFORE"_s);
+    EXPECT_EQ(gUltraExamID, u"US000"_s);
+    EXPECT_FALSE(Screens::IsLoaded<frmSearcher>());
+}
+
 TEST_F(frmSearcherTest, PickFromAnEmptyListTakesNoHeading) {
     const auto& screen = Open();
     ExpectSearch(u"z"_s, Found({}));

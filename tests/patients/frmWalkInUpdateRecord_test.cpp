@@ -2,6 +2,12 @@
 #include "text/Clock.h"
 #include "text/RunTimeError.h"
 
+#include <QApplication>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
 using namespace Qt::StringLiterals;
 
 // The record on the second tab.
@@ -30,6 +36,57 @@ class WalkInRecordTest : public WalkInUpdateTest {
         gateway.Expect(ListWalkInCommand(u"0"_s, u"CRUZ"_s), NoWalkIns());
         Click(Button(screen, "cmdSave"));
     }
+
+    /// Loads a record with a birth date of 1984 and keys another decade into its year.
+    void KeyDecade(const Form& screen) {
+        Load(screen, Record({{u"BirthDate"_s, *DateTime::FromFields({.year = 1984, .month = 5, .day = 5})}}));
+        Picker(screen).setFocus();
+        Picker(screen).setCursorPosition(8);
+        Type(Picker(screen), u"9"_s);
+    }
+};
+
+/// The same over real message boxes, which are answered as they come.
+class WalkInRecordBoxesTest : public WalkInRecordTest {
+  protected:
+    WalkInRecordBoxesTest() {
+        scripted = SetMessageSeam(nullptr);
+        QObject::connect(&answering, &QTimer::timeout, &answering, [this] { Answer(); });
+        answering.start();
+    }
+    ~WalkInRecordBoxesTest() override { SetMessageSeam(scripted); }
+
+    /// Presses the mouse on the save and lets it go, at the latest when a box stands before the screen.
+    void SaveByTheMouse(const Form& screen) {
+        const QPushButton& save = Button(screen, "cmdSave");
+        const QPoint place = save.mapTo(save.window(), save.rect().center());
+        QWindow* window = save.window()->windowHandle();
+        release = [window, place] { QTest::mouseRelease(window, Qt::LeftButton, {}, place); };
+        QTest::mousePress(window, Qt::LeftButton, {}, place);
+        LetGo();
+        RunEvents();
+    }
+
+    /// The texts of the boxes.
+    QStringList told;
+
+  private:
+    void LetGo() {
+        if (const auto step = std::exchange(release, nullptr))
+            step();
+    }
+    void Answer() {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box)
+            return;
+        LetGo();
+        told << box->text();
+        box->accept();
+    }
+
+    MessageSeam* scripted;
+    QTimer answering;
+    std::function<void()> release;
 };
 
 TEST_F(WalkInRecordTest, SaveSendsElevenArgumentsAndTellsSo) {
@@ -137,8 +194,11 @@ TEST_F(WalkInRecordTest, NewBirthDateBringsTheAgeByCalendarYears) {
     Picker(screen).setFocus();
     Picker(screen).setCursorPosition(0);
     // The birthday of this year is still to come.
-    Type(Picker(screen), u"12251990"_s);
+    Type(Picker(screen), u"1225199"_s);
+    EXPECT_TRUE(messages.Shown().empty());
     messages.Expect({.text = u"The patient's age will be updated to 36."_s});
+    Type(Picker(screen), u"0"_s);
+    EXPECT_EQ(Box(screen, "txtAge").text(), u"36"_s);
     Press(Picker(screen), Qt::Key_Return);
     EXPECT_EQ(Box(screen, "txtAge").text(), u"36"_s);
     EXPECT_TRUE(Combo(screen, "cmbSex").hasFocus());
@@ -150,10 +210,49 @@ TEST_F(WalkInRecordTest, InfantOfAFewWeeksIsOneYearOldInJanuary) {
     GoToRecord(screen);
     Picker(screen).setFocus();
     Picker(screen).setCursorPosition(0);
-    Type(Picker(screen), u"12202026"_s);
     messages.Expect({.text = u"The patient's age will be updated to 1."_s});
-    Box(screen, "txtAge").setFocus();
+    Type(Picker(screen), u"12202026"_s);
     EXPECT_EQ(Box(screen, "txtAge").text(), u"1"_s);
+}
+
+TEST_F(WalkInRecordTest, SaveByItsKeyRightAfterTheDateWasKeyedSendsTheNewAge) {
+    const auto& screen = Open();
+    KeyDecade(screen);
+    messages.Expect({.text = u"The patient's age will be updated to 32."_s});
+    gateway.Expect(Update(u"05/05/1994"_s, u"32"_s));
+    messages.Expect(Updated());
+    gateway.Expect(ListWalkInCommand(u"0"_s, u"CRUZ"_s), NoWalkIns());
+    Press(Picker(screen), Qt::Key_S, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return gateway.IsDone(); }));
+    EXPECT_EQ(messages.Shown().size(), 2U);
+}
+
+TEST_F(WalkInRecordBoxesTest, SaveByTheMouseRightAfterADateWasKeyedTakesOneClick) {
+    for (const bool isWhole : {false, true}) {
+        told.clear();
+        const auto& screen = Open();
+        KeyDecade(screen);
+        if (isWhole)
+            Type(Picker(screen), u"4"_s);
+        EXPECT_EQ(told.size(), isWhole ? 1 : 0);
+        gateway.Expect(Update(u"05/05/1994"_s, u"32"_s));
+        gateway.Expect(ListWalkInCommand(u"0"_s, u"CRUZ"_s), NoWalkIns());
+        SaveByTheMouse(screen);
+        EXPECT_TRUE(gateway.IsDone());
+        EXPECT_FALSE(Button(screen, "cmdSave").isDown());
+        EXPECT_EQ(told, QStringList({u"The patient's age will be updated to 32."_s,
+                                     u"Patient's information has been updated."_s}));
+        Screens::Clear();
+    }
+}
+
+TEST_F(WalkInRecordBoxesTest, CloseByTheMouseRightAfterADateWasKeyedTellsNothing) {
+    const auto& screen = Open();
+    KeyDecade(screen);
+    Click(Button(screen, "cmdClose"));
+    RunEvents();
+    EXPECT_FALSE(Screens::IsLoaded<frmWalkInUpdate>());
+    EXPECT_EQ(told, QStringList());
 }
 
 TEST_F(WalkInRecordTest, AgeThatBeginsWithTheYearsStands) {

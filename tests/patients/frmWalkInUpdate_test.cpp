@@ -95,6 +95,8 @@ TEST_F(WalkInUpdateTest, SearchWithoutAHitDisablesTheEdit) {
     gateway.Expect(ListWalkInCommand(u"0"_s, u"CRUZ"_s), NoWalkIns());
     Press(Box(screen, "txtSearch"), Qt::Key_Return);
     EXPECT_FALSE(Button(screen, "cmdEdit").isEnabled());
+    EXPECT_EQ(Grid(screen).Cells().Rows(), 1) << "the headings alone";
+    EXPECT_EQ(Grid(screen).Cells().TextMatrix(0, 1), u"Hospital #"_s);
     Press(Grid(screen), Qt::Key_Return);
     EXPECT_EQ(Tab(screen), 0);
 }
@@ -128,6 +130,7 @@ TEST_F(WalkInUpdateTest, EditLoadsTheRecordOfTheCurrentRow) {
     EXPECT_TRUE(Box(screen, "txtLastName").hasFocus());
     EXPECT_EQ(gateway.Openings().back().cursor, CursorType::Dynamic);
     EXPECT_EQ(gateway.Openings().back().lock, LockType::Optimistic);
+    EXPECT_EQ(gateway.Openings().back().location, CursorLocation::Server) << "only the list is bound";
 }
 
 TEST_F(WalkInUpdateTest, EnterAndDoubleClickInTheListEdit) {
