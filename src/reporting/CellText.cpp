@@ -75,10 +75,25 @@ QString PieceText(const TextPiece& piece, const QString& format, const TextPlace
     return {};
 }
 
+/// Decimals that the pattern marks with "#" are written only where the number has them, and so is the point.
+QString FormatDecimals(double number, QStringView pattern) {
+    const qsizetype point = pattern.indexOf(u'.');
+    if (point < 0 || !pattern.endsWith(u'#'))
+        return Format(number, pattern);
+    const QStringView decimals = pattern.sliced(point + 1);
+    QString text =
+        Format(number, pattern.first(point + 1).toString() + decimals.toString().replace(u'#', u'0'));
+    for (qsizetype spare = decimals.count(u'#'); spare > 0 && text.endsWith(u'0'); --spare)
+        text.chop(1);
+    if (text.endsWith(u'.'))
+        text.chop(1);
+    return text;
+}
+
 QString FormatNumber(const Value& value, QStringView format) {
     const auto* text = std::get_if<QString>(&value.Get());
     const bool number = text ? IsNumeric(*text) : !std::holds_alternative<DateTime>(value.Get());
-    return number ? Format(value.ToDouble(), format) : value.ToText();
+    return number ? FormatDecimals(value.ToDouble(), format) : value.ToText();
 }
 
 QString FormatDate(const Value& value, QStringView format) {

@@ -6,6 +6,13 @@
 
 namespace {
 
+/// The server leaves trailing blanks out of its comparisons.
+QStringView WithoutTrailingBlanks(QStringView text) {
+    while (text.endsWith(u' '))
+        text.chop(1);
+    return text;
+}
+
 bool SameGroup(const Value& a, const Value& b) {
     const auto* left = std::get_if<QString>(&a.Get());
     const auto* right = std::get_if<QString>(&b.Get());
@@ -14,7 +21,7 @@ bool SameGroup(const Value& a, const Value& b) {
     // The server sorts without regard to letter case, so its rows may alternate between the spellings of a
     // group.
     return std::equal(left->begin(), left->end(), right->begin(), right->end()) ||
-           left->compare(*right, Qt::CaseInsensitive) == 0;
+           WithoutTrailingBlanks(*left).compare(WithoutTrailingBlanks(*right), Qt::CaseInsensitive) == 0;
 }
 
 /// Numbers of the bands by their order.

@@ -138,6 +138,7 @@ std::vector<Value> frmLedger::LedgerValues() const {
     // Kept: the letter goes by the shape of the number, whatever the patient code says. A visit number ends
     // in a letter.
     const QString patientType = IsNumeric(txtIDNum->text().trimmed()) ? u"I"_s : u"O"_s;
+    // Kept: on a screen without a patient the room and the admission date are those of a former one.
     const QString name =
         txtLastName->text() + u", "_s + txtFirstName->text() + u" "_s + txtMiddleName->text();
     return {patientType,        txtIDNum->text(), gHospitalName,  name,

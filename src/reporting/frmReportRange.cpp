@@ -37,6 +37,8 @@ QDateEdit* NewDatePicker(const QString& name, QWidget* parent) {
     picker->setObjectName(name);
     picker->setDisplayFormat(u"MM/dd/yyyy"_s);
     picker->setCalendarPopup(true);
+    // The days that the server knows; a report asks for the day behind the last one, too.
+    picker->setDateRange(QDate(1753, 1, 1), QDate(9998, 12, 31));
     return picker;
 }
 

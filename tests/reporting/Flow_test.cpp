@@ -74,6 +74,12 @@ TEST_F(FlowTest, GroupsDoNotEndWhereOnlyTheLetterCaseChanges) {
     EXPECT_THAT(Told(items), ElementsAre(u"2:0-2"_s, u"4:0-1"_s, u"4:1-2"_s));
 }
 
+TEST_F(FlowTest, GroupsDoNotEndWhereOnlyTrailingBlanksChange) {
+    const auto items = Build(u"<group by=\"Ward\"><header height=\"2\"/><detail height=\"4\"/></group>"_s,
+                             {{u"Ward B"_s, 1, 1}, {u"WARD B  "_s, 1, 1}, {u" Ward B"_s, 1, 1}});
+    EXPECT_THAT(Told(items), ElementsAre(u"2:0-2"_s, u"4:0-1"_s, u"4:1-2"_s, u"2:2-3"_s, u"4:2-3"_s));
+}
+
 TEST_F(FlowTest, GroupsByNumbersDatesAndNull) {
     const auto items = Build(u"<group by=\"Ward\"><header height=\"2\"/></group>"_s,
                              {{Value(), 1, 1}, {Value(), 1, 1}, {1, 1, 1}, {2, 1, 1}, {DateTime(), 1, 1}});

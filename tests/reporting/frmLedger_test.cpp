@@ -133,6 +133,9 @@ TEST_F(LedgerTest, EnterInTheNumberSendsATabAndShowsTheFinderNotModal) {
     ASSERT_TRUE(Screens::IsLoaded<frmSearchPatient>());
     EXPECT_TRUE(Screens::Get<frmSearchPatient>().isVisible());
     EXPECT_FALSE(Screens::Get<frmSearchPatient>().IsModal());
+    RunEvents();
+    // The sent key arrives in the finder and leaves its name box.
+    EXPECT_TRUE(Find<ListView>(Screens::Get<frmSearchPatient>(), "ListView1").hasFocus());
     EXPECT_TRUE(gateway.IsDone());
 }
 
@@ -183,7 +186,7 @@ TEST_F(LedgerTest, AVisitsPickGivesTheLetterOAndTheRoomOPD) {
     EXPECT_EQ(shown->values.at(0), u"O"_s);
     EXPECT_EQ(shown->values.at(1), u"104233B"_s);
     EXPECT_EQ(shown->values.at(5), u"OPD"_s);
-    EXPECT_EQ(shown->values.at(6), gAdmissionDate);
+    EXPECT_EQ(shown->values.at(6), u"11/2/2026 8:15:00 AM"_s);
 }
 
 TEST_F(LedgerTest, AnEmptyScreenGivesTheReportEmptyValues) {
@@ -194,6 +197,17 @@ TEST_F(LedgerTest, AnEmptyScreenGivesTheReportEmptyValues) {
     EXPECT_EQ(shown->values, (std::vector<QString>{u"O"_s, u""_s, u""_s, u",  "_s, u""_s, u""_s, u""_s, u""_s,
                                                    u""_s, u""_s, u""_s, u"not given"_s}));
     EXPECT_FALSE(Screens::IsLoaded<frmLedger>());
+}
+
+TEST_F(LedgerTest, AnEmptyScreenKeepsTheRoomAndTheDateOfTheFormerPatient) {
+    gRoomID = u"301-A"_s;
+    gAdmissionDate = u"11/03/2026"_s;
+    Open();
+    const auto shown = ViewReport();
+    ASSERT_TRUE(shown);
+    EXPECT_EQ(shown->values.at(3), u",  "_s);
+    EXPECT_EQ(shown->values.at(5), u"301-A"_s);
+    EXPECT_EQ(shown->values.at(6), u"11/03/2026"_s);
 }
 
 TEST_F(LedgerTest, TheLetterComesFromTheShapeOfTheNumberAlone) {

@@ -160,6 +160,19 @@ INSTANTIATE_TEST_SUITE_P(
                                 u"128 Rizal Avenue"_s}}),
     CaseName());
 
+TEST_F(ReportRangeTest, TheAuditsOwnTemplateAsksTheServerForDays) {
+    ASSERT_TRUE(QFile::copy(u"" TARVEN_SOURCE_DIR "/Reports/AuditReport.RPT"_s,
+                            programDirectory.filePath(u"Reports/AuditReport.RPT"_s)));
+    database.Set(u"spReports_Audit"_s, Rows({u"UserID"_s, u"UserName"_s, u"Moment"_s, u"Event"_s, u"RefNum"_s,
+                                             u"Patient"_s, u"RevenueID"_s, u"ItemID"_s, u"Particular"_s,
+                                             u"Quantity"_s, u"OnAccount"_s, u"AtCashier"_s}));
+    Open(1);
+    SetRange({2026, 10, 5}, {2026, 11, 4});
+    ASSERT_TRUE(ViewReport());
+    EXPECT_EQ(database.commands,
+              QStringList(u"REPORTS.dbo.spReports_Audit '20261005 00:00:00.000', '20261104 00:00:00.000'"_s));
+}
+
 TEST_F(ReportRangeTest, ATypeWithoutAReportOpensNothingAndCloses) {
     for (const int type : {0, 2, 9, -1}) {
         Open(type);
@@ -215,6 +228,15 @@ TEST_F(ReportRangeTest, AFreshScreenStartsAtToday) {
     Open(6);
     EXPECT_EQ(Start().date(), QDate(2026, 11, 22));
     EXPECT_EQ(End().date(), QDate(2026, 11, 22));
+}
+
+TEST_F(ReportRangeTest, ThePickersKeepToTheDaysThatTheServerKnows) {
+    Open(3);
+    for (const QDateEdit* picker : {&Start(), &End()}) {
+        EXPECT_EQ(picker->minimumDate(), QDate(1753, 1, 1));
+        EXPECT_EQ(picker->maximumDate(), QDate(9998, 12, 31))
+            << "a report asks for the day behind the last one";
+    }
 }
 
 // The keyboard.

@@ -3,25 +3,41 @@
 
 #include <QRegularExpression>
 
+#include <gmock/gmock.h>
+
 using namespace Qt::StringLiterals;
+using testing::_;
+using testing::ElementsAre;
 
 // The printed reports of a month agree with one another, with the slips and with the books kept beside them.
 
 namespace {
 
-/// The amounts of money in the report's last line with that label, in centavos.
-std::vector<Money> Amounts(const ReportDocument& document, const QString& label) {
-    static const QRegularExpression amount(u"-?[0-9,]+\\.[0-9]{2}\\b"_s);
-    std::vector<Money> amounts;
+/// The figures of that form behind the label in the report's last line that has them, without point and
+/// commas.
+std::vector<Money> Figures(const ReportDocument& document, const QString& label,
+                           const QRegularExpression& form) {
+    std::vector<Money> figures;
     const QStringList lines = TextOfPages(document).split(u'\n');
-    for (auto line = lines.crbegin(); line != lines.crend() && amounts.empty(); ++line) {
+    for (auto line = lines.crbegin(); line != lines.crend() && figures.empty(); ++line) {
         const qsizetype at = line->indexOf(label);
         if (at < 0)
             continue;
-        for (const auto& found : amount.globalMatch(line->mid(at + label.size())))
-            amounts.push_back(found.captured().remove(u',').remove(u'.').toLongLong());
+        for (const auto& found : form.globalMatch(line->mid(at + label.size())))
+            figures.push_back(found.captured().remove(u',').remove(u'.').toLongLong());
     }
-    return amounts;
+    return figures;
+}
+
+/// Amounts of money, in centavos.
+std::vector<Money> Amounts(const ReportDocument& document, const QString& label) {
+    static const QRegularExpression amount(u"-?[0-9,]+\\.[0-9]{2}\\b"_s);
+    return Figures(document, label, amount);
+}
+
+std::vector<Money> Counts(const ReportDocument& document, const QString& label) {
+    static const QRegularExpression count(u"(?<!\\S)[0-9,]+(?!\\S)"_s);
+    return Figures(document, label, count);
 }
 
 Money LastAmount(const ReportDocument& document, const QString& label) {
@@ -57,11 +73,11 @@ class Agreement : public ReportsTest, public testing::WithParamInterface<std::ui
     }
     Printed PrintAll() {
         const QString departments = u"ALL DEPARTMENTS"_s;
-        const QString companies = u"accounts of all companies"_s;
+        const QString companies = u"All companies"_s;
         std::vector<Value> audit = Range();
         audit.emplace_back(u"NURSE"_s);
         const auto statistics = Document(u"StatisticsReport.RPT"_s, Range());
-        return {.audit = Amounts(*Document(u"AuditReport.RPT"_s, audit), u"acts in all"_s),
+        return {.audit = Amounts(*Document(u"AuditReport.RPT"_s, audit), u"All users"_s),
                 .incomeIn = LastAmount(*Document(u"IncomeReport.RPT"_s, RangeOf(u"I"_s)), departments),
                 .incomeOut = LastAmount(*Document(u"IncomeReport.RPT"_s, RangeOf(u"O"_s)), departments),
                 .companyIn = LastAmount(*Document(u"CompanyReport.RPT"_s, RangeOf(u"I"_s)), companies),
@@ -69,6 +85,9 @@ class Agreement : public ReportsTest, public testing::WithParamInterface<std::ui
                 .byService = LastAmount(*statistics, u"IN ALL, BY SERVICE"_s),
                 .byDay = LastAmount(*statistics, u"IN ALL, BY DAY"_s),
                 .cash = Amounts(*Document(u"IncomeReportCash.RPT"_s, Range()), departments)};
+    }
+    std::shared_ptr<const ReportDocument> Company(const QString& type) {
+        return Document(u"CompanyReport.RPT"_s, RangeOf(type));
     }
     /// Charges less reversals of the month, slip by slip.
     Money SumOfSlips() {
@@ -83,7 +102,7 @@ class Agreement : public ReportsTest, public testing::WithParamInterface<std::ui
         const auto ledger =
             Document(u"Orvandelle_Ledger.rpt"_s,
                      {u"I"_s, idNum, u"H"_s, u"P"_s, u"1"_s, u"R"_s, u""_s, u""_s, u""_s, u"A"_s, u""_s});
-        return LastAmount(*ledger, u" lines"_s);
+        return LastAmount(*ledger, u"Lines: "_s);
     }
 };
 
@@ -97,6 +116,7 @@ TEST_P(Agreement, OfARandomMonthIsToTheCentavo) {
         ASSERT_GT(count, 3) << "the month has everything in it";
     ASSERT_GT(books.paidAndRevoked, 0);
     ASSERT_GT(books.unpaid, 0);
+    ASSERT_GT(books.paidBehindRevoke, 0);
     const Money in = books.income.at(u"I"_s);
     const Money out = books.income.at(u"O"_s);
 
@@ -113,6 +133,39 @@ TEST_P(Agreement, OfARandomMonthIsToTheCentavo) {
                                                 books.paid - books.paidAndRevoked, books.unpaid}));
     for (const auto& [idNum, amount] : books.accounts)
         EXPECT_EQ(LedgerOf(idNum), amount) << idNum.toStdString();
+}
+
+TEST_P(Agreement, OfARandomMonthIsInItsCounts) {
+    const RandomMonth month(*mGateway, GetParam());
+    const RandomMonth::Books& books = month.Kept();
+    std::vector<Value> audit = Range();
+    audit.emplace_back(u"NURSE"_s);
+    EXPECT_THAT(Counts(*Document(u"AuditReport.RPT"_s, audit), u"All users, acts:"_s),
+                ElementsAre(books.acts));
+    for (const QString& type : {u"I"_s, u"O"_s}) {
+        EXPECT_THAT(Counts(*Document(u"IncomeReport.RPT"_s, RangeOf(type)), u"ALL DEPARTMENTS"_s),
+                    ElementsAre(books.chargesOfMonth.at(type)));
+        // The accounts, then the slips.
+        EXPECT_THAT(Counts(*Company(type), u"All companies, accounts:"_s),
+                    ElementsAre(_, books.slipsOfMonth.at(type)));
+    }
+    const int charges = books.chargesOfMonth.at(u"I"_s) + books.chargesOfMonth.at(u"O"_s);
+    const auto statistics = Document(u"StatisticsReport.RPT"_s, Range());
+    for (const QString& part : {u"IN ALL, BY SERVICE"_s, u"IN ALL, BY DAY"_s})
+        EXPECT_THAT(Counts(*statistics, part), ElementsAre(charges, books.cancellationsOfMonth));
+}
+
+TEST_P(Agreement, OfARandomMonthIsInEachCompanyAndDay) {
+    const RandomMonth month(*mGateway, GetParam());
+    const RandomMonth::Books& books = month.Kept();
+    ASSERT_GT(books.companies.size(), 6U);
+    for (const auto& [key, amount] : books.companies)
+        EXPECT_EQ(LastAmount(*Company(key.first), u' ' + key.second + u", accounts: "_s), amount)
+            << key.first.toStdString() << key.second.toStdString();
+    ASSERT_GT(books.days.size(), 25U);
+    const auto statistics = Document(u"StatisticsReport.RPT"_s, Range());
+    for (const auto& [day, amount] : books.days)
+        EXPECT_EQ(LastAmount(*statistics, u' ' + day + u' '), amount) << day.toStdString();
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, Agreement, testing::Values(1U, 20261201U));
@@ -137,6 +190,38 @@ TEST_P(Disagreement, OfOneCentavoShowsInEveryReport) {
         ++*figure;
     EXPECT_EQ(PrintAll(), expected);
     EXPECT_EQ(LedgerOf(line[2]), ledger + 1);
+}
+
+TEST_P(Disagreement, OfOneCentavoAtTheCashierShowsWhereItsLineStands) {
+    const RandomMonth month(*mGateway, GetParam());
+    const auto within = [](const QString& column) {
+        return u" AND %1 >= '20261201' AND %1 < '20270101'"_s.arg(column);
+    };
+    const QString select = u"SELECT TOP 1 AssessNum FROM BILLING..tbCashAssessment WHERE DeptCode = 'HC'"_s +
+                           within(u"TransDate"_s);
+    struct Line {
+        QString which;
+        /// What one centavo adds to the sum of the audit, and to paid, revoked, income and unpaid.
+        Money audit;
+        std::vector<Money> cash;
+    };
+    const std::vector<Line> lines = {
+        {within(u"ORDate"_s) + u" AND RevokeDate IS NULL"_s, 1, {1, 0, 1, 0}},
+        {within(u"ORDate"_s) + within(u"RevokeDate"_s) + u" AND RevokeDate > ORDate"_s, 0, {1, -1, 0, 0}},
+        {within(u"ORDate"_s) + within(u"RevokeDate"_s) + u" AND RevokeDate < ORDate"_s, 0, {1, 0, 1, 0}},
+        {u" AND ORDate IS NULL AND RevokeDate IS NULL"_s, 1, {0, 0, 0, 1}}};
+    Printed expected = PrintAll();
+    for (const Line& line : lines) {
+        SCOPED_TRACE(line.which.toStdString());
+        const std::vector<QStringList> found = Rows(select + line.which + u" ORDER BY AssessNum"_s);
+        ASSERT_EQ(found.size(), 1U) << "the month has such a line";
+        Run(u"UPDATE BILLING..tbCashAssessment SET Amount = Amount + 0.01 WHERE AssessNum = "_s +
+            found[0][0]);
+        expected.audit[1] += line.audit;
+        for (size_t i = 0; i < line.cash.size(); ++i)
+            expected.cash[i] += line.cash[i];
+        EXPECT_EQ(PrintAll(), expected);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, Disagreement, testing::Values(5U));

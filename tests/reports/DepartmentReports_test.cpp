@@ -68,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(
                                u"Orvandelle_Ledger.rpt"_s,
                                u"ledger.txt"_s,
                                {u"O"_s, u"104196B"_s, kHospital, u"MORALES, HONORIO SANTOS"_s, u"100218"_s,
-                                u"OPD"_s, u"10/23/2026"_s, u""_s, u""_s, kAddress, u""_s}},
+                                u"OPD"_s, u"10/23/2026 8:00:00 AM"_s, u""_s, u""_s, kAddress, u""_s}},
                     GoldenCase{
                         "EmptyLedger",
                         u"Orvandelle_Ledger.rpt"_s,
@@ -148,13 +148,13 @@ TEST_F(ReportRows, OfAPatientInARoomThatIsOnNoListAreStillCounted) {
         "IdNum = '%1'"_s.arg(number));
     const QString text = TextOf(u"CensusStation.rpt"_s, {});
     EXPECT_TRUE(text.contains(number));
-    EXPECT_TRUE(text.contains("1 patients in NO STATION"_L1)) << text.toStdString();
+    EXPECT_TRUE(text.contains("NO STATION, patients: 1"_L1)) << text.toStdString();
 }
 
 TEST_F(ReportRows, OfAnAccountWithoutACompanyOnFileAreTheCompanysCode) {
     Run(u"UPDATE PATIENT_DATA..tboutpatient SET CompanyID = 'ZZZ' WHERE IdNum = '104196B'"_s);
     const QString text = TextOf(u"CompanyReport.RPT"_s, RangeOf(u"O"_s, On(11, 1), On(11, 20)));
-    EXPECT_TRUE(text.contains("1 accounts of ZZZ"_L1)) << text.toStdString();
+    EXPECT_TRUE(text.contains("ZZZ, accounts: 1"_L1)) << text.toStdString();
 }
 
 TEST_F(ReportRows, OfAVisitThatIsNotOnFileCountAsPersonal) {
@@ -192,12 +192,167 @@ TEST_F(ReportRows, OfTheAuditShowEachActWithWhatItMoved) {
     const QString text = TextOf(u"AuditReport.RPT"_s, {day, day, kHospital, kAddress, u"LAB"_s});
     for (const QString& line :
          {u"Cancelled H9001C"_s, u"-2,800.50 01/05/2027 11:00 AM Assessed 9001 ZZTEST, ANA"_s,
-          u"2 acts of CLERK MAGBANUA, JOEL -2,800.50 100.25"_s, u"01/05/2027 10:15 AM Posted H9001C"_s,
-          u"1 acts of NURSE VILLANUEVA, MARISSA 2,800.50 0.00"_s,
+          u"CLERK MAGBANUA, JOEL, acts: 2 -2,800.50 100.25"_s, u"01/05/2027 10:15 AM Posted H9001C"_s,
+          u"NURSE VILLANUEVA, MARISSA, acts: 1 2,800.50 0.00"_s,
           u"Revoked 9001 ZZTEST, ANA HC HC001 HEMODIALYSIS TREATMENT 1 -100.25"_s,
-          u"RE-PRINT NO. 1 OF THE SLIP"_s, u"2 acts of USER NOT RECORDED 0.00 -100.25"_s,
-          u"5 acts in all 0.00 0.00"_s, u"Printed by LAB, 01/05/2027 11:00 AM Page 1 of 1"_s})
+          u"RE-PRINT NO. 1 OF THE SLIP"_s, u"USER NOT RECORDED, acts: 2 0.00 -100.25"_s,
+          u"All users, acts: 5 0.00 0.00"_s, u"Printed by LAB, 01/05/2027 11:00 AM Page 1 of 1"_s})
         EXPECT_TRUE(text.contains(line)) << line.toStdString() << " in " << text.toStdString();
+}
+
+TEST_F(ReportRows, GoByTheLastNameBeforeTheFirst) {
+    const std::vector<QStringList> patients = Rows(
+        u"SELECT TOP 2 IdNum, HospNum FROM PATIENT_DATA..tbpatient WHERE DcrDate IS NULL ORDER BY IdNum"_s);
+    Run(u"UPDATE PATIENT_DATA..tbmaster SET LastName = 'CRUZ ABAD', FirstName = 'Z' WHERE HospNum = '%1'"_s
+            .arg(patients[0][1]));
+    Run(u"UPDATE PATIENT_DATA..tbmaster SET LastName = 'CRUZ', FirstName = 'A' WHERE HospNum = '%1'"_s.arg(
+        patients[1][1]));
+    for (const QStringList& patient : patients) {
+        Run(u"UPDATE PATIENT_DATA..tbpatient SET RoomID = 'W201', CompanyID = 'PER' WHERE IdNum = '%1'"_s.arg(
+            patient[0]));
+        Run(u"Clinical_Area..spEarCare_Append_Charging '%1','%2','01/05/2027 10:15:07 AM','HC','D','HC001',"
+            "'1','H9001C','10.00','NURSE','W201','D005','','I','HEMODIALYSIS'"_s.arg(patient[1], patient[0]));
+    }
+    const DateTime day = Day(2027, 1, 5);
+    for (const QString& text : {TextOf(u"CensusAll.rpt"_s, {}), TextOf(u"CensusStation.rpt"_s, {}),
+                                TextOf(u"CompanyReport.RPT"_s, RangeOf(u"I"_s, day, day))}) {
+        const qsizetype first = text.indexOf("CRUZ, A "_L1);
+        ASSERT_GE(first, 0) << text.toStdString();
+        EXPECT_GT(text.indexOf("CRUZ ABAD, Z "_L1), first) << text.toStdString();
+    }
+}
+
+TEST_F(ReportRows, OfTheCensusKeepAPatientWhomTheMasterLacks) {
+    const QStringList patient =
+        Rows(
+            u"SELECT TOP 1 IdNum, HospNum FROM PATIENT_DATA..tbpatient WHERE DcrDate IS NULL ORDER BY IdNum"_s)
+            .front();
+    const QString count = u"Patients in the hospital: "_s +
+                          Cell(u"SELECT COUNT(*) FROM PATIENT_DATA..tbpatient WHERE DcrDate IS NULL"_s);
+    Run(u"DELETE PATIENT_DATA..tbmaster WHERE HospNum = '%1'"_s.arg(patient[1]));
+    for (const QString& file : {u"CensusAll.rpt"_s, u"CensusStation.rpt"_s}) {
+        const QString text = TextOf(file, {});
+        EXPECT_TRUE(text.contains(patient[1] + u' ' + patient[0])) << text.toStdString();
+        EXPECT_TRUE(text.contains(count)) << text.toStdString();
+    }
+}
+
+TEST_F(ReportRows, OfTwoStationsOfOneNameStayApart) {
+    const auto names = [this] {
+        QStringList stations;
+        for (const GroupEntry& group : Document(u"CensusStation.rpt"_s, {})->Groups())
+            stations << group.label;
+        return stations;
+    };
+    const QStringList before = names();
+    ASSERT_GT(before.size(), 2);
+    Run(u"UPDATE build_file..tbCoStation SET Station = 'WARD'"_s);
+    QStringList after = names();
+    EXPECT_EQ(after.size(), before.size());
+    EXPECT_EQ(after.removeDuplicates(), 0) << "the tree tells them apart";
+}
+
+TEST_F(ReportRows, OfAReprintNameThePatientOfTheUnitsOwnSlip) {
+    Run(u"INSERT INTO BILLING..tbPatientCharges (HospNum, IdNum, PatientType, TransDate, RevenueID, "
+        u"RecordType, "
+        "ItemID, Description, Quantity, Units, Amount, RefNum, UserID, RoomID, DoctorID, DoctorName, "
+        "SourceDept, "
+        "EntryDate) VALUES ('100051','700125','I','01/05/2027','LB','D','LB001','CREATININE','1',1,180.25,"
+        "'H9001C','LAB','W201','D005','','LB','01/05/2027')"_s);
+    Run(u"UPDATE PATIENT_DATA..tbmaster SET LastName = 'LABTEST' WHERE HospNum = '100051'"_s);
+    Run(u"UPDATE PATIENT_DATA..tbmaster SET LastName = 'UNITTEST' WHERE HospNum = '100050'"_s);
+    Run(u"Clinical_Area..spEarCare_Append_Charging '100050','700124','01/06/2027 10:15:07 "
+        u"AM','HC','D','HC001',"
+        "'1','H9001C','10.00','NURSE','W201','D005','','I','HEMODIALYSIS'"_s);
+    SetClock([] { return *DateTime::FromFields({.year = 2027, .month = 1, .day = 5, .hour = 11}); });
+    Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9001C'"_s);
+    const DateTime day = Day(2027, 1, 5);
+    const QString text = TextOf(u"AuditReport.RPT"_s, {day, day, kHospital, kAddress, u"LAB"_s});
+    EXPECT_TRUE(text.contains("Re-printed H9001C UNITTEST, "_L1)) << text.toStdString();
+}
+
+TEST_F(ReportRows, OfACompanyCountTheSlipsThatWerePostedInThePeriod) {
+    SetClock([] { return *DateTime::FromFields({.year = 2027, .month = 1, .day = 6, .hour = 11}); });
+    Run(u"Clinical_Area..spEarCare_Append_Charging '100050','700124','01/05/2027 10:15:07 "
+        u"AM','HC','D','HC001',"
+        "'1','H9001C','2800.50','NURSE','W201','D005','','I','HEMODIALYSIS'"_s);
+    Run(u"Clinical_ARea..spEarCare_UpdateCharging '100050','700124','HC001','2800.50','1','01/06/2027 "
+        u"10:20:00 "
+        "AM','HC','CLERK','I','C','W201','H9001C',''"_s);
+    const auto textOf = [this](int day) {
+        return TextOf(u"CompanyReport.RPT"_s, RangeOf(u"I"_s, Day(2027, 1, day), Day(2027, 1, day)));
+    };
+    EXPECT_TRUE(textOf(5).contains("All companies, accounts: 1 1 2,800.50 0.00 2,800.50"_L1));
+    EXPECT_TRUE(textOf(6).contains("All companies, accounts: 1 0 0.00 -2,800.50 -2,800.50"_L1))
+        << textOf(6).toStdString();
+}
+
+TEST_F(ReportRows, ShowQuantitiesWithTheDecimalsTheyHave) {
+    const DateTime day = Day(2027, 1, 5);
+    for (const auto& [quantity, shown] :
+         {std::pair(u"1250"_s, u" 1,250 "_s), std::pair(u"0.5"_s, u" 1,250.5 "_s)}) {
+        Run(u"Clinical_Area..spEarCare_Append_Charging '100050','700124','01/05/2027 10:15:07 AM','HC','D',"
+            "'HC001','%1','H9001C','10.00','NURSE','W201','D005','','I','HEMODIALYSIS'"_s.arg(quantity));
+        EXPECT_TRUE(TextOf(u"IncomeReport.RPT"_s, RangeOf(u"I"_s, day, day)).contains(shown))
+            << shown.toStdString();
+        EXPECT_TRUE(TextOf(u"StatisticsReport.RPT"_s, Range(day, day)).contains(shown))
+            << shown.toStdString();
+    }
+}
+
+/// One line assessed on January 5, 2027, with the moments of its receipt and its revoke.
+class CashLine : public ReportRows {
+  protected:
+    void Assess(const QString& paid, const QString& revoked) {
+        SetClock([] { return *DateTime::FromFields({.year = 2027, .month = 1, .day = 5, .hour = 8}); });
+        Run(u"Clinical_Area..spEarCare_Assessment '9001','ZZTEST, "
+            u"ANA','HC001','HC','1','100.25','HC','CLERK',"
+            "'W000003','','D001',''"_s);
+        for (const auto& [column, moment] :
+             {std::pair(u"ORDate"_s, paid), std::pair(u"RevokeDate"_s, revoked)})
+            if (!moment.isEmpty())
+                Run(u"UPDATE BILLING..tbCashAssessment SET %1 = '%2' WHERE AssessNum = %3"_s.arg(
+                    column, moment, Cell(u"SELECT MAX(AssessNum) FROM BILLING..tbCashAssessment"_s)));
+    }
+    /// Paid lines, paid, revoked, income and unpaid of that day of January 2027.
+    QString TotalsOf(int day) {
+        const QString text = TextOf(u"IncomeReportCash.RPT"_s, Range(Day(2027, 1, day), Day(2027, 1, day)));
+        return text.section(u"ALL DEPARTMENTS "_s, 1).section(u' ', 0, 4);
+    }
+};
+
+TEST_F(CashLine, ThatIsNotPaidWaits) {
+    Assess({}, {});
+    EXPECT_EQ(TotalsOf(5), u"0 0.00 0.00 0.00 100.25"_s);
+}
+
+TEST_F(CashLine, IsTakenOffOnTheDayOfTheRevokeThatFollowsThePayment) {
+    Assess(u"01/05/2027 09:00:00 AM"_s, u"01/06/2027 09:00:00 AM"_s);
+    EXPECT_EQ(TotalsOf(5), u"1 100.25 0.00 100.25 0.00"_s);
+    EXPECT_EQ(TotalsOf(6), u"0 0.00 -100.25 -100.25 0.00"_s);
+}
+
+TEST_F(CashLine, IsTakenOffByARevokeAtTheMomentOfThePayment) {
+    Assess(u"01/05/2027 09:00:00 AM"_s, u"01/05/2027 09:00:00 AM"_s);
+    EXPECT_EQ(TotalsOf(5), u"1 100.25 -100.25 0.00 0.00"_s);
+}
+
+TEST_F(CashLine, ThatIsPaidBehindItsRevokeStaysIncome) {
+    Assess(u"01/06/2027 09:00:00 AM"_s, u"01/05/2027 09:00:00 AM"_s);
+    EXPECT_EQ(TotalsOf(5), u"0 0.00 0.00 0.00 0.00"_s);
+    EXPECT_EQ(TotalsOf(6), u"1 100.25 0.00 100.25 0.00"_s);
+}
+
+TEST_F(CashLine, CountsOnTheDayOfItsReceiptToTheLastSecond) {
+    Assess(u"01/05/2027 11:59:59 PM"_s, {});
+    EXPECT_EQ(TotalsOf(5), u"1 100.25 0.00 100.25 0.00"_s);
+    EXPECT_EQ(TotalsOf(6), u"0 0.00 0.00 0.00 0.00"_s);
+}
+
+TEST_F(CashLine, ThatIsPaidAtMidnightCountsOnTheDayThatBegins) {
+    Assess(u"01/06/2027 12:00:00 AM"_s, {});
+    EXPECT_EQ(TotalsOf(5), u"0 0.00 0.00 0.00 0.00"_s);
+    EXPECT_EQ(TotalsOf(6), u"1 100.25 0.00 100.25 0.00"_s);
 }
 
 TEST_F(ReportRows, WithTheLongestNamesAreWrappedAndNeverCut) {

@@ -65,44 +65,58 @@ void RandomMonth::EmptyTheAccounts() {
 /// Patients in the hospital, and visits, of all companies.
 void RandomMonth::ReadAccounts() {
     for (const auto& [type, command] :
-         {std::pair(u"I"_s, u"SELECT TOP 12 HospNum, IdNum, RoomID FROM PATIENT_DATA..tbpatient "
-                            "WHERE DcrDate IS NULL ORDER BY IdNum"_s),
-          std::pair(u"O"_s, u"SELECT TOP 18 HospNum, IdNum, 'OPD' AS RoomID FROM PATIENT_DATA..tboutpatient "
-                            "ORDER BY IdNum DESC"_s)}) {
+         {std::pair(u"I"_s, u"SELECT TOP 12 p.HospNum, p.IdNum, p.RoomID, o.Company FROM "
+                            "PATIENT_DATA..tbpatient AS p INNER JOIN build_file..tbCoCompany AS o "
+                            "ON o.CompanyID = p.CompanyID WHERE p.DcrDate IS NULL ORDER BY p.IdNum"_s),
+          std::pair(u"O"_s, u"SELECT TOP 18 p.HospNum, p.IdNum, 'OPD' AS RoomID, o.Company FROM "
+                            "PATIENT_DATA..tboutpatient AS p INNER JOIN build_file..tbCoCompany AS o "
+                            "ON o.CompanyID = p.CompanyID ORDER BY p.IdNum DESC"_s)}) {
         for (RowSet rows = mGateway.Execute(command); !rows.Eof(); rows.MoveNext())
             mAccounts.push_back({rows.Fields(u"HospNum").ToText(), rows.Fields(u"IdNum").ToText(),
-                                 rows.Fields(u"RoomID").ToText(), type});
+                                 rows.Fields(u"RoomID").ToText(), type, rows.Fields(u"Company").ToText()});
     }
 }
 
 void RandomMonth::Work() {
     for (int day = -kDaysAround; day < kDaysOfMonth + kDaysAround; ++day) {
         // The first and the last second of each day are worked in.
-        SetTime(day, 0);
-        PostSlip();
-        const int acts = 6 + Below(6);
-        for (int i = 1; i <= acts; ++i) {
-            SetTime(day, i == acts ? kSecondsPerDay - 1 : i * (kSecondsPerDay / (acts + 1)));
-            switch (Below(9)) {
-            case 0:
-            case 1:
-                CancelOne();
-                break;
-            case 2:
-            case 3:
-                Assess();
-                break;
-            case 4:
-                PayOne();
-                break;
-            case 5:
-                RevokeOne();
-                break;
-            default:
-                PostSlip();
-            }
+        const int acts = 7 + Below(6);
+        for (int i = 0; i < acts; ++i) {
+            SetTime(day, i == acts - 1 ? kSecondsPerDay - 1 : i * (kSecondsPerDay / acts));
+            DoAnything();
         }
     }
+}
+
+void RandomMonth::DoAnything() {
+    switch (Below(9)) {
+    case 0:
+    case 1:
+        CancelOne();
+        break;
+    case 2:
+    case 3:
+        Assess();
+        break;
+    case 4:
+        PayOne();
+        break;
+    case 5:
+        RevokeOne();
+        break;
+    default:
+        PostSlip();
+    }
+}
+
+/// A line on an account, in the books of all days and of the month.
+void RandomMonth::Book(const QString& patientType, const Account& account, Money amount) {
+    mBooks.accounts[account.idNum] += amount;
+    if (!IsInMonth())
+        return;
+    mBooks.income[patientType] += amount;
+    mBooks.companies[{patientType, account.company}] += amount;
+    mBooks.days[Format(mNow, u"mm/dd/yyyy")] += amount;
 }
 
 QString RandomMonth::TakeSlipNumber() {
@@ -119,6 +133,7 @@ void RandomMonth::PostSlip() {
     const QString slip = TakeSlipNumber();
     const int lines = 1 + Below(5);
     const int first = Below(5);
+    mBooks.slipsOfMonth[account.type] += IsInMonth() ? 1 : 0;
     for (int i = 0; i < lines; ++i)
         PostLine(account, slip, (first + i) % 5);
     if (Below(10) == 0)
@@ -126,6 +141,7 @@ void RandomMonth::PostSlip() {
     if (Below(12) == 0) {
         mGateway.ExecuteNoResult(ReprintChargeSlipCommand(slip));
         ++mBooks.reprints;
+        CountAct();
     }
 }
 
@@ -159,9 +175,9 @@ void RandomMonth::PostLine(const Account& account, const QString& slip, int kind
                                                     .particular = item.name}));
     mCharges.push_back({account, slip, item.centre, item.code, quantity, amount});
     ++mBooks.charges;
-    mBooks.accounts[account.idNum] += amount;
-    if (IsInMonth())
-        mBooks.income[account.type] += amount;
+    CountAct();
+    mBooks.chargesOfMonth[account.type] += IsInMonth() ? 1 : 0;
+    Book(account.type, account, amount);
 }
 
 /// Another department's charge on the same account, which is none of the unit's business.
@@ -197,9 +213,9 @@ void RandomMonth::CancelOne() {
     }
     charge.cancelled = true;
     ++mBooks.cancellations;
-    mBooks.accounts[charge.account.idNum] -= charge.amount;
-    if (IsInMonth())
-        mBooks.income[type] -= charge.amount;
+    CountAct();
+    mBooks.cancellationsOfMonth += IsInMonth() ? 1 : 0;
+    Book(type, charge.account, -charge.amount);
 }
 
 void RandomMonth::CancelService(const Charge& charge, const QString& patientType) {
@@ -265,23 +281,26 @@ void RandomMonth::Assess() {
         const QString line =
             mGateway.Execute(u"SELECT MAX(AssessNum) FROM BILLING..tbCashAssessment"_s).Fields(0).ToText();
         mAssessments.push_back({number, line, u"HC"_s, amount, false, false, IsInMonth()});
+        CountAct();
         if (IsInMonth())
             mBooks.assessed += amount;
     }
     ++mBooks.assessments;
 }
 
-/// The cashier's act, who knows the line by its own number.
+/// The cashier's act, who knows the line by its own number. He may be late: a line that was revoked is paid,
+/// too.
 void RandomMonth::PayOne() {
     if (mAssessments.empty())
         return;
     Assessment& line = mAssessments[size_t(Below(int(mAssessments.size())))];
-    if (line.paid || line.revoked)
+    if (line.paid)
         return;
     mGateway.ExecuteNoResult(
         u"UPDATE BILLING..tbCashAssessment SET ORNum = '310001', ORDate = '%1' WHERE AssessNum = %2"_s.arg(
             Moment(), line.line));
     line.paid = true;
+    mBooks.paidBehindRevoke += line.revoked ? 1 : 0;
     if (IsInMonth())
         mBooks.paid += line.amount;
 }
@@ -308,6 +327,7 @@ void RandomMonth::RevokeOne() {
             continue;
         line.revoked = true;
         ++mBooks.revokes;
+        CountAct();
         if (!IsInMonth())
             continue;
         mBooks.assessed -= line.amount;

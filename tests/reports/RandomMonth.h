@@ -39,12 +39,22 @@ class RandomMonth {
         Money paid = 0;
         Money paidAndRevoked = 0;
         Money unpaid = 0;
+        /// Charges less reversals by patient type and company, and by day, "mm/dd/yyyy".
+        std::map<std::pair<QString, QString>, Money> companies;
+        std::map<QString, Money> days;
+        /// Acts of the month, each with a line of its own in the audit.
+        int acts = 0;
+        /// Charges of the month, and slips with charges, by patient type.
+        std::map<QString, int> chargesOfMonth;
+        std::map<QString, int> slipsOfMonth;
+        int cancellationsOfMonth = 0;
         /// What was done in all days, so that a test sees that the month has everything in it.
         int charges = 0;
         int cancellations = 0;
         int cancellationsInVain = 0;
         int assessments = 0;
         int revokes = 0;
+        int paidBehindRevoke = 0;
         int reprints = 0;
     };
     const Books& Kept() const { return mBooks; }
@@ -55,6 +65,7 @@ class RandomMonth {
         QString idNum;
         QString room;
         QString type;
+        QString company;
     };
     /// A line on an account that may still be cancelled.
     struct Charge {
@@ -82,6 +93,10 @@ class RandomMonth {
     void SetTime(int day, int second);
     QString Moment() const;
     QString User() { return Below(2) ? QStringLiteral("NURSE") : QStringLiteral("CLERK"); }
+
+    void Book(const QString& patientType, const Account& account, Money amount);
+    void CountAct() { mBooks.acts += IsInMonth() ? 1 : 0; }
+    void DoAnything();
 
     void EmptyTheAccounts();
     void ReadAccounts();

@@ -2,6 +2,8 @@
 #include "reporting/frmCensus.h"
 #include "reporting/frmLedger.h"
 #include "reporting/frmReportRange.h"
+#include "reporting/ReportFixture.h"
+#include "reporting/Reports.h"
 #include "shell/frmMain.h"
 #include "shell/shared.h"
 #include "support/CaseName.h"
@@ -11,8 +13,11 @@
 #include "toolkit/Screens.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QDir>
 #include <QMdiArea>
 #include <QPushButton>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -62,6 +67,9 @@ struct PeriodCase {
     /// The file that is missing names the report that the entry stands for.
     QString file;
     QString title = u"Report Date"_s;
+    /// The report's window and its first value tell reports of one file apart.
+    QString reportTitle;
+    QString firstValue;
 };
 
 class PeriodEntry : public frmMainReports, public testing::WithParamInterface<PeriodCase> {};
@@ -86,37 +94,58 @@ TEST_P(PeriodEntry, OpensTheReportOfItsTypeOnceAndNotModal) {
     EXPECT_EQ(TakeFailure(), RunTime::kFileNotFound);
 }
 
+TEST_P(PeriodEntry, ShowsTheReportOfItsPatientType) {
+    ReportDatabase database;
+    database.Set(u"SELECT"_s, Rows({u"A"_s}, {{u"row"_s}}));
+    QDir(programDirectory.path()).mkdir(u"Reports"_s);
+    WriteFile(
+        programDirectory, u"Reports/"_s + GetParam().file,
+        SmallTemplate(u"<parameters><parameter name=\"First\" type=\"text\" prompt=\"First\"/></parameters>"
+                      "<report-header height=\"5\"/>"_s));
+    GetParam().action(*window);
+    QString shown;
+    QTimer::singleShot(0, qApp, [&shown] {
+        auto* viewer = qobject_cast<Form*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(viewer);
+        shown = viewer->windowTitle() + u": "_s + gReport->ParameterFields().front().CurrentValue()->ToText();
+        viewer->Unload();
+    });
+    Click(Find<QPushButton>(Screens::Get<frmReportRange>(), "cmdView"));
+    EXPECT_EQ(shown, GetParam().reportTitle + u": "_s + GetParam().firstValue);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Ways, PeriodEntry,
     testing::Values(
         PeriodCase{"AuditMenu",
                    [](frmMain& main) { main.findChild<QAction*>(u"mnuReportAudit"_s)->trigger(); },
-                   u"AuditReport.RPT"_s, u"Audit Report"_s},
+                   u"AuditReport.RPT"_s, u"Audit Report"_s, u"Audit Report"_s, u"11/21/2026"_s},
         PeriodCase{"AuditDropdown", [](frmMain& main) { main.findChild<QAction*>(u"Audit"_s)->trigger(); },
-                   u"AuditReport.RPT"_s, u"Audit Report"_s},
+                   u"AuditReport.RPT"_s, u"Audit Report"_s, u"Audit Report"_s, u"11/21/2026"_s},
         PeriodCase{"OutPatientIncomeMenu",
                    [](frmMain& main) { main.findChild<QAction*>(u"mnuOPDIncome"_s)->trigger(); },
-                   u"IncomeReport.RPT"_s},
+                   u"IncomeReport.RPT"_s, u"Report Date"_s, u"Out-Patient Income Report"_s, u"O"_s},
         PeriodCase{"OutPatientIncomeDropdown",
                    [](frmMain& main) { main.findChild<QAction*>(u"Opd"_s)->trigger(); },
-                   u"IncomeReport.RPT"_s},
+                   u"IncomeReport.RPT"_s, u"Report Date"_s, u"Out-Patient Income Report"_s, u"O"_s},
         PeriodCase{"InPatientIncomeMenu",
                    [](frmMain& main) { main.findChild<QAction*>(u"mnuIPDIncomeReport"_s)->trigger(); },
-                   u"IncomeReport.RPT"_s},
+                   u"IncomeReport.RPT"_s, u"Report Date"_s, u"In-Patient Income Report"_s, u"I"_s},
         PeriodCase{"InPatientIncomeDropdown",
                    [](frmMain& main) { main.findChild<QAction*>(u"IPD"_s)->trigger(); },
-                   u"IncomeReport.RPT"_s},
-        PeriodCase{"CashIncome",
-                   [](frmMain& main) { main.findChild<QAction*>(u"mnuCashIncome"_s)->trigger(); },
-                   u"IncomeReportCash.RPT"_s},
+                   u"IncomeReport.RPT"_s, u"Report Date"_s, u"In-Patient Income Report"_s, u"I"_s},
+        PeriodCase{
+            "CashIncome", [](frmMain& main) { main.findChild<QAction*>(u"mnuCashIncome"_s)->trigger(); },
+            u"IncomeReportCash.RPT"_s, u"Report Date"_s, u"Cash Patient Income Report"_s, u"11/21/2026"_s},
         PeriodCase{"MonthlySummary",
                    [](frmMain& main) { main.findChild<QAction*>(u"mnuReportMonthly"_s)->trigger(); },
-                   u"StatisticsReport.RPT"_s},
+                   u"StatisticsReport.RPT"_s, u"Report Date"_s, u"Monthly Statistical Report"_s,
+                   u"11/21/2026"_s},
         PeriodCase{"InPatientCompany", [](frmMain& main) { main.findChild<QAction*>(u"mnuIn"_s)->trigger(); },
-                   u"CompanyReport.RPT"_s},
+                   u"CompanyReport.RPT"_s, u"Report Date"_s, u"In-Patient Company Report"_s, u"I"_s},
         PeriodCase{"OutPatientCompany",
                    [](frmMain& main) { main.findChild<QAction*>(u"mnuOut"_s)->trigger(); },
-                   u"CompanyReport.RPT"_s}),
+                   u"CompanyReport.RPT"_s, u"Report Date"_s, u"Out-Patient Company Report"_s, u"O"_s}),
     CaseName());
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "toolkit/ProgramFiles.h"
 #include "workstation/Scripts.h"
 
+#include <QFileInfo>
 #include <QTimer>
 
 #include <cstdio>
@@ -21,6 +22,15 @@ namespace {
 constexpr int kScriptFailed = 70;
 
 QString programFolder;
+
+/// A file of that name in the program's folder; one that was saved before keeps its content.
+QString FreeFile(const QString& name) {
+    const QFileInfo wanted(programFolder + u'/' + name);
+    QString file = wanted.filePath();
+    for (int copy = 2; QFileInfo::exists(file); ++copy)
+        file = u"%1/%2-%3.%4"_s.arg(programFolder, wanted.completeBaseName()).arg(copy).arg(wanted.suffix());
+    return file;
+}
 
 /// The program's own end is not waited for: the script has seen what it wanted to see.
 [[noreturn]] void Leave(int code) {
@@ -49,7 +59,7 @@ int main(int argc, char** argv) {
     const Application application(argumentCount, argv);
     programFolder = QString::fromLocal8Bit(argv[2]);
     SetProgramDirectory(programFolder);
-    SetSaveFileAnswer([](const QString& name) { return programFolder + u'/' + name; });
+    SetSaveFileAnswer(FreeFile);
     RegisterSuite(programFolder + u"/data"_s);
     RegisterScreens();
     Driver clerk;

@@ -2,6 +2,7 @@
 
 #include "workstation/ClerkKeys.h"
 
+#include <QDateEdit>
 #include <QWidget>
 
 using namespace Qt::StringLiterals;
@@ -23,6 +24,12 @@ void PeriodReport(Driver& clerk, const QString& menuItem) {
     // The first section of the date is the month.
     clerk.Press(Qt::Key_Down);
     clerk.Press(Qt::Key_Down);
+    clerk.OnScreen([] {
+        QStringList days;
+        for (const QString& picker : {u"dtpStartDate"_s, u"dtpEndDate"_s})
+            days << dynamic_cast<const QDateEdit&>(VisibleControl(picker)).text();
+        Tell(days.join(u" to "_s));
+    });
     clerk.TabTo(u"cmdView"_s);
     clerk.Press(Qt::Key_Return);
     LeaveReport(clerk, u"frmReportviewer"_s);

@@ -4,7 +4,8 @@ class Driver;
 
 // The department's reports.
 
-/// Opens each report of a period from the menu, for the last two months, and leaves it again.
+/// Opens each report of a period from the menu, for the last two months, and leaves it again. Tells the
+/// period and the title of each.
 void PeriodReports(Driver& clerk);
 /// Prints the ledger of an in-patient whom the finder brings.
 void LedgerOfAnInPatient(Driver& clerk);

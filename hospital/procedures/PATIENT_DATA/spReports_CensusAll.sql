@@ -1,4 +1,5 @@
--- Who is in the hospital now, in the order of their names.
+-- Who is in the hospital now, in the order of their names. Whoever is missing in the patient master is listed by
+-- number.
 USE PATIENT_DATA;
 GO
 
@@ -7,7 +8,8 @@ AS
 BEGIN
     SET NOCOUNT ON;
 
-    SELECT CONCAT(m.LastName, ', ', m.FirstName, ' ', m.MiddleName) AS Patient, p.HospNum, p.IdNum, m.Sex,
+    SELECT CASE WHEN m.HospNum IS NULL THEN ''
+                ELSE CONCAT(m.LastName, ', ', m.FirstName, ' ', m.MiddleName) END AS Patient, p.HospNum, p.IdNum, m.Sex,
            DATEDIFF(year, m.BirthDate, GETDATE())
                - CASE WHEN MONTH(GETDATE()) * 100 + DAY(GETDATE()) < MONTH(m.BirthDate) * 100 + DAY(m.BirthDate)
                       THEN 1 ELSE 0 END AS Age,
@@ -16,12 +18,12 @@ BEGIN
            CASE WHEN d.DoctorID IS NULL THEN '' ELSE CONCAT('DR. ', d.FirstName, ' ', d.LastName) END AS Doctor,
            CASE WHEN p.BillingDate IS NULL THEN '' ELSE 'BILLED' END AS Account
     FROM PATIENT_DATA..tbpatient AS p
-    INNER JOIN PATIENT_DATA..tbmaster AS m ON m.HospNum = p.HospNum
+    LEFT JOIN PATIENT_DATA..tbmaster AS m ON m.HospNum = p.HospNum
     LEFT JOIN build_file..tbCoRoom AS r ON r.RoomID = p.RoomID
     LEFT JOIN build_file..tbCoStation AS s ON s.StationID = r.StationID
     LEFT JOIN build_file..tbCoCompany AS o ON o.CompanyID = p.CompanyID
     LEFT JOIN build_file..tbCoDoctor AS d ON d.DoctorID = p.DoctorID1
     WHERE p.DcrDate IS NULL
-    ORDER BY Patient, p.IdNum;
+    ORDER BY m.LastName, m.FirstName, m.MiddleName, p.IdNum;
 END
 GO

@@ -1,7 +1,7 @@
 -- What the unit's users did in the days from @Start to @End, by user and time: charges posted and cancelled,
--- assessments made and revoked, slips printed again. OnAccount is the amount that an act put on a patient's account,
--- AtCashier the amount that it asked for at the cashier; what was taken back is negative. Revokes and re-prints come
--- without their user.
+-- assessments made and revoked, charge slips printed again. OnAccount is the amount that an act put on a patient's
+-- account, AtCashier the amount that it asked for at the cashier; what was taken back is negative. Revokes and re-prints
+-- come without their user.
 USE REPORTS;
 GO
 
@@ -42,7 +42,7 @@ BEGIN
                COALESCE((SELECT TOP 1 CONCAT(m.LastName, ', ', m.FirstName, ' ', m.MiddleName)
                          FROM BILLING..tbPatientCharges AS c
                          INNER JOIN PATIENT_DATA..tbmaster AS m ON m.HospNum = c.HospNum
-                         WHERE c.RefNum = t.RefNum ORDER BY c.ChargeID), ''),
+                         WHERE c.RefNum = t.RefNum AND c.SourceDept = 'HC' ORDER BY c.ChargeID), ''),
                '', '', CONCAT('RE-PRINT NO. ', t.Times, ' OF THE SLIP'), '', CAST(NULL AS money), CAST(NULL AS money)
         FROM BILLING..tbAuditTrail AS t
         WHERE t.AuditDate >= @Start AND t.AuditDate < DATEADD(day, 1, @End) AND t.Event = 'REPRINT'

@@ -1,6 +1,6 @@
 -- The unit's charges of in-patients (I) or out-patients (O) in the days from @Start to @End, by the company that pays
 -- and by admission or visit. A cancellation counts on the day on which it was made. Whoever has no company on file
--- pays himself.
+-- pays himself. Slips are those posted in these days.
 USE REPORTS;
 GO
 
@@ -20,7 +20,8 @@ BEGIN
         SELECT g.HospNum, g.IdNum, COALESCE(p.CompanyID, v.CompanyID, 'PER') AS CompanyID, g.Slips, g.Charged,
                g.Cancelled, g.Net
         FROM (
-            SELECT c.HospNum, c.IdNum, COUNT(DISTINCT c.RefNum) AS Slips,
+            SELECT c.HospNum, c.IdNum,
+                   COUNT(DISTINCT CASE WHEN c.RecordType <> 'C' THEN c.RefNum ELSE NULL END) AS Slips,
                    SUM(CASE WHEN c.RecordType = 'C' THEN 0 ELSE c.Amount END) AS Charged,
                    SUM(CASE WHEN c.RecordType = 'C' THEN c.Amount ELSE 0 END) AS Cancelled, SUM(c.Amount) AS Net
             FROM BILLING..tbPatientCharges AS c
@@ -33,6 +34,6 @@ BEGIN
     ) AS x
     LEFT JOIN build_file..tbCoCompany AS o ON o.CompanyID = x.CompanyID
     LEFT JOIN PATIENT_DATA..tbmaster AS m ON m.HospNum = x.HospNum
-    ORDER BY Company, x.CompanyID, Patient, x.IdNum;
+    ORDER BY Company, x.CompanyID, m.LastName, m.FirstName, m.MiddleName, x.IdNum;
 END
 GO

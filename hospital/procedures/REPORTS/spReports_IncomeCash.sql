@@ -1,6 +1,7 @@
 -- What cash patients paid for the unit's assessments in the days from @Start to @End, by department and service. A line
--- counts on the day of its receipt; a paid line that was revoked is taken off on the day of the revoke. Unpaid is what
--- was assessed in these days and still waits for payment; it is no income.
+-- counts on the day of its receipt; a paid line that was revoked is taken off on the day of the revoke. A line that was
+-- paid after its revoke stays income: nothing took that money back. Unpaid is what was assessed in these days and still
+-- waits for payment; it is no income.
 USE REPORTS;
 GO
 
@@ -25,7 +26,7 @@ BEGIN
             SELECT a.Revenueid, a.ItemID, a.Description, 0, CAST(0 AS money), 0 - a.Amount, CAST(0 AS money)
             FROM BILLING..tbCashAssessment AS a
             WHERE a.RevokeDate >= @Start AND a.RevokeDate < DATEADD(day, 1, @End) AND a.DeptCode = 'HC'
-              AND a.ORDate IS NOT NULL
+              AND a.RevokeDate >= a.ORDate
             UNION ALL
             SELECT a.Revenueid, a.ItemID, a.Description, 0, CAST(0 AS money), CAST(0 AS money), a.Amount
             FROM BILLING..tbCashAssessment AS a
