@@ -32,10 +32,13 @@ class CensusTest : public PeriodGround {
     static QRadioButton& Option(const char* name) {
         return Find<QRadioButton>(Screens::Get<frmCensus>(), name);
     }
-    /// Presses the button and answers the window that the census shows in.
+    /// Presses the button and answers the window that the census shows in, its rows fetched.
     frmReport* View() {
         Click(Find<QPushButton>(Screens::Get<frmCensus>(), "cmdView"));
-        return workspace.findChild<frmReport*>();
+        auto* window = workspace.findChild<frmReport*>();
+        if (window)
+            AwaitWork(*window);
+        return window;
     }
 };
 
