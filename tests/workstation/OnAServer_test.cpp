@@ -78,6 +78,8 @@ TEST_F(OnAServer, AnApostropheIsTheServersErrorAndEndsTheProcess) {
     EXPECT_EQ(run.exitCode, kFailed);
     ASSERT_THAT(run.told, SizeIs(1));
     EXPECT_TRUE(run.told[0].contains(u"Incorrect syntax near 'BRIEN'"_s)) << run.told[0].toStdString();
+    // The session behind the wire has let go of the hospital's file then.
+    server.Close();
     EXPECT_EQ(HospitalContent(), before);
 }
 

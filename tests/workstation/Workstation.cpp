@@ -41,6 +41,8 @@ QString AskSqlite(const QString& path, const char* sql) {
     sqlite3* database = nullptr;
     QString answer;
     if (sqlite3_open_v2(path.toUtf8().constData(), &database, SQLITE_OPEN_READONLY, nullptr) == SQLITE_OK) {
+        // A process that has just ended may still be letting go of the file.
+        sqlite3_busy_timeout(database, 10000);
         sqlite3_exec(
             database, sql,
             [](void* out, int columns, char** values, char**) {
