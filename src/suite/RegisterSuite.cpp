@@ -2,7 +2,6 @@
 
 #include "components/clsDiagnosisCodes.h"
 #include "components/ComponentRegistry.h"
-#include "gateway/odbc/OdbcDataSources.h"
 #include "reporting/ReportConnector.h"
 #include "suite/CurrentUser.h"
 #include "suite/Listing.h"
@@ -32,11 +31,20 @@ class DiagnosisCodes : public clsDiagnosisCodes {
     void SetActiveConnection(CommandGateway*) override {}
 };
 
-std::vector<std::unique_ptr<DataSource>> DataSources(const QString& dataFolder) {
+/// The data sources of the machine. A workstation that cannot list them still has the trial hospital.
+QStringList Listed(const DataSourceList& list) {
+    try {
+        return list();
+    } catch (const RunTimeError&) {
+        return {};
+    }
+}
+
+std::vector<std::unique_ptr<DataSource>> DataSources(const QString& dataFolder, const DataSourceList& list) {
     std::vector<std::unique_ptr<DataSource>> sources;
     sources.push_back(std::make_unique<TrialHospital>(dataFolder));
     const QString trial = sources.front()->Name();
-    for (const QString& name : OdbcDataSources()) {
+    for (const QString& name : Listed(list)) {
         // A report finds its data source by the name, so no two may share one.
         if (name != trial)
             sources.push_back(std::make_unique<OdbcSource>(name));
@@ -44,23 +52,26 @@ std::vector<std::unique_ptr<DataSource>> DataSources(const QString& dataFolder) 
     return sources;
 }
 
+std::unique_ptr<CommandGateway> ConnectTo(DataSource& source, const ReportLogOn& logOn) {
+    auto connection = LogOn(source, logOn.user, logOn.password);
+    connection->SetCommandTimeout(kReportTimeout);
+    connection->SetDefaultDatabase(logOn.database);
+    return connection;
+}
+
 std::unique_ptr<CommandGateway> ConnectReport(const QString& dataFolder, const ReportLogOn& logOn) {
-    for (const auto& source : DataSources(dataFolder)) {
-        if (source->Name() != logOn.server)
-            continue;
-        auto connection = LogOn(*source, logOn.user, logOn.password);
-        connection->SetDefaultDatabase(logOn.database);
-        connection->SetCommandTimeout(kReportTimeout);
-        return connection;
-    }
-    throw RunTimeError(RunTime::kItemNotFound, u"There is no data source '%1'."_s.arg(logOn.server));
+    TrialHospital trial(dataFolder);
+    if (logOn.server == trial.Name())
+        return ConnectTo(trial, logOn);
+    OdbcSource server(logOn.server);
+    return ConnectTo(server, logOn);
 }
 
 } // namespace
 
-void RegisterSuite(const QString& dataFolder) {
-    RegisterComponent(u"TARVEN_User.clsCurrentUser"_s, [dataFolder](const QString&) {
-        return std::make_shared<CurrentUser>(DataSources(dataFolder));
+void RegisterSuite(const QString& dataFolder, const DataSourceList& list) {
+    RegisterComponent(u"TARVEN_User.clsCurrentUser"_s, [dataFolder, list](const QString&) {
+        return std::make_shared<CurrentUser>(DataSources(dataFolder, list));
     });
     Register<StockItem>(u"StockItemLib.clsStockItem"_s);
     Register<OnlyCreated>(u"ResultViewLib.clsResultView"_s);

@@ -59,3 +59,46 @@ TEST(Rights, CoverEveryTableThatTheProgramAndItsTemplatesName) {
     }
     EXPECT_GT(seen, 20);
 }
+
+TEST(Rights, AreTheseAndNoOthers) {
+    static const QRegularExpression statement(
+        u"^USE (\\w+);|^GRANT ([\\w, ]+) ON dbo\\.(\\w+) TO tarven_hemodialysis;$"_s);
+    QStringList granted;
+    QString database;
+    for (const QString& line :
+         Read(QStringLiteral(TARVEN_SOURCE_DIR "/tools/sqlserver/rights.sql")).split(u'\n')) {
+        if (line.isEmpty() || line == u"GO"_s || line.startsWith(u"--"_s))
+            continue;
+        const auto match = statement.match(line);
+        ASSERT_TRUE(match.hasMatch()) << line.toStdString();
+        if (match.hasCaptured(3))
+            granted.append(u"%1.%2 %3"_s.arg(database, match.captured(3), match.captured(2)));
+        else
+            database = match.captured(1);
+    }
+    granted.sort();
+    EXPECT_EQ(granted, (QStringList{
+                           u"BILLING.tbAssessmentNum SELECT, UPDATE"_s,
+                           u"BILLING.tbCashAssessment SELECT"_s,
+                           u"Clinical_Area.tbEarCareChargePrint SELECT, DELETE"_s,
+                           u"Clinical_Area.tbEarCareChargeSlip SELECT, UPDATE"_s,
+                           u"HEMODIALYSIS.tbHemodialysisResultEntry SELECT"_s,
+                           u"HEMODIALYSIS.tbhemopackage SELECT"_s,
+                           u"INVENTORY.tbInvMaster SELECT"_s,
+                           u"INVENTORY.tbInvStockCard SELECT"_s,
+                           u"PASSWORD.tbPasswordDept SELECT"_s,
+                           u"PASSWORD.tbPasswordMain SELECT"_s,
+                           u"PATIENT_DATA.tbhospitalInfo SELECT"_s,
+                           u"PATIENT_DATA.tbmaster SELECT"_s,
+                           u"PATIENT_DATA.tboutpatient SELECT"_s,
+                           u"PATIENT_DATA.tbpatient SELECT"_s,
+                           u"build_file.tbCoAddress SELECT"_s,
+                           u"build_file.tbCoCivilStatus SELECT"_s,
+                           u"build_file.tbCoCompany SELECT"_s,
+                           u"build_file.tbCoDoctor SELECT"_s,
+                           u"build_file.tbCoOtherRevenue SELECT"_s,
+                           u"build_file.tbCoRoom SELECT"_s,
+                           u"build_file.tbCoStation SELECT"_s,
+                           u"build_file.tbcoultraexam SELECT"_s,
+                       }));
+}

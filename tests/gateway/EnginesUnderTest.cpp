@@ -1,5 +1,6 @@
 #include "gateway/embedded/ScriptParser.h"
 #include "gateway/GatewayContract.h"
+#include "gateway/GatewayTexts.h"
 #include "gateway/odbc/OdbcGateway.h"
 #include "gateway/SmallHospital.h"
 #include "support/tds/EngineSession.h"
@@ -7,6 +8,8 @@
 
 #include <QMap>
 #include <QRegularExpression>
+
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -47,7 +50,10 @@ class LiveUnderTest : public HospitalUnderTest {
         for (const QString& part : connection.split(u';'))
             mLogon[part.section(u'=', 0, 0).trimmed().toUpper()] = part.section(u'=', 1);
         mGateway = Connect();
-        Drop();
+        mGateway->SetCommandTimeout(kTurn);
+        // One case at a time: each makes the same tables. The turn ends with the connection.
+        mGateway->ExecuteNoResult(u"EXEC sp_getapplock 'tarven_contract', 'Exclusive', 'Session', -1"_s);
+        ClaimNames();
         for (const Script& script : SmallHospitalScripts()) {
             for (const Batch& batch : SplitBatches(script.text))
                 mGateway->ExecuteNoResult(batch.text.toString());
@@ -56,7 +62,8 @@ class LiveUnderTest : public HospitalUnderTest {
     }
     ~LiveUnderTest() override {
         try {
-            Drop();
+            if (mIsClaimed)
+                Drop();
         } catch (const std::exception& error) {
             ADD_FAILURE() << error.what();
         }
@@ -68,7 +75,11 @@ class LiveUnderTest : public HospitalUnderTest {
     }
 
   private:
-    void Drop() {
+    /// Seconds that a case waits for its turn.
+    static constexpr int kTurn = 120;
+
+    /// Calls with each object of the small hospital: its database, its kind and its name.
+    template <class Call> static void ForEachObject(const Call& call) {
         static const QRegularExpression made(u"USE (\\w+);|CREATE (TABLE|PROCEDURE) dbo\\.(\\w+)"_s);
         for (const Script& script : SmallHospitalScripts()) {
             QString database;
@@ -78,14 +89,43 @@ class LiveUnderTest : public HospitalUnderTest {
                     database = match.captured(1);
                     continue;
                 }
-                mGateway->ExecuteNoResult(u"USE "_s + database);
-                mGateway->ExecuteNoResult(u"IF OBJECT_ID('dbo.%2') IS NOT NULL DROP %1 dbo.%2"_s.arg(
-                    match.captured(2), match.captured(3)));
+                call(database, match.captured(2), match.captured(3));
             }
         }
     }
 
+    /// Drops what an earlier case left. The mark tells that the objects are the contract's; without it a
+    /// server's own ones of these names stand there, which are left alone.
+    void ClaimNames() {
+        if (Exists(kMark)) {
+            Drop();
+        } else {
+            ForEachObject([this](const QString& database, const QString&, const QString& name) {
+                if (Exists(database + u".dbo."_s + name))
+                    throw std::runtime_error("the server has its own " +
+                                             (database + u".dbo."_s + name).toStdString());
+            });
+        }
+        mGateway->ExecuteNoResult(u"CREATE TABLE %1 (Made datetime NOT NULL DEFAULT GETDATE())"_s.arg(kMark));
+        mIsClaimed = true;
+    }
+
+    bool Exists(const QString& object) {
+        return RowTexts(*mGateway, u"SELECT OBJECT_ID('%1')"_s.arg(object)) != QStringList{u"NULL"_s};
+    }
+
+    void Drop() {
+        ForEachObject([this](const QString& database, const QString& kind, const QString& name) {
+            mGateway->ExecuteNoResult(u"USE "_s + database);
+            mGateway->ExecuteNoResult(u"IF OBJECT_ID('dbo.%2') IS NOT NULL DROP %1 dbo.%2"_s.arg(kind, name));
+        });
+        mGateway->ExecuteNoResult(u"DROP TABLE "_s + kMark);
+    }
+
+    inline static const QString kMark = u"PASSWORD.dbo.tarven_contract"_s;
+
     QMap<QString, QString> mLogon;
+    bool mIsClaimed = false;
     std::unique_ptr<CommandGateway> mGateway;
 };
 

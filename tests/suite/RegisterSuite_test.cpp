@@ -5,11 +5,14 @@
 #include "components/clsStockItem.h"
 #include "components/clsStockList.h"
 #include "components/ComponentRegistry.h"
+#include "gateway/odbc/OdbcError.h"
 #include "reporting/ReportConnector.h"
 #include "suite/RegisterSuite.h"
 #include "suite/SuiteTest.h"
 
+#include <QComboBox>
 #include <QFile>
+#include <QScopeGuard>
 
 using namespace Qt::StringLiterals;
 
@@ -32,8 +35,25 @@ class RegisterSuiteTest : public SuiteTest {
         return 0;
     }
 
+    /// The data sources that the sign-on window offers.
+    static QStringList Offered() {
+        QStringList names;
+        const OnDialog look([&names](QDialog& dialog) {
+            const auto& list = Find<QComboBox>(dialog, "cmbDataSource");
+            for (int i = 0; i < list.count(); ++i)
+                names.append(list.itemText(i));
+            dialog.reject();
+        });
+        CreateObject<clsCurrentUser>(u"TARVEN_User.clsCurrentUser"_s)->ShowMain();
+        return names;
+    }
+
     QTemporaryDir folder;
 };
+
+QStringList NoList() {
+    throw RunTimeError(kOdbcFailure, u"The driver manager is broken."_s);
+}
 
 TEST_F(RegisterSuiteTest, EveryComponentCanBeCreatedByItsClassName) {
     EXPECT_TRUE(CreateObject<clsCurrentUser>(u"TARVEN_User.clsCurrentUser"_s).IsSet());
@@ -66,7 +86,34 @@ TEST_F(RegisterSuiteTest, AReportReachesTheTrialHospitalWithTheUsersLogon) {
 
 TEST_F(RegisterSuiteTest, AReportWithAWrongPasswordOrServerIsRefused) {
     EXPECT_EQ(ErrorOf({u"Trial hospital"_s, u"Clinical_Area"_s, u"NURSE"_s, u"wrong"_s}), 18456);
-    EXPECT_EQ(ErrorOf({u"closed long ago"_s, u"Clinical_Area"_s, u"NURSE"_s, u"nurse"_s}), 3265);
+    EXPECT_EQ(ErrorOf({u"closed long ago"_s, u"Clinical_Area"_s, u"NURSE"_s, u"nurse"_s}), kOdbcFailure);
+}
+
+TEST_F(RegisterSuiteTest, WithoutAListOfDataSourcesTheTrialHospitalAloneIsOffered) {
+    RegisterSuite(folder.path(), NoList);
+    EXPECT_EQ(Offered(), QStringList{u"Trial hospital"_s});
+    EXPECT_NE(ConnectReport({u"Trial hospital"_s, u"Clinical_Area"_s, u"NURSE"_s, u"nurse"_s}), nullptr);
+}
+
+TEST_F(RegisterSuiteTest, AMachineWithoutDataSourcesHasTheTrialHospital) {
+    const auto back = qScopeGuard([system = qgetenv("ODBCSYSINI"), user = qgetenv("ODBCINI")] {
+        qputenv("ODBCSYSINI", system);
+        qputenv("ODBCINI", user);
+    });
+    qputenv("ODBCSYSINI", folder.path().toUtf8());
+    qputenv("ODBCINI", folder.filePath(u"odbc.ini"_s).toUtf8());
+    EXPECT_EQ(Offered(), QStringList{u"Trial hospital"_s});
+}
+
+TEST_F(RegisterSuiteTest, AReportDoesNotListTheDataSources) {
+    int lists = 0;
+    RegisterSuite(folder.path(), [&lists] {
+        ++lists;
+        return QStringList();
+    });
+    ErrorOf({u"closed long ago"_s, u"Clinical_Area"_s, u"NURSE"_s, u"nurse"_s});
+    EXPECT_NE(ConnectReport({u"Trial hospital"_s, u"Clinical_Area"_s, u"NURSE"_s, u"nurse"_s}), nullptr);
+    EXPECT_EQ(lists, 0);
 }
 
 } // namespace

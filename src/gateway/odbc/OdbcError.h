@@ -7,6 +7,8 @@
 /// The number of a failure to which neither the server nor the driver gives one: the run-time's own for an
 /// unspecified failure of a data source.
 constexpr int kOdbcFailure = -2147467259;
+/// The run-time's own number for a command that was given up.
+constexpr int kOdbcCancelled = -2147217842;
 
 /// What the last failing call left behind on a handle, with the number of the server or the driver and its
 /// text without the names of the layers.

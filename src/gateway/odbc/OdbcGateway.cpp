@@ -4,6 +4,7 @@
 #include "gateway/odbc/OdbcError.h"
 #include "gateway/odbc/OdbcRows.h"
 
+#include <chrono>
 #include <sql.h>
 #include <sqlext.h>
 #include <sqlucode.h>
@@ -16,7 +17,33 @@ RunTimeError LostConnection() {
     return RunTimeError(kOdbcFailure, u"Communication link failure"_s, u"08S01"_s);
 }
 
+RunTimeError Cancelled() {
+    return RunTimeError(kOdbcCancelled, u"Operation was canceled."_s, u"HY008"_s);
+}
+
 } // namespace
+
+/// The statement of one command, shown to Cancel while the command runs.
+class OdbcGateway::Running {
+  public:
+    Running(OdbcGateway& gateway, const OdbcHandle& statement)
+        : mGateway(gateway) {
+        const std::lock_guard lock(mGateway.mMutex);
+        mGateway.mRunning = &statement;
+    }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+    ~Running() {
+        {
+            const std::lock_guard lock(mGateway.mMutex);
+            mGateway.mRunning = nullptr;
+        }
+        mGateway.mEnded.notify_all();
+    }
+
+  private:
+    OdbcGateway& mGateway;
+};
 
 OdbcGateway::OdbcGateway(const QString& dataSource, const QString& user, const QString& password,
                          int loginTimeout)
@@ -36,10 +63,25 @@ OdbcGateway::~OdbcGateway() {
 }
 
 void OdbcGateway::SetDefaultDatabase(const QString& name) {
-    constexpr qsizetype kSize = sizeof(SQLWCHAR);
-    mConnection.Check(SQLSetConnectAttrW(mConnection.Get(), SQL_ATTR_CURRENT_CATALOG, OdbcText(name),
-                                         SQLINTEGER(name.size() * kSize)));
+    // The driver's own attribute for it knows no timeout, and a silent server would hold the program for
+    // ever.
+    QString bracketed = name;
+    bracketed.replace(u']', u"]]"_s);
+    Run(u"USE ["_s + bracketed + u']');
     CommandGateway::SetDefaultDatabase(name);
+}
+
+void OdbcGateway::Cancel() {
+    mCancelled = true;
+    // A cancellation that comes just before the driver sends the command is lost on the driver, so it is
+    // asked for again.
+    constexpr int kTries = 20;
+    constexpr std::chrono::milliseconds kPause(10);
+    std::unique_lock lock(mMutex);
+    for (int i = 0; i < kTries && mRunning; ++i) {
+        SQLCancel(mRunning->Get());
+        mEnded.wait_for(lock, kPause);
+    }
 }
 
 bool OdbcGateway::IsLost() const {
@@ -56,23 +98,35 @@ CommandGateway::Outcome OdbcGateway::Run(const QString& command) {
                                     OdbcNumber(qulonglong(CommandTimeout())), 0));
     // Only some drivers know this one; the others are why commands are checked.
     SQLSetStmtAttrW(statement.Get(), SQL_ATTR_NOSCAN, OdbcNumber(SQL_NOSCAN_ON), 0);
+    const Running running(*this, statement);
+    if (mCancelled)
+        throw Cancelled();
     try {
-        const SQLRETURN result =
-            SQLExecDirectW(statement.Get(), OdbcText(command), SQLINTEGER(command.size()));
-        // This is how a command that touched no row is told.
-        if (result != SQL_NO_DATA)
-            statement.Check(result);
-        const Outcome outcome = ReadAnswer(statement);
-        // A driver may tell the loss by a message alone.
-        if (IsLost())
-            throw LostConnection();
+        Outcome outcome = RunStatement(statement, command);
+        // A driver may tell the end of the rows where the cancellation cut them off.
+        if (mCancelled)
+            throw Cancelled();
         return outcome;
     } catch (const RunTimeError& error) {
+        if (mCancelled)
+            throw Cancelled();
         // What the driver says of a connection that broke under it may be no more than "Unknown error".
         if (error.State() == "HY000"_L1 && IsLost())
             throw LostConnection();
         throw;
     }
+}
+
+CommandGateway::Outcome OdbcGateway::RunStatement(const OdbcHandle& statement, const QString& command) const {
+    const SQLRETURN result = SQLExecDirectW(statement.Get(), OdbcText(command), SQLINTEGER(command.size()));
+    // This is how a command that touched no row is told.
+    if (result != SQL_NO_DATA)
+        statement.Check(result);
+    Outcome outcome = ReadAnswer(statement);
+    // A driver may tell the loss by a message alone.
+    if (IsLost())
+        throw LostConnection();
+    return outcome;
 }
 
 CommandGateway::Outcome OdbcGateway::ReadAnswer(const OdbcHandle& statement) const {

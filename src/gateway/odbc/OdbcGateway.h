@@ -5,6 +5,10 @@
 
 #include <QString>
 
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+
 /// The gateway to the hospital's server behind an ODBC data source. A text goes out as one plain batch, and
 /// its answer is read to the end before the caller sees it.
 class OdbcGateway : public CommandGateway {
@@ -23,6 +27,9 @@ class OdbcGateway : public CommandGateway {
     QString ConnectionString() const override { return mConnectionString; }
     /// Raises 911 for a database that the server has not.
     void SetDefaultDatabase(const QString& name) override;
+    /// Comes back when the command that is running has ended, or after a moment when the server does not let
+    /// go of it.
+    void Cancel() override;
 
   protected:
     /// A timeout may come when twice its seconds have passed: the server has as long to confirm that it gave
@@ -30,6 +37,10 @@ class OdbcGateway : public CommandGateway {
     Outcome Run(const QString& command) override;
 
   private:
+    class Running;
+
+    /// Runs a statement that Cancel can reach.
+    Outcome RunStatement(const OdbcHandle& statement, const QString& command) const;
     /// Reads every result of a statement that has been executed.
     Outcome ReadAnswer(const OdbcHandle& statement) const;
     bool IsLost() const;
@@ -37,4 +48,9 @@ class OdbcGateway : public CommandGateway {
     QString mConnectionString;
     OdbcEnvironment mEnvironment;
     OdbcHandle mConnection;
+    std::atomic<bool> mCancelled = false;
+    /// Guards the statement that is running, which is null between two commands.
+    std::mutex mMutex;
+    std::condition_variable mEnded;
+    const OdbcHandle* mRunning = nullptr;
 };

@@ -9,6 +9,8 @@
 #include <sqlext.h>
 #include <sqlucode.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 /// One cell of the current row, by the column's number from 1.
@@ -92,7 +94,7 @@ Value ReadTextValue(const Cell& cell) {
 
 Value ReadDecimal(const Cell& cell) {
     QString text;
-    return cell.ReadText(text) ? Value(Decimal{std::move(text)}) : Value();
+    return cell.ReadText(text) ? Value(Decimal{WithLeadingZero(text)}) : Value();
 }
 
 CellReader ReaderOf(SQLSMALLINT type) {
@@ -134,6 +136,11 @@ CellReader Describe(const OdbcHandle& statement, SQLUSMALLINT column, QString& n
 }
 
 } // namespace
+
+QString WithLeadingZero(const QString& number) {
+    const qsizetype point = number.startsWith(u'-') ? 1 : 0;
+    return number.mid(point, 1) == "."_L1 ? QString(number).insert(point, u'0') : number;
+}
 
 std::shared_ptr<const RowData> ReadOdbcRows(const OdbcHandle& statement, int columns) {
     auto data = std::make_shared<RowData>();

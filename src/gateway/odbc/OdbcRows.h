@@ -2,6 +2,8 @@
 
 #include "gateway/RowSet.h"
 
+#include <QString>
+
 #include <memory>
 
 class OdbcHandle;
@@ -10,3 +12,6 @@ class OdbcHandle;
 /// floating numbers, money and decimals as exact text, dates, texts. Raises what stopped the reading; rows
 /// that came before a failure are never handed out as if they were all.
 std::shared_ptr<const RowData> ReadOdbcRows(const OdbcHandle& statement, int columns);
+
+/// A decimal's text with a 0 before its point, which some drivers leave out as in "-.5000".
+QString WithLeadingZero(const QString& number);

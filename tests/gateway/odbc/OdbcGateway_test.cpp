@@ -3,8 +3,10 @@
 #include "gateway/odbc/OdbcServer.h"
 
 #include <arpa/inet.h>
+#include <future>
 #include <netinet/in.h>
 #include <sys/socket.h>
+#include <thread>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -21,6 +23,8 @@ void AnswerLines(TdsAnswer& answer, int lines) {
 }
 
 constexpr int kSeveralPackets = 5000;
+/// Seconds for a command that is to come to its end however busy the machine is.
+constexpr int kPatient = 120;
 
 } // namespace
 
@@ -157,6 +161,18 @@ TEST_F(OdbcGatewayTest, DatabaseThatTheServerHasNotIsItsError) {
     EXPECT_EQ(mGateway->DefaultDatabase(), QString());
 }
 
+TEST_F(OdbcGatewayTest, ANameOfADatabaseIsOneNameWhateverIsInIt) {
+    mGateway->SetDefaultDatabase(u"a]; DELETE x {?}"_s);
+    EXPECT_EQ(mServer.Batches(), QStringList{u"USE [a]]; DELETE x {?}]"_s});
+}
+
+TEST_F(OdbcGatewayTest, AServerThatIsSilentAboutTheDefaultDatabaseIsGivenUp) {
+    AnswerWith([](const QString&, TdsAnswer& answer) { answer.FallSilent(); });
+    mGateway->SetCommandTimeout(1);
+    EXPECT_EQ(FailureOf([this] { mGateway->SetDefaultDatabase(u"PASSWORD"_s); }).state, u"HYT00"_s);
+    EXPECT_EQ(mGateway->DefaultDatabase(), QString());
+}
+
 // What comes back.
 
 TEST_F(OdbcGatewayTest, ResultsBehindTheFirstAreReadAndDropped) {
@@ -260,6 +276,7 @@ TEST_F(OdbcGatewayTest, CommandThatTakesTooLongFailsAndTheNextOneWorks) {
     const Failure failure = FailureOfCommand(u"slow"_s);
     EXPECT_EQ(failure.text, u"Timeout expired"_s);
     EXPECT_EQ(failure.state, u"HYT00"_s);
+    mGateway->SetCommandTimeout(kPatient);
     EXPECT_EQ(RowTexts(*mGateway, u"quick"_s), QStringList{u"1"_s});
 }
 
@@ -277,6 +294,47 @@ TEST_F(OdbcGatewayTest, ServerThatDoesNotEvenConfirmTheTimeoutIsLost) {
     mGateway->SetCommandTimeout(1);
     EXPECT_EQ(FailureOfCommand().text, u"Timeout expired"_s);
     EXPECT_EQ(FailureOfCommand().text, u"Communication link failure"_s);
+}
+
+TEST_F(OdbcGatewayTest, ACommandIsGivenUpFromAnotherThreadHoweverLongItMayTake) {
+    std::promise<void> running;
+    AnswerWith([&running](const QString&, TdsAnswer& answer) {
+        running.set_value();
+        answer.WaitForCancel();
+    });
+    mGateway->SetCommandTimeout(0);
+    std::jthread canceller([this, &running] {
+        running.get_future().wait();
+        mGateway->Cancel();
+    });
+    const Failure failure = FailureOfCommand();
+    EXPECT_EQ(failure.number, -2147217842);
+    EXPECT_EQ(failure.text, u"Operation was canceled."_s);
+    EXPECT_EQ(failure.state, u"HY008"_s);
+}
+
+TEST_F(OdbcGatewayTest, ACancellationInTheMiddleOfTheRowsIsAFailureAndNotTheirEnd) {
+    std::promise<void> running;
+    AnswerWith([&running](const QString&, TdsAnswer& answer) {
+        AnswerLines(answer, kSeveralPackets);
+        answer.Send();
+        running.set_value();
+        answer.WaitForCancel();
+    });
+    mGateway->SetCommandTimeout(0);
+    std::jthread canceller([this, &running] {
+        running.get_future().wait();
+        mGateway->Cancel();
+    });
+    EXPECT_EQ(FailureOfCommand().number, -2147217842);
+}
+
+TEST_F(OdbcGatewayTest, AConnectionThatWasGivenUpRunsNothingMore) {
+    mGateway->Cancel();
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(FailureOfCommand().number, -2147217842);
+    EXPECT_EQ(mServer.Batches(), QStringList());
+    EXPECT_NO_THROW(Connect()->ExecuteNoResult(u"x"_s)) << "other connections go on";
 }
 
 TEST_F(OdbcGatewayTest, CutInTheMiddleOfTheRowsIsAFailureAndNotTheEnd) {

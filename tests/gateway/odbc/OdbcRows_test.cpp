@@ -50,6 +50,7 @@ const TypeCase kTypes[] = {
     {"date_first", {.type = TdsType::Date}, *DateTime::FromFields({1, 1, 1, 0, 0, 0, 0})},
     {"char", {.type = TdsType::Char, .length = 6}, u"ÑU"_s, u"ÑU    "_s},
     {"varchar", {.type = TdsType::VarChar}, u"PEÑA, Niño "_s},
+    {"varchar_of_the_code_page", {.type = TdsType::VarChar}, u"€ ‚„… “ÑÿŸ” – ™"_s},
     {"varchar_empty", {.type = TdsType::VarChar}, QString()},
     {"nvarchar", {.type = TdsType::NVarChar}, u"Peña 漢字 😀"_s},
     {"varchar_max", {.type = TdsType::VarCharMax}, u"one"_s},
@@ -77,6 +78,13 @@ TEST_P(OdbcRowsTypes, ValueAndNullComeAsTheColumnsType) {
     rows.MoveNext();
     EXPECT_TRUE(rows.Fields(u"It").IsNull());
     EXPECT_EQ(rows.Fields(u"Next"), Value(2));
+}
+
+TEST(OdbcRows, ADecimalHasADigitBeforeItsPointWhateverTheDriverLeavesOut) {
+    EXPECT_EQ(WithLeadingZero(u".5000"_s), u"0.5000"_s);
+    EXPECT_EQ(WithLeadingZero(u"-.5000"_s), u"-0.5000"_s);
+    for (const QString& whole : {u"0.5000"_s, u"-0.5000"_s, u"12.35"_s, u"-12"_s, u"7"_s})
+        EXPECT_EQ(WithLeadingZero(whole), whole);
 }
 
 using OdbcRowsTest = OdbcServer;

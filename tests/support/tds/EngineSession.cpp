@@ -30,14 +30,20 @@ TdsColumn ColumnOf(const Value& value) {
     return std::visit(Describe{}, value.Get());
 }
 
-/// The first value of a column that is not Null decides.
+/// The first value of a column that is not Null decides, and among decimals the one with the most digits
+/// behind its point.
 TdsColumn ColumnOf(const RowData& rows, size_t column) {
     TdsColumn described;
     for (size_t row = 0; row < rows.RowCount(); ++row) {
-        if (!rows.Cell(row, column).IsNull()) {
-            described = ColumnOf(rows.Cell(row, column));
+        if (rows.Cell(row, column).IsNull())
+            continue;
+        const TdsColumn found = ColumnOf(rows.Cell(row, column));
+        if (found.type != TdsType::Decimal) {
+            described = found;
             break;
         }
+        if (described.type != TdsType::Decimal || found.scale > described.scale)
+            described = found;
     }
     described.name = rows.columns[column];
     return described;

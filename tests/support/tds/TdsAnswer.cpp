@@ -67,7 +67,7 @@ void TdsAnswer::Token(int token, const TdsBytes& content) {
     mBytes.Raw(content.Get());
 }
 
-void TdsAnswer::Message(int token, int number, int severity, const QString& text) {
+void TdsAnswer::Message(int token, int number, int severity, const QString& text, int line) {
     TdsBytes content;
     content.Number(quint64(number), 4);
     content.Byte(1);
@@ -75,18 +75,18 @@ void TdsAnswer::Message(int token, int number, int severity, const QString& text
     content.Text(text, 2);
     content.Text(u"RESPONDER"_s, 1);
     content.Text(QString(), 1);
-    content.Number(1, 4);
+    content.Number(quint64(line), 4);
     Token(token, content);
 }
 
-void TdsAnswer::Error(int number, const QString& text, int severity) {
-    Message(kError, number, severity, text);
+void TdsAnswer::Error(int number, const QString& text, int severity, int line) {
+    Message(kError, number, severity, text, line);
     mFailed = true;
     Done();
 }
 
 void TdsAnswer::Info(int number, const QString& text) {
-    Message(kInfo, number, 0, text);
+    Message(kInfo, number, 0, text, 1);
 }
 
 void TdsAnswer::DatabaseChanged(const QString& name) {

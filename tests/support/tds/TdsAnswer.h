@@ -20,7 +20,8 @@ class TdsAnswer {
     /// The end of a statement; `rows` is what it read or wrote, -1 for a statement that does not tell.
     void Done(qint64 rows = -1);
     /// An error as the server reports it. Statements that follow it are answered on.
-    void Error(int number, const QString& text, int severity = 16);
+    /// `line` is where in the batch it arose.
+    void Error(int number, const QString& text, int severity = 16, int line = 1);
     /// A message that is no error.
     void Info(int number, const QString& text);
     /// The session's database is another one now.
@@ -41,7 +42,7 @@ class TdsAnswer {
 
     static QByteArray CancelConfirmed();
     void Token(int token, const TdsBytes& content);
-    void Message(int token, int number, int severity, const QString& text);
+    void Message(int token, int number, int severity, const QString& text, int line);
     /// Everything said, with the last statement marked as the last.
     QByteArray Finish();
 

@@ -1,6 +1,10 @@
 #include "support/tds/TdsResponder.h"
 
+#include <QDebug>
+
 #include <arpa/inet.h>
+#include <cerrno>
+#include <cstring>
 #include <netinet/in.h>
 #include <stdexcept>
 #include <sys/socket.h>
@@ -33,15 +37,17 @@ QByteArray LoginAcknowledged() {
     return token.Get();
 }
 
-int ListenOnLoopback() {
-    const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+/// A socket on a loopback port, 0 for any that is free; -1 when the port is taken.
+int BindToLoopback(int port) {
+    const int bound = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    if (listener < 0 || bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
-        listen(listener, SOMAXCONN) != 0)
-        throw std::runtime_error("no loopback port for the responder");
-    return listener;
+    address.sin_port = htons(quint16(port));
+    if (bound >= 0 && bind(bound, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0)
+        return bound;
+    close(bound);
+    return -1;
 }
 
 int PortOf(int listener) {
@@ -49,6 +55,21 @@ int PortOf(int listener) {
     socklen_t size = sizeof address;
     getsockname(listener, reinterpret_cast<sockaddr*>(&address), &size);
     return ntohs(address.sin_port);
+}
+
+int ListenOnLoopback() {
+    constexpr int kTries = 100;
+    for (int i = 0; i < kTries; ++i) {
+        const int any = BindToLoopback(0);
+        const int port = PortOf(any);
+        close(any);
+        // Only a port that is asked for by its number stays with a socket that listens no longer.
+        const int listener = BindToLoopback(port);
+        if (listener >= 0 && listen(listener, SOMAXCONN) == 0)
+            return listener;
+        close(listener);
+    }
+    throw std::runtime_error("no loopback port for the responder");
 }
 
 } // namespace
@@ -61,6 +82,9 @@ TdsResponder::TdsResponder(std::function<Handler()> newSession)
 
 TdsResponder::~TdsResponder() {
     Close();
+    close(mListener);
+    for (const QString& problem : TakeProblems())
+        qFatal("in a session of the responder: %s", qUtf8Printable(problem));
 }
 
 void TdsResponder::Close() {
@@ -72,9 +96,10 @@ void TdsResponder::Close() {
         for (const auto& connection : mConnections)
             connection->Shut();
     }
+    // A socket that no longer listens keeps its port until the end, so that no other server can get it and be
+    // taken for this one.
     shutdown(mListener, SHUT_RDWR);
     mThread.join();
-    close(mListener);
     for (std::thread& session : mSessions)
         session.join();
     mSessions.clear();
@@ -102,13 +127,31 @@ std::vector<TdsLogin> TdsResponder::Logins() const {
     return mLogins;
 }
 
+QStringList TdsResponder::TakeProblems() {
+    const std::lock_guard lock(mMutex);
+    return std::exchange(mProblems, {});
+}
+
+void TdsResponder::Keep(const QString& problem) {
+    const std::lock_guard lock(mMutex);
+    mProblems.append(problem);
+}
+
 void TdsResponder::Listen() {
     while (true) {
         const int socket = accept4(mListener, nullptr, nullptr, SOCK_CLOEXEC);
+        const int problem = socket < 0 ? errno : 0;
         const std::lock_guard lock(mMutex);
-        if (socket < 0 || mClosed) {
+        if (mClosed) {
             if (socket >= 0)
                 close(socket);
+            return;
+        }
+        // A signal, or a program that went away before it was let in.
+        if (problem == EINTR || problem == ECONNABORTED)
+            continue;
+        if (socket < 0) {
+            mProblems.append(u"accept: "_s + QString::fromLocal8Bit(std::strerror(problem)));
             return;
         }
         mConnections.push_back(std::make_shared<TdsConnection>(socket));
@@ -125,6 +168,8 @@ void TdsResponder::Serve(TdsConnection& connection) {
         }
     } catch (const TdsConnection::Ended&) {
         // The program or the test has ended the connection, which ends the session.
+    } catch (const std::exception& error) {
+        Keep(QString::fromUtf8(error.what()));
     }
     connection.Shut();
 }

@@ -35,11 +35,16 @@ class TdsResponder {
     void ForgetBatches();
     std::vector<TdsLogin> Logins() const;
 
-    /// Ends every connection and listens no longer, as a server that is switched off.
+    /// Ends every connection and listens no longer, as a server that is switched off. The port stays taken.
     void Close();
+
+    /// What went wrong in the answering so far, which is then forgotten. What is left of it at the end ends
+    /// the program, since no test or measurement is worth anything then.
+    QStringList TakeProblems();
 
   private:
     void Listen();
+    void Keep(const QString& problem);
     void Serve(TdsConnection& connection);
     bool LogIn(TdsConnection& connection);
     void AnswerBatch(TdsConnection& connection, const Handler& handler, const TdsMessage& message);
@@ -52,6 +57,7 @@ class TdsResponder {
     bool mAdmitsAll = true;
     TdsLogin mAdmitted;
     QStringList mBatches;
+    QStringList mProblems;
     std::vector<TdsLogin> mLogins;
     std::vector<std::shared_ptr<TdsConnection>> mConnections;
     std::vector<std::thread> mSessions;

@@ -1,7 +1,10 @@
 #include "support/tds/TdsTypes.h"
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <cmath>
+#include <stdexcept>
 
 namespace {
 
@@ -57,7 +60,11 @@ qint64 Scaled(const Value& value, int scale) {
     const qsizetype point = text.indexOf(u'.');
     const QString whole = point < 0 ? text : text.left(point);
     const QString part = point < 0 ? QString() : text.mid(point + 1);
-    return (whole + part.leftJustified(scale, u'0', true)).toLongLong();
+    bool fits = false;
+    const qint64 scaled = (whole + part.leftJustified(scale, u'0')).toLongLong(&fits);
+    if (!fits || part.size() > scale)
+        throw std::invalid_argument("the column cannot hold " + text.toStdString());
+    return scaled;
 }
 
 /// Days since a day that lies that many days before the run-time's day 0, 1899-12-30.
@@ -75,10 +82,30 @@ void WriteCollation(TdsBytes& bytes) {
     bytes.Raw(QByteArray::fromHex("0904d00034"));
 }
 
+/// The bytes of a text in the server's code page. It is Latin-1 but for the range of 32 signs that the latter
+/// leaves to control characters.
+QByteArray CodePage1252(const QString& text) {
+    constexpr char16_t kFirst = 0x80;
+    static constexpr std::array<char16_t, 32> kSigns = {
+        u'€', 0x81, u'‚', u'ƒ', u'„', u'…', u'†', u'‡', u'ˆ', u'‰', u'Š', u'‹', u'Œ', 0x8D, u'Ž', 0x8F,
+        0x90, u'‘', u'’', u'“', u'”', u'•', u'–', u'—', u'˜', u'™', u'š', u'›', u'œ', 0x9D, u'ž', u'Ÿ'};
+    QByteArray bytes;
+    for (const QChar c : text) {
+        const auto* const sign = std::find(kSigns.begin(), kSigns.end(), c.unicode());
+        if (sign != kSigns.end())
+            bytes.append(static_cast<char>(kFirst + (sign - kSigns.begin())));
+        else if (c.unicode() < kFirst || (c.unicode() >= 0xA0 && c.unicode() <= 0xFF))
+            bytes.append(static_cast<char>(c.unicode()));
+        else
+            throw std::invalid_argument("not in the code page: " + text.toStdString());
+    }
+    return bytes;
+}
+
 QByteArray TextBytes(const TdsColumn& column, const QString& text) {
     if (IsWide(column.type))
         return WideBytes(text);
-    QByteArray bytes = text.toLatin1();
+    QByteArray bytes = CodePage1252(text);
     if (column.type == TdsType::Char)
         bytes = bytes.leftJustified(column.length, ' ');
     return bytes;

@@ -63,5 +63,6 @@ QString WideText(const QByteArray& bytes);
 
 /// Writes what a column's description tells of its type.
 void WriteType(TdsBytes& bytes, const TdsColumn& column);
-/// Writes a cell; the value must be one that fits the column's type, or Null.
+/// Writes a cell; the value must be one that fits the column's type, or Null. Raises std::invalid_argument
+/// for a number or a text that would be cut.
 void WriteCell(TdsBytes& bytes, const TdsColumn& column, const Value& value);
