@@ -2,6 +2,7 @@
 #include "patients/frmSearchPatient.h"
 #include "reporting/ReportConnector.h"
 #include "reporting/Reports.h"
+#include "support/AwaitWork.h"
 #include "support/CaseName.h"
 #include "toolkit/ProgramFiles.h"
 
@@ -191,7 +192,9 @@ QString SlipPrinted(TwinGround& on) {
         for (const ParameterField& field : gReport->ParameterFields())
             values += field.CurrentValue().has_value() ? 1 : 0;
         slip = u"%1, %2 parameters"_s.arg(QString(gReport->File()).remove(ProgramDirectory())).arg(values);
-        qobject_cast<Form*>(QApplication::activeModalWidget())->Unload();
+        auto* viewer = qobject_cast<Form*>(QApplication::activeModalWidget());
+        AwaitWork(*viewer);
+        viewer->Unload();
     });
     on.Print();
     SetReportConnector({});

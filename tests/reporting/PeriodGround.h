@@ -64,6 +64,7 @@ class PeriodGround : public ScreenTest {
                 return;
             }
             EXPECT_EQ(viewer->objectName(), QStringLiteral("frmReportviewer"));
+            AwaitWork(*viewer);
             shown = ShownReport{
                 QDir(programDirectory.path()).relativeFilePath(gReport->File()), viewer->windowTitle(), {}};
             for (const ParameterField& field : gReport->ParameterFields())

@@ -6,6 +6,7 @@
 #include "reporting/Reports.h"
 #include "shell/frmMain.h"
 #include "shell/shared.h"
+#include "support/AwaitWork.h"
 #include "support/CaseName.h"
 #include "support/ScreenTest.h"
 #include "text/RunTimeError.h"
@@ -107,6 +108,7 @@ TEST_P(PeriodEntry, ShowsTheReportOfItsPatientType) {
     QTimer::singleShot(0, qApp, [&shown] {
         auto* viewer = qobject_cast<Form*>(QApplication::activeModalWidget());
         ASSERT_TRUE(viewer);
+        AwaitWork(*viewer);
         shown = viewer->windowTitle() + u": "_s + gReport->ParameterFields().front().CurrentValue()->ToText();
         viewer->Unload();
     });
