@@ -17,34 +17,42 @@ constexpr int kRuns = 31;
 constexpr int kColumns = 6;
 const QString kPending = u"RADIOLOGY..spRadio_CheckPending 'HC'"_s;
 
-/// As a finder's list has them.
-void AnswerPatients(TdsAnswer& answer, int rows) {
-    answer.Columns({{.name = u"hospital #"_s, .type = TdsType::VarChar},
-                    {.name = u"Admission #"_s, .type = TdsType::VarChar},
-                    {.name = u"Patient Name"_s, .type = TdsType::NVarChar},
-                    {.name = u"Admission Date"_s, .type = TdsType::DateTime},
-                    {.name = u"Balance"_s, .type = TdsType::Money},
-                    {.name = u"Visits"_s, .type = TdsType::Int}});
-    const std::vector<Value> row = {u"100284"_s,
-                                    u"700107"_s,
-                                    u"DE GUZMAN, CARMELITA PEÑA"_s,
-                                    *DateTime::FromFields({2026, 11, 21, 10, 30, 15, 0}),
-                                    Decimal{u"11271.5000"_s},
-                                    12};
-    for (int i = 0; i < rows; ++i)
-        answer.Row(row);
-    answer.Done(rows);
+constexpr int kMostRows = 10000;
+
+/// As a report has them: slips of five lines, each slip with a patient of its own.
+std::vector<std::vector<Value>> ChargeRows() {
+    constexpr int kLinesOfASlip = 5;
+    const DateTime moment = *DateTime::FromFields({2026, 11, 21, 10, 30, 15, 0});
+    std::vector<std::vector<Value>> rows;
+    for (int i = 0; i < kMostRows; ++i) {
+        const QString slip = QString::number(100000 + i / kLinesOfASlip);
+        rows.push_back({slip, u'H' + slip + u'C', u"DE GUZMAN, CARMELITA PEÑA "_s + slip, moment,
+                        Decimal{QString::number(100 + i) + u".5000"_s}, i});
+    }
+    return rows;
+}
+
+void AnswerCharges(TdsAnswer& answer, const std::vector<std::vector<Value>>& rows, int count) {
+    answer.Columns({{.name = u"HospNum"_s, .type = TdsType::VarChar},
+                    {.name = u"RefNum"_s, .type = TdsType::VarChar},
+                    {.name = u"Patient"_s, .type = TdsType::NVarChar},
+                    {.name = u"Moment"_s, .type = TdsType::DateTime},
+                    {.name = u"Amount"_s, .type = TdsType::Money},
+                    {.name = u"Number"_s, .type = TdsType::Int}});
+    for (int i = 0; i < count; ++i)
+        answer.Row(rows[size_t(i)]);
+    answer.Done(count);
 }
 
 TdsResponder::Handler AnswerByNumber() {
-    return [](const QString& batch, TdsAnswer& answer) {
+    return [rows = ChargeRows()](const QString& batch, TdsAnswer& answer) {
         if (batch == kPending) {
             answer.Columns({{.name = u"Pending"_s, .type = TdsType::Int}});
             answer.Row({0});
             answer.Done(1);
             return;
         }
-        AnswerPatients(answer, batch.toInt());
+        AnswerCharges(answer, rows, batch.toInt());
     };
 }
 
@@ -125,7 +133,7 @@ void BenchOdbc(BenchTable& table) {
         [&] { gateway.Execute(u"1"_s); }, [&] { bare.Read(u"1"_s); });
     Compare(
         table, u"10,000 rows through the driver, against bare ODBC calls"_s, 1,
-        [&] { gateway.Execute(u"10000"_s); }, [&] { bare.Read(u"10000"_s); });
+        [&] { gateway.Execute(QString::number(kMostRows)); }, [&] { bare.Read(QString::number(kMostRows)); });
     // The check of the wards' requests comes every 250 ms.
     constexpr double kHundredthOfItsInterval = 2.5;
     table.AddLimit(u"one check of the wards' requests through the driver"_s,

@@ -4,6 +4,7 @@
 
 #include <QStringView>
 
+#include <deque>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -13,7 +14,8 @@ class CommandGateway;
 /// The rows of one result in memory, cells row by row. Shared between a row set and the grids bound to it.
 struct RowData {
     std::vector<QString> columns;
-    std::vector<Value> cells;
+    /// Grows row by row to any length, and what is there never moves.
+    std::deque<Value> cells;
 
     size_t RowCount() const { return columns.empty() ? 0 : cells.size() / columns.size(); }
     const Value& Cell(size_t row, size_t column) const { return cells[row * columns.size() + column]; }

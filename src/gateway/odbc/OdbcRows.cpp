@@ -17,6 +17,9 @@ namespace {
 struct Cell {
     const OdbcHandle& statement;
     SQLUSMALLINT column;
+    /// The text of the row before, which is shared while the rows repeat it: those of a patient or of a slip
+    /// come together.
+    QString& last;
 
     /// Reads a value of fixed size; false for Null.
     template <class C> bool Read(SQLSMALLINT type, C& value) const {
@@ -42,7 +45,9 @@ struct Cell {
             const auto length = isAll ? size_t(rest) / sizeof(char16_t) : piece.size() - 1;
             const QStringView read(piece.data(), qsizetype(length));
             if (isAll && text.isEmpty()) {
-                text = read.toString();
+                if (last != read)
+                    last = read.toString();
+                text = last;
                 return true;
             }
             text.append(read);
@@ -94,7 +99,7 @@ Value ReadTextValue(const Cell& cell) {
 
 Value ReadDecimal(const Cell& cell) {
     QString text;
-    return cell.ReadText(text) ? Value(Decimal{WithLeadingZero(text)}) : Value();
+    return cell.ReadText(text) ? Value(Decimal{WithLeadingZero(std::move(text))}) : Value();
 }
 
 CellReader ReaderOf(SQLSMALLINT type) {
@@ -137,21 +142,24 @@ CellReader Describe(const OdbcHandle& statement, SQLUSMALLINT column, QString& n
 
 } // namespace
 
-QString WithLeadingZero(const QString& number) {
+QString WithLeadingZero(QString number) {
     const qsizetype point = number.startsWith(u'-') ? 1 : 0;
-    return number.mid(point, 1) == "."_L1 ? QString(number).insert(point, u'0') : number;
+    if (number.size() > point && number[point] == u'.')
+        number.insert(point, u'0');
+    return number;
 }
 
 std::shared_ptr<const RowData> ReadOdbcRows(const OdbcHandle& statement, int columns) {
     auto data = std::make_shared<RowData>();
     data->columns.resize(size_t(columns));
     std::vector<CellReader> readers;
+    std::vector<QString> last(data->columns.size());
     for (int i = 0; i < columns; ++i)
         readers.push_back(Describe(statement, SQLUSMALLINT(i + 1), data->columns[size_t(i)]));
     for (SQLRETURN result; (result = SQLFetch(statement.Get())) != SQL_NO_DATA;) {
         statement.Check(result);
         for (size_t i = 0; i < readers.size(); ++i)
-            data->cells.push_back(readers[i]({statement, SQLUSMALLINT(i + 1)}));
+            data->cells.push_back(readers[i]({statement, SQLUSMALLINT(i + 1), last[i]}));
     }
     return data;
 }

@@ -14,4 +14,4 @@ class OdbcHandle;
 std::shared_ptr<const RowData> ReadOdbcRows(const OdbcHandle& statement, int columns);
 
 /// A decimal's text with a 0 before its point, which some drivers leave out as in "-.5000".
-QString WithLeadingZero(const QString& number);
+QString WithLeadingZero(QString number);

@@ -116,3 +116,24 @@ TEST_F(OdbcRowsTest, LongTextThatFillsItsPieceExactlyComesOnce) {
         EXPECT_EQ(mGateway->Execute(u"x"_s).Fields(0), Value(text)) << length;
     }
 }
+
+TEST_F(OdbcRowsTest, ATextThatTheRowsRepeatIsHeldOnce) {
+    const std::vector<Value> column = {u"TAN, ROSA"_s, u"TAN, ROSA"_s, Value(), u"TAN, ROSA"_s,
+                                       QString(),      u"TAN"_s,       u"Tan"_s};
+    AnswerWith([&column](const QString&, TdsAnswer& answer) {
+        answer.Columns({{.name = u"Patient"_s, .type = TdsType::VarChar}});
+        for (const Value& value : column)
+            answer.Row({value});
+        answer.Done(qint64(column.size()));
+    });
+    const auto data = mGateway->Execute(u"x"_s).Data();
+    ASSERT_EQ(data->RowCount(), column.size());
+    for (size_t row = 0; row < column.size(); ++row)
+        EXPECT_EQ(data->Cell(row, 0), column[row]) << row;
+    const auto bytes = [&data](size_t row) {
+        return std::get<QString>(data->Cell(row, 0).Get()).constData();
+    };
+    EXPECT_EQ(bytes(0), bytes(1));
+    EXPECT_EQ(bytes(0), bytes(3)) << "a Null in between changes nothing";
+    EXPECT_NE(bytes(5), bytes(6));
+}
