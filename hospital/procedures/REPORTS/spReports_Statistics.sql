@@ -23,14 +23,19 @@ BEGIN
         WHERE c.TransDate >= @Start AND c.TransDate < DATEADD(day, 1, @End) AND c.SourceDept = 'HC'
         GROUP BY c.RevenueID, c.ItemID, CASE WHEN c.ItemID = '' THEN c.Description ELSE '' END
         UNION ALL
-        SELECT 2, CONCAT(LEFT(CONVERT(varchar(10), c.TransDate, 101), 2), '/',
-                         RIGHT(CONVERT(varchar(10), c.TransDate, 101), 4)), '',
-               CONVERT(varchar(10), c.TransDate, 101), MIN(c.TransDate),
-               SUM(CASE WHEN c.RecordType = 'C' THEN 0 ELSE 1 END), SUM(CASE WHEN c.RecordType = 'C' THEN 1 ELSE 0 END),
-               SUM(c.Units), SUM(c.Amount)
-        FROM BILLING..tbPatientCharges AS c
-        WHERE c.TransDate >= @Start AND c.TransDate < DATEADD(day, 1, @End) AND c.SourceDept = 'HC'
-        GROUP BY CONVERT(varchar(10), c.TransDate, 101)
+        SELECT 2, CONCAT(LEFT(CONVERT(varchar(10), d.TransDay, 101), 2), '/',
+                         RIGHT(CONVERT(varchar(10), d.TransDay, 101), 4)), '',
+               CONVERT(varchar(10), d.TransDay, 101), CAST(d.TransDay AS datetime), d.Charges, d.Cancellations,
+               d.Quantity, d.Amount
+        FROM (
+            SELECT CAST(c.TransDate AS date) AS TransDay,
+                   SUM(CASE WHEN c.RecordType = 'C' THEN 0 ELSE 1 END) AS Charges,
+                   SUM(CASE WHEN c.RecordType = 'C' THEN 1 ELSE 0 END) AS Cancellations, SUM(c.Units) AS Quantity,
+                   SUM(c.Amount) AS Amount
+            FROM BILLING..tbPatientCharges AS c
+            WHERE c.TransDate >= @Start AND c.TransDate < DATEADD(day, 1, @End) AND c.SourceDept = 'HC'
+            GROUP BY CAST(c.TransDate AS date)
+        ) AS d
     ) AS x
     LEFT JOIN build_file..tbCoRevenue AS r ON x.Part = 1 AND r.RevenueID = x.GroupKey
     ORDER BY x.Part, CASE WHEN x.Part = 1 THEN x.GroupKey ELSE '' END,

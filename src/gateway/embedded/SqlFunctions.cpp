@@ -161,7 +161,7 @@ template <bool Remainder> Cell DivideNumbers(Arguments a) {
 /// The sum of decimals in units of their last decimal, so that no addition loses anything.
 struct DecimalSum {
     qint64 units = 0;
-    int scale = 0;
+    double unitsInOne = 0;
     bool any = false;
 };
 
@@ -171,9 +171,10 @@ void AddToSum(sqlite3_context* context, int, sqlite3_value** values) {
         return sqlite3_result_error_nomem(context);
     if (IsNull(values[0]))
         return;
+    if (!sum->any)
+        sum->unitsInOne = std::pow(10.0, double(Whole(values[1])));
     sum->any = true;
-    sum->scale = static_cast<int>(Whole(values[1]));
-    const double units = std::nearbyint(sqlite3_value_double(values[0]) * std::pow(10.0, sum->scale));
+    const double units = std::nearbyint(sqlite3_value_double(values[0]) * sum->unitsInOne);
     const bool fits = std::fabs(units) < 9e18;
     if (!fits || __builtin_add_overflow(sum->units, static_cast<qint64>(units), &sum->units))
         Fail(context, ServerError(Fault::Overflow, {SqlType::Decimal(38, 0).Name()}));
@@ -182,7 +183,7 @@ void AddToSum(sqlite3_context* context, int, sqlite3_value** values) {
 void FinishSum(sqlite3_context* context) {
     const auto* sum = static_cast<DecimalSum*>(sqlite3_aggregate_context(context, 0));
     if (sum && sum->any)
-        sqlite3_result_double(context, double(sum->units) / std::pow(10.0, sum->scale));
+        sqlite3_result_double(context, double(sum->units) / sum->unitsInOne);
     else
         sqlite3_result_null(context);
 }
