@@ -3,8 +3,9 @@
 #include "gateway/CommandGateway.h"
 #include "maintenance/commands.h"
 #include "patients/OutpatientSearch.h"
+#include "reporting/ChoosePrinter.h"
+#include "reporting/PrintJob.h"
 #include "reporting/ReportEngine.h"
-#include "reporting/ReportOutput.h"
 #include "reporting/Reports.h"
 #include "shell/shared.h"
 #include "text/Clock.h"
@@ -51,7 +52,6 @@ constexpr std::array kHeadings = {Heading{u"REF. #", 1000},  Heading{u"DATE", 20
                                   Heading{u"QTY", 1000},     Heading{u"AMOUNT", 1000},
                                   Heading{u"ENCODER", 1000}, Heading{u"REVENUEID", 500}};
 
-constexpr int kOpenOption = 1;
 constexpr int kPrinterError = 482;
 
 /// A number of the list; nothing is shown for zero.
@@ -270,7 +270,7 @@ void frmReprint::PrintDirect(QPrinter& printer) {
     SetFormulaTexts();
     const auto pages = gReport->Document();
     printer.setPageLayout(pages->Paper());
-    const QString problem = Print(*pages, printer);
+    const QString problem = PrintAtOnce(*pages, printer);
     if (!problem.isEmpty())
         throw RunTimeError(kPrinterError, problem);
     gReport = {};

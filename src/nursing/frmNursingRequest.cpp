@@ -65,7 +65,6 @@ constexpr int kRemarksWidth = 5000;
 constexpr int kGridWidth = 12000;
 constexpr int kGridHeight = 4800;
 constexpr int kCellMargin = 8;
-constexpr int kOpenOption = 1;
 
 /// A date as the charge screen shows it; a text that names none stays as it is.
 QString DateText(const QString& text) {

@@ -1,48 +1,13 @@
 #include "reporting/CellText.h"
 
+#include "reporting/ReportSums.h"
 #include "text/Format.h"
 #include "text/IsDate.h"
 #include "text/IsNumeric.h"
-#include "text/Val.h"
-
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Sums are kept in ten-thousandths, as the server keeps money.
-constexpr int kDecimals = 4;
-constexpr qint64 kUnit = 10000;
-
-qint64 ToUnits(double number) {
-    return std::llround(number * double(kUnit));
-}
-
-/// The digits of an exact decimal, without the way over a double, which is inexact and slow.
-qint64 ToUnits(const QString& decimal) {
-    qint64 units = 0;
-    int decimals = -1;
-    for (const QChar c : decimal) {
-        if (c == u'.') {
-            decimals = 0;
-        } else if (c >= u'0' && c <= u'9' && decimals < kDecimals) {
-            units = units * 10 + (c.unicode() - u'0');
-            decimals += decimals >= 0 ? 1 : 0;
-        }
-    }
-    for (int i = decimals < 0 ? 0 : decimals; i < kDecimals; ++i)
-        units *= 10;
-    return decimal.startsWith(u'-') ? -units : units;
-}
-
-qint64 ToUnits(const Value& value) {
-    if (const auto* decimal = std::get_if<Decimal>(&value.Get()))
-        return ToUnits(decimal->text);
-    if (const auto* text = std::get_if<QString>(&value.Get()))
-        return ToUnits(Val(*text));
-    return value.IsNull() ? 0 : ToUnits(value.ToDouble());
-}
 
 Value FieldAt(const TextPiece& piece, const TextPlace& place) {
     // A named query answers for the whole report with its first row.
@@ -68,7 +33,8 @@ QString PieceText(const TextPiece& piece, const QString& format, const TextPlace
     case TextPiece::Kind::User:
         return place.data.user;
     case TextPiece::Kind::Sum:
-        return FormatValue(SumOf(place.data.Rows(), piece.number, place.firstRow, place.endRow), format);
+        return FormatValue(place.data.sums->Of(place.data.Rows(), piece.number, place.firstRow, place.endRow),
+                           format);
     case TextPiece::Kind::Count:
         return FormatValue(qint64(place.endRow - place.firstRow), format);
     }
@@ -127,13 +93,4 @@ QString FormatValue(const Value& value, QStringView format) {
     if (format.isEmpty())
         return value.ToText();
     return IsNumberFormat(format) ? FormatNumber(value, format) : FormatDate(value, format);
-}
-
-Value SumOf(const RowData& rows, size_t column, size_t firstRow, size_t endRow) {
-    qint64 units = 0;
-    for (size_t row = firstRow; row < endRow; ++row)
-        units += ToUnits(rows.Cell(row, column));
-    const QString digits = QString::number(std::abs(units)).rightJustified(kDecimals + 1, u'0');
-    return Decimal{(units < 0 ? u"-"_s : QString()) + digits.chopped(kDecimals) + u'.' +
-                   digits.last(kDecimals)};
 }

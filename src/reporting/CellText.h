@@ -28,7 +28,3 @@ QString FormatValue(const Value& value, QStringView format);
 
 /// Whether a format is one for numbers.
 bool IsNumberFormat(QStringView format);
-
-/// The sum of a column over rows, the last one excluded, exact to the fourth decimal. Null counts nothing,
-/// and a text counts as Val reads it.
-Value SumOf(const RowData& rows, size_t column, size_t firstRow, size_t endRow);

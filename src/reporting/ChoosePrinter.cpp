@@ -1,8 +1,5 @@
-#include "reporting/ReportOutput.h"
+#include "reporting/ChoosePrinter.h"
 
-#include "reporting/CsvJob.h"
-#include "reporting/PdfJob.h"
-#include "reporting/PrintJob.h"
 #include "reporting/ReportDocument.h"
 
 #include <QPrintDialog>
@@ -13,18 +10,6 @@ namespace {
 PrinterChooser currentChooser;
 
 } // namespace
-
-QString SavePdf(const ReportDocument& document, const QString& title, const QString& file) {
-    return PdfJob(document, title, file).Finish();
-}
-
-QString SaveCsv(const RowData& rows, const QString& file) {
-    return CsvJob(rows, file).Finish();
-}
-
-QString Print(const ReportDocument& document, QPrinter& printer) {
-    return PrintJob(document, std::shared_ptr<QPrinter>(std::shared_ptr<void>(), &printer)).Finish();
-}
 
 bool ChoosePrinter(const ReportDocument& document, QPrinter& printer, QWidget* parent) {
     printer.setPageLayout(document.Paper());

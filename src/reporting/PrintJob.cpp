@@ -61,3 +61,7 @@ bool PrintJob::Step() {
         return true;
     return mPainter.end() ? false : refused();
 }
+
+QString PrintAtOnce(const ReportDocument& document, QPrinter& printer) {
+    return PrintJob(document, std::shared_ptr<QPrinter>(std::shared_ptr<void>(), &printer)).Finish();
+}

@@ -33,3 +33,6 @@ class PrintJob : public ReportJob {
     int mPages;
     QPainter mPainter;
 };
+
+/// Prints at one go on a printer of the caller's. Answers what failed, empty for nothing.
+QString PrintAtOnce(const ReportDocument& document, QPrinter& printer);

@@ -2,6 +2,7 @@
 
 #include "gateway/RowSet.h"
 #include "gateway/Value.h"
+#include "reporting/ReportSums.h"
 #include "reporting/ReportTemplate.h"
 #include "text/DateTime.h"
 
@@ -17,6 +18,8 @@ struct ReportData {
     DateTime now;
     /// Who had the report made: the user of its tables' logon.
     QString user = {};
+    /// Sums of the report's rows, as far as anything has asked for them.
+    std::shared_ptr<ReportSums> sums = std::make_shared<ReportSums>();
 
     const RowData& Rows() const { return *queries.front(); }
 };

@@ -40,7 +40,8 @@ struct GroupEntry {
     int page = 1;
 };
 
-/// A report with its rows, spread over pages. Pages count from 1. Nothing in it changes any more.
+/// A report with its rows, spread over pages. Pages count from 1. Nothing that it shows changes any more, but
+/// it remembers fonts and sums as they are asked for: whoever holds it, one thread at a time may use it.
 class ReportDocument {
   public:
     /// Raises the template's error with file and line for a field that the rows do not have, and for a page

@@ -1,5 +1,6 @@
 #include "reporting/ReportViewer.h"
 
+#include "reporting/ChoosePrinter.h"
 #include "reporting/CsvJob.h"
 #include "reporting/FetchThread.h"
 #include "reporting/JobRunner.h"
@@ -8,7 +9,6 @@
 #include "reporting/ParameterDialog.h"
 #include "reporting/PdfJob.h"
 #include "reporting/PrintJob.h"
-#include "reporting/ReportOutput.h"
 #include "reporting/WorkBar.h"
 #include "text/RunTimeError.h"
 #include "toolkit/Failure.h"

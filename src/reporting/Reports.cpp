@@ -8,12 +8,6 @@
 #include <algorithm>
 #include <memory>
 
-namespace {
-
-constexpr int kOpenOption = 1;
-
-} // namespace
-
 void OpenReport(const QString& path, const std::vector<Value>& values) {
     gReport = ReportEngine().OpenReport(path, kOpenOption);
     for (ReportTable& table : gReport->Tables())

@@ -21,7 +21,6 @@ namespace {
 
 constexpr size_t kByName = 0;
 constexpr size_t kByStation = 1;
-constexpr int kOpenOption = 1;
 
 } // namespace
 

@@ -52,49 +52,6 @@ INSTANTIATE_TEST_SUITE_P(
 
 namespace {
 
-struct Summed {
-    std::string name;
-    std::vector<Value> cells;
-    QString sum;
-};
-
-class SumOfTest : public testing::TestWithParam<Summed> {};
-
-} // namespace
-
-TEST_P(SumOfTest, IsExact) {
-    std::vector<std::vector<Value>> rows;
-    for (const Value& cell : GetParam().cells)
-        rows.push_back({u"x"_s, cell});
-    const auto data = Rows({u"a"_s, u"b"_s}, rows);
-    EXPECT_EQ(SumOf(*data, 1, 0, data->RowCount()), Value(Decimal{GetParam().sum}));
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Columns, SumOfTest,
-    testing::Values(Summed{"Nothing", {}, u"0.0000"_s},
-                    Summed{"MoneyToTheLastDecimal",
-                           {Decimal{u"0.1000"_s}, Decimal{u"0.2000"_s}, Decimal{u"1234567890123.4567"_s}},
-                           u"1234567890123.7567"_s},
-                    Summed{"Negatives", {Decimal{u"100.0000"_s}, Decimal{u"-250.5000"_s}}, u"-150.5000"_s},
-                    Summed{"LessThanOneBelowZero", {Decimal{u"-0.2500"_s}}, u"-0.2500"_s},
-                    Summed{"DecimalsOfAnyLength",
-                           {Decimal{u"5"_s}, Decimal{u"1.5"_s}, Decimal{u"0.123456"_s}},
-                           u"6.6234"_s},
-                    Summed{"NullCountsNothing", {Decimal{u"5.0000"_s}, Value()}, u"5.0000"_s},
-                    Summed{"TextsAsValReadsThem",
-                           {Value(u"4"_s), Value(u""_s), Value(u"2.5 kg"_s), Value(u"none"_s)},
-                           u"6.5000"_s},
-                    Summed{"WholeAndFloatingNumbers", {Value(3), Value(0.25)}, u"3.2500"_s}),
-    CaseName());
-
-TEST(SumOf, TakesInTheRowsAskedForOnly) {
-    const auto rows = Rows({u"a"_s}, {{Value(1)}, {Value(10)}, {Value(100)}, {Value(1000)}});
-    EXPECT_EQ(SumOf(*rows, 0, 1, 3), Value(Decimal{u"110.0000"_s}));
-}
-
-namespace {
-
 /// The text of the one cell of a detail.
 QString CellOf(const QString& text, const QString& format, const TextPlace& place) {
     ReportTemplate report = ReadTemplate(

@@ -1,6 +1,6 @@
 #include "ReportFixture.h"
+#include "reporting/ChoosePrinter.h"
 #include "reporting/PageView.h"
-#include "reporting/ReportOutput.h"
 #include "reporting/Reports.h"
 #include "reporting/ReportViewer.h"
 #include "support/AwaitWork.h"

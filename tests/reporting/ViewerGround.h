@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ReportFixture.h"
+#include "reporting/ChoosePrinter.h"
 #include "reporting/PageView.h"
-#include "reporting/ReportOutput.h"
 #include "reporting/ReportViewer.h"
 #include "reporting/TemplateReader.h"
 #include "support/AwaitWork.h"

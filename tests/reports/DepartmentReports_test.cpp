@@ -1,4 +1,4 @@
-#include "reporting/ReportOutput.h"
+#include "reporting/PdfJob.h"
 #include "ReportsTest.h"
 #include "support/CaseName.h"
 #include "text/Clock.h"
@@ -41,8 +41,8 @@ TEST_P(DepartmentReport, OverTheDemoDataIsItsGoldenText) {
     // To look at the pages: TARVEN_REPORT_PDF names a folder.
     if (qEnvironmentVariableIsSet("TARVEN_REPORT_PDF")) {
         const QString folder = qEnvironmentVariable("TARVEN_REPORT_PDF");
-        EXPECT_EQ(SavePdf(*document, GetParam().golden, folder + u'/' + GetParam().golden + u".pdf"_s),
-                  QString());
+        const QString file = folder + u'/' + GetParam().golden + u".pdf"_s;
+        EXPECT_EQ(PdfJob(*document, GetParam().golden, file).Finish(), QString());
     }
 }
 
