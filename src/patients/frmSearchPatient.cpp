@@ -13,6 +13,7 @@
 #include "toolkit/ListView.h"
 #include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
+#include "toolkit/Screens.h"
 #include "toolkit/SendKeys.h"
 #include "toolkit/Twips.h"
 #include "toolkit/Workspace.h"
@@ -221,4 +222,8 @@ void frmSearchPatient::LoadTarget() {
 void frmSearchPatient::ListView1_KeyPress(int&) {
     // Kept: any key picks, whichever it is.
     ListView1_DblClick();
+}
+
+QString FinderPatientType() {
+    return Screens::Get<frmSearchPatient>().optPatientType[0]->isChecked() ? u"I"_s : u"O"_s;
 }

@@ -87,7 +87,7 @@ QString frmLedger::FinderText() const {
 }
 
 void frmLedger::SetBox(const QString& name, const QString& text) {
-    findChild<QLineEdit*>(name)->setText(text);
+    SetTextOf(*this, name, text);
 }
 
 void frmLedger::cmbPatientCode_Click() {

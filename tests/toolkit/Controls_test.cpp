@@ -1,5 +1,6 @@
 #include "support/PrintQt.h"
 #include "support/ScreenTest.h"
+#include "text/RunTimeError.h"
 #include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Twips.h"
@@ -113,3 +114,17 @@ TEST(Controls, TabWalksTheOrderOfWork) {
 }
 
 } // namespace
+
+TEST(SetTextOf, FillsTheBoxOfThatNameAndRaises91WhereThereIsNone) {
+    QWidget screen;
+    NewShownBox(u"txtRoom"_s, &screen);
+    const QLineEdit* doctor = NewShownBox(u"txtDoctor"_s, &screen);
+    SetTextOf(screen, u"txtDoctor"_s, u"REYES, ANA"_s);
+    EXPECT_EQ(doctor->text(), u"REYES, ANA"_s);
+    try {
+        SetTextOf(screen, u"txtNobody"_s, u"x"_s);
+        ADD_FAILURE() << "no error";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Number(), RunTime::kObjectNotSet);
+    }
+}
