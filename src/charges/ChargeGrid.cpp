@@ -1,10 +1,10 @@
 #include "charges/ChargeGrid.h"
 
 #include "shell/shared.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Focus.h"
 #include "toolkit/Keys.h"
-#include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
 
 #include <QGuiApplication>

@@ -1,19 +1,22 @@
 #include "charges/ChargeScreenParts.h"
 
-#include "toolkit/Look.h"
+#include "toolkit/Controls.h"
+#include "toolkit/FlexGrid.h"
 #include "toolkit/Twips.h"
 
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QPushButton>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
-QGroupBox* NewFrame(const QString& name, const QString& caption, QWidget* parent) {
-    auto* frame = new QGroupBox(caption, parent);
-    frame->setObjectName(name);
-    return frame;
-}
+namespace {
+
+constexpr int kGridWidth = 9500;
+constexpr int kGridHeight = 2900;
+
+} // namespace
 
 QLineEdit* NewTotalBox(const QString& name, QWidget* parent) {
     QLineEdit* box = NewShownBox(name, parent);
@@ -25,11 +28,17 @@ QLineEdit* NewTotalBox(const QString& name, QWidget* parent) {
     return box;
 }
 
+void FillChargeFrame(QGroupBox* frame, FlexGrid* grid, const QString& label, QLineEdit* total) {
+    grid->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    auto* sum = new QGridLayout;
+    AddLabelled(*sum, 0, 1, label, total);
+    sum->setColumnStretch(0, 1);
+    auto* layout = new QVBoxLayout(frame);
+    layout->addWidget(grid, 1);
+    layout->addLayout(sum);
+}
+
 QPushButton* NewDoctorPicker(const QString& name, QWidget* parent) {
-    auto* button = new QPushButton(u"..."_s, parent);
-    button->setObjectName(name);
-    button->setAccessibleName(u"Pick the requesting doctor"_s);
-    button->setToolTip(u"Pick the requesting doctor from the list"_s);
-    button->setMaximumWidth(TwipsToPixels(500));
-    return button;
+    return NewPicker(name, u"Pick the requesting doctor"_s, u"Pick the requesting doctor from the list"_s,
+                     parent);
 }

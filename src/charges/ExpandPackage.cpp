@@ -8,7 +8,6 @@
 #include "text/Clock.h"
 #include "text/Format.h"
 #include "text/Trim.h"
-#include "toolkit/Screens.h"
 
 #include <QRadioButton>
 
@@ -27,12 +26,6 @@ struct PackageItem {
     QString userCode;
     QString patientType;
 };
-
-/// Kept: once the finder is closed the question makes a fresh one out of sight, which fills itself by its
-/// waiting screen and has no option on. The answer is "O" then, for in-patients too.
-QString FinderPatientType() {
-    return Screens::Get<frmSearchPatient>().optPatientType[0]->isChecked() ? u"I"_s : u"O"_s;
-}
 
 PackageItem ReadItem(const RowSet& rows) {
     return {.revenueID = rows.Fields(u"RevenueID").TextOrEmpty(),

@@ -10,9 +10,9 @@
 #include "reporting/Reports.h"
 #include "shell/shared.h"
 #include "text/Format.h"
-#include "text/RunTimeError.h"
 #include "text/Trim.h"
 #include "text/UCase.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/MousePointer.h"
@@ -79,10 +79,7 @@ void frmAssessment::EnableExams() {
 }
 
 void frmAssessment::SetBox(const QString& name, const QString& text) {
-    auto* box = findChild<QLineEdit*>(name);
-    if (!box)
-        throw RunTime::Error(RunTime::kObjectNotSet);
-    box->setText(text);
+    SetTextOf(*this, name, text);
 }
 
 void frmAssessment::optType_Click(size_t index) {

@@ -1,6 +1,7 @@
 #include "charges/ChargeGrid.h"
 #include "charges/ChargeScreenParts.h"
 #include "charges/frmAssessment.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Look.h"
 #include "toolkit/Twips.h"
@@ -16,13 +17,6 @@
 using namespace Qt::StringLiterals;
 
 // How frmAssessment looks; what it does stands in frmAssessment.cpp.
-
-namespace {
-
-constexpr int kGridWidth = 9500;
-constexpr int kGridHeight = 2900;
-
-} // namespace
 
 void frmAssessment::Layout() {
     setObjectName(u"frmAssessment"_s);
@@ -69,8 +63,8 @@ QGroupBox* frmAssessment::LayoutPatientType() {
 QGroupBox* frmAssessment::LayoutPatientName() {
     QGroupBox* frame1 = NewFrame(u"Frame1"_s, u"Patient's Name"_s, this);
     txtSname = NewTextBox(u"txtSname"_s, frame1);
-    cmdSearch = new QPushButton(ProgramIcon(u"patient"_s), QString(), frame1);
-    cmdSearch->setObjectName(u"cmdSearch"_s);
+    cmdSearch = NewButton(u"cmdSearch"_s, QString(), frame1);
+    cmdSearch->setIcon(ProgramIcon(u"patient"_s));
     cmdSearch->setAccessibleName(u"Find the patient"_s);
     cmdSearch->setToolTip(u"Find the patient in the list of cash patients"_s);
     txtHospNum = NewShownBox(u"txtHospNum"_s, frame1);
@@ -116,37 +110,20 @@ QGroupBox* frmAssessment::LayoutExams() {
     fraExams->setEnabled(false);
     txtGross = NewTotalBox(u"txtGross"_s, fraExams);
     mGrid = new ChargeGrid(fraExams, txtGross, kAssessmentDifferences);
-    mGrid->Grid()->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
-    auto* sum = new QGridLayout;
-    AddLabelled(*sum, 0, 1, u"Total Amount"_s, txtGross);
-    sum->setColumnStretch(0, 1);
-    auto* layout = new QVBoxLayout(fraExams);
-    layout->addWidget(mGrid->Grid(), 1);
-    layout->addLayout(sum);
+    FillChargeFrame(fraExams, mGrid->Grid(), u"Total Amount"_s, txtGross);
     return fraExams;
 }
 
 QHBoxLayout* frmAssessment::LayoutActions() {
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    const auto add = [&](const QString& name, const QString& caption) {
-        auto* button = new QPushButton(caption, this);
-        button->setObjectName(name);
-        row->addWidget(button);
-        return button;
-    };
-    cmdSave = add(u"cmdSave"_s, u"&Save"_s);
-    cmdPrint = add(u"cmdPrint"_s, u"Save && &Print"_s);
-    cmdClose = add(u"cmdClose"_s, u"&Exit"_s);
-    return row;
+    cmdSave = NewButton(u"cmdSave"_s, u"&Save"_s, this);
+    cmdPrint = NewButton(u"cmdPrint"_s, u"Save && &Print"_s, this);
+    cmdClose = NewButton(u"cmdClose"_s, u"&Exit"_s, this);
+    return RightAligned({cmdSave, cmdPrint, cmdClose});
 }
 
 void frmAssessment::SetOrderOfWork() {
     // The two pickers also open by Enter in the boxes before them, so they come last.
-    const QList<QWidget*> order = {optType[0], optType[1],    optType[2],      txtSname, txtDoctorID,
-                                   txtDoctor,  mGrid->Grid(), mGrid->Editor(), cmdSave,  cmdPrint,
-                                   cmdClose,   cmdSearch,     cmdDoctor};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    SetTabOrder({optType[0], optType[1], optType[2], txtSname, txtDoctorID, txtDoctor, mGrid->Grid(),
+                 mGrid->Editor(), cmdSave, cmdPrint, cmdClose, cmdSearch, cmdDoctor});
     optType[0]->setFocus();
 }

@@ -12,9 +12,9 @@
 #include "text/Clock.h"
 #include "text/Format.h"
 #include "text/IsNumeric.h"
-#include "text/RunTimeError.h"
 #include "text/Trim.h"
 #include "text/UCase.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/MousePointer.h"
@@ -73,10 +73,7 @@ QString frmPostCharges::FinderText() const {
 }
 
 void frmPostCharges::SetBox(const QString& name, const QString& text) {
-    auto* box = findChild<QLineEdit*>(name);
-    if (!box)
-        throw RunTime::Error(RunTime::kObjectNotSet);
-    box->setText(text);
+    SetTextOf(*this, name, text);
 }
 
 void frmPostCharges::Picked() {

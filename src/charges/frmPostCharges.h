@@ -1,6 +1,7 @@
 #pragma once
 
 #include "patients/FinderTarget.h"
+#include "patients/PatientFrames.h"
 #include "toolkit/Form.h"
 
 class ChargeGrid;
@@ -12,7 +13,7 @@ class QPushButton;
 
 /// "Post Charges": posts services, medicines and doctors' fees straight to an in-patient's or out-patient's
 /// account under a charge slip number, and prints the slip.
-class frmPostCharges : public Form, public FinderTarget {
+class frmPostCharges : public Form, public FinderTarget, private PatientNameBoxes, private HospitalInfoBoxes {
     Q_OBJECT
 
   public:
@@ -49,7 +50,6 @@ class frmPostCharges : public Form, public FinderTarget {
 
   private:
     void Layout();
-    QGroupBox* LayoutPatientName();
     QGroupBox* LayoutHospitalInfo();
     QHBoxLayout* LayoutRequestingDoctor();
     QGroupBox* LayoutCharges();
@@ -69,18 +69,6 @@ class frmPostCharges : public Form, public FinderTarget {
     void SaveLine(int row);
     void PrintSlip();
 
-    QLineEdit* txtPno;
-    QLineEdit* txtId;
-    QLineEdit* txtDateAdmitted;
-    QLineEdit* txtRoom;
-    QLineEdit* txtDoctor;
-    QLineEdit* txtDoctorID;
-    QLineEdit* txtLastName;
-    QLineEdit* txtFirstName;
-    QLineEdit* txtMiddleName;
-    QLineEdit* txtSex;
-    QLineEdit* txtDob;
-    QLineEdit* txtAge;
     QLineEdit* txtDocID;
     QLineEdit* txtRequestingDoc;
     QPushButton* Command2;

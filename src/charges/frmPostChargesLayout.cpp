@@ -2,6 +2,7 @@
 #include "charges/ChargeScreenParts.h"
 #include "charges/frmPostCharges.h"
 #include "shell/shared.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Look.h"
 #include "toolkit/Twips.h"
@@ -17,18 +18,11 @@ using namespace Qt::StringLiterals;
 
 // How frmPostCharges looks; what it does stands in frmPostCharges.cpp.
 
-namespace {
-
-constexpr int kGridWidth = 9500;
-constexpr int kGridHeight = 2900;
-
-} // namespace
-
 void frmPostCharges::Layout() {
     setObjectName(u"frmPostCharges"_s);
     setWindowTitle(u"Post Charges"_s);
     auto* top = new QHBoxLayout;
-    top->addWidget(LayoutPatientName(), 1);
+    top->addWidget(NewPatientNameFrame(*this, this), 1);
     top->addWidget(LayoutHospitalInfo(), 1);
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(LayoutDepartments());
@@ -43,49 +37,9 @@ void frmPostCharges::Layout() {
     SetOrderOfWork();
 }
 
-QGroupBox* frmPostCharges::LayoutPatientName() {
-    QGroupBox* frame3 = NewFrame(u"frame3"_s, u"Patient Name"_s, this);
-    txtLastName = NewTextBox(u"txtLastName"_s, frame3);
-    txtFirstName = NewShownBox(u"txtFirstName"_s, frame3);
-    txtMiddleName = NewShownBox(u"txtMiddleName"_s, frame3);
-    txtSex = NewShownBox(u"txtSex"_s, frame3);
-    txtDob = NewShownBox(u"txtDob"_s, frame3);
-    txtAge = NewShownBox(u"txtAge"_s, frame3);
-    auto* grid = new QGridLayout(frame3);
-    AddLabelled(*grid, 0, 0, u"Last Name"_s, txtLastName);
-    AddLabelled(*grid, 1, 0, u"First Name"_s, txtFirstName);
-    AddLabelled(*grid, 2, 0, u"Middle Name"_s, txtMiddleName);
-    AddLabelled(*grid, 0, 2, u"Sex"_s, txtSex);
-    AddLabelled(*grid, 1, 2, u"Birthdate"_s, txtDob);
-    AddLabelled(*grid, 2, 2, u"Age"_s, txtAge);
-    grid->setColumnStretch(1, 2);
-    grid->setColumnStretch(3, 1);
-    return frame3;
-}
-
 QGroupBox* frmPostCharges::LayoutHospitalInfo() {
-    QGroupBox* frame1 = NewFrame(u"Frame1"_s, u"Hospital Info"_s, this);
-    txtPno = NewShownBox(u"txtPno"_s, frame1);
-    txtId = NewShownBox(u"txtId"_s, frame1);
-    txtDateAdmitted = NewShownBox(u"txtDateAdmitted"_s, frame1);
-    txtRoom = NewShownBox(u"txtRoom"_s, frame1);
-    txtDoctor = NewTextBox(u"txtDoctor"_s, frame1);
+    QGroupBox* frame1 = NewHospitalInfoFrame(*this, this);
     txtDoctor->setEnabled(false);
-    txtDoctorID = NewShownBox(u"txtDoctorID"_s, frame1);
-    txtDoctorID->setAccessibleName(u"Admitting doctor's code"_s);
-    txtDoctorID->setMaximumWidth(TwipsToPixels(900));
-    auto* grid = new QGridLayout(frame1);
-    AddLabelled(*grid, 0, 0, u"Hospital No."_s, txtPno);
-    AddLabelled(*grid, 0, 2, u"Admission No."_s, txtId);
-    AddLabelled(*grid, 1, 0, u"Admission Date"_s, txtDateAdmitted);
-    AddLabelled(*grid, 1, 2, u"Room No."_s, txtRoom);
-    AddLabelled(*grid, 2, 0, u"Admitting Dr.:"_s, txtDoctor);
-    auto* doctor = new QHBoxLayout;
-    doctor->addWidget(txtDoctor, 1);
-    doctor->addWidget(txtDoctorID);
-    grid->addLayout(doctor, 2, 1, 1, 3);
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 1);
     return frame1;
 }
 
@@ -117,13 +71,7 @@ QGroupBox* frmPostCharges::LayoutCharges() {
     Frame2->setEnabled(false);
     txtTAmount = NewTotalBox(u"txtTAmount"_s, Frame2);
     mGrid = new ChargeGrid(Frame2, txtTAmount, kPostChargesDifferences);
-    mGrid->Grid()->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
-    auto* sum = new QGridLayout;
-    AddLabelled(*sum, 0, 1, u"TOTAL AMOUNT :"_s, txtTAmount);
-    sum->setColumnStretch(0, 1);
-    auto* layout = new QVBoxLayout(Frame2);
-    layout->addWidget(mGrid->Grid(), 1);
-    layout->addLayout(sum);
+    FillChargeFrame(Frame2, mGrid->Grid(), u"TOTAL AMOUNT :"_s, txtTAmount);
     return Frame2;
 }
 
@@ -152,10 +100,8 @@ QGroupBox* frmPostCharges::LayoutMessage() {
 QGroupBox* frmPostCharges::LayoutActions() {
     Frame4 = NewFrame(u"Frame4"_s, QString(), this);
     Frame4->setEnabled(false);
-    cmdPrint = new QPushButton(u"Save/Print"_s, Frame4);
-    cmdPrint->setObjectName(u"cmdPrint"_s);
-    Command1 = new QPushButton(u"E&xit"_s, Frame4);
-    Command1->setObjectName(u"Command1"_s);
+    cmdPrint = NewButton(u"cmdPrint"_s, u"Save/Print"_s, Frame4);
+    Command1 = NewButton(u"Command1"_s, u"E&xit"_s, Frame4);
     auto* layout = new QHBoxLayout(Frame4);
     layout->addWidget(cmdPrint);
     layout->addWidget(Command1);
@@ -163,9 +109,7 @@ QGroupBox* frmPostCharges::LayoutActions() {
 }
 
 void frmPostCharges::SetOrderOfWork() {
-    const QList<QWidget*> order = {txtLastName,   txtDoctor,       txtDocID, txtRequestingDoc, Command2,
-                                   mGrid->Grid(), mGrid->Editor(), cmdPrint, Command1};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    SetTabOrder({txtLastName, txtDoctor, txtDocID, txtRequestingDoc, Command2, mGrid->Grid(), mGrid->Editor(),
+                 cmdPrint, Command1});
     txtLastName->setFocus();
 }

@@ -3,9 +3,9 @@
 #include "charges/commands.h"
 #include "gateway/CommandGateway.h"
 #include "shell/shared.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
-#include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/Twips.h"
 
@@ -40,17 +40,13 @@ void frmRates::Layout() {
     layout->addWidget(heading);
     layout->addLayout(LayoutCentre());
     layout->addWidget(LayoutList(), 1);
-    cmdClose = new QPushButton(u"Close"_s, this);
-    cmdClose->setObjectName(u"cmdClose"_s);
+    cmdClose = NewButton(u"cmdClose"_s, u"Close"_s, this);
     layout->addWidget(cmdClose, 0, Qt::AlignRight);
 }
 
 QHBoxLayout* frmRates::LayoutCentre() {
     txtRevenueID = NewTextBox(u"txtRevenueID"_s, this);
-    cmdSearch = new QPushButton(u"..."_s, this);
-    cmdSearch->setObjectName(u"cmdSearch"_s);
-    cmdSearch->setAccessibleName(u"Search revenue center"_s);
-    cmdSearch->setMaximumWidth(TwipsToPixels(500));
+    cmdSearch = NewPicker(u"cmdSearch"_s, u"Search revenue center"_s, {}, this);
     txtRevenueCenter = NewShownBox(u"txtRevenueCenter"_s, this);
     txtRevenueCenter->setAccessibleName(u"Revenue Center"_s);
     auto* label = new QLabel(u"Select Revenue Center"_s, this);
@@ -66,8 +62,7 @@ QHBoxLayout* frmRates::LayoutCentre() {
 }
 
 QGroupBox* frmRates::LayoutList() {
-    fraList = new QGroupBox(this);
-    fraList->setObjectName(u"fraList"_s);
+    fraList = NewFrame(u"fraList"_s, {}, this);
     grdRates = new FlexGrid(fraList);
     grdRates->setObjectName(u"grdRates"_s);
     grdRates->setAccessibleName(u"Rates"_s);

@@ -3,11 +3,10 @@
 #include "gateway/CommandGateway.h"
 #include "shell/shared.h"
 #include "text/UCase.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Focus.h"
 #include "toolkit/Keys.h"
-#include "toolkit/Look.h"
-#include "toolkit/Twips.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -21,8 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kColumns = 3;
-constexpr int kGridWidth = 6600;
-constexpr int kGridHeight = 4000;
+constexpr QSize kListSize(6600, 4000);
 
 } // namespace
 
@@ -65,13 +63,9 @@ QHBoxLayout* frmSearch::LayoutSearch() {
 }
 
 QGroupBox* frmSearch::LayoutRecords() {
-    auto* records = new QGroupBox(u"Records List"_s, this);
-    grdDispWindow = new FlexGrid(records);
-    grdDispWindow->setObjectName(u"grdDispWindow"_s);
-    grdDispWindow->setAccessibleName(u"Records List"_s);
-    grdDispWindow->SetRowSelect(true);
+    QGroupBox* records = NewFrame({}, u"Records List"_s, this);
+    grdDispWindow = NewList(u"grdDispWindow"_s, u"Records List"_s, kListSize, records);
     grdDispWindow->Cells().SetCols(kColumns);
-    grdDispWindow->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
     auto* layout = new QVBoxLayout(records);
     layout->addWidget(grdDispWindow);
     return records;
@@ -81,10 +75,8 @@ QHBoxLayout* frmSearch::LayoutActions() {
     lblHelpTip =
         new QLabel(u"Press [Select] Enter or Double Click on the Table to Select, Cancel to Abort"_s, this);
     lblHelpTip->setObjectName(u"lblHelpTip"_s);
-    cmdSelect = new QPushButton(u"&Select"_s, this);
-    cmdSelect->setObjectName(u"cmdSelect"_s);
-    cmdCancel = new QPushButton(u"Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
+    cmdSelect = NewButton(u"cmdSelect"_s, u"&Select"_s, this);
+    cmdCancel = NewButton(u"cmdCancel"_s, u"Cancel"_s, this);
     auto* actions = new QHBoxLayout;
     actions->addWidget(lblHelpTip, 1);
     actions->addWidget(cmdSelect);

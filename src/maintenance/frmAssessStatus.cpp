@@ -6,12 +6,12 @@
 #include "shell/shared.h"
 #include "text/IsDate.h"
 #include "text/Trim.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/ProgramFiles.h"
-#include "toolkit/Twips.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -41,8 +41,7 @@ constexpr int kRevenueCode = 8;
 constexpr std::array kWidthsAtLoad = {250, 0, 3000, 1000, 4000, 1000, 1000, 1250, 0, 0};
 constexpr std::array kWidthsAfterSearch = {250, 0, 4000, 0, 3250, 1250, 1000, 1250, 0, 0};
 
-constexpr int kGridWidth = 11900;
-constexpr int kGridHeight = 5200;
+constexpr QSize kListSize(11900, 5200);
 constexpr int kBlinkInterval = 500;
 constexpr QSize kPictureSize(32, 32);
 
@@ -66,11 +65,7 @@ void frmAssessStatus::Layout() {
     Q_INIT_RESOURCE(maintenance);
     setObjectName(u"frmAssessStatus"_s);
     setWindowTitle(u"Assessment Status"_s);
-    grdTable = new FlexGrid(this);
-    grdTable->setObjectName(u"grdTable"_s);
-    grdTable->setAccessibleName(u"Assessments"_s);
-    grdTable->SetRowSelect(true);
-    grdTable->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    grdTable = NewList(u"grdTable"_s, u"Assessments"_s, kListSize, this);
     Timer1 = new QTimer(this);
     Timer1->setObjectName(u"Timer1"_s);
     Timer1->setInterval(kBlinkInterval);
@@ -81,10 +76,7 @@ void frmAssessStatus::Layout() {
     layout->addLayout(LayoutSearch());
     layout->addWidget(grdTable, 1);
     layout->addLayout(LayoutActions());
-    setTabOrder(txtSearch, grdTable);
-    setTabOrder(grdTable, cmdRevoke);
-    setTabOrder(cmdRevoke, cmdPrint);
-    setTabOrder(cmdPrint, cmdClose);
+    SetTabOrder({txtSearch, grdTable, cmdRevoke, cmdPrint, cmdClose});
     txtSearch->setFocus();
 }
 
@@ -116,12 +108,9 @@ QHBoxLayout* frmAssessStatus::LayoutSearch() {
 QHBoxLayout* frmAssessStatus::LayoutActions() {
     auto* lblLabel = new QLabel(u"Double-click on the entry you want to be revoked."_s, this);
     lblLabel->setObjectName(u"lblLabel"_s);
-    cmdRevoke = new QPushButton(u"Revoke"_s, this);
-    cmdRevoke->setObjectName(u"cmdRevoke"_s);
-    cmdPrint = new QPushButton(u"Print"_s, this);
-    cmdPrint->setObjectName(u"cmdPrint"_s);
-    cmdClose = new QPushButton(u"Cancel"_s, this);
-    cmdClose->setObjectName(u"cmdClose"_s);
+    cmdRevoke = NewButton(u"cmdRevoke"_s, u"Revoke"_s, this);
+    cmdPrint = NewButton(u"cmdPrint"_s, u"Print"_s, this);
+    cmdClose = NewButton(u"cmdClose"_s, u"Cancel"_s, this);
     auto* row = new QHBoxLayout;
     row->addWidget(lblLabel, 1);
     row->addWidget(cmdRevoke);

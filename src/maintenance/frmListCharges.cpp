@@ -8,11 +8,11 @@
 #include "shell/shared.h"
 #include "text/Clock.h"
 #include "text/Format.h"
-#include "text/RunTimeError.h"
 #include "text/ToText.h"
 #include "text/Trim.h"
 #include "text/UCase.h"
 #include "text/Val.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/MsgBox.h"
@@ -49,13 +49,6 @@ bool IsService(const QString& department) {
     return department == u"HC"_s || department == u"MD"_s;
 }
 
-/// Kept: once the finder is closed the question makes a fresh one out of sight, which fills itself by this
-/// screen's last name and has no option on. The answer is "O" then, for in-patients too; the services'
-/// cancellation goes by this screen's own choice.
-QString FinderPatientType() {
-    return Screens::Get<frmSearchPatient>().optPatientType[0]->isChecked() ? u"I"_s : u"O"_s;
-}
-
 } // namespace
 
 frmListCharges::frmListCharges() {
@@ -87,10 +80,7 @@ QString frmListCharges::FinderText() const {
 }
 
 void frmListCharges::SetBox(const QString& name, const QString& text) {
-    auto* box = findChild<QLineEdit*>(name);
-    if (!box)
-        throw RunTime::Error(RunTime::kObjectNotSet);
-    box->setText(text);
+    SetTextOf(*this, name, text);
 }
 
 void frmListCharges::Picked() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "patients/FinderTarget.h"
+#include "patients/PatientFrames.h"
 #include "toolkit/Form.h"
 
 #include <array>
@@ -17,7 +18,7 @@ class QVBoxLayout;
 ///
 /// A service or a doctor's fee is taken back on the account, a stock item on its stock card. Between a line's
 /// verification and its cancellation nothing is held: two clerks may cancel the same line.
-class frmListCharges : public Form, public FinderTarget {
+class frmListCharges : public Form, public FinderTarget, private PatientNameBoxes, private HospitalInfoBoxes {
     Q_OBJECT
 
   public:
@@ -36,7 +37,6 @@ class frmListCharges : public Form, public FinderTarget {
   private:
     void Layout();
     QGroupBox* LayoutPatientType();
-    QGroupBox* LayoutPatientName();
     QGroupBox* LayoutHospitalInfo();
     QGroupBox* LayoutList();
     QVBoxLayout* LayoutActions();
@@ -64,16 +64,4 @@ class frmListCharges : public Form, public FinderTarget {
     std::array<QPushButton*, 2> cmdOption;
     QLineEdit* txtMessage;
     FlexGrid* mshflexList;
-    QLineEdit* txtPno;
-    QLineEdit* txtId;
-    QLineEdit* txtDateAdmitted;
-    QLineEdit* txtRoom;
-    QLineEdit* txtDoctor;
-    QLineEdit* txtDoctorID;
-    QLineEdit* txtLastName;
-    QLineEdit* txtFirstName;
-    QLineEdit* txtMiddleName;
-    QLineEdit* txtSex;
-    QLineEdit* txtDob;
-    QLineEdit* txtAge;
 };

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "patients/PatientFrames.h"
 #include "toolkit/Form.h"
 
 class FlexGrid;
-class QComboBox;
 class QGroupBox;
 class QHBoxLayout;
-class QLineEdit;
 class QPrinter;
 class QPushButton;
 
@@ -15,7 +14,7 @@ class QPushButton;
 ///
 /// The print table is emptied and filled line by line, and other workstations do the same with it at any
 /// time; a failure in between leaves it partial until the next print empties it.
-class frmReprint : public Form {
+class frmReprint : public Form, private SearchPatientBoxes {
     Q_OBJECT
 
   public:
@@ -33,7 +32,6 @@ class frmReprint : public Form {
 
   private:
     void Layout();
-    QGroupBox* LayoutSearch();
     QGroupBox* LayoutCharges();
     QHBoxLayout* LayoutActions();
     void Wire();
@@ -53,12 +51,6 @@ class frmReprint : public Form {
     QString IssuerName() const;
     void SetFormulaTexts() const;
 
-    QComboBox* cmbPatientCode;
-    QLineEdit* txtIDNum;
-    QLineEdit* txtHospNum;
-    QLineEdit* txtLastName;
-    QLineEdit* txtFirstName;
-    QLineEdit* txtMiddleName;
     FlexGrid* grdTable;
     QPushButton* cmdPrint;
     QPushButton* cmdClose;

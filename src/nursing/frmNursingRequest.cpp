@@ -13,6 +13,7 @@
 #include "text/Format.h"
 #include "text/IsDate.h"
 #include "text/Trim.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
@@ -62,8 +63,7 @@ constexpr int kNurseWidth = 2100;
 constexpr int kRemarks = 22;
 constexpr int kRemarksWidth = 5000;
 
-constexpr int kGridWidth = 12000;
-constexpr int kGridHeight = 4800;
+constexpr QSize kListSize(12000, 4800);
 constexpr int kCellMargin = 8;
 
 /// A date as the charge screen shows it; a text that names none stays as it is.
@@ -97,11 +97,7 @@ void frmNursingRequest::Layout() {
     heading->setObjectName(u"Label6"_s);
     auto* hint = new QLabel(u"Double-click on the patient you want to process."_s, this);
     hint->setObjectName(u"Label3"_s);
-    grdRequest = new FlexGrid(this);
-    grdRequest->setObjectName(u"grdRequest"_s);
-    grdRequest->setAccessibleName(u"Pending Requests"_s);
-    grdRequest->SetRowSelect(true);
-    grdRequest->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    grdRequest = NewList(u"grdRequest"_s, u"Pending Requests"_s, kListSize, this);
     grdRequest->Cells().SetFormatString(kHeaderLine);
     const QStringList headers = kHeaderLine.split(u'|');
     for (int col = 0; col < int(headers.size()); ++col)
@@ -114,28 +110,18 @@ void frmNursingRequest::Layout() {
     layout->addWidget(hint);
     layout->addWidget(grdRequest, 1);
     layout->addLayout(LayoutActions());
-    setTabOrder(grdRequest, Command1);
-    setTabOrder(Command1, cmdCancel);
-    setTabOrder(cmdCancel, cmdClose);
+    SetTabOrder({grdRequest, Command1, cmdCancel, cmdClose});
     grdRequest->setFocus();
 }
 
 QHBoxLayout* frmNursingRequest::LayoutActions() {
     // Kept: nothing shows this button and nothing enables the next one; what they do is ready behind them.
-    Command1 = new QPushButton(u"&Print RequestForm"_s, this);
-    Command1->setObjectName(u"Command1"_s);
+    Command1 = NewButton(u"Command1"_s, u"&Print RequestForm"_s, this);
     Command1->hide();
-    cmdCancel = new QPushButton(u"&Cancel Request"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
+    cmdCancel = NewButton(u"cmdCancel"_s, u"&Cancel Request"_s, this);
     cmdCancel->setEnabled(false);
-    cmdClose = new QPushButton(u"&Close"_s, this);
-    cmdClose->setObjectName(u"cmdClose"_s);
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    row->addWidget(Command1);
-    row->addWidget(cmdCancel);
-    row->addWidget(cmdClose);
-    return row;
+    cmdClose = NewButton(u"cmdClose"_s, u"&Close"_s, this);
+    return RightAligned({Command1, cmdCancel, cmdClose});
 }
 
 void frmNursingRequest::Wire() {

@@ -13,7 +13,7 @@ class CashTarget {
     virtual bool PatientTypeOn(int index) const = 0;
     /// Lets lines be keyed.
     virtual void EnableExams() = 0;
-    /// Fills one of the assessment's boxes by its name.
+    /// Fills one of the assessment's boxes by its name. Raises 91 for a name that it does not have.
     virtual void SetBox(const QString& name, const QString& text) = 0;
 };
 

@@ -11,7 +11,7 @@ class FinderTarget {
 
     /// The text of the field that the first search uses.
     virtual QString FinderText() const = 0;
-    /// Fills one of the screen's boxes by its name.
+    /// Fills one of the screen's boxes by its name. Raises 91 for a name that it does not have.
     virtual void SetBox(const QString& name, const QString& text) = 0;
     /// Called when a pick has been loaded and the finder has closed.
     virtual void Picked() = 0;

@@ -4,10 +4,10 @@
 #include "patients/commands.h"
 #include "shell/shared.h"
 #include "text/Trim.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
-#include "toolkit/Twips.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -29,8 +29,7 @@ constexpr QStringView kFormat =
     u"Hospital Num | Adm. Num | Patient Name | Billing Date | Charging Status | Discharge Date ";
 constexpr std::array kColumnWidths = {100, 1200, 1200, 3000, 1800};
 constexpr int kLastColumn = 5;
-constexpr int kGridWidth = 10500;
-constexpr int kGridHeight = 3600;
+constexpr QSize kListSize(10500, 3600);
 
 } // namespace
 
@@ -54,17 +53,13 @@ void frmARPatients::Layout() {
     layout->addLayout(LayoutSearch());
     layout->addWidget(LayoutList(), 1);
     layout->addLayout(LayoutActions());
-    const QList<QWidget*> order = {cmbSearch, txtSearch, grdTable, cmdSelect, cmdClose};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    SetTabOrder({cmbSearch, txtSearch, grdTable, cmdSelect, cmdClose});
     txtSearch->setFocus();
 }
 
 QHBoxLayout* frmARPatients::LayoutSearch() {
-    cmbSearch = new QComboBox(this);
-    cmbSearch->setObjectName(u"cmbSearch"_s);
+    cmbSearch = NewCombo(u"cmbSearch"_s, {u"Admission#"_s, u"Hospital#"_s, u"LastName"_s}, this);
     cmbSearch->setAccessibleName(u"Search by"_s);
-    cmbSearch->addItems({u"Admission#"_s, u"Hospital#"_s, u"LastName"_s});
     txtSearch = NewTextBox(u"txtSearch"_s, this);
     txtSearch->setAccessibleName(u"Search text"_s);
     auto* search = new QHBoxLayout;
@@ -74,27 +69,17 @@ QHBoxLayout* frmARPatients::LayoutSearch() {
 }
 
 QGroupBox* frmARPatients::LayoutList() {
-    auto* frame = new QGroupBox(u"Patient List"_s, this);
-    grdTable = new FlexGrid(frame);
-    grdTable->setObjectName(u"grdTable"_s);
-    grdTable->setAccessibleName(u"Patient List"_s);
-    grdTable->SetRowSelect(true);
-    grdTable->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    QGroupBox* frame = NewFrame({}, u"Patient List"_s, this);
+    grdTable = NewList(u"grdTable"_s, u"Patient List"_s, kListSize, frame);
     auto* layout = new QVBoxLayout(frame);
     layout->addWidget(grdTable);
     return frame;
 }
 
 QHBoxLayout* frmARPatients::LayoutActions() {
-    cmdSelect = new QPushButton(u"&Select"_s, this);
-    cmdSelect->setObjectName(u"cmdSelect"_s);
-    cmdClose = new QPushButton(u"&Close"_s, this);
-    cmdClose->setObjectName(u"cmdClose"_s);
-    auto* actions = new QHBoxLayout;
-    actions->addStretch();
-    actions->addWidget(cmdSelect);
-    actions->addWidget(cmdClose);
-    return actions;
+    cmdSelect = NewButton(u"cmdSelect"_s, u"&Select"_s, this);
+    cmdClose = NewButton(u"cmdClose"_s, u"&Close"_s, this);
+    return RightAligned({cmdSelect, cmdClose});
 }
 
 void frmARPatients::Wire() {

@@ -7,12 +7,11 @@
 #include "text/Format.h"
 #include "text/Trim.h"
 #include "text/UCase.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
-#include "toolkit/Look.h"
 #include "toolkit/MousePointer.h"
 #include "toolkit/Screens.h"
-#include "toolkit/Twips.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -48,15 +47,7 @@ constexpr std::array<ListColumn, 5> kColumns = {{{u"", 200, u""},
                                                  {u"Last Name", 2500, u"LastName"},
                                                  {u"First Name", 2500, u"FirstName"},
                                                  {u"Middle Name", 2500, u"MiddleName"}}};
-constexpr int kGridWidth = 8950;
-constexpr int kGridHeight = 3600;
-
-QComboBox* NewCombo(const QString& name, const QStringList& entries, QWidget* parent) {
-    auto* combo = new QComboBox(parent);
-    combo->setObjectName(name);
-    combo->addItems(entries);
-    return combo;
-}
+constexpr QSize kListSize(8950, 3600);
 
 } // namespace
 
@@ -86,37 +77,23 @@ void frmCashPatients::Layout() {
     cmbSearch->setAccessibleName(u"Search by"_s);
     txtSearch = NewTextBox(u"txtSearch"_s, this);
     txtSearch->setAccessibleName(u"Search text"_s);
-    grdTable = new FlexGrid(this);
-    grdTable->setObjectName(u"grdTable"_s);
-    grdTable->setAccessibleName(u"Patients found"_s);
-    grdTable->SetRowSelect(true);
-    grdTable->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
-    cmdSelect = new QPushButton(u"&Select"_s, this);
-    cmdSelect->setObjectName(u"cmdSelect"_s);
-    cmdAdd = new QPushButton(u"&Add Patient"_s, this);
-    cmdAdd->setObjectName(u"cmdAdd"_s);
-    cmdClose = new QPushButton(u"&Close"_s, this);
-    cmdClose->setObjectName(u"cmdClose"_s);
+    grdTable = NewList(u"grdTable"_s, u"Patients found"_s, kListSize, this);
+    cmdSelect = NewButton(u"cmdSelect"_s, u"&Select"_s, this);
+    cmdAdd = NewButton(u"cmdAdd"_s, u"&Add Patient"_s, this);
+    cmdClose = NewButton(u"cmdClose"_s, u"&Close"_s, this);
 
     auto* search = new QGridLayout;
     AddLabelled(*search, 0, 0, u"Patient Type"_s, cmbPatientType);
     AddLabelled(*search, 0, 2, u"Search by"_s, cmbSearch);
     search->addWidget(txtSearch, 0, 4);
     search->setColumnStretch(4, 1);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton* button : {cmdSelect, cmdAdd, cmdClose})
-        buttons->addWidget(button);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(heading);
     layout->addWidget(lblPatient);
     layout->addLayout(search);
     layout->addWidget(grdTable, 1);
-    layout->addLayout(buttons);
-    const QList<QWidget*> order = {cmbPatientType, cmbSearch, txtSearch, grdTable,
-                                   cmdSelect,      cmdAdd,    cmdClose};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    layout->addLayout(RightAligned({cmdSelect, cmdAdd, cmdClose}));
+    SetTabOrder({cmbPatientType, cmbSearch, txtSearch, grdTable, cmdSelect, cmdAdd, cmdClose});
 }
 
 void frmCashPatients::Wire() {

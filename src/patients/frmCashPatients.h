@@ -1,8 +1,8 @@
 #pragma once
 
-#include "components/clsPersonFinder.h"
 #include "components/Ref.h"
 #include "gateway/Value.h"
+#include "patients/CashPatientSearches.h"
 #include "toolkit/Form.h"
 
 #include <QString>
@@ -13,24 +13,6 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class RowSet;
-
-/// Looks among out-patients for the caller of frmCashPatients.
-class OutPatientSearch {
-  public:
-    virtual ~OutPatientSearch() = default;
-    /// True when the text names an out-patient.
-    virtual bool ValidatePatient(const QString& text) = 0;
-    virtual Value IDNumber() const = 0;
-};
-
-/// Looks among admissions for the caller of frmCashPatients.
-class AdmissionSearch {
-  public:
-    virtual ~AdmissionSearch() = default;
-    /// True when the text names an admission.
-    virtual bool ValidateAdmission(const QString& text, const QString& hospitalNumber) = 0;
-    virtual const AdmissionRecord& Admission() const = 0;
-};
 
 /// Finds a cash patient for a caller who reads the result from the members below: a walk-in by name or number
 /// from a list, an out-patient or in-patient by an exact text. No screen of this release opens it.
@@ -54,8 +36,8 @@ class frmCashPatients : public Form {
     static QString PatientRecord() { return {}; }
 
     /// Kept: nothing in this release makes these two, so looking for an out-patient or an in-patient fails.
-    inline static Ref<OutPatientSearch> outPatientSearch;
-    inline static Ref<AdmissionSearch> admissionSearch;
+    inline static Ref<VisitByText> outPatientSearch;
+    inline static Ref<AdmissionByText> admissionSearch;
 
     /// Brings the members back to what a fresh process has.
     static void ResetMembers();

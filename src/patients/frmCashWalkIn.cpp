@@ -8,11 +8,11 @@
 #include "shell/shared.h"
 #include "text/IsNumeric.h"
 #include "text/Trim.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
 #include "toolkit/Screens.h"
-#include "toolkit/Twips.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -35,8 +35,7 @@ constexpr int kAdmission = 5;
 
 constexpr int kColumns = 6;
 constexpr std::array kColumnWidths = {1, 1200, 1000, 3000, 1000, 1};
-constexpr int kGridWidth = 6450;
-constexpr int kGridHeight = 3600;
+constexpr QSize kListSize(6450, 3600);
 
 /// A patient type of the assessment, and how its patients are listed.
 struct CashKind {
@@ -108,36 +107,24 @@ void frmCashWalkIn::Layout() {
     heading->setObjectName(u"Label2"_s);
     txtCash = NewTextBox(u"txtCash"_s, this);
     txtCash->setAccessibleName(u"Name or number to search for"_s);
-    cmdSearch = new QPushButton(ProgramIcon(u"patient"_s), QString(), this);
-    cmdSearch->setObjectName(u"cmdSearch"_s);
+    cmdSearch = NewButton(u"cmdSearch"_s, QString(), this);
+    cmdSearch->setIcon(ProgramIcon(u"patient"_s));
     cmdSearch->setAccessibleName(u"Search"_s);
     cmdSearch->setToolTip(u"Search"_s);
-    MSHFlexCash = new FlexGrid(this);
-    MSHFlexCash->setObjectName(u"MSHFlexCash"_s);
-    MSHFlexCash->setAccessibleName(u"Patient List"_s);
-    MSHFlexCash->SetRowSelect(true);
-    MSHFlexCash->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
-    cmdRegister = new QPushButton(u"&Register"_s, this);
-    cmdRegister->setObjectName(u"cmdRegister"_s);
-    Command1 = new QPushButton(u"&Close"_s, this);
-    Command1->setObjectName(u"Command1"_s);
+    MSHFlexCash = NewList(u"MSHFlexCash"_s, u"Patient List"_s, kListSize, this);
+    cmdRegister = NewButton(u"cmdRegister"_s, u"&Register"_s, this);
+    Command1 = NewButton(u"Command1"_s, u"&Close"_s, this);
 
     auto* search = new QHBoxLayout;
     search->addWidget(txtCash, 1);
     search->addWidget(cmdSearch);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdRegister);
-    buttons->addWidget(Command1);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(heading);
     layout->addLayout(search);
     layout->addWidget(MSHFlexCash, 1);
-    layout->addLayout(buttons);
+    layout->addLayout(RightAligned({cmdRegister, Command1}));
     // The order of work: a name, then the row.
-    const QList<QWidget*> order = {txtCash, MSHFlexCash, cmdSearch, cmdRegister, Command1};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    SetTabOrder({txtCash, MSHFlexCash, cmdSearch, cmdRegister, Command1});
     txtCash->setFocus();
 }
 

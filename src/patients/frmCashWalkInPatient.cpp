@@ -10,8 +10,8 @@
 #include "text/RunTimeError.h"
 #include "text/ToText.h"
 #include "text/Trim.h"
+#include "toolkit/Controls.h"
 #include "toolkit/Keys.h"
-#include "toolkit/Look.h"
 #include "toolkit/MaskedEdit.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/Screens.h"
@@ -46,7 +46,6 @@ constexpr int kAgeLength = 2;
 constexpr qint64 kDaysOfAYear = 365;
 constexpr int kBoxWidth = 4200;
 constexpr int kDateWidth = 1500;
-constexpr int kPickerWidth = 500;
 
 /// The keys of the age box that reach it: digits, the point, the slash, Backspace.
 bool IsAgeKey(int keyAscii) {
@@ -73,12 +72,9 @@ QString AgeToday(const QString& birthDate) {
     return ToText(DateDiff(DateInterval::Day, Value(birthDate).ToDate(), Today()) / kDaysOfAYear);
 }
 
-QPushButton* NewPicker(const QString& name, const QString& meaning, QWidget* parent) {
-    auto* picker = new QPushButton(u".."_s, parent);
-    picker->setObjectName(name);
-    picker->setAccessibleName(meaning);
-    picker->setToolTip(meaning);
-    picker->setMaximumWidth(TwipsToPixels(kPickerWidth));
+QPushButton* NewCodePicker(const QString& name, const QString& purpose, QWidget* parent) {
+    QPushButton* picker = NewPicker(name, purpose, purpose, parent);
+    picker->setText(u".."_s);
     // Enter in the box before it opens the same list; the Tab sent by a lookup passes on to the next box.
     picker->setFocusPolicy(Qt::ClickFocus);
     return picker;
@@ -108,11 +104,7 @@ void frmCashWalkInPatient::Layout() {
     AddLabelled(*grid, 8, 0, u"Civil Status :"_s, txtInfo[Info::kCivilStatus]);
     grid->addWidget(cmdCivil, 8, 2);
     AddLabelled(*grid, 9, 0, u"Sex :"_s, cboSex);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton* button : cmdOption)
-        buttons->addWidget(button);
-    grid->addLayout(buttons, 10, 0, 1, 3);
+    grid->addLayout(RightAligned({cmdOption[0], cmdOption[1]}), 10, 0, 1, 3);
     SetOrderOfWork();
 }
 
@@ -125,24 +117,17 @@ void frmCashWalkInPatient::MakeControls() {
     mskBirth = new MaskedEdit(u"##/##/####"_s, this);
     mskBirth->setObjectName(u"mskBirth"_s);
     mskBirth->setMaximumWidth(TwipsToPixels(kDateWidth));
-    cmdTown = NewPicker(u"cmdTown"_s, u"Pick the town"_s, this);
-    cmdCivil = NewPicker(u"cmdCivil"_s, u"Pick the civil status"_s, this);
-    cboSex = new QComboBox(this);
-    cboSex->setObjectName(u"cboSex"_s);
-    cboSex->addItems({u"Male"_s, u"Female"_s});
+    cmdTown = NewCodePicker(u"cmdTown"_s, u"Pick the town"_s, this);
+    cmdCivil = NewCodePicker(u"cmdCivil"_s, u"Pick the civil status"_s, this);
+    cboSex = NewCombo(u"cboSex"_s, {u"Male"_s, u"Female"_s}, this);
     cboSex->setMaximumWidth(TwipsToPixels(kDateWidth));
-    for (size_t i = 0; i < cmdOption.size(); ++i) {
-        cmdOption[i] = new QPushButton(i == kSave ? u"&Save"_s : u"&Cancel"_s, this);
-        cmdOption[i]->setObjectName(u"cmdOption(%1)"_s.arg(i));
-    }
+    for (size_t i = 0; i < cmdOption.size(); ++i)
+        cmdOption[i] = NewButton(u"cmdOption(%1)"_s.arg(i), i == kSave ? u"&Save"_s : u"&Cancel"_s, this);
 }
 
 void frmCashWalkInPatient::SetOrderOfWork() {
-    const QList<QWidget*> order = {txtInfo[0], txtInfo[1], txtInfo[2],   mskBirth,    txtInfo[3],
-                                   txtInfo[4], txtInfo[5], txtInfo[6],   cmdTown,     txtInfo[7],
-                                   cmdCivil,   cboSex,     cmdOption[0], cmdOption[1]};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    SetTabOrder({txtInfo[0], txtInfo[1], txtInfo[2], mskBirth, txtInfo[3], txtInfo[4], txtInfo[5], txtInfo[6],
+                 cmdTown, txtInfo[7], cmdCivil, cboSex, cmdOption[0], cmdOption[1]});
     txtInfo[Info::kLastName]->setFocus();
 }
 

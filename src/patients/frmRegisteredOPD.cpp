@@ -6,11 +6,11 @@
 #include "text/Format.h"
 #include "text/Trim.h"
 #include "text/UCase.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
 #include "toolkit/MousePointer.h"
-#include "toolkit/Twips.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -41,8 +41,7 @@ constexpr std::array kColumns = {ListColumn{u"", 200},
                                  ListColumn{u"First Name", 2000},
                                  ListColumn{u"Middle Name", 2000},
                                  ListColumn{u"Adm. Date", 1500}};
-constexpr int kGridWidth = 9200;
-constexpr int kGridHeight = 3600;
+constexpr QSize kListSize(9200, 3600);
 
 } // namespace
 
@@ -65,15 +64,11 @@ void frmRegisteredOPD::Layout() {
     layout->addLayout(LayoutSearch());
     layout->addWidget(LayoutList(), 1);
     layout->addLayout(LayoutActions());
-    const QList<QWidget*> order = {cmbSearch, txtSearch, chkCurrent, grdTable, cmdSelect, cmdClose};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    SetTabOrder({cmbSearch, txtSearch, chkCurrent, grdTable, cmdSelect, cmdClose});
 }
 
 QGridLayout* frmRegisteredOPD::LayoutSearch() {
-    cmbSearch = new QComboBox(this);
-    cmbSearch->setObjectName(u"cmbSearch"_s);
-    cmbSearch->addItems({u"Last Name"_s, u"Admission #"_s});
+    cmbSearch = NewCombo(u"cmbSearch"_s, {u"Last Name"_s, u"Admission #"_s}, this);
     txtSearch = NewTextBox(u"txtSearch"_s, this);
     txtSearch->setAccessibleName(u"Search text"_s);
     chkCurrent = new QCheckBox(u"Current Registration Only"_s, this);
@@ -88,27 +83,17 @@ QGridLayout* frmRegisteredOPD::LayoutSearch() {
 }
 
 QGroupBox* frmRegisteredOPD::LayoutList() {
-    auto* frame = new QGroupBox(u"Patient List"_s, this);
-    grdTable = new FlexGrid(frame);
-    grdTable->setObjectName(u"grdTable"_s);
-    grdTable->setAccessibleName(u"Patient List"_s);
-    grdTable->SetRowSelect(true);
-    grdTable->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    QGroupBox* frame = NewFrame({}, u"Patient List"_s, this);
+    grdTable = NewList(u"grdTable"_s, u"Patient List"_s, kListSize, frame);
     auto* layout = new QVBoxLayout(frame);
     layout->addWidget(grdTable);
     return frame;
 }
 
 QHBoxLayout* frmRegisteredOPD::LayoutActions() {
-    cmdSelect = new QPushButton(u"&Select"_s, this);
-    cmdSelect->setObjectName(u"cmdSelect"_s);
-    cmdClose = new QPushButton(u"&Close"_s, this);
-    cmdClose->setObjectName(u"cmdClose"_s);
-    auto* actions = new QHBoxLayout;
-    actions->addStretch();
-    actions->addWidget(cmdSelect);
-    actions->addWidget(cmdClose);
-    return actions;
+    cmdSelect = NewButton(u"cmdSelect"_s, u"&Select"_s, this);
+    cmdClose = NewButton(u"cmdClose"_s, u"&Close"_s, this);
+    return RightAligned({cmdSelect, cmdClose});
 }
 
 void frmRegisteredOPD::Wire() {

@@ -8,10 +8,12 @@
 #include "shell/shared.h"
 #include "text/RunTimeError.h"
 #include "text/UCase.h"
+#include "toolkit/Controls.h"
 #include "toolkit/Keys.h"
 #include "toolkit/ListView.h"
 #include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
+#include "toolkit/Screens.h"
 #include "toolkit/SendKeys.h"
 #include "toolkit/Twips.h"
 #include "toolkit/Workspace.h"
@@ -67,8 +69,7 @@ void frmSearchPatient::Layout() {
     ListView1->setAccessibleName(u"Patients found"_s);
     ListView1->SetRowIcon(ProgramIcon(u"patient"_s));
     ListView1->setFixedSize(TwipsToPixels(kListWidth), TwipsToPixels(kListHeight));
-    cmdSearch = new QPushButton(u"Search"_s, this);
-    cmdSearch->setObjectName(u"cmdSearch"_s);
+    cmdSearch = NewButton(u"cmdSearch"_s, u"Search"_s, this);
     for (size_t i = 0; i < optPatientType.size(); ++i) {
         optPatientType[i] = new QRadioButton(i == 0 ? u"In-Patient"_s : u"Out-Patient"_s, this);
         optPatientType[i]->setObjectName(u"optPatientType(%1)"_s.arg(i));
@@ -79,10 +80,7 @@ void frmSearchPatient::Layout() {
 
     LayoutInPlace();
     // The order of work: a name, then the row.
-    setTabOrder(txtLastName, ListView1);
-    setTabOrder(ListView1, cmdSearch);
-    setTabOrder(cmdSearch, optPatientType[0]);
-    setTabOrder(optPatientType[0], optPatientType[1]);
+    SetTabOrder({txtLastName, ListView1, cmdSearch, optPatientType[0], optPatientType[1]});
     txtLastName->setFocus();
 }
 
@@ -224,4 +222,8 @@ void frmSearchPatient::LoadTarget() {
 void frmSearchPatient::ListView1_KeyPress(int&) {
     // Kept: any key picks, whichever it is.
     ListView1_DblClick();
+}
+
+QString FinderPatientType() {
+    return Screens::Get<frmSearchPatient>().optPatientType[0]->isChecked() ? u"I"_s : u"O"_s;
 }

@@ -2,6 +2,8 @@
 
 #include "toolkit/Form.h"
 
+#include <QString>
+
 #include <array>
 
 class ListView;
@@ -53,3 +55,9 @@ class frmSearchPatient : public Form {
     ListView* ListView1;
     QTimer* Timer1;
 };
+
+/// The patient type by the finder's options, for the entries on stock cards: "I" or "O".
+///
+/// Kept: once the finder is closed the question makes a fresh one out of sight, which fills itself by its
+/// waiting screen and has no option on. The answer is "O" then, for in-patients too.
+QString FinderPatientType();

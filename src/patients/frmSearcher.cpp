@@ -4,11 +4,11 @@
 #include "patients/commands.h"
 #include "patients/PatientContext.h"
 #include "shell/shared.h"
+#include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Focus.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
-#include "toolkit/Twips.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -24,8 +24,7 @@ namespace {
 constexpr int kExam = 1;
 constexpr int kExamId = 2;
 constexpr int kColumns = 3;
-constexpr int kGridWidth = 6400;
-constexpr int kGridHeight = 3800;
+constexpr QSize kListSize(6400, 3800);
 
 RowSet OpenExams(const QString& command) {
     return gConnection->Open(command, CursorType::Dynamic, LockType::Optimistic, CursorLocation::Client);
@@ -43,11 +42,7 @@ void frmSearcher::Layout() {
     setWindowTitle(u"Ultra Exam"_s);
     QLabel* lblTitle = NewHeading(u"Ultra Exam "_s, this);
     lblTitle->setObjectName(u"lblTitle"_s);
-    grdDispWindow = new FlexGrid(this);
-    grdDispWindow->setObjectName(u"grdDispWindow"_s);
-    grdDispWindow->setAccessibleName(u"Ultra Exam"_s);
-    grdDispWindow->SetRowSelect(true);
-    grdDispWindow->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    grdDispWindow = NewList(u"grdDispWindow"_s, u"Ultra Exam"_s, kListSize, this);
     auto* lblHelpTip =
         new QLabel(u"Press [Select] Enter or Double Click on the Table to Select, Cancel to Abort"_s, this);
     lblHelpTip->setObjectName(u"lblHelpTip"_s);
@@ -58,9 +53,7 @@ void frmSearcher::Layout() {
     layout->addWidget(grdDispWindow, 1);
     layout->addWidget(lblHelpTip);
     layout->addLayout(LayoutActions());
-    const QList<QWidget*> order = {txtSearchStr, grdDispWindow, chkAutoSearch, cmdSelect, cmdCancel};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    SetTabOrder({txtSearchStr, grdDispWindow, chkAutoSearch, cmdSelect, cmdCancel});
     txtSearchStr->setFocus();
 }
 
@@ -76,15 +69,9 @@ QHBoxLayout* frmSearcher::LayoutSearch() {
 }
 
 QHBoxLayout* frmSearcher::LayoutActions() {
-    cmdSelect = new QPushButton(u"&Select"_s, this);
-    cmdSelect->setObjectName(u"cmdSelect"_s);
-    cmdCancel = new QPushButton(u"Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
-    auto* actions = new QHBoxLayout;
-    actions->addStretch();
-    actions->addWidget(cmdSelect);
-    actions->addWidget(cmdCancel);
-    return actions;
+    cmdSelect = NewButton(u"cmdSelect"_s, u"&Select"_s, this);
+    cmdCancel = NewButton(u"cmdCancel"_s, u"Cancel"_s, this);
+    return RightAligned({cmdSelect, cmdCancel});
 }
 
 void frmSearcher::Wire() {

@@ -4,8 +4,8 @@
 #include "patients/commands.h"
 #include "shell/shared.h"
 #include "text/UCase.h"
+#include "toolkit/Controls.h"
 #include "toolkit/Keys.h"
-#include "toolkit/Look.h"
 #include "toolkit/MousePointer.h"
 #include "toolkit/SendKeys.h"
 #include "toolkit/Twips.h"
@@ -27,7 +27,6 @@ constexpr int kBirthLength = 10;
 constexpr int kAgeLength = 3;
 constexpr int kBoxWidth = 4200;
 constexpr int kShortWidth = 1500;
-constexpr int kPickerWidth = 500;
 
 /// A radio button for each caption inside the frame, one of them on.
 template <size_t N>
@@ -83,11 +82,7 @@ void frmWalkIn::Layout() {
     zipCode->addStretch();
     grid->addLayout(zipCode, 9, 1);
     AddLabelled(*grid, 10, 0, u"Province/Town"_s, txtTown);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdSave);
-    buttons->addWidget(cmdClose);
-    grid->addLayout(buttons, 11, 0, 1, 2);
+    grid->addLayout(RightAligned({cmdSave, cmdClose}), 11, 0, 1, 2);
     SetOrderOfWork();
 }
 
@@ -103,21 +98,15 @@ void frmWalkIn::MakeControls() {
     txtZipCode = NewTextBox(u"txtZipCode"_s, this);
     for (QLineEdit* box : {txtBirth, txtAge, txtZipCode})
         box->setMaximumWidth(TwipsToPixels(kShortWidth));
-    cmdAddress = new QPushButton(u"..."_s, this);
-    cmdAddress->setObjectName(u"cmdAddress"_s);
-    cmdAddress->setAccessibleName(u"Pick the town"_s);
-    cmdAddress->setToolTip(u"Pick the town from the list"_s);
-    cmdAddress->setMaximumWidth(TwipsToPixels(kPickerWidth));
+    cmdAddress = NewPicker(u"cmdAddress"_s, u"Pick the town"_s, u"Pick the town from the list"_s, this);
     txtTown = NewTextBox(u"txtTown"_s, this);
     txtTown->setReadOnly(true);
-    cmdSave = new QPushButton(u"&Save"_s, this);
-    cmdSave->setObjectName(u"cmdSave"_s);
-    cmdClose = new QPushButton(u"&Close"_s, this);
-    cmdClose->setObjectName(u"cmdClose"_s);
+    cmdSave = NewButton(u"cmdSave"_s, u"&Save"_s, this);
+    cmdClose = NewButton(u"cmdClose"_s, u"&Close"_s, this);
 }
 
 QGroupBox* frmWalkIn::LayoutSex() {
-    auto* frame = new QGroupBox(u"Sex"_s, this);
+    QGroupBox* frame = NewFrame({}, u"Sex"_s, this);
     FillOptions<2>(optSex, u"optSex"_s, {u"Male"_s, u"Female"_s}, 0, frame);
     auto* row = new QHBoxLayout(frame);
     for (QRadioButton* option : optSex)
@@ -127,7 +116,7 @@ QGroupBox* frmWalkIn::LayoutSex() {
 }
 
 QGroupBox* frmWalkIn::LayoutCivilStatus() {
-    auto* frame = new QGroupBox(u"Civil Status"_s, this);
+    QGroupBox* frame = NewFrame({}, u"Civil Status"_s, this);
     FillOptions<6>(optCivil, u"optCivil"_s,
                    {u"Child"_s, u"Single"_s, u"Married"_s, u"Widow/er"_s, u"Separated"_s, u"Divorced"_s}, 1,
                    frame);
@@ -142,8 +131,7 @@ void frmWalkIn::SetOrderOfWork() {
     order.append(QList<QWidget*>(optSex.begin(), optSex.end()));
     order.append(QList<QWidget*>(optCivil.begin(), optCivil.end()));
     order.append({txtHouse, txtBarangay, txtZipCode, cmdAddress, txtTown, cmdSave, cmdClose});
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    SetTabOrder(order);
     txtSname->setFocus();
 }
 

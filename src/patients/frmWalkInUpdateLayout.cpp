@@ -1,4 +1,5 @@
 #include "patients/frmWalkInUpdate.h"
+#include "toolkit/Controls.h"
 #include "toolkit/DatePicker.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Look.h"
@@ -20,22 +21,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kGridWidth = 8750;
-constexpr int kGridHeight = 3900;
+constexpr QSize kListSize(8750, 3900);
 constexpr int kShortWidth = 1500;
-constexpr int kPickerWidth = 500;
-
-QPushButton* NewButton(const QString& name, const QString& caption, QWidget* parent) {
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(name);
-    return button;
-}
-
-QComboBox* NewCombo(const QString& name, QWidget* parent) {
-    auto* combo = new QComboBox(parent);
-    combo->setObjectName(name);
-    return combo;
-}
 
 } // namespace
 
@@ -56,7 +43,7 @@ void frmWalkInUpdate::Layout() {
 
 QWidget* frmWalkInUpdate::LayoutSearch() {
     auto* page = new QWidget(ssWalkIn);
-    cmbSearchBy = NewCombo(u"cmbSearchBy"_s, page);
+    cmbSearchBy = NewCombo(u"cmbSearchBy"_s, {}, page);
     txtSearch = NewTextBox(u"txtSearch"_s, page);
     txtSearch->setAccessibleName(u"Search text"_s);
     cmdEdit = NewButton(u"cmdEdit"_s, u"&Edit"_s, page);
@@ -73,12 +60,8 @@ QWidget* frmWalkInUpdate::LayoutSearch() {
 }
 
 QGroupBox* frmWalkInUpdate::LayoutList() {
-    auto* frame = new QGroupBox(u"Search List"_s, ssWalkIn);
-    grdTable = new FlexGrid(frame);
-    grdTable->setObjectName(u"grdTable"_s);
-    grdTable->setAccessibleName(u"Search List"_s);
-    grdTable->SetRowSelect(true);
-    grdTable->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    QGroupBox* frame = NewFrame({}, u"Search List"_s, ssWalkIn);
+    grdTable = NewList(u"grdTable"_s, u"Search List"_s, kListSize, frame);
     auto* layout = new QVBoxLayout(frame);
     layout->addWidget(grdTable);
     return frame;
@@ -104,16 +87,13 @@ void frmWalkInUpdate::MakeRecordControls(QWidget* page) {
     dtpBirthDate = new DatePicker(page);
     dtpBirthDate->setObjectName(u"dtpBirthDate"_s);
     txtAge = NewTextBox(u"txtAge"_s, page);
-    cmbSex = NewCombo(u"cmbSex"_s, page);
-    cmbCivil = NewCombo(u"cmbCivil"_s, page);
+    cmbSex = NewCombo(u"cmbSex"_s, {}, page);
+    cmbCivil = NewCombo(u"cmbCivil"_s, {}, page);
     txtAddress1 = NewTextBox(u"txtAddress1"_s, page);
     txtAddress2 = NewTextBox(u"txtAddress2"_s, page);
     txtAddress3 = NewTextBox(u"txtAddress3"_s, page);
     txtZipCode = NewTextBox(u"txtZipCode"_s, page);
-    cmdZipCode = NewButton(u"cmdZipCode"_s, u"..."_s, page);
-    cmdZipCode->setAccessibleName(u"Pick the town"_s);
-    cmdZipCode->setToolTip(u"Pick the town from the list"_s);
-    cmdZipCode->setMaximumWidth(TwipsToPixels(kPickerWidth));
+    cmdZipCode = NewPicker(u"cmdZipCode"_s, u"Pick the town"_s, u"Pick the town from the list"_s, page);
     cmdSave = NewButton(u"cmdSave"_s, u"&Save"_s, page);
     for (QWidget* box : QList<QWidget*>{txtHospNum, dtpBirthDate, txtAge, cmbSex, cmbCivil, txtZipCode})
         box->setFixedWidth(TwipsToPixels(kShortWidth));
@@ -142,10 +122,7 @@ void frmWalkInUpdate::PlaceRecordControls(QGridLayout& grid) {
 
 /// The boxes of the record stand in the order in which Enter moves through them.
 void frmWalkInUpdate::SetOrderOfWork() {
-    const QList<QWidget*> order = {cmbSearchBy, txtSearch,    grdTable,      cmdEdit,      txtHospNum,
-                                   txtLastName, txtFirstName, txtMiddleName, dtpBirthDate, txtAge,
-                                   cmbSex,      cmbCivil,     txtAddress1,   txtAddress2,  txtAddress3,
-                                   txtZipCode,  cmdZipCode,   cmdSave,       cmdClose};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    SetTabOrder({cmbSearchBy, txtSearch, grdTable, cmdEdit, txtHospNum, txtLastName, txtFirstName,
+                 txtMiddleName, dtpBirthDate, txtAge, cmbSex, cmbCivil, txtAddress1, txtAddress2, txtAddress3,
+                 txtZipCode, cmdZipCode, cmdSave, cmdClose});
 }

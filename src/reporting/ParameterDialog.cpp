@@ -3,7 +3,7 @@
 #include "text/IsDate.h"
 #include "text/IsNumeric.h"
 #include "text/RunTimeError.h"
-#include "toolkit/Look.h"
+#include "toolkit/Controls.h"
 #include "toolkit/ShowModal.h"
 
 #include <QDialogButtonBox>

@@ -2,6 +2,7 @@
 #include "reporting/PageView.h"
 #include "reporting/ReportViewer.h"
 #include "reporting/WorkBar.h"
+#include "toolkit/Controls.h"
 #include "toolkit/Look.h"
 
 #include <QAction>

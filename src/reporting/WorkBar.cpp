@@ -1,5 +1,6 @@
 #include "reporting/WorkBar.h"
 
+#include "toolkit/Controls.h"
 #include "toolkit/Look.h"
 
 #include <QHBoxLayout>
@@ -20,8 +21,7 @@ WorkBar::WorkBar(QWidget* parent)
     mBar->setObjectName(u"prgWork"_s);
     mBar->setAccessibleName(u"Progress"_s);
     mBar->setTextVisible(false);
-    auto* cancel = new QPushButton(u"Cancel"_s, this);
-    cancel->setObjectName(u"cmdCancel"_s);
+    QPushButton* cancel = NewButton(u"cmdCancel"_s, u"Cancel"_s, this);
     cancel->setToolTip(u"Cancel (Esc)"_s);
     connect(cancel, &QPushButton::clicked, this, &WorkBar::CancelRequested);
     auto* row = new QHBoxLayout(this);

@@ -4,6 +4,7 @@
 #include "reporting/ReportEngine.h"
 #include "reporting/Reports.h"
 #include "reporting/ReportViewer.h"
+#include "toolkit/Controls.h"
 #include "toolkit/Look.h"
 #include "toolkit/ProgramFiles.h"
 
@@ -52,15 +53,9 @@ void frmCensus::Layout() {
 }
 
 QHBoxLayout* frmCensus::LayoutActions() {
-    cmdView = new QPushButton(u"&View"_s, this);
-    cmdView->setObjectName(u"cmdView"_s);
-    cmdClose = new QPushButton(u"&Close"_s, this);
-    cmdClose->setObjectName(u"cmdClose"_s);
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    row->addWidget(cmdView);
-    row->addWidget(cmdClose);
-    return row;
+    cmdView = NewButton(u"cmdView"_s, u"&View"_s, this);
+    cmdClose = NewButton(u"cmdClose"_s, u"&Close"_s, this);
+    return RightAligned({cmdView, cmdClose});
 }
 
 void frmCensus::Wire() {

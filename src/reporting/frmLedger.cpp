@@ -5,6 +5,7 @@
 #include "reporting/Reports.h"
 #include "shell/shared.h"
 #include "text/IsNumeric.h"
+#include "toolkit/Controls.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
 #include "toolkit/MousePointer.h"
@@ -14,7 +15,6 @@
 #include "toolkit/Workspace.h"
 
 #include <QComboBox>
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -46,47 +46,22 @@ void frmLedger::Layout() {
     layout->addWidget(LayoutSearch());
     layout->addStretch(1);
     layout->addLayout(LayoutActions());
-    const QList<QWidget*> order = {cmbPatientCode, txtIDNum, cmdView, cmdClose};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    SetTabOrder({cmbPatientCode, txtIDNum, cmdView, cmdClose});
     cmbPatientCode->setFocus();
 }
 
 QGroupBox* frmLedger::LayoutSearch() {
-    auto* frame1 = new QGroupBox(u"Search Patient"_s, this);
-    frame1->setObjectName(u"Frame1"_s);
-    cmbPatientCode = new QComboBox(frame1);
-    cmbPatientCode->setObjectName(u"cmbPatientCode"_s);
+    QGroupBox* frame1 = NewSearchPatientFrame(*this, this);
     cmbPatientCode->addItems({u"Inpatient"_s, u"Outpatient"_s});
     // Neither is chosen at the start, so that choosing the first one is a choice too.
     cmbPatientCode->setCurrentIndex(-1);
-    txtIDNum = NewTextBox(u"txtIDNum"_s, frame1);
-    txtHospNum = NewShownBox(u"txtHospNum"_s, frame1);
-    txtLastName = NewShownBox(u"txtLastName"_s, frame1);
-    txtFirstName = NewShownBox(u"txtFirstName"_s, frame1);
-    txtMiddleName = NewShownBox(u"txtMiddleName"_s, frame1);
-    auto* grid = new QGridLayout(frame1);
-    AddLabelled(*grid, 0, 0, u"Patient Code:"_s, cmbPatientCode);
-    AddLabelled(*grid, 1, 0, u"Admission No.:"_s, txtIDNum);
-    AddLabelled(*grid, 2, 0, u"Hospital No.:"_s, txtHospNum);
-    AddLabelled(*grid, 0, 2, u"Last Name:"_s, txtLastName);
-    AddLabelled(*grid, 1, 2, u"First Name:"_s, txtFirstName);
-    AddLabelled(*grid, 2, 2, u"Middle Name:"_s, txtMiddleName);
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 2);
     return frame1;
 }
 
 QHBoxLayout* frmLedger::LayoutActions() {
-    cmdView = new QPushButton(u"&View"_s, this);
-    cmdView->setObjectName(u"cmdView"_s);
-    cmdClose = new QPushButton(u"Exit"_s, this);
-    cmdClose->setObjectName(u"cmdClose"_s);
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    row->addWidget(cmdView);
-    row->addWidget(cmdClose);
-    return row;
+    cmdView = NewButton(u"cmdView"_s, u"&View"_s, this);
+    cmdClose = NewButton(u"cmdClose"_s, u"Exit"_s, this);
+    return RightAligned({cmdView, cmdClose});
 }
 
 void frmLedger::Wire() {
@@ -112,7 +87,7 @@ QString frmLedger::FinderText() const {
 }
 
 void frmLedger::SetBox(const QString& name, const QString& text) {
-    findChild<QLineEdit*>(name)->setText(text);
+    SetTextOf(*this, name, text);
 }
 
 void frmLedger::cmbPatientCode_Click() {

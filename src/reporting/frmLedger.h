@@ -2,20 +2,19 @@
 
 #include "gateway/Value.h"
 #include "patients/FinderTarget.h"
+#include "patients/PatientFrames.h"
 #include "toolkit/Form.h"
 
 #include <vector>
 
-class QComboBox;
 class QGroupBox;
 class QHBoxLayout;
-class QLineEdit;
 class QPushButton;
 
 /// "Patient's Ledger": prints the ledger of one admission or visit, which the patient finder brings.
 ///
 /// Nothing is checked before the report is opened: an empty screen gives the report empty values.
-class frmLedger : public Form, public FinderTarget {
+class frmLedger : public Form, public FinderTarget, private SearchPatientBoxes {
     Q_OBJECT
 
   public:
@@ -42,12 +41,6 @@ class frmLedger : public Form, public FinderTarget {
     void PrintLedger();
     std::vector<Value> LedgerValues() const;
 
-    QComboBox* cmbPatientCode;
-    QLineEdit* txtIDNum;
-    QLineEdit* txtHospNum;
-    QLineEdit* txtLastName;
-    QLineEdit* txtFirstName;
-    QLineEdit* txtMiddleName;
     QPushButton* cmdView;
     QPushButton* cmdClose;
     // Kept: three values of the report that nothing fills; they are sent empty.

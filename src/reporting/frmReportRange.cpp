@@ -4,6 +4,7 @@
 #include "shell/shared.h"
 #include "text/Clock.h"
 #include "text/Format.h"
+#include "toolkit/Controls.h"
 #include "toolkit/Look.h"
 #include "toolkit/MousePointer.h"
 #include "toolkit/MsgBox.h"
@@ -69,15 +70,12 @@ void frmReportRange::Layout() {
     layout->addWidget(LayoutRange());
     layout->addStretch(1);
     layout->addLayout(LayoutActions());
-    const QList<QWidget*> order = {dtpStartDate, dtpEndDate, cmdView, cmdClose};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    SetTabOrder({dtpStartDate, dtpEndDate, cmdView, cmdClose});
     dtpStartDate->setFocus();
 }
 
 QGroupBox* frmReportRange::LayoutRange() {
-    auto* frame1 = new QGroupBox(u"Select Range"_s, this);
-    frame1->setObjectName(u"Frame1"_s);
+    QGroupBox* frame1 = NewFrame(u"Frame1"_s, u"Select Range"_s, this);
     dtpStartDate = NewDatePicker(u"dtpStartDate"_s, frame1);
     dtpEndDate = NewDatePicker(u"dtpEndDate"_s, frame1);
     auto* grid = new QGridLayout(frame1);
@@ -88,15 +86,9 @@ QGroupBox* frmReportRange::LayoutRange() {
 }
 
 QHBoxLayout* frmReportRange::LayoutActions() {
-    cmdView = new QPushButton(u"View"_s, this);
-    cmdView->setObjectName(u"cmdView"_s);
-    cmdClose = new QPushButton(u"Close"_s, this);
-    cmdClose->setObjectName(u"cmdClose"_s);
-    auto* row = new QHBoxLayout;
-    row->addStretch(1);
-    row->addWidget(cmdView);
-    row->addWidget(cmdClose);
-    return row;
+    cmdView = NewButton(u"cmdView"_s, u"View"_s, this);
+    cmdClose = NewButton(u"cmdClose"_s, u"Close"_s, this);
+    return RightAligned({cmdView, cmdClose});
 }
 
 void frmReportRange::Wire() {

@@ -4,6 +4,7 @@
 #include "nursing/frmNursingRequest.h"
 #include "patients/frmSearchPatient.h"
 #include "shell/shared.h"
+#include "toolkit/Controls.h"
 #include "toolkit/Look.h"
 #include "toolkit/Screens.h"
 
@@ -69,8 +70,7 @@ void PendingMonitor::Layout() {
     LayoutText();
     LayoutPending();
     // Kept: hidden, and its click does nothing.
-    cmdPrepaid = new QPushButton(u"Prepaid Requests"_s, this);
-    cmdPrepaid->setObjectName(u"cmdPrepaid"_s);
+    cmdPrepaid = NewButton(u"cmdPrepaid"_s, u"Prepaid Requests"_s, this);
     cmdPrepaid->hide();
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, Space::kNormal, 0);

@@ -2,6 +2,7 @@
 
 #include "shell/shared.h"
 #include "shell/version.h"
+#include "toolkit/Controls.h"
 #include "toolkit/Look.h"
 
 #include <QCloseEvent>
@@ -39,8 +40,7 @@ void frmAbout::Layout() {
     auto* release = new QLabel(
         u"Version %1.%2.%3"_s.arg(Version::kMajor).arg(Version::kMinor).arg(Version::kRevision), this);
     auto* purpose = new QLabel(u"Charging workstation of an ancillary department"_s, this);
-    cmdOK = new QPushButton(u"&OK"_s, this);
-    cmdOK->setObjectName(u"cmdOK"_s);
+    cmdOK = NewButton(u"cmdOK"_s, u"&OK"_s, this);
     auto* texts = new QVBoxLayout;
     texts->addWidget(name);
     texts->addWidget(release);

@@ -1,7 +1,7 @@
 #include "shell/frmSetup.h"
 
 #include "shell/ConfigFile.h"
-#include "toolkit/Look.h"
+#include "toolkit/Controls.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/Twips.h"
 
@@ -27,29 +27,19 @@ void frmSetup::Layout() {
     txtDeptDesc = NewTextBox(u"txtDeptDesc"_s, this);
     txtDeptDesc->setMinimumWidth(TwipsToPixels(3600));
     // Kept: the button and the box below it stand there without an effect in this release.
-    cmdSelDepartment = new QPushButton(u"&Select Department"_s, this);
-    cmdSelDepartment->setObjectName(u"cmdSelDepartment"_s);
+    cmdSelDepartment = NewButton(u"cmdSelDepartment"_s, u"&Select Department"_s, this);
     chkOneInstance = new QCheckBox(u"Allow only one program instance to run."_s, this);
     chkOneInstance->setObjectName(u"chkOneInstance"_s);
-    cmdOK = new QPushButton(u"&OK"_s, this);
-    cmdOK->setObjectName(u"cmdOK"_s);
-    cmdCancel = new QPushButton(u"&Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
+    cmdOK = NewButton(u"cmdOK"_s, u"&OK"_s, this);
+    cmdCancel = NewButton(u"cmdCancel"_s, u"&Cancel"_s, this);
 
     auto* grid = new QGridLayout(this);
     AddLabelled(*grid, 0, 0, u"Department Code:"_s, txtDeptCode);
     AddLabelled(*grid, 1, 0, u"Department Name:"_s, txtDeptDesc);
     grid->addWidget(cmdSelDepartment, 0, 2);
     grid->addWidget(chkOneInstance, 2, 1, 1, 2);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
-    grid->addLayout(buttons, 3, 0, 1, 3);
-    const QList<QWidget*> order = {txtDeptCode,    txtDeptDesc, cmdSelDepartment,
-                                   chkOneInstance, cmdOK,       cmdCancel};
-    for (qsizetype i = 1; i < order.size(); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    grid->addLayout(RightAligned({cmdOK, cmdCancel}), 3, 0, 1, 3);
+    SetTabOrder({txtDeptCode, txtDeptDesc, cmdSelDepartment, chkOneInstance, cmdOK, cmdCancel});
     txtDeptCode->setFocus();
 }
 

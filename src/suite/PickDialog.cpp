@@ -2,9 +2,9 @@
 
 #include "text/RunTimeError.h"
 #include "text/UCase.h"
+#include "toolkit/Controls.h"
 #include "toolkit/Keys.h"
 #include "toolkit/ListView.h"
-#include "toolkit/Look.h"
 #include "toolkit/Twips.h"
 
 #include <QGridLayout>
@@ -94,20 +94,14 @@ void PickDialog::Layout(const QString& title) {
         width += column.width;
     }
     lstPick->setMinimumSize(TwipsToPixels(width), TwipsToPixels(kListHeight));
-    cmdPick = new QPushButton(u"&Select"_s, this);
-    cmdPick->setObjectName(u"cmdPick"_s);
+    cmdPick = NewButton(u"cmdPick"_s, u"&Select"_s, this);
     cmdPick->setDefault(true);
-    cmdCancel = new QPushButton(u"Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
+    cmdCancel = NewButton(u"cmdCancel"_s, u"Cancel"_s, this);
     cmdCancel->setAutoDefault(false);
     auto* grid = new QGridLayout(this);
     AddLabelled(*grid, 0, 0, u"Search"_s, txtPick);
     grid->addWidget(lstPick, 1, 0, 1, 2);
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdPick);
-    buttons->addWidget(cmdCancel);
-    grid->addLayout(buttons, 2, 0, 1, 2);
+    grid->addLayout(RightAligned({cmdPick, cmdCancel}), 2, 0, 1, 2);
     txtPick->setFocus();
 }
 

@@ -3,7 +3,7 @@
 #include "suite/DataSource.h"
 #include "suite/Passwords.h"
 #include "text/RunTimeError.h"
-#include "toolkit/Look.h"
+#include "toolkit/Controls.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/Twips.h"
 
@@ -41,8 +41,7 @@ void SignOnDialog::Layout() {
     txtUser = NewTextBox(u"txtUser"_s, this);
     txtPassword = NewTextBox(u"txtPassword"_s, this);
     txtPassword->setEchoMode(QLineEdit::Password);
-    cmbDataSource = new QComboBox(this);
-    cmbDataSource->setObjectName(u"cmbDataSource"_s);
+    cmbDataSource = NewCombo(u"cmbDataSource"_s, {}, this);
     lblHint = new QLabel(this);
     lblHint->setObjectName(u"lblHint"_s);
     lblHint->setWordWrap(true);
@@ -64,20 +63,14 @@ void SignOnDialog::Layout() {
 }
 
 QLayout* SignOnDialog::LayoutButtons() {
-    cmdMakeAnew = new QPushButton(u"Make the trial hospital &anew..."_s, this);
-    cmdMakeAnew->setObjectName(u"cmdMakeAnew"_s);
+    cmdMakeAnew = NewButton(u"cmdMakeAnew"_s, u"Make the trial hospital &anew..."_s, this);
     cmdMakeAnew->setAutoDefault(false);
-    cmdOK = new QPushButton(u"&Sign on"_s, this);
-    cmdOK->setObjectName(u"cmdOK"_s);
+    cmdOK = NewButton(u"cmdOK"_s, u"&Sign on"_s, this);
     cmdOK->setDefault(true);
-    cmdCancel = new QPushButton(u"&Cancel"_s, this);
-    cmdCancel->setObjectName(u"cmdCancel"_s);
+    cmdCancel = NewButton(u"cmdCancel"_s, u"&Cancel"_s, this);
     cmdCancel->setAutoDefault(false);
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(cmdMakeAnew);
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
+    QHBoxLayout* buttons = RightAligned({cmdOK, cmdCancel});
+    buttons->insertWidget(0, cmdMakeAnew);
     return buttons;
 }
 

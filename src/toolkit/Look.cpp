@@ -3,10 +3,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QFont>
-#include <QGridLayout>
 #include <QIcon>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPalette>
 #include <QStyleFactory>
 
@@ -67,34 +64,4 @@ QIcon ProgramIcon(const QString& name) {
     if (QFile::exists(selected))
         icon.addFile(selected, {}, QIcon::Selected);
     return icon;
-}
-
-QLabel* AddLabelled(QGridLayout& grid, int row, int column, const QString& label, QWidget* input) {
-    auto* text = new QLabel(label, input->parentWidget());
-    text->setBuddy(input);
-    text->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    QString spoken = label;
-    input->setAccessibleName(spoken.remove(u'&'));
-    grid.addWidget(text, row, column);
-    grid.addWidget(input, row, column + 1);
-    return text;
-}
-
-QLabel* NewHeading(const QString& text, QWidget* parent) {
-    auto* heading = new QLabel(text, parent);
-    heading->setProperty("heading", true);
-    return heading;
-}
-
-QLineEdit* NewTextBox(const QString& name, QWidget* parent) {
-    auto* box = new QLineEdit(parent);
-    box->setObjectName(name);
-    return box;
-}
-
-QLineEdit* NewShownBox(const QString& name, QWidget* parent) {
-    QLineEdit* box = NewTextBox(name, parent);
-    box->setReadOnly(true);
-    box->setFocusPolicy(Qt::NoFocus);
-    return box;
 }

@@ -24,7 +24,7 @@ namespace {
 using Names = std::vector<QString>;
 
 /// The objects that nothing in this release makes.
-class FakeOutPatientSearch : public OutPatientSearch {
+class FakeVisitByText : public VisitByText {
   public:
     bool finds = true;
     Names asked;
@@ -35,12 +35,12 @@ class FakeOutPatientSearch : public OutPatientSearch {
     Value IDNumber() const override { return u"10231B"_s; }
 };
 
-class FakeAdmissionSearch : public AdmissionSearch {
+class FakeAdmissionByText : public AdmissionByText {
   public:
     bool finds = true;
     Names asked;
     AdmissionRecord admission;
-    FakeAdmissionSearch() { admission.IDNumber = u"104233"_s; }
+    FakeAdmissionByText() { admission.IDNumber = u"104233"_s; }
     bool ValidateAdmission(const QString& text, const QString& hospitalNumber) override {
         asked.push_back(text + u"|"_s + hospitalNumber);
         return finds;
@@ -304,7 +304,7 @@ TEST_F(frmCashPatientsTest, SearchAmongInPatientsFaultsForWantOfItsObject) {
 }
 
 TEST_F(frmCashPatientsTest, OutPatientOfAnObjectThatIsThereIsSelected) {
-    const auto search = std::make_shared<FakeOutPatientSearch>();
+    const auto search = std::make_shared<FakeVisitByText>();
     frmCashPatients::outPatientSearch = search;
     const auto& screen = Open();
     Kind(screen).setCurrentIndex(1);
@@ -323,7 +323,7 @@ TEST_F(frmCashPatientsTest, OutPatientOfAnObjectThatIsThereIsSelected) {
 }
 
 TEST_F(frmCashPatientsTest, InPatientOfAnObjectThatIsThereIsSelected) {
-    const auto search = std::make_shared<FakeAdmissionSearch>();
+    const auto search = std::make_shared<FakeAdmissionByText>();
     frmCashPatients::admissionSearch = search;
     const auto& screen = Open();
     Kind(screen).setCurrentIndex(2);

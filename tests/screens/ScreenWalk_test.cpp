@@ -2,7 +2,7 @@
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
 #include "support/ScreenTest.h"
-#include "toolkit/Look.h"
+#include "toolkit/Controls.h"
 
 #include <QComboBox>
 #include <QGridLayout>

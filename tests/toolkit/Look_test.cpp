@@ -1,12 +1,8 @@
-#include "support/PrintQt.h"
 #include "toolkit/Look.h"
 
 #include <QApplication>
-#include <QGridLayout>
 #include <QIcon>
 #include <QImage>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPalette>
 
 #include <algorithm>
@@ -51,32 +47,6 @@ TEST(Look, TheIconOfASelectedRowStandsOutFromItsColour) {
     const QImage icon = ProgramIcon(u"patient"_s).pixmap(24, QIcon::Selected).toImage();
     const QColor shoulder = icon.pixelColor(icon.width() / 2, icon.height() * 4 / 5);
     EXPECT_GE(Contrast(shoulder, QApplication::palette().color(QPalette::Highlight)), 4.5);
-}
-
-TEST(Look, ALabelledInputIsSpokenByItsLabel) {
-    QWidget window;
-    auto* grid = new QGridLayout(&window);
-    QLineEdit* box = NewTextBox(u"txtUser"_s, &window);
-    const QLabel* label = AddLabelled(*grid, 2, 1, u"&User"_s, box);
-    EXPECT_EQ(label->text(), u"&User"_s);
-    EXPECT_EQ(label->buddy(), box);
-    EXPECT_EQ(box->accessibleName(), u"User"_s);
-    EXPECT_EQ(box->objectName(), u"txtUser"_s);
-    EXPECT_EQ(grid->itemAtPosition(2, 1)->widget(), label);
-    EXPECT_EQ(grid->itemAtPosition(2, 2)->widget(), box);
-}
-
-TEST(Look, AShownBoxIsNotTypedInto) {
-    QWidget window;
-    const QLineEdit* box = NewShownBox(u"txtAge"_s, &window);
-    EXPECT_TRUE(box->isReadOnly());
-    EXPECT_EQ(box->focusPolicy(), Qt::NoFocus);
-    EXPECT_TRUE(box->isEnabled());
-}
-
-TEST(Look, AHeadingBearsItsText) {
-    QWidget window;
-    EXPECT_EQ(NewHeading(u"Revenue Codes"_s, &window)->text(), u"Revenue Codes"_s);
 }
 
 } // namespace
