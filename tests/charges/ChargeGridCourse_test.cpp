@@ -196,6 +196,18 @@ TEST_F(PostGridTest, WhatIsTypedOverTheClosedAmountGoesIntoIt) {
     EXPECT_EQ(At(1, Column::kAmount), u"101.00"_s);
 }
 
+TEST_F(PostGridTest, HCLineAtTheEndOfTheGridEndsWithItsPrice) {
+    PutLine(8, u"HC"_s, u"Y"_s);
+    ClickCell(8, 5);
+    ExpectOpen(8, 5);
+    Enter();
+    ExpectOpen(8, 5);
+    EXPECT_EQ(cells.Rows(), 9);
+    Enter();
+    EXPECT_EQ(cells.Rows(), 10);
+    ExpectOpen(9, 1);
+}
+
 TEST_F(PostGridTest, EditorOfACutLineComesToTheDepartmentOfAnHCLineWhoseAmountIsClosed) {
     cells.SetRows(12);
     PutLine(8, u"HC"_s, u"Y"_s);

@@ -111,6 +111,24 @@ TEST_P(ChargeGridTest, ClickOnTheParticularLeavesTheEditorWhereItWas) {
     EXPECT_EQ(At(1, Column::kParticular), u"CHEST"_s);
 }
 
+TEST_P(ChargeGridTest, EnterInTheParticularMovesOnAndComputesNothing) {
+    PutLine(1, u"XR"_s, u"Y"_s);
+    Put(1, Column::kParticular, u"CHEST"_s);
+    Put(1, Column::kAmount, u"250"_s);
+    total->setText(u"9.00"_s);
+    ClickCell(1, 2);
+    ClickCell(1, Column::kParticular);
+    Click(editor);
+    ASSERT_TRUE(editor.hasFocus());
+    ASSERT_EQ(Place(), std::pair(1, Column::kParticular));
+    Enter();
+    ExpectOpen(1, 4);
+    EXPECT_TRUE(listing->searches.empty());
+    EXPECT_EQ(At(1, Column::kParticular), u"CHEST"_s);
+    EXPECT_EQ(At(1, Column::kAmount), u"250"_s);
+    EXPECT_EQ(total->text(), u"9.00"_s);
+}
+
 TEST_P(ChargeGridTest, EachKeyedCharacterIsInTheCellAtOnce) {
     OpenByFocus(2, 2);
     Key(u"ab"_s);

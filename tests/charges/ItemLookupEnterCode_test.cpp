@@ -220,6 +220,19 @@ TEST_P(LookupSupplyTest, NoCurrentRecordInThePickerSearchesForTheEmptyText) {
     EXPECT_EQ(Line()[1], u"NAMELESS"_s);
 }
 
+TEST_P(LookupSupplyTest, NoCurrentRecordBeforeThePickerShowsItForTheEmptyText) {
+    class UnsettledStockList : public FakeStockList {
+      public:
+        void SetDrugsORCSR(bool) override { throw RunTime::Error(RunTime::kNoCurrentRecord); }
+    };
+    const auto picker = std::make_shared<UnsettledStockList>();
+    picker->pick = u"G1"_s;
+    gStockList = picker;
+    EXPECT_TRUE(LookUpSupply(u"GAU"_s));
+    EXPECT_EQ(picker->showings, (Showings{{u""_s, false, u"52"_s}}));
+    EXPECT_EQ(Line()[1], u"GAUZE"_s);
+}
+
 TEST_P(LookupSupplyTest, LocationThatTheGridDoesNotHaveIsTold) {
     Key(1, u"CS"_s, u"G1"_s);
     cells.SetCols(Column::kLocationID);

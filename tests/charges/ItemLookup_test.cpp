@@ -19,6 +19,25 @@ class RenamingStockItem : public FakeStockItem {
     QString DrugCode() const override { return u"52-"_s + FakeStockItem::DrugCode(); }
 };
 
+/// A service component that writes down each section set, and whose setters raise the failure that the test
+/// has set, once.
+class SetterListing : public FakeListing {
+  public:
+    void SetSearchMode(bool search) override {
+        searchModeFailure.Call();
+        FakeListing::SetSearchMode(search);
+    }
+    void SetOtherSectionID(const QString& id) override {
+        sections << id;
+        sectionFailure.Call();
+        FakeListing::SetOtherSectionID(id);
+    }
+
+    ComingFailure searchModeFailure;
+    ComingFailure sectionFailure;
+    QStringList sections;
+};
+
 } // namespace
 
 class PostLookupTest : public ItemLookupGround {
@@ -65,6 +84,14 @@ TEST_P(ItemLookupTest, SectionOfTheServicesIsHCOnPostChargesAndTheLinesDepartmen
     LookUp(u"XR"_s, u"CHEST"_s);
     const QString section = &differences == &kPostChargesDifferences ? u"HC"_s : u"XR"_s;
     EXPECT_EQ(listing->searches, (Searches{{u"CHEST"_s, ListingKind::kOtherRevenue, section}}));
+}
+
+TEST_P(ItemLookupTest, SectionIsFirstTheLinesDepartmentAndOnPostChargesThenHC) {
+    const auto services = std::make_shared<SetterListing>();
+    gListing = services;
+    LookUp(u"XR"_s, u"CHEST"_s);
+    EXPECT_EQ(services->sections, &differences == &kPostChargesDifferences ? QStringList({u"XR"_s, u"HC"_s})
+                                                                           : QStringList(u"XR"_s));
 }
 
 TEST_P(ItemLookupTest, CodeFoundNowhereIsSilentAndChangesNothing) {
@@ -224,6 +251,37 @@ TEST_P(ItemLookupTest, NoCurrentRecordInTheServicesEmptiesTheCodeAndIsNotTold) {
     listing->failure = RunTime::Error(RunTime::kNoCurrentRecord);
     EXPECT_FALSE(LookUp(u"HC"_s, u"S"_s));
     EXPECT_EQ(keyed, u""_s);
+}
+
+TEST_P(ItemLookupTest, NoCurrentRecordAtTheSearchModeEmptiesTheCodeAndTheSearchGoesOn) {
+    const auto services = std::make_shared<SetterListing>();
+    services->searchModeFailure = {RunTime::Error(RunTime::kNoCurrentRecord)};
+    gListing = services;
+    LookUp(u"XR"_s, u"CHEST"_s);
+    EXPECT_EQ(keyed, u""_s);
+    const QString section = &differences == &kPostChargesDifferences ? u"HC"_s : u"XR"_s;
+    EXPECT_EQ(services->searches, (Searches{{u""_s, ListingKind::kOtherRevenue, section}}));
+}
+
+TEST_P(ItemLookupTest, NoCurrentRecordAtTheSectionEmptiesTheCodeAndTheSearchGoesOn) {
+    const auto services = std::make_shared<SetterListing>();
+    services->section = u"CS"_s;
+    services->sectionFailure = {RunTime::Error(RunTime::kNoCurrentRecord)};
+    gListing = services;
+    LookUp(u"XR"_s, u"CHEST"_s);
+    EXPECT_EQ(keyed, u""_s);
+    // Posting sets the section a second time; otherwise the one of the line before stays.
+    const QString section = &differences == &kPostChargesDifferences ? u"HC"_s : u"CS"_s;
+    EXPECT_EQ(services->searches, (Searches{{u""_s, ListingKind::kOtherRevenue, section}}));
+}
+
+TEST_F(PostLookupTest, NoCurrentRecordAtTheSectionHCEmptiesTheCodeAndTheSearchGoesOn) {
+    const auto services = std::make_shared<SetterListing>();
+    services->sectionFailure = {RunTime::Error(RunTime::kNoCurrentRecord), 1};
+    gListing = services;
+    LookUp(u"XR"_s, u"CHEST"_s);
+    EXPECT_EQ(keyed, u""_s);
+    EXPECT_EQ(services->searches, (Searches{{u""_s, ListingKind::kOtherRevenue, u"XR"_s}}));
 }
 
 TEST_P(ItemLookupTest, NoCurrentRecordInTheStockGoesOnAndTheServicesAreAskedForTheEmptyText) {

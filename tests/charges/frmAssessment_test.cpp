@@ -190,6 +190,17 @@ TEST_F(frmAssessmentTest, DoctorsCodeZeroOpensTheNameForTyping) {
     EXPECT_TRUE(listing->searches.empty());
 }
 
+TEST_F(frmAssessmentTest, DoctorsCodeThatIsNotZeroAloneIsLookedUp) {
+    Open();
+    for (const QString& code : {u"00"_s, u" 0"_s}) {
+        Box("txtDoctorID").setText(code);
+        Press(Box("txtDoctorID"), Qt::Key_Return);
+        EXPECT_FALSE(Box("txtDoctor").isEnabled());
+    }
+    EXPECT_EQ(listing->searches, (std::vector<FakeListing::Search>{{u"00"_s, ListingKind::kDoctor, u""_s},
+                                                                   {u" 0"_s, ListingKind::kDoctor, u""_s}}));
+}
+
 TEST_F(frmAssessmentTest, DoctorsCodeIsLookedUpAndTabIsSent) {
     listing->doctor = {u"D003"_s, u"CASTAÑEDA"_s, u"LUIS"_s, u"PEÑA"_s};
     listing->answers = {true};

@@ -54,6 +54,16 @@ TEST_F(frmPostChargesTest, CaptionsAreThoseOfTheScreen) {
     EXPECT_EQ(labels, (QStringList{u"MD - Medical Fee"_s, u"HC - Ear Care Charges"_s}));
 }
 
+TEST_F(frmPostChargesTest, DepartmentLabelsShowTheWorkstationsDepartment) {
+    gDeptDesc = u"HEMODIALYSIS"_s;
+    gDeptCode = u"HD"_s;
+    const auto& screen = Open();
+    for (const auto& [name, text] : {std::pair("lblDepartment", gDeptDesc), {"lblDeptCode", gDeptCode}}) {
+        EXPECT_EQ(Find<QLabel>(screen, name).text(), text) << name;
+        EXPECT_TRUE(Find<QLabel>(screen, name).isVisible()) << name;
+    }
+}
+
 TEST_F(frmPostChargesTest, EachBoxBearsItsLabel) {
     Open();
     const std::vector<std::pair<const char*, QString>> labels = {{"txtPno", u"Hospital No."_s},
@@ -167,6 +177,17 @@ TEST_F(frmPostChargesTest, DoctorsCodeZeroOpensTheAdmittingDoctorForTyping) {
     EXPECT_TRUE(Box("txtDoctor").isEnabled());
     EXPECT_TRUE(Box("txtDoctor").hasFocus());
     EXPECT_TRUE(listing->searches.empty());
+}
+
+TEST_F(frmPostChargesTest, DoctorsCodeThatIsNotZeroAloneIsLookedUp) {
+    Open();
+    for (const QString& code : {u"00"_s, u" 0"_s}) {
+        Box("txtDocID").setText(code);
+        Press(Box("txtDocID"), Qt::Key_Return);
+        EXPECT_FALSE(Box("txtDoctor").isEnabled());
+    }
+    EXPECT_EQ(listing->searches, (std::vector<FakeListing::Search>{{u"00"_s, ListingKind::kDoctor, u""_s},
+                                                                   {u" 0"_s, ListingKind::kDoctor, u""_s}}));
 }
 
 TEST_F(frmPostChargesTest, DoctorsCodeIsLookedUpAndTabIsSent) {

@@ -68,6 +68,19 @@ TEST_F(CashAssessments, PrintedLineGoesToTheSlipAndToTheHospitalsCopy) {
                                          u"5600"_s, u"CLERK"_s, u"11/21/2026 10:15:00 AM"_s}}));
 }
 
+TEST_F(CashAssessments, LineWithoutAnAmountIsRecordedForNothing) {
+    Assess(u"9001"_s, u"ZZTEST, ANA"_s, u"HC"_s, u"HC001"_s, u"1"_s, u""_s);
+    EXPECT_EQ(Rows(u"SELECT ItemID, Amount FROM BILLING..tbCashAssessment WHERE RefNum = '9001'"_s),
+              (std::vector<QStringList>{{u"HC001"_s, u"0"_s}}));
+}
+
+TEST_F(CashAssessments, PrintedLineWithoutAnAmountIsKeptForNothing) {
+    Run(u"delete Clinical_Area..tbEarCareChargePrint"_s);
+    Run(u"Clinical_Area..spEarCare_DumpChargeSlip 'HC001','HEMODIALYSIS TREATMENT','2','','HC'"_s);
+    EXPECT_EQ(Rows(u"SELECT ItemID, Amount FROM Clinical_Area..tbEarCareChargePrint"_s),
+              (std::vector<QStringList>{{u"HC001"_s, u"0"_s}}));
+}
+
 TEST_F(CashAssessments, StatusListHasTheColumnsThatTheScreenReadsByPosition) {
     EXPECT_EQ(Columns(u"Clinical_Area..spEarCare_AssessmentStatus '1',''"_s),
               QStringList({u"AssessNum"_s, u"Patient Name"_s, u"Hospital #"_s, u"Description"_s, u"RefNum"_s,

@@ -46,6 +46,19 @@ TEST_F(Charging, LineWithoutCodeOrParticularIsPosted) {
     EXPECT_EQ(Posted().size(), 1U);
 }
 
+TEST_F(Charging, LineWithoutAnAmountIsPostedForNothing) {
+    Post(u"HC"_s, u"HC001"_s, u"1"_s, u""_s, u"HEMODIALYSIS TREATMENT"_s);
+    EXPECT_EQ(Rows(u"SELECT ItemID, Amount FROM BILLING..tbPatientCharges WHERE RefNum = 'H9001C'"_s),
+              (std::vector<QStringList>{{u"HC001"_s, u"0"_s}}));
+}
+
+TEST_F(Charging, PrintLineWithoutAnAmountIsKeptForNothing) {
+    Run(u"Delete Clinical_Area..tbEarCareChargePrint"_s);
+    Run(u"Clinical_Area..spEarCare_SaveChargePrint 'HC001','','1','HC','HEMODIALYSIS TREATMENT', 'O'"_s);
+    EXPECT_EQ(Rows(u"SELECT ItemID, Amount FROM Clinical_Area..tbEarCareChargePrint"_s),
+              (std::vector<QStringList>{{u"HC001"_s, u"0"_s}}));
+}
+
 TEST_F(Charging, StockLinesAreIssuedOnTheirCards) {
     Post(u"HB"_s, u"M0002"_s, u"2"_s, u"2034.00"_s);
     Post(u"HD"_s, u"S0018"_s, u"0.5"_s, u"27.75"_s);

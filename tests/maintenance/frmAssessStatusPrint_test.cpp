@@ -134,6 +134,15 @@ TEST_F(AssessPrintTest, QuantityAmountAndDateAreReadThoughNothingTakesThem) {
     EXPECT_EQ(PrintFails(), RunTime::kItemNotFound);
 }
 
+TEST_F(AssessPrintTest, FailingSlipCommandOpensNoSlip) {
+    Open({{u"731"_s, u"5017"_s, openStatus}});
+    gateway.ExpectFailure(AssessmentSlipCommand(u"5017"_s),
+                          RunTimeError(1205, u"Transaction was deadlocked"_s));
+    EXPECT_EQ(PrintFails(), 1205);
+    EXPECT_FALSE(gReport.IsSet());
+    EXPECT_TRUE(Screens::IsLoaded<frmAssessStatus>());
+}
+
 TEST_F(AssessPrintTest, TellsTheDatabaseNothingAndLeavesTheListAsItIs) {
     Open({{u"741"_s, u"5018"_s, openStatus}, {u"731"_s, u"5017"_s, openStatus}});
     ClickRow(2);

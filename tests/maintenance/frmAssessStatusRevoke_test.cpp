@@ -106,6 +106,18 @@ TEST_F(AssessRevokeTest, FailureInTheMiddleLeavesTheLinesBeforeItRevokedAndTells
     EXPECT_EQ(messages.Shown().size(), 1U);
 }
 
+TEST_F(AssessRevokeTest, FailureOfALineThatStandsAloneTellsNoSuccessAndLeavesTheList) {
+    Open(alone);
+    ExpectQuestion(MsgAnswer::Yes);
+    gateway.ExpectFailure(u"Clinical_Area..spEarCare_AssessRevoke '731','','HB'"_s,
+                          RunTimeError(1205, u"Transaction was deadlocked"_s));
+    Click(Revoke());
+    EXPECT_EQ(TakeFailure(), 1205);
+    EXPECT_EQ(messages.Shown().size(), 1U);
+    EXPECT_TRUE(gateway.IsDone()) << "the list is not bound anew";
+    EXPECT_EQ(Cells().TextMatrix(1, 1), u"731"_s);
+}
+
 TEST_F(AssessRevokeTest, LineWithoutARevenueCodeFails) {
     Open({{u"731"_s, u"5017"_s, openStatus}});
     ExpectQuestion(MsgAnswer::Yes);

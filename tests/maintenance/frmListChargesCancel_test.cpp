@@ -169,6 +169,55 @@ TEST_F(CancelChargeTest, StockItemIsWrittenOnItsCardWithTwentySixPositions) {
     EXPECT_EQ(Cells().Rows(), 3);
 }
 
+TEST_F(CancelChargeTest, AmountOfAStockItemGoesThroughItsText) {
+    // The text of a number has fifteen digits.
+    const ChargedLine dear = {u"HB"_s, u"M0002"_s, u"1"_s, u"123456789012.3456"_s};
+    OpenList({dear});
+    ExpectYes(dear);
+    ExpectFreshFinder();
+    ExpectList({});
+    Click(Cancel());
+    ASSERT_EQ(stockItem->entries.size(), 1U);
+    EXPECT_EQ(stockItem->entries[0].amount, -123456789012.346);
+}
+
+TEST_F(CancelChargeTest, NoLeavesAStockItemAsItIs) {
+    OpenList({medicine});
+    ExpectVerify(medicine, {{Decimal{medicine.amount}}});
+    ExpectQuestion(MsgAnswer::No);
+    Click(Cancel());
+    EXPECT_TRUE(stockItem->entries.empty());
+    EXPECT_FALSE(Screens::IsLoaded<frmSearchPatient>());
+    EXPECT_TRUE(gateway.IsDone()) << "the list is not refreshed";
+    EXPECT_EQ(Cells().TextMatrix(1, 2), u"M0002"_s);
+}
+
+TEST_F(CancelChargeTest, ListThatIsEmptyAfterwardsHidesItselfAndTheButtonsAndLeavesThemEnabled) {
+    OpenList({service});
+    ExpectYes(service);
+    gateway.Expect(u"Clinical_ARea..spEarCare_UpdateCharging '100085','104233','HC001','2800','1',"
+                   "'11/21/2026 10:30:15 AM','HC','NURSE','I','C','301-A','H1042C',''"_s);
+    ExpectList({});
+    Click(Cancel());
+    EXPECT_TRUE(Find<QWidget>(Screens::Get<frmListCharges>(), "txtMessage").isVisible());
+    EXPECT_FALSE(Grid().isVisible());
+    EXPECT_TRUE(NoOptionIsShown());
+    EXPECT_TRUE(OptionsAreEnabled());
+}
+
+TEST_F(CancelChargeTest, FailingVerificationAsksNothingAndHasBroughtTheButtonsBack) {
+    OpenList({});
+    List({service});
+    ASSERT_TRUE(NoOptionIsShown());
+    gateway.ExpectFailure(u"Clinical_Area..spEarCare_VerifyCharges '104233','HC001','H1042C','HC'"_s,
+                          RunTimeError(1205, u"Transaction was deadlocked"_s));
+    DoubleClickRow(1);
+    EXPECT_EQ(TakeFailure(), 1205);
+    EXPECT_TRUE(messages.Shown().empty());
+    EXPECT_TRUE(OptionsAreShown());
+    EXPECT_TRUE(gateway.IsDone());
+}
+
 TEST_F(CancelChargeTest, StockItemTakesThePatientTypeOfAnOpenFinderAndTheRoomShown) {
     OpenList({medicine});
     Click(PatientType(1));

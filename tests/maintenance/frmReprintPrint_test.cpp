@@ -135,18 +135,17 @@ class PrintDirectTest : public ReprintPrintTest {
         std::vector<QString> formulas;
         QString databases;
     };
-    Paper PrintDirect() {
+    Paper PrintDirect(const QString& query = u"SELECT ItemID FROM REPORTS.dbo.tbLines"_s) {
         Paper paper;
-        SetReportConnector([&paper](const ReportLogOn& logOn) {
+        SetReportConnector([&paper, query](const ReportLogOn& logOn) {
             if (logOn.database == u"REPORTS"_s)
                 for (const ParameterField& field : gReport->ParameterFields())
                     paper.formulas.push_back(field.CurrentValue()->ToText());
             paper.databases += QString(logOn.database.constData(), logOn.database.size()) + u' ';
             auto connection = std::make_unique<ScriptedGateway>();
-            connection->Expect(logOn.database == u"REPORTS"_s
-                                   ? u"SELECT ItemID FROM REPORTS.dbo.tbLines"_s
-                                   : u"SELECT ItemID FROM Clinical_Area.dbo.tbLines"_s,
-                               Rows({u"ItemID"_s}, {{u"S1"_s}}));
+            connection->Expect(
+                logOn.database == u"REPORTS"_s ? query : u"SELECT ItemID FROM Clinical_Area.dbo.tbLines"_s,
+                Rows({u"ItemID"_s}, {{u"S1"_s}}));
             return connection;
         });
         ChargeSlipPrint::Values(u"Print ChargeSlip"_s,
@@ -200,4 +199,22 @@ TEST_F(PrintDirectTest, PrinterThatDoesNotTakeItFails) {
     ExpectIssuer({});
     printer.setOutputFileName(programDirectory.filePath(u"no/such/folder/paper.pdf"_s));
     EXPECT_THROW(PrintDirect(), RunTimeError);
+}
+
+TEST_F(PrintDirectTest, EveryTableOfTheOlderLayoutIsReadInReports) {
+    const QString file = programDirectory.filePath(u"ChargeSlip.rpt"_s);
+    QFile older(file);
+    ASSERT_TRUE(older.open(QIODevice::ReadWrite));
+    QByteArray text = older.readAll();
+    text.replace("</tables>", "<table name=\"Heads\" location=\"Clinical_Area.dbo.tbHeads\"/></tables>");
+    text.replace("FROM {Lines}", "FROM {Lines}, {Heads}");
+    older.resize(0);
+    ASSERT_GT(older.write(text), 0);
+    older.close();
+    OpenPatient({line});
+    PrintsTheSlipFirst();
+    ExpectIssuer({});
+    PrintDirect(u"SELECT ItemID FROM REPORTS.dbo.tbLines, REPORTS.dbo.tbHeads"_s);
+    EXPECT_GT(QFileInfo(PaperFile()).size(), 0) << "the paper was made";
+    EXPECT_EQ(user->passwordReads, 3) << "one table of the slip and two of the older layout";
 }

@@ -1,3 +1,4 @@
+#include "maintenance/commands.h"
 #include "maintenance/ReprintGround.h"
 #include "support/FakeWorkspace.h"
 
@@ -134,6 +135,20 @@ TEST_F(frmReprintTest, NullDescriptionAndZeroNumbersAreEmpty) {
     EXPECT_EQ(Row(1).mid(3, 3), QStringList({u""_s, u""_s, u""_s}));
 }
 
+TEST_F(frmReprintTest, NumberThatIsNotZeroIsShownEvenWhereItRoundsToZero) {
+    std::vector<ReprintLine> lines(3, line);
+    lines[0].quantity = 0.4;
+    lines[0].amount = u"0.0040"_s;
+    lines[1].quantity = 0.5;
+    lines[1].amount = u"0.0050"_s;
+    lines[2].quantity = 2.5;
+    lines[2].amount = u"1.0050"_s;
+    OpenPatient(lines);
+    EXPECT_EQ(Row(1).mid(4, 2), QStringList({u"0"_s, u"0.00"_s}));
+    EXPECT_EQ(Row(2).mid(4, 2), QStringList({u"1"_s, u"0.01"_s}));
+    EXPECT_EQ(Row(3).mid(4, 2), QStringList({u"3"_s, u"1.01"_s}));
+}
+
 TEST_F(frmReprintTest, MorningHasNoBlankBeforeItsAM) {
     ReprintLine morning = line;
     morning.moment = DateTime::FromFields({2026, 1, 2, 0, 7, 59, 0}).value();
@@ -149,13 +164,31 @@ TEST_F(frmReprintTest, NegativeLineShowsItsSign) {
     EXPECT_EQ(Row(1).mid(4, 2), QStringList({u"-2"_s, u"-2800.50"_s}));
 }
 
-TEST_F(frmReprintTest, NullSlipNumberFails) {
-    Open();
-    ReprintLine broken = line;
-    broken.slip = Value();
-    ExpectCharges(u"104233"_s, {broken});
+TEST_F(frmReprintTest, NullWhereverALineMustHaveAValueFails) {
+    const std::vector<QString> names = {u"RefNum"_s,   u"TransDate"_s, u"ItemID"_s, u"Description"_s,
+                                        u"Quantity"_s, u"Amount"_s,    u"UserId"_s, u"RevenueID"_s};
+    for (size_t null = 0; null < names.size(); ++null) {
+        std::vector<Value> row = {u"H1042C"_s, DateTime(), u"HC001"_s, u"TREATMENT"_s,
+                                  2,           1,          u"CLERK"_s, u"HC"_s};
+        row[null] = Value();
+        Open();
+        Number().setText(u"104233"_s);
+        gateway.Expect(ChargesByPatientCommand(u"104233"_s), Rows(names, {row}));
+        Press(Number(), Qt::Key_Return);
+        EXPECT_EQ(TakeFailure(), names[null] == u"Description"_s ? 0 : RunTime::kInvalidUseOfNull)
+            << names[null].toStdString();
+    }
+}
+
+TEST_F(frmReprintTest, FailingCommandLeavesTheLinesOfThePatientBefore) {
+    OpenPatient({line, line});
+    gateway.ExpectFailure(ChargesByPatientCommand(u"104233"_s),
+                          RunTimeError(1205, u"Transaction was deadlocked"_s));
     Press(Number(), Qt::Key_Return);
-    EXPECT_EQ(TakeFailure(), RunTime::kInvalidUseOfNull);
+    EXPECT_EQ(TakeFailure(), 1205);
+    EXPECT_EQ(Cells().Rows(), 3);
+    EXPECT_EQ(Row(1)[0], u"H1042C"_s);
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
 }
 
 TEST_F(frmReprintTest, UnknownInPatientDisablesPrintAndLeavesTheRestAndTheHourglass) {

@@ -119,6 +119,38 @@ TEST_F(ProcessRequestTest, RoomIsAskedForWithoutItsBlanksAlone) {
     EXPECT_TRUE(gateway.IsDone());
 }
 
+TEST_F(ProcessRequestTest, OtherColumnsKeepTheirBlanks) {
+    Request request = OfCruz();
+    request[1] = u" 100085 "_s;
+    request[2] = u" 700121 "_s;
+    request[3] = u" CRUZ "_s;
+    request[4] = u" JUANA "_s;
+    request[5] = u" SY "_s;
+    request[16] = u" 56 "_s;
+    request[19] = u" D003 "_s;
+    Process(request, twoExams);
+    EXPECT_EQ(gateway.Openings().back().command, u"CLinical_Area..spEarCare_LoadExamEntry ' 700121 '"_s);
+    const std::vector<std::pair<const char*, QString>> boxes = {
+        {"txtPno", u" 100085 "_s},      {"txtId", u" 700121 "_s},     {"txtLastName", u" CRUZ "_s},
+        {"txtFirstName", u" JUANA "_s}, {"txtMiddleName", u" SY "_s}, {"txtAge", u" 56 "_s},
+        {"txtDocID", u" D003 "_s}};
+    for (const auto& [name, text] : boxes)
+        EXPECT_EQ(Box(name), text) << name;
+}
+
+TEST_F(ProcessRequestTest, ADoubleClickBelowTheLastRowTakesTheCurrentRow) {
+    Open({{{2, u"1"_s}}, OfCruz(), {{2, u"3"_s}}});
+    Press(Grid(), Qt::Key_Down);
+    ASSERT_EQ(Cells().Row(), 2);
+    ExpectRoom(u"301-A"_s, {{u"C"_s}});
+    ExpectExams(u"700121"_s, {});
+    const QPoint belowLastRow(40, Grid().viewport()->height() - 10);
+    ASSERT_EQ(Grid().rowAt(belowLastRow.y()), -1);
+    DoubleClick(*Grid().viewport(), belowLastRow);
+    EXPECT_EQ(Box("txtId"), u"700121"_s);
+    EXPECT_FALSE(Screens::IsLoaded<frmNursingRequest>());
+}
+
 TEST_F(ProcessRequestTest, TheTotalIsNotComputed) {
     Process(OfCruz(), twoExams);
     EXPECT_EQ(Box("txtTAmount"), u"0.00"_s);
@@ -140,6 +172,24 @@ TEST_F(ProcessRequestTest, PatientTypeAndChargeModeStayAsTheyAre) {
     Process(OfCruz(), {});
     EXPECT_EQ(gPatientType, u"O"_s);
     EXPECT_EQ(gChargeMode, u"List"_s);
+}
+
+TEST_F(ProcessRequestTest, WhatARequestDoesNotTellStaysThatOfTheFormerPatient) {
+    const std::vector<std::pair<QString, QString*>> texts = {{u"account"_s, &gAccountNumber},
+                                                             {u"station"_s, &gStationName},
+                                                             {u"hospital number"_s, &gHospitalNumber},
+                                                             {u"id number"_s, &gIDNumber},
+                                                             {u"room"_s, &gRoomID},
+                                                             {u"admission"_s, &gAdmissionDate}};
+    for (const auto& [name, text] : texts)
+        *text = u"former "_s + name;
+    gDoctor1 = u"former doctor"_s;
+    Charges().SetBox(u"txtDoctor"_s, u"DR. FORMER"_s);
+    Process(OfCruz(), twoExams);
+    for (const auto& [name, text] : texts)
+        EXPECT_EQ(*text, u"former "_s + name);
+    EXPECT_EQ(gDoctor1, Value(u"former doctor"_s));
+    EXPECT_EQ(Box("txtDoctor"), u"DR. FORMER"_s);
 }
 
 TEST_F(ProcessRequestTest, UnloadsTheQueueAndShowsTheChargeScreenNotModal) {

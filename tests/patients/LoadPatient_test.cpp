@@ -120,6 +120,36 @@ TEST_P(LoadAnyTest, InPatientWithoutAVisitRowKeepsSecondAndThirdDoctorOfTheForme
     EXPECT_EQ(gDoctor3, Value(u"former"_s));
 }
 
+TEST_P(LoadAnyTest, InPatientWithAVisitRowTakesItsDoctors) {
+    gPatientType = u"I"_s;
+    ExpectVisitRows({{u"V001"_s, u"V002"_s, u"V003"_s}});
+    Load();
+    EXPECT_EQ(gDoctor2, Value(u"V002"_s));
+    EXPECT_EQ(gDoctor3, Value(u"V003"_s));
+    // The charge screens go on to the attending doctor of the admission.
+    EXPECT_EQ(gDoctor1, Value(GetParam().name == std::string("Ledger") ? u"V001"_s : u"D003"_s));
+}
+
+TEST_P(LoadAnyTest, OutPatientWithoutAVisitRowKeepsTheDoctorsOfTheFormerPatient) {
+    gPatientType = u"O"_s;
+    personFinder->hasVisit = false;
+    ExpectVisitRows({});
+    Load();
+    EXPECT_EQ(gDoctor1, Value(u"former"_s));
+    personFinder->hasVisit = true;
+    ExpectVisitRows({});
+    Load();
+    EXPECT_EQ(gDoctor2, Value(u"former"_s));
+    EXPECT_EQ(gDoctor3, Value(u"former"_s));
+}
+
+TEST_P(LoadAnyTest, VisitIsReadThroughTheConnectionOfTheSession) {
+    gConnection = nullptr;
+    InPatient();
+    Load();
+    EXPECT_TRUE(gateway.IsDone());
+}
+
 TEST_P(LoadAnyTest, VisitRowGivesTheDoctorsAndNullIsTheEmptyText) {
     personFinder->hasVisit = false;
     gPatientType = u"O"_s;

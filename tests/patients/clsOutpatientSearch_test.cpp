@@ -69,6 +69,18 @@ TEST_F(OutpatientSearchTest, RowsAreOpenedAtTheClient) {
     EXPECT_EQ(gateway.Openings().back().location, CursorLocation::Client);
 }
 
+TEST_F(OutpatientSearchTest, RunsOnTheSharedConnection) {
+    user->connection = nullptr;
+    ExpectNumber(u"999"_s, Visits({}));
+    WhileModal([this](Form& list) {
+        Pick(list);
+        ExpectNumber(u"104299B"_s, Visits({Visit()}));
+        Click(Find<QPushButton>(list, "cmdSelect"));
+    });
+    EXPECT_TRUE(Validate(u"999"_s));
+    EXPECT_TRUE(gateway.IsDone());
+}
+
 TEST_F(OutpatientSearchTest, NullsOfAnOpenVisitAreEmpty) {
     std::map<QString, Value> changed;
     for (const QString& name : {u"AccountNum"_s, u"DcrDate"_s, u"BillingDate"_s, u"Sex"_s, u"BirthDate"_s,

@@ -74,6 +74,19 @@ TEST_F(frmARPatientsTest, SearchSendsTheTrimmedTypeAndTheTextAsItStands) {
     EXPECT_EQ(gateway.Openings().back().location, CursorLocation::Client);
 }
 
+TEST_F(frmARPatientsTest, SearchTextAndPatientRecordHaveNoEffect) {
+    frmARPatients::SearchText = u"SANTOS"_s;
+    frmARPatients::SetPatientRecord(u"700009"_s);
+    const auto& screen = Open();
+    EXPECT_EQ(screen.windowTitle(), u"Search Patient"_s);
+    EXPECT_EQ(Text(screen).text(), u""_s);
+    EXPECT_TRUE(gateway.Openings().empty());
+    Search(screen, Found({Patient(u"700001"_s)}));
+    EXPECT_EQ(frmARPatients::SearchText, u"SANTOS"_s);
+    Click(Find<QPushButton>(screen, "cmdSelect"));
+    EXPECT_EQ(frmARPatients::ResultCode().ToText(), u"700001"_s);
+}
+
 TEST_F(frmARPatientsTest, OnlyTheBlanksOfTheTypeAreTrimmed) {
     const auto& screen = Open();
     frmARPatients::PatientType = u" \tO\u00a0 "_s;

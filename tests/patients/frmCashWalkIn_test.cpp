@@ -105,6 +105,13 @@ TEST_P(KindTest, CursorIsThatOfTheKind) {
     EXPECT_EQ(gateway.Openings()[0].location, CursorLocation::Server);
 }
 
+TEST_P(KindTest, ListIsReadThroughTheConnectionOfTheSession) {
+    gConnection = nullptr;
+    assessment.typeOn = GetParam().option;
+    EXPECT_EQ(Grid(Open(two)).Cells().Rows(), 3);
+    EXPECT_TRUE(gateway.IsDone());
+}
+
 TEST_P(KindTest, OnlyWalkInsCanBeRegistered) {
     assessment.typeOn = GetParam().option;
     const auto& list = Open(two);

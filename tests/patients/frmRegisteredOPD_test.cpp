@@ -80,6 +80,16 @@ TEST_F(frmRegisteredOPDTest, OpensEmptyWithTheFocusInTheSearch) {
     EXPECT_TRUE(Text(screen).hasFocus());
 }
 
+TEST_F(frmRegisteredOPDTest, EachActivationGivesTheSearchTheFocus) {
+    auto& screen = Open();
+    Find<QComboBox>(screen, "cmbSearch").setFocus();
+    ASSERT_FALSE(Text(screen).hasFocus());
+    Screens::Get<Form>().Show();
+    screen.Show();
+    Activate(screen);
+    EXPECT_TRUE(Text(screen).hasFocus());
+}
+
 TEST_F(frmRegisteredOPDTest, TextIsUpperCasedAndSentTrimmed) {
     const auto& screen = Open();
     Find<QComboBox>(screen, "cmbSearch").setCurrentIndex(1);

@@ -173,6 +173,26 @@ TEST_P(AnyKeyTest, PicksTheSelectedRow) {
     EXPECT_EQ(targets[u"Post"_s].picked, 1);
 }
 
+TEST_F(PickTest, PickByAKeyLeavesTheLedgerItemAlone) {
+    const auto& finder = Open(u"Post"_s, {{u"300"_s, u"A3"_s, u"CRUZ"_s, Value(), u"x"_s}});
+    List(finder).selectRow(0);
+    ExpectList(u"Post text"_s, {});
+    messages.Expect(kClosed);
+    Press(List(finder), Qt::Key_Return);
+    EXPECT_EQ(gIDNumber, u"A3"_s);
+    EXPECT_TRUE(workspace.menuItems.empty());
+}
+
+TEST_F(PickTest, PickGoesThroughTheConnectionOfTheSession) {
+    const auto& finder = Open(u"Post"_s, three);
+    gConnection = nullptr;
+    ExpectList(u"Post text"_s, three);
+    ExpectLoad(u"A1"_s);
+    DoubleClickRow(finder, 1);
+    EXPECT_TRUE(gateway.IsDone());
+    EXPECT_EQ(targets[u"Post"_s].picked, 1);
+}
+
 TEST_F(PickTest, ArrowKeysMoveAndPickNothing) {
     const auto& finder = Open(u"Post"_s, three);
     QTest::keyClick(&List(finder), Qt::Key_Down);

@@ -141,6 +141,15 @@ TEST_F(frmSearchPatientTest, ShowsTheFiveFieldsOfAPatientInTheServersOrder) {
     }
 }
 
+TEST_F(frmSearchPatientTest, EachRowBeginsWithASmallIcon) {
+    const auto& finder = Open(u"Post"_s, three);
+    const QAbstractItemModel& rows = *List(finder).model();
+    for (int row = 0; row < 3; ++row) {
+        EXPECT_FALSE(rows.index(row, 0).data(Qt::DecorationRole).value<QIcon>().isNull()) << row;
+        EXPECT_FALSE(rows.index(row, 1).data(Qt::DecorationRole).isValid()) << row;
+    }
+}
+
 TEST_F(frmSearchPatientTest, NullInTheFirstThreeColumnsFaults) {
     const std::vector<QString> columns = {u"hospital #"_s, u"Admission #"_s, u"Patient Name"_s,
                                           u"admission date"_s, u"Billing Date"_s};
@@ -167,6 +176,24 @@ TEST_F(frmSearchPatientTest, SearchReplacesTheRows) {
                    Patients({{u"9"_s, u"A9"_s, u"O'B"_s}}));
     Click(Find<QPushButton>(finder, "cmdSearch"));
     EXPECT_EQ(Names(finder), std::vector<QString>{u"O'B"_s});
+}
+
+TEST_F(frmSearchPatientTest, NameOfAnyLengthGoesThrough) {
+    const auto& finder = Open(u"Post"_s, three);
+    const QString name(200, u'Ñ');
+    Type(Find<QLineEdit>(finder, "txtLastName"), name);
+    EXPECT_EQ(Find<QLineEdit>(finder, "txtLastName").text(), name);
+    ExpectList(name, {});
+    Click(Find<QPushButton>(finder, "cmdSearch"));
+    EXPECT_TRUE(gateway.IsDone());
+}
+
+TEST_F(frmSearchPatientTest, OpeningAndSearchGoThroughTheConnectionOfTheSession) {
+    gConnection = nullptr;
+    const auto& finder = Open(u"Post"_s, three);
+    ExpectList(u""_s, {});
+    Click(Find<QPushButton>(finder, "cmdSearch"));
+    EXPECT_TRUE(gateway.IsDone());
 }
 
 TEST_F(frmSearchPatientTest, SearchThatFindsNobodyEmptiesTheList) {

@@ -115,6 +115,19 @@ TEST_F(WalkInRecordTest, SaveClearsTheRecordAndRedoesTheList) {
     EXPECT_EQ(Box(screen, "txtSearch").text(), u"CRUZ"_s);
 }
 
+TEST_F(WalkInRecordTest, UpdateGoesThroughTheConnectionOfTheSession) {
+    const auto& screen = Open();
+    Load(screen);
+    ScriptedGateway session;
+    user->connection = &session;
+    session.Expect(Update());
+    messages.Expect(Updated());
+    gateway.Expect(ListWalkInCommand(u"0"_s, u"CRUZ"_s), NoWalkIns());
+    Click(Button(screen, "cmdSave"));
+    EXPECT_TRUE(session.IsDone());
+    EXPECT_TRUE(gateway.IsDone());
+}
+
 TEST_F(WalkInRecordTest, NullBirthDateIsAnEmptyPickerAndAnEmptyArgument) {
     const auto& screen = Open();
     Load(screen, Record({{u"BirthDate"_s, Value()}}));
@@ -300,6 +313,7 @@ TEST_F(WalkInRecordTest, TownButtonSearchesWithAnEmptyCode) {
     listing->answers = {true};
     listing->address = {u"1200"_s, u"MAKATI"_s, u"METRO MANILA"_s};
     Click(Button(screen, "cmdZipCode"));
+    EXPECT_TRUE(listing->searchMode);
     EXPECT_EQ(listing->searches, (std::vector<FakeListing::Search>{{u""_s, 0, u""_s}}));
     EXPECT_EQ(Box(screen, "txtAddress3").text(), u"MAKATI, METRO MANILA"_s);
     EXPECT_TRUE(Button(screen, "cmdSave").hasFocus());

@@ -46,6 +46,16 @@ TEST_F(WalkInUpdateTest, OpensOnTheListWithItsCombosFilledAndAnEmptyPicker) {
     EXPECT_TRUE(Box(screen, "txtSearch").hasFocus());
 }
 
+TEST_F(WalkInUpdateTest, EachActivationGivesTheSearchTheFocus) {
+    auto& screen = Open();
+    Combo(screen, "cmbSearchBy").setFocus();
+    ASSERT_FALSE(Box(screen, "txtSearch").hasFocus());
+    Screens::Get<Form>().Show();
+    screen.Show();
+    Activate(screen);
+    EXPECT_TRUE(Box(screen, "txtSearch").hasFocus());
+}
+
 TEST_F(WalkInUpdateTest, EmptyPickerStartsFromToday) {
     const auto& screen = Open();
     GoToRecord(screen);

@@ -192,6 +192,15 @@ TEST_F(frmWalkInTest, TownIsLocked) {
     EXPECT_EQ(Box(screen, "txtTown").text(), u""_s);
 }
 
+TEST_F(frmWalkInTest, EnterInTheLockedTownMovesOn) {
+    const auto& screen = Open();
+    Box(screen, "txtTown").setFocus();
+    Press(Box(screen, "txtTown"), Qt::Key_Return);
+    RunEvents();
+    EXPECT_TRUE(Find<QPushButton>(screen, "cmdSave").hasFocus());
+    EXPECT_TRUE(Screens::IsLoaded<frmWalkIn>());
+}
+
 TEST_F(frmWalkInTest, CloseAsksNothingAndSavesNothing) {
     const auto& screen = Open();
     Box(screen, "txtSname").setText(u"CRUZ"_s);

@@ -19,7 +19,6 @@ struct ShownReport {
     QString file;
     QString title;
     std::vector<QString> values;
-    MousePointer callersPointer = MousePointer::Default;
 };
 
 /// The dialogues of the department's reports in a main window, over templates of any parameters.
@@ -64,6 +63,7 @@ class PeriodGround : public ScreenTest {
                 return;
             }
             EXPECT_EQ(viewer->objectName(), QStringLiteral("frmReportviewer"));
+            EXPECT_EQ(CurrentMousePointer(), MousePointer::Default) << "the clerk reads without an hourglass";
             AwaitWork(*viewer);
             shown = ShownReport{
                 QDir(programDirectory.path()).relativeFilePath(gReport->File()), viewer->windowTitle(), {}};

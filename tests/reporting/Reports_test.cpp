@@ -78,6 +78,20 @@ TEST_F(ReportsTest, OpenReportReadsThePasswordAnewForEachLogOn) {
     EXPECT_EQ(user->passwordReads, 3);
 }
 
+TEST_F(ReportsTest, OpenReportLogsOnBothTablesOfATemplateAndReadsThePasswordForEach) {
+    QByteArray content = SmallTemplate(QString());
+    content.replace("</tables>", "<table name=\"U\" location=\"E.dbo.U\"/></tables>");
+    WriteFile(programDirectory, u"Two.RPT"_s, content);
+    OpenReport(programDirectory.path() + u"/Two.RPT"_s, {});
+    ASSERT_EQ(gReport->Tables().size(), 2U);
+    for (const ReportTable& table : gReport->Tables()) {
+        EXPECT_TRUE(table.HasLogOn()) << table.Name().toStdString();
+        EXPECT_EQ(table.LogOn().user, u"NURSE"_s) << table.Name().toStdString();
+        EXPECT_EQ(table.LogOn().password, u"secret"_s) << table.Name().toStdString();
+    }
+    EXPECT_EQ(user->passwordReads, 2);
+}
+
 TEST_F(ReportsTest, OpenReportFillsTheParametersInOrder) {
     Open({u"H1C"_s, kDay, kDay});
     EXPECT_EQ(ValueOf(0), Value(u"H1C"_s));

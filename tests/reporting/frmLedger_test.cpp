@@ -7,12 +7,14 @@
 #include "support/CaseName.h"
 #include "toolkit/ListView.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QTest>
 
 #include <gmock/gmock.h>
 
@@ -105,6 +107,25 @@ TEST_F(LedgerTest, ChoosingThePatientCodeSetsTheTypeAndMovesOn) {
     Press(PatientCode(), Qt::Key_Up);
     EXPECT_EQ(gPatientType, u"I"_s);
     EXPECT_TRUE(Box("txtIDNum").hasFocus());
+}
+
+TEST_F(LedgerTest, ChoosingWithTheMouseMovesOnToo) {
+    Open();
+    for (const auto& [item, type] : {std::pair(1, u"O"_s), std::pair(0, u"I"_s), std::pair(0, u"I"_s)}) {
+        gPatientType = u"W"_s;
+        PatientCode().setFocus();
+        PatientCode().showPopup();
+        QAbstractItemView& list = *PatientCode().view();
+        ASSERT_TRUE(list.isVisible());
+        // The list takes a release for the opening click's own until the mouse has moved in it.
+        const QPoint place = list.visualRect(list.model()->index(item, 0)).center();
+        QTest::mouseMove(list.viewport(), place);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
+        RunEvents();
+        EXPECT_FALSE(list.isVisible());
+        EXPECT_EQ(gPatientType, type);
+        EXPECT_TRUE(Box("txtIDNum").hasFocus()) << item;
+    }
 }
 
 TEST_F(LedgerTest, ChoosingTheFirstItemOfAFreshScreenCounts) {

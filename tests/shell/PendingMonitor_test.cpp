@@ -184,6 +184,14 @@ INSTANTIATE_TEST_SUITE_P(Counts, PendingCount,
                                          CountCase{"Negative", -1, false}),
                          CaseName());
 
+TEST_F(PendingMonitorTest, OfTwoRowsTheFirstCounts) {
+    for (const auto& [first, second] : {std::pair(0, 5), std::pair(5, 0)}) {
+        gateway.Expect(CheckPendingCommand(), Rows({u"TotalPending"_s}, {{first}, {second}}));
+        Tick("tmrCheckPending");
+        EXPECT_EQ(IsPending(), first > 0);
+    }
+}
+
 TEST_F(PendingMonitorTest, SetsAllFourOnEveryTick) {
     Check(3);
     // Whatever happened to one of them since, the next question sets it again.

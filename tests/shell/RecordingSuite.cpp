@@ -20,10 +20,12 @@ QString NameOf(const CommandGateway* connection) {
 
 class RecordingUser : public FakeCurrentUser {
   public:
-    RecordingUser(QStringList& record, CommandGateway& opened, const bool& signsOn)
+    RecordingUser(QStringList& record, CommandGateway& opened, const bool& signsOn,
+                  const std::function<void()>& onShowMain)
         : mRecord(record)
         , mOpened(opened)
-        , mSignsOn(signsOn) {
+        , mSignsOn(signsOn)
+        , mOnShowMain(onShowMain) {
         connected = false;
     }
 
@@ -34,6 +36,8 @@ class RecordingUser : public FakeCurrentUser {
     }
     void ShowMain() override {
         mRecord << u"ShowMain"_s;
+        if (mOnShowMain)
+            mOnShowMain();
         connected = mSignsOn;
         connection = mSignsOn ? &mOpened : nullptr;
     }
@@ -54,6 +58,7 @@ class RecordingUser : public FakeCurrentUser {
     QStringList& mRecord;
     CommandGateway& mOpened;
     const bool& mSignsOn;
+    const std::function<void()>& mOnShowMain;
 };
 
 class RecordingListing : public FakeListing {
@@ -184,7 +189,7 @@ StartTest::StartTest() {
         });
     };
     registerAs(u"TARVEN_User.clsCurrentUser"_s,
-               [this] { return std::make_shared<RecordingUser>(record, connection, signsOn); });
+               [this] { return std::make_shared<RecordingUser>(record, connection, signsOn, onShowMain); });
     registerAs(u"StockItemLib.clsStockItem"_s,
                [this] { return std::make_shared<RecordingStockItem>(record, stockItemConnects); });
     registerAs(u"PersonFinderLib.clsPersonFinder"_s,

@@ -48,6 +48,8 @@ class StartTest : public ScreenTest {
 
     QStringList record;
     RecordingGateway connection{record};
+    /// Called while the sign-on window stands.
+    std::function<void()> onShowMain;
     /// Called when the listing component gets its connection and its company name, and the stock picker its
     /// connection.
     std::function<void()> onListingConnection;

@@ -128,6 +128,22 @@ TEST_F(frmMainLoad, AsksForTheWardsRequestsFromTheLoadOnAndStopsWithTheWindow) {
     EXPECT_FALSE(check.isActive());
 }
 
+TEST_F(frmMainLoad, WhileTheUserSignsOnATickOnlyAsksWhetherAnybodyHas) {
+    bool asked = false;
+    onShowMain = [&] {
+        asked = true;
+        for (const char* name : {"tmrCheckPending", "tmrPrepaid"})
+            EXPECT_TRUE(window->findChild<QTimer*>(QString::fromLatin1(name))->isActive()) << name;
+        record.clear();
+        for (const char* name : {"tmrCheckPending", "tmrPrepaid"})
+            QMetaObject::invokeMethod(window->findChild<QTimer*>(QString::fromLatin1(name)), "timeout");
+        EXPECT_EQ(record, QStringList{u"Connected"_s});
+    };
+    ExpectPlainHospital();
+    EXPECT_TRUE(window->Form_Load());
+    EXPECT_TRUE(asked);
+}
+
 TEST_F(frmMainLoad, WaitsForTheSignOnBeforeItAsksForTheWardsRequests) {
     signsOn = false;
     EXPECT_FALSE(window->Form_Load());

@@ -529,6 +529,30 @@ TEST_F(Shortcuts, CtrlAOpensTheAssessmentWhileTheChargeGridIsKeyedIn) {
     EXPECT_EQ(editor.selectedText(), QString());
 }
 
+TEST_F(Shortcuts, InsideAModalScreenTheKeysAreTheTextBoxes) {
+    bool keyed = false;
+    WhileModal([&](Form& assessment) {
+        Activate(assessment);
+        auto& box = Find<QLineEdit>(assessment, "txtSname");
+        box.setFocus();
+        box.setText(u"CRUZ"_s);
+        box.deselect();
+        Press(box, Qt::Key_A, Qt::ControlModifier);
+        EXPECT_EQ(QApplication::activeModalWidget(), &assessment) << "no second screen is opened";
+        EXPECT_EQ(OpenScreens(), 0);
+        EXPECT_EQ(box.selectedText(), u"CRUZ"_s);
+        Press(box, Qt::Key_X, Qt::ControlModifier);
+        EXPECT_EQ(box.text(), QString()) << "the text is cut";
+        EXPECT_TRUE(assessment.isVisible());
+        EXPECT_TRUE(window->isVisible()) << "the program goes on";
+        keyed = true;
+    });
+    Item("mnuAssessment").trigger();
+    EXPECT_TRUE(keyed);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_FALSE(Screens::IsLoaded<frmAssessment>());
+}
+
 TEST_F(Shortcuts, OtherKeysStayWithTheTextBox) {
     Item("mSetup").trigger();
     auto& box = Find<QLineEdit>(Screens::Get<frmSetup>(), "txtDeptCode");

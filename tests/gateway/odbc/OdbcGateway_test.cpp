@@ -227,6 +227,16 @@ TEST_F(OdbcGatewayTest, ErrorHasTheServersNumberAndText) {
     EXPECT_EQ(failure.state, u"42000"_s);
 }
 
+TEST_F(OdbcGatewayTest, MissingProcedureIsToldAsTheServerTellsIt) {
+    AnswerWith([](const QString&, TdsAnswer& answer) {
+        answer.Error(2812, u"Could not find stored procedure 'Clinical_Area..spNowhere'."_s);
+    });
+    const Failure failure = FailureOfCommand(u"Clinical_Area..spNowhere 'HC'"_s);
+    EXPECT_EQ(failure.number, 2812);
+    EXPECT_EQ(failure.text, u"Could not find stored procedure 'Clinical_Area..spNowhere'."_s);
+    EXPECT_EQ(mServer.Batches(), QStringList{u"Clinical_Area..spNowhere 'HC'"_s});
+}
+
 TEST_F(OdbcGatewayTest, ErrorBehindMessagesIsToldAndNotTheMessages) {
     AnswerWith([](const QString&, TdsAnswer& answer) {
         answer.Info(0, u"printed"_s);
@@ -353,6 +363,23 @@ TEST_F(OdbcGatewayTest, CutBehindTheRowsIsAFailure) {
         answer.Cut();
     });
     EXPECT_EQ(FailureOfCommand().text, u"Communication link failure"_s);
+}
+
+TEST_F(OdbcGatewayTest, CutBehindTheFirstOfSeveralResultsIsAFailure) {
+    AnswerWith([](const QString& batch, TdsAnswer& answer) {
+        answer.Done(5);
+        if (batch != u"count"_s)
+            AnswerLines(answer, batch == u"heading"_s ? 0 : 1);
+        if (batch == u"message"_s) {
+            answer.Done(1);
+            answer.Info(0, u"printed"_s);
+        }
+        answer.Cut();
+    });
+    for (const QString& batch : {u"count"_s, u"heading"_s, u"message"_s}) {
+        mGateway = Connect();
+        EXPECT_EQ(FailureOfCommand(batch).text, u"Communication link failure"_s) << batch.toStdString();
+    }
 }
 
 TEST_F(OdbcGatewayTest, CutBeforeTheAnswerIsAFailure) {
