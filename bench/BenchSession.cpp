@@ -1,11 +1,13 @@
 #include "BenchSession.h"
 
 #include "gateway/embedded/HospitalFile.h"
+#include "GiveUp.h"
 #include "hospital/HospitalScripts.h"
 #include "shell/RegisterScreens.h"
 #include "shell/shared.h"
 #include "suite/RegisterSuite.h"
 #include "toolkit/ProgramFiles.h"
+#include "tour/Department.h"
 
 #include <QFile>
 
@@ -16,7 +18,8 @@ QString CopyOfTrialHospital(const QTemporaryDir& folder, const QString& name) {
     if (!QFile::exists(original))
         HospitalFile::Create(original, HospitalScripts());
     QString copy = folder.filePath(name);
-    QFile::copy(original, copy);
+    if (!QFile::copy(original, copy))
+        GiveUp(u"cannot copy the trial hospital to "_s + copy);
     return copy;
 }
 
@@ -27,14 +30,10 @@ std::shared_ptr<BenchSession> SignOnTo(const QString& hospital) {
     return session;
 }
 
-bool SetUpProgram(const QString& folder) {
-    QFile configuration(folder + u"/tarvenaux.ini"_s);
-    if (!configuration.open(QIODevice::WriteOnly))
-        return false;
-    configuration.write("DeptCode = HC\nDeptDesc = HEMODIALYSIS\n");
-    configuration.close();
+void SetUpProgram(const QString& folder) {
     SetProgramDirectory(folder);
+    if (const QString failure = ProvideDepartment(); !failure.isEmpty())
+        GiveUp(failure);
     RegisterSuite(folder);
     RegisterScreens();
-    return true;
 }

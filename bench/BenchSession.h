@@ -39,6 +39,5 @@ QString CopyOfTrialHospital(const QTemporaryDir& folder, const QString& name);
 /// Opens a hospital and signs the benchmark's user on to it as the shared session.
 std::shared_ptr<BenchSession> SignOnTo(const QString& hospital);
 
-/// Makes a folder the program's own, with a department set up and its trial hospital in it. Returns false
-/// when the configuration cannot be written.
-bool SetUpProgram(const QString& folder);
+/// Makes a folder the program's own, with a department set up and its trial hospital in it.
+void SetUpProgram(const QString& folder);

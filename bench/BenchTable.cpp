@@ -1,11 +1,27 @@
 #include "BenchTable.h"
 
+#include "GiveUp.h"
+
 #include <QFile>
 
 #include <algorithm>
 #include <cstdio>
 #include <sys/resource.h>
 #include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What the system tells about this process.
+QByteArray ReadProcess(const QString& name) {
+    QFile file(u"/proc/self/"_s + name);
+    if (!file.open(QIODevice::ReadOnly))
+        GiveUp(u"cannot read "_s + file.fileName());
+    return file.readAll();
+}
+
+} // namespace
 
 void BenchTable::Add(const QString& what, double value, double bare, const QString& unit, double promised) {
     mLines.push_back({what, unit, value, bare, promised, false});
@@ -57,22 +73,17 @@ double PeakMegabytes() {
 }
 
 double CurrentMegabytes() {
-    QFile statm(QStringLiteral("/proc/self/statm"));
-    if (!statm.open(QIODevice::ReadOnly))
-        return 0;
-    return statm.readAll().split(' ').value(1).toDouble() * double(sysconf(_SC_PAGESIZE)) / (1024 * 1024);
+    return ReadProcess(u"statm"_s).split(' ').value(1).toDouble() * double(sysconf(_SC_PAGESIZE)) /
+           (1024 * 1024);
 }
 
 void ResetPeak() {
-    QFile file(QStringLiteral("/proc/self/clear_refs"));
-    if (file.open(QIODevice::WriteOnly))
-        file.write("5");
+    QFile file(u"/proc/self/clear_refs"_s);
+    if (!file.open(QIODevice::WriteOnly) || file.write("5") != 1 || !file.flush())
+        GiveUp(u"cannot forget the peak of memory: "_s + file.errorString());
 }
 
 double PeakSinceReset() {
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    const QByteArray text = status.readAll();
+    const QByteArray text = ReadProcess(u"status"_s);
     return text.mid(text.indexOf("VmHWM:") + 6).simplified().split(' ').value(0).toDouble() / 1024;
 }

@@ -3,6 +3,9 @@
 class BenchTable;
 class QString;
 
+/// The report engine against the same pages painted by a bare loop. Needs an application object.
+void BenchReports(BenchTable& table);
+
 /// A charge slip of 50 lines on the trial hospital against the same statements through SQLite's C API.
 void BenchSave(BenchTable& table);
 

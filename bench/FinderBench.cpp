@@ -3,6 +3,7 @@
 #include "BenchTable.h"
 #include "gateway/embedded/HospitalEngine.h"
 #include "gateway/embedded/HospitalFile.h"
+#include "GiveUp.h"
 #include "hospital/generator/HospitalGenerator.h"
 #include "hospital/HospitalScripts.h"
 #include "patients/FinderTarget.h"
@@ -34,13 +35,13 @@ using BareRow = std::array<QString, 5>;
 
 /// A hospital of 100,000 visits and nothing posted yet.
 QString MakeLargeHospital(const QTemporaryDir& folder) {
-    HospitalSize size;
+    Generator::HospitalSize size;
     size.patients = kHits;
     size.visits = kHits;
     size.months = 1;
     size.slipsPerDay = 1;
     std::vector<Script> scripts = HospitalStructure();
-    GenerateHospital(size, [&scripts](const QString& script, const QString& statement) {
+    Generator::GenerateHospital(size, [&scripts](const QString& script, const QString& statement) {
         const QString name = u"demo/"_s + script + u".sql"_s;
         if (scripts.back().name != name)
             scripts.push_back({name, {}});
@@ -54,8 +55,11 @@ QString MakeLargeHospital(const QTemporaryDir& folder) {
 std::vector<BareRow> FetchBare(SqliteDatabase& database, const QByteArray& sql) {
     std::vector<BareRow> rows;
     sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(database.Handle(), sql.constData(), int(sql.size()), &statement, nullptr);
-    while (sqlite3_step(statement) == SQLITE_ROW) {
+    int outcome =
+        sqlite3_prepare_v2(database.Handle(), sql.constData(), int(sql.size()), &statement, nullptr);
+    if (outcome == SQLITE_OK)
+        outcome = sqlite3_step(statement);
+    for (; outcome == SQLITE_ROW; outcome = sqlite3_step(statement)) {
         BareRow row;
         for (int i = 0; i < int(row.size()); ++i)
             row[size_t(i)] =
@@ -64,6 +68,8 @@ std::vector<BareRow> FetchBare(SqliteDatabase& database, const QByteArray& sql) 
         rows.push_back(std::move(row));
     }
     sqlite3_finalize(statement);
+    if (outcome != SQLITE_DONE)
+        GiveUp(QString::fromUtf8(sqlite3_errmsg(database.Handle())));
     return rows;
 }
 
@@ -78,72 +84,98 @@ void PaintAll(QWidget& window) {
     window.grab();
 }
 
+/// The finder over a large hospital, and the search that it hands to SQLite.
+class FinderRuns {
+  public:
+    FinderRuns(BenchTable& table, SqliteDatabase& database)
+        : mTable(table)
+        , mDatabase(database)
+        , mFinder(Screens::Get<frmSearchPatient>()) {
+        mFinder.Show();
+        mList = mFinder.findChild<ListView*>();
+        mSearchButton = mFinder.findChild<QPushButton*>(u"cmdSearch"_s);
+        const RecordedStatements recorded(mDatabase);
+        mSearchButton->click();
+        mSearch = Longest(recorded.Statements());
+    }
+
+    void MeasureListing() {
+        std::vector<double> ours;
+        std::vector<double> bare;
+        for (int run = 0; run < kRuns; ++run) {
+            ours.push_back(MedianMilliseconds(1, [this] { Search(); }));
+            mBareRows.clear();
+            bare.push_back(MedianMilliseconds(1, [this] { mBareRows = FetchBare(mDatabase, mSearch); }));
+        }
+        mTable.Add(u"finder, %1 hits listed and painted"_s.arg(mList->RowCount()), Median(ours), Median(bare),
+                   u"ms"_s, 1.5);
+    }
+
+    /// Sorts the rows that the listing left.
+    void MeasureSorting() {
+        std::vector<QString> names;
+        names.reserve(mBareRows.size());
+        for (const BareRow& row : mBareRows)
+            names.push_back(row[kNameColumn]);
+        bool descending = false;
+        const double bare = MedianMilliseconds(kRuns, [&] {
+            std::vector<QString> column = names;
+            descending = !descending;
+            std::stable_sort(column.begin(), column.end(), [descending](const QString& a, const QString& b) {
+                return descending ? CompareText(b, a) < 0 : CompareText(a, b) < 0;
+            });
+        });
+        const double ours = MedianMilliseconds(kRuns, [this] {
+            Q_EMIT mList->ColumnClick(kNameColumn + 1);
+            PaintAll(mFinder);
+        });
+        mTable.Add(u"finder, sort by the name's header and paint"_s, ours, bare, u"ms"_s, 2.0);
+    }
+
+    void MeasureMemory() {
+        mBareRows = {};
+        const double empty = EmptyMegabytes();
+        Search();
+        const double listed = CurrentMegabytes() - empty;
+        const double before = EmptyMegabytes();
+        mBareRows = FetchBare(mDatabase, mSearch);
+        const double rowsOwn = CurrentMegabytes() - before;
+        mTable.AddLimit(u"finder, memory above the rows' own %1 MB"_s.arg(rowsOwn, 0, 'f', 0),
+                        qMax(0.0, listed - rowsOwn), 100, u"MB"_s);
+    }
+
+  private:
+    void Search() {
+        mSearchButton->click();
+        PaintAll(mFinder);
+    }
+
+    /// What the process holds while the list has no rows.
+    double EmptyMegabytes() {
+        mList->ClearRows();
+        malloc_trim(0);
+        return CurrentMegabytes();
+    }
+
+    BenchTable& mTable;
+    SqliteDatabase& mDatabase;
+    frmSearchPatient& mFinder;
+    ListView* mList = nullptr;
+    QPushButton* mSearchButton = nullptr;
+    QByteArray mSearch;
+    std::vector<BareRow> mBareRows;
+};
+
 } // namespace
 
 void BenchFinder(BenchTable& table) {
     const QTemporaryDir folder;
     const auto session = SignOnTo(MakeLargeHospital(folder));
-    SqliteDatabase& database = session->Gateway().Engine().Database();
     gPatientType = u"O"_s;
-    auto& finder = Screens::Get<frmSearchPatient>();
-    finder.Show();
-    auto* list = finder.findChild<ListView*>();
-    auto* cmdSearch = finder.findChild<QPushButton*>(u"cmdSearch"_s);
-
-    QByteArray search;
-    {
-        const RecordedStatements recorded(database);
-        cmdSearch->click();
-        search = Longest(recorded.Statements());
-    }
-    const auto list1 = [&] {
-        cmdSearch->click();
-        PaintAll(finder);
-    };
-    std::vector<BareRow> bareRows;
-    std::vector<double> ours;
-    std::vector<double> bare;
-    for (int run = 0; run < kRuns; ++run) {
-        ours.push_back(MedianMilliseconds(1, list1));
-        bareRows.clear();
-        bare.push_back(MedianMilliseconds(1, [&] { bareRows = FetchBare(database, search); }));
-    }
-    table.Add(u"finder, %1 hits listed and painted"_s.arg(list->RowCount()), Median(ours), Median(bare),
-              u"ms"_s, 1.5);
-
-    std::vector<QString> names;
-    names.reserve(bareRows.size());
-    for (const BareRow& row : bareRows)
-        names.push_back(row[kNameColumn]);
-    bool descending = false;
-    const double sortBare = MedianMilliseconds(kRuns, [&] {
-        std::vector<QString> column = names;
-        descending = !descending;
-        std::stable_sort(column.begin(), column.end(), [descending](const QString& a, const QString& b) {
-            return descending ? CompareText(b, a) < 0 : CompareText(a, b) < 0;
-        });
-    });
-    const double sortOurs = MedianMilliseconds(kRuns, [&] {
-        Q_EMIT list->ColumnClick(kNameColumn + 1);
-        PaintAll(finder);
-    });
-    table.Add(u"finder, sort by the name's header and paint"_s, sortOurs, sortBare, u"ms"_s, 2.0);
-
-    bareRows = {};
-    names = {};
-    list->ClearRows();
-    malloc_trim(0);
-    const double empty = CurrentMegabytes();
-    cmdSearch->click();
-    PaintAll(finder);
-    const double listed = CurrentMegabytes() - empty;
-    list->ClearRows();
-    malloc_trim(0);
-    const double before = CurrentMegabytes();
-    bareRows = FetchBare(database, search);
-    const double rowsOwn = CurrentMegabytes() - before;
-    table.AddLimit(u"finder, memory above the rows' own %1 MB"_s.arg(rowsOwn, 0, 'f', 0),
-                   qMax(0.0, listed - rowsOwn), 100, u"MB"_s);
+    FinderRuns finder(table, session->Gateway().Engine().Database());
+    finder.MeasureListing();
+    finder.MeasureSorting();
+    finder.MeasureMemory();
     Screens::Clear();
     ResetShared();
     ResetPatientContext();

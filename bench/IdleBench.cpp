@@ -3,11 +3,13 @@
 #include "BenchTable.h"
 #include "gateway/embedded/EmbeddedGateway.h"
 #include "gateway/embedded/HospitalFile.h"
+#include "GiveUp.h"
 #include "hospital/HospitalScripts.h"
 #include "shell/Main.h"
 #include "toolkit/Application.h"
 #include "toolkit/ProgramFiles.h"
 #include "tour/Driver.h"
+#include "tour/SignOn.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -16,7 +18,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <ctime>
 #include <thread>
 
@@ -71,12 +72,7 @@ double SecondsToTheStrip(Driver& clerk) {
 }
 
 void StayIdle(Driver& clerk) {
-    clerk.ExpectScreen(u"SignOnDialog"_s);
-    clerk.Type(u"NURSE"_s);
-    clerk.Press(Qt::Key_Tab);
-    clerk.Type(u"nurse"_s);
-    clerk.Press(Qt::Key_Return);
-    clerk.ExpectNoScreen(u"SignOnDialog"_s);
+    SignOn(clerk);
     // The trial hospital has requests that wait.
     clerk.ExpectScreen(u"pctPending"_s);
     const double strip = SecondsToTheStrip(clerk);
@@ -96,8 +92,7 @@ void StayIdle(Driver& clerk) {
 int ShowIdleProgram(int& argumentCount, char** arguments) {
     const Application application(argumentCount, arguments);
     const QTemporaryDir folder;
-    if (!SetUpProgram(folder.path()))
-        return 1;
+    SetUpProgram(folder.path());
     Driver clerk;
     QTimer::singleShot(0, &application, [] {
         if (!Main())
@@ -114,11 +109,12 @@ void BenchIdle(BenchTable& table, const char* program) {
     QProcess child;
     child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     child.start(QString::fromLocal8Bit(program), {u"--idle"_s});
-    if (!child.waitForFinished(10 * 60 * 1000) || child.exitCode() != 0) {
-        std::fprintf(stderr, "the idle program failed\n");
-        std::exit(1);
-    }
+    if (!child.waitForFinished(10 * 60 * 1000) || child.exitStatus() != QProcess::NormalExit ||
+        child.exitCode() != 0)
+        GiveUp(u"the idle program failed"_s);
     const QList<QByteArray> figures = child.readAllStandardOutput().trimmed().split(' ');
+    if (figures.size() != 3)
+        GiveUp(u"the idle program did not tell its figures"_s);
     table.AddLimit(u"the idle program with requests pending, %1 s, of one core"_s.arg(kIdle.count()),
                    figures.value(0).toDouble() / double(kIdle.count()) * 100, 1.0, u"%"_s);
     table.AddLimit(u"memory that %1 ticks of the monitor leave"_s.arg(kTicks), figures.value(1).toDouble(),

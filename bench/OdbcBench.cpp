@@ -76,7 +76,7 @@ class BareOdbc {
         SQLSetStmtAttrW(statement.Get(), SQL_ATTR_QUERY_TIMEOUT, OdbcNumber(30), 0);
         statement.Check(SQLExecDirectW(statement.Get(), OdbcText(command), SQLINTEGER(command.size())));
         SQLSMALLINT columns = 0;
-        SQLNumResultCols(statement.Get(), &columns);
+        statement.Check(SQLNumResultCols(statement.Get(), &columns));
         std::array<char16_t, 256> cell{};
         SQLLEN size = 0;
         for (SQLSMALLINT i = 0; i < columns; ++i) {
@@ -88,13 +88,15 @@ class BareOdbc {
             SQLDescribeColW(statement.Get(), SQLUSMALLINT(i + 1), reinterpret_cast<SQLWCHAR*>(cell.data()),
                             SQLSMALLINT(cell.size()), &length, &type, &width, &digits, &nullable);
         }
-        while (SQLFetch(statement.Get()) == SQL_SUCCESS) {
+        SQLRETURN outcome = SQL_SUCCESS;
+        while ((outcome = SQLFetch(statement.Get())) != SQL_NO_DATA) {
+            statement.Check(outcome);
             for (SQLSMALLINT i = 0; i < columns; ++i)
-                SQLGetData(statement.Get(), SQLUSMALLINT(i + 1), kTypes.at(size_t(i)), cell.data(),
-                           sizeof cell, &size);
+                statement.Check(SQLGetData(statement.Get(), SQLUSMALLINT(i + 1), kTypes.at(size_t(i)),
+                                           cell.data(), sizeof cell, &size));
         }
-        while (SQLMoreResults(statement.Get()) != SQL_NO_DATA) {
-        }
+        while ((outcome = SQLMoreResults(statement.Get())) != SQL_NO_DATA)
+            statement.Check(outcome);
     }
 
   private:

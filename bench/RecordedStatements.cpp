@@ -1,10 +1,11 @@
 #include "RecordedStatements.h"
 
 #include "gateway/embedded/SqliteDatabase.h"
+#include "GiveUp.h"
 
-#include <cstdio>
-#include <cstdlib>
 #include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -38,9 +39,8 @@ void RunBare(SqliteDatabase& database, const std::vector<QByteArray>& statements
         while (outcome == SQLITE_OK || outcome == SQLITE_ROW)
             outcome = sqlite3_step(statement);
         sqlite3_finalize(statement);
-        if (outcome != SQLITE_DONE) {
-            std::fprintf(stderr, "%s\n%s\n", sqlite3_errmsg(database.Handle()), sql.constData());
-            std::exit(1);
-        }
+        if (outcome != SQLITE_DONE)
+            GiveUp(u"%1\n%2"_s.arg(QString::fromUtf8(sqlite3_errmsg(database.Handle())),
+                                   QString::fromUtf8(sql)));
     }
 }

@@ -34,12 +34,12 @@ void FillGrid(const Form& screen, int quantityColumn, int priceColumn) {
     FlexCells& cells = screen.findChild<FlexGrid*>(u"grdTable"_s)->Cells();
     cells.SetRows(kLines + 1);
     for (int row = 1; row <= kLines; ++row) {
-        cells.SetTextMatrix(row, 1, u"HC"_s);
-        cells.SetTextMatrix(row, 2, u"HC%1"_s.arg(row, 3, 10, QChar(u'0')));
-        cells.SetTextMatrix(row, 3, u"HEMODIALYSIS TREATMENT"_s);
+        cells.SetTextMatrix(row, Column::kDepartment, Department::kEarCare);
+        cells.SetTextMatrix(row, Column::kCode, u"HC%1"_s.arg(row, 3, 10, QChar(u'0')));
+        cells.SetTextMatrix(row, Column::kParticular, u"HEMODIALYSIS TREATMENT"_s);
         cells.SetTextMatrix(row, quantityColumn, u"1"_s);
         cells.SetTextMatrix(row, priceColumn, u"3360.00"_s);
-        cells.SetTextMatrix(row, 6, u"3360.00"_s);
+        cells.SetTextMatrix(row, Column::kAmount, u"3360.00"_s);
     }
 }
 

@@ -1,10 +1,8 @@
 #include "Benches.h"
 #include "BenchTable.h"
+#include "GiveUp.h"
 
 #include <QProcess>
-
-#include <cstdio>
-#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -17,10 +15,8 @@ double RunChild(const QString& program, const QString& mode) {
         QProcess child;
         child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         child.start(program, {mode});
-        if (!child.waitForFinished() || child.exitCode() != 0) {
-            std::fprintf(stderr, "%s failed\n", qPrintable(mode));
-            std::exit(1);
-        }
+        if (!child.waitForFinished() || child.exitStatus() != QProcess::NormalExit || child.exitCode() != 0)
+            GiveUp(mode + u" failed"_s);
     });
 }
 

@@ -2,8 +2,8 @@
 #include "BenchSession.h"
 #include "BenchTable.h"
 #include "gateway/embedded/HospitalEngine.h"
+#include "GiveUp.h"
 #include "RecordedStatements.h"
-#include "reporting/PageView.h"
 #include "reporting/PdfJob.h"
 #include "reporting/ReportConnector.h"
 #include "reporting/ReportEngine.h"
@@ -179,8 +179,9 @@ class ReportsOfTheYear {
             MedianMilliseconds(1, [&] { PdfJob(*document, {}, mFolder.filePath(u"ours.pdf"_s)).Finish(); });
         WriteHtml(rows, mFolder.filePath(u"rows.html"_s));
         const double theirs = MedianMilliseconds(1, [&] {
-            QProcess::execute(tool, {u"-q"_s, u"-s"_s, u"A4"_s, mFolder.filePath(u"rows.html"_s),
-                                     mFolder.filePath(u"tool.pdf"_s)});
+            if (QProcess::execute(tool, {u"-q"_s, u"-s"_s, u"A4"_s, mFolder.filePath(u"rows.html"_s),
+                                         mFolder.filePath(u"tool.pdf"_s)}) != 0)
+                GiveUp(tool + u" failed"_s);
         });
         mTable.Add(u"audit of %1 rows to PDF; bare: an HTML table through wkhtmltopdf"_s.arg(rows.RowCount()),
                    ours, theirs, u"ms"_s, 1.0);
@@ -280,7 +281,7 @@ class ReportsOfTheYear {
     static void WriteHtml(const RowData& rows, const QString& path) {
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly))
-            return;
+            GiveUp(u"cannot write "_s + path);
         QTextStream html(&file);
         html << "<meta charset=utf-8><style>table{font:8pt sans-serif;border-collapse:collapse}"
                 "thead{display:table-header-group}tr{page-break-inside:avoid}</style><table><thead><tr>";
@@ -293,6 +294,9 @@ class ReportsOfTheYear {
                 html << "<td>" << rows.Cell(row, column).TextOrEmpty().toHtmlEscaped();
         }
         html << "</table>";
+        html.flush();
+        if (html.status() != QTextStream::Ok)
+            GiveUp(u"cannot write "_s + path);
     }
 
     BenchTable& mTable;

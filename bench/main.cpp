@@ -3,7 +3,6 @@
 #include "Benches.h"
 #include "BenchSession.h"
 #include "BenchTable.h"
-#include "reporting_bench.h"
 #include "toolkit/Application.h"
 
 #include <QDialog>
@@ -45,8 +44,7 @@ int ShowEmptyWindow(int& argumentCount, char** arguments) {
 int ShowSignOnWindow(int& argumentCount, char** arguments) {
     const Application application(argumentCount, arguments);
     const QTemporaryDir folder;
-    if (!SetUpProgram(folder.path()))
-        return 1;
+    SetUpProgram(folder.path());
     QTimer::singleShot(0, &application, [] {
         // Inside the dialogue's own loop.
         QTimer::singleShot(0, qApp, [] {
@@ -78,7 +76,7 @@ int main(int argc, char** argv) {
     BenchTable table;
     // First, since it tells the memory of the whole process.
     if (Wanted(argc, argv, "reports"))
-        BenchReporting(table);
+        BenchReports(table);
     if (Wanted(argc, argv, "year"))
         BenchYearReports(table, QString::fromLocal8Bit(argc > 2 ? argv[2] : ""));
     if (Wanted(argc, argv, "save"))

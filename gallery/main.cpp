@@ -7,12 +7,11 @@
 #include "tour/Department.h"
 #include "tour/Driver.h"
 #include "tour/Screenshot.h"
+#include "tour/SignOn.h"
 
 #include <QDir>
-#include <QImage>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <QWidget>
 
 #include <cstdio>
 
@@ -28,8 +27,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The size of screen for which the pictures are taken.
-constexpr QSize kScreenSize(1280, 740);
 constexpr int kUsage = 2;
 
 QString pictureFolder;
@@ -44,32 +41,14 @@ int Usage() {
     return kUsage;
 }
 
-void SignOn(Driver& clerk) {
-    clerk.ExpectScreen(u"SignOnDialog"_s);
-    clerk.OnScreen([] {
-        QWidget& mainWindow = VisibleControl(u"frmMain"_s);
-        mainWindow.showNormal();
-        mainWindow.resize(kScreenSize);
-    });
-    clerk.Type(u"NURSE"_s);
-    clerk.Press(Qt::Key_Tab);
-    clerk.Type(u"nurse"_s);
-    clerk.Press(Qt::Key_Return);
-    clerk.ExpectNoScreen(u"SignOnDialog"_s);
-}
-
 void TakePictures(Driver& clerk) {
+    SizeForPictures(clerk);
     SignOn(clerk);
     for (const Exhibit& exhibit : Exhibits()) {
         clerk.OnScreen(exhibit.open);
         clerk.ExpectScreen(exhibit.name);
         exhibit.visit(clerk, [&](const QString& name) {
-            clerk.OnScreen([&] {
-                const QString file = u"%1/%2-%3.png"_s.arg(pictureFolder, exhibit.name, name);
-                if (!TakeScreenshot().save(file))
-                    throw DriverError(u"cannot write "_s + file);
-                std::printf("  %s\n", qPrintable(file));
-            });
+            SaveScreenshot(clerk, u"%1/%2-%3.png"_s.arg(pictureFolder, exhibit.name, name));
         });
         clerk.OnScreen(exhibit.close);
     }
@@ -78,7 +57,7 @@ void TakePictures(Driver& clerk) {
 int ExitCode(const QString& failure) {
     if (failure.isEmpty())
         return 0;
-    std::fprintf(stderr, "The pictures ended early: %s\n", qPrintable(failure));
+    std::fprintf(stderr, "The gallery ended early: %s\n", qPrintable(failure));
     return 1;
 }
 
@@ -113,7 +92,8 @@ int main(int argc, char** argv) {
             return ExitCode(u"cannot make the folder "_s + pictureFolder);
     }
     const Application application(argc, argv);
-    ProvideDepartment();
+    if (const QString failure = ProvideDepartment(); !failure.isEmpty())
+        return ExitCode(failure);
     const QTemporaryDir hospitalFolder;
     RegisterSuite(hospitalFolder.path());
     RegisterScreens();

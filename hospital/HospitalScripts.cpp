@@ -1,5 +1,7 @@
 #include "hospital/HospitalScripts.h"
 
+#include "text/RunTimeError.h"
+
 #include <QDirIterator>
 #include <QFile>
 #include <QStringList>
@@ -18,7 +20,8 @@ void Append(std::vector<Script>& scripts, const QString& folder) {
     paths.sort();
     for (const QString& path : paths) {
         QFile file(path);
-        file.open(QIODevice::ReadOnly);
+        if (!file.open(QIODevice::ReadOnly))
+            throw RunTime::Error(RunTime::kPathFileAccess);
         scripts.push_back({path.mid(root.size()), QString::fromUtf8(file.readAll())});
     }
 }

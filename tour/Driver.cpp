@@ -18,6 +18,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto kPatience = std::chrono::seconds(20);
+/// Longer, since a program that makes its trial hospital takes no step meanwhile.
+constexpr auto kLoopPatience = std::chrono::seconds(100);
 constexpr auto kPause = std::chrono::milliseconds(5);
 /// Sent keys and other work that a handler puts off wait for the event loop at most this often.
 constexpr int kIdleRounds = 4;
@@ -85,6 +87,8 @@ QWidget& VisibleControl(const QString& name) {
 }
 
 Driver::~Driver() {
+    // No event loop takes the script's steps any more.
+    mEnded = true;
     if (mThread.joinable())
         mThread.join();
 }
@@ -102,11 +106,26 @@ void Driver::Start(std::function<void(Driver&)> script, std::function<void(const
     });
 }
 
+/// Waits for the user interface's thread. `giveUp` answers whether what was waited for may be left alone.
+void Driver::Await(std::future<void> done, const std::function<bool()>& giveUp) const {
+    const auto end = std::chrono::steady_clock::now() + kLoopPatience;
+    while (done.wait_for(kPause) != std::future_status::ready) {
+        if ((mEnded || std::chrono::steady_clock::now() > end) && giveUp())
+            throw DriverError(u"the program takes no more steps"_s);
+    }
+    done.get();
+}
+
 void Driver::OnScreen(const std::function<void()>& step) {
+    // Set by whoever comes first: the step as it begins, or the script as it gives the step up. What has
+    // begun is waited for, since it refers to the script's own variables.
+    auto settled = std::make_shared<std::atomic<bool>>(false);
     auto done = std::make_shared<std::promise<void>>();
     QMetaObject::invokeMethod(
         qApp,
-        [step, done] {
+        [step, settled, done] {
+            if (settled->exchange(true))
+                return;
             try {
                 step();
                 done->set_value();
@@ -115,14 +134,14 @@ void Driver::OnScreen(const std::function<void()>& step) {
             }
         },
         Qt::QueuedConnection);
-    done->get_future().get();
+    Await(done->get_future(), [settled] { return !settled->exchange(true); });
 }
 
 void Driver::WaitUntilIdle() {
     for (int i = 0; i < kIdleRounds; ++i) {
         auto done = std::make_shared<std::promise<void>>();
         OnScreen([done] { QTimer::singleShot(0, qApp, [done] { done->set_value(); }); });
-        done->get_future().get();
+        Await(done->get_future(), [] { return true; });
     }
     WaitFor([] { return !IsAnythingWorking(); }, u"the end of a report's work"_s);
 }

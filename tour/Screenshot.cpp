@@ -1,11 +1,16 @@
 #include "tour/Screenshot.h"
 
+#include "tour/Driver.h"
+
 #include <QApplication>
 #include <QPainter>
 #include <QPixmap>
 #include <QWidget>
 
 #include <algorithm>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -53,4 +58,12 @@ QImage TakeScreenshot() {
         DrawFrame(painter, window->geometry(), window->windowTitle());
     }
     return image;
+}
+
+void SaveScreenshot(Driver& driver, const QString& file) {
+    driver.OnScreen([&file] {
+        if (!TakeScreenshot().save(file))
+            throw DriverError(u"cannot write "_s + file);
+        std::printf("  %s\n", qPrintable(file));
+    });
 }

@@ -41,7 +41,7 @@ void WatchStrip(Driver& clerk, Album& album) {
     QRgb first = 0;
     clerk.OnScreen([&] { first = colour(); });
     album.Take(u"requests-waiting"_s);
-    clerk.WaitFor([&] { return colour() != first; }, u"the strip does not flash"_s);
+    clerk.WaitFor([&] { return colour() != first; }, u"the strip's other colour"_s);
     album.Take(u"requests-waiting-flash"_s);
 }
 

@@ -9,12 +9,12 @@
 #include "tour/Department.h"
 #include "tour/DepartmentReports.h"
 #include "tour/Driver.h"
+#include "tour/SignOn.h"
 #include "tour/Wards.h"
 
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTimer>
-#include <QWidget>
 
 #include <cstdio>
 
@@ -25,26 +25,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The size of screen for which the pictures are taken.
-constexpr QSize kScreenSize(1280, 740);
-
 QString tourFolder;
 /// The name of the next slip that is saved.
 QString slipName;
 
-void SignOn(Driver& clerk, Album& album) {
-    clerk.ExpectScreen(u"SignOnDialog"_s);
-    clerk.OnScreen([] {
-        QWidget& mainWindow = VisibleControl(u"frmMain"_s);
-        mainWindow.showNormal();
-        mainWindow.resize(kScreenSize);
-    });
+void SignOnForPictures(Driver& clerk, Album& album) {
+    SizeForPictures(clerk);
     album.Take(u"sign-on"_s);
-    clerk.Type(u"NURSE"_s);
-    clerk.Press(Qt::Key_Tab);
-    clerk.Type(u"nurse"_s);
-    clerk.Press(Qt::Key_Return);
-    clerk.ExpectNoScreen(u"SignOnDialog"_s);
+    SignOn(clerk);
     album.Take(u"main-window"_s);
 }
 
@@ -112,7 +100,7 @@ void SaveAndPrint(Driver& clerk, Album& album) {
 
 void Tour(Driver& clerk) {
     Album album(clerk, tourFolder);
-    SignOn(clerk, album);
+    SignOnForPictures(clerk, album);
     FindPatient(clerk, album);
     KeyCharges(clerk, album);
     SaveAndPrint(clerk, album);
@@ -144,7 +132,8 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "cannot make the folder %s\n", qPrintable(tourFolder));
         return 1;
     }
-    ProvideDepartment();
+    if (const QString failure = ProvideDepartment(); !failure.isEmpty())
+        return ExitCode(failure);
     // The tour works on a hospital of its own; what was keyed in the user's trial hospital stays untouched.
     const QTemporaryDir hospitalFolder;
     SetSaveFileAnswer([](const QString&) { return u"%1/%2.pdf"_s.arg(tourFolder, slipName); });

@@ -4,6 +4,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace Generator {
+
 namespace {
 
 constexpr int kFirstAssessment = 5001;
@@ -169,3 +171,5 @@ int WriteAssessments(const HospitalSize& size, const Catalogue& catalogue, const
                      Prng& prng, InsertWriter& writer) {
     return AssessmentMaker(size, catalogue, patients, prng, writer).Make();
 }
+
+} // namespace Generator

@@ -7,6 +7,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace Generator {
+
 namespace {
 
 /// Rates B to H of a service, in percent of its rate A.
@@ -163,3 +165,5 @@ Catalogue MakeCatalogue(const HospitalSize& size) {
     AddRooms(catalogue, size.inPatients);
     return catalogue;
 }
+
+} // namespace Generator

@@ -7,6 +7,8 @@
 #include <array>
 #include <vector>
 
+namespace Generator {
+
 /// The letters of the room classes; a service has a rate for each.
 inline constexpr char kRoomClasses[] = {'A', 'B', 'C', 'D', 'E', 'F', 'G', 'H'};
 inline constexpr int kRoomClassCount = 8;
@@ -86,3 +88,5 @@ struct Catalogue {
 };
 
 Catalogue MakeCatalogue(const HospitalSize& size);
+
+} // namespace Generator

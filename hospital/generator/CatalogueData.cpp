@@ -2,6 +2,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace Generator {
+
 QStringList CentreRows() {
     return {
         u"AC|VASCULAR ACCESS CARE|Y||"_s,
@@ -311,3 +313,5 @@ QStringList UltraExamNames() {
             u"TRANSPLANT KIDNEY"_s,
             u"VENOUS DUPLEX, LOWER LIMB"_s};
 }
+
+} // namespace Generator

@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+namespace Generator {
+
 /// The hand-written part of the catalogue, one row a text with its fields between bars.
 
 /// Code, name, with items (Y or N), stock section (empty for none), location (empty for none).
@@ -23,3 +25,5 @@ QStringList PackageRows();
 /// Code, name.
 QStringList CompanyRows();
 QStringList UltraExamNames();
+
+} // namespace Generator

@@ -6,6 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace Generator {
+
 namespace {
 
 constexpr int kFirstSlip = 1001;
@@ -240,3 +242,5 @@ void AddOpenRequests(const HospitalSize& size, const Catalogue& catalogue, const
         requests.push_back(request);
     }
 }
+
+} // namespace Generator

@@ -8,6 +8,8 @@
 #include <map>
 #include <vector>
 
+namespace Generator {
+
 /// A ward's request, as the wards' system keeps it.
 struct WardRequest {
     Moment requested;
@@ -90,3 +92,5 @@ void AddOpenRequests(const HospitalSize& size, const Catalogue& catalogue, const
 
 /// A nurse's name as the wards write it.
 QString NurseName(Prng& prng);
+
+} // namespace Generator

@@ -4,6 +4,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace Generator {
+
 std::vector<DemoScript> DemoScripts(const HospitalSize& size) {
     std::vector<DemoScript> scripts;
     GenerateHospital(size, [&scripts](const QString& script, const QString& statement) {
@@ -14,3 +16,5 @@ std::vector<DemoScript> DemoScripts(const HospitalSize& size) {
     });
     return scripts;
 }
+
+} // namespace Generator

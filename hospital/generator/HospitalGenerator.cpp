@@ -13,14 +13,16 @@
 
 using namespace Qt::StringLiterals;
 
+namespace Generator {
+
 namespace {
 
 constexpr quint64 kSeed = 20'260'101;
 
 /// Writes the scripts in their order. What one script settles, such as the patients, the later ones refer to.
-class Generator {
+class HospitalWriter {
   public:
-    Generator(const HospitalSize& size, const HospitalSink& sink)
+    HospitalWriter(const HospitalSize& size, const HospitalSink& sink)
         : mSize(size)
         , mSink(sink)
         , mPrng(kSeed)
@@ -77,7 +79,7 @@ class Generator {
     QString mScript;
 };
 
-void Generator::WriteRows(const QString& table, const QString& columns, const QStringList& rows) {
+void HospitalWriter::WriteRows(const QString& table, const QString& columns, const QStringList& rows) {
     InsertWriter writer = Into(table, columns);
     for (const QString& row : rows) {
         writer.Begin();
@@ -88,14 +90,14 @@ void Generator::WriteRows(const QString& table, const QString& columns, const QS
     writer.Finish();
 }
 
-void Generator::WriteOneNumber(const QString& table, const QString& column, int number) {
+void HospitalWriter::WriteOneNumber(const QString& table, const QString& column, int number) {
     InsertWriter writer = Into(table, column);
     writer.Begin().Number(number).End();
     writer.Finish();
 }
 
 /// The passwords are nurse, clerk, admin and lab, as libsodium's crypto_pwhash_str gives them.
-void Generator::WriteUsers() {
+void HospitalWriter::WriteUsers() {
     mScript = u"10-users"_s;
     WriteRows(u"PASSWORD..tbPasswordMain"_s,
               u"EmployeeID, LastName, FirstName, MiddleName, Initial, PasswordHash"_s,
@@ -111,7 +113,7 @@ void Generator::WriteUsers() {
               {u"NURSE|HC"_s, u"CLERK|HC"_s, u"ADMIN|*"_s, u"LAB|LB"_s});
 }
 
-void Generator::WriteCatalogue() {
+void HospitalWriter::WriteCatalogue() {
     mScript = u"20-catalogue"_s;
     Emit(u"INSERT INTO PATIENT_DATA..tbhospitalInfo (company, Address1, TinNo, Bygeneric) VALUES\n"
          "('SAN RAFAEL GENERAL HOSPITAL','148 MABINI ST., POBLACION, SAN RAFAEL','004-512-778-000',0);"_s);
@@ -126,7 +128,7 @@ void Generator::WriteCatalogue() {
     WriteTownsAndExams();
 }
 
-void Generator::WriteCentres() {
+void HospitalWriter::WriteCentres() {
     InsertWriter centres =
         Into(u"build_file..tbCoRevenue"_s, u"RevenueID, Revenue, WithItems, SearchInventory, LocationID"_s);
     for (const Centre& centre : mCatalogue.centres)
@@ -140,7 +142,7 @@ void Generator::WriteCentres() {
     centres.Finish();
 }
 
-void Generator::WriteDoctors() {
+void HospitalWriter::WriteDoctors() {
     InsertWriter doctors =
         Into(u"build_file..tbCoDoctor"_s, u"DoctorID, LastName, FirstName, MiddleName, Specialty"_s);
     for (const Doctor& doctor : mCatalogue.doctors)
@@ -154,7 +156,7 @@ void Generator::WriteDoctors() {
     doctors.Finish();
 }
 
-void Generator::WriteRooms() {
+void HospitalWriter::WriteRooms() {
     WriteRows(u"build_file..tbCoStation"_s, u"StationID, Station"_s, StationRows());
     QStringList classes;
     for (const QString& row : RoomRows())
@@ -171,7 +173,7 @@ void Generator::WriteRooms() {
     rooms.Finish();
 }
 
-void Generator::WriteTownsAndExams() {
+void HospitalWriter::WriteTownsAndExams() {
     InsertWriter towns = Into(u"build_file..tbCoAddress"_s, u"ZipCode, Town, Province"_s);
     for (const Town& town : Towns())
         towns.Begin().Text(town.zipCode).Text(town.town).Text(town.province).End();
@@ -182,7 +184,7 @@ void Generator::WriteTownsAndExams() {
     WriteRows(u"build_file..tbcoultraexam"_s, u"ultraexamid, ultraexam"_s, exams);
 }
 
-void Generator::WriteServices() {
+void HospitalWriter::WriteServices() {
     InsertWriter services =
         Into(u"build_file..tbCoOtherRevenue"_s,
              u"RevenueID, ItemID, OtherRevenue, RateA, RateB, RateC, RateD, RateE, RateF, RateG, RateH"_s);
@@ -207,7 +209,7 @@ void Generator::WriteServices() {
     packages.Finish();
 }
 
-void Generator::WriteStock() {
+void HospitalWriter::WriteStock() {
     mScript = u"30-stock"_s;
     InsertWriter stock =
         Into(u"INVENTORY..tbInvMaster"_s,
@@ -225,7 +227,7 @@ void Generator::WriteStock() {
     stock.Finish();
 }
 
-void Generator::WritePatients() {
+void HospitalWriter::WritePatients() {
     mScript = u"40-patients"_s;
     InsertWriter master =
         Into(u"PATIENT_DATA..tbmaster"_s,
@@ -250,7 +252,7 @@ void Generator::WritePatients() {
     WriteWalkIns();
 }
 
-void Generator::WriteEpisodes() {
+void HospitalWriter::WriteEpisodes() {
     const auto doctor = [this](int index) {
         return index < 0 ? QString() : mCatalogue.doctors[size_t(index)].code;
     };
@@ -289,7 +291,7 @@ void Generator::WriteEpisodes() {
     visits.Finish();
 }
 
-void Generator::WriteWalkIns() {
+void HospitalWriter::WriteWalkIns() {
     InsertWriter walkIns =
         Into(u"PATIENT_DATA..tbwalkin"_s, u"HospNum, LastName, FirstName, MiddleName, Sex, BirthDate, Age, "
                                           "CivilStatusID, HouseStreet, Barangay, ZipCode, RegDate"_s);
@@ -316,7 +318,7 @@ void Generator::WriteWalkIns() {
     WriteOneNumber(u"PATIENT_DATA..tbWalkInNum"_s, u"WalkInNum"_s, int(mPatients.walkIns.size()) + 1);
 }
 
-void Generator::WriteCharges() {
+void HospitalWriter::WriteCharges() {
     mScript = u"50-charges"_s;
     InsertWriter writer =
         Into(u"BILLING..tbPatientCharges"_s,
@@ -329,7 +331,7 @@ void Generator::WriteCharges() {
 
 /// What was on hand before the first charge, and the issues, which follow from the charges by the rule that
 /// posting goes by.
-void Generator::WriteStockCards() {
+void HospitalWriter::WriteStockCards() {
     mScript = u"60-stock-cards"_s;
     const Moment before{-mSize.months * 30 - 1, 8 * 60};
     InsertWriter writer = Into(u"INVENTORY..tbInvStockCard"_s,
@@ -365,7 +367,7 @@ void Generator::WriteStockCards() {
          "ORDER BY c.ChargeID;"_s);
 }
 
-void Generator::WriteAssessmentsAndTrail() {
+void HospitalWriter::WriteAssessmentsAndTrail() {
     mScript = u"70-assessments"_s;
     InsertWriter writer =
         Into(u"BILLING..tbCashAssessment"_s,
@@ -389,7 +391,7 @@ void Generator::WriteAssessmentsAndTrail() {
          "ORDER BY w.HospNum;"_s);
 }
 
-void Generator::WriteRequests() {
+void HospitalWriter::WriteRequests() {
     mScript = u"80-requests"_s;
     AddOpenRequests(mSize, mCatalogue, mPatients, mPrng, mHistory.requests);
     std::ranges::stable_sort(mHistory.requests, {}, &WardRequest::requested);
@@ -418,7 +420,7 @@ void Generator::WriteRequests() {
     writer.Finish();
 }
 
-void Generator::WriteTreatments() {
+void HospitalWriter::WriteTreatments() {
     mScript = u"85-treatments"_s;
     const TreatmentRecords records = MakeTreatmentRecords(mPatients, mHistory.treatments);
     InsertWriter writer = Into(u"HEMODIALYSIS..tbHemodialysisResultEntry"_s, records.columns.join(", "_L1));
@@ -432,7 +434,7 @@ void Generator::WriteTreatments() {
 }
 
 /// Everything moves from the base day to today, so that the hospital is never a day old. Birth dates stand.
-void Generator::WriteDates() {
+void HospitalWriter::WriteDates() {
     mScript = u"90-dates"_s;
     MoveDates(u"PATIENT_DATA..tbpatient"_s, {u"AdmDate"_s, u"DcrDate"_s, u"BillingDate"_s});
     MoveDates(u"PATIENT_DATA..tboutpatient"_s, {u"AdmDate"_s, u"DcrDate"_s, u"BillingDate"_s});
@@ -455,7 +457,7 @@ void Generator::WriteDates() {
          "WHERE BirthDate IS NOT NULL;"_s);
 }
 
-void Generator::MoveDates(const QString& table, const QStringList& columns) {
+void HospitalWriter::MoveDates(const QString& table, const QStringList& columns) {
     QStringList moves;
     for (const QString& column : columns)
         moves.push_back(
@@ -466,5 +468,8 @@ void Generator::MoveDates(const QString& table, const QStringList& columns) {
 } // namespace
 
 void GenerateHospital(const HospitalSize& size, const HospitalSink& sink) {
-    Generator(size, sink).Run();
+    CheckSize(size);
+    HospitalWriter(size, sink).Run();
 }
+
+} // namespace Generator

@@ -1,5 +1,7 @@
 #pragma once
 
+namespace Generator {
+
 /// How large a generated hospital is. The values here are those of the trial hospital.
 struct HospitalSize {
     int patients = 400;
@@ -15,4 +17,12 @@ struct HospitalSize {
     int assessments = 70;
     /// The wards' requests that still wait.
     int pendingRequests = 9;
+
+    /// Those who come for dialysis as out-patients: three fifths of the visits are theirs, one a month each.
+    constexpr int Regulars() const { return visits * 6 / 10 / months; }
 };
+
+/// Raises std::invalid_argument, which names the field, when no hospital can be made of that size.
+void CheckSize(const HospitalSize& size);
+
+} // namespace Generator

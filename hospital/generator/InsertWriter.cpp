@@ -4,6 +4,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace Generator {
+
 QString DayText(QDate day) {
     return u"%1%2%3"_s.arg(day.year(), 4, 10, QChar(u'0'))
         .arg(day.month(), 2, 10, QChar(u'0'))
@@ -79,3 +81,5 @@ void InsertWriter::Finish() {
     mText.clear();
     mRows = 0;
 }
+
+} // namespace Generator

@@ -8,6 +8,8 @@
 #include <functional>
 #include <optional>
 
+namespace Generator {
+
 /// Takes one statement, without the line GO behind it.
 using StatementSink = std::function<void(const QString& statement)>;
 
@@ -42,3 +44,5 @@ class InsertWriter {
     int mRows = 0;
     bool mFirstColumn = true;
 };
+
+} // namespace Generator

@@ -3,6 +3,8 @@
 #include <QDate>
 #include <QString>
 
+namespace Generator {
+
 /// A moment of a generated hospital: a day counted from the day that stands for today, and a minute of that
 /// day.
 struct Moment {
@@ -11,9 +13,11 @@ struct Moment {
 
     friend constexpr auto operator<=>(const Moment&, const Moment&) = default;
 
-    Moment Plus(int minutes) const {
+    /// The moment that many minutes later; earlier when they are negative.
+    constexpr Moment Plus(int minutes) const {
         const int total = minute + minutes;
-        return {day + total / kMinutesPerDay, total % kMinutesPerDay};
+        const int rest = (total % kMinutesPerDay + kMinutesPerDay) % kMinutesPerDay;
+        return {day + (total - rest) / kMinutesPerDay, rest};
     }
 
     static constexpr int kMinutesPerDay = 24 * 60;
@@ -27,3 +31,5 @@ inline QDate BaseDay() {
 
 /// A calendar day as the server's language writes it in any language setting, without quotes: yyyymmdd.
 QString DayText(QDate day);
+
+} // namespace Generator

@@ -2,6 +2,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace Generator {
+
 const QStringList& Surnames() {
     static const QStringList list =
         u"ABAD|ABELLA|ABUEVA|ACOSTA|AGBAYANI|AGUILAR|ALCANTARA|ALONZO|ALVAREZ|ANDRADA|AQUINO|ARCEO|ARELLANO|"
@@ -113,3 +115,5 @@ const QList<Town>& Towns() {
     };
     return list;
 }
+
+} // namespace Generator

@@ -2,6 +2,8 @@
 
 #include <QStringList>
 
+namespace Generator {
+
 /// The names from which patients, walk-ins and ward nurses are made up.
 const QStringList& Surnames();
 const QStringList& MaleNames();
@@ -16,3 +18,5 @@ struct Town {
     QString province;
 };
 const QList<Town>& Towns();
+
+} // namespace Generator

@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace Generator {
+
 namespace {
 
 constexpr int kFirstHospNum = 100'001;
@@ -73,7 +75,7 @@ class EpisodeMaker {
     /// The regular patients: one visit number a month, closed and billed when the month ends; the last is
     /// open.
     void AddChronicVisits(PatientList& list) {
-        const int regulars = mSize.visits * 6 / 10 / std::max(mSize.months, 1);
+        const int regulars = mSize.Regulars();
         for (int i = 0; i < regulars; ++i) {
             const size_t person = Following();
             const QString company = Company();
@@ -235,3 +237,5 @@ PatientList MakePatientList(const HospitalSize& size, const Catalogue& catalogue
     person.firstName = u"MICHAEL"_s;
     return list;
 }
+
+} // namespace Generator

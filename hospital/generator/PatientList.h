@@ -10,6 +10,8 @@
 #include <optional>
 #include <vector>
 
+namespace Generator {
+
 /// A person of the patient master, or a walk-in.
 struct Person {
     QString hospNum;
@@ -62,3 +64,5 @@ struct PatientList {
 };
 
 PatientList MakePatientList(const HospitalSize& size, const Catalogue& catalogue, Prng& prng);
+
+} // namespace Generator

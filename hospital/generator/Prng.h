@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+namespace Generator {
+
 /// A small generator of pseudo-random numbers (SplitMix64) that gives the same row of numbers on every
 /// machine and with every library, so that a generated hospital never changes by itself.
 class Prng {
@@ -38,3 +40,5 @@ class Prng {
 
     quint64 mState;
 };
+
+} // namespace Generator

@@ -8,6 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
+namespace Generator {
+
 namespace {
 
 /// Its own row of numbers, so that the other scripts stay as they are.
@@ -238,3 +240,5 @@ TreatmentRecords MakeTreatmentRecords(const PatientList& patients, const std::ve
     }
     return records;
 }
+
+} // namespace Generator

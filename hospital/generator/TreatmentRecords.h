@@ -7,6 +7,8 @@
 
 #include <vector>
 
+namespace Generator {
+
 /// Records of dialysis treatments as rows of texts; an empty text stands for Null.
 struct TreatmentRecords {
     QStringList columns;
@@ -16,3 +18,5 @@ struct TreatmentRecords {
 /// The records of the last treatments that were charged. A record's request is the treatment's charge slip.
 /// The evaluation after the newest treatment has not been written yet.
 TreatmentRecords MakeTreatmentRecords(const PatientList& patients, const std::vector<Treatment>& treatments);
+
+} // namespace Generator

@@ -26,7 +26,7 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     const QDir folder(QString::fromLocal8Bit(argv[1]));
-    for (const DemoScript& script : DemoScripts()) {
+    for (const Generator::DemoScript& script : Generator::DemoScripts()) {
         const QString path = folder.filePath(script.name + u".sql"_s);
         if (!Write(path, script.text)) {
             std::fprintf(stderr, "cannot write %s\n", qPrintable(path));

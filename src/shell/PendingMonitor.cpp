@@ -3,6 +3,7 @@
 #include "gateway/CommandGateway.h"
 #include "nursing/frmNursingRequest.h"
 #include "patients/frmSearchPatient.h"
+#include "shell/commands.h"
 #include "shell/shared.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Look.h"
@@ -54,10 +55,6 @@ void SetBackColor(QWidget& widget, QRgb color) {
 }
 
 } // namespace
-
-QString CheckPendingCommand() {
-    return u"RADIOLOGY..spRadio_CheckPending 'HC'"_s;
-}
 
 PendingMonitor::PendingMonitor(QWidget* parent)
     : QWidget(parent) {

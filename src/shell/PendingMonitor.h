@@ -7,11 +7,6 @@ class QLabel;
 class QPushButton;
 class QTimer;
 
-/// Asks how many of the wards' requests wait for this department.
-///
-/// Kept: the department is the fixed "HC", whatever department the workstation is set up for.
-QString CheckPendingCommand();
-
 /// The strip of the main window that tells of the wards' requests: while some wait, it shows a picture that
 /// flashes and a line that types itself out. A double click on the picture opens the queue.
 ///

@@ -13,6 +13,7 @@
 #include "reporting/frmCensus.h"
 #include "reporting/frmLedger.h"
 #include "reporting/frmReportRange.h"
+#include "shell/commands.h"
 #include "shell/frmAbout.h"
 #include "shell/frmSetup.h"
 #include "shell/PendingMonitor.h"
@@ -85,7 +86,7 @@ void frmMain::TakeConnection() {
 }
 
 void frmMain::ReadHospitalRecord() {
-    RowSet hospital = gCurrentUser->SQLConnection()->Execute(u"select * from PATIENT_DATA..tbhospitalInfo"_s);
+    RowSet hospital = gCurrentUser->SQLConnection()->Execute(HospitalRecordCommand());
     gHospitalName = hospital.Fields(u"company").TextOrEmpty();
     gHospitalAddress = hospital.Fields(u"Address1").TextOrEmpty();
     gHospitalTin = hospital.Fields(u"TinNo").TextOrEmpty();

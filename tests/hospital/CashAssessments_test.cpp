@@ -107,6 +107,13 @@ TEST_F(CashAssessments, ListComesNewestFirstAndByTheBeginningOfTheName) {
     EXPECT_TRUE(Status(u"TEST"_s).empty());
 }
 
+TEST_F(CashAssessments, BlanksAtTheEndOfTheTextDoNotCount) {
+    Assess(u"9001"_s, u"ZZTEST, ANA"_s, u"HC"_s, u"HC001"_s);
+    EXPECT_EQ(Status(u"ZZTEST,  "_s), Status(u"ZZTEST,"_s));
+    EXPECT_EQ(Column(Status(u"ZZTEST  "_s), 4), QStringList({u"9001"_s}));
+    EXPECT_EQ(Status(u" "_s), Status(u""_s));
+}
+
 TEST_F(CashAssessments, ListLeavesOutOtherDepartments) {
     Assess(u"9001"_s, u"ZZTEST, ANA"_s, u"HC"_s, u"HC001"_s);
     Run(u"UPDATE BILLING..tbCashAssessment SET DeptCode = 'LB' WHERE RefNum = '9001'"_s);

@@ -46,6 +46,15 @@ TEST_F(CashPatients, EveryKindGivesItsPatientsInTheColumnsThatTheListTakes) {
     }
 }
 
+TEST_F(CashPatients, BlanksAtTheEndOfTheTextDoNotCount) {
+    for (const QString& kind : {u"1"_s, u"2"_s, u"3"_s}) {
+        const QString name = Find(u""_s, kind).back()[2].left(2);
+        EXPECT_EQ(Find(name + u"  "_s, kind), Find(name, kind)) << kind.toStdString();
+        EXPECT_FALSE(Find(name, kind).empty());
+        EXPECT_EQ(Find(u" "_s, kind), Find(u""_s, kind)) << kind.toStdString();
+    }
+}
+
 TEST_F(CashPatients, NumbersTellHowTheRoomClassIsFound) {
     for (const QStringList& row : Find(u""_s, u"1"_s))
         EXPECT_EQ(row[0], row[4]);
@@ -188,6 +197,7 @@ TEST_F(CashPatients, OlderListFindsWalkInsByNameOrNumber) {
     EXPECT_EQ(list(u"1"_s, somebody[0]), std::vector<QStringList>{somebody});
     EXPECT_TRUE(list(u"1"_s, somebody[1]).empty());
     EXPECT_TRUE(list(u"0"_s, somebody[0]).empty());
+    EXPECT_EQ(list(u"0"_s, somebody[1].left(4) + u"  "_s), byName);
 }
 
 TEST_F(CashPatients, WalkInsAreAsOldAsTheirBirthDateSays) {

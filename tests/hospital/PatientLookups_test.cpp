@@ -169,6 +169,22 @@ TEST_F(PatientLookups, UltrasoundExaminationsAreListedAndSearched) {
         RunTimeError);
 }
 
+TEST_F(PatientLookups, BlanksAtTheEndOfTheTextDoNotCount) {
+    const QString walkIn = Walkins(u"0"_s, u""_s)[3][1].left(2);
+    const auto search = [&](const QString& blanks) {
+        return std::vector{Walkins(u"0"_s, blanks),        Walkins(u"0"_s, walkIn + blanks),
+                           Visits(u"0"_s, u"0"_s, blanks), Visits(u"0"_s, u"0"_s, u"DE"_s + blanks),
+                           Billed(u"I"_s, blanks),         Billed(u"I"_s, u"DE"_s + blanks),
+                           Billed(u"O"_s, blanks),         Billed(u"O"_s, u"DE"_s + blanks)};
+    };
+    const auto plain = search({});
+    const auto blank = search(u"  "_s);
+    for (size_t i = 0; i < plain.size(); ++i) {
+        EXPECT_EQ(blank[i], plain[i]) << i;
+        EXPECT_FALSE(plain[i].empty()) << i;
+    }
+}
+
 struct ApostropheCase {
     const char* name;
     QString command;

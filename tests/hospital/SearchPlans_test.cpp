@@ -14,16 +14,16 @@ class SearchPlans : public testing::Test {
     static void SetUpTestSuite() {
         mFolder = new QTemporaryDir;
         std::vector<Script> scripts = HospitalStructure();
-        const HospitalSize size{.patients = 20'000,
-                                .admissions = 4'000,
-                                .inPatients = 200,
-                                .visits = 8'000,
-                                .walkIns = 1'000,
-                                .months = 1,
-                                .slipsPerDay = 20,
-                                .assessments = 1'000,
-                                .pendingRequests = 50};
-        for (const DemoScript& script : DemoScripts(size))
+        const Generator::HospitalSize size{.patients = 20'000,
+                                           .admissions = 4'000,
+                                           .inPatients = 200,
+                                           .visits = 8'000,
+                                           .walkIns = 1'000,
+                                           .months = 1,
+                                           .slipsPerDay = 20,
+                                           .assessments = 1'000,
+                                           .pendingRequests = 50};
+        for (const Generator::DemoScript& script : Generator::DemoScripts(size))
             scripts.push_back({u"demo/"_s + script.name, script.text});
         const QString path = mFolder->filePath(u"large.db"_s);
         HospitalFile::Create(path, scripts, {});

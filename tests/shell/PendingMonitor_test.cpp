@@ -1,10 +1,10 @@
 #include "nursing/commands.h"
 #include "nursing/frmNursingRequest.h"
 #include "patients/frmSearchPatient.h"
+#include "shell/commands.h"
 #include "shell/PendingMonitor.h"
 #include "shell/shared.h"
 #include "support/CaseName.h"
-#include "support/CommandTexts.h"
 #include "support/FakeWorkspace.h"
 #include "support/ScreenTest.h"
 #include "support/WhileModal.h"
@@ -135,12 +135,6 @@ TEST_F(PendingMonitorTest, PrepaidButtonAndTimerDoNothing) {
     RunEvents();
     EXPECT_FALSE(Screens::IsLoaded<frmNursingRequest>());
     EXPECT_FALSE(Screens::IsLoaded<frmSearchPatient>());
-}
-
-TEST_F(PendingMonitorTest, CommandIsThatOfTheFixedDepartment) {
-    EXPECT_COMMAND(CheckPendingCommand(), u"RADIOLOGY..spRadio_CheckPending 'HC'"_s);
-    gDeptCode = u"HD"_s;
-    EXPECT_COMMAND(CheckPendingCommand(), u"RADIOLOGY..spRadio_CheckPending 'HC'"_s);
 }
 
 TEST_F(PendingMonitorTest, AsksNothingBeforeTheSignOn) {

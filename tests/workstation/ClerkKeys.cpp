@@ -23,19 +23,6 @@ void Tell(const QString& what) {
     std::printf("%s\n", qPrintable(what));
 }
 
-void KeyLogOn(Driver& clerk) {
-    clerk.ExpectScreen(u"SignOnDialog"_s);
-    clerk.Type(u"NURSE"_s);
-    clerk.Press(Qt::Key_Tab);
-    clerk.Type(u"nurse"_s);
-    clerk.Press(Qt::Key_Return);
-}
-
-void SignOn(Driver& clerk) {
-    KeyLogOn(clerk);
-    clerk.ExpectNoScreen(u"SignOnDialog"_s);
-}
-
 void ReadFailure(Driver& clerk) {
     clerk.ExpectScreen(u"Failure"_s);
     clerk.OnScreen([] {

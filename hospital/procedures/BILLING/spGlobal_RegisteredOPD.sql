@@ -1,5 +1,6 @@
 -- The visits of out-patients, in the order of their names: all (0) or those that are still open (1), by the beginning
--- of the last name (0) or by a whole visit or hospital number (1). The picker shows the first five columns.
+-- of the last name (0) or by a whole visit or hospital number (1). Blanks at the end of the text do not
+-- count. The picker shows the first five columns.
 USE BILLING;
 GO
 
@@ -21,7 +22,8 @@ BEGIN
         SELECT v.IdNum
         FROM PATIENT_DATA..tbmaster AS p
         INNER JOIN PATIENT_DATA..tboutpatient AS v ON v.HospNum = p.HospNum
-        WHERE @Kind = '0' AND p.LastName >= @Search AND p.LastName <= CONCAT(@Search, REPLICATE('Z', 30))
+        WHERE @Kind = '0' AND p.LastName >= RTRIM(@Search)
+          AND p.LastName <= CONCAT(RTRIM(@Search), REPLICATE('Z', 30))
           AND LEFT(p.LastName, LEN(@Search)) = @Search
 
         UNION ALL

@@ -1,5 +1,5 @@
--- The department's assessments, the newest first, of the patients whose name begins with the text. Status is the
--- date while the line waits for payment, the receipt once it is paid, and otherwise REVOKED.
+-- The department's assessments, the newest first, of the patients whose name begins with the text; blanks at its end
+-- do not count. Status is the date while the line waits for payment, the receipt once it is paid, and otherwise REVOKED.
 USE Clinical_Area;
 GO
 
@@ -17,7 +17,9 @@ BEGIN
            a.Revenueid AS RevenueID, a.IdNum
     FROM BILLING..tbCashAssessment AS a
     WHERE @Kind = '1' AND a.DeptCode = 'HC'
-      AND a.Name >= @Search AND a.Name <= CONCAT(@Search, REPLICATE('Z', 30)) AND LEFT(a.Name, LEN(@Search)) = @Search
+      AND a.Name >= RTRIM(@Search)
+      AND a.Name <= CONCAT(RTRIM(@Search), REPLICATE('Z', 30))
+      AND LEFT(a.Name, LEN(@Search)) = @Search
     ORDER BY a.TransDate DESC, a.AssessNum DESC;
 END
 GO

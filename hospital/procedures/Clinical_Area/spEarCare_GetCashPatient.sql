@@ -1,6 +1,6 @@
 -- Patients who may pay cash, in the order of their names: in-patients still in the hospital (1), the visits of
 -- out-patients (2), walk-ins (3). The text is the beginning of a last name or a whole number; an empty text brings
--- all. A walk-in has no admission, so the first and the last column are empty, and may have been registered by a last or
+-- all. Blanks at its end do not count. A walk-in has no admission, so the first and the last column are empty, and may have been registered by a last or
 -- a first name alone.
 USE Clinical_Area;
 GO
@@ -27,7 +27,8 @@ BEGIN
                o.IdNum, m.LastName, m.FirstName, m.MiddleName
         FROM PATIENT_DATA..tbmaster AS m
         INNER JOIN PATIENT_DATA..tboutpatient AS o ON o.HospNum = m.HospNum
-        WHERE @Kind = '2' AND m.LastName >= @Search AND m.LastName <= CONCAT(@Search, REPLICATE('Z', 30))
+        WHERE @Kind = '2' AND m.LastName >= RTRIM(@Search)
+          AND m.LastName <= CONCAT(RTRIM(@Search), REPLICATE('Z', 30))
           AND LEFT(m.LastName, LEN(@Search)) = @Search
 
         UNION ALL
@@ -50,7 +51,8 @@ BEGIN
                             w.FirstName, ' ', w.MiddleName)),
                w.RegDate, '', w.LastName, w.FirstName, w.MiddleName
         FROM PATIENT_DATA..tbwalkin AS w
-        WHERE @Kind = '3' AND w.LastName >= @Search AND w.LastName <= CONCAT(@Search, REPLICATE('Z', 30))
+        WHERE @Kind = '3' AND w.LastName >= RTRIM(@Search)
+          AND w.LastName <= CONCAT(RTRIM(@Search), REPLICATE('Z', 30))
           AND LEFT(w.LastName, LEN(@Search)) = @Search
 
         UNION ALL

@@ -1,6 +1,6 @@
 -- The admissions (I), visits (O) or both (empty) that have charges on their accounts, in the order of names. The text is
--- the beginning of a last name, or a whole hospital, admission or visit number; an empty text brings all. The picker
--- gives back the second column.
+-- the beginning of a last name, or a whole hospital, admission or visit number; an empty text brings all. Blanks at its end
+-- do not count. The picker gives back the second column.
 USE HEMODIALYSIS;
 GO
 
@@ -20,7 +20,8 @@ BEGIN
                p.BillingDate, p.DcrDate
         FROM PATIENT_DATA..tbmaster AS m
         INNER JOIN PATIENT_DATA..tbpatient AS p ON p.HospNum = m.HospNum
-        WHERE @PatientType <> 'O' AND m.LastName >= @Search AND m.LastName <= CONCAT(@Search, REPLICATE('Z', 30))
+        WHERE @PatientType <> 'O' AND m.LastName >= RTRIM(@Search)
+          AND m.LastName <= CONCAT(RTRIM(@Search), REPLICATE('Z', 30))
           AND LEFT(m.LastName, LEN(@Search)) = @Search
 
         UNION ALL
@@ -42,7 +43,8 @@ BEGIN
                o.DcrDate
         FROM PATIENT_DATA..tbmaster AS m
         INNER JOIN PATIENT_DATA..tboutpatient AS o ON o.HospNum = m.HospNum
-        WHERE @PatientType <> 'I' AND m.LastName >= @Search AND m.LastName <= CONCAT(@Search, REPLICATE('Z', 30))
+        WHERE @PatientType <> 'I' AND m.LastName >= RTRIM(@Search)
+          AND m.LastName <= CONCAT(RTRIM(@Search), REPLICATE('Z', 30))
           AND LEFT(m.LastName, LEN(@Search)) = @Search
 
         UNION ALL

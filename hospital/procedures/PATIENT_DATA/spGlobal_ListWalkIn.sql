@@ -1,5 +1,5 @@
 -- Walk-ins by the beginning of the last name (0) or by their number (1), in the order of their names, for the
--- correction of their records. The list shows the columns as they come.
+-- correction of their records. Blanks at the end of the text do not count. The list shows the columns as they come.
 USE PATIENT_DATA;
 GO
 
@@ -12,7 +12,8 @@ BEGIN
 
     SELECT w.HospNum, w.LastName, w.FirstName, w.MiddleName
     FROM PATIENT_DATA..tbwalkin AS w
-    WHERE @SearchBy = '0' AND w.LastName >= @Search AND w.LastName <= CONCAT(@Search, REPLICATE('Z', 30))
+    WHERE @SearchBy = '0' AND w.LastName >= RTRIM(@Search)
+      AND w.LastName <= CONCAT(RTRIM(@Search), REPLICATE('Z', 30))
       AND LEFT(w.LastName, LEN(@Search)) = @Search
     UNION ALL
     SELECT w.HospNum, w.LastName, w.FirstName, w.MiddleName

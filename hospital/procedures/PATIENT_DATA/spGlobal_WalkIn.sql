@@ -1,4 +1,5 @@
--- Walk-ins by the beginning of the last name (0) or by their number (1), in the order of their names.
+-- Walk-ins by the beginning of the last name (0) or by their number (1), in the order of their names. Blanks
+-- at the end of the text do not count.
 USE PATIENT_DATA;
 GO
 
@@ -11,7 +12,8 @@ BEGIN
 
     SELECT w.HospNum, w.LastName, w.FirstName, w.MiddleName
     FROM PATIENT_DATA..tbwalkin AS w
-    WHERE @SearchBy = '0' AND w.LastName >= @Search AND w.LastName <= CONCAT(@Search, REPLICATE('Z', 30))
+    WHERE @SearchBy = '0' AND w.LastName >= RTRIM(@Search)
+      AND w.LastName <= CONCAT(RTRIM(@Search), REPLICATE('Z', 30))
       AND LEFT(w.LastName, LEN(@Search)) = @Search
     UNION ALL
     SELECT w.HospNum, w.LastName, w.FirstName, w.MiddleName

@@ -1,6 +1,6 @@
-#include "reporting_bench.h"
-
+#include "Benches.h"
 #include "BenchTable.h"
+#include "GiveUp.h"
 #include "reporting/PageView.h"
 #include "reporting/PdfJob.h"
 #include "reporting/ReportDocument.h"
@@ -123,7 +123,9 @@ void SaveBarePdf(const ReportDocument& document, const std::vector<std::vector<B
                  const QString& file) {
     QPdfWriter writer(file);
     writer.setPageLayout(document.Paper());
-    QPainter painter(&writer);
+    QPainter painter;
+    if (!painter.begin(&writer))
+        GiveUp(u"cannot write "_s + file);
     painter.scale(writer.logicalDpiX() / 72.0, writer.logicalDpiY() / 72.0);
     for (size_t page = 0; page < pages.size(); ++page) {
         if (page > 0)
@@ -135,8 +137,11 @@ void SaveBarePdf(const ReportDocument& document, const std::vector<std::vector<B
 void BenchPdf(BenchTable& table, const QString& folder) {
     const auto rows = MakeRows(kPdfRows);
     ResetPeak();
-    const double ours =
-        MedianMilliseconds(kRuns, [&] { PdfJob(*MakeDocument(rows), {}, folder + u"/ours.pdf"_s).Finish(); });
+    const double ours = MedianMilliseconds(kRuns, [&] {
+        if (const QString failure = PdfJob(*MakeDocument(rows), {}, folder + u"/ours.pdf"_s).Finish();
+            !failure.isEmpty())
+            GiveUp(failure);
+    });
     const double peak = PeakSinceReset();
     const auto document = MakeDocument(rows);
     const auto texts = BareTexts(*document, document->PageCount());
@@ -174,7 +179,7 @@ void BenchFirstPage(BenchTable& table) {
 
 } // namespace
 
-void BenchReporting(BenchTable& table) {
+void BenchReports(BenchTable& table) {
     const QTemporaryDir folder;
     BenchPdf(table, folder.path());
     BenchFirstPage(table);
