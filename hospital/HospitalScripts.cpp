@@ -1,5 +1,7 @@
 #include "hospital/HospitalScripts.h"
 
+#include "text/RunTimeError.h"
+
 #include <QDirIterator>
 #include <QFile>
 #include <QStringList>
@@ -18,7 +20,9 @@ void Append(std::vector<Script>& scripts, const QString& folder) {
     paths.sort();
     for (const QString& path : paths) {
         QFile file(path);
-        file.open(QIODevice::ReadOnly);
+        if (!file.open(QIODevice::ReadOnly))
+            throw RunTimeError(RunTime::kPathFileAccess, RunTime::TextOf(RunTime::kPathFileAccess) + u": "_s +
+                                                             path + u" ("_s + file.errorString() + u')');
         scripts.push_back({path.mid(root.size()), QString::fromUtf8(file.readAll())});
     }
 }

@@ -25,6 +25,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <chrono>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -43,7 +45,7 @@ constexpr std::array kWidthsAfterSearch = {250, 0, 4000, 0, 3250, 1250, 1000, 12
 
 constexpr int kGridWidth = 11900;
 constexpr int kGridHeight = 5200;
-constexpr int kBlinkInterval = 500;
+constexpr std::chrono::milliseconds kBlinkInterval(500);
 constexpr QSize kPictureSize(32, 32);
 
 QPixmap PictureOf(int number) {
