@@ -21,7 +21,8 @@ void Append(std::vector<Script>& scripts, const QString& folder) {
     for (const QString& path : paths) {
         QFile file(path);
         if (!file.open(QIODevice::ReadOnly))
-            throw RunTime::Error(RunTime::kPathFileAccess);
+            throw RunTimeError(RunTime::kPathFileAccess, RunTime::TextOf(RunTime::kPathFileAccess) + u": "_s +
+                                                             path + u" ("_s + file.errorString() + u')');
         scripts.push_back({path.mid(root.size()), QString::fromUtf8(file.readAll())});
     }
 }

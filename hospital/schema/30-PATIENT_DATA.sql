@@ -19,7 +19,7 @@ CREATE TABLE dbo.tbmaster (
     MiddleName varchar(30) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT '',
     Sex char(1) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL,
     BirthDate datetime NULL,
-    CivilStatusID char(1) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT '1',
+    CivilStatusID varchar(1) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT '1',
     HouseStreet varchar(60) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT '',
     Barangay varchar(40) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT '',
     ZipCode varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT '',

@@ -59,8 +59,11 @@ class StockDrug {
     /// Stands on the item of the stock section with exactly that code. False when there is none; the item
     /// stood on before is kept then.
     virtual bool SearchDrug(const QString& text, const QString& section) = 0;
+    /// The code of the item stood on; empty before the first.
     virtual QString DrugCode() const = 0;
+    /// Its name, likewise.
     virtual QString DrugName() const = 0;
+    /// Its prices, likewise 0 before the first.
     virtual StockPrices Invent() const = 0;
 
     /// Writes one entry on a stock card. Independent of the item stood on. A component may change the entry's
@@ -73,5 +76,6 @@ class clsStockItem : public Component {
   public:
     /// Takes the connection by its text. False when no such connection is open.
     virtual bool InitConnect(const QString& connectionString) = 0;
+    /// The item that the component stands on. Raises 91, where it reads, when no connection was taken.
     virtual StockDrug& Drug() = 0;
 };

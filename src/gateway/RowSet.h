@@ -37,18 +37,23 @@ class RowSet {
     /// An open row set on its first row. `countsRows` is false for the cursors that cannot tell their length.
     RowSet(std::shared_ptr<const RowData> data, bool countsRows);
 
+    /// Whether the rows are at their end, or there are none.
     bool Eof() const;
+    /// The current row's value in the first column of that name, letter case aside.
     const Value& Fields(QStringView name) const;
     /// The value in a column by its number from 0.
     const Value& Fields(size_t column) const;
     /// The number of a column for reading many rows; raises 3265.
     size_t ColumnNumber(QStringView name) const;
+    /// Goes to the next row; from the last one to the end.
     void MoveNext();
     /// Raises 3021 when there is no row.
     void MoveFirst();
     /// The number of rows, or -1 for a dynamic or forward-only cursor on the server, which does not know it.
     qint64 RecordCount() const;
+    /// Whether the row set is open. Raises nothing, on a closed one too.
     Status State() const { return mData ? Status::Open : Status::Closed; }
+    /// Closes it: the rows are let go, unless a grid is bound to them.
     void Close();
 
     /// Sets a column of the current row; the database hears of it at Update(). What was set and not written
@@ -56,7 +61,8 @@ class RowSet {
     /// cannot be updated.
     void SetField(QStringView name, Value value);
     /// Writes the columns that were set, provided that the row still stands as it was read; raises
-    /// kRowChanged when another workstation was faster. Raises 3251 on a row set that cannot be updated.
+    /// kRowChanged when another workstation was faster, and what was set is kept then. Raises 3251 on a row
+    /// set that cannot be updated, and what the database raises. Does nothing when nothing was set.
     void Update();
 
     /// The rows, for binding to a grid. Raises 3704 when closed.

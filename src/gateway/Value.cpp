@@ -11,6 +11,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr double kWholeNumbersEnd = 0x1p63;
+// The days of 0100-01-01 and of 10000-01-01, counted from 1899-12-30.
+constexpr double kFirstDay = -657434;
+constexpr double kDaysEnd = 2958466;
+
 template <class... Ts> struct Overloaded : Ts... { using Ts::operator()...; };
 template <class... Ts> Overloaded(Ts...) -> Overloaded<Ts...>;
 
@@ -32,6 +37,13 @@ double NumericTextToDouble(const QString& text) {
     }
     const double magnitude = digits.toDouble();
     return text.contains(u'-') || text.contains(u'(') ? -magnitude : magnitude;
+}
+
+/// A number within the given bounds, the upper one not included; "not a number" lies in none.
+double Within(double value, double least, double end) {
+    if (!(value >= least && value < end))
+        throw RunTime::Error(RunTime::kOverflow);
+    return value;
 }
 
 double SerialNumber(DateTime value) {
@@ -64,7 +76,7 @@ double Value::ToDouble() const {
 qint64 Value::ToInteger() const {
     if (const auto* integer = std::get_if<qint64>(&mStorage))
         return *integer;
-    return std::llrint(ToDouble());
+    return std::llrint(Within(ToDouble(), -kWholeNumbersEnd, kWholeNumbersEnd));
 }
 
 bool Value::ToBoolean() const {
@@ -85,5 +97,6 @@ DateTime Value::ToDate() const {
             return *parsed;
         RaiseTypeMismatch();
     }
-    return DateTime::FromMilliseconds(std::llround(ToDouble() * double(DateTime::kDay)));
+    return DateTime::FromMilliseconds(
+        std::llround(Within(ToDouble(), kFirstDay, kDaysEnd) * double(DateTime::kDay)));
 }

@@ -46,12 +46,15 @@ class Value {
     /// The value as a number; a text must be numeric as a whole. Raises 94 on Null, 13 on any other text. A
     /// date is its days since 1899-12-30.
     double ToDouble() const;
-    /// The value as a whole number, rounded half to even as the run-time does. Raises as ToDouble().
+    /// The value as a whole number, rounded half to even as the run-time does. Raises as ToDouble(), and 6
+    /// for a number that no whole one of 64 bits comes near.
     qint64 ToInteger() const;
     /// "True" and "False" in any letter case, or a number that is not 0. Raises 94 on Null, 13 on any other
     /// text, the empty one included.
     bool ToBoolean() const;
-    /// The value as a date: a date, a text that names one, a number of days. Raises 94 on Null, 13 otherwise.
+    /// The value as a date: a date, a text that names one, a number of days since 1899-12-30. Raises 94 on
+    /// Null, 6 for a number of days outside the run-time's calendar, which has the years 100 to 9999, 13
+    /// otherwise.
     DateTime ToDate() const;
 
     const Storage& Get() const { return mStorage; }

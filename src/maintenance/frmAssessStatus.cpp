@@ -25,6 +25,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <chrono>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -42,7 +44,7 @@ constexpr std::array kWidthsAtLoad = {250, 0, 3000, 1000, 4000, 1000, 1000, 1250
 constexpr std::array kWidthsAfterSearch = {250, 0, 4000, 0, 3250, 1250, 1000, 1250, 0, 0};
 
 constexpr QSize kListSize(11900, 5200);
-constexpr int kBlinkInterval = 500;
+constexpr std::chrono::milliseconds kBlinkInterval(500);
 constexpr QSize kPictureSize(32, 32);
 
 QPixmap PictureOf(int number) {

@@ -26,6 +26,8 @@
 #include <QRadioButton>
 #include <QTimer>
 
+#include <chrono>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -33,7 +35,7 @@ namespace {
 constexpr int kBillingDate = 4;
 constexpr int kListWidth = 8900;
 constexpr int kListHeight = 4200;
-constexpr int kTimerInterval = 500;
+constexpr std::chrono::milliseconds kTimerInterval(500);
 
 RowSet OpenPatients(const QString& text) {
     // Without a letter of a patient type nothing is sent, and the reader meets a closed row set.

@@ -2,6 +2,8 @@
 
 #include <QFrame>
 
+#include <chrono>
+
 class QLabel;
 class QProgressBar;
 class QTimer;
@@ -14,8 +16,8 @@ class WorkBar : public QFrame {
   public:
     explicit WorkBar(QWidget* parent);
 
-    /// After so many milliseconds the clerk is told.
-    static constexpr int kPatience = 300;
+    /// After this time the clerk is told.
+    static constexpr std::chrono::milliseconds kPatience{300};
 
     /// `what` is being done from now on; how much of it there is, nobody knows yet.
     void Begin(const QString& what);

@@ -1,6 +1,7 @@
 #include "shell/ConfigFile.h"
 
 #include "shell/shared.h"
+#include "text/Trim.h"
 #include "toolkit/ProgramFiles.h"
 
 #include <QFile>
@@ -8,15 +9,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The text without its blanks at both ends; a tab is no blank.
-QString TrimBlanks(QStringView text) {
-    while (text.startsWith(u' '))
-        text = text.sliced(1);
-    while (text.endsWith(u' '))
-        text.chop(1);
-    return text.toString();
-}
 
 void Open(QFile& file, QIODevice::OpenMode mode) {
     if (!file.open(mode))
@@ -46,8 +38,8 @@ void ReadConfigValue(const QString& key, QString& value) {
     value = u"0"_s;
     for (const QString& line : ReadText().split(u'\n')) {
         const qsizetype equals = line.indexOf(u'=');
-        if (equals >= 0 && TrimBlanks(line.left(equals)).toLower() == key.toLower()) {
-            value = TrimBlanks(line.mid(equals + 1));
+        if (equals >= 0 && Trim(line.left(equals)).toLower() == key.toLower()) {
+            value = Trim(line.mid(equals + 1));
             return;
         }
     }

@@ -22,11 +22,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kCheckInterval = 250;
-constexpr int kFlashInterval = 250;
-constexpr int kTypeInterval = 50;
-constexpr int kFinderInterval = 1000;
-constexpr int kPrepaidInterval = 60000;
+constexpr std::chrono::milliseconds kCheckInterval(250);
+constexpr std::chrono::milliseconds kFlashInterval(250);
+constexpr std::chrono::milliseconds kTypeInterval(50);
+constexpr std::chrono::milliseconds kFinderInterval(1000);
+constexpr std::chrono::milliseconds kPrepaidInterval(60000);
 
 constexpr QRgb kDarkPink = qRgb(0xFF, 0x80, 0xFF);
 constexpr QRgb kLightPink = qRgb(0xFF, 0xC0, 0xFF);
@@ -94,7 +94,7 @@ void PendingMonitor::LayoutTimers() {
     tmrPrepaid = NewTimer("tmrPrepaid", kPrepaidInterval);
 }
 
-QTimer* PendingMonitor::NewTimer(const char* name, int interval) {
+QTimer* PendingMonitor::NewTimer(const char* name, std::chrono::milliseconds interval) {
     auto* timer = new QTimer(this);
     timer->setObjectName(QString::fromLatin1(name));
     timer->setInterval(interval);

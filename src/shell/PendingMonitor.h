@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include <chrono>
+
 class QFrame;
 class QLabel;
 class QPushButton;
@@ -31,7 +33,7 @@ class PendingMonitor : public QWidget {
     void LayoutTimers();
     void LayoutPending();
     void LayoutText();
-    QTimer* NewTimer(const char* name, int interval);
+    QTimer* NewTimer(const char* name, std::chrono::milliseconds interval);
 
     void tmrCheckPending_Timer();
     void tmrPending_Timer();

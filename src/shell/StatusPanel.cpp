@@ -5,10 +5,12 @@
 
 #include <QTimer>
 
+#include <chrono>
+
 namespace {
 
 /// Often enough for a clock of minutes.
-constexpr int kClockInterval = 5000;
+constexpr std::chrono::milliseconds kClockInterval(5000);
 
 } // namespace
 

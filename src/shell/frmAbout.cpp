@@ -13,6 +13,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <chrono>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -20,7 +22,7 @@ namespace {
 constexpr int kOpaque = 255;
 constexpr int kFadeStep = 3;
 /// 85 steps of it take less than half a second.
-constexpr int kFadeInterval = 5;
+constexpr std::chrono::milliseconds kFadeInterval(5);
 constexpr int kIconSize = 64;
 
 } // namespace

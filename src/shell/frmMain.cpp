@@ -32,12 +32,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int kCommandTimeout = 120;
-
-} // namespace
-
 frmMain::frmMain() {
     Layout();
     SetCurrent(this);
@@ -106,7 +100,7 @@ void frmMain::CreateWardComponents() {
 
 void frmMain::HandOutConnection() {
     CommandGateway* connection = gCurrentUser->SQLConnection();
-    connection->SetCommandTimeout(kCommandTimeout);
+    connection->SetCommandTimeout(CommandGateway::kWorkstationTimeout);
     gListing->SetMTS_Server(QString());
     gListing->SetSearchMode(true);
     gListing->Initialize_Classes();

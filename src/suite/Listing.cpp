@@ -6,6 +6,8 @@
 #include "text/RunTimeError.h"
 #include "toolkit/ShowModal.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 /// Where the rows of a listing come from and how its list looks.
@@ -71,15 +73,16 @@ void Listing::Initialize_Classes() {
 }
 
 Listing::Source Listing::SourceOf(int kind) const {
-    for (Source source : Source::All()) {
-        if (source.kind != kind)
-            continue;
-        // Services are those of the section in hand.
-        if (kind == ListingKind::kOtherRevenue)
-            source.command += SqlLiteral(mOtherSectionID);
-        return source;
-    }
-    throw RunTime::Error(RunTime::kSubscriptOutOfRange);
+    const std::vector<Source>& all = Source::All();
+    const auto found =
+        std::find_if(all.begin(), all.end(), [kind](const Source& s) { return s.kind == kind; });
+    if (found == all.end())
+        throw RunTime::Error(RunTime::kSubscriptOutOfRange);
+    Source source = *found;
+    // Services are those of the section in hand.
+    if (kind == ListingKind::kOtherRevenue)
+        source.command += SqlLiteral(mOtherSectionID);
+    return source;
 }
 
 CommandGateway& Listing::Connection() const {

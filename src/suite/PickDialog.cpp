@@ -21,6 +21,8 @@ namespace {
 
 constexpr int kListHeight = 4800;
 constexpr int kScrollBarWidth = 500;
+// Stands in no name and no code.
+constexpr QChar kCellMark = u'\n';
 
 /// The columns' numbers in the data; a column that it lacks raises 3265.
 std::vector<size_t> FieldsOf(const RowData& rows, const std::vector<PickColumn>& columns) {
@@ -38,29 +40,41 @@ std::vector<size_t> FieldsOf(const RowData& rows, const std::vector<PickColumn>&
 /// begins with it.
 enum class Match { None, Words, Beginning };
 
-Match MatchOf(const RowData& rows, size_t row, const std::vector<size_t>& fields, const QString& text) {
-    const QString wanted = UCase(text.trimmed());
-    QString haystack;
-    bool begins = false;
-    for (const size_t field : fields) {
-        const QString cell = UCase(rows.Cell(row, field).TextOrEmpty());
-        begins = begins || cell.startsWith(wanted);
-        haystack += cell + u'\n';
+/// A search text, made ready once for all rows.
+class Wanted {
+  public:
+    explicit Wanted(const QString& text)
+        : mBeginning(kCellMark + UCase(text.trimmed()))
+        , mWords(mBeginning.sliced(1).split(u' ', Qt::SkipEmptyParts)) {}
+
+    Match In(const QString& row) const {
+        if (row.contains(mBeginning))
+            return Match::Beginning;
+        const bool all = std::all_of(mWords.begin(), mWords.end(),
+                                     [&](const QString& word) { return row.contains(word); });
+        return all ? Match::Words : Match::None;
     }
-    if (begins)
-        return Match::Beginning;
-    const QStringList words = wanted.split(u' ', Qt::SkipEmptyParts);
-    const bool all =
-        std::all_of(words.begin(), words.end(), [&](const QString& word) { return haystack.contains(word); });
-    return all ? Match::Words : Match::None;
+
+  private:
+    QString mBeginning;
+    QStringList mWords;
+};
+
+/// What is searched in a row: its columns in capitals, each behind a mark.
+QString SearchText(const RowData& rows, size_t row, const std::vector<size_t>& fields) {
+    QString text;
+    for (const size_t field : fields)
+        text += kCellMark + UCase(rows.Cell(row, field).TextOrEmpty());
+    return text;
 }
 
 } // namespace
 
 bool AnyRowMatches(const RowData& rows, const std::vector<PickColumn>& columns, const QString& text) {
     const std::vector<size_t> fields = FieldsOf(rows, columns);
+    const Wanted wanted(text);
     for (size_t row = 0; row < rows.RowCount(); ++row) {
-        if (MatchOf(rows, row, fields, text) != Match::None)
+        if (wanted.In(SearchText(rows, row, fields)) != Match::None)
             return true;
     }
     return false;
@@ -71,6 +85,8 @@ PickDialog::PickDialog(const QString& title, std::vector<PickColumn> columns,
     : mColumns(std::move(columns))
     , mFields(FieldsOf(*rows, mColumns))
     , mRows(std::move(rows)) {
+    for (size_t row = 0; row < mRows->RowCount(); ++row)
+        mSearchTexts.push_back(SearchText(*mRows, row, mFields));
     Layout(title);
     Filter(text);
     if (mShown.empty())
@@ -123,8 +139,9 @@ void PickDialog::Wire() {
 void PickDialog::Filter(const QString& text) {
     mShown.clear();
     std::vector<size_t> others;
-    for (size_t row = 0; row < mRows->RowCount(); ++row) {
-        const Match match = MatchOf(*mRows, row, mFields, text);
+    const Wanted wanted(text);
+    for (size_t row = 0; row < mSearchTexts.size(); ++row) {
+        const Match match = wanted.In(mSearchTexts[row]);
         if (match != Match::None)
             (match == Match::Beginning ? mShown : others).push_back(row);
     }

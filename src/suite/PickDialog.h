@@ -48,6 +48,8 @@ class PickDialog : public QDialog {
     std::vector<PickColumn> mColumns;
     std::vector<size_t> mFields;
     std::shared_ptr<const RowData> mRows;
+    /// What is searched in each row, made once for all keys.
+    std::vector<QString> mSearchTexts;
     /// The rows of the data that the list shows now.
     std::vector<size_t> mShown;
     size_t mPicked = 0;

@@ -1,5 +1,6 @@
 #include "suite/SignOn.h"
 
+#include "gateway/embedded/ServerError.h"
 #include "gateway/SqlText.h"
 #include "suite/DataSource.h"
 #include "suite/Passwords.h"
@@ -8,15 +9,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The server's own number for a refused logon.
-constexpr int kLoginFailed = 18456;
-
-/// The hash of a password that nobody has, so that an unknown user takes as long to refuse as a known one.
-const QString& NobodysHash() {
-    static const QString hash = HashPassword(u"nobody signs on with this"_s);
-    return hash;
-}
 
 /// The user's row. Where the server proves the password its hash plays no part.
 QString UserCommand(const DataSource& source, const QString& user) {
@@ -33,7 +25,7 @@ QString DepartmentCommand(const QString& user, const QString& deptCode) {
 /// Whether the password is the one in the user's row. Takes as long for a user who is not there.
 bool IsPassword(const RowSet& userRow, const QString& password) {
     const bool known = !userRow.Eof();
-    const QString hash = known ? userRow.Fields(u"PasswordHash").TextOrEmpty() : NobodysHash();
+    const QString hash = known ? userRow.Fields(u"PasswordHash").TextOrEmpty() : QString(kNobodysHash);
     return PasswordMatches(hash, password) && known;
 }
 
@@ -58,7 +50,7 @@ SignOnOutcome TrySignOn(DataSource& source, const QString& user, const QString& 
         connection = source.Connect(user, password);
     } catch (const RunTimeError& error) {
         // A server that knows the user by himself refuses him at its door.
-        if (error.Number() == kLoginFailed)
+        if (error.Number() == static_cast<int>(Fault::LoginFailed))
             return RefusedUser();
         throw;
     }
@@ -84,6 +76,6 @@ SignOnOutcome TrySignOn(DataSource& source, const QString& user, const QString& 
 std::unique_ptr<CommandGateway> LogOn(DataSource& source, const QString& user, const QString& password) {
     auto connection = source.Connect(user, password);
     if (!source.ProvesPasswords() && !IsPassword(connection->Execute(UserCommand(source, user)), password))
-        throw RunTimeError(kLoginFailed, u"Login failed for user '%1'."_s.arg(user), u"28000"_s);
+        throw ServerError(Fault::LoginFailed, {user});
     return connection;
 }

@@ -7,7 +7,9 @@
 #include "toolkit/MsgBox.h"
 #include "toolkit/Twips.h"
 
+#include <QCloseEvent>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -20,6 +22,34 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kWidth = 5000;
+
+/// The progress of a making, which nobody can close: as long as it shows, the sign-on window under it takes
+/// no key and no click, and nobody begins a second making inside the first.
+class MakingWindow : public QProgressDialog {
+  public:
+    MakingWindow(const QString& title, QWidget* parent)
+        : QProgressDialog(parent, Qt::CustomizeWindowHint | Qt::WindowTitleHint) {
+        setObjectName(u"MakingProgress"_s);
+        setWindowTitle(title);
+        setWindowModality(Qt::WindowModal);
+        setCancelButton(nullptr);
+        setAutoReset(false);
+        show();
+    }
+
+    void Tell(int done, int total, const QString& what) {
+        setMaximum(total);
+        setLabelText(what);
+        setValue(done);
+        // A value that has not changed lets no events through by itself.
+        QCoreApplication::processEvents();
+    }
+
+    void reject() override {}
+
+  protected:
+    void closeEvent(QCloseEvent* event) override { event->ignore(); }
+};
 
 } // namespace
 
@@ -108,7 +138,7 @@ void SignOnDialog::ShowProblem(const QString& text) {
 void SignOnDialog::cmdOK_Click() {
     ShowProblem({});
     try {
-        if (Source().NeedsMaking() && !MakeHospital())
+        if (Source().NeedsMaking() && !MakeHospital(false))
             return;
         SignOnOutcome outcome =
             TrySignOn(Source(), txtUser->text().trimmed(), txtPassword->text(), mDeptCode);
@@ -137,19 +167,14 @@ void SignOnDialog::Refuse(const QString& reason) {
     txtPassword->setFocus();
 }
 
-bool SignOnDialog::MakeHospital() {
-    QProgressDialog progress(this);
-    progress.setObjectName(u"MakingProgress"_s);
-    progress.setWindowTitle(Source().Name());
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setCancelButton(nullptr);
-    progress.setMinimumDuration(0);
+bool SignOnDialog::MakeHospital(bool anew) {
+    MakingWindow window(Source().Name(), this);
+    const auto tell = [&window](int done, int total, const QString& what) { window.Tell(done, total, what); };
     try {
-        Source().Make([&progress](int done, int total, const QString& what) {
-            progress.setMaximum(total);
-            progress.setLabelText(what);
-            progress.setValue(done);
-        });
+        if (anew)
+            Source().MakeAnew(tell);
+        else
+            Source().Make(tell);
         return true;
     } catch (const RunTimeError& error) {
         ShowProblem(error.Description());
@@ -167,6 +192,6 @@ void SignOnDialog::cmdMakeAnew_Click() {
     if (answer != MsgAnswer::Yes)
         return;
     ShowProblem({});
-    if (MakeHospital())
+    if (MakeHospital(true))
         txtUser->setFocus();
 }

@@ -40,7 +40,7 @@ class SignOnDialog : public QDialog {
     void cmdMakeAnew_Click();
 
     DataSource& Source() const;
-    bool MakeHospital();
+    bool MakeHospital(bool anew);
     void Refuse(const QString& reason);
     void ShowProblem(const QString& text);
 

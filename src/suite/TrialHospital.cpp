@@ -14,12 +14,6 @@ namespace {
 
 const QString kFileName = u"trial-hospital.db"_s;
 
-void RemoveOrRaise(const QString& path) {
-    QFile file(path);
-    if (file.exists() && !file.remove())
-        throw FileError(path, file.errorString());
-}
-
 } // namespace
 
 TrialHospital::TrialHospital(const QString& folder)
@@ -39,16 +33,24 @@ bool TrialHospital::NeedsMaking() const {
     return !QFile::exists(mPath);
 }
 
-void TrialHospital::Make(const MakingProgress& progress) {
+void TrialHospital::MakeFolder() const {
     const QString folder = QFileInfo(mPath).path();
     if (!QDir().mkpath(folder))
         throw FileError(folder);
-    // The journal goes first: left behind, it would be taken for the new file's.
-    for (const QString& ending : {u"-wal"_s, u"-shm"_s, QString()})
-        RemoveOrRaise(mPath + ending);
-    HospitalFile::Create(mPath, HospitalScripts(), progress);
+}
+
+void TrialHospital::Make(const MakingProgress& progress) {
+    MakeFolder();
+    if (NeedsMaking())
+        HospitalFile::Create(mPath, HospitalScripts(), progress);
+}
+
+void TrialHospital::MakeAnew(const MakingProgress& progress) {
+    MakeFolder();
+    HospitalFile::Replace(mPath, HospitalScripts(), progress);
 }
 
 std::unique_ptr<CommandGateway> TrialHospital::Connect(const QString&, const QString&) {
-    return HospitalFile::Open(mPath, HospitalScripts());
+    // What is compared with the file, or replaced in it, is its structure alone.
+    return HospitalFile::Open(mPath, HospitalStructure());
 }

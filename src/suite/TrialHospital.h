@@ -16,10 +16,13 @@ class TrialHospital : public DataSource {
     bool NeedsMaking() const override;
     bool CanBeMadeAnew() const override { return true; }
     void Make(const MakingProgress& progress) override;
+    void MakeAnew(const MakingProgress& progress) override;
     std::unique_ptr<CommandGateway> Connect(const QString& user, const QString& password) override;
 
     const QString& Path() const { return mPath; }
 
   private:
+    void MakeFolder() const;
+
     QString mPath;
 };

@@ -13,19 +13,18 @@ using std::chrono::year_month_day;
 
 constexpr sys_days kDayZero = sys_days(year(1899) / 12 / 30);
 
-qint64 FloorDiv(qint64 value, qint64 divisor) {
-    const qint64 quotient = value / divisor;
-    return value % divisor < 0 ? quotient - 1 : quotient;
-}
-
 } // namespace
 
 std::optional<DateTime> DateTime::FromFields(const Fields& f) {
+    // The calendar's own types hold a month and a day in one byte; larger numbers would come back as small
+    // ones.
+    if (f.year < 1 || f.year > 9999 || f.month < 1 || f.month > 12 || f.day < 1 || f.day > 31)
+        return std::nullopt;
     const year_month_day date{year(f.year), month(static_cast<unsigned>(f.month)),
                               day(static_cast<unsigned>(f.day))};
     const bool timeExists = f.hour >= 0 && f.hour < 24 && f.minute >= 0 && f.minute < 60 && f.second >= 0 &&
                             f.second < 60 && f.millisecond >= 0 && f.millisecond < 1000;
-    if (f.year < 1 || f.year > 9999 || f.month < 1 || f.day < 1 || !date.ok() || !timeExists)
+    if (!date.ok() || !timeExists)
         return std::nullopt;
     const qint64 dayNumber = (sys_days(date) - kDayZero).count();
     const qint64 time = ((f.hour * 60LL + f.minute) * 60 + f.second) * 1000 + f.millisecond;
@@ -51,7 +50,7 @@ DateTime DateTime::DateOnly() const {
 }
 
 qint64 DateTime::DayNumber() const {
-    return FloorDiv(mMilliseconds, kDay);
+    return std::chrono::floor<days>(std::chrono::milliseconds(mMilliseconds)).count();
 }
 
 bool DateTime::IsMidnight() const {

@@ -19,24 +19,37 @@ class FlexCells : public QAbstractTableModel {
     Q_OBJECT
 
   public:
+    /// A grid of two rows and two columns, the fixed ones included, with its current cell at 1, 1.
     explicit FlexCells(QObject* parent = nullptr);
 
+    /// The number of rows, the header row included.
     int Rows() const { return mRows; }
-    /// Texts of rows that remain stay; the current row moves up if it was cut off. At least 1.
+    /// Texts of rows that remain stay; the current row moves up if it was cut off. At least 1, else 30009.
     void SetRows(int rows);
+    /// The number of columns, the fixed one included.
     int Cols() const { return mCols; }
+    /// Texts of columns that remain stay; the current column moves left if it was cut off. At least 1, else
+    /// 30010.
     void SetCols(int cols);
 
+    /// The current cell's row.
     int Row() const { return mRow; }
+    /// Makes that row's cell in the current column the current one.
     void SetRow(int row);
+    /// The current cell's column.
     int Col() const { return mCol; }
+    /// Makes that column's cell in the current row the current one.
     void SetCol(int col);
+    /// Makes that cell the current one.
     void SetCell(int row, int col);
 
+    /// The text of a cell, row 0 being the headers.
     QString TextMatrix(int row, int col) const;
+    /// Sets the text of a cell; the current cell stays where it is.
     void SetTextMatrix(int row, int col, const QString& text);
-    /// The current cell.
+    /// The current cell's text.
     QString Text() const { return TextMatrix(mRow, mCol); }
+    /// Sets the current cell's text.
     void SetText(const QString& text) { SetTextMatrix(mRow, mCol, text); }
 
     /// Empties every cell, the headers too; sizes stay.
@@ -48,9 +61,13 @@ class FlexCells : public QAbstractTableModel {
     /// left, "^" for the centre or ">" for right. Grows the grid to as many columns.
     void SetFormatString(const QString& format);
 
+    /// Shows the header of a column in bold type or not.
     void SetHeaderBold(int col, bool bold);
+    /// Aligns a column, its header included. Without it texts stand on the left, amounts of a result on the
+    /// right.
     void SetAlignment(int col, Qt::Alignment alignment);
 
+    // The view's reading: its rows and columns are those without the fixed ones, which are its headers.
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;

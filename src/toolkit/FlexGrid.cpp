@@ -6,8 +6,6 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 
-#include <utility>
-
 namespace {
 
 /// The width of a column whose width nobody has set, in twips.
@@ -17,16 +15,12 @@ constexpr int kRowPadding = 6;
 } // namespace
 
 FlexGrid::FlexGrid(QWidget* parent)
-    : QTableView(parent)
+    : ClickTable(parent)
     , mCells(new FlexCells(this)) {
     setModel(mCells);
-    setSelectionMode(QAbstractItemView::SingleSelection);
     setSelectionBehavior(QAbstractItemView::SelectItems);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setTabKeyNavigation(false);
     setFocusPolicy(Qt::TabFocus);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    setWordWrap(false);
     horizontalHeader()->setMinimumSectionSize(0);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
@@ -103,7 +97,7 @@ void FlexGrid::FollowCells() {
 }
 
 void FlexGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
-    QTableView::currentChanged(current, previous);
+    ClickTable::currentChanged(current, previous);
     if (mFollowing || !current.isValid())
         return;
     Q_EMIT LeaveCell();
@@ -127,14 +121,14 @@ void FlexGrid::StepOutOfHiddenColumn() {
 void FlexGrid::keyPressEvent(QKeyEvent* event) {
     // The view knows no way up or down in a hidden column, and a bound list begins in its first one.
     StepOutOfHiddenColumn();
-    QTableView::keyPressEvent(event);
+    ClickTable::keyPressEvent(event);
     FollowCells();
 }
 
 void FlexGrid::mousePressEvent(QMouseEvent* event) {
     HeldGotFocus ownFocus(this);
     setFocus(Qt::MouseFocusReason);
-    QTableView::mousePressEvent(event);
+    ClickTable::mousePressEvent(event);
     // The view marks where the mouse was, a handler may have sent the current cell elsewhere.
     FollowCells();
     ownFocus.Release();
@@ -143,16 +137,4 @@ void FlexGrid::mousePressEvent(QMouseEvent* event) {
 void FlexGrid::mouseMoveEvent(QMouseEvent* event) {
     // Dragging over the grid would walk the current cell through it; a click means one cell.
     event->accept();
-}
-
-void FlexGrid::mouseReleaseEvent(QMouseEvent* event) {
-    QTableView::mouseReleaseEvent(event);
-    if (!std::exchange(mDoubleClicked, false))
-        Q_EMIT Click();
-}
-
-void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event) {
-    mDoubleClicked = true;
-    QTableView::mouseDoubleClickEvent(event);
-    Q_EMIT DblClick();
 }

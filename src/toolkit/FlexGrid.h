@@ -1,25 +1,26 @@
 #pragma once
 
+#include "toolkit/ClickTable.h"
 #include "toolkit/FlexCells.h"
-
-#include <QTableView>
 
 /// The grid control: the view of a FlexCells, moved by code or by the clerk.
 ///
 /// Moves by the clerk (mouse, arrow keys) raise LeaveCell, EnterCell and RowColChange in this order; moves by
 /// code raise none of them, since the code calls what it needs by name. A click takes the focus first, then
 /// moves, then raises GotFocus unless a handler has passed the focus on, and Click when the button goes up.
-class FlexGrid : public QTableView {
+class FlexGrid : public ClickTable {
     Q_OBJECT
 
   public:
     explicit FlexGrid(QWidget* parent = nullptr);
 
+    /// The texts and the current cell, which the view follows.
     FlexCells& Cells() { return *mCells; }
     const FlexCells& Cells() const { return *mCells; }
 
     /// Column widths in twips; 0 hides the column. They outlive a binding.
     void SetColWidth(int col, int twips);
+    /// 960 for a column whose width nobody has set.
     int ColWidth(int col) const;
 
     /// The first row in sight, counted with the fixed one.
@@ -30,26 +31,24 @@ class FlexGrid : public QTableView {
     void Reveal(int row, int col);
     /// Off: changes do not show until it is on again.
     void SetRedraw(bool on);
+    /// Whether changes show at once.
     bool Redraw() const;
     /// Marks the whole current row instead of one cell, for lists from which a row is picked.
     void SetRowSelect(bool whole);
 
-    void keyboardSearch(const QString&) override {}
-
   Q_SIGNALS:
+    /// The clerk leaves the current cell, which is still the old one.
     void LeaveCell();
+    /// The clerk has come to another cell, which is the current one now.
     void EnterCell();
+    /// Behind EnterCell, once for each move.
     void RowColChange();
-    void Click();
-    void DblClick();
 
   protected:
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
   private:
     void FollowCells();
@@ -59,6 +58,4 @@ class FlexGrid : public QTableView {
     FlexCells* mCells;
     std::vector<int> mWidths;
     bool mFollowing = false;
-    /// The button that comes up belongs to a double click, which was a click before.
-    bool mDoubleClicked = false;
 };

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <utility>
 
 namespace {
 
@@ -125,16 +124,12 @@ QVariant ListRows::headerData(int section, Qt::Orientation orientation, int role
 }
 
 ListView::ListView(QWidget* parent)
-    : QTableView(parent)
+    : ClickTable(parent)
     , mModel(new ListRows(this)) {
     setModel(mModel);
-    setSelectionMode(QAbstractItemView::SingleSelection);
     setSelectionBehavior(QAbstractItemView::SelectRows);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
-    setTabKeyNavigation(false);
     setShowGrid(false);
     setAlternatingRowColors(true);
-    setWordWrap(false);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
@@ -190,16 +185,4 @@ void ListView::SetSortKey(int column) {
     horizontalHeader()->setSortIndicatorShown(true);
     horizontalHeader()->setSortIndicator(column, mSortOrder);
     scrollTo(currentIndex());
-}
-
-void ListView::mouseReleaseEvent(QMouseEvent* event) {
-    QTableView::mouseReleaseEvent(event);
-    if (!std::exchange(mDoubleClicked, false))
-        Q_EMIT Click();
-}
-
-void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
-    mDoubleClicked = true;
-    QTableView::mouseDoubleClickEvent(event);
-    Q_EMIT DblClick();
 }

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "gateway/RowSet.h"
+#include "toolkit/ClickTable.h"
 
 #include <QAbstractTableModel>
 #include <QIcon>
-#include <QTableView>
 
 #include <memory>
 #include <vector>
@@ -52,7 +52,7 @@ class ListRows : public QAbstractTableModel {
 
 /// The list control in its report view: columns with headers that can be clicked, one selected row, an icon
 /// per row. The first row is selected when rows arrive.
-class ListView : public QTableView {
+class ListView : public ClickTable {
     Q_OBJECT
 
   public:
@@ -82,17 +82,9 @@ class ListView : public QTableView {
     /// have; before there are rows, they raise it when they come.
     void SetSortKey(int column);
 
-    void keyboardSearch(const QString&) override {}
-
   Q_SIGNALS:
     /// A click on the header of the column with that number, counted from 1.
     void ColumnClick(int column);
-    void Click();
-    void DblClick();
-
-  protected:
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
 
   private:
     void RowsChanged();
@@ -101,6 +93,4 @@ class ListView : public QTableView {
     std::vector<QString> mHeaders;
     Qt::SortOrder mSortOrder = Qt::AscendingOrder;
     int mSortKey = -1;
-    /// The button that comes up belongs to a double click, which was a click before.
-    bool mDoubleClicked = false;
 };

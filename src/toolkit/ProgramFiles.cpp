@@ -10,19 +10,25 @@ namespace {
 
 QString replacedDirectory;
 
-/// The entry of the folder with that name, in any letter case.
+/// The entry of the folder with that name, in any letter case. The folder ends with a slash; the empty one is
+/// the working directory.
 QString FindEntry(const QString& folder, const QString& name) {
-    const QString exact = folder + u'/' + name;
+    const QString exact = folder + name;
     if (QFileInfo::exists(exact))
         return exact;
     const QStringList entries =
-        QDir(folder.isEmpty() ? QString(u'/') : folder)
-            .entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden, QDir::Name);
+        QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden, QDir::Name);
     for (const QString& entry : entries) {
         if (entry.compare(name, Qt::CaseInsensitive) == 0)
-            return folder + u'/' + entry;
+            return folder + entry;
     }
     return exact;
+}
+
+/// Whether a path leads into the program's own directory, and not into one whose name merely begins alike.
+bool IsBelowProgramDirectory(const QString& path) {
+    const QString directory = ProgramDirectory();
+    return path.startsWith(directory + u'/') || path.startsWith(directory + u'\\');
 }
 
 } // namespace
@@ -40,16 +46,18 @@ QString ResolveFile(const QString& path) {
     slashed.replace(u'\\', u'/');
     if (QFileInfo::exists(slashed))
         return slashed;
-    // The program's own directory may itself bear a backslash; only what follows it is in the system's words.
-    QString found;
+    QString folder = slashed.startsWith(u'/') ? u"/"_s : QString();
     QString rest = slashed;
-    if (path.startsWith(ProgramDirectory())) {
-        found = ProgramDirectory();
-        rest = slashed.mid(found.size());
+    // The program's own directory may itself bear a backslash; only what follows it is in the system's words.
+    if (IsBelowProgramDirectory(path)) {
+        folder = ProgramDirectory() + u'/';
+        rest = slashed.sliced(folder.size());
     }
-    const QStringList names = rest.split(u'/', Qt::SkipEmptyParts);
-    for (const QString& name : names)
-        found = FindEntry(found, name);
+    QString found = folder;
+    for (const QString& name : rest.split(u'/', Qt::SkipEmptyParts)) {
+        found = FindEntry(folder, name);
+        folder = found + u'/';
+    }
     return found;
 }
 

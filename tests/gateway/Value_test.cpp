@@ -4,7 +4,9 @@
 #include "support/PrintQt.h"
 #include "text/RunTimeError.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -84,4 +86,19 @@ TEST(ValueDate, FromDateTextAndNumber) {
     EXPECT_EQ(Value(u"11/21/2026"_s).ToDate(), Day(2026, 11, 21));
     EXPECT_EQ(Value(2).ToDate(), Day(1900, 1, 1));
     EXPECT_EQ(FailureOf([&] { Value(u"no date"_s).ToDate(); }).number, RunTime::kTypeMismatch);
+}
+
+TEST(ValueNumber, BeyondTheWholeNumbersOrTheCalendarRaises6) {
+    const double infinite = std::numeric_limits<double>::infinity();
+    for (const double number : {9.3e18, -9.3e18, 0x1p63, infinite, std::nan("")}) {
+        EXPECT_EQ(FailureOf([&] { Value(number).ToInteger(); }).number, RunTime::kOverflow) << number;
+        EXPECT_EQ(FailureOf([&] { Value(number).ToDate(); }).number, RunTime::kOverflow) << number;
+    }
+    for (const double days : {2958466.0, -657435.0})
+        EXPECT_EQ(FailureOf([&] { Value(days).ToDate(); }).number, RunTime::kOverflow) << days;
+    EXPECT_EQ(FailureOf([] { Value(Decimal{u"99999999999999999999"_s}).ToInteger(); }).number,
+              RunTime::kOverflow);
+    EXPECT_EQ(Value(-0x1p63).ToInteger(), std::numeric_limits<qint64>::min());
+    EXPECT_EQ(Value(2958465.5).ToDate(), *DateTime::FromFields({9999, 12, 31, 12, 0, 0, 0}));
+    EXPECT_EQ(Value(-657434).ToDate(), Day(100, 1, 1));
 }

@@ -114,6 +114,12 @@ TEST_F(PatientLookups, HospitalNumberOfAPatientWithTwoVisitsBringsBoth) {
     EXPECT_GT(Visits(u"0"_s, u"1"_s, twice[0][0]).size(), 1U);
 }
 
+TEST_F(PatientLookups, VisitOfAPatientWithoutACivilStatusHasAnEmptyOne) {
+    const QStringList visit = Visits(u"0"_s, u"0"_s, u""_s)[20];
+    Run(u"UPDATE PATIENT_DATA..tbmaster SET CivilStatusID = '' WHERE HospNum = '%1'"_s.arg(visit[5]));
+    EXPECT_EQ(Visits(u"0"_s, u"1"_s, visit[0])[0][11], QString()) << "and not a blank";
+}
+
 TEST_F(PatientLookups, CurrentRegistrationsAreThoseThatAreOpen) {
     const auto current = Visits(u"1"_s, u"0"_s, u""_s);
     EXPECT_FALSE(current.empty());

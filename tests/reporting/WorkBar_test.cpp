@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -32,8 +33,11 @@ TEST_F(WorkBarTest, ShowsItselfOnlyWhenTheWorkLasts) {
 
 TEST_F(WorkBarTest, NeverShowsForWorkThatHasEndedBefore) {
     bar.Begin(u"Fetching the rows"_s);
+    const auto* patience = bar.findChild<QTimer*>();
+    ASSERT_NE(patience, nullptr);
+    EXPECT_TRUE(patience->isActive());
     bar.End();
-    QTest::qWait(WorkBar::kPatience + 100);
+    EXPECT_FALSE(patience->isActive()) << "nothing is left that could show it";
     EXPECT_FALSE(bar.isVisible());
 }
 

@@ -34,6 +34,14 @@ TEST(Passwords, ATextThatIsNoHashKnowsNoPassword) {
         EXPECT_FALSE(PasswordMatches(text, u"hemo"_s)) << text.toStdString();
 }
 
+TEST(Passwords, NobodysHashTakesAsLongToCheckAsAnyOther) {
+    const auto limits = [](const QString& hash) { return hash.section(u'$', 0, 3); };
+    const QString nobodys(kNobodysHash);
+    EXPECT_EQ(limits(nobodys), limits(HashPassword(u"hemo"_s)));
+    EXPECT_EQ(nobodys.size(), HashPassword(u"hemo"_s).size());
+    EXPECT_FALSE(PasswordMatches(nobodys, QString()));
+}
+
 TEST(Passwords, AWipedTextIsEmptyAndLeavesZerosInItsMemory) {
     QString password = QString::fromLatin1("hemo");
     const QChar* letters = password.constData();

@@ -1,12 +1,15 @@
 #include "suite/SignOnDialog.h"
 #include "suite/SuiteTest.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
+#include <QWindow>
 
 #include <memory>
 
@@ -172,6 +175,53 @@ TEST_F(SignOnDialogTest, MakesAHospitalThatHasYetToBeMade) {
     EXPECT_EQ(dialog->result(), QDialog::Accepted);
 }
 
+TEST_F(SignOnDialogTest, TheMakingCannotBeClosedSoNothingReachesTheSignOnUnderIt) {
+    Open();
+    first->needsMaking = true;
+    int looked = 0;
+    first->whileMaking = [&] {
+        auto* progress = dialog->findChild<QProgressDialog*>(u"MakingProgress"_s);
+        ASSERT_NE(progress, nullptr);
+        for (const auto& leave :
+             {std::function<void()>([&] { QTest::keyClick(progress, Qt::Key_Escape); }),
+              std::function<void()>([&] { progress->close(); }),
+              std::function<void()>([&] { QTest::keyClick(progress->windowHandle(), Qt::Key_Escape); })}) {
+            leave();
+            QApplication::processEvents();
+            EXPECT_TRUE(progress->isVisible()) << looked;
+            EXPECT_EQ(QApplication::activeModalWidget(), progress) << looked;
+            ++looked;
+        }
+        // The window under it is dead to the keys and clicks of the user, which come through its window.
+        QTest::keyClick(dialog->windowHandle(), Qt::Key_Return);
+        QTest::keyClick(dialog->windowHandle(), Qt::Key_Escape);
+        QApplication::processEvents();
+        EXPECT_TRUE(dialog->isVisible());
+    };
+    TryAs(u"NURSE"_s, u"nurse"_s);
+    EXPECT_EQ(looked, 3);
+    EXPECT_EQ(first->made, 1);
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+}
+
+TEST_F(SignOnDialogTest, AWaitForAnotherWorkstationLetsTheWindowLive) {
+    Open();
+    first->needsMaking = true;
+    int told = 0;
+    first->whileMaking = [&] {
+        auto* progress = dialog->findChild<QProgressDialog*>(u"MakingProgress"_s);
+        ASSERT_NE(progress, nullptr);
+        for (int i = 0; i < 2; ++i) {
+            QTimer::singleShot(0, progress, [&told] { ++told; });
+            first->tell(0, 0, u"Another workstation is making the hospital."_s);
+            EXPECT_EQ(told, i + 1) << "events are let through each time";
+        }
+        EXPECT_EQ(progress->labelText(), u"Another workstation is making the hospital."_s);
+    };
+    TryAs(u"NURSE"_s, u"nurse"_s);
+    EXPECT_EQ(told, 2);
+}
+
 TEST_F(SignOnDialogTest, AHospitalThatCannotBeMadeCostsNoTry) {
     Open();
     first->needsMaking = true;
@@ -195,11 +245,12 @@ TEST_F(SignOnDialogTest, MakesTheHospitalAnewOnlyOnYes) {
     Open();
     messages.Expect(kMakeAnew, MsgAnswer::No);
     Click(In<QPushButton>("cmdMakeAnew"));
-    EXPECT_EQ(first->made, 0);
+    EXPECT_EQ(first->madeAnew, 0);
     messages.Expect(kMakeAnew, MsgAnswer::Yes);
     Click(In<QPushButton>("cmdMakeAnew"));
-    EXPECT_EQ(first->made, 1);
-    EXPECT_EQ(second->made, 0);
+    EXPECT_EQ(first->madeAnew, 1);
+    EXPECT_EQ(first->made, 0);
+    EXPECT_EQ(second->madeAnew, 0);
     EXPECT_TRUE(dialog->isVisible());
 }
 

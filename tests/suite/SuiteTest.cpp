@@ -51,9 +51,18 @@ void FakeSource::Make(const MakingProgress& progress) {
     if (makeFailure)
         throw *makeFailure;
     progress(0, 1, mName);
+    tell = progress;
+    if (whileMaking)
+        whileMaking();
     progress(1, 1, {});
     ++made;
     needsMaking = false;
+}
+
+void FakeSource::MakeAnew(const MakingProgress& progress) {
+    Make(progress);
+    --made;
+    ++madeAnew;
 }
 
 std::unique_ptr<CommandGateway> FakeSource::Connect(const QString&, const QString&) {

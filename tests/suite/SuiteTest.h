@@ -55,6 +55,11 @@ class FakeSource : public DataSource {
     std::optional<RunTimeError> connectFailure;
     std::optional<RunTimeError> makeFailure;
     int made = 0;
+    int madeAnew = 0;
+    /// Runs in the middle of a making.
+    std::function<void()> whileMaking;
+    /// The making's progress, to be told in its middle.
+    MakingProgress tell;
     int connected = 0;
 
     QString Name() const override { return mName; }
@@ -62,6 +67,7 @@ class FakeSource : public DataSource {
     bool NeedsMaking() const override { return needsMaking; }
     bool CanBeMadeAnew() const override { return canBeMadeAnew; }
     void Make(const MakingProgress& progress) override;
+    void MakeAnew(const MakingProgress& progress) override;
     std::unique_ptr<CommandGateway> Connect(const QString& user, const QString& password) override;
 
   private:

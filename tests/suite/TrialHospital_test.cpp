@@ -74,8 +74,26 @@ TEST_F(TrialHospitalTest, MadeAnewItHasLostWhatWasKeyed) {
         u"DELETE FROM PASSWORD..tbPasswordMain WHERE EmployeeID = 'NURSE'"_s);
     EXPECT_FALSE(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, u"HC"_s).refusal.isEmpty());
     EXPECT_TRUE(hospital.CanBeMadeAnew());
-    hospital.Make({});
+    hospital.MakeAnew({});
     EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, u"HC"_s).refusal, QString());
+}
+
+TEST_F(TrialHospitalTest, AMakingLeavesAHospitalThatAnotherWorkstationHasMadeMeanwhile) {
+    hospital.Make({});
+    hospital.Connect({}, {})->ExecuteNoResult(
+        u"DELETE FROM PASSWORD..tbPasswordMain WHERE EmployeeID = 'NURSE'"_s);
+    hospital.Make({});
+    EXPECT_FALSE(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, u"HC"_s).refusal.isEmpty())
+        << "what was keyed there stands";
+}
+
+TEST_F(TrialHospitalTest, AHospitalThatSomebodyHasOpenIsNotMadeAnew) {
+    hospital.Make({});
+    const auto clerk = hospital.Connect({}, {});
+    clerk->ExecuteNoResult(u"DELETE FROM PASSWORD..tbPasswordMain WHERE EmployeeID = 'NURSE'"_s);
+    EXPECT_EQ(ErrorOf([this] { hospital.MakeAnew({}); }), 3702);
+    EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, u"HC"_s).refusal,
+              u"The user or the password is wrong."_s);
 }
 
 TEST_F(TrialHospitalTest, AJournalThatWasLeftBehindIsNotPlayedIntoTheNewFile) {
@@ -107,13 +125,13 @@ TEST_F(TrialHospitalTest, AFolderThatCannotBeMadeRaises75) {
     }
 }
 
-TEST_F(TrialHospitalTest, AFileThatCannotBeRemovedRaises75) {
+TEST_F(TrialHospitalTest, AFileThatCannotBeReplacedRaises5120) {
     QDir().mkpath(hospital.Path() + u"/inside"_s);
     try {
-        hospital.Make({});
+        hospital.MakeAnew({});
         FAIL() << "nothing was raised";
     } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.Number(), 75);
+        EXPECT_EQ(error.Number(), 5120);
         EXPECT_TRUE(error.Description().contains(hospital.Path())) << error.Description().toStdString();
     }
     EXPECT_TRUE(QDir(hospital.Path()).exists());

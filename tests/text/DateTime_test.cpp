@@ -31,7 +31,10 @@ TEST(DateTime, RefusesMomentsThatDoNotExist) {
     for (const DateTime::Fields fields :
          {DateTime::Fields{2026, 2, 29}, DateTime::Fields{2026, 13, 1}, DateTime::Fields{2026, 0, 1},
           DateTime::Fields{2026, 1, 0}, DateTime::Fields{2026, 1, 1, 24}, DateTime::Fields{0, 1, 1},
-          DateTime::Fields{10000, 1, 1}, DateTime::Fields{2026, 1, 1, 0, 60}, DateTime::Fields{2026, -1, 1}})
+          DateTime::Fields{10000, 1, 1}, DateTime::Fields{2026, 1, 1, 0, 60}, DateTime::Fields{2026, -1, 1},
+          DateTime::Fields{2026, 257, 1}, DateTime::Fields{2026, 1, 277}, DateTime::Fields{2026, 512 + 12, 1},
+          DateTime::Fields{2026, 1, 512 + 31}, DateTime::Fields{2026, 1, -255},
+          DateTime::Fields{65536 + 2026, 1, 1}})
         EXPECT_FALSE(DateTime::FromFields(fields)) << fields.year << "-" << fields.month << "-" << fields.day;
 }
 

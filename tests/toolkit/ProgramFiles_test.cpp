@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -78,6 +79,26 @@ TEST_F(ProgramFiles, AFileThatDoesNotExistKeepsTheNameAskedForInTheFolderThatDoe
     QDir(folder.path()).mkdir(u"Reports"_s);
     EXPECT_EQ(ResolveFile(folder.path() + u"\\tarvenaux.ini"_s), folder.filePath(u"tarvenaux.ini"_s));
     EXPECT_EQ(ResolveFile(folder.path() + u"\\reports\\None.RPT"_s), folder.filePath(u"Reports/None.RPT"_s));
+}
+
+TEST_F(ProgramFiles, APathFromTheWorkingDirectoryStaysOne) {
+    const QString before = QDir::currentPath();
+    const auto back = qScopeGuard([&] { QDir::setCurrent(before); });
+    QDir::setCurrent(folder.path());
+    WriteFile(folder.filePath(u"Reports/Charge_Slip.RPT"_s));
+    EXPECT_EQ(ResolveFile(u"tarvenaux.ini"_s), u"tarvenaux.ini"_s);
+    EXPECT_EQ(ResolveFile(u"none\\tarvenaux.ini"_s), u"none/tarvenaux.ini"_s);
+    EXPECT_EQ(ResolveFile(u"reports\\charge_slip.rpt"_s), u"Reports/Charge_Slip.RPT"_s);
+    EXPECT_EQ(ResolveFile(QString()), QString());
+}
+
+TEST_F(ProgramFiles, AFolderWhoseNameBeginsLikeTheProgramsIsAnother) {
+    SetProgramDirectory(folder.filePath(u"Hemo"_s));
+    WriteFile(folder.filePath(u"Hemo/2/Notes.txt"_s));
+    WriteFile(folder.filePath(u"Hemo2/Letters.txt"_s));
+    EXPECT_EQ(ResolveFile(folder.filePath(u"Hemo2/notes.txt"_s)), folder.filePath(u"Hemo2/notes.txt"_s));
+    EXPECT_EQ(ResolveFile(folder.filePath(u"Hemo2/letters.txt"_s)), folder.filePath(u"Hemo2/Letters.txt"_s));
+    EXPECT_EQ(ResolveFile(folder.filePath(u"hemo2\\letters.txt"_s)), folder.filePath(u"Hemo2/Letters.txt"_s));
 }
 
 TEST_F(ProgramFiles, TheDirectoryIsTheProgramsOwnUnlessATestKeepsItsFilesElsewhere) {

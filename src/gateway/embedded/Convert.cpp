@@ -17,6 +17,9 @@ using Kind = SqlType::Kind;
 constexpr double kMoneyLimit = 922337203685477.5807;
 // Days from the run-time's day 0 to the server's, 1900-01-01.
 constexpr int kServerDayZero = 2;
+// The server's calendar, from 1753-01-01 until before 10000-01-01, in days from 1900-01-01.
+constexpr double kFirstDay = -53690;
+constexpr double kDaysEnd = 2958464;
 
 bool IsContinuation(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
@@ -110,9 +113,14 @@ class Conversion {
         else if (mFrom.IsText())
             moment = TextToDate(TextOf(value));
         else
-            moment = DateTime::FromMilliseconds(
-                std::llround((NumberOf(value) + kServerDayZero) * double(DateTime::kDay)));
+            moment = NumberToDate(NumberOf(value));
         return mTo.kind == Kind::Date ? StoredDate(moment) : StoredDateTime(moment);
+    }
+
+    DateTime NumberToDate(double days) const {
+        if (!(days >= kFirstDay && days < kDaysEnd))
+            RaiseOverflow();
+        return DateTime::FromMilliseconds(std::llround((days + kServerDayZero) * double(DateTime::kDay)));
     }
 
     DateTime TextToDate(const QByteArray& text) const {

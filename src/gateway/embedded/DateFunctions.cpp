@@ -4,8 +4,6 @@
 #include "gateway/embedded/ServerError.h"
 #include "gateway/embedded/SqlType.h"
 
-#include <algorithm>
-
 namespace {
 
 constexpr qint64 kMinute = 60LL * 1000;
@@ -56,7 +54,7 @@ DateTime AddMonths(DateTime moment, qint64 count) {
 
 QByteArray AddToDate(QByteArrayView part, qint64 count, QByteArrayView stored) {
     const DateTime moment = FromStored(stored);
-    if (std::abs(count) > kMostParts)
+    if (count > kMostParts || count < -kMostParts)
         RaiseOverflow();
     DateTime moved;
     if (part == "year" || part == "month")

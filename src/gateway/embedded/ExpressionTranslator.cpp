@@ -203,7 +203,8 @@ Typed ExpressionTranslator::TranslateNegation(const Expression& expression) {
     const Typed inner = Translate(*expression.arguments[0]);
     if (!inner.type.IsNumber() && !inner.type.IsNull())
         throw ServerError(Fault::InvalidOperand, {inner.type.Name(), u"minus"_s});
-    return Compose(u"(-"_s + inner.sql + u')', inner.type, {&inner});
+    // With the blank, since two signs in a row would begin a comment.
+    return InBounds(Compose(u"(- "_s + inner.sql + u')', inner.type, {&inner}));
 }
 
 Typed ExpressionTranslator::TranslateArithmetic(const Expression& expression) {
@@ -232,15 +233,20 @@ Typed ExpressionTranslator::Calculate(QChar sign, const Typed& left, const Typed
     const SqlType type = ArithmeticType(sign, left.type, right.type);
     if (type.IsFixed())
         sql = u"tv_round("_s + sql + u", "_s + QString::number(type.scale) + u')';
-    Typed result = Compose(sql, type, {&left, &right});
-    if (type.kind == SqlType::Kind::Int) {
-        // SQLite counts in 64 bits; what does not fit into an int is the server's error 8115.
-        result.type = SqlType::BigInt();
-        result = ConvertTo(result, type, ConversionPlace::Expression);
-    }
+    Typed result = InBounds(Compose(sql, type, {&left, &right}));
     if (sum)
         result.terms = terms;
     return result;
+}
+
+Typed ExpressionTranslator::InBounds(Typed result) {
+    const SqlType type = result.type;
+    if (type.kind == SqlType::Kind::BigInt)
+        return Compose(u"tv_bigint("_s + result.sql + u')', type, {&result});
+    if (type.kind != SqlType::Kind::Int)
+        return result;
+    result.type = SqlType::BigInt();
+    return ConvertTo(result, type, ConversionPlace::Expression);
 }
 
 Typed ExpressionTranslator::TranslateCase(const Expression& expression) {

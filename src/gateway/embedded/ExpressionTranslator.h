@@ -39,6 +39,9 @@ class ExpressionTranslator {
                     int style = kDefaultStyle);
     /// The value, converted as far as it must be to stand beside others of that type.
     Typed MeetAs(const Typed& value, const SqlType& type);
+    /// A whole number that was reckoned, held to what its type can hold; the server's error 8115 where it
+    /// runs over. SQLite reckons in 64 bits.
+    Typed InBounds(Typed result);
     /// The expression's text for a place where texts are compared or ordered.
     QString Collated(const Typed& value) const;
     /// The present time, the same for a whole command.

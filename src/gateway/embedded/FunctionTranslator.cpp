@@ -158,14 +158,15 @@ Typed FunctionTranslator::Replicate(const Expression& call) {
 
 Typed FunctionTranslator::Abs(const Expression& call) {
     const Typed value = NumberArgument(call, 0);
-    return Call(u"abs"_s, value.type, {value});
+    return mExpressions.InBounds(Call(u"abs"_s, value.type, {value}));
 }
 
 Typed FunctionTranslator::Round(const Expression& call) {
     const Typed value = NumberArgument(call, 0);
-    if (call.arguments.size() == 2)
-        return Call(u"tv_round"_s, value.type, {value, WholeArgument(call, 1)});
-    return Call(u"tv_round"_s, value.type, {value, WholeArgument(call, 1), WholeArgument(call, 2)});
+    std::vector<Typed> arguments = {value, WholeArgument(call, 1)};
+    if (call.arguments.size() > 2)
+        arguments.push_back(WholeArgument(call, 2));
+    return mExpressions.InBounds(Call(u"tv_round"_s, value.type, arguments));
 }
 
 QString FunctionTranslator::DatePartName(const Expression& call) const {
@@ -239,8 +240,7 @@ Typed FunctionTranslator::Sum(const Expression& call) {
         sum = ExactSum(value);
         sum.type = SqlType::Decimal(38, value.type.scale);
     } else if (value.type.kind == SqlType::Kind::Int) {
-        sum.type = SqlType::BigInt();
-        return mExpressions.ConvertTo(sum, SqlType::Int(), ConversionPlace::Expression);
+        return mExpressions.InBounds(sum);
     }
     return sum;
 }

@@ -11,6 +11,7 @@
 #include <QLockFile>
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
@@ -23,7 +24,8 @@ constexpr auto kSchemaMark = "schema"_L1;
 constexpr auto kProceduresMark = "procedures"_L1;
 constexpr auto kSchemaFolder = "schema/"_L1;
 constexpr auto kProceduresFolder = "procedures/"_L1;
-constexpr int kLongestWait = 10 * 60 * 1000;
+constexpr std::chrono::minutes kLongestWait(10);
+constexpr std::chrono::milliseconds kOneWait(50);
 
 /// What the scripts of one folder say, whatever their comments and blanks.
 QString Digest(const std::vector<Script>& scripts, QLatin1StringView folder) {
@@ -56,9 +58,14 @@ void Flush(const QString& path, int flags) {
         RaiseSystem(path);
 }
 
-void RemoveWithCompanions(const QString& path) {
-    for (const QString& suffix : {u""_s, u"-wal"_s, u"-shm"_s, u"-journal"_s})
+void RemoveCompanions(const QString& path) {
+    for (const QString& suffix : {u"-wal"_s, u"-shm"_s, u"-journal"_s})
         QFile::remove(path + suffix);
+}
+
+void RemoveWithCompanions(const QString& path) {
+    QFile::remove(path);
+    RemoveCompanions(path);
 }
 
 void RunScripts(const QString& path, const std::vector<Script>& scripts,
@@ -98,22 +105,58 @@ void ReplaceProcedures(HospitalEngine& engine, const std::vector<Script>& script
     transaction.Commit();
 }
 
-} // namespace
-
-void HospitalFile::Create(const QString& path, const std::vector<Script>& scripts, const Progress& progress) {
-    if (QFile::exists(path))
-        throw RunTimeError(RunTime::kPathFileAccess,
-                           RunTime::TextOf(RunTime::kPathFileAccess) + u": "_s + path);
-    // Two workstations that start at the same time make one hospital: the second one waits and finds it made.
-    QLockFile lock(path + u".lock"_s);
-    lock.setStaleLockTime(0);
-    if (!lock.tryLock(kLongestWait)) {
-        const bool busy = lock.error() == QLockFile::LockFailedError;
-        throw ServerError(Fault::CannotOpen, {path, busy ? u"another process is still making it"_s
-                                                         : u"its folder cannot be written to"_s});
+/// Holds a hospital's file that nobody else has open: nobody can use it until the hold ends. A file that is
+/// no database is nobody's, and is not held.
+class Hold {
+  public:
+    /// Raises 3702 when somebody has the file open.
+    explicit Hold(const QString& path) {
+        try {
+            mFile = std::make_unique<SqliteDatabase>(path, SqliteDatabase::Mode::Existing);
+            mFile->SetTimeout(1);
+            // A connection in the usual mode of journal holds a lock for as long as it is open, and only
+            // without one can the mode be left. It takes the journal along, which would else be played into
+            // the file that comes in this one's place.
+            mFile->RunForValue(u"PRAGMA journal_mode = DELETE"_s);
+            mFile->Run(u"BEGIN EXCLUSIVE"_s);
+        } catch (const RunTimeError& error) {
+            if (error.Number() == static_cast<int>(Fault::LockTimeout))
+                throw ServerError(Fault::InUse, {path});
+            if (error.Number() != static_cast<int>(Fault::Damaged))
+                throw;
+            mFile.reset();
+        }
     }
-    if (QFile::exists(path))
-        return;
+
+    /// Gives the file back as it was. Where this fails or is not reached, Open makes up for it.
+    void Release() {
+        if (!mFile)
+            return;
+        mFile->Run(u"ROLLBACK"_s);
+        mFile->RunForValue(u"PRAGMA journal_mode = WAL"_s);
+    }
+
+  private:
+    std::unique_ptr<SqliteDatabase> mFile;
+};
+
+/// Two workstations that start at the same time make one hospital: the second one waits and finds it made.
+void Lock(QLockFile& lock, const QString& path, const HospitalFile::Progress& progress) {
+    lock.setStaleLockTime(0);
+    const auto end = std::chrono::steady_clock::now() + kLongestWait;
+    while (!lock.tryLock(static_cast<int>(kOneWait.count()))) {
+        if (lock.error() != QLockFile::LockFailedError)
+            throw ServerError(Fault::CannotOpen, {path, u"its folder cannot be written to"_s});
+        if (std::chrono::steady_clock::now() > end)
+            throw ServerError(Fault::CannotOpen, {path, u"another process is still making it"_s});
+        if (progress)
+            progress(0, 0, u"Another workstation is making the hospital."_s);
+    }
+}
+
+/// Makes the whole hospital in a file beside the path.
+QString MakeBeside(const QString& path, const std::vector<Script>& scripts,
+                   const HospitalFile::Progress& progress) {
     const QString unfinished = path + u".new"_s;
     RemoveWithCompanions(unfinished);
     try {
@@ -123,15 +166,54 @@ void HospitalFile::Create(const QString& path, const std::vector<Script>& script
         RemoveWithCompanions(unfinished);
         throw;
     }
+    return unfinished;
+}
+
+/// Gives a whole hospital its name, in one step.
+void Appear(const QString& finished, const QString& path) {
     // The journal of a hospital that was deleted by hand must not be played into the new one.
-    RemoveWithCompanions(path);
-    if (::rename(QFile::encodeName(unfinished).constData(), QFile::encodeName(path).constData()) != 0)
+    RemoveCompanions(path);
+    if (::rename(QFile::encodeName(finished).constData(), QFile::encodeName(path).constData()) != 0)
         RaiseSystem(path);
     Flush(QFileInfo(path).absolutePath(), O_RDONLY | O_DIRECTORY);
 }
 
+} // namespace
+
+void HospitalFile::Create(const QString& path, const std::vector<Script>& scripts, const Progress& progress) {
+    if (QFile::exists(path))
+        throw RunTimeError(RunTime::kPathFileAccess,
+                           RunTime::TextOf(RunTime::kPathFileAccess) + u": "_s + path);
+    QLockFile lock(path + u".lock"_s);
+    Lock(lock, path, progress);
+    if (!QFile::exists(path))
+        Appear(MakeBeside(path, scripts, progress), path);
+}
+
+void HospitalFile::Replace(const QString& path, const std::vector<Script>& scripts,
+                           const Progress& progress) {
+    QLockFile lock(path + u".lock"_s);
+    Lock(lock, path, progress);
+    if (!QFile::exists(path))
+        return Appear(MakeBeside(path, scripts, progress), path);
+    // Told before the user has waited for the making.
+    Hold(path).Release();
+    const QString finished = MakeBeside(path, scripts, progress);
+    try {
+        // Held until the new file stands in its place, so that nobody opens the old one at the last moment.
+        const Hold held(path);
+        Appear(finished, path);
+    } catch (...) {
+        RemoveWithCompanions(finished);
+        throw;
+    }
+}
+
 std::unique_ptr<EmbeddedGateway> HospitalFile::Open(const QString& path, const std::vector<Script>& scripts) {
     auto gateway = std::make_unique<EmbeddedGateway>(path);
+    // A replacement that was stopped at its last step leaves the mode of journal behind in which it held the
+    // file.
+    gateway->Engine().Database().RunForValue(u"PRAGMA journal_mode = WAL"_s);
     HospitalStore& store = gateway->Engine().Store();
     if (store.Mark(kSchemaMark) != Digest(scripts, kSchemaFolder))
         throw ServerError(Fault::OtherVersion, {path});

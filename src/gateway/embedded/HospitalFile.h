@@ -18,16 +18,24 @@ struct Script {
 /// Makes and opens the files of embedded hospitals.
 class HospitalFile {
   public:
-    /// Hears how far the making has come.
+    /// Hears how far the making has come: steps done, steps in all, what is being done. While another process
+    /// is making the file and nobody can tell how far it is, it is called many times a second with no steps.
     using Progress = std::function<void(int done, int total, const QString& what)>;
 
     /// Makes a hospital from scripts, which run in the order given. The file appears under its name only when
     /// it is whole: a creation that is stopped half-way leaves nothing behind that could be opened.
     ///
     /// Raises 75 for a file that exists, and the failure of a script with the script's name and line in
-    /// front. When another process is making the same file, it is waited for, and its file is taken.
+    /// front. When another process is making the same file, it is waited for, ten minutes at most, and its
+    /// file is taken.
     static void Create(const QString& path, const std::vector<Script>& scripts,
                        const Progress& progress = {});
+
+    /// Makes a hospital in place of the file that stands, which stays until the new one is whole. Raises as
+    /// Create does but for 75, and 3702 when somebody has the file open, before the making and at its end. A
+    /// file that is no database is replaced too.
+    static void Replace(const QString& path, const std::vector<Script>& scripts,
+                        const Progress& progress = {});
 
     /// Opens a hospital. Where its procedures are not those of the scripts, they are replaced; where its
     /// tables are not, it is refused with error 948. Raises 53 and 5171 as EmbeddedGateway does.

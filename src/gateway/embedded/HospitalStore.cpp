@@ -2,6 +2,7 @@
 
 #include "gateway/embedded/ScriptParser.h"
 #include "gateway/embedded/ServerError.h"
+#include "gateway/embedded/SqliteStatement.h"
 
 #include <QFile>
 #include <QtEndian>

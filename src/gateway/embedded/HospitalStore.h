@@ -12,7 +12,7 @@ class HospitalStore {
     explicit HospitalStore(SqliteDatabase& database)
         : mDatabase(database) {}
 
-    /// Makes the file a hospital's.
+    /// Makes an empty file a hospital's.
     void Create();
     /// Whether the file's first bytes are those of a hospital; raises 53 and 5171 where they are not. Reads
     /// only.
@@ -23,11 +23,14 @@ class HospitalStore {
 
     /// Keeps a CREATE TABLE text of that database.
     void KeepTable(const QString& database, const QString& text);
+    /// Keeps a procedure, in place of one of that name.
     void KeepProcedure(const Procedure& procedure);
+    /// Forgets all procedures.
     void DropProcedures();
 
     /// A mark's value; empty for one that was never set.
     QString Mark(const QString& name);
+    /// Sets a mark, in place of the value that it had.
     void SetMark(const QString& name, const QString& value);
 
   private:

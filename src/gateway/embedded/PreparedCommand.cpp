@@ -106,7 +106,7 @@ bool PreparedCommand::CanBeKept() const {
 }
 
 CommandResult PreparedCommand::Run(const std::vector<Cell>& values) {
-    mDatabase.BeginCommand();
+    const SqliteDatabase::Command timed(mDatabase);
     if (!mWrites && mSteps.size() == 1)
         return RunSteps(values);
     Transaction transaction(mDatabase, mWrites ? Transaction::Kind::Writing : Transaction::Kind::Reading);

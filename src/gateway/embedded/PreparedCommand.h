@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gateway/embedded/SqliteDatabase.h"
+#include "gateway/embedded/SqliteStatement.h"
 #include "gateway/embedded/Translation.h"
 #include "gateway/RowSet.h"
 

@@ -105,6 +105,7 @@ constexpr std::array kTexts = std::to_array<FaultText>({
     {Fault::ObjectExists, "42S01", "There is already an object named '%1' in the database."},
     {Fault::UnknownType, "42000", "Cannot find data type %1."},
     {Fault::UnknownProcedure, "42000", "Could not find stored procedure '%1'."},
+    {Fault::InUse, "42000", "Cannot replace the hospital's file '%1' because it is currently in use."},
     {Fault::ReadOnly, "42000", "Failed to update the hospital's file '%1' because it is read-only."},
     {Fault::UnboundName, "42000", "The multi-part identifier \"%1\" could not be bound."},
     {Fault::CannotOpen, "HY000", "Unable to open the hospital's file '%1': %2."},
@@ -128,6 +129,7 @@ constexpr std::array kTexts = std::to_array<FaultText>({
     {Fault::TooManyRows, "42000",
      "The number of row value expressions in the INSERT statement exceeds the maximum "
      "allowed number of 1000 row values."},
+    {Fault::LoginFailed, "28000", "Login failed for user '%1'."},
     {Fault::QueryTimeout, "HYT00", "Query timeout expired"},
     {Fault::Cancelled, "HY008", "Operation was canceled."},
 });

@@ -55,6 +55,7 @@ enum class Fault {
     ObjectExists = 2714,
     UnknownType = 2715,
     UnknownProcedure = 2812,
+    InUse = 3702,
     ReadOnly = 3906,
     UnboundName = 4104,
     CannotOpen = 5120,
@@ -72,6 +73,7 @@ enum class Fault {
     TextTruncated = 8152,
     CannotPrepare = 8180,
     TooManyRows = 10738,
+    LoginFailed = 18456,
     /// Not the server's: the numbers of the run-time for a command that took too long, and for one that was
     /// given up.
     QueryTimeout = -2147217871,

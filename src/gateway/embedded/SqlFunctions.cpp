@@ -21,6 +21,7 @@ namespace {
 constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
 constexpr int kAnyCount = -1;
 constexpr int kMostPlaces = 15;
+constexpr double kWholeNumbersEnd = 0x1p63;
 
 using Arguments = std::span<sqlite3_value*>;
 using Function = Cell (*)(Arguments);
@@ -56,21 +57,29 @@ void SetResult(sqlite3_context* context, const Cell& cell) {
         sqlite3_result_null(context);
 }
 
-/// No exception may pass through SQLite: the error waits at the database until the statement has failed.
-void Fail(sqlite3_context* context, const RunTimeError& error) {
-    auto* database = static_cast<SqliteDatabase*>(sqlite3_user_data(context));
-    database->FunctionError() = error;
-    sqlite3_result_error(context, error.what(), -1);
+/// No exception may pass through SQLite: a failure of the server's waits at the database until the statement
+/// has failed, any other is the statement's error.
+template <class Action> void Guard(sqlite3_context* context, Action action) noexcept {
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        static_cast<SqliteDatabase*>(sqlite3_user_data(context))->FunctionError() = error;
+        sqlite3_result_error(context, error.what(), -1);
+    } catch (const std::bad_alloc&) {
+        sqlite3_result_error_nomem(context);
+    } catch (const std::exception& error) {
+        sqlite3_result_error(context, error.what(), -1);
+    } catch (...) {
+        sqlite3_result_error(context, "a function failed", -1);
+    }
 }
 
 template <Function F> void Call(sqlite3_context* context, int count, sqlite3_value** values) {
-    try {
-        SetResult(context, F({values, static_cast<size_t>(count)}));
-    } catch (const RunTimeError& error) {
-        Fail(context, error);
-    } catch (const std::bad_alloc&) {
-        sqlite3_result_error_nomem(context);
-    }
+    Guard(context, [&] { SetResult(context, F({values, static_cast<size_t>(count)})); });
+}
+
+[[noreturn]] void RaiseOverflow() {
+    throw ServerError(Fault::Overflow, {SqlType::BigInt().Name()});
 }
 
 template <Function F> Cell NullIfAnyNull(Arguments a) {
@@ -137,11 +146,16 @@ Cell DatePart(Arguments a) {
 Cell Round(Arguments a) {
     const double value = sqlite3_value_double(a[0]);
     const int places = static_cast<int>(std::clamp<qint64>(Whole(a[1]), -kMostPlaces, kMostPlaces));
+    const bool whole = sqlite3_value_type(a[0]) == SQLITE_INTEGER;
+    if (whole && places >= 0)
+        return Whole(a[0]);
     const bool cut = a.size() > 2 && Whole(a[2]) != 0;
     const double rounded = cut ? TruncateToScale(value, places) : RoundToScale(value, places);
-    if (sqlite3_value_type(a[0]) == SQLITE_INTEGER)
-        return static_cast<qint64>(rounded);
-    return rounded;
+    if (!whole)
+        return rounded;
+    if (std::fabs(rounded) >= kWholeNumbersEnd)
+        RaiseOverflow();
+    return static_cast<qint64>(rounded);
 }
 
 template <bool Remainder> Cell DivideNumbers(Arguments a) {
@@ -149,13 +163,24 @@ template <bool Remainder> Cell DivideNumbers(Arguments a) {
         sqlite3_value_type(a[0]) == SQLITE_INTEGER && sqlite3_value_type(a[1]) == SQLITE_INTEGER;
     if (sqlite3_value_double(a[1]) == 0)
         throw ServerError(Fault::DivideByZero);
-    if (whole && Whole(a[1]) == -1)
-        return Remainder ? qint64(0) : -Whole(a[0]);
+    if (whole && Whole(a[1]) == -1) {
+        qint64 negative = 0;
+        if (!Remainder && __builtin_sub_overflow(qint64(0), Whole(a[0]), &negative))
+            RaiseOverflow();
+        return negative;
+    }
     if (whole)
         return Remainder ? Whole(a[0]) % Whole(a[1]) : Whole(a[0]) / Whole(a[1]);
     const double left = sqlite3_value_double(a[0]);
     const double right = sqlite3_value_double(a[1]);
     return Remainder ? std::fmod(left, right) : left / right;
+}
+
+/// Where 64 bits are too few for a whole number SQLite goes on with a real one.
+Cell BigInt(Arguments a) {
+    if (sqlite3_value_type(a[0]) != SQLITE_INTEGER)
+        RaiseOverflow();
+    return Whole(a[0]);
 }
 
 /// The sum of decimals in units of their last decimal, so that no addition loses anything.
@@ -165,19 +190,24 @@ struct DecimalSum {
     bool any = false;
 };
 
-void AddToSum(sqlite3_context* context, int, sqlite3_value** values) {
+void AddToSum(DecimalSum& sum, double value, int scale) {
+    if (!sum.any)
+        sum.unitsInOne = std::pow(10.0, scale);
+    sum.any = true;
+    const double units = std::nearbyint(value * sum.unitsInOne);
+    const bool fits = std::fabs(units) < 9e18;
+    if (!fits || __builtin_add_overflow(sum.units, static_cast<qint64>(units), &sum.units))
+        throw ServerError(Fault::Overflow, {SqlType::Decimal(38, 0).Name()});
+}
+
+void StepSum(sqlite3_context* context, int, sqlite3_value** values) {
     auto* sum = static_cast<DecimalSum*>(sqlite3_aggregate_context(context, sizeof(DecimalSum)));
     if (!sum)
         return sqlite3_result_error_nomem(context);
     if (IsNull(values[0]))
         return;
-    if (!sum->any)
-        sum->unitsInOne = std::pow(10.0, double(Whole(values[1])));
-    sum->any = true;
-    const double units = std::nearbyint(sqlite3_value_double(values[0]) * sum->unitsInOne);
-    const bool fits = std::fabs(units) < 9e18;
-    if (!fits || __builtin_add_overflow(sum->units, static_cast<qint64>(units), &sum->units))
-        Fail(context, ServerError(Fault::Overflow, {SqlType::Decimal(38, 0).Name()}));
+    Guard(context,
+          [&] { AddToSum(*sum, sqlite3_value_double(values[0]), static_cast<int>(Whole(values[1]))); });
 }
 
 void FinishSum(sqlite3_context* context) {
@@ -215,6 +245,7 @@ constexpr std::array kFunctions = {
     Entry{"tv_like", 2, Call<NullIfAnyNull<Like>>},
     Entry{"tv_round", 2, Call<NullIfAnyNull<Round>>},
     Entry{"tv_round", 3, Call<NullIfAnyNull<Round>>},
+    Entry{"tv_bigint", 1, Call<NullIfAnyNull<BigInt>>},
     Entry{"tv_divide", 2, Call<NullIfAnyNull<DivideNumbers<false>>>},
     Entry{"tv_modulo", 2, Call<NullIfAnyNull<DivideNumbers<true>>>},
     Entry{"tv_dateadd", 3, Call<NullIfAnyNull<DateAdd>>},
@@ -232,7 +263,7 @@ void AddSqlFunctions(SqliteDatabase& database) {
     for (const Entry& entry : kFunctions)
         code |= sqlite3_create_function_v2(handle, entry.name, entry.count, kFlags, &database, entry.call,
                                            nullptr, nullptr, nullptr);
-    code |= sqlite3_create_function_v2(handle, "tv_sum", 2, kFlags, &database, nullptr, AddToSum, FinishSum,
+    code |= sqlite3_create_function_v2(handle, "tv_sum", 2, kFlags, &database, nullptr, StepSum, FinishSum,
                                        nullptr);
     if (code != SQLITE_OK)
         database.Raise(code);

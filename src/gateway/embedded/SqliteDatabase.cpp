@@ -2,9 +2,11 @@
 
 #include "gateway/embedded/ServerError.h"
 #include "gateway/embedded/SqlFunctions.h"
+#include "gateway/embedded/SqliteStatement.h"
 
-#include <limits>
+#include <algorithm>
 #include <sqlite3.h>
+#include <thread>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -13,8 +15,9 @@ namespace {
 
 // How many of SQLite's steps pass between two looks at the clock.
 constexpr int kStepsPerLook = 20000;
-// Until the gateway says how long it will wait.
+// In seconds, until the gateway says how long it will wait.
 constexpr int kFirstTimeout = 30;
+constexpr std::chrono::milliseconds kLongestPause(25);
 
 /// SQLite's texts name columns as "table.column, table.column"; the tables of the hospital have dots in
 /// theirs.
@@ -44,6 +47,8 @@ SqliteDatabase::SqliteDatabase(const QString& path, Mode mode)
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     SetTimeout(kFirstTimeout);
+    sqlite3_busy_handler(handle, &SqliteDatabase::OnBusy, this);
+    sqlite3_progress_handler(handle, kStepsPerLook, &SqliteDatabase::OnProgress, this);
     AddSqlFunctions(*this);
 }
 
@@ -65,26 +70,38 @@ std::optional<Cell> SqliteDatabase::RunForValue(const QString& sql) {
 }
 
 void SqliteDatabase::SetTimeout(int seconds) {
-    constexpr int kMillisecondsPerSecond = 1000;
-    const int most = std::numeric_limits<int>::max() / kMillisecondsPerSecond;
     mTimeout = std::chrono::seconds(seconds);
-    mDeadline = std::chrono::steady_clock::time_point::max();
-    sqlite3_busy_timeout(mHandle.get(), seconds > 0 ? std::min(seconds, most) * kMillisecondsPerSecond
-                                                    : std::numeric_limits<int>::max());
-    sqlite3_progress_handler(mHandle.get(), kStepsPerLook, &SqliteDatabase::OnProgress, this);
 }
 
-void SqliteDatabase::BeginCommand() {
-    if (mCancelled)
+SqliteDatabase::Clock::time_point SqliteDatabase::EndOfWait() const {
+    return mTimeout > mTimeout.zero() ? Clock::now() + mTimeout : Clock::time_point::max();
+}
+
+SqliteDatabase::Command::Command(SqliteDatabase& database)
+    : mDatabase(database) {
+    if (database.mCancelled)
         throw ServerError(Fault::Cancelled);
-    const bool forEver = mTimeout == mTimeout.zero();
-    mDeadline =
-        forEver ? std::chrono::steady_clock::time_point::max() : std::chrono::steady_clock::now() + mTimeout;
+    database.mDeadline = database.EndOfWait();
+}
+
+SqliteDatabase::Command::~Command() {
+    mDatabase.mDeadline = Clock::time_point::max();
 }
 
 int SqliteDatabase::OnProgress(void* self) {
     const auto* database = static_cast<const SqliteDatabase*>(self);
-    return database->mCancelled || std::chrono::steady_clock::now() > database->mDeadline ? 1 : 0;
+    return database->mCancelled || Clock::now() > database->mDeadline ? 1 : 0;
+}
+
+int SqliteDatabase::OnBusy(void* self, int looks) {
+    auto* database = static_cast<SqliteDatabase*>(self);
+    if (looks == 0)
+        database->mLockDeadline = std::min(database->mDeadline, database->EndOfWait());
+    if (database->mCancelled || Clock::now() >= database->mLockDeadline)
+        return 0;
+    // Most locks are held for milliseconds; a long one needs no more than a few looks in a second.
+    std::this_thread::sleep_for(std::min(std::chrono::milliseconds(looks + 1), kLongestPause));
+    return 1;
 }
 
 bool SqliteDatabase::InTransaction() const {
@@ -104,7 +121,7 @@ void SqliteDatabase::Raise(int code) {
         throw ServerError(Fault::DiskFull, {mPath});
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        throw ServerError(Fault::LockTimeout);
+        throw ServerError(mCancelled ? Fault::Cancelled : Fault::LockTimeout);
     case SQLITE_IOERR:
         throw ServerError(Fault::InputOutput, {mPath, detail});
     case SQLITE_CORRUPT:
@@ -121,6 +138,9 @@ void SqliteDatabase::Raise(int code) {
     case SQLITE_NOMEM:
         throw std::bad_alloc();
     default:
+        // SQLite's own functions reckon with whole numbers too.
+        if (detail == "integer overflow"_L1)
+            throw ServerError(Fault::Overflow, {SqlType::BigInt().Name()});
         if (detail.contains("stack overflow"_L1) || detail.contains("too large"_L1))
             throw ServerError(Fault::TooDeep);
         throw ServerError(Fault::CannotPrepare, {detail});
@@ -133,59 +153,4 @@ void SqliteDatabase::RaiseConstraint(int code, const QString& detail) const {
     if (code == SQLITE_CONSTRAINT_NOTNULL)
         throw ServerError(Fault::NullNotAllowed, {columns, table});
     throw ServerError(Fault::DuplicateKey, {table, columns});
-}
-
-void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const {
-    sqlite3_finalize(statement);
-}
-
-SqliteStatement::SqliteStatement(SqliteDatabase& database, const QString& sql, bool kept)
-    : mDatabase(database) {
-    const QByteArray text = sql.toUtf8();
-    sqlite3_stmt* handle = nullptr;
-    const unsigned flags = kept ? SQLITE_PREPARE_PERSISTENT : 0;
-    const int code = sqlite3_prepare_v3(database.Handle(), text.constData(),
-                                        static_cast<int>(text.size()) + 1, flags, &handle, nullptr);
-    if (code != SQLITE_OK)
-        database.Raise(code);
-    mHandle.reset(handle);
-    mParameterCount = sqlite3_bind_parameter_count(handle);
-}
-
-void SqliteStatement::Bind(int number, const Cell& value) {
-    if (number > mParameterCount)
-        return;
-    int code = SQLITE_OK;
-    if (const auto* whole = std::get_if<qint64>(&value))
-        code = sqlite3_bind_int64(mHandle.get(), number, *whole);
-    else if (const auto* real = std::get_if<double>(&value))
-        code = sqlite3_bind_double(mHandle.get(), number, *real);
-    else if (const auto* text = std::get_if<QByteArray>(&value))
-        code = sqlite3_bind_text64(mHandle.get(), number, text->constData(),
-                                   static_cast<sqlite3_uint64>(text->size()), nullptr, SQLITE_UTF8);
-    else
-        code = sqlite3_bind_null(mHandle.get(), number);
-    if (code != SQLITE_OK)
-        mDatabase.Raise(code);
-}
-
-bool SqliteStatement::Step() {
-    const int code = sqlite3_step(mHandle.get());
-    if (code == SQLITE_ROW)
-        return true;
-    if (code == SQLITE_DONE)
-        return false;
-    // Reset first: it frees the locks, and a rollback may follow.
-    try {
-        mDatabase.Raise(code);
-    } catch (...) {
-        Reset();
-        throw;
-    }
-}
-
-void SqliteStatement::Reset() {
-    // The code is the failure of the run before, which was raised already.
-    sqlite3_reset(mHandle.get());
-    sqlite3_clear_bindings(mHandle.get());
 }

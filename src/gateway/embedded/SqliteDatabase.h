@@ -12,7 +12,6 @@
 #include <optional>
 
 struct sqlite3;
-struct sqlite3_stmt;
 
 /// One open SQLite file. Every failure is raised with the server's number for it. Used from one thread, but
 /// for Cancel.
@@ -31,12 +30,24 @@ class SqliteDatabase {
     /// The first column of the first row; nothing for a statement without rows.
     std::optional<Cell> RunForValue(const QString& sql);
 
-    /// Seconds that a lock is waited for and a command may take; 0 waits for ever.
+    /// The time of one command, from its beginning to its end: waiting for locks and running share the
+    /// timeout. Raises a failure when the file was given up.
+    class Command {
+      public:
+        explicit Command(SqliteDatabase& database);
+        Command(const Command&) = delete;
+        Command& operator=(const Command&) = delete;
+        ~Command();
+
+      private:
+        SqliteDatabase& mDatabase;
+    };
+
+    /// Seconds that a command may take, its wait for locks included, and that a lock is waited for outside of
+    /// commands; 0 waits for ever.
     void SetTimeout(int seconds);
-    /// From now on the time of one command is counted. Raises a failure when the file was given up.
-    void BeginCommand();
-    /// Gives the file up: the command that is running fails at its next look at the clock, and every later
-    /// one at its beginning. From any thread.
+    /// Gives the file up: the command that is running fails at its next look at the clock, also where it
+    /// waits for a lock, and every later one at its beginning. From any thread.
     void Cancel() { mCancelled = true; }
 
     /// Whether a transaction is open.
@@ -55,37 +66,19 @@ class SqliteDatabase {
         void operator()(sqlite3* handle) const;
     };
 
+    using Clock = std::chrono::steady_clock;
+
+    Clock::time_point EndOfWait() const;
     static int OnProgress(void* self);
+    static int OnBusy(void* self, int looks);
     [[noreturn]] void RaiseConstraint(int code, const QString& detail) const;
 
     QString mPath;
     std::unique_ptr<sqlite3, Close> mHandle;
     std::optional<RunTimeError> mFunctionError;
-    std::chrono::steady_clock::duration mTimeout{};
-    std::chrono::steady_clock::time_point mDeadline = std::chrono::steady_clock::time_point::max();
+    std::chrono::seconds mTimeout{};
+    /// When the running command is given up, and when the wait for a lock is.
+    Clock::time_point mDeadline = Clock::time_point::max();
+    Clock::time_point mLockDeadline = Clock::time_point::max();
     std::atomic<bool> mCancelled = false;
-};
-
-/// One prepared statement.
-class SqliteStatement {
-  public:
-    /// `kept` tells SQLite that the statement will be used many times.
-    SqliteStatement(SqliteDatabase& database, const QString& sql, bool kept);
-
-    /// Binds a value, which must outlive the run. Numbers beyond the statement's parameters are passed over.
-    void Bind(int number, const Cell& value);
-    /// Whether a row came.
-    bool Step();
-    /// Ends the run; the statement may be run again.
-    void Reset();
-    sqlite3_stmt* Handle() const { return mHandle.get(); }
-
-  private:
-    struct Finalize {
-        void operator()(sqlite3_stmt* statement) const;
-    };
-
-    SqliteDatabase& mDatabase;
-    std::unique_ptr<sqlite3_stmt, Finalize> mHandle;
-    int mParameterCount = 0;
 };

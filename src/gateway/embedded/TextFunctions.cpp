@@ -77,6 +77,10 @@ QByteArray LastCharacters(const QByteArray& text, qint64 count) {
 }
 
 QByteArray MiddleCharacters(const QByteArray& text, qint64 first, qint64 count) {
+    // Farther than any text is long; what is beyond cannot be told from it, and could not be added.
+    constexpr qint64 kFar = qint64(1) << 60;
+    first = std::clamp(first, -kFar, kFar);
+    count = std::clamp(count, -kFar, kFar);
     // What lies before the first character takes its part of the count.
     const qint64 end = std::max<qint64>(first + count - 1, 0);
     const QByteArray head = FirstCharacters(text, end);

@@ -65,19 +65,24 @@ TEST_P(RefusedDate, WithItsReason) {
     EXPECT_EQ(ReadServerDate(GetParam().text).outcome, GetParam().outcome);
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, RefusedDate,
-                         testing::Values(RefusedCase{"Word", "soon", Outcome::NoDate},
-                                         RefusedCase{"TwoParts", "11/21", Outcome::NoDate},
-                                         RefusedCase{"Rest", "11/21/2026 x", Outcome::NoDate},
-                                         RefusedCase{"HalfATime", "11/21/2026 14:", Outcome::NoDate},
-                                         RefusedCase{"NumberAlone", "5", Outcome::NoDate},
-                                         RefusedCase{"YearOfThreeDigits", "11/21/202", Outcome::NoDate},
-                                         RefusedCase{"MorningAfterTwelve", "14:02 AM", Outcome::NoDate},
-                                         RefusedCase{"DayFirst", "21/11/2026", Outcome::OutOfRange},
-                                         RefusedCase{"NoSuchDay", "02/30/2026", Outcome::OutOfRange},
-                                         RefusedCase{"NoSuchHour", "11/21/2026 24:00", Outcome::OutOfRange},
-                                         RefusedCase{"TooEarly", "12/31/1752", Outcome::OutOfRange}),
-                         CaseName());
+INSTANTIATE_TEST_SUITE_P(
+    Texts, RefusedDate,
+    testing::Values(RefusedCase{"Word", "soon", Outcome::NoDate},
+                    RefusedCase{"TwoParts", "11/21", Outcome::NoDate},
+                    RefusedCase{"Rest", "11/21/2026 x", Outcome::NoDate},
+                    RefusedCase{"HalfATime", "11/21/2026 14:", Outcome::NoDate},
+                    RefusedCase{"NumberAlone", "5", Outcome::NoDate},
+                    RefusedCase{"YearOfThreeDigits", "11/21/202", Outcome::NoDate},
+                    RefusedCase{"MorningAfterTwelve", "14:02 AM", Outcome::NoDate},
+                    RefusedCase{"DayFirst", "21/11/2026", Outcome::OutOfRange},
+                    RefusedCase{"NoSuchDay", "02/30/2026", Outcome::OutOfRange},
+                    RefusedCase{"MonthOfThreeDigits", "257/21/2026", Outcome::OutOfRange},
+                    RefusedCase{"DayOfThreeDigits", "11/277/2026", Outcome::OutOfRange},
+                    RefusedCase{"MonthFarOut", "524/21/2026", Outcome::OutOfRange},
+                    RefusedCase{"NamedMonthDayOfThreeDigits", "Nov 277 2026", Outcome::OutOfRange},
+                    RefusedCase{"NoSuchHour", "11/21/2026 24:00", Outcome::OutOfRange},
+                    RefusedCase{"TooEarly", "12/31/1752", Outcome::OutOfRange}),
+    CaseName());
 
 TEST(StoredDateText, SortsAndComesBack) {
     const DateTime moment = *DateTime::FromFields({2026, 1, 2, 3, 4, 5, 6});

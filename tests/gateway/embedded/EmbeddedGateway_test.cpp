@@ -12,6 +12,7 @@
 
 #include <csignal>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 #include <thread>
 #include <unistd.h>
 
@@ -237,6 +238,25 @@ TEST_F(EmbeddedGatewayTest, ACommandIsGivenUpFromAnotherThreadHoweverLongItMayTa
     const Failure failure = FailureOf(Gateway(), Endless());
     EXPECT_EQ(failure.number, -2147217842);
     EXPECT_EQ(failure.text, u"Operation was canceled."_s);
+}
+
+TEST_F(EmbeddedGatewayTest, ACommandThatWaitsForALockIsGivenUpHoweverLongItMayWait) {
+    const auto other = hospital.Connect();
+    other->Engine().Database().Run(u"BEGIN IMMEDIATE"_s);
+    Gateway().SetCommandTimeout(0);
+    // The command has begun and asks for the lock when the connection is given up.
+    sqlite3_trace_v2(
+        Gateway().Engine().Database().Handle(), SQLITE_TRACE_STMT,
+        [](unsigned, void* gateway, void*, void*) {
+            static_cast<EmbeddedGateway*>(gateway)->Cancel();
+            return 0;
+        },
+        &Gateway());
+    const Failure failure = FailureOf(Gateway(), kAdd);
+    EXPECT_EQ(failure.number, -2147217842);
+    EXPECT_EQ(failure.text, u"Operation was canceled."_s);
+    other->Engine().Database().Run(u"ROLLBACK"_s);
+    EXPECT_EQ(Number(*other, kCharges), 2);
 }
 
 TEST_F(EmbeddedGatewayTest, AConnectionThatWasGivenUpRunsNothingMore) {

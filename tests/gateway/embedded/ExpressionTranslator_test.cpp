@@ -205,26 +205,35 @@ TEST_P(ExpressionMistake, IsTheServersError) {
 
 INSTANTIATE_TEST_SUITE_P(
     Mistakes, ExpressionMistake,
-    testing::Values(MistakeCase{"DivisionByZero", u"1 / 0"_s, 8134},
-                    MistakeCase{"DecimalDivisionByZero", u"1.5 / 0"_s, 8134},
-                    MistakeCase{"IntOverflow", u"2147483647 + ChargeSlip"_s, 8115},
-                    MistakeCase{"TextTooLargeForInt", u"cast('3000000000' as int)"_s, 248},
-                    MistakeCase{"EmptyTextToDecimal", u"cast('' as decimal(9,2))"_s, 8114},
-                    MistakeCase{"DecimalTooLarge", u"cast(1000 as decimal(5,2))"_s, 8115},
-                    MistakeCase{"NumberTooLongForText", u"cast(12345 as varchar(3))"_s, 8115},
-                    MistakeCase{"UnknownStyle", u"convert(varchar(10), getdate(), 99)"_s, 281},
-                    MistakeCase{"UnknownParameter", u"@Nothing"_s, 137},
-                    MistakeCase{"DatesAreNotAdded", u"getdate() + 1"_s, 402},
-                    MistakeCase{"TextsAreNotSubtracted", u"'a' - 'b'"_s, 8117},
-                    MistakeCase{"TextHasNoSign", u"-'a'"_s, 8117},
-                    MistakeCase{"DateAgainstNumber", u"case when cast('2026-01-01' as date) = 5 then 1 end"_s,
-                                206},
-                    MistakeCase{"SubqueryOfTwoColumns", u"(select 1, 2)"_s, 205},
-                    MistakeCase{"ConditionAsValue", u"1 = 1"_s, 102},
-                    MistakeCase{"ValueAsCondition", u"case when 1 then 2 end"_s, 156},
-                    MistakeCase{"UnknownType", u"cast(1 as number)"_s, 2715},
-                    MistakeCase{"UnknownAlias", u"x.ChargeSlip"_s, 4104},
-                    MistakeCase{"ColumnOfNoAlias", u"tbSlip.Nothing"_s, 207}),
+    testing::Values(
+        MistakeCase{"DivisionByZero", u"1 / 0"_s, 8134},
+        MistakeCase{"DecimalDivisionByZero", u"1.5 / 0"_s, 8134},
+        MistakeCase{"IntOverflow", u"2147483647 + ChargeSlip"_s, 8115},
+        MistakeCase{"NegativeIntOverflow", u"-cast('-2147483648' as int)"_s, 8115},
+        MistakeCase{"NegativeBigIntOverflow", u"-(-9223372036854775807 - 1)"_s, 8115},
+        MistakeCase{"BigIntOverflow", u"9223372036854775807 + ChargeSlip"_s, 8115},
+        MistakeCase{"BigIntOverflowAsText", u"cast(9223372036854775807 * 2 as varchar(30))"_s, 8115},
+        MistakeCase{"QuotientOverflow", u"(-9223372036854775807 - 1) / -1"_s, 8115},
+        MistakeCase{"FloatTooLargeForBigInt", u"cast(1e30 as bigint)"_s, 8115},
+        MistakeCase{"NumberBeforeTheCalendar", u"cast(-53691 as datetime)"_s, 8115},
+        MistakeCase{"NumberBehindTheCalendar", u"cast(2958464 as datetime)"_s, 8115},
+        MistakeCase{"NumberFarBehindTheCalendar", u"cast(1e300 as datetime)"_s, 8115},
+        MistakeCase{"TextTooLargeForInt", u"cast('3000000000' as int)"_s, 248},
+        MistakeCase{"EmptyTextToDecimal", u"cast('' as decimal(9,2))"_s, 8114},
+        MistakeCase{"DecimalTooLarge", u"cast(1000 as decimal(5,2))"_s, 8115},
+        MistakeCase{"NumberTooLongForText", u"cast(12345 as varchar(3))"_s, 8115},
+        MistakeCase{"UnknownStyle", u"convert(varchar(10), getdate(), 99)"_s, 281},
+        MistakeCase{"UnknownParameter", u"@Nothing"_s, 137},
+        MistakeCase{"DatesAreNotAdded", u"getdate() + 1"_s, 402},
+        MistakeCase{"TextsAreNotSubtracted", u"'a' - 'b'"_s, 8117},
+        MistakeCase{"TextHasNoSign", u"-'a'"_s, 8117},
+        MistakeCase{"DateAgainstNumber", u"case when cast('2026-01-01' as date) = 5 then 1 end"_s, 206},
+        MistakeCase{"SubqueryOfTwoColumns", u"(select 1, 2)"_s, 205},
+        MistakeCase{"ConditionAsValue", u"1 = 1"_s, 102},
+        MistakeCase{"ValueAsCondition", u"case when 1 then 2 end"_s, 156},
+        MistakeCase{"UnknownType", u"cast(1 as number)"_s, 2715},
+        MistakeCase{"UnknownAlias", u"x.ChargeSlip"_s, 4104},
+        MistakeCase{"ColumnOfNoAlias", u"tbSlip.Nothing"_s, 207}),
     CaseName());
 
 TEST_F(SharedHospital, DeepNestingIsRefusedAndNotACrash) {
@@ -249,4 +258,17 @@ TEST_F(SharedHospital, ManyConditionsAreNotTooDeep) {
 TEST_F(SharedHospital, ManyTermsAreNotTooDeep) {
     EXPECT_EQ(RowTexts(Gateway(), u"select 0"_s + QString(u" + 1"_s).repeated(100)), QStringList{u"100"_s});
     EXPECT_EQ(RowTexts(Gateway(), u"select 0"_s + QString(u" - 0.01"_s).repeated(100)), QStringList{u"-1"_s});
+}
+
+TEST_F(SharedHospital, TheEdgesOfTheWholeNumbersAreWholeNumbers) {
+    EXPECT_EQ(RowTexts(Gateway(),
+                       u"select -9223372036854775807 - 1, 9223372036854775806 + 1, "
+                       "(-9223372036854775807 - 1) % -1, -cast('2147483647' as int), -cast('-5' as int)"_s),
+              QStringList{u"-9223372036854775808|9223372036854775807|0|-2147483647|5"_s});
+}
+
+TEST_F(SharedHospital, TheEdgesOfTheCalendarAreDates) {
+    EXPECT_EQ(
+        RowTexts(Gateway(), u"select year(cast(-53690 as datetime)), year(cast(2958463 as datetime))"_s),
+        QStringList{u"1753|9999"_s});
 }

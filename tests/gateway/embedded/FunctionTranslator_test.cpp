@@ -65,6 +65,8 @@ INSTANTIATE_TEST_SUITE_P(
                     FunctionCase{"Substring", u"substring('abcdef', 2, 3)"_s, Text(u"bcd")},
                     FunctionCase{"SubstringFromBeforeTheFirst", u"substring('abcdef', 0, 3)"_s, Text(u"ab")},
                     FunctionCase{"SubstringBehindTheEnd", u"substring('abc', 9, 3)"_s, Text(u"")},
+                    FunctionCase{"SubstringToTheEndOfAllNumbers",
+                                 u"substring('abcdef', 5, 9223372036854775807)"_s, Text(u"ef")},
                     FunctionCase{"Upper", u"upper('señor')"_s, Text(u"SEÑOR")},
                     FunctionCase{"Lower", u"lower('SEÑOR')"_s, Text(u"señor")},
                     FunctionCase{"LTrim", u"ltrim('  a ')"_s, Text(u"a ")},
@@ -85,6 +87,8 @@ INSTANTIATE_TEST_SUITE_P(
                     FunctionCase{"RoundLeftOfThePoint", u"round(1250, -2)"_s, Value(1300)},
                     FunctionCase{"RoundCuts", u"round(2.679, 2, 1)"_s, Exact(u"2.670")},
                     FunctionCase{"RoundOfMoney", u"round(cast('1.00505' as money), 2)"_s, Exact(u"1.0100")},
+                    FunctionCase{"RoundKeepsAWholeNumber", u"round(9007199254740993, 2)"_s,
+                                 Value(qint64(9007199254740993))},
                     FunctionCase{"RoundOfNull", u"round(NULL, 2)"_s, Value()}),
     CaseName());
 
@@ -177,5 +181,14 @@ INSTANTIATE_TEST_SUITE_P(
         FunctionMistake{"SumOfText", u"select sum(LastName) from Clinical_Area..tbPatient"_s, 8117},
         FunctionMistake{"SumOverflow",
                         u"select sum(x) from (select 2147483647 as x union all select 1 as x) as q"_s, 8115},
+        FunctionMistake{
+            "BigSumOverflow",
+            u"select sum(x) from (select 9223372036854775807 as x union all select 1 as x) as q"_s, 8115},
+        FunctionMistake{"AbsOverflow", u"select abs(cast('-2147483648' as int))"_s, 8115},
+        FunctionMistake{"BigAbsOverflow", u"select abs(-9223372036854775807 - 1)"_s, 8115},
+        FunctionMistake{"RoundOverflow", u"select round(2147483647, -1)"_s, 8115},
+        FunctionMistake{"BigRoundOverflow", u"select round(9223372036854775807, -1)"_s, 8115},
+        FunctionMistake{"DateFarTooEarly", u"select dateadd(day, -9223372036854775807 - 1, getdate())"_s,
+                        8115},
         FunctionMistake{"AbsOfDate", u"select abs(getdate())"_s, 8117}),
     CaseName());

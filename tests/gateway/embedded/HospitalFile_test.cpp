@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLockFile>
 #include <QTemporaryDir>
 
 #include <csignal>
@@ -155,6 +156,118 @@ TEST_F(HospitalFileTest, TwoWhoMakeOneHospitalGetOneHospital) {
     EXPECT_EQ(status, 0);
     EXPECT_TRUE(mine == 0 || mine == RunTime::kPathFileAccess) << mine;
     EXPECT_EQ(RowTexts(*Open(), u"select count(*) from Clinical_Area..tbPatient"_s), QStringList{u"6"_s});
+}
+
+TEST_F(HospitalFileTest, WhoWaitsForAnotherProcessIsToldSoAgainAndAgain) {
+    QLockFile other(Path() + u".lock"_s);
+    ASSERT_TRUE(other.tryLock());
+    int waits = 0;
+    HospitalFile::Create(Path(), scripts, [&](int, int total, const QString& what) {
+        if (total > 0)
+            return;
+        EXPECT_EQ(what, u"Another workstation is making the hospital."_s);
+        if (++waits == 3)
+            other.unlock();
+    });
+    EXPECT_EQ(waits, 3);
+    EXPECT_EQ(Files(), QStringList{u"hospital.db"_s});
+}
+
+TEST_F(HospitalFileTest, WhoWaitsTakesTheHospitalThatTheOtherProcessHasMade) {
+    QLockFile other(Path() + u".lock"_s);
+    ASSERT_TRUE(other.tryLock());
+    HospitalFile::Create(Path(), scripts, [&](int, int total, const QString&) {
+        EXPECT_EQ(total, 0) << "nothing is made a second time";
+        Write("made by the other one");
+        other.unlock();
+    });
+    EXPECT_EQ(Content(), "made by the other one");
+}
+
+TEST_F(HospitalFileTest, ReplaceLeavesTheOneNewFile) {
+    Create();
+    Open()->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = 555"_s);
+    HospitalFile::Replace(Path(), scripts);
+    EXPECT_EQ(Files(), QStringList{u"hospital.db"_s});
+    EXPECT_EQ(RowTexts(*Open(), u"select ChargeSlip from Clinical_Area..tbSlip"_s), QStringList{u"100"_s});
+}
+
+TEST_F(HospitalFileTest, ReplaceMakesAFileThatIsNotThere) {
+    HospitalFile::Replace(Path(), scripts);
+    EXPECT_EQ(OpenFailure().number, 0);
+}
+
+TEST_F(HospitalFileTest, ReplaceTakesThePlaceOfAFileThatIsNoDatabase) {
+    for (const QByteArray& content : {QByteArray(), QByteArray("a letter"), QByteArray(5000, 'x')}) {
+        Write(content);
+        HospitalFile::Replace(Path(), scripts);
+        EXPECT_EQ(OpenFailure().number, 0);
+        EXPECT_EQ(Files(), QStringList{u"hospital.db"_s});
+    }
+}
+
+TEST_F(HospitalFileTest, AHospitalThatSomebodyHasOpenIsNotReplaced) {
+    Create();
+    const auto clerk = Open();
+    const Failure failure = FailureOf([this] {
+        HospitalFile::Replace(Path(), scripts, [](int, int, const QString&) {
+            ADD_FAILURE() << "nothing is made before that is known";
+        });
+    });
+    EXPECT_EQ(failure.number, 3702);
+    EXPECT_EQ(failure.text,
+              u"Cannot replace the hospital's file '"_s + Path() + u"' because it is currently in use."_s);
+    clerk->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = 555"_s);
+    EXPECT_EQ(RowTexts(*Open(), u"select ChargeSlip from Clinical_Area..tbSlip"_s), QStringList{u"555"_s});
+}
+
+TEST_F(HospitalFileTest, AHospitalThatIsOpenedWhileItsSuccessorIsMadeStays) {
+    Create();
+    std::unique_ptr<EmbeddedGateway> clerk;
+    const Failure failure = FailureOf([&] {
+        HospitalFile::Replace(Path(), scripts, [&](int done, int total, const QString&) {
+            if (done == total)
+                clerk = Open();
+        });
+    });
+    EXPECT_EQ(failure.number, 3702);
+    clerk->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = 555"_s);
+    clerk.reset();
+    EXPECT_EQ(Files(), QStringList{u"hospital.db"_s});
+    EXPECT_EQ(RowTexts(*Open(), u"select ChargeSlip from Clinical_Area..tbSlip"_s), QStringList{u"555"_s});
+}
+
+TEST_F(HospitalFileTest, AReplacementKilledAtAnyStepLeavesTheOldHospital) {
+    Create();
+    Open()->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = 555"_s);
+    for (const int fromTheEnd : {3, 1, 0}) {
+        const int code = RunInChild([this, fromTheEnd] {
+            HospitalFile::Replace(Path(), scripts, [fromTheEnd](int done, int total, const QString&) {
+                if (done == total - fromTheEnd)
+                    KillThisProcess();
+            });
+            return 0;
+        });
+        EXPECT_EQ(code, -SIGKILL);
+        EXPECT_EQ(RowTexts(*Open(), u"select ChargeSlip from Clinical_Area..tbSlip"_s),
+                  QStringList{u"555"_s});
+    }
+}
+
+TEST_F(HospitalFileTest, AFailingScriptLeavesTheOldHospital) {
+    Create();
+    Open()->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = 555"_s);
+    auto faulty = scripts;
+    faulty.push_back({u"demo/20-bad.sql"_s, u"USE BILLING;\nGO\nDELETE FROM BILLING..tbNothing;\n"_s});
+    EXPECT_EQ(FailureOf([&] { HospitalFile::Replace(Path(), faulty); }).number, 208);
+    EXPECT_EQ(Files(), QStringList{u"hospital.db"_s});
+    EXPECT_EQ(RowTexts(*Open(), u"select ChargeSlip from Clinical_Area..tbSlip"_s), QStringList{u"555"_s});
+}
+
+TEST_F(HospitalFileTest, OpenBringsTheModeOfJournalBackThatAStoppedReplacementHasLeft) {
+    Create();
+    SqliteDatabase(Path(), SqliteDatabase::Mode::Existing).RunForValue(u"PRAGMA journal_mode = DELETE"_s);
+    EXPECT_EQ(Open()->Engine().Database().RunForValue(u"PRAGMA journal_mode"_s), Cell(QByteArray("wal")));
 }
 
 TEST_F(HospitalFileTest, NewerProceduresReplaceThoseOfTheFileAndKeepItsData) {

@@ -1,6 +1,7 @@
 #include "gateway/embedded/TextFunctions.h"
 
 #include <gtest/gtest.h>
+#include <limits>
 
 TEST(TextFunctions, PatternsWithManyPercentSignsEnd) {
     const QByteArray text(2000, 'a');
@@ -39,4 +40,13 @@ TEST(TextFunctions, CharactersAreCountedAndNotBytes) {
 TEST(TextFunctions, RepeatedTextEndsAtTheServersLimit) {
     EXPECT_EQ(RepeatedText("ab", 1000000).size(), 8000);
     EXPECT_EQ(RepeatedText("", 5), "");
+}
+
+TEST(TextFunctions, APieceMayBeAskedForThatReachesBeyondAllNumbers) {
+    constexpr qint64 kMost = std::numeric_limits<qint64>::max();
+    constexpr qint64 kLeast = std::numeric_limits<qint64>::min();
+    EXPECT_EQ(MiddleCharacters("abc", 2, kMost), "bc");
+    EXPECT_EQ(MiddleCharacters("abc", kMost, kMost), "");
+    EXPECT_EQ(MiddleCharacters("abc", kLeast, kLeast), "");
+    EXPECT_EQ(MiddleCharacters("abc", kLeast, 1), "");
 }
