@@ -14,9 +14,15 @@ class HospitalEngine;
 /// file.
 class EmbeddedGateway : public CommandGateway {
   public:
+    enum class Access {
+        Full,
+        /// For reports: whatever their templates say, nothing is written (3906).
+        Reading,
+    };
+
     /// Opens a hospital's file as it is; HospitalFile::Open also looks after its procedures. Raises 53 for a
     /// file that is not there and 5171 for one that is no hospital, which stays untouched.
-    explicit EmbeddedGateway(const QString& path);
+    explicit EmbeddedGateway(const QString& path, Access access = Access::Full);
     ~EmbeddedGateway() override;
 
     bool Connected() const override { return true; }
@@ -25,6 +31,9 @@ class EmbeddedGateway : public CommandGateway {
     void SetDefaultDatabase(const QString& name) override;
     void SetCommandTimeout(int seconds) override;
     void Cancel() override;
+    /// The user in whose name commands work from now on, as SUSER_SNAME() gives him to the procedures. Nobody
+    /// until a sign-on has told him.
+    void SetSessionUser(const QString& user);
 
     /// How the database goes about a command, line by line: for finding out why one is slow.
     QStringList QueryPlan(const QString& command);

@@ -23,6 +23,7 @@ const FunctionTranslator::Function* FunctionTranslator::Find(const QString& name
         Function{u"COALESCE", 2, kAnyNumber, &F::Coalesce},
         Function{u"NULLIF", 2, 2, &F::NullIf},
         Function{u"GETDATE", 0, 0, &F::GetDate},
+        Function{u"SUSER_SNAME", 0, 0, &F::SessionUser},
         Function{u"LEN", 1, 1, &F::Len},
         Function{u"LEFT", 2, 2, &F::Part},
         Function{u"RIGHT", 2, 2, &F::Part},
@@ -129,6 +130,11 @@ Typed FunctionTranslator::NullIf(const Expression& call) {
 
 Typed FunctionTranslator::GetDate(const Expression&) {
     return mExpressions.Clock();
+}
+
+Typed FunctionTranslator::SessionUser(const Expression&) {
+    constexpr int kLongestName = 128;
+    return {u"tv_user()"_s, {SqlType::Kind::NVarChar, kLongestName, 0, 0}};
 }
 
 Typed FunctionTranslator::Len(const Expression& call) {

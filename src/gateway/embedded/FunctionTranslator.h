@@ -26,6 +26,7 @@ class FunctionTranslator {
     Typed Coalesce(const Expression& call);
     Typed NullIf(const Expression& call);
     Typed GetDate(const Expression& call);
+    Typed SessionUser(const Expression& call);
     Typed Len(const Expression& call);
     Typed Part(const Expression& call);
     Typed Substring(const Expression& call);

@@ -20,8 +20,11 @@ HospitalEngine::HospitalEngine(const QString& path, SqliteDatabase::Mode mode)
     : mDatabase(path, mode)
     , mStore(mDatabase)
     , mStatements(kKeptStatements) {
-    if (mode == SqliteDatabase::Mode::Existing)
-        mCatalog = mStore.Load();
+    if (mode == SqliteDatabase::Mode::New)
+        return;
+    mStore.Check();
+    mCatalog = mStore.Load();
+    mFresh = mStore.IsFresh();
 }
 
 void HospitalEngine::SetDefaultDatabase(const QString& name) {
@@ -48,15 +51,28 @@ StoredProcedure& HospitalEngine::Find(const ObjectName& name) {
     return *compiled;
 }
 
+void HospitalEngine::BeginWork(bool writes) {
+    if (!writes || !mFresh)
+        return;
+    mStore.SetFresh(false);
+    mFresh = false;
+}
+
 CommandResult HospitalEngine::Run(const QString& command) {
-    if (PreparedCommand* known = mStatements.object(command))
+    if (PreparedCommand* known = mStatements.object(command)) {
+        BeginWork(known->Writes());
         return known->Run({});
+    }
     TokenCursor cursor(command);
     const Command parsed = CommandParser(cursor).ParseCommand();
-    if (const auto* call = std::get_if<ProcedureCall>(&parsed))
-        return Find(call->procedure).Run(call->arguments);
+    if (const auto* call = std::get_if<ProcedureCall>(&parsed)) {
+        StoredProcedure& procedure = Find(call->procedure);
+        BeginWork(procedure.Writes());
+        return procedure.Run(call->arguments);
+    }
     if (const auto* statement = std::get_if<Statement>(&parsed)) {
         auto prepared = Prepare(*statement, mDefaultDatabase, true);
+        BeginWork(prepared->Writes());
         CommandResult result = prepared->Run({});
         if (prepared->CanBeKept())
             mStatements.insert(command, prepared.release());

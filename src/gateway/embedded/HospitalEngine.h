@@ -17,7 +17,7 @@
 /// A hospital's file at work: it reads command texts as the server would and runs them.
 class HospitalEngine {
   public:
-    /// Opens a hospital's file, or makes an empty one.
+    /// Opens a hospital's file, or makes an empty one. Raises 5171 for a file that is no hospital.
     HospitalEngine(const QString& path, SqliteDatabase::Mode mode);
 
     /// Runs one command text. A text that is more than one statement is refused whole.
@@ -38,12 +38,15 @@ class HospitalEngine {
 
   private:
     StoredProcedure& Find(const ObjectName& name);
+    /// Keeps, before a command writes, that the hospital is no longer as it was made.
+    void BeginWork(bool writes);
     std::unique_ptr<PreparedCommand> Prepare(const Statement& statement, const QString& database, bool kept);
 
     SqliteDatabase mDatabase;
     HospitalStore mStore;
     Catalog mCatalog;
     QString mDefaultDatabase;
+    bool mFresh = false;
     std::unordered_map<const Procedure*, std::unique_ptr<StoredProcedure>> mProcedures;
     /// Plain statements by their text, since a screen sends the same ones again and again.
     QCache<QString, PreparedCommand> mStatements;

@@ -1,6 +1,7 @@
 #include "gateway/embedded/HospitalFile.h"
 
 #include "gateway/embedded/HospitalBuilder.h"
+#include "gateway/embedded/HospitalPlace.h"
 #include "gateway/embedded/ServerError.h"
 #include "gateway/embedded/Transaction.h"
 #include "gateway/SqlLexer.h"
@@ -9,6 +10,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
+#include <QSysInfo>
 
 #include <cerrno>
 #include <chrono>
@@ -25,6 +27,7 @@ constexpr auto kProceduresMark = "procedures"_L1;
 constexpr auto kSchemaFolder = "schema/"_L1;
 constexpr auto kProceduresFolder = "procedures/"_L1;
 constexpr std::chrono::minutes kLongestWait(10);
+constexpr std::chrono::seconds kWaitForAnotherMachine(3);
 constexpr std::chrono::milliseconds kOneWait(50);
 
 /// What the scripts of one folder say, whatever their comments and blanks.
@@ -45,14 +48,14 @@ QString Digest(const std::vector<Script>& scripts, QLatin1StringView folder) {
     throw ServerError(Fault::CannotOpen, {path, QString::fromLocal8Bit(std::strerror(errno))});
 }
 
-/// Makes sure that a file or folder has reached the disk.
-void Flush(const QString& path, int flags) {
-    const int file = ::open(QFile::encodeName(path).constData(), flags);
-    if (file < 0)
+/// Makes sure that a folder knows its files after a power failure too.
+void FlushFolder(const QString& path) {
+    const int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY);
+    if (folder < 0)
         RaiseSystem(path);
-    const bool flushed = ::fsync(file) == 0;
+    const bool flushed = ::fsync(folder) == 0;
     const int reason = errno;
-    ::close(file);
+    ::close(folder);
     errno = reason;
     if (!flushed)
         RaiseSystem(path);
@@ -87,8 +90,10 @@ void RunScripts(const QString& path, const std::vector<Script>& scripts,
     }
     engine.Store().SetMark(kSchemaMark, Digest(scripts, kSchemaFolder));
     engine.Store().SetMark(kProceduresMark, Digest(scripts, kProceduresFolder));
+    engine.Store().SetFresh(true);
     database.Run(u"PRAGMA locking_mode = NORMAL"_s);
     database.RunForValue(u"PRAGMA journal_mode = WAL"_s);
+    database.Flush();
     if (progress)
         progress(total, total, {});
 }
@@ -103,6 +108,15 @@ void ReplaceProcedures(HospitalEngine& engine, const std::vector<Script>& script
     }
     engine.Store().SetMark(kProceduresMark, digest);
     transaction.Commit();
+}
+
+/// Raises 824 where the file's pages do not fit together.
+void RequireWhole(SqliteDatabase& database) {
+    const auto found = database.RunForValue(u"PRAGMA quick_check(1)"_s);
+    const auto* text = found ? std::get_if<QByteArray>(&*found) : nullptr;
+    if (!text || *text != "ok")
+        throw ServerError(Fault::Damaged,
+                          {database.Path(), text ? QString::fromUtf8(text->simplified()) : QString()});
 }
 
 /// Holds a hospital's file that nobody else has open: nobody can use it until the hold ends. A file that is
@@ -140,14 +154,30 @@ class Hold {
     std::unique_ptr<SqliteDatabase> mFile;
 };
 
+/// The machine whose process holds the lock, where it is not this one. Such a process is not waited for: a
+/// hospital lies on this machine's disk, so the lock is most likely left over from when it had another name.
+QString OtherMachine(const QLockFile& lock) {
+    qint64 process = 0;
+    QString machine;
+    QString program;
+    return lock.getLockInfo(&process, &machine, &program) && machine != QSysInfo::machineHostName() ? machine
+                                                                                                    : QString();
+}
+
 /// Two workstations that start at the same time make one hospital: the second one waits and finds it made.
 void Lock(QLockFile& lock, const QString& path, const HospitalFile::Progress& progress) {
+    using Clock = std::chrono::steady_clock;
     lock.setStaleLockTime(0);
-    const auto end = std::chrono::steady_clock::now() + kLongestWait;
+    const auto begin = Clock::now();
     while (!lock.tryLock(static_cast<int>(kOneWait.count()))) {
         if (lock.error() != QLockFile::LockFailedError)
             throw ServerError(Fault::CannotOpen, {path, u"its folder cannot be written to"_s});
-        if (std::chrono::steady_clock::now() > end)
+        const QString machine = OtherMachine(lock);
+        if (!machine.isEmpty() && Clock::now() > begin + kWaitForAnotherMachine)
+            throw ServerError(Fault::CannotOpen,
+                              {path, u"a process of the machine %1 was making it and has left %2.lock; where "
+                                     "nobody is making it, remove that file"_s.arg(machine, path)});
+        if (Clock::now() > begin + kLongestWait)
             throw ServerError(Fault::CannotOpen, {path, u"another process is still making it"_s});
         if (progress)
             progress(0, 0, u"Another workstation is making the hospital."_s);
@@ -160,8 +190,8 @@ QString MakeBeside(const QString& path, const std::vector<Script>& scripts,
     const QString unfinished = path + u".new"_s;
     RemoveWithCompanions(unfinished);
     try {
+        MakePrivateFile(unfinished);
         RunScripts(unfinished, scripts, progress);
-        Flush(unfinished, O_RDONLY);
     } catch (...) {
         RemoveWithCompanions(unfinished);
         throw;
@@ -175,12 +205,13 @@ void Appear(const QString& finished, const QString& path) {
     RemoveCompanions(path);
     if (::rename(QFile::encodeName(finished).constData(), QFile::encodeName(path).constData()) != 0)
         RaiseSystem(path);
-    Flush(QFileInfo(path).absolutePath(), O_RDONLY | O_DIRECTORY);
+    FlushFolder(QFileInfo(path).absolutePath());
 }
 
 } // namespace
 
 void HospitalFile::Create(const QString& path, const std::vector<Script>& scripts, const Progress& progress) {
+    RequireLocalDisk(path);
     if (QFile::exists(path))
         throw RunTimeError(RunTime::kPathFileAccess,
                            RunTime::TextOf(RunTime::kPathFileAccess) + u": "_s + path);
@@ -192,10 +223,12 @@ void HospitalFile::Create(const QString& path, const std::vector<Script>& script
 
 void HospitalFile::Replace(const QString& path, const std::vector<Script>& scripts,
                            const Progress& progress) {
+    RequireLocalDisk(path);
     QLockFile lock(path + u".lock"_s);
     Lock(lock, path, progress);
     if (!QFile::exists(path))
         return Appear(MakeBeside(path, scripts, progress), path);
+    RequireOrdinaryFile(path);
     // Told before the user has waited for the making.
     Hold(path).Release();
     const QString finished = MakeBeside(path, scripts, progress);
@@ -210,10 +243,18 @@ void HospitalFile::Replace(const QString& path, const std::vector<Script>& scrip
 }
 
 std::unique_ptr<EmbeddedGateway> HospitalFile::Open(const QString& path, const std::vector<Script>& scripts) {
+    RequireLocalDisk(path);
+    KeepPrivate(path);
+    // A log that is there before anybody here has the file open: its last user did not close it, or another
+    // workstation has it open. The two cannot be told apart from outside, and the check is cheap.
+    const bool notClosed = QFileInfo(path + u"-wal"_s).size() > 0;
     auto gateway = std::make_unique<EmbeddedGateway>(path);
+    SqliteDatabase& database = gateway->Engine().Database();
+    if (notClosed)
+        RequireWhole(database);
     // A replacement that was stopped at its last step leaves the mode of journal behind in which it held the
     // file.
-    gateway->Engine().Database().RunForValue(u"PRAGMA journal_mode = WAL"_s);
+    database.RunForValue(u"PRAGMA journal_mode = WAL"_s);
     HospitalStore& store = gateway->Engine().Store();
     if (store.Mark(kSchemaMark) != Digest(scripts, kSchemaFolder))
         throw ServerError(Fault::OtherVersion, {path});

@@ -25,9 +25,9 @@ class HospitalFile {
     /// Makes a hospital from scripts, which run in the order given. The file appears under its name only when
     /// it is whole: a creation that is stopped half-way leaves nothing behind that could be opened.
     ///
-    /// Raises 75 for a file that exists, and the failure of a script with the script's name and line in
-    /// front. When another process is making the same file, it is waited for, ten minutes at most, and its
-    /// file is taken.
+    /// Raises 75 for a file that exists, 5120 for one on a network drive, and the failure of a script with the
+    /// script's name and line in front. When another process is making the same file, it is waited for, ten
+    /// minutes at most, and its file is taken; one of another machine is not waited for longer than seconds.
     static void Create(const QString& path, const std::vector<Script>& scripts,
                        const Progress& progress = {});
 
@@ -37,7 +37,9 @@ class HospitalFile {
     static void Replace(const QString& path, const std::vector<Script>& scripts,
                         const Progress& progress = {});
 
-    /// Opens a hospital. Where its procedures are not those of the scripts, they are replaced; where its
-    /// tables are not, it is refused with error 948. Raises 53 and 5171 as EmbeddedGateway does.
+    /// Opens a hospital for a sign-on. Where its procedures are not those of the scripts, they are replaced;
+    /// where its tables are not, it is refused with error 948. A file that was not closed by its last user is
+    /// checked and refused with 824 when it is damaged. What others could do with the file is taken from
+    /// them. Raises 53 and 5171 as EmbeddedGateway does, and 5120 for a file on a network drive.
     static std::unique_ptr<EmbeddedGateway> Open(const QString& path, const std::vector<Script>& scripts);
 };

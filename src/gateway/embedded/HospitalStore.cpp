@@ -4,7 +4,6 @@
 #include "gateway/embedded/ServerError.h"
 #include "gateway/embedded/SqliteStatement.h"
 
-#include <QFile>
 #include <QtEndian>
 
 #include <sqlite3.h>
@@ -15,8 +14,9 @@ namespace {
 
 // "TVHO" in SQLite's field for the kind of file, which the file's header shows.
 constexpr quint32 kHospitalId = 0x5456484F;
-constexpr qsizetype kHeaderSize = 100;
 constexpr qsizetype kIdOffset = 68;
+constexpr auto kFreshMark = "fresh"_L1;
+constexpr auto kYes = "yes"_L1;
 
 QString TextAt(SqliteStatement& row, int column) {
     return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(row.Handle(), column)),
@@ -43,17 +43,12 @@ void HospitalStore::Create() {
                   QString::number(kHospitalId));
 }
 
-void HospitalStore::Check(const QString& path) {
-    QFile file(path);
-    if (!file.exists())
-        throw RunTimeError(RunTime::kFileNotFound, RunTime::TextOf(RunTime::kFileNotFound) + u": "_s + path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw ServerError(Fault::CannotOpen, {path, file.errorString()});
-    const QByteArray header = file.read(kHeaderSize);
-    if (header.size() < kHeaderSize || !header.startsWith("SQLite format 3"))
-        throw ServerError(Fault::NoHospital, {path, u"it is not a database file"_s});
+void HospitalStore::Check() const {
+    const QByteArray header = mDatabase.Header();
+    if (!header.startsWith("SQLite format 3"))
+        throw ServerError(Fault::NoHospital, {mDatabase.Path(), u"it is not a database file"_s});
     if (qFromBigEndian<quint32>(header.constData() + kIdOffset) != kHospitalId)
-        throw ServerError(Fault::NoHospital, {path, u"it is the database of another program"_s});
+        throw ServerError(Fault::NoHospital, {mDatabase.Path(), u"it is the database of another program"_s});
 }
 
 Catalog HospitalStore::Load() {
@@ -90,6 +85,14 @@ void HospitalStore::KeepProcedure(const Procedure& procedure) {
 
 void HospitalStore::DropProcedures() {
     mDatabase.Run(u"DELETE FROM tarven_procedure"_s);
+}
+
+bool HospitalStore::IsFresh() {
+    return Mark(kFreshMark) == kYes;
+}
+
+void HospitalStore::SetFresh(bool fresh) {
+    SetMark(kFreshMark, fresh ? QString(kYes) : QString());
 }
 
 QString HospitalStore::Mark(const QString& name) {

@@ -14,9 +14,8 @@ class HospitalStore {
 
     /// Makes an empty file a hospital's.
     void Create();
-    /// Whether the file's first bytes are those of a hospital; raises 53 and 5171 where they are not. Reads
-    /// only.
-    static void Check(const QString& path);
+    /// Raises 5171 for a file that is no hospital's, by its first bytes alone; nothing has touched it then.
+    void Check() const;
 
     /// Everything that was kept, as a catalog.
     Catalog Load();
@@ -27,6 +26,11 @@ class HospitalStore {
     void KeepProcedure(const Procedure& procedure);
     /// Forgets all procedures.
     void DropProcedures();
+
+    /// Whether nobody has written anything since the hospital was made. A file of which that was never kept is
+    /// taken for one that somebody has worked with.
+    bool IsFresh();
+    void SetFresh(bool fresh);
 
     /// A mark's value; empty for one that was never set.
     QString Mark(const QString& name);

@@ -130,6 +130,11 @@ void PreparedCommand::RunStep(Step& step, const std::vector<Cell>& values, const
         return WriteRows(step, values, now, result);
     const RunGuard guard(step.statement);
     Bind(step, values, now);
+    if (step.translation.refusal) {
+        if (step.statement.Step())
+            throw RunTimeError(*step.translation.refusal);
+        return;
+    }
     if (!result.rows) {
         result.rows = ReadRows(step);
         return;

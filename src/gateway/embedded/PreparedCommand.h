@@ -27,6 +27,7 @@ class PreparedCommand {
     /// whole when a step fails; a command that only reads takes no write lock. The values are those of the
     /// declared parameters, in their types.
     CommandResult Run(const std::vector<Cell>& values);
+    bool Writes() const { return mWrites; }
     /// Whether the command can be run again without being translated again.
     bool CanBeKept() const;
     /// How SQLite goes about each step: its own lines.

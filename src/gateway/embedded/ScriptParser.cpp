@@ -9,6 +9,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kDefaultTextLength = 1;
+// Numbers below belong to the server.
+constexpr int kFirstOwnError = 50000;
 
 } // namespace
 
@@ -173,12 +175,8 @@ ProcedureDefinition ScriptParser::ParseProcedure() {
     mCursor.Expect(u"as");
     mCursor.Expect(u"begin");
     while (!mCursor.Is(u"end")) {
-        if (!SkipFrame()) {
-            CommandParser parser(mCursor);
-            if (!parser.BeginsStatement())
-                mCursor.RaiseSyntax();
-            procedure.body.push_back(parser.ParseStatement());
-        }
+        if (!SkipFrame())
+            procedure.body.push_back(ParseStep());
         mCursor.ExpectOperator(u";");
         SkipSemicolons();
     }
@@ -187,6 +185,29 @@ ProcedureDefinition ScriptParser::ParseProcedure() {
     if (!mCursor.AtEnd())
         mCursor.RaiseSyntax();
     return procedure;
+}
+
+Statement ScriptParser::ParseStep() {
+    if (mCursor.Accept(u"if"))
+        return ParseRefusal();
+    CommandParser parser(mCursor);
+    if (!parser.BeginsStatement())
+        mCursor.RaiseSyntax();
+    return parser.ParseStatement();
+}
+
+RefusalStatement ScriptParser::ParseRefusal() {
+    RefusalStatement refusal;
+    refusal.condition = ExpressionParser(mCursor).ParseCondition();
+    mCursor.Expect(u"throw");
+    if (mCursor.Current().written.toInt() < kFirstOwnError)
+        mCursor.RaiseSyntax();
+    refusal.number = mCursor.ExpectWholeNumber();
+    mCursor.ExpectOperator(u",");
+    refusal.text = mCursor.ExpectText();
+    mCursor.ExpectOperator(u",");
+    mCursor.ExpectWholeNumber();
+    return refusal;
 }
 
 ParameterDefinition ScriptParser::ParseParameter() {

@@ -40,6 +40,8 @@ class ScriptParser {
     IndexDefinition ParseIndex(bool unique);
     ProcedureDefinition ParseProcedure();
     ParameterDefinition ParseParameter();
+    Statement ParseStep();
+    RefusalStatement ParseRefusal();
     /// SET NOCOUNT ON and what frames a transaction: the engine does that for every command anyway.
     bool SkipFrame();
     void SkipSemicolons();

@@ -218,6 +218,12 @@ void FinishSum(sqlite3_context* context) {
         sqlite3_result_null(context);
 }
 
+void SessionUser(sqlite3_context* context, int, sqlite3_value**) {
+    const QByteArray& user = static_cast<const SqliteDatabase*>(sqlite3_user_data(context))->SessionUser();
+    sqlite3_result_text64(context, user.constData(), static_cast<sqlite3_uint64>(user.size()),
+                          SQLITE_TRANSIENT, SQLITE_UTF8);
+}
+
 int Collate(void*, int sizeA, const void* a, int sizeB, const void* b) {
     return CompareTexts({static_cast<const char*>(a), sizeA}, {static_cast<const char*>(b), sizeB});
 }
@@ -265,6 +271,8 @@ void AddSqlFunctions(SqliteDatabase& database) {
                                            nullptr, nullptr, nullptr);
     code |= sqlite3_create_function_v2(handle, "tv_sum", 2, kFlags, &database, nullptr, StepSum, FinishSum,
                                        nullptr);
+    code |= sqlite3_create_function_v2(handle, "tv_user", 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, &database,
+                                       SessionUser, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
         database.Raise(code);
 }

@@ -156,7 +156,16 @@ struct DeleteStatement {
     ExpressionPtr where;
 };
 
-using Statement = std::variant<SelectStatement, InsertStatement, UpdateStatement, DeleteStatement>;
+/// IF condition THROW number, 'text', state: a procedure that refuses to go on. What it has done so far is
+/// undone.
+struct RefusalStatement {
+    ExpressionPtr condition;
+    int number = 0;
+    QString text;
+};
+
+using Statement =
+    std::variant<SelectStatement, InsertStatement, UpdateStatement, DeleteStatement, RefusalStatement>;
 
 /// One argument of a procedure call: a literal, by position or by name.
 struct CallArgument {

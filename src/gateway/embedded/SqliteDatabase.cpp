@@ -36,7 +36,8 @@ QString ConstraintTable(const QString& detail) {
 
 SqliteDatabase::SqliteDatabase(const QString& path, Mode mode)
     : mPath(path) {
-    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
+    const int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
+                      (mode == Mode::Reading ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) |
                       (mode == Mode::New ? SQLITE_OPEN_CREATE : 0);
     sqlite3* handle = nullptr;
     const int code = sqlite3_open_v2(path.toUtf8().constData(), &handle, flags, nullptr);
@@ -54,6 +55,29 @@ SqliteDatabase::SqliteDatabase(const QString& path, Mode mode)
 
 void SqliteDatabase::Close::operator()(sqlite3* handle) const {
     sqlite3_close_v2(handle);
+}
+
+sqlite3_file& SqliteDatabase::File() const {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(mHandle.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    return *file;
+}
+
+QByteArray SqliteDatabase::Header() const {
+    constexpr int kHeaderSize = 100;
+    QByteArray header(kHeaderSize, '\0');
+    sqlite3_file& file = File();
+    const int code = file.pMethods->xRead(&file, header.data(), kHeaderSize, 0);
+    if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
+        throw ServerError(Fault::CannotOpen, {mPath, QString::fromUtf8(sqlite3_errstr(code))});
+    return header;
+}
+
+void SqliteDatabase::Flush() {
+    sqlite3_file& file = File();
+    const int code = file.pMethods->xSync(&file, SQLITE_SYNC_FULL);
+    if (code != SQLITE_OK)
+        throw ServerError(Fault::InputOutput, {mPath, QString::fromUtf8(sqlite3_errstr(code))});
 }
 
 void SqliteDatabase::Run(const QString& sql) {

@@ -12,14 +12,21 @@
 #include <optional>
 
 struct sqlite3;
+struct sqlite3_file;
 
 /// One open SQLite file. Every failure is raised with the server's number for it. Used from one thread, but
 /// for Cancel.
 class SqliteDatabase {
   public:
-    enum class Mode { Existing, New };
+    enum class Mode {
+        Existing,
+        /// An existing file that nothing can be written to through this connection.
+        Reading,
+        New,
+    };
 
-    /// Opens or makes the file; raises 5120 where that cannot be done.
+    /// Opens or makes the file; raises 5120 where that cannot be done. Nothing is looked at in the file, and
+    /// nothing in it or beside it is touched, before the first statement runs.
     SqliteDatabase(const QString& path, Mode mode);
     SqliteDatabase(const SqliteDatabase&) = delete;
     SqliteDatabase& operator=(const SqliteDatabase&) = delete;
@@ -42,6 +49,18 @@ class SqliteDatabase {
       private:
         SqliteDatabase& mDatabase;
     };
+
+    const QString& Path() const { return mPath; }
+    /// The first bytes of the file, those that tell what kind of file it is; a shorter file is filled up with
+    /// zeros. They are read through SQLite's own handle: any other one that is opened on the file and closed
+    /// takes SQLite's locks on it along, all those of the process.
+    QByteArray Header() const;
+    /// Makes sure that the file has reached the disk. For a file that was written without waiting for that.
+    void Flush();
+
+    /// The user in whose name the connection works, as SUSER_SNAME() gives him; empty for nobody.
+    const QByteArray& SessionUser() const { return mSessionUser; }
+    void SetSessionUser(const QString& user) { mSessionUser = user.toUtf8(); }
 
     /// Seconds that a command may take, its wait for locks included, and that a lock is waited for outside of
     /// commands; 0 waits for ever.
@@ -68,12 +87,14 @@ class SqliteDatabase {
 
     using Clock = std::chrono::steady_clock;
 
+    sqlite3_file& File() const;
     Clock::time_point EndOfWait() const;
     static int OnProgress(void* self);
     static int OnBusy(void* self, int looks);
     [[noreturn]] void RaiseConstraint(int code, const QString& detail) const;
 
     QString mPath;
+    QByteArray mSessionUser;
     std::unique_ptr<sqlite3, Close> mHandle;
     std::optional<RunTimeError> mFunctionError;
     std::chrono::seconds mTimeout{};

@@ -216,3 +216,8 @@ void StatementTranslator::Make(const DeleteStatement& erase) {
     mOut.writes = true;
     mOut.sql = u"DELETE FROM "_s + target + WhereText(erase.where, scope);
 }
+
+void StatementTranslator::Make(const RefusalStatement& refusal) {
+    mOut.sql = u"SELECT 1"_s + WhereText(refusal.condition, Scope());
+    mOut.refusal = RunTimeError(refusal.number, refusal.text, u"42000"_s);
+}

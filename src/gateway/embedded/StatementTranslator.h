@@ -26,6 +26,7 @@ class StatementTranslator {
     void Make(const InsertStatement& insert);
     void Make(const UpdateStatement& update);
     void Make(const DeleteStatement& erase);
+    void Make(const RefusalStatement& refusal);
 
     const Table& Find(const ObjectName& name) const;
     std::vector<Target> Targets(const InsertStatement& insert, const Table& table) const;

@@ -17,6 +17,7 @@ class StoredProcedure {
     /// Runs the body with a call's arguments, converted to the declared parameters. Raises 201, 8114, 8143,
     /// 8144 and 8145 for arguments that do not fit, and whatever fails in the body.
     CommandResult Run(const std::vector<CallArgument>& arguments);
+    bool Writes() const { return mBody->Writes(); }
     QStringList QueryPlan() const { return mBody->QueryPlan(); }
 
   private:

@@ -87,6 +87,14 @@ int TokenCursor::ExpectWholeNumber() {
     return number;
 }
 
+QString TokenCursor::ExpectText() {
+    if (Current().kind != TokenKind::Text)
+        RaiseSyntax();
+    QString text = Current().Content();
+    Advance();
+    return text;
+}
+
 void TokenCursor::RaiseSyntax() const {
     const Token& token = Current();
     if (token.kind == TokenKind::UnclosedQuote)

@@ -40,6 +40,8 @@ class TokenCursor {
     /// The name of a table or procedure with up to three parts: database, owner, object.
     ObjectName ExpectObjectName();
     int ExpectWholeNumber();
+    /// The content of a text in single quotes.
+    QString ExpectText();
 
     /// Counts one level of nesting in a text; raises 191 where it goes too deep. Each Enter has its Leave.
     void Enter();

@@ -2,6 +2,7 @@
 
 #include "gateway/embedded/Convert.h"
 #include "gateway/embedded/SqlType.h"
+#include "text/RunTimeError.h"
 
 #include <QString>
 
@@ -31,6 +32,8 @@ struct Translation {
     /// The first one is parameter `firstConstant`.
     std::vector<Cell> constants;
     int firstConstant = 1;
+    /// A refusal: where the statement brings a row, the command fails with this.
+    std::optional<RunTimeError> refusal = {};
     /// The number of the parameter that gets the present time; 0 for a statement without GETDATE().
     int clock = 0;
     /// The rows of an INSERT that holds literals only: the statement runs once for each, with the row's

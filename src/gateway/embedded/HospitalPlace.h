@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <functional>
+
+// Where a hospital's file may lie, and who may read it. Nothing here opens the file, its log or its index: a
+// handle beside SQLite's own would take SQLite's locks along when it is closed.
+
+/// Raises 53 where nothing bears the name, and 5171 for a folder, a pipe or a device.
+void RequireOrdinaryFile(const QString& path);
+
+/// Raises 5120 for a file on a network drive: its locks are not to be trusted, and two workstations would
+/// write over each other.
+void RequireLocalDisk(const QString& path);
+
+/// Makes an empty file that its owner alone may read and write, whatever the process lets others do with new
+/// files. Raises 5120 where that cannot be done.
+void MakePrivateFile(const QString& path);
+
+/// Takes from everybody but the owner what he may do with the file, its log and its index. Where the system
+/// does not let the user do that, since the file is another's, it stays as it is.
+void KeepPrivate(const QString& path);
+
+/// Takes from everybody but the owner what he may do with the folder.
+void KeepFolderPrivate(const QString& path);
+
+/// Whether a kind of file system, by the system's name for it, lies on another machine.
+bool IsNetworkFileSystem(const QByteArray& kind);
+
+/// Puts another answer in place of the system's own to what kind of file system a path lies on; an empty
+/// function brings the system's back.
+void SetFileSystemOf(std::function<QByteArray(const QString& path)> answer);
