@@ -44,6 +44,9 @@ class CommandGateway {
     /// interrupt its database lets the command come to its end.
     virtual void Cancel() {}
 
+    /// Tells in whose name commands work from now on, where the database does not know it by the logon.
+    virtual void SetSessionUser(const QString&) {}
+
     virtual bool Connected() const = 0;
     /// As the session component opened the connection; never with the password in it.
     virtual QString ConnectionString() const = 0;

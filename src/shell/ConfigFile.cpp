@@ -10,6 +10,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qint64 kLargest = 1024 * 1024;
+// Some editors put it in front of a text; in the first line it would become a part of the key.
+constexpr QByteArrayView kByteOrderMark = "\xEF\xBB\xBF";
+
 void Open(QFile& file, QIODevice::OpenMode mode) {
     if (!file.open(mode))
         throw FileError(file.fileName(), file.errorString());
@@ -19,9 +23,13 @@ void Open(QFile& file, QIODevice::OpenMode mode) {
 QString ReadText() {
     QFile file(ResolveFile(gIniPath));
     Open(file, QIODevice::ReadOnly);
-    const QByteArray text = file.readAll();
+    QByteArray text = file.read(kLargest + 1);
     if (file.error() != QFileDevice::NoError)
         throw FileError(file.fileName(), file.errorString());
+    if (text.size() > kLargest)
+        throw FileError(file.fileName(), u"it is larger than 1 MB, which no configuration file is"_s);
+    if (text.startsWith(kByteOrderMark))
+        text.remove(0, kByteOrderMark.size());
     return QString::fromLatin1(text).replace("\r\n"_L1, "\n"_L1);
 }
 

@@ -1,10 +1,13 @@
 #include "suite/CurrentUser.h"
 
 #include "gateway/CommandGateway.h"
+#include "suite/CoreDumps.h"
 #include "suite/DataSource.h"
 #include "suite/LiveConnection.h"
 #include "suite/Passwords.h"
 #include "suite/SignOnDialog.h"
+#include "text/Format.h"
+#include "toolkit/MsgBox.h"
 #include "toolkit/ShowModal.h"
 
 #include <QSettings>
@@ -21,6 +24,14 @@ QSettings Remembered() {
     return QSettings(QSettings::IniFormat, QSettings::UserScope, u"TARVEN"_s, u"Hemodialysis"_s);
 }
 
+/// What a user is told who signs on: if it was not he who failed, somebody else has tried his name.
+QString TextOf(const FailedSignOns& failed) {
+    const QString moment = u"mm/dd/yyyy hh:mm:ss AM/PM"_s;
+    return u"%1 failed %2 since %3.\nThe last one was at %4 on %5."_s.arg(
+        QString::number(failed.count), failed.count == 1 ? u"sign-on"_s : u"sign-ons"_s,
+        Format(failed.since, moment), failed.workstation, Format(failed.last, moment));
+}
+
 } // namespace
 
 CurrentUser::CurrentUser(std::vector<std::unique_ptr<DataSource>> sources)
@@ -32,6 +43,7 @@ CurrentUser::~CurrentUser() {
 }
 
 void CurrentUser::ShowMain() {
+    ForbidCoreDumps();
     SignOnDialog dialog(mSources, Remembered().value(kDataSourceSetting).toString(), mDeptCode);
     dialog.winId();
     if (QWidget* parent = QWidget::find(mParentWindow))
@@ -44,6 +56,8 @@ void CurrentUser::ShowMain() {
     // A convenience: where it cannot be written, the next sign-on begins with the first data source.
     Remembered().setValue(kDataSourceSetting, mSourceName);
     SetLiveConnection(mUser->connection.get());
+    if (mUser->failed)
+        MsgBox({.text = TextOf(*mUser->failed), .icon = MsgIcon::Information, .title = dialog.windowTitle()});
 }
 
 bool CurrentUser::Connected() const {

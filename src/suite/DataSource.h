@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gateway/CommandGateway.h"
+#include "gateway/embedded/SignOnTrail.h"
 
 #include <QString>
 
@@ -24,6 +25,8 @@ class DataSource {
     virtual bool NeedsMaking() const { return false; }
     /// Whether it can be made anew, which drops everything in it.
     virtual bool CanBeMadeAnew() const { return false; }
+    /// Whether anything was keyed in it that a making anew would drop. Raises where that cannot be found out.
+    virtual bool HoldsWork() const { return false; }
     /// Makes a hospital that has yet to be made; one that another workstation has made meanwhile stays.
     /// Raises with a clear text when it cannot.
     virtual void Make(const MakingProgress& progress);
@@ -36,4 +39,15 @@ class DataSource {
     /// Opens a connection for that user. Raises with the database's text when it cannot, 18456 for a password
     /// that it refuses.
     virtual std::unique_ptr<CommandGateway> Connect(const QString& user, const QString& password) = 0;
+    /// The same for the rows of reports: where it is in the data source's power, nothing can be written
+    /// through it. On a server the user's rights decide that.
+    virtual std::unique_ptr<CommandGateway> ConnectToRead(const QString& user, const QString& password) {
+        return Connect(user, password);
+    }
+    /// The same for a hospital that is about to be made anew, whatever version of the program has made it.
+    virtual std::unique_ptr<CommandGateway> ConnectToReplace(const QString& user, const QString& password) {
+        return Connect(user, password);
+    }
+    /// The trail of sign-ons over one of its connections; null where the server looks after them itself.
+    virtual std::unique_ptr<SignOnTrail> Trail(CommandGateway&) const { return nullptr; }
 };

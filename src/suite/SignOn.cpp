@@ -44,10 +44,11 @@ SignOnOutcome RefusedDepartment(const QString& employee, const QString& deptCode
 } // namespace
 
 SignOnOutcome TrySignOn(DataSource& source, const QString& user, const QString& password,
-                        const QString& deptCode) {
+                        const SignOnTry& signOn) {
     std::unique_ptr<CommandGateway> connection;
     try {
-        connection = source.Connect(user, password);
+        connection =
+            signOn.toReplace ? source.ConnectToReplace(user, password) : source.Connect(user, password);
     } catch (const RunTimeError& error) {
         // A server that knows the user by himself refuses him at its door.
         if (error.Number() == static_cast<int>(Fault::LoginFailed))
@@ -55,26 +56,36 @@ SignOnOutcome TrySignOn(DataSource& source, const QString& user, const QString& 
         throw;
     }
     const RowSet rows = connection->Execute(UserCommand(source, user));
+    const QString employee = rows.Eof() ? QString() : rows.Fields(u"EmployeeID").ToText();
+    const auto trail = source.Trail(*connection);
+    if (trail) {
+        const std::chrono::seconds wait = signOn.waited ? trail->WaitHere() : trail->Wait(employee);
+        if (wait.count() > 0)
+            return {.user = nullptr, .wait = wait};
+        trail->Begin(employee);
+    }
     if (!source.ProvesPasswords() && !IsPassword(rows, password))
         return RefusedUser();
     // The server's other users are not the hospital's.
     if (rows.Eof())
-        return RefusedDepartment(user, deptCode);
-    const QString employee = rows.Fields(u"EmployeeID").ToText();
-    if (connection->Execute(DepartmentCommand(employee, deptCode)).Eof())
-        return RefusedDepartment(employee, deptCode);
+        return RefusedDepartment(user, signOn.deptCode);
+    const auto failed = trail ? trail->Succeeded(employee) : std::nullopt;
+    if (connection->Execute(DepartmentCommand(employee, signOn.deptCode)).Eof())
+        return RefusedDepartment(employee, signOn.deptCode);
+    connection->SetSessionUser(employee);
     auto signedOn = std::make_unique<SignedOnUser>();
     signedOn->userId = user;
     signedOn->employeeCode = employee;
     signedOn->employeeName =
         rows.Fields(u"FirstName").TextOrEmpty() + u' ' + rows.Fields(u"LastName").TextOrEmpty();
     signedOn->initial = rows.Fields(u"Initial").TextOrEmpty();
+    signedOn->failed = failed;
     signedOn->connection = std::move(connection);
-    return {.user = std::move(signedOn), .refusal = {}};
+    return {.user = std::move(signedOn)};
 }
 
 std::unique_ptr<CommandGateway> LogOn(DataSource& source, const QString& user, const QString& password) {
-    auto connection = source.Connect(user, password);
+    auto connection = source.ConnectToRead(user, password);
     if (!source.ProvesPasswords() && !IsPassword(connection->Execute(UserCommand(source, user)), password))
         throw ServerError(Fault::LoginFailed, {user});
     return connection;

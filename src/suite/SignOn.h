@@ -1,10 +1,13 @@
 #pragma once
 
 #include "gateway/CommandGateway.h"
+#include "gateway/embedded/SignOnTrail.h"
 
 #include <QString>
 
+#include <chrono>
 #include <memory>
+#include <optional>
 
 class DataSource;
 
@@ -16,19 +19,34 @@ struct SignedOnUser {
     QString employeeName;
     QString initial;
     std::unique_ptr<CommandGateway> connection;
+    /// What failed in his name since he last signed on, where the hospital keeps that.
+    std::optional<FailedSignOns> failed = {};
 };
 
-/// What one try to sign on brought: a user, or a text that says why not.
+/// What one try to sign on brought: a user, a text that says why not, or a time to wait before the password
+/// is looked at.
 struct SignOnOutcome {
     std::unique_ptr<SignedOnUser> user;
-    QString refusal;
+    QString refusal = {};
+    std::chrono::seconds wait{0};
+};
+
+/// How a try to sign on came about.
+struct SignOnTry {
+    QString deptCode;
+    /// Whether the wait that an earlier outcome asked for is over. What failed at other workstations
+    /// meanwhile does not make it longer, so that nobody can keep a user out from there.
+    bool waited = false;
+    /// Whether the hospital is to be made anew, for which any version of it will do.
+    bool toReplace = false;
 };
 
 /// Tries to sign a user on for a department: connects, looks the user up, checks the password and that the
 /// user may work for the department. A wrong user and a wrong password give the same refusal. Raises when the
 /// data source cannot be reached.
 SignOnOutcome TrySignOn(DataSource& source, const QString& user, const QString& password,
-                        const QString& deptCode);
+                        const SignOnTry& signOn);
 
-/// Connects a user who has signed on before, for the tables of a report. Raises 18456 for a wrong password.
+/// Connects a user who has signed on before, to read the tables of a report. Raises 18456 for a wrong
+/// password.
 std::unique_ptr<CommandGateway> LogOn(DataSource& source, const QString& user, const QString& password);

@@ -1,5 +1,6 @@
 #include "suite/SignOnDialog.h"
 
+#include "gateway/embedded/ServerError.h"
 #include "suite/DataSource.h"
 #include "suite/Passwords.h"
 #include "text/RunTimeError.h"
@@ -16,12 +17,14 @@
 #include <QLineEdit>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int kWidth = 5000;
+constexpr std::chrono::milliseconds kWaitStep(200);
 
 /// The progress of a making, which nobody can close: as long as it shows, the sign-on window under it takes
 /// no key and no click, and nobody begins a second making inside the first.
@@ -80,6 +83,7 @@ void SignOnDialog::Layout() {
     lblProblem->setWordWrap(true);
     lblProblem->setStyleSheet(u"color: #a3262b; font-weight: bold;"_s);
     lblProblem->hide();
+    tmrWait = new QTimer(this);
 
     auto* grid = new QGridLayout(this);
     grid->setColumnMinimumWidth(1, TwipsToPixels(kWidth));
@@ -109,6 +113,7 @@ void SignOnDialog::Wire() {
     connect(cmdOK, &QPushButton::clicked, this, &SignOnDialog::cmdOK_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(cmdMakeAnew, &QPushButton::clicked, this, &SignOnDialog::cmdMakeAnew_Click);
+    connect(tmrWait, &QTimer::timeout, this, &SignOnDialog::tmrWait_Timer);
 }
 
 DataSource& SignOnDialog::Source() const {
@@ -125,6 +130,11 @@ QString SignOnDialog::TakePassword() {
     return password;
 }
 
+void SignOnDialog::ForgetPassword() {
+    QString password = TakePassword();
+    WipePassword(password);
+}
+
 void SignOnDialog::cmbDataSource_Change() {
     lblHint->setText(Source().Hint());
     cmdMakeAnew->setVisible(Source().CanBeMadeAnew());
@@ -137,26 +147,65 @@ void SignOnDialog::ShowProblem(const QString& text) {
 
 void SignOnDialog::cmdOK_Click() {
     ShowProblem({});
+    Try(false);
+}
+
+void SignOnDialog::Try(bool waited) {
     try {
         if (Source().NeedsMaking() && !MakeHospital(false))
             return;
-        SignOnOutcome outcome =
-            TrySignOn(Source(), txtUser->text().trimmed(), txtPassword->text(), mDeptCode);
-        if (!outcome.user) {
+        SignOnOutcome outcome = TrySignOn(Source(), txtUser->text().trimmed(), txtPassword->text(),
+                                          {.deptCode = mDeptCode, .waited = waited});
+        if (outcome.wait.count() > 0) {
+            Wait(outcome.wait);
+        } else if (outcome.user) {
+            mUser = std::move(outcome.user);
+            accept();
+        } else {
             Refuse(outcome.refusal);
-            return;
         }
-        mUser = std::move(outcome.user);
-        accept();
     } catch (const RunTimeError& error) {
         // The data source is to blame, not the user: no try is lost.
         ShowProblem(error.Description());
     }
 }
 
+void SignOnDialog::Wait(std::chrono::seconds wait) {
+    mWaitEnd = std::chrono::steady_clock::now() + wait;
+    SetWaiting(true);
+    tmrWait_Timer();
+}
+
+void SignOnDialog::SetWaiting(bool waiting) {
+    // Where the focus would else go from a button that is switched off: to Cancel, and the next Enter there.
+    if (waiting)
+        txtPassword->setFocus();
+    txtUser->setReadOnly(waiting);
+    txtPassword->setReadOnly(waiting);
+    for (QWidget* control : std::initializer_list<QWidget*>{cmbDataSource, cmdOK, cmdMakeAnew})
+        control->setEnabled(!waiting);
+    if (waiting)
+        tmrWait->start(kWaitStep);
+    else
+        tmrWait->stop();
+}
+
+void SignOnDialog::tmrWait_Timer() {
+    const auto left = std::chrono::ceil<std::chrono::seconds>(mWaitEnd - std::chrono::steady_clock::now());
+    if (left.count() > 0) {
+        ShowProblem(
+            u"There were too many failed sign-ons. The password is looked at in %1 %2."_s.arg(left.count())
+                .arg(left.count() == 1 ? u"second"_s : u"seconds"_s));
+        return;
+    }
+    SetWaiting(false);
+    ShowProblem({});
+    Try(true);
+}
+
 void SignOnDialog::Refuse(const QString& reason) {
     --mTriesLeft;
-    txtPassword->clear();
+    ForgetPassword();
     if (mTriesLeft == 0) {
         MsgBox(
             {.text = reason + u"\n\nThat was the third try. The program ends."_s, .icon = MsgIcon::Critical});
@@ -182,16 +231,51 @@ bool SignOnDialog::MakeHospital(bool anew) {
     }
 }
 
-void SignOnDialog::cmdMakeAnew_Click() {
+bool SignOnDialog::SignsOnToReplace() {
+    SignOnOutcome outcome;
+    try {
+        outcome = TrySignOn(Source(), txtUser->text().trimmed(), txtPassword->text(),
+                            {.deptCode = mDeptCode, .toReplace = true});
+    } catch (const RunTimeError& error) {
+        // A hospital of which not even the users can be read is nobody's any more.
+        if (error.Number() == static_cast<int>(Fault::Damaged))
+            return true;
+        throw;
+    }
+    if (outcome.wait.count() > 0)
+        ShowProblem(
+            u"There were too many failed sign-ons. Try again in %1 seconds."_s.arg(outcome.wait.count()));
+    else if (!outcome.user)
+        Refuse(outcome.refusal);
+    return outcome.user != nullptr;
+}
+
+bool SignOnDialog::MayMakeAnew() {
+    const bool holdsWork = Source().HoldsWork();
+    if (holdsWork && txtUser->text().trimmed().isEmpty()) {
+        ShowProblem(
+            u"Somebody has worked in this hospital. Key your user and password before you make it anew."_s);
+        txtUser->setFocus();
+        return false;
+    }
     const MsgAnswer answer =
         MsgBox({.text = u"Make the trial hospital anew? Everything that was keyed in it is lost."_s,
                 .icon = MsgIcon::Question,
                 .title = windowTitle(),
                 .buttons = MsgButtons::YesNo,
                 .defaultAnswer = MsgAnswer::No});
-    if (answer != MsgAnswer::Yes)
-        return;
+    return answer == MsgAnswer::Yes && (!holdsWork || SignsOnToReplace());
+}
+
+void SignOnDialog::cmdMakeAnew_Click() {
     ShowProblem({});
+    try {
+        if (!MayMakeAnew())
+            return;
+    } catch (const RunTimeError& error) {
+        ShowProblem(error.Description());
+        return;
+    }
     if (MakeHospital(true))
         txtUser->setFocus();
 }

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+#include <chrono>
 #include <memory>
 #include <span>
 
@@ -13,8 +14,10 @@ class QLabel;
 class QLayout;
 class QLineEdit;
 class QPushButton;
+class QTimer;
 
-/// The sign-on window: user, password, data source. Three wrong tries close it.
+/// The sign-on window: user, password, data source. Three wrong tries close it. Where the hospital asks for a
+/// wait before it looks at a password, the window waits, tells how long, and then goes on by itself.
 class SignOnDialog : public QDialog {
     Q_OBJECT
 
@@ -41,13 +44,21 @@ class SignOnDialog : public QDialog {
 
     DataSource& Source() const;
     bool MakeHospital(bool anew);
+    bool MayMakeAnew();
+    bool SignsOnToReplace();
+    void Try(bool waited);
+    void Wait(std::chrono::seconds wait);
+    void tmrWait_Timer();
+    void SetWaiting(bool waiting);
     void Refuse(const QString& reason);
+    void ForgetPassword();
     void ShowProblem(const QString& text);
 
     std::span<const std::unique_ptr<DataSource>> mSources;
     QString mDeptCode;
     std::unique_ptr<SignedOnUser> mUser;
     int mTriesLeft = 3;
+    std::chrono::steady_clock::time_point mWaitEnd;
 
     QLineEdit* txtUser;
     QLineEdit* txtPassword;
@@ -57,4 +68,5 @@ class SignOnDialog : public QDialog {
     QPushButton* cmdMakeAnew;
     QPushButton* cmdOK;
     QPushButton* cmdCancel;
+    QTimer* tmrWait;
 };

@@ -1,12 +1,16 @@
 #include "suite/TrialHospital.h"
 
+#include "gateway/embedded/HospitalEngine.h"
 #include "gateway/embedded/HospitalFile.h"
+#include "gateway/embedded/HospitalPlace.h"
+#include "gateway/embedded/ServerError.h"
 #include "hospital/HospitalScripts.h"
 #include "toolkit/ProgramFiles.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSysInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -33,10 +37,25 @@ bool TrialHospital::NeedsMaking() const {
     return !QFile::exists(mPath);
 }
 
+bool TrialHospital::HoldsWork() const {
+    if (NeedsMaking())
+        return false;
+    try {
+        return !EmbeddedGateway(mPath, EmbeddedGateway::Access::Reading).Engine().Store().IsFresh();
+    } catch (const RunTimeError& error) {
+        // What is no hospital, or no longer one, holds nothing that anybody could sign on to.
+        const auto fault = static_cast<Fault>(error.Number());
+        if (fault != Fault::NoHospital && fault != Fault::Damaged)
+            throw;
+        return false;
+    }
+}
+
 void TrialHospital::MakeFolder() const {
     const QString folder = QFileInfo(mPath).path();
     if (!QDir().mkpath(folder))
         throw FileError(folder);
+    KeepFolderPrivate(folder);
 }
 
 void TrialHospital::Make(const MakingProgress& progress) {
@@ -51,6 +70,20 @@ void TrialHospital::MakeAnew(const MakingProgress& progress) {
 }
 
 std::unique_ptr<CommandGateway> TrialHospital::Connect(const QString&, const QString&) {
+    KeepFolderPrivate(QFileInfo(mPath).path());
     // What is compared with the file, or replaced in it, is its structure alone.
     return HospitalFile::Open(mPath, HospitalStructure());
+}
+
+std::unique_ptr<CommandGateway> TrialHospital::ConnectToRead(const QString&, const QString&) {
+    return std::make_unique<EmbeddedGateway>(mPath, EmbeddedGateway::Access::Reading);
+}
+
+std::unique_ptr<CommandGateway> TrialHospital::ConnectToReplace(const QString&, const QString&) {
+    return std::make_unique<EmbeddedGateway>(mPath);
+}
+
+std::unique_ptr<SignOnTrail> TrialHospital::Trail(CommandGateway& connection) const {
+    auto& embedded = static_cast<EmbeddedGateway&>(connection);
+    return std::make_unique<SignOnTrail>(embedded.Engine().Database(), QSysInfo::machineHostName());
 }

@@ -15,9 +15,13 @@ class TrialHospital : public DataSource {
     QString Hint() const override;
     bool NeedsMaking() const override;
     bool CanBeMadeAnew() const override { return true; }
+    bool HoldsWork() const override;
     void Make(const MakingProgress& progress) override;
     void MakeAnew(const MakingProgress& progress) override;
     std::unique_ptr<CommandGateway> Connect(const QString& user, const QString& password) override;
+    std::unique_ptr<CommandGateway> ConnectToRead(const QString& user, const QString& password) override;
+    std::unique_ptr<CommandGateway> ConnectToReplace(const QString& user, const QString& password) override;
+    std::unique_ptr<SignOnTrail> Trail(CommandGateway& connection) const override;
 
     const QString& Path() const { return mPath; }
 

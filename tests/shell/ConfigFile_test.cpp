@@ -201,4 +201,26 @@ TEST_F(ConfigFile, AFullDiskRaises75) {
     EXPECT_THROW(AppendConfigValue(u"DeptCode"_s, u"HC"_s), RunTimeError);
 }
 
+TEST_F(ConfigFile, AByteOrderMarkIsNoPartOfTheFirstKey) {
+    Write("\xEF\xBB\xBF"
+          "DeptCode = HC\nDeptDesc = HEMODIALYSIS\n");
+    EXPECT_EQ(Read(u"DeptCode"_s), u"HC"_s);
+    EXPECT_EQ(Read(u"DeptDesc"_s), u"HEMODIALYSIS"_s);
+}
+
+TEST_F(ConfigFile, AFileOfMoreThanAMegabyteIsRefusedInWords) {
+    const QByteArray line = "DeptCode = HC\n";
+    Write(line + QByteArray(1024 * 1024 - line.size(), 'x'));
+    EXPECT_EQ(Read(u"DeptCode"_s), u"HC"_s) << "to the byte";
+    Write(line + QByteArray(1024 * 1024 - line.size() + 1, 'x'));
+    try {
+        Read(u"DeptCode"_s);
+        FAIL() << "nothing was raised";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Number(), RunTime::kPathFileAccess);
+        EXPECT_TRUE(error.Description().contains(Path())) << error.what();
+        EXPECT_TRUE(error.Description().contains(u"larger than 1 MB"_s)) << error.what();
+    }
+}
+
 } // namespace

@@ -2,6 +2,7 @@
 #include "suite/LiveConnection.h"
 #include "suite/Passwords.h"
 #include "suite/SuiteTest.h"
+#include "text/Clock.h"
 
 #include <QComboBox>
 #include <QDirIterator>
@@ -13,6 +14,8 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <sys/prctl.h>
+#include <sys/resource.h>
 
 using namespace Qt::StringLiterals;
 
@@ -110,6 +113,41 @@ TEST_F(CurrentUserTest, BeginsWithTheDataSourceOfTheLastSignOn) {
         EXPECT_EQ(Find<QComboBox>(dialog, "cmbDataSource").currentText(), u"San Roque"_s);
         EXPECT_EQ(Find<QLineEdit>(dialog, "txtUser").text(), QString());
         EXPECT_EQ(Find<QLineEdit>(dialog, "txtPassword").text(), QString());
+        dialog.reject();
+    });
+    NewSession()->ShowMain();
+}
+
+TEST_F(CurrentUserTest, TellsTheUserWhatFailedInHisNameSinceHeLastSignedOn) {
+    FakeSource desk(u"Trial hospital"_s, Path());
+    desk.workstation = u"DESK2"_s;
+    TrySignOn(desk, u"NURSE"_s, u"nurse"_s, {u"HC"_s});
+    SetClock([] { return Moment().AddDays(1); });
+    TrySignOn(desk, u"NURSE"_s, u"wrong"_s, {u"HC"_s});
+    TrySignOn(desk, u"NURSE"_s, u"wrong"_s, {u"HC"_s});
+    SetClock([] { return Moment().AddDays(2); });
+    std::vector<std::unique_ptr<DataSource>> sources;
+    auto source = std::make_unique<FakeSource>(u"Trial hospital"_s, Path());
+    source->workstation = u"DESK1"_s;
+    sources.push_back(std::move(source));
+    CurrentUser session(std::move(sources));
+    session.SetPasswordDeptCode(u"HC"_s);
+    messages.Expect({.text = u"2 failed sign-ons since 11/21/2026 10:15:00 AM.\nThe last one was at DESK2 on "
+                             "11/22/2026 10:15:00 AM."_s,
+                     .icon = MsgIcon::Information,
+                     .title = u"Sign On"_s});
+    const OnDialog signOn([](QDialog& dialog) { SignOn(dialog, u"NURSE"_s, u"nurse"_s); });
+    session.ShowMain();
+    EXPECT_TRUE(session.Connected());
+}
+
+TEST_F(CurrentUserTest, LeavesNoCoreDumpOnceAPasswordCanBeTyped) {
+    const OnDialog look([](QDialog& dialog) {
+        rlimit limit = {};
+        EXPECT_EQ(getrlimit(RLIMIT_CORE, &limit), 0);
+        EXPECT_EQ(limit.rlim_cur, 0U);
+        EXPECT_EQ(limit.rlim_max, 0U);
+        EXPECT_EQ(prctl(PR_GET_DUMPABLE), 0);
         dialog.reject();
     });
     NewSession()->ShowMain();

@@ -54,7 +54,7 @@ TEST_F(OdbcSourceTest, StandsAndIsNotMadeHere) {
 }
 
 TEST_F(OdbcSourceTest, TheServersLogonProvesThePassword) {
-    const SignOnOutcome outcome = TrySignOn(source, u"NURSE"_s, kPassword, u"HC"_s);
+    const SignOnOutcome outcome = TrySignOn(source, u"NURSE"_s, kPassword, {u"HC"_s});
     ASSERT_NE(outcome.user, nullptr) << outcome.refusal.toStdString();
     EXPECT_EQ(outcome.user->employeeCode, u"NURSE"_s);
     EXPECT_EQ(outcome.user->employeeName, u"MARISSA VILLANUEVA"_s);
@@ -63,7 +63,7 @@ TEST_F(OdbcSourceTest, TheServersLogonProvesThePassword) {
 }
 
 TEST_F(OdbcSourceTest, TheHashesPlayNoPartOnAServer) {
-    TrySignOn(source, u"NURSE"_s, kPassword, u"HC"_s);
+    TrySignOn(source, u"NURSE"_s, kPassword, {u"HC"_s});
     ASSERT_FALSE(server.Batches().isEmpty());
     for (const QString& batch : server.Batches())
         EXPECT_FALSE(batch.contains(u"PasswordHash"_s)) << batch.toStdString();
@@ -71,25 +71,25 @@ TEST_F(OdbcSourceTest, TheHashesPlayNoPartOnAServer) {
 
 TEST_F(OdbcSourceTest, APasswordThatTheServerRefusesIsWrong) {
     for (const QString& password : {u"nurse"_s, QString()})
-        EXPECT_EQ(TrySignOn(source, u"NURSE"_s, password, u"HC"_s).refusal, kWrong);
-    EXPECT_EQ(TrySignOn(source, u"NOBODY"_s, kPassword, u"HC"_s).refusal, kWrong);
+        EXPECT_EQ(TrySignOn(source, u"NURSE"_s, password, {u"HC"_s}).refusal, kWrong);
+    EXPECT_EQ(TrySignOn(source, u"NOBODY"_s, kPassword, {u"HC"_s}).refusal, kWrong);
 }
 
 TEST_F(OdbcSourceTest, AUserOfTheServerWhoIsNotTheHospitalsIsRefused) {
     server.Admit(u"backup"_s, kPassword);
-    EXPECT_EQ(TrySignOn(source, u"backup"_s, kPassword, u"HC"_s).refusal,
+    EXPECT_EQ(TrySignOn(source, u"backup"_s, kPassword, {u"HC"_s}).refusal,
               u"backup may not sign on for department HC."_s);
 }
 
 TEST_F(OdbcSourceTest, AUserOfAnotherDepartmentIsRefused) {
     server.Admit(u"LAB"_s, kPassword);
-    EXPECT_EQ(TrySignOn(source, u"LAB"_s, kPassword, u"HC"_s).refusal,
+    EXPECT_EQ(TrySignOn(source, u"LAB"_s, kPassword, {u"HC"_s}).refusal,
               u"LAB may not sign on for department HC."_s);
 }
 
 TEST_F(OdbcSourceTest, AnotherLogonInTheUsersNameIsHisAsHeTypedIt) {
     server.Admit(u"nurse"_s, kPassword);
-    const SignOnOutcome outcome = TrySignOn(source, u"nurse"_s, kPassword, u"HC"_s);
+    const SignOnOutcome outcome = TrySignOn(source, u"nurse"_s, kPassword, {u"HC"_s});
     ASSERT_NE(outcome.user, nullptr);
     EXPECT_EQ(outcome.user->employeeCode, u"NURSE"_s);
     EXPECT_EQ(outcome.user->userId, u"nurse"_s);

@@ -1,5 +1,6 @@
 #include "suite/SignOnDialog.h"
 #include "suite/SuiteTest.h"
+#include "text/Clock.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -269,6 +270,59 @@ TEST_F(SignOnDialogTest, TheDataSourceChosenIsTheOneSignedOnTo) {
     EXPECT_EQ(first->connected, 0);
     EXPECT_EQ(second->connected, 1);
     EXPECT_EQ(dialog->SourceName(), u"San Roque"_s);
+}
+
+TEST_F(SignOnDialogTest, WaitsWhereTheHospitalAsksForItAndGoesOnByItself) {
+    first->workstation = u"DESK1"_s;
+    SetClock({});
+    for (int i = 0; i < 3; ++i)
+        TrySignOn(*first, u"NURSE"_s, u"wrong"_s, {.deptCode = u"HC"_s, .waited = true});
+    Open();
+    TryAs(u"CLERK"_s, u"clerk"_s);
+    EXPECT_EQ(Problem(), u"There were too many failed sign-ons. The password is looked at in 2 seconds."_s);
+    EXPECT_TRUE(In<QLineEdit>("txtPassword").hasFocus());
+    EXPECT_FALSE(In<QPushButton>("cmdOK").isEnabled());
+    Press(In<QLineEdit>("txtPassword"), Qt::Key_Return);
+    EXPECT_TRUE(dialog->isVisible()) << "an Enter that comes too early ends nothing";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !dialog->isVisible(); }));
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+    EXPECT_EQ(dialog->TakeUser()->employeeCode, u"CLERK"_s);
+}
+
+TEST_F(SignOnDialogTest, AWaitCanBeLeft) {
+    first->workstation = u"DESK1"_s;
+    for (int i = 0; i < 6; ++i)
+        TrySignOn(*first, u"NURSE"_s, u"wrong"_s, {.deptCode = u"HC"_s, .waited = true});
+    Open();
+    TryAs(u"CLERK"_s, u"clerk"_s);
+    Press(In<QLineEdit>("txtPassword"), Qt::Key_Escape);
+    EXPECT_EQ(dialog->result(), QDialog::Rejected);
+    EXPECT_FALSE(dialog->isVisible());
+}
+
+TEST_F(SignOnDialogTest, AHospitalInWhichSomebodyHasWorkedIsMadeAnewForItsUsersAlone) {
+    first->holdsWork = true;
+    Open();
+    Click(In<QPushButton>("cmdMakeAnew"));
+    EXPECT_EQ(Problem(),
+              u"Somebody has worked in this hospital. Key your user and password before you make it anew."_s);
+    EXPECT_TRUE(In<QLineEdit>("txtUser").hasFocus());
+    In<QLineEdit>("txtUser").setText(u"NURSE"_s);
+    In<QLineEdit>("txtPassword").setText(u"wrong"_s);
+    messages.Expect(kMakeAnew, MsgAnswer::Yes);
+    Click(In<QPushButton>("cmdMakeAnew"));
+    EXPECT_EQ(Problem(), u"The user or the password is wrong. Two tries are left."_s);
+    EXPECT_EQ(first->madeAnew, 0);
+    In<QLineEdit>("txtPassword").setText(u"nurse"_s);
+    messages.Expect(kMakeAnew, MsgAnswer::No);
+    Click(In<QPushButton>("cmdMakeAnew"));
+    EXPECT_EQ(first->madeAnew, 0);
+    messages.Expect(kMakeAnew, MsgAnswer::Yes);
+    Click(In<QPushButton>("cmdMakeAnew"));
+    EXPECT_EQ(first->madeAnew, 1);
+    EXPECT_EQ(first->connected, 0);
+    EXPECT_EQ(first->connectedToReplace, 2) << "whatever version has made it";
+    EXPECT_TRUE(dialog->isVisible()) << "it is not the sign-on yet";
 }
 
 } // namespace

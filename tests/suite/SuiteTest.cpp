@@ -1,6 +1,7 @@
 #include "suite/SuiteTest.h"
 
 #include "gateway/embedded/EmbeddedGateway.h"
+#include "gateway/embedded/HospitalEngine.h"
 #include "suite/LiveConnection.h"
 #include "toolkit/Failure.h"
 #include "toolkit/Focus.h"
@@ -70,4 +71,21 @@ std::unique_ptr<CommandGateway> FakeSource::Connect(const QString&, const QStrin
         throw *connectFailure;
     ++connected;
     return std::make_unique<EmbeddedGateway>(mPath);
+}
+
+std::unique_ptr<CommandGateway> FakeSource::ConnectToRead(const QString&, const QString&) {
+    ++connectedToRead;
+    return std::make_unique<EmbeddedGateway>(mPath, EmbeddedGateway::Access::Reading);
+}
+
+std::unique_ptr<CommandGateway> FakeSource::ConnectToReplace(const QString&, const QString&) {
+    ++connectedToReplace;
+    return std::make_unique<EmbeddedGateway>(mPath);
+}
+
+std::unique_ptr<SignOnTrail> FakeSource::Trail(CommandGateway& connection) const {
+    if (workstation.isEmpty())
+        return nullptr;
+    return std::make_unique<SignOnTrail>(static_cast<EmbeddedGateway&>(connection).Engine().Database(),
+                                         workstation);
 }

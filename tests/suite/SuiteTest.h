@@ -61,6 +61,12 @@ class FakeSource : public DataSource {
     /// The making's progress, to be told in its middle.
     MakingProgress tell;
     int connected = 0;
+    /// How often it was connected to for reading alone, and to be replaced.
+    int connectedToRead = 0;
+    int connectedToReplace = 0;
+    /// Where it keeps a trail of sign-ons: the workstation of which it is the trail.
+    QString workstation;
+    bool holdsWork = false;
 
     QString Name() const override { return mName; }
     QString Hint() const override { return hint; }
@@ -69,6 +75,10 @@ class FakeSource : public DataSource {
     void Make(const MakingProgress& progress) override;
     void MakeAnew(const MakingProgress& progress) override;
     std::unique_ptr<CommandGateway> Connect(const QString& user, const QString& password) override;
+    std::unique_ptr<CommandGateway> ConnectToRead(const QString& user, const QString& password) override;
+    std::unique_ptr<CommandGateway> ConnectToReplace(const QString& user, const QString& password) override;
+    std::unique_ptr<SignOnTrail> Trail(CommandGateway& connection) const override;
+    bool HoldsWork() const override { return holdsWork; }
 
   private:
     QString mName;

@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 
@@ -64,7 +65,7 @@ TEST_F(TrialHospitalTest, IsMadeWithItsFolderAndTellsHowFarItHasCome) {
          {std::pair{u"NURSE"_s, u"nurse"_s}, {u"CLERK"_s, u"clerk"_s}, {u"ADMIN"_s, u"admin"_s}}) {
         EXPECT_TRUE(hospital.Hint().contains(user));
         EXPECT_TRUE(hospital.Hint().contains(password));
-        EXPECT_EQ(TrySignOn(hospital, user, password, u"HC"_s).refusal, QString());
+        EXPECT_EQ(TrySignOn(hospital, user, password, {u"HC"_s}).refusal, QString());
     }
 }
 
@@ -72,10 +73,10 @@ TEST_F(TrialHospitalTest, MadeAnewItHasLostWhatWasKeyed) {
     hospital.Make({});
     hospital.Connect({}, {})->ExecuteNoResult(
         u"DELETE FROM PASSWORD..tbPasswordMain WHERE EmployeeID = 'NURSE'"_s);
-    EXPECT_FALSE(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, u"HC"_s).refusal.isEmpty());
+    EXPECT_FALSE(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).refusal.isEmpty());
     EXPECT_TRUE(hospital.CanBeMadeAnew());
     hospital.MakeAnew({});
-    EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, u"HC"_s).refusal, QString());
+    EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).refusal, QString());
 }
 
 TEST_F(TrialHospitalTest, AMakingLeavesAHospitalThatAnotherWorkstationHasMadeMeanwhile) {
@@ -83,7 +84,7 @@ TEST_F(TrialHospitalTest, AMakingLeavesAHospitalThatAnotherWorkstationHasMadeMea
     hospital.Connect({}, {})->ExecuteNoResult(
         u"DELETE FROM PASSWORD..tbPasswordMain WHERE EmployeeID = 'NURSE'"_s);
     hospital.Make({});
-    EXPECT_FALSE(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, u"HC"_s).refusal.isEmpty())
+    EXPECT_FALSE(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).refusal.isEmpty())
         << "what was keyed there stands";
 }
 
@@ -92,7 +93,7 @@ TEST_F(TrialHospitalTest, AHospitalThatSomebodyHasOpenIsNotMadeAnew) {
     const auto clerk = hospital.Connect({}, {});
     clerk->ExecuteNoResult(u"DELETE FROM PASSWORD..tbPasswordMain WHERE EmployeeID = 'NURSE'"_s);
     EXPECT_EQ(ErrorOf([this] { hospital.MakeAnew({}); }), 3702);
-    EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, u"HC"_s).refusal,
+    EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).refusal,
               u"The user or the password is wrong."_s);
 }
 
@@ -101,7 +102,7 @@ TEST_F(TrialHospitalTest, AJournalThatWasLeftBehindIsNotPlayedIntoTheNewFile) {
     WriteFile(hospital.Path() + u"-wal"_s, "left behind");
     WriteFile(hospital.Path() + u"-shm"_s, "left behind");
     hospital.Make({});
-    EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, u"HC"_s).refusal, QString());
+    EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).refusal, QString());
 }
 
 TEST_F(TrialHospitalTest, AFileThatIsNoHospitalIsRefusedAndLeftAlone) {
@@ -125,16 +126,61 @@ TEST_F(TrialHospitalTest, AFolderThatCannotBeMadeRaises75) {
     }
 }
 
-TEST_F(TrialHospitalTest, AFileThatCannotBeReplacedRaises5120) {
+TEST_F(TrialHospitalTest, AFolderInItsPlaceIsNotReplaced) {
     QDir().mkpath(hospital.Path() + u"/inside"_s);
     try {
         hospital.MakeAnew({});
         FAIL() << "nothing was raised";
     } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.Number(), 5120);
+        EXPECT_EQ(error.Number(), 5171);
         EXPECT_TRUE(error.Description().contains(hospital.Path())) << error.Description().toStdString();
     }
     EXPECT_TRUE(QDir(hospital.Path()).exists());
+}
+
+TEST_F(TrialHospitalTest, LiesInAFolderThatIsItsOwnersAlone) {
+    const mode_t before = ::umask(0);
+    hospital.Make({});
+    ::umask(before);
+    const QByteArray folder = QFile::encodeName(QFileInfo(hospital.Path()).path());
+    struct stat found = {};
+    ASSERT_EQ(::stat(folder.constData(), &found), 0);
+    EXPECT_EQ(found.st_mode & 0777U, 0700U);
+    ASSERT_EQ(::chmod(folder.constData(), 0755), 0);
+    hospital.Connect({}, {});
+    ASSERT_EQ(::stat(folder.constData(), &found), 0);
+    EXPECT_EQ(found.st_mode & 0777U, 0700U) << "one that is found wider is narrowed";
+}
+
+TEST_F(TrialHospitalTest, HoldsWorkOnceSomebodyHasWrittenInIt) {
+    EXPECT_FALSE(hospital.HoldsWork()) << "not made yet";
+    hospital.Make({});
+    EXPECT_FALSE(hospital.HoldsWork());
+    const auto clerk = TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).user;
+    EXPECT_FALSE(hospital.HoldsWork()) << "a sign-on is no work";
+    clerk->connection->ExecuteNoResult(u"delete Clinical_Area..tbEarCareChargePrint"_s);
+    EXPECT_TRUE(hospital.HoldsWork());
+}
+
+TEST_F(TrialHospitalTest, WhatIsNoHospitalHoldsNoWork) {
+    QDir().mkpath(QFileInfo(hospital.Path()).path());
+    WriteFile(hospital.Path(), "a letter");
+    EXPECT_FALSE(hospital.HoldsWork());
+}
+
+TEST_F(TrialHospitalTest, FailedSignOnsAreCountedForThisMachine) {
+    hospital.Make({});
+    for (int i = 0; i < 3; ++i)
+        TrySignOn(hospital, u"NURSE"_s, u"wrong"_s, {u"HC"_s});
+    EXPECT_EQ(TrySignOn(hospital, u"CLERK"_s, u"clerk"_s, {u"HC"_s}).wait.count(), 2);
+}
+
+TEST_F(TrialHospitalTest, AReportReadsAndDoesNotWrite) {
+    hospital.Make({});
+    const auto report = LogOn(hospital, u"NURSE"_s, u"nurse"_s);
+    EXPECT_FALSE(report->Execute(u"select * from PATIENT_DATA..tbhospitalInfo"_s).Eof());
+    EXPECT_EQ(ErrorOf([&] { report->ExecuteNoResult(u"delete Clinical_Area..tbEarCareChargePrint"_s); }),
+              3906);
 }
 
 } // namespace

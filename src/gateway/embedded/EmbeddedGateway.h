@@ -31,9 +31,8 @@ class EmbeddedGateway : public CommandGateway {
     void SetDefaultDatabase(const QString& name) override;
     void SetCommandTimeout(int seconds) override;
     void Cancel() override;
-    /// The user in whose name commands work from now on, as SUSER_SNAME() gives him to the procedures. Nobody
-    /// until a sign-on has told him.
-    void SetSessionUser(const QString& user);
+    /// The user is given to the procedures by SUSER_SNAME(). It is nobody until a sign-on has told him.
+    void SetSessionUser(const QString& user) override;
 
     /// How the database goes about a command, line by line: for finding out why one is slow.
     QStringList QueryPlan(const QString& command);

@@ -160,8 +160,9 @@ QString OtherMachine(const QLockFile& lock) {
     qint64 process = 0;
     QString machine;
     QString program;
-    return lock.getLockInfo(&process, &machine, &program) && machine != QSysInfo::machineHostName() ? machine
-                                                                                                    : QString();
+    return lock.getLockInfo(&process, &machine, &program) && machine != QSysInfo::machineHostName()
+               ? machine
+               : QString();
 }
 
 /// Two workstations that start at the same time make one hospital: the second one waits and finds it made.

@@ -25,9 +25,10 @@ class HospitalFile {
     /// Makes a hospital from scripts, which run in the order given. The file appears under its name only when
     /// it is whole: a creation that is stopped half-way leaves nothing behind that could be opened.
     ///
-    /// Raises 75 for a file that exists, 5120 for one on a network drive, and the failure of a script with the
-    /// script's name and line in front. When another process is making the same file, it is waited for, ten
-    /// minutes at most, and its file is taken; one of another machine is not waited for longer than seconds.
+    /// Raises 75 for a file that exists, 5120 for one on a network drive, and the failure of a script with
+    /// the script's name and line in front. When another process is making the same file, it is waited for,
+    /// ten minutes at most, and its file is taken; one of another machine is not waited for longer than
+    /// seconds.
     static void Create(const QString& path, const std::vector<Script>& scripts,
                        const Progress& progress = {});
 

@@ -47,17 +47,18 @@ void RequireOrdinaryFile(const QString& path) {
 
 bool IsNetworkFileSystem(const QByteArray& kind) {
     static constexpr std::array kNames = {
-        "nfs",  "nfs4",   "cifs", "smbfs",      "smb3",           "smb2",       "ncpfs",    "ncp", "afs",
-        "coda", "lustre", "ceph", "fuse.sshfs", "fuse.glusterfs", "fuse.ceph", "glusterfs"};
+        "nfs", "nfs4", "cifs",   "smbfs", "smb3",       "smb2",           "ncpfs",     "ncp",
+        "afs", "coda", "lustre", "ceph",  "fuse.sshfs", "fuse.glusterfs", "fuse.ceph", "glusterfs"};
     return std::any_of(kNames.begin(), kNames.end(), [&kind](const char* name) { return kind == name; });
 }
 
 void RequireLocalDisk(const QString& path) {
     const QByteArray kind = FileSystemOf(path);
     if (IsNetworkFileSystem(kind))
-        throw ServerError(Fault::CannotOpen,
-                          {path, u"it lies on a network drive (%1), where the locks that keep workstations "
-                                 "from writing over each other cannot be trusted"_s.arg(QString::fromLatin1(kind))});
+        throw ServerError(
+            Fault::CannotOpen,
+            {path, u"it lies on a network drive (%1), where the locks that keep workstations "
+                   "from writing over each other cannot be trusted"_s.arg(QString::fromLatin1(kind))});
 }
 
 void MakePrivateFile(const QString& path) {

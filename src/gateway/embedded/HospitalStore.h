@@ -27,8 +27,8 @@ class HospitalStore {
     /// Forgets all procedures.
     void DropProcedures();
 
-    /// Whether nobody has written anything since the hospital was made. A file of which that was never kept is
-    /// taken for one that somebody has worked with.
+    /// Whether nobody has written anything since the hospital was made. A file of which that was never kept
+    /// is taken for one that somebody has worked with.
     bool IsFresh();
     void SetFresh(bool fresh);
 

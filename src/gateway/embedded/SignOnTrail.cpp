@@ -114,7 +114,8 @@ std::optional<FailedSignOns> SignOnTrail::Succeeded(const QString& user) {
     Transaction transaction(mDatabase, Transaction::Kind::Writing);
     const std::optional<FailedSignOns> failed = FailuresOf(user);
     {
-        SqliteStatement good(mDatabase, u"UPDATE tarven_sign_on SET succeeded = 1 WHERE number = ?1"_s, false);
+        SqliteStatement good(mDatabase, u"UPDATE tarven_sign_on SET succeeded = 1 WHERE number = ?1"_s,
+                             false);
         const std::vector<Cell> values = {mTry};
         RunWith(good, values);
         SqliteStatement old(mDatabase, u"DELETE FROM tarven_sign_on WHERE moment < ?1"_s, false);

@@ -18,9 +18,9 @@ struct FailedSignOns {
     QString workstation;
 };
 
-/// The sign-ons to a hospital that checks passwords itself, kept in its file: who tried, at which workstation,
-/// when, and what came of it. Who fails again and again has to wait, a minute at most, whatever is started
-/// anew. What stands here is the file's own: no command text reaches it.
+/// The sign-ons to a hospital that checks passwords itself, kept in its file: who tried, at which
+/// workstation, when, and what came of it. Who fails again and again has to wait, a minute at most, whatever
+/// is started anew. What stands here is the file's own: no command text reaches it.
 class SignOnTrail {
   public:
     /// The longest that anybody has to wait.

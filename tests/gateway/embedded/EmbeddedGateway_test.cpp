@@ -293,6 +293,8 @@ TEST_F(EmbeddedGatewayTest, AReadOnlyFileCanBeReadAndNotWritten) {
         QFileInfo(path).absolutePath(),
         QFile::Permissions::fromInt(0x7777)); // so that it is the file that stops the writer
     QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+    for (const QString& suffix : {u"-wal"_s, u"-shm"_s})
+        QFile::setPermissions(path + suffix, QFile::Permissions::fromInt(0x6666));
     const int code = RunInChild([&path] {
         if (!BecomeNobody())
             return 1;
@@ -385,4 +387,56 @@ TEST(EmbeddedGatewayOpen, AFileThatIsNotThereIsError53AndIsNotMade) {
     const QString path = folder.filePath(u"none.db"_s);
     EXPECT_EQ(FailureOf([&] { EmbeddedGateway{path}; }).number, RunTime::kFileNotFound);
     EXPECT_FALSE(QFile::exists(path));
+}
+
+// A procedure that refuses what it is asked for, and the user in whose name it works.
+
+namespace {
+
+const QString kOwnName =
+    u"USE Clinical_Area;\nGO\nCREATE PROCEDURE dbo.spOwnName @UserID varchar(10) AS\nBEGIN\n"
+    "    SET NOCOUNT ON; SET XACT_ABORT ON;\n"
+    "    BEGIN TRANSACTION;\n"
+    "    UPDATE Clinical_Area..tbSlip SET ChargeSlip = ChargeSlip + 1;\n"
+    "    IF @UserID <> SUSER_SNAME() THROW 50001, 'That is another''s name.', 1;\n"
+    "    INSERT INTO PASSWORD..tbSmallUser (EmployeeID) SELECT LEFT(SUSER_SNAME(), 10);\n"
+    "    SELECT SUSER_SNAME() AS Acting;\n"
+    "    COMMIT TRANSACTION;\n"
+    "END\nGO\n"_s;
+
+std::unique_ptr<EmbeddedGateway> WithOwnName(const SmallHospital& hospital) {
+    auto scripts = SmallHospitalScripts();
+    scripts.push_back({u"procedures/Clinical_Area/spOwnName.sql"_s, kOwnName});
+    return HospitalFile::Open(hospital.Path(), scripts);
+}
+
+} // namespace
+
+TEST_F(EmbeddedGatewayTest, ARefusalEndsTheCommandWithItsNumberAndTextAndUndoesWhatStoodBefore) {
+    const auto gateway = WithOwnName(hospital);
+    gateway->SetSessionUser(u"CLERK"_s);
+    const QStringList before = ContentOf(*gateway);
+    const Failure failure = FailureOf(*gateway, u"Clinical_Area..spOwnName 'ADMIN'"_s);
+    EXPECT_EQ(failure.number, 50001);
+    EXPECT_EQ(failure.text, u"That is another's name."_s);
+    EXPECT_EQ(failure.state, u"42000"_s);
+    EXPECT_EQ(ContentOf(*gateway), before);
+}
+
+TEST_F(EmbeddedGatewayTest, ARefusalThatDoesNotHoldIsPassedOver) {
+    const auto gateway = WithOwnName(hospital);
+    gateway->SetSessionUser(u"CLERK"_s);
+    EXPECT_EQ(RowTexts(*gateway, u"Clinical_Area..spOwnName 'clerk '"_s), QStringList{u"CLERK"_s})
+        << "letter case and blanks at the end make no other name";
+    EXPECT_EQ(Number(*gateway, kCounter), 101);
+    EXPECT_EQ(RowTexts(*gateway, u"select EmployeeID from PASSWORD..tbSmallUser order by 1"_s),
+              (QStringList{u"CLERK"_s, u"NURSE"_s}));
+}
+
+TEST_F(EmbeddedGatewayTest, TheSessionsUserIsTheConnectionsOwn) {
+    const auto gateway = WithOwnName(hospital);
+    EXPECT_EQ(RowTexts(*gateway, u"select suser_sname() as u"_s), QStringList{QString()}) << "nobody yet";
+    gateway->SetSessionUser(u"CLERK"_s);
+    EXPECT_EQ(RowTexts(*gateway, u"select suser_sname() as u"_s), QStringList{u"CLERK"_s});
+    EXPECT_EQ(RowTexts(Gateway(), u"select suser_sname() as u"_s), QStringList{QString()});
 }

@@ -1,6 +1,8 @@
 #include "gateway/ChildProcess.h"
 #include "gateway/embedded/HospitalEngine.h"
 #include "gateway/embedded/HospitalFile.h"
+#include "gateway/embedded/HospitalPlace.h"
+#include "gateway/FileLocks.h"
 #include "gateway/GatewayTexts.h"
 #include "gateway/SmallHospital.h"
 #include "support/PrintQt.h"
@@ -9,11 +11,13 @@
 #include <QDir>
 #include <QFile>
 #include <QLockFile>
+#include <QSysInfo>
 #include <QTemporaryDir>
 
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -208,17 +212,18 @@ TEST_F(HospitalFileTest, ReplaceTakesThePlaceOfAFileThatIsNoDatabase) {
 
 TEST_F(HospitalFileTest, AHospitalThatSomebodyHasOpenIsNotReplaced) {
     Create();
+    // The clerk works in another process than the one that wants to make the hospital anew.
     const auto clerk = Open();
-    const Failure failure = FailureOf([this] {
-        HospitalFile::Replace(Path(), scripts, [](int, int, const QString&) {
-            ADD_FAILURE() << "nothing is made before that is known";
-        });
+    const int code = RunInChild([this] {
+        const Failure failure = FailureOf(
+            [this] { HospitalFile::Replace(Path(), scripts, [](int, int, const QString&) { _exit(1); }); });
+        const QString expected =
+            u"Cannot replace the hospital's file '"_s + Path() + u"' because it is currently in use."_s;
+        return failure.number == 3702 && failure.text == expected ? 0 : 2;
     });
-    EXPECT_EQ(failure.number, 3702);
-    EXPECT_EQ(failure.text,
-              u"Cannot replace the hospital's file '"_s + Path() + u"' because it is currently in use."_s);
+    EXPECT_EQ(code, 0) << "1: something was made before that was known; 2: another failure, or none";
     clerk->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = 555"_s);
-    EXPECT_EQ(RowTexts(*Open(), u"select ChargeSlip from Clinical_Area..tbSlip"_s), QStringList{u"555"_s});
+    EXPECT_EQ(RowTexts(*clerk, u"select ChargeSlip from Clinical_Area..tbSlip"_s), QStringList{u"555"_s});
 }
 
 TEST_F(HospitalFileTest, AHospitalThatIsOpenedWhileItsSuccessorIsMadeStays) {
@@ -342,4 +347,166 @@ TEST_F(HospitalFileTest, TheDatabaseOfAnotherProgramIsRefusedAndKept) {
 TEST_F(HospitalFileTest, AFileThatIsNotThereIsNotFoundAndNotMade) {
     EXPECT_EQ(OpenFailure().number, RunTime::kFileNotFound);
     EXPECT_EQ(Files(), QStringList());
+}
+
+// What stands between two workstations is a lock that the system keeps for the process, not for the handle:
+// any other handle on the file that the process closes takes it along.
+
+TEST_F(HospitalFileTest, FurtherConnectionsOfAProcessLeaveItsHoldOnTheFile) {
+    Create();
+    const auto session = Open();
+    ASSERT_TRUE(IsHeldOpen(Path()));
+    EmbeddedGateway(Path()).ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = 5"_s);
+    EXPECT_TRUE(IsHeldOpen(Path())) << "a connection of full access";
+    EmbeddedGateway(Path(), EmbeddedGateway::Access::Reading)
+        .Execute(u"select * from Clinical_Area..tbSlip"_s);
+    EXPECT_TRUE(IsHeldOpen(Path())) << "a report's connection";
+    Open();
+    EXPECT_TRUE(IsHeldOpen(Path())) << "another sign-on";
+    Named(kGetPatientName).text.replace(u"', '"_s, u"' / '"_s);
+    Open();
+    EXPECT_TRUE(IsHeldOpen(Path())) << "procedures brought up to date";
+    EXPECT_EQ(FailureOf([this] { HospitalFile::Create(Path(), scripts); }).number, RunTime::kPathFileAccess);
+    EXPECT_EQ(FailureOf([this] { HospitalFile::Replace(Path(), scripts); }).number, 3702);
+    EXPECT_TRUE(IsHeldOpen(Path())) << "a making that was refused";
+    Named(u"schema/10-all.sql"_s).text.replace(u"ChargeSlip int"_s, u"ChargeSlip bigint"_s);
+    EXPECT_EQ(OpenFailure().number, 948);
+    EXPECT_TRUE(IsHeldOpen(Path())) << "a version that was refused";
+}
+
+TEST_F(HospitalFileTest, AForeignFileIsLookedAtWithoutTouchingTheHoldOfAnother) {
+    Create();
+    const auto session = Open();
+    const QString linked = folder.filePath(u"linked.db"_s);
+    ASSERT_TRUE(QFile::link(Path(), linked));
+    EXPECT_EQ(FailureOf([&] { EmbeddedGateway{linked}; }).number, 0);
+    EXPECT_TRUE(IsHeldOpen(Path()));
+}
+
+TEST_F(HospitalFileTest, NobodyHoldsAFileThatIsClosed) {
+    Create();
+    Open();
+    EXPECT_FALSE(IsHeldOpen(Path()));
+}
+
+TEST_F(HospitalFileTest, AReportsConnectionWritesNothing) {
+    Create();
+    const auto session = Open();
+    const QStringList before = ContentOf(*session);
+    EmbeddedGateway report(Path(), EmbeddedGateway::Access::Reading);
+    for (const QString& command :
+         {u"update Clinical_Area..tbCharge set Amount = 0"_s, u"delete Clinical_Area..tbCharge"_s,
+          u"insert into Clinical_Area..tbSlip (ChargeSlip) values (7)"_s,
+          u"Clinical_Area..spAddCharge '1002','1','2.50','11/21/2026'"_s})
+        EXPECT_EQ(FailureOf(report, command).number, 3906) << command.toStdString();
+    EXPECT_EQ(ContentOf(*session), before);
+    EXPECT_EQ(RowTexts(report, u"Clinical_Area..spGetPatient 'NUNO'"_s), QStringList{u"1004|NUNO, CARL"_s});
+}
+
+TEST_F(HospitalFileTest, FilesAreTheirOwnersWhateverTheProcessLetsOthersDo) {
+    const mode_t before = ::umask(0);
+    Create();
+    const auto gateway = Open();
+    gateway->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = 5"_s);
+    ::umask(before);
+    EXPECT_EQ(Files().size(), 3) << "the file, its log and its index";
+    for (const QString& name : Files()) {
+        struct stat found = {};
+        ASSERT_EQ(::stat(QFile::encodeName(folder.filePath(name)).constData(), &found), 0);
+        EXPECT_EQ(found.st_mode & 0777U, 0600U) << name.toStdString();
+    }
+}
+
+TEST_F(HospitalFileTest, AFileFoundWiderIsNarrowedWhenItIsOpened) {
+    Create();
+    ASSERT_EQ(::chmod(QFile::encodeName(Path()).constData(), 0666), 0);
+    Open();
+    struct stat found = {};
+    ASSERT_EQ(::stat(QFile::encodeName(Path()).constData(), &found), 0);
+    EXPECT_EQ(found.st_mode & 0777U, 0600U);
+}
+
+TEST_F(HospitalFileTest, APipeInItsPlaceIsRefusedAtOnce) {
+    ASSERT_EQ(::mkfifo(QFile::encodeName(Path()).constData(), 0600), 0);
+    EXPECT_EQ(OpenFailure().number, 5171);
+    EXPECT_EQ(FailureOf([this] { HospitalFile::Replace(Path(), scripts); }).number, 5171);
+}
+
+TEST_F(HospitalFileTest, OnANetworkDriveNothingIsMadeAndNothingOpened) {
+    Create();
+    SetFileSystemOf([](const QString&) { return QByteArray("cifs"); });
+    EXPECT_EQ(OpenFailure().number, 5120);
+    EXPECT_EQ(FailureOf([this] { HospitalFile::Replace(Path(), scripts); }).number, 5120);
+    QFile::remove(Path());
+    EXPECT_EQ(FailureOf([this] { HospitalFile::Create(Path(), scripts); }).number, 5120);
+    SetFileSystemOf({});
+    EXPECT_EQ(Files(), QStringList());
+}
+
+TEST_F(HospitalFileTest, TheLockOfAMachineOfAnotherNameIsNotWaitedForLong) {
+    QFile left(Path() + u".lock"_s);
+    ASSERT_TRUE(left.open(QIODevice::WriteOnly));
+    left.write("4711\ntarven-hemodialysis\nOLD-DESK\n\n\n");
+    left.close();
+    int waits = 0;
+    const Failure failure = FailureOf(
+        [&] { HospitalFile::Create(Path(), scripts, [&waits](int, int, const QString&) { ++waits; }); });
+    EXPECT_EQ(failure.number, 5120);
+    EXPECT_TRUE(failure.text.contains(u"OLD-DESK"_s)) << failure.text.toStdString();
+    EXPECT_TRUE(failure.text.contains(Path() + u".lock"_s)) << failure.text.toStdString();
+    EXPECT_GT(waits, 1) << "a machine that is still at it would soon be done";
+    EXPECT_LT(waits, 200);
+}
+
+TEST_F(HospitalFileTest, AFileThatNobodyClosedIsCheckedAndRefusedWhenItIsDamaged) {
+    Create();
+    const int code = RunInChild([this] {
+        const auto gateway = Open();
+        gateway->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = 555"_s);
+        KillThisProcess();
+        return 0;
+    });
+    ASSERT_EQ(code, -SIGKILL);
+    EXPECT_EQ(OpenFailure().number, 0) << "a process that was killed does no harm";
+    ASSERT_EQ(RunInChild([this] {
+                  const auto gateway = Open();
+                  gateway->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = 556"_s);
+                  KillThisProcess();
+                  return 0;
+              }),
+              -SIGKILL);
+    QFile file(Path());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    // The pages behind the first ones, which tell what tables there are, are filled with nonsense.
+    const qint64 kept = 40 * 1024;
+    ASSERT_GT(file.size(), kept + 8192);
+    file.seek(kept);
+    file.write(QByteArray(8192, 'x'));
+    file.close();
+    const Failure failure = OpenFailure();
+    EXPECT_EQ(failure.number, 824);
+    EXPECT_TRUE(failure.text.contains(u"is damaged"_s)) << failure.text.toStdString();
+}
+
+TEST_F(HospitalFileTest, IsFreshUntilSomebodyWritesInIt) {
+    Create();
+    const auto gateway = Open();
+    HospitalStore& store = gateway->Engine().Store();
+    EXPECT_TRUE(store.IsFresh());
+    RowTexts(*gateway, u"Clinical_Area..spGetPatient 'NUNO'"_s);
+    EXPECT_TRUE(store.IsFresh()) << "reading changes nothing";
+    gateway->ExecuteNoResult(u"Clinical_Area..spAddCharge '1002','1','2.50','11/21/2026'"_s);
+    EXPECT_FALSE(store.IsFresh());
+    HospitalFile::Replace(folder.filePath(u"other.db"_s), scripts);
+    const auto other = HospitalFile::Open(folder.filePath(u"other.db"_s), scripts);
+    EXPECT_TRUE(other->Engine().Store().IsFresh());
+    other->ExecuteNoResult(u"delete Clinical_Area..tbPrint"_s);
+    EXPECT_FALSE(other->Engine().Store().IsFresh());
+}
+
+TEST_F(HospitalFileTest, AFileThatDoesNotTellIsNotFresh) {
+    Create();
+    const auto gateway = Open();
+    gateway->Engine().Database().Run(u"DELETE FROM tarven_mark WHERE name = 'fresh'"_s);
+    EXPECT_FALSE(gateway->Engine().Store().IsFresh());
 }

@@ -89,6 +89,17 @@ TEST(ScriptProcedure, ParametersInParentheses) {
               2U);
 }
 
+TEST(ScriptProcedure, RefusalsNameTheirNumberAndText) {
+    const auto procedure = Parsed<ProcedureDefinition>(
+        kProcedure + u"@User varchar(10) AS BEGIN SET NOCOUNT ON; IF @User <> SUSER_SNAME() THROW 50001, "
+                     "'It''s another''s.', 1; DELETE FROM tbX; END"_s);
+    ASSERT_EQ(procedure.body.size(), 2U);
+    const auto& refusal = std::get<RefusalStatement>(procedure.body[0]);
+    EXPECT_EQ(refusal.number, 50001);
+    EXPECT_EQ(refusal.text, u"It's another's."_s);
+    EXPECT_TRUE(refusal.condition->IsCondition());
+}
+
 TEST(ScriptStatementTest, SeveralInOneBatch) {
     const QString text = u"USE X; DELETE FROM a..b; ;; UPDATE a..b SET c = 1;"_s;
     TokenCursor cursor(text);
@@ -120,6 +131,9 @@ INSTANTIATE_TEST_SUITE_P(
         BadScript{"MissingSemicolon", kProcedure + u"AS BEGIN SELECT 1 AS a END"_s, 156},
         BadScript{"Variable", kProcedure + u"AS BEGIN DECLARE @x int; END"_s, 156},
         BadScript{"If", kProcedure + u"AS BEGIN IF 1 = 1 SELECT 1 AS a; END"_s, 156},
+        BadScript{"ErrorOfTheServersOwn", kProcedure + u"AS BEGIN IF 1 = 1 THROW 49999, 'x', 1; END"_s, 102},
+        BadScript{"RefusalWithoutText", kProcedure + u"AS BEGIN IF 1 = 1 THROW 50001; END"_s, 102},
+        BadScript{"RefusalWithoutCondition", kProcedure + u"AS BEGIN THROW 50001, 'x', 1; END"_s, 102},
         BadScript{"TextBehindTheEnd", kProcedure + u"AS BEGIN SELECT 1 AS a; END SELECT 2 AS b"_s, 156},
         BadScript{"NoBegin", kProcedure + u"AS SELECT 1 AS a;"_s, 156},
         BadScript{"ParameterWithoutType", kProcedure + u"@a AS BEGIN SELECT 1 AS a; END"_s, 156},
