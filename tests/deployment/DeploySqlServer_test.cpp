@@ -1,3 +1,4 @@
+#include "deployment/HospitalObjects.h"
 #include "deployment/SourceText.h"
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
@@ -114,6 +115,46 @@ TEST_F(DeploySqlServer, MakesTablesAndProceduresUnlessTheyStand) {
     EXPECT_THAT(batches, Not(Contains(HoldsText(u"INSERT INTO PATIENT_DATA..tbmaster"_s))));
     EXPECT_EQ(server.Logins().front().user, u"DBA"_s);
     EXPECT_EQ(server.Logins().front().password, u"geheim"_s);
+}
+
+TEST_F(DeploySqlServer, AddsTheColumnsThatATableLacksBeforeAnyProcedureUsesThem) {
+    ASSERT_EQ(Deploy(), 0) << errors;
+    const QStringList adding = server.Batches().filter(u" IS NULL ALTER TABLE dbo."_s);
+    EXPECT_THAT(adding,
+                Contains(HoldsText(u"\nIF COL_LENGTH('dbo.tbPasswordMain', 'Active') IS NULL ALTER TABLE "
+                                   "dbo.tbPasswordMain ADD Active bit NOT NULL DEFAULT 1;\n"_s)));
+    const QString all = adding.join(u'\n').toLower();
+    const QMap<QString, QStringList> tables = ReadHospital().tables;
+    ASSERT_EQ(adding.size(), tables.size());
+    for (const auto& [table, columns] : tables.asKeyValueRange()) {
+        for (const QString& column : columns) {
+            const QString name = table.section(u'.', 1);
+            EXPECT_TRUE(all.contains(
+                u"if col_length('dbo.%1', '%2') is null alter table dbo.%1 add %2 "_s.arg(name, column)))
+                << name.toStdString() << ": " << column.toStdString();
+        }
+    }
+    const QStringList batches = server.Batches();
+    EXPECT_LT(batches.indexOf(adding.last()),
+              batches.indexOf(batches.filter(u"ALTER PROCEDURE dbo."_s).front()));
+    EXPECT_THAT(adding.filter(u"PRIMARY KEY ("_s), testing::IsEmpty()) << "a key is no column";
+}
+
+TEST_F(DeploySqlServer, NamesTheLineOfAColumnThatIsRefused) {
+    refused = u"ALTER TABLE dbo.tbAuditTrail ADD"_s;
+    EXPECT_EQ(Deploy(), 1);
+    const QStringList adding = server.Batches().last().split(u'\n');
+    refused = u"CREATE TABLE dbo.tbAuditTrail"_s;
+    const QString path = u"hospital/schema/40-BILLING.sql"_s;
+    const qsizetype line = RefusedLineOf(path);
+    EXPECT_THAT(errors,
+                HasSubstr(path.toStdString() + ':' + std::to_string(line) + ": the server refused it"));
+    const QStringList lines = ReadFile(path).split(u'\n').sliced(line - kRefusedLine);
+    const qsizetype column = lines.indexOf(QRegularExpression(u"    Event .*"_s));
+    EXPECT_EQ(
+        adding[column],
+        u"IF COL_LENGTH('dbo.tbAuditTrail', 'Event') IS NULL ALTER TABLE dbo.tbAuditTrail ADD %1;"_s.arg(
+            lines[column].trimmed().chopped(1)));
 }
 
 TEST_F(DeploySqlServer, SendsEveryProcedure) {

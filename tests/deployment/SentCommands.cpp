@@ -107,9 +107,10 @@ SentCommand WriteThrough(const std::vector<SentCommand>& commands, const QString
                          const QString& column, const QString& file) {
     const auto read = std::find_if(commands.begin(), commands.end(),
                                    [&](const SentCommand& sent) { return sent.composer == command; });
-    EXPECT_NE(read, commands.end()) << command.toStdString();
-    const QString table = BaseTableOf(read->text).value();
-    return {command, {file}, u"UPDATE %1 SET [%2]=? WHERE ?"_s.arg(table, column)};
+    const auto table = read == commands.end() ? std::nullopt : BaseTableOf(read->text);
+    EXPECT_TRUE(table) << file.toStdString()
+                       << " writes through the rows of no table: " << command.toStdString();
+    return {command, {file}, u"UPDATE %1 SET [%2]=? WHERE ?"_s.arg(table.value_or(QString()), column)};
 }
 
 std::vector<SentCommand> CollectWritesThroughRows(const std::vector<SentCommand>& commands) {
