@@ -5,6 +5,7 @@
 #include "workstation/ChargeListScripts.h"
 #include "workstation/ClerkKeys.h"
 #include "workstation/ReportScripts.h"
+#include "workstation/ShiftScripts.h"
 #include "workstation/WardScripts.h"
 
 #include <csignal>
@@ -132,6 +133,9 @@ const std::map<std::string, std::function<void(Driver&)>>& Scripts() {
         {"report-failure", ReportFailure},
         {"long-save", LongSave},
         {"full-disk", FullDisk},
+        {"shift-in-steps", ShiftInSteps},
+        {"wrong-password", WrongPassword},
+        {"third-try", ThirdTry},
         {"period-reports", PeriodReports},
         {"ledger", LedgerOfAnInPatient},
         {"census", Census},

@@ -47,7 +47,8 @@ class Workstation : public testing::Test {
     std::vector<QString> Query(const QString& command) const;
     /// The one cell of a command.
     QString QueryOne(const QString& command) const;
-    /// Every row of every table, for telling that nothing has changed.
+    /// Every row of every table of the hospital's, for telling that nothing has changed. What the file keeps
+    /// for itself, such as who signed on, plays no part.
     QString HospitalContent() const;
     /// Whether the file is whole.
     bool HospitalIsWhole() const;
