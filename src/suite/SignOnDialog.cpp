@@ -68,6 +68,10 @@ SignOnDialog::SignOnDialog(std::span<const std::unique_ptr<DataSource>> sources,
     cmbDataSource_Change();
 }
 
+SignOnDialog::~SignOnDialog() {
+    ForgetPassword();
+}
+
 void SignOnDialog::Layout() {
     setObjectName(u"SignOnDialog"_s);
     setWindowTitle(u"Sign On"_s);

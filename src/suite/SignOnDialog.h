@@ -25,6 +25,7 @@ class SignOnDialog : public QDialog {
     /// The data sources must outlive the dialogue; `preferred` is the name of the one to begin with.
     SignOnDialog(std::span<const std::unique_ptr<DataSource>> sources, const QString& preferred,
                  const QString& deptCode);
+    ~SignOnDialog() override;
 
     /// The user after the dialogue was accepted, null otherwise.
     std::unique_ptr<SignedOnUser> TakeUser() { return std::move(mUser); }

@@ -307,7 +307,7 @@ TEST_P(GatewayContract, RowOfEveryTypeIsFoundAgainForItsUpdate) {
     patient.Update();
 }
 
-TEST_P(GatewayContract, RowThatAnotherWorkstationChangedIsRefused) {
+TEST_P(GatewayContract, RowThatAnotherConnectionChangedIsRefused) {
     const auto other = Connect();
     RowSet mine = Gateway().Open(kCounter, CursorType::Dynamic, LockType::Optimistic);
     RowSet theirs = other->Open(kCounter, CursorType::Dynamic, LockType::Optimistic);

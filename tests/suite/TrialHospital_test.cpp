@@ -1,3 +1,4 @@
+#include "gateway/ChildProcess.h"
 #include "suite/SignOn.h"
 #include "suite/TrialHospital.h"
 #include "support/PrintQt.h"
@@ -80,9 +81,13 @@ TEST_F(TrialHospitalTest, MadeAnewItHasLostWhatWasKeyed) {
 }
 
 TEST_F(TrialHospitalTest, AMakingLeavesAHospitalThatAnotherWorkstationHasMadeMeanwhile) {
-    hospital.Make({});
-    hospital.Connect({}, {})->ExecuteNoResult(
-        u"DELETE FROM PASSWORD..tbPasswordMain WHERE EmployeeID = 'NURSE'"_s);
+    const int other = RunInChild([this] {
+        hospital.Make({});
+        hospital.Connect({}, {})->ExecuteNoResult(
+            u"DELETE FROM PASSWORD..tbPasswordMain WHERE EmployeeID = 'NURSE'"_s);
+        return 0;
+    });
+    ASSERT_EQ(other, 0);
     hospital.Make({});
     EXPECT_FALSE(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).refusal.isEmpty())
         << "what was keyed there stands";
@@ -92,7 +97,7 @@ TEST_F(TrialHospitalTest, AHospitalThatSomebodyHasOpenIsNotMadeAnew) {
     hospital.Make({});
     const auto clerk = hospital.Connect({}, {});
     clerk->ExecuteNoResult(u"DELETE FROM PASSWORD..tbPasswordMain WHERE EmployeeID = 'NURSE'"_s);
-    EXPECT_EQ(ErrorOf([this] { hospital.MakeAnew({}); }), 3702);
+    EXPECT_EQ(RunInChild([this] { return ErrorOf([this] { hospital.MakeAnew({}); }) == 3702 ? 0 : 1; }), 0);
     EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).refusal,
               u"The user or the password is wrong."_s);
 }

@@ -172,7 +172,7 @@ TEST_F(EmbeddedGatewayTest, ACallOfTwoHundredArgumentsPasses) {
     EXPECT_EQ(RowTexts(*gateway, call), QStringList{arguments.join(u'|')});
 }
 
-TEST_F(EmbeddedGatewayTest, AReadingCommandWorksWhileAnotherWorkstationWrites) {
+TEST_F(EmbeddedGatewayTest, AReadingCommandWorksWhileAnotherConnectionWrites) {
     const auto other = hospital.Connect();
     other->Engine().Database().Run(u"BEGIN IMMEDIATE"_s);
     EXPECT_EQ(Number(Gateway(), kCounter), 100);
