@@ -7,18 +7,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Opens the assessment with "Walk-In Patient" on and the name's box reached.
-void OpenForWalkIn(Driver& clerk) {
-    clerk.Press(Qt::Key_A, Qt::ControlModifier);
-    clerk.ExpectScreen(u"frmAssessment"_s);
-    clerk.ExpectFocus(u"optType(0)"_s);
-    clerk.Press(Qt::Key_Space);
-    clerk.Press(Qt::Key_Down);
-    clerk.Press(Qt::Key_Down);
-    clerk.Press(Qt::Key_Tab);
-    clerk.ExpectFocus(u"txtSname"_s);
-}
-
 void Register(Driver& clerk) {
     clerk.TabTo(u"cmdRegister"_s);
     clerk.Press(Qt::Key_Return);
@@ -61,6 +49,17 @@ void FindAssessments(Driver& clerk, const QString& name) {
 }
 
 } // namespace
+
+void OpenForWalkIn(Driver& clerk) {
+    clerk.Press(Qt::Key_A, Qt::ControlModifier);
+    clerk.ExpectScreen(u"frmAssessment"_s);
+    clerk.ExpectFocus(u"optType(0)"_s);
+    clerk.Press(Qt::Key_Space);
+    clerk.Press(Qt::Key_Down);
+    clerk.Press(Qt::Key_Down);
+    clerk.Press(Qt::Key_Tab);
+    clerk.ExpectFocus(u"txtSname"_s);
+}
 
 void NewWalkInAssessment(Driver& clerk) {
     SignOn(clerk);

@@ -4,6 +4,9 @@ class Driver;
 
 // The work of the cash desk.
 
+/// Opens the assessment with "Walk-In Patient" on and the name's box reached.
+void OpenForWalkIn(Driver& clerk);
+
 /// Registers a walk-in from the assessment's list, keys five lines, a package and a doctor's fee among them,
 /// and prints the slip.
 void NewWalkInAssessment(Driver& clerk);

@@ -1,6 +1,7 @@
 #include "workstation/Scripts.h"
 
 #include "toolkit/FlexGrid.h"
+#include "workstation/AttackScripts.h"
 #include "workstation/CashDeskScripts.h"
 #include "workstation/ChargeListScripts.h"
 #include "workstation/ClerkKeys.h"
@@ -134,6 +135,10 @@ const std::map<std::string, std::function<void(Driver&)>>& Scripts() {
         {"long-save", LongSave},
         {"full-disk", FullDisk},
         {"shift-in-steps", ShiftInSteps},
+        {"tail-in-a-fees-amount", TailInAFeesAmount},
+        {"tail-in-a-fees-code", TailInAFeesCode},
+        {"tail-in-a-patients-name", TailInAPatientsName},
+        {"tail-in-an-assessments-amount", TailInAnAssessmentsAmount},
         {"wrong-password", WrongPassword},
         {"third-try", ThirdTry},
         {"period-reports", PeriodReports},
