@@ -2,6 +2,7 @@
 
 #include "gateway/CommandGateway.h"
 #include "gateway/SqlText.h"
+#include "suite/LastPick.h"
 #include "suite/PickDialog.h"
 #include "text/RunTimeError.h"
 #include "toolkit/ShowModal.h"
@@ -93,6 +94,7 @@ CommandGateway& Listing::Connection() const {
 
 bool Listing::SearchListing(QString& code, int kind) {
     const Source source = SourceOf(kind);
+    const bool isPicked = TakePick(code) && kind == ListingKind::kOtherRevenue;
     if (!code.isEmpty()) {
         const RowSet exact = Connection().Execute(source.ByCode(code));
         if (!exact.Eof()) {
@@ -101,6 +103,8 @@ bool Listing::SearchListing(QString& code, int kind) {
             return true;
         }
     }
+    if (isPicked)
+        return false;
     RowSet rows = Connection().Execute(source.Ordered());
     const auto data = rows.Data();
     if (kind == ListingKind::kOtherRevenue && !code.isEmpty() &&

@@ -15,8 +15,9 @@ class Listing : public clsListing {
     void SetOtherSectionID(const QString& section) override { mOtherSectionID = section; }
     void Initialize_Classes() override;
 
-    /// A text that stock knows by code or name and no service matches is answered False at once: it was keyed
-    /// for the stock, and a list of services would only be in the way.
+    /// A text for which the stock picker has just given an item is looked for among the services by its exact
+    /// code alone, and no list opens. Nor does one for a text that stock knows by code or name and no service
+    /// matches: it was keyed for the stock.
     bool SearchListing(QString& code, int kind) override;
 
     const DoctorListing& DoctorRecord() const override { return mDoctor; }

@@ -124,6 +124,8 @@ void PickDialog::Layout(const QString& title) {
 void PickDialog::Wire() {
     connect(txtPick, &QLineEdit::textChanged, this, &PickDialog::Filter);
     connect(lstPick, &ListView::DblClick, this, &PickDialog::Pick);
+    connect(lstPick->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            &PickDialog::lstPick_RowChange);
     connect(cmdPick, &QPushButton::clicked, this, &PickDialog::Pick);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     OnKeyDown(txtPick, [this](int keyCode) { return txtPick_KeyDown(keyCode); });
@@ -134,6 +136,10 @@ void PickDialog::Wire() {
             Pick();
         }
     });
+}
+
+void PickDialog::lstPick_RowChange() {
+    cmdPick->setEnabled(lstPick->currentIndex().isValid());
 }
 
 void PickDialog::Filter(const QString& text) {
@@ -154,7 +160,10 @@ void PickDialog::Filter(const QString& text) {
         shown->cells.insert(shown->cells.end(), first, first + static_cast<std::ptrdiff_t>(width));
     }
     lstPick->SetRows(shown, mFields);
-    cmdPick->setEnabled(!mShown.empty());
+    // All rows are as good as none: an Enter that comes too early must not take the first one of them.
+    if (text.trimmed().isEmpty())
+        lstPick->setCurrentIndex({});
+    lstPick_RowChange();
 }
 
 bool PickDialog::txtPick_KeyDown(int keyCode) {

@@ -29,8 +29,9 @@ class PickDialog : public QDialog {
     Q_OBJECT
 
   public:
-    /// `text` is the first search text; when no row matches it, all rows are offered and the text is marked
-    /// for typing over.
+    /// `text` is the first search text. Where nothing was keyed, or no row matches it, all rows are offered
+    /// and none is marked, so that an Enter that comes too early picks nothing; the text is marked for typing
+    /// over.
     PickDialog(const QString& title, std::vector<PickColumn> columns, std::shared_ptr<const RowData> rows,
                const QString& text);
 
@@ -42,6 +43,7 @@ class PickDialog : public QDialog {
     void Wire();
 
     void Filter(const QString& text);
+    void lstPick_RowChange();
     bool txtPick_KeyDown(int keyCode);
     void Pick();
 

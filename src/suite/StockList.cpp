@@ -2,6 +2,7 @@
 
 #include "gateway/CommandGateway.h"
 #include "gateway/SqlText.h"
+#include "suite/LastPick.h"
 #include "suite/LiveConnection.h"
 #include "suite/PickDialog.h"
 #include "text/RunTimeError.h"
@@ -14,6 +15,11 @@ namespace {
 QString SectionCommand(const QString& section) {
     return u"SELECT ItemID, ItemName, GenericName, Unit, SellingPriceIn FROM INVENTORY..tbInvMaster WHERE SectionID = "_s +
            SqlLiteral(section);
+}
+
+QString Picked(const QString& text, const QString& code) {
+    KeepPick(text, code);
+    return code;
 }
 
 } // namespace
@@ -36,7 +42,7 @@ QString StockList::ShowList(const QString& text, bool, const QString& section) {
         const RowSet exact =
             Connection().Execute(SectionCommand(section) + u" AND ItemID = "_s + SqlLiteral(text));
         if (!exact.Eof())
-            return exact.Fields(u"ItemID").ToText();
+            return Picked(text, exact.Fields(u"ItemID").ToText());
     }
     const auto rows = Connection().Execute(SectionCommand(section) + u" ORDER BY ItemName"_s).Data();
     PickDialog dialog(u"Stock Items"_s,
@@ -48,5 +54,5 @@ QString StockList::ShowList(const QString& text, bool, const QString& section) {
                       rows, text);
     if (!ShowModal(dialog))
         return text;
-    return rows->Cell(dialog.PickedRow(), 0).ToText();
+    return Picked(text, rows->Cell(dialog.PickedRow(), 0).ToText());
 }

@@ -172,6 +172,12 @@ void ListView::RowsChanged() {
         setCurrentIndex(mModel->index(0, 0));
 }
 
+void ListView::focusInEvent(QFocusEvent* event) {
+    if (!currentIndex().isValid() && RowCount() > 0)
+        setCurrentIndex(mModel->index(0, 0));
+    ClickTable::focusInEvent(event);
+}
+
 QString ListView::SelectedSubItem(int column) const {
     const QModelIndex current = currentIndex();
     if (!current.isValid())

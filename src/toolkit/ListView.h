@@ -82,6 +82,10 @@ class ListView : public ClickTable {
     /// have; before there are rows, they raise it when they come.
     void SetSortKey(int column);
 
+  protected:
+    /// A list without a marked row marks its first one when the clerk comes to it.
+    void focusInEvent(QFocusEvent* event) override;
+
   Q_SIGNALS:
     /// A click on the header of the column with that number, counted from 1.
     void ColumnClick(int column);

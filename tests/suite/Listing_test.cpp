@@ -1,4 +1,5 @@
 #include "suite/Listing.h"
+#include "suite/StockList.h"
 #include "suite/SuiteTest.h"
 #include "toolkit/ListView.h"
 
@@ -118,6 +119,69 @@ TEST_F(ListingTest, ATextOfTheStockThatNoServiceMatchesBringsNoList) {
         EXPECT_FALSE(Exact(text, ListingKind::kOtherRevenue)) << typed.toStdString();
         EXPECT_EQ(text, typed);
     }
+}
+
+/// What the charge screens do with a keyed text: the stock first, the services next.
+class StockThenServices : public ListingTest {
+  protected:
+    StockThenServices() {
+        // A text that finds the item and a service alike.
+        Run(u"INSERT INTO build_file..tbCoOtherRevenue (RevenueID, ItemID, OtherRevenue) VALUES "
+            "('HC', 'ZZ03', 'QUININE LEVEL')"_s);
+    }
+
+    QString PickFromStock(const QString& text) {
+        const OnDialog pick([](QDialog& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), u"Stock Items"_s);
+            Press(Find<QLineEdit>(dialog, "txtPick"), Qt::Key_Return);
+        });
+        return stock.ShowList(text, false, u"1"_s);
+    }
+
+    StockList stock;
+};
+
+TEST_F(StockThenServices, AnItemThatWasPickedByNameBringsNoSecondList) {
+    EXPECT_EQ(PickFromStock(u"QUININE"_s), u"Q001"_s);
+    QString text = u"QUININE"_s;
+    EXPECT_FALSE(Exact(text, ListingKind::kOtherRevenue)) << "what was keyed";
+    PickFromStock(u"QUININE"_s);
+    text = u"Q001"_s;
+    EXPECT_FALSE(Exact(text, ListingKind::kOtherRevenue)) << "what was picked";
+}
+
+TEST_F(StockThenServices, AnItemThatWasPickedFromTheWholeListBringsNoSecondList) {
+    const OnDialog pick([](QDialog& dialog) {
+        Type(Find<QLineEdit>(dialog, "txtPick"), u"QUININE"_s);
+        Press(Find<QLineEdit>(dialog, "txtPick"), Qt::Key_Return);
+    });
+    EXPECT_EQ(stock.ShowList(QString(), false, u"1"_s), u"Q001"_s);
+    QString text;
+    EXPECT_FALSE(Exact(text, ListingKind::kOtherRevenue));
+}
+
+TEST_F(StockThenServices, ACodeThatIsAServiceTooIsStillFoundAmongTheServices) {
+    Run(u"INSERT INTO build_file..tbCoOtherRevenue (RevenueID, ItemID, OtherRevenue) VALUES "
+        "('HC', 'Q001', 'THE SAME CODE')"_s);
+    EXPECT_EQ(stock.ShowList(u"Q001"_s, false, u"1"_s), u"Q001"_s);
+    QString code = u"Q001"_s;
+    EXPECT_TRUE(Exact(code, ListingKind::kOtherRevenue));
+    EXPECT_EQ(listing.OtherRevenueRecord().OtherRevenue, u"THE SAME CODE"_s);
+}
+
+TEST_F(StockThenServices, APickCountsForTheNextSearchAlone) {
+    PickFromStock(u"QUININE"_s);
+    QString text = u"QUININE"_s;
+    Exact(text, ListingKind::kOtherRevenue);
+    EXPECT_TRUE(PickAs(text = u"QUININE"_s, ListingKind::kOtherRevenue, u"Services"_s, u"QUININE"_s));
+    EXPECT_EQ(listing.OtherRevenueRecord().ResultCode, u"ZZ03"_s);
+}
+
+TEST_F(StockThenServices, AListThatWasLeftPicksNothing) {
+    const OnDialog leave([](QDialog& dialog) { dialog.reject(); });
+    stock.ShowList(u"QUININE"_s, false, u"1"_s);
+    QString text = u"QUININE"_s;
+    EXPECT_TRUE(PickAs(text, ListingKind::kOtherRevenue, u"Services"_s, u"QUININE"_s));
 }
 
 TEST_F(ListingTest, ATextThatNobodyKnowsBringsTheWholeListOfServices) {

@@ -57,7 +57,38 @@ TEST_F(PickDialogTest, ShowsAllRowsUnderItsColumnsAndBeginsInTheSearchBox) {
     EXPECT_EQ(List().model()->columnCount(), 3);
     EXPECT_EQ(List().model()->headerData(1, Qt::Horizontal).toString(), u"Last Name"_s);
     EXPECT_TRUE(Box().hasFocus());
+}
+
+TEST_F(PickDialogTest, AnEnterThatComesTooEarlyPicksNothingWhereNothingWasKeyedOrNothingMatched) {
+    for (const QString& text : {QString(), u"  "_s, u"QQ"_s}) {
+        Open(text);
+        EXPECT_FALSE(List().currentIndex().isValid()) << text.toStdString();
+        EXPECT_FALSE(Find<QPushButton>(*dialog, "cmdPick").isEnabled());
+        Press(Box(), Qt::Key_Return);
+        EXPECT_TRUE(dialog->isVisible()) << text.toStdString();
+        Press(Box(), Qt::Key_Down);
+        EXPECT_EQ(List().SelectedText(), u"D001"_s) << "the first arrow marks the first row";
+        Press(Box(), Qt::Key_Return);
+        EXPECT_EQ(dialog->result(), QDialog::Accepted);
+        EXPECT_EQ(dialog->PickedRow(), 0U);
+    }
+}
+
+TEST_F(PickDialogTest, ATextThatIsTakenBackTakesTheMarkBackToo) {
+    Open(u"MARIA"_s);
+    EXPECT_EQ(List().SelectedText(), u"D005"_s);
+    Box().selectAll();
+    Press(Box(), Qt::Key_Backspace);
+    EXPECT_EQ(Codes(), kAll);
+    EXPECT_FALSE(List().currentIndex().isValid());
+}
+
+TEST_F(PickDialogTest, TheListMarksItsFirstRowWhenTheClerkComesToIt) {
+    Open(u"QQ"_s);
+    Press(Box(), Qt::Key_Tab);
+    ASSERT_TRUE(List().hasFocus());
     EXPECT_EQ(List().SelectedText(), u"D001"_s);
+    EXPECT_TRUE(List().selectionModel()->isRowSelected(0));
 }
 
 struct SearchCase {
@@ -100,7 +131,7 @@ TEST_F(PickDialogTest, TypedLettersAreUpperCase) {
 }
 
 TEST_F(PickDialogTest, UpAndDownMoveTheMarkWhileTheTextKeepsTheFocus) {
-    Open();
+    Open(u"D00"_s);
     Press(Box(), Qt::Key_Up);
     EXPECT_EQ(List().SelectedText(), u"D001"_s);
     Press(Box(), Qt::Key_Down);
@@ -159,6 +190,7 @@ TEST_F(PickDialogTest, WithoutAFoundRowNothingCanBeTaken) {
     Press(Box(), Qt::Key_Backspace);
     Press(Box(), Qt::Key_Backspace);
     Press(Box(), Qt::Key_Backspace);
+    Press(Box(), Qt::Key_Down);
     EXPECT_TRUE(Find<QPushButton>(*dialog, "cmdPick").isEnabled());
 }
 
