@@ -14,12 +14,32 @@
 #include <QPushButton>
 #include <QWindow>
 
+#include <vector>
+
 namespace {
 
 QPointer<Form> activeForm;
 
 /// The screen that a modal screen's handler showed behind its unloading, before the modal loop came back.
 QPointer<Form> shownInPlace;
+
+/// The screens inside the main window, in the order in which the clerk came to them last. The area itself
+/// knows only the order in which they were made, and would bring a screen to the front that he has not been
+/// to for hours.
+std::vector<QPointer<Form>>& Visited() {
+    static std::vector<QPointer<Form>> screens;
+    return screens;
+}
+
+void ForgetVisit(const Form* screen) {
+    std::erase_if(Visited(),
+                  [screen](const QPointer<Form>& visited) { return !visited || visited == screen; });
+}
+
+/// The screen inside the main window to which the clerk came last; null for none.
+Form* LastVisited() {
+    return Visited().empty() ? nullptr : Visited().back().data();
+}
 
 constexpr Qt::WindowFlags kInsideFlags = Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                                          Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
@@ -90,7 +110,8 @@ void Form::PutInside(QMdiArea& area) {
     mSubWindow = area.addSubWindow(this, kInsideFlags);
     mSubWindow->setAttribute(Qt::WA_DeleteOnClose, false);
     connect(&area, &QMdiArea::subWindowActivated, this, [this](const QMdiSubWindow* sub) {
-        if (sub && sub == mSubWindow)
+        // Under a modal screen another one may come to the front, but nobody has gone to it yet.
+        if (sub && sub == mSubWindow && !QApplication::activeModalWidget())
             Activate();
     });
     if (mPlaced)
@@ -120,8 +141,8 @@ void Form::ShowModal() {
         mModalLoop = nullptr;
         if (shownInPlace)
             keeper.KeepWindowOnly();
-        else if (before)
-            before->Activate();
+        else if (Form* back = before && !before->mUnloading ? before.data() : LastVisited())
+            back->Activate();
     }
     deleteLater();
 }
@@ -137,25 +158,35 @@ bool Form::Unload() {
     return true;
 }
 
+/// The screen from which the clerk came is brought to the front first: where the area loses its front screen,
+/// it chooses one by itself.
+void Form::LeaveArea(QMdiArea& area) {
+    const Form* next = LastVisited();
+    if (next && area.currentSubWindow() == mSubWindow)
+        area.setActiveSubWindow(next->mSubWindow);
+    mSubWindow->hide();
+    mSubWindow->setWidget(nullptr);
+    setParent(nullptr);
+    area.removeSubWindow(mSubWindow);
+    mSubWindow->deleteLater();
+}
+
 void Form::Leave() {
     Screens::Forget(this);
+    ForgetVisit(this);
     if (activeForm == this)
         activeForm = nullptr;
-    hide();
     if (mModalLoop) {
+        hide();
         // ShowModal deletes the screen when its loop has come back.
         shownInPlace = nullptr;
         mModalLoop->quit();
         return;
     }
-    if (mSubWindow) {
-        mSubWindow->hide();
-        mSubWindow->setWidget(nullptr);
-        setParent(nullptr);
-        if (Workspace* workspace = Workspace::Current())
-            workspace->Area()->removeSubWindow(mSubWindow);
-        mSubWindow->deleteLater();
-    }
+    if (mSubWindow)
+        LeaveArea(*mSubWindow->mdiArea());
+    else
+        hide();
     deleteLater();
 }
 
@@ -170,6 +201,10 @@ void Form::Activate() {
     if (activeForm == this || mUnloading)
         return;
     activeForm = this;
+    if (mSubWindow) {
+        ForgetVisit(this);
+        Visited().push_back(this);
+    }
     Form_Activate();
 }
 

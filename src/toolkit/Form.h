@@ -64,6 +64,7 @@ class Form : public QWidget {
     void WindowCameToFront(const QWindow* front);
     void Leave();
     void PutInside(QMdiArea& area);
+    void LeaveArea(QMdiArea& area);
 
     bool mLoaded = false;
     bool mStandAlone = false;

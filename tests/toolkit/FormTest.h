@@ -23,6 +23,7 @@ class FormTest : public ScreenTest {
         FormA::Forget();
         FormB::Forget();
         FormC::Forget();
+        FormD::Forget();
     }
 
     /// Deletes what waits for the running handler to end.

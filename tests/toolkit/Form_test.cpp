@@ -383,6 +383,82 @@ TEST_F(FormLife, ClosingTheFrontScreenActivatesTheOneBehindIt) {
     EXPECT_EQ(Form::Active(), &Screens::Get<FormA>());
 }
 
+/// Several screens inside the main window, in other orders than that in which they were made.
+class SeveralScreens : public FormLife {
+  protected:
+    SeveralScreens() {
+        Screens::Get<FormA>().Show();
+        Screens::Get<FormB>().Show();
+    }
+
+    /// What was activated since the last look, once the program has come to rest.
+    static QStringList TakeActivated() {
+        RunEvents();
+        return TakeEvents().filter(u" activate"_s);
+    }
+};
+
+TEST_F(SeveralScreens, AScreenThatClosesGivesWayToTheOneFromWhichTheClerkCame) {
+    Screens::Get<FormC>().Show();
+    TakeActivated();
+    Screens::Unload<FormC>();
+    EXPECT_EQ(TakeActivated(), QStringList{u"B activate"_s}) << "not to the one that was made first";
+    EXPECT_EQ(Form::Active(), &Screens::Get<FormB>());
+    EXPECT_EQ(workspace.Area()->activeSubWindow(), SubWindowOf(Screens::Get<FormB>()));
+}
+
+TEST_F(SeveralScreens, EachOfFourGivesWayToTheOneBeforeIt) {
+    Screens::Get<FormC>().Show();
+    Screens::Get<FormA>().Show();
+    Screens::Get<FormD>().Show();
+    TakeActivated();
+    Screens::Unload<FormD>();
+    EXPECT_EQ(TakeActivated(), QStringList{u"A activate"_s});
+    Screens::Unload<FormA>();
+    EXPECT_EQ(TakeActivated(), QStringList{u"C activate"_s});
+    Screens::Unload<FormC>();
+    EXPECT_EQ(TakeActivated(), QStringList{u"B activate"_s});
+    Screens::Unload<FormB>();
+    EXPECT_EQ(TakeActivated(), QStringList());
+}
+
+TEST_F(SeveralScreens, AScreenThatClosesBehindTheOneInUseActivatesNothing) {
+    Screens::Get<FormC>().Show();
+    TakeActivated();
+    Screens::Unload<FormB>();
+    EXPECT_EQ(TakeActivated(), QStringList());
+    EXPECT_EQ(Form::Active(), &Screens::Get<FormC>());
+    Screens::Unload<FormC>();
+    EXPECT_EQ(TakeActivated(), QStringList{u"A activate"_s});
+}
+
+TEST_F(SeveralScreens, TheCloseBoxGivesWayToTheSameScreen) {
+    Screens::Get<FormC>().Show();
+    TakeActivated();
+    SubWindowOf(Screens::Get<FormC>())->close();
+    EXPECT_EQ(TakeActivated(), QStringList{u"B activate"_s});
+}
+
+TEST_F(SeveralScreens, TheFocusIsWhereTheClerkLeftItInTheScreenThatComesBack) {
+    Screens::Get<FormB>().button->setFocus();
+    Screens::Get<FormC>().Show();
+    Screens::Unload<FormC>();
+    RunEvents();
+    EXPECT_TRUE(Screens::Get<FormB>().button->hasFocus());
+}
+
+TEST_F(SeveralScreens, AScreenUnderAModalOneClosesWithoutAnyoneComingToTheFront) {
+    TakeActivated();
+    Inside([] {
+        EXPECT_EQ(TakeActivated(), QStringList{u"C activate"_s}) << "the modal one";
+        Screens::Unload<FormB>();
+        EXPECT_EQ(TakeActivated(), QStringList());
+        Screens::Unload<FormC>();
+    });
+    Screens::Get<FormC>().ShowModal();
+    EXPECT_EQ(TakeActivated(), QStringList{u"A activate"_s}) << "once the modal one has gone";
+}
+
 TEST_F(FormLife, TheReturnFromAModalScreenActivatesOnceBeforeItsCallerGoesOn) {
     Screens::Get<FormA>().Show();
     Inside([] { Screens::Get<FormB>().Unload(); });

@@ -82,3 +82,4 @@ template <char Letter> class RecordedForm : public Form {
 using FormA = RecordedForm<'A'>;
 using FormB = RecordedForm<'B'>;
 using FormC = RecordedForm<'C'>;
+using FormD = RecordedForm<'D'>;
