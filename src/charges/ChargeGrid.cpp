@@ -83,6 +83,7 @@ void ChargeGrid::ResetLineCount() {
 void ChargeGrid::SetupGrid() {
     mLines.ResetColumns();
     FlexCells& cells = Cells();
+    const bool isCut = cells.Rows() > kRows;
     cells.SetCols(Column::kCount);
     cells.SetRows(kRows);
     const ChargeGridDifferences& differences = mLines.Differences();
@@ -100,16 +101,47 @@ void ChargeGrid::SetupGrid() {
     for (const int col : {differences.quantityCol, differences.priceCol, Column::kAmount})
         cells.SetAlignment(col, Qt::AlignRight);
     FollowCutGrid();
+    if (isCut)
+        ComputeTotal();
 }
 
 void ChargeGrid::FollowCutGrid() {
     if (mEditorRow < Cells().Rows())
         return;
     // The line under the editor is gone; left where it was, its text would be keyed into another line.
-    mLines.SetAmountLock();
-    if (mLines.IsLocked(Cells().Col()))
-        Cells().SetCol(Column::kDepartment);
+    ++mCutLines;
+    const int line = FirstEmptyLine();
+    if (line == 0) {
+        HideEditor();
+        return;
+    }
+    Cells().SetCell(line, Column::kDepartment);
     TakeCell();
+}
+
+int ChargeGrid::FirstEmptyLine() const {
+    const auto isEmpty = [this](int row) {
+        for (int col = Column::kDepartment; col <= Column::kAmount; ++col) {
+            if (!Text(row, col).isEmpty())
+                return false;
+        }
+        return true;
+    };
+    for (int row = 1; row < Cells().Rows(); ++row) {
+        if (isEmpty(row))
+            return row;
+    }
+    return 0;
+}
+
+void ChargeGrid::OpenFirstEmptyLine() {
+    int line = FirstEmptyLine();
+    if (line == 0) {
+        line = Cells().Rows();
+        Cells().SetRows(line + 1);
+    }
+    Cells().SetRow(line);
+    MoveToColumn(Column::kDepartment);
 }
 
 void ChargeGrid::HideEditor() {
@@ -276,7 +308,14 @@ void ChargeGrid::MoveOnFromColumn() {
 void ChargeGrid::DepartmentStep() {
     if (!Revenue)
         Revenue = std::make_unique<clsRevenueCode>();
-    if (!Revenue->ValidateRevenue(Cells().TextMatrix(Cells().Row(), Column::kDepartment))) {
+    const int cutLines = mCutLines;
+    const bool isValid = Revenue->ValidateRevenue(Cells().TextMatrix(Cells().Row(), Column::kDepartment));
+    // The list of departments has cut the keyed line off: what was picked is written over no charge that stands.
+    if (mCutLines != cutLines) {
+        OpenFirstEmptyLine();
+        return;
+    }
+    if (!isValid) {
         MoveToColumn(Column::kDepartment);
         return;
     }

@@ -27,7 +27,7 @@ class ChargeGrid : public QObject, private LineEditor {
     const FlexCells& Cells() const;
     FlexCells& Cells();
 
-    /// Columns, sizes, headers: 8 lines, whatever was keyed below them.
+    /// Columns, sizes, headers: 8 lines, whatever was keyed below them. The total follows a grid that was cut.
     void SetupGrid();
     /// The first arrival at the end of the last line moves nothing again.
     void DisarmLastRow() { mLines.LastRowArmed = false; }
@@ -84,8 +84,12 @@ class ChargeGrid : public QObject, private LineEditor {
     /// Lays the editor over the current cell, with the cell's text.
     void TakeCell();
     void PlaceEditor();
-    /// Brings the editor to the current cell when its own line was cut off.
+    /// Takes the editor away from a line that was cut off.
     void FollowCutGrid();
+    /// The first line in which nothing stands; 0 where there is none.
+    int FirstEmptyLine() const;
+    /// Opens the Department of the first empty line, which is added where there is none.
+    void OpenFirstEmptyLine();
 
     FlexGrid* grdTable;
     QLineEdit* txtEntry;
@@ -97,4 +101,6 @@ class ChargeGrid : public QObject, private LineEditor {
     /// The cell that the editor lies over.
     int mEditorRow = 0;
     int mEditorCol = 0;
+    /// How often the editor's own line was cut off.
+    int mCutLines = 0;
 };

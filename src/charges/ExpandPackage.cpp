@@ -39,6 +39,8 @@ PackageItem ReadItem(const RowSet& rows) {
 void ForEachItem(const QString& packageCode, const std::function<void(const PackageItem&)>& step) {
     RowSet rows = gCurrentUser->SQLConnection()->Open(PackageCommand(Trim(packageCode)), CursorType::Dynamic,
                                                       LockType::ReadOnly);
+    // One finder answers for all items.
+    const FinderQuestion question;
     for (; !rows.Eof(); rows.MoveNext())
         step(ReadItem(rows));
     rows.Close();

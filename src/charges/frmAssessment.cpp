@@ -60,6 +60,10 @@ void frmAssessment::Wire() {
 void frmAssessment::Form_Load() {
     mGrid->SetupGrid();
     mGrid->DisarmLastRow();
+    // The list of cash patients goes by the letter; before anybody has set one there is nothing to list.
+    const bool isChosen = gPatientType.size() == 1 && kTypeLetters.contains(gPatientType.front());
+    if (!isChosen)
+        optType.front()->setChecked(true);
 }
 
 void frmAssessment::Form_Unload() {

@@ -226,6 +226,15 @@ void frmSearchPatient::ListView1_KeyPress(int&) {
     ListView1_DblClick();
 }
 
+FinderQuestion::FinderQuestion()
+    : mIsOpen(Screens::IsLoaded<frmSearchPatient>()) {}
+
+FinderQuestion::~FinderQuestion() {
+    if (!mIsOpen)
+        Screens::Drop<frmSearchPatient>();
+}
+
 QString FinderPatientType() {
+    const FinderQuestion question;
     return Screens::Get<frmSearchPatient>().optPatientType[0]->isChecked() ? u"I"_s : u"O"_s;
 }

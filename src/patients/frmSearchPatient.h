@@ -56,6 +56,19 @@ class frmSearchPatient : public Form {
     QTimer* Timer1;
 };
 
+/// Questions to a finder that may be closed. The instance that they make out of sight is dropped with this guard:
+/// left there, it would be the finder of the next patient, with the hits of the one before.
+class FinderQuestion {
+  public:
+    FinderQuestion();
+    FinderQuestion(const FinderQuestion&) = delete;
+    FinderQuestion& operator=(const FinderQuestion&) = delete;
+    ~FinderQuestion();
+
+  private:
+    bool mIsOpen;
+};
+
 /// The patient type by the finder's options, for the entries on stock cards: "I" or "O".
 ///
 /// Kept: once the finder is closed the question makes a fresh one out of sight, which fills itself by its

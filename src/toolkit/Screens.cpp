@@ -35,6 +35,13 @@ void Screens::Forget(const Form* form) {
     std::erase_if(Loaded(), [form](const Entry& entry) { return entry.form == form; });
 }
 
+void Screens::DropForm(Form* form) {
+    if (!form)
+        return;
+    Forget(form);
+    delete form;
+}
+
 bool Screens::UnloadAll() {
     while (!Loaded().empty()) {
         if (!Loaded().back().form->Unload())

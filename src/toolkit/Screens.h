@@ -27,6 +27,10 @@ class Screens {
         return !form || form->Unload();
     }
 
+    /// Drops the screen without asking it and without the steps of a closing. For an instance that was made
+    /// for one question and that nobody has seen.
+    template <class T> static void Drop() { DropForm(Find(typeid(T))); }
+
     /// Unloads every screen, the one made last first. False as soon as one refuses.
     static bool UnloadAll();
 
@@ -37,6 +41,7 @@ class Screens {
     friend class Form;
 
     static Form* Find(std::type_index type);
+    static void DropForm(Form* form);
     static void Keep(std::type_index type, std::unique_ptr<Form> form);
     /// Forgets an instance that is being unloaded.
     static void Forget(const Form* form);

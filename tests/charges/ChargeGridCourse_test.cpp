@@ -208,29 +208,6 @@ TEST_F(PostGridTest, HCLineAtTheEndOfTheGridEndsWithItsPrice) {
     ExpectOpen(9, 1);
 }
 
-TEST_F(PostGridTest, EditorOfACutLineComesToTheDepartmentOfAnHCLineWhoseAmountIsClosed) {
-    cells.SetRows(12);
-    PutLine(8, u"HC"_s, u"Y"_s);
-    PutLine(11, u"XR"_s, u"Y"_s);
-    ClickCell(11, Column::kAmount);
-    charges->SetupGrid();
-    EXPECT_EQ(Place(), std::pair(8, 1));
-    ExpectOver(8, 1, Qt::AlignLeft);
-    Key(u"x"_s);
-    EXPECT_EQ(At(8, Column::kAmount), u"101.00"_s);
-}
-
-TEST_F(PostGridTest, EditorOfACutLineComesToTheAmountOfAnotherLine) {
-    cells.SetRows(12);
-    PutLine(8, u"XR"_s, u"Y"_s);
-    PutLine(11, u"HC"_s, u"Y"_s);
-    ClickCell(11, 1);
-    cells.SetCol(Column::kAmount);
-    charges->SetupGrid();
-    EXPECT_EQ(Place(), std::pair(8, 6));
-    ExpectOver(8, 6, Qt::AlignRight);
-}
-
 TEST_F(PostGridTest, HCCentreWithoutItemsMeetsTheClosedAmount) {
     OpenByFocus(1, 1);
     KeyDepartment({u"EAR CARE"_s, u"HC"_s, u"N"_s});

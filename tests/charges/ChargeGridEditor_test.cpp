@@ -18,33 +18,52 @@ class ChargeGridEditorTest : public ChargeGridGround, public testing::WithParamI
 
 INSTANTIATE_TEST_SUITE_P(Twins, ChargeGridEditorTest, testing::ValuesIn(kTwins), CaseName());
 
-TEST_P(ChargeGridEditorTest, EditorOfACutLineComesToTheLastOneThatStays) {
+TEST_P(ChargeGridEditorTest, EditorOfACutLineComesToTheDepartmentOfTheFirstEmptyOne) {
     cells.SetRows(12);
-    Put(8, 1, u"XR"_s);
-    Put(11, 1, u"MD"_s);
-    ClickCell(11, 1);
+    for (const int row : {1, 2, 4, 8, 11})
+        PutLine(row, u"XR"_s, u"Y"_s);
+    ClickCell(11, Column::kAmount);
     charges->SetupGrid();
-    EXPECT_EQ(Place(), std::pair(8, 1));
-    EXPECT_EQ(editor.geometry(), CellPlace(8, 1));
-    EXPECT_EQ(editor.text(), u"XR"_s);
+    EXPECT_EQ(Place(), std::pair(3, 1));
+    ExpectOver(3, 1, Qt::AlignLeft);
+    Key(u"hc"_s);
+    EXPECT_EQ(At(3, 1), u"HC"_s);
     EXPECT_EQ(At(8, 1), u"XR"_s);
 }
 
-TEST_P(ChargeGridEditorTest, EditorOfACutLineComesToTheDepartmentWhereTheCurrentCellIsClosed) {
+TEST_P(ChargeGridEditorTest, ALineWithoutADepartmentIsEmptyOnlyWhereNothingElseStandsInIt) {
     cells.SetRows(12);
-    for (const int row : {8, 11}) {
-        PutLine(row, u"XR"_s, u"Y"_s);
-        Put(row, Column::kParticular, u"CHEST %1"_s.arg(row));
-    }
-    ClickCell(11, Column::kAmount);
-    ClickCell(11, Column::kParticular);
+    PutLine(1, QString(), u"Y"_s);
+    PutLine(11, u"XR"_s, u"Y"_s);
+    ASSERT_FALSE(At(1, Column::kAmount).isEmpty());
+    ClickCell(11, 1);
     charges->SetupGrid();
-    EXPECT_EQ(Place(), std::pair(8, 1));
-    ExpectOver(8, 1, Qt::AlignLeft);
-    editor.selectAll();
-    Key(u"hc"_s);
-    EXPECT_EQ(At(8, 1), u"HC"_s);
-    EXPECT_EQ(At(8, Column::kParticular), u"CHEST 8"_s);
+    EXPECT_EQ(Place(), std::pair(2, 1));
+}
+
+TEST_P(ChargeGridEditorTest, WhereNoLineIsEmptyNothingIsKeyedIntoALineThatStands) {
+    cells.SetRows(12);
+    for (int row = 1; row < 12; ++row)
+        PutLine(row, u"XR"_s, u"Y"_s);
+    ClickCell(11, 1);
+    charges->SetupGrid();
+    EXPECT_EQ(cells.Rows(), 9);
+    EXPECT_FALSE(editor.isVisible());
+    EXPECT_TRUE(grid.hasFocus());
+    for (int row = 1; row < 9; ++row)
+        EXPECT_EQ(At(row, 1), u"XR"_s) << row;
+}
+
+TEST_P(ChargeGridEditorTest, TheTotalFollowsAGridThatWasCutAndNoOther) {
+    cells.SetRows(12);
+    Put(2, Column::kAmount, u"100.00"_s);
+    Put(11, Column::kAmount, u"50.00"_s);
+    total->setText(u"150.00"_s);
+    charges->SetupGrid();
+    EXPECT_EQ(total->text(), u"100.00"_s);
+    total->setText(u"0.00"_s);
+    charges->SetupGrid();
+    EXPECT_EQ(total->text(), u"0.00"_s);
 }
 
 TEST_P(ChargeGridEditorTest, EditorFollowsAColumnThatTheClerkWidens) {

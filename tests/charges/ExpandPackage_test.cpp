@@ -70,14 +70,22 @@ TEST_F(ExpandPackageTest, PackageWithoutItemsIsReadAndTheFinderIsNotAsked) {
     EXPECT_FALSE(Screens::IsLoaded<frmSearchPatient>());
 }
 
-TEST_F(ExpandPackageTest, EachItemAsksTheFinderWhichAFirstTouchMakesOutOfSight) {
+TEST_F(ExpandPackageTest, AFinderThatIsMadeForTheQuestionIsGoneAfterIt) {
     gateway.Expect(kItems, PackageRows(kTwoItems));
     ReadPackage(u"PKG01"_s);
-    ASSERT_TRUE(Screens::IsLoaded<frmSearchPatient>());
-    EXPECT_FALSE(Screens::Get<frmSearchPatient>().isVisible());
+    EXPECT_FALSE(Screens::IsLoaded<frmSearchPatient>());
 }
 
-TEST_F(ExpandPackageTest, HiddenFinderFillsItselfByTheScreenThatStillWaitsForIt) {
+TEST_F(ExpandPackageTest, AFinderThatIsOpenAnswersAndStays) {
+    Screens::Get<frmSearchPatient>().optPatientType[0]->setChecked(true);
+    gateway.Expect(kItems, PackageRows({kTwoItems[0]}));
+    ExpectLink(u"M0002"_s);
+    Issue();
+    EXPECT_EQ(stockItem->entries[0].patientType, u"I"_s);
+    EXPECT_TRUE(Screens::IsLoaded<frmSearchPatient>());
+}
+
+TEST_F(ExpandPackageTest, HiddenFinderFillsItselfOnceByTheScreenThatStillWaitsForIt) {
     RegisterFinderTarget(u"Post"_s, []() -> FinderTarget& { return Screens::Get<frmPostCharges>(); });
     gChargeMode = u"Post"_s;
     gPatientType = u"I"_s;

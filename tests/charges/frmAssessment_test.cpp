@@ -79,12 +79,25 @@ TEST_F(frmAssessmentTest, LinesCanBeKeyedOnceTheListHasEnabledThem) {
     EXPECT_TRUE(Frame("fraExams").isEnabled());
 }
 
-TEST_F(frmAssessmentTest, NoPatientTypeIsOnAtTheStartAndTheLetterStands) {
-    gPatientType = u"I"_s;
-    const auto& screen = Open();
-    for (int i = 0; i < 3; ++i)
-        EXPECT_FALSE(screen.PatientTypeOn(i)) << i;
-    EXPECT_EQ(gPatientType, u"I"_s);
+TEST_F(frmAssessmentTest, NoPatientTypeIsOnAtTheStartWhereALetterStandsAndItGoesOnStanding) {
+    for (const QString& letter : {u"I"_s, u"O"_s, u"W"_s}) {
+        gPatientType = letter;
+        const auto& screen = Open();
+        for (int i = 0; i < 3; ++i)
+            EXPECT_FALSE(screen.PatientTypeOn(i)) << i;
+        EXPECT_EQ(gPatientType, letter);
+        Screens::Unload<frmAssessment>();
+    }
+}
+
+TEST_F(frmAssessmentTest, BeforeAnyLetterStandsTheFirstPatientTypeIsOn) {
+    for (const QString& letter : {QString(), u"X"_s, u"IO"_s, u"i"_s}) {
+        gPatientType = letter;
+        const auto& screen = Open();
+        EXPECT_TRUE(screen.PatientTypeOn(0)) << letter.toStdString();
+        EXPECT_EQ(gPatientType, u"I"_s);
+        Screens::Unload<frmAssessment>();
+    }
 }
 
 TEST_F(frmAssessmentTest, PatientTypeSetsTheLetter) {

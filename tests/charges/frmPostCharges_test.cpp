@@ -287,27 +287,74 @@ TEST_F(frmPostChargesTest, ReturnFromThePickerOfDepartmentsCutsTheGridToo) {
     EXPECT_EQ(Box("txtEntry").text(), u""_s);
 }
 
-TEST_F(frmPostChargesTest, PickForALineThatTheReturnCutsGoesIntoTheLastOneThatStays) {
+/// Lines beyond the eighth, which the list of departments cuts off when it closes.
+class CutOffLine : public frmPostChargesTest {
+  protected:
+    /// Keys part of a department into line 10 and leaves the list of departments by that button.
+    void KeyDepartment(const char* button) {
+        Cells().SetCell(10, 1);
+        Grid().setFocus();
+        const RevenueCentre earCare{u"EAR CARE"_s, u"HC"_s};
+        gateway.Expect(ExactRevenueCommand(u"E"_s), RevenueRows({}));
+        gateway.Expect(PartialRevenueCommand(u"E"_s), RevenueRows({earCare}));
+        gateway.Expect(u"Clinical_Area..spEarCare_SearchRevenue '0','E'"_s, RevenueRows({earCare}));
+        if (button == std::string_view("cmdSelect"))
+            ExpectExact(gateway, earCare);
+        WhileModal([button](Form& picker) { Click(Find<QPushButton>(picker, button)); });
+        Press(Box("txtEntry"), Qt::Key_Return);
+    }
+    void FillLines(int last) {
+        Cells().SetRows(11);
+        for (int row = 1; row <= last; ++row)
+            PutLine(row, {u"XR"_s, u"X%1"_s.arg(row), u"CHEST"_s, u"3"_s, u"900.00"_s});
+        PutLine(10, {u"E"_s});
+    }
+    void ExpectKept(int last) {
+        for (int row = 1; row <= last; ++row) {
+            EXPECT_EQ(Cells().TextMatrix(row, 1), u"XR"_s) << row;
+            EXPECT_EQ(Cells().TextMatrix(row, 2), u"X%1"_s.arg(row));
+            EXPECT_EQ(Cells().TextMatrix(row, 3), u"CHEST"_s) << row;
+        }
+    }
+    void ExpectOpenAt(int row) {
+        EXPECT_EQ(Cells().Row(), row);
+        EXPECT_EQ(Cells().Col(), Column::kDepartment);
+        EXPECT_EQ(Box("txtEntry").text(), u""_s);
+        EXPECT_TRUE(Box("txtEntry").isVisible());
+        EXPECT_EQ(Box("txtEntry").window()->focusWidget(), &Box("txtEntry"));
+    }
+};
+
+TEST_F(CutOffLine, APickForItIsWrittenOverNoChargeThatStands) {
     OpenWithPatient();
-    Cells().SetRows(11);
-    PutLine(8, {u"XR"_s, u"X1"_s, u"CHEST"_s, u"3"_s, u"900.00"_s});
-    PutLine(10, {u"E"_s});
-    Cells().SetCell(10, 1);
-    Grid().setFocus();
-    const RevenueCentre earCare{u"EAR CARE"_s, u"HC"_s};
-    gateway.Expect(ExactRevenueCommand(u"E"_s), RevenueRows({}));
-    gateway.Expect(PartialRevenueCommand(u"E"_s), RevenueRows({earCare}));
-    gateway.Expect(u"Clinical_Area..spEarCare_SearchRevenue '0','E'"_s, RevenueRows({earCare}));
-    ExpectExact(gateway, earCare);
-    WhileModal([](Form& picker) { Click(Find<QPushButton>(picker, "cmdSelect")); });
-    Press(Box("txtEntry"), Qt::Key_Return);
+    FillLines(8);
+    Cells().SetTextMatrix(5, 1, QString());
+    for (int col = 2; col <= 6; ++col)
+        Cells().SetTextMatrix(5, col, QString());
+    KeyDepartment("cmdSelect");
     EXPECT_EQ(Cells().Rows(), 9);
-    const std::vector<QString> line = {u"HC"_s, u"X1"_s, u"EAR CARE"_s, u"3"_s, u""_s, u"900.00"_s};
-    for (int col = 1; col <= 6; ++col)
-        EXPECT_EQ(Cells().TextMatrix(8, col), line[size_t(col) - 1]) << col;
-    EXPECT_EQ(Cells().Row(), 8);
-    EXPECT_EQ(Cells().Col(), Column::kCode);
-    EXPECT_EQ(Box("txtEntry").text(), u"X1"_s);
+    ExpectOpenAt(5);
+    ExpectKept(4);
+    EXPECT_EQ(Cells().TextMatrix(8, 2), u"X8"_s);
+    EXPECT_EQ(gLineCount, 0) << "no department was accepted";
+}
+
+TEST_F(CutOffLine, WhereEveryLineStandsAnEmptyOneIsAddedForTheNext) {
+    OpenWithPatient();
+    FillLines(8);
+    KeyDepartment("cmdSelect");
+    EXPECT_EQ(Cells().Rows(), 10);
+    ExpectOpenAt(9);
+    ExpectKept(8);
+}
+
+TEST_F(CutOffLine, AListThatIsLeftForItOpensNoChargeThatStandsEither) {
+    OpenWithPatient();
+    FillLines(8);
+    KeyDepartment("cmdCancel");
+    EXPECT_EQ(Cells().Rows(), 10);
+    ExpectOpenAt(9);
+    ExpectKept(8);
 }
 
 TEST_F(frmPostChargesTest, ActivationOpensTheAmountOfAnHCLineToTheNextMoveAndTheEditorStays) {
