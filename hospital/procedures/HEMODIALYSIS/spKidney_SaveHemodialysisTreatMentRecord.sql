@@ -217,7 +217,7 @@ BEGIN
         THROW 50002, 'The entry names another user than the one who is signed on. Nothing was recorded.', 1;
     BEGIN TRANSACTION;
 
-    -- The record is held before it is copied: what another nurse saves at the same moment is kept as well.
+    -- The record is held before it is copied: what somebody else saves at the same moment is kept as well.
     UPDATE HEMODIALYSIS..tbHemodialysisResultEntry
     SET UserId = UserId
     WHERE IdNum = @IdNum AND RequestNum = @RequestNum;
