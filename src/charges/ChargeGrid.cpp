@@ -310,7 +310,8 @@ void ChargeGrid::DepartmentStep() {
         Revenue = std::make_unique<clsRevenueCode>();
     const int cutLines = mCutLines;
     const bool isValid = Revenue->ValidateRevenue(Cells().TextMatrix(Cells().Row(), Column::kDepartment));
-    // The list of departments has cut the keyed line off: what was picked is written over no charge that stands.
+    // The list of departments has cut the keyed line off: what was picked is written over no charge that
+    // stands.
     if (mCutLines != cutLines) {
         OpenFirstEmptyLine();
         return;

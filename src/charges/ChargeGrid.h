@@ -27,7 +27,8 @@ class ChargeGrid : public QObject, private LineEditor {
     const FlexCells& Cells() const;
     FlexCells& Cells();
 
-    /// Columns, sizes, headers: 8 lines, whatever was keyed below them. The total follows a grid that was cut.
+    /// Columns, sizes, headers: 8 lines, whatever was keyed below them. The total follows a grid that was
+    /// cut.
     void SetupGrid();
     /// The first arrival at the end of the last line moves nothing again.
     void DisarmLastRow() { mLines.LastRowArmed = false; }

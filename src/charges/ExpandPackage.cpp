@@ -27,22 +27,22 @@ struct PackageItem {
     QString patientType;
 };
 
-PackageItem ReadItem(const RowSet& rows) {
+PackageItem ReadItem(const RowSet& rows, FinderQuestion& finder) {
     return {.revenueID = rows.Fields(u"RevenueID").TextOrEmpty(),
             .itemID = rows.Fields(u"ItemID").TextOrEmpty(),
             .quantity = rows.Fields(u"Quantity").ToDouble(),
             .amount = rows.Fields(u"Amount").ToDouble(),
             .userCode = gCurrentUser->EmployeeCode(),
-            .patientType = FinderPatientType()};
+            .patientType = finder.PatientType()};
 }
 
 void ForEachItem(const QString& packageCode, const std::function<void(const PackageItem&)>& step) {
     RowSet rows = gCurrentUser->SQLConnection()->Open(PackageCommand(Trim(packageCode)), CursorType::Dynamic,
                                                       LockType::ReadOnly);
     // One finder answers for all items.
-    const FinderQuestion question;
+    FinderQuestion finder;
     for (; !rows.Eof(); rows.MoveNext())
-        step(ReadItem(rows));
+        step(ReadItem(rows, finder));
     rows.Close();
 }
 

@@ -226,15 +226,16 @@ void frmSearchPatient::ListView1_KeyPress(int&) {
     ListView1_DblClick();
 }
 
-FinderQuestion::FinderQuestion()
-    : mIsOpen(Screens::IsLoaded<frmSearchPatient>()) {}
-
 FinderQuestion::~FinderQuestion() {
-    if (!mIsOpen)
+    if (mMadeIt)
         Screens::Drop<frmSearchPatient>();
 }
 
-QString FinderPatientType() {
-    const FinderQuestion question;
+QString FinderQuestion::PatientType() {
+    mMadeIt = mMadeIt || !Screens::IsLoaded<frmSearchPatient>();
     return Screens::Get<frmSearchPatient>().optPatientType[0]->isChecked() ? u"I"_s : u"O"_s;
+}
+
+QString FinderPatientType() {
+    return FinderQuestion().PatientType();
 }

@@ -56,21 +56,24 @@ class frmSearchPatient : public Form {
     QTimer* Timer1;
 };
 
-/// Questions to a finder that may be closed. The instance that they make out of sight is dropped with this guard:
+/// Asks a finder that may be closed. The instance that the question makes out of sight is dropped with it:
 /// left there, it would be the finder of the next patient, with the hits of the one before.
 class FinderQuestion {
   public:
-    FinderQuestion();
+    FinderQuestion() = default;
     FinderQuestion(const FinderQuestion&) = delete;
     FinderQuestion& operator=(const FinderQuestion&) = delete;
     ~FinderQuestion();
 
+    /// The patient type by the finder's options, for the entries on stock cards: "I" or "O".
+    ///
+    /// Kept: once the finder is closed the question makes a fresh one out of sight, which fills itself by its
+    /// waiting screen and has no option on. The answer is "O" then, for in-patients too.
+    QString PatientType();
+
   private:
-    bool mIsOpen;
+    bool mMadeIt = false;
 };
 
-/// The patient type by the finder's options, for the entries on stock cards: "I" or "O".
-///
-/// Kept: once the finder is closed the question makes a fresh one out of sight, which fills itself by its
-/// waiting screen and has no option on. The answer is "O" then, for in-patients too.
+/// The patient type by the finder's options, asked once.
 QString FinderPatientType();

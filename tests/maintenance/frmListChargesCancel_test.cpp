@@ -1,6 +1,7 @@
 #include "maintenance/ListChargesGround.h"
 #include "patients/frmSearchPatient.h"
 #include "support/CaseName.h"
+#include "support/FakeWorkspace.h"
 #include "toolkit/ListView.h"
 
 #include <QTest>
@@ -232,6 +233,8 @@ TEST_F(CancelChargeTest, StockItemTakesThePatientTypeOfAnOpenFinderAndTheRoomSho
 }
 
 TEST_F(CancelChargeTest, FinderOfAStockItemIsGoneAndTheNextPatientIsLookedForAfresh) {
+    FakeWorkspace workspace;
+    workspace.show();
     OpenList({medicine});
     ExpectYes(medicine);
     const std::vector<QString> columns = {u"hospital #"_s, u"Admission #"_s, u"Patient Name"_s,
