@@ -119,19 +119,28 @@ void ChargeGrid::FollowCutGrid() {
     TakeCell();
 }
 
+bool ChargeGrid::IsEmptyLine(int row) const {
+    for (int col = Column::kDepartment; col <= Column::kAmount; ++col) {
+        if (!Text(row, col).isEmpty())
+            return false;
+    }
+    return true;
+}
+
 int ChargeGrid::FirstEmptyLine() const {
-    const auto isEmpty = [this](int row) {
-        for (int col = Column::kDepartment; col <= Column::kAmount; ++col) {
-            if (!Text(row, col).isEmpty())
-                return false;
-        }
-        return true;
-    };
     for (int row = 1; row < Cells().Rows(); ++row) {
-        if (isEmpty(row))
+        if (IsEmptyLine(row))
             return row;
     }
     return 0;
+}
+
+bool ChargeGrid::IsEmpty() const {
+    for (int row = 1; row < Cells().Rows(); ++row) {
+        if (!IsEmptyLine(row))
+            return false;
+    }
+    return true;
 }
 
 void ChargeGrid::OpenFirstEmptyLine() {
@@ -253,8 +262,12 @@ void ChargeGrid::txtEntry_KeyPress(int& keyAscii) {
             return;
         MoveOnFromColumn();
     }
-    if (keyAscii == Key::kEscape)
+    if (keyAscii == Key::kEscape) {
         grdTable_LeaveCell();
+        // The key has done its work; the screen would take it as its own and close.
+        keyAscii = 0;
+        return;
+    }
     keyAscii = mLines.FilterKey(keyAscii);
 }
 

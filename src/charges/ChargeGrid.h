@@ -42,6 +42,8 @@ class ChargeGrid : public QObject, private LineEditor {
     /// Whether the last line has a department or the first one a particular; tells the clerk when neither
     /// has. Raises 30010 and its like for a grid that lacks lines or columns.
     bool HasLines() const;
+    /// True where nothing stands in any line.
+    bool IsEmpty() const;
     /// Off: changes of the grid do not show until it is on again.
     void SetRedraw(bool on) override;
     /// Empties the line counters; each charge screen calls it when it unloads.
@@ -87,6 +89,7 @@ class ChargeGrid : public QObject, private LineEditor {
     void PlaceEditor();
     /// Takes the editor away from a line that was cut off.
     void FollowCutGrid();
+    bool IsEmptyLine(int row) const;
     /// The first line in which nothing stands; 0 where there is none.
     int FirstEmptyLine() const;
     /// Opens the Department of the first empty line, which is added where there is none.

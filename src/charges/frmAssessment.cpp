@@ -54,6 +54,7 @@ void frmAssessment::Wire() {
     connect(cmdDoctor, &QPushButton::clicked, this, &frmAssessment::cmdDoctor_Click);
     connect(cmdSave, &QPushButton::clicked, this, &frmAssessment::cmdSave_Click);
     connect(cmdPrint, &QPushButton::clicked, this, &frmAssessment::cmdPrint_Click);
+    SetCloseButton(cmdClose);
     connect(cmdClose, &QPushButton::clicked, this, &frmAssessment::cmdClose_Click);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "charges/ChargeGrid.h"
 #include "patients/FinderTarget.h"
 #include "patients/PatientFrames.h"
 #include "toolkit/Form.h"
@@ -47,6 +48,7 @@ class frmPostCharges : public Form, public FinderTarget, private PatientNameBoxe
     void Form_Load() override;
     void Form_Activate() override;
     void Form_Unload() override;
+    bool HoldsWork() const override { return !mGrid->IsEmpty(); }
 
   private:
     void Layout();

@@ -89,6 +89,7 @@ void frmSearch::Wire() {
     connect(grdDispWindow, &FlexGrid::RowColChange, this, &frmSearch::grdDispWindow_RowColChange);
     connect(grdDispWindow, &FlexGrid::DblClick, this, &frmSearch::SelectIfEnabled);
     connect(cmdSelect, &QPushButton::clicked, this, &frmSearch::cmdSelect_Click);
+    SetCloseButton(cmdCancel);
     connect(cmdCancel, &QPushButton::clicked, this, &frmSearch::cmdCancel_Click);
     OnKeyDown(txtSearchStr, [this](int keyCode) { return txtSearchStr_KeyDown(keyCode); });
     OnKeyPress(txtSearchStr, [this](int& key) { txtSearchStr_KeyPress(key); });

@@ -21,7 +21,6 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -129,8 +128,6 @@ void frmAssessStatus::Wire() {
     connect(cmdRevoke, &QPushButton::clicked, this, &frmAssessStatus::cmdRevoke_Click);
     connect(cmdPrint, &QPushButton::clicked, this, &frmAssessStatus::cmdPrint_Click);
     connect(cmdClose, &QPushButton::clicked, this, &Form::Unload);
-    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-    connect(escape, &QShortcut::activated, cmdClose, &QPushButton::click);
     connect(Timer1, &QTimer::timeout, this, &frmAssessStatus::Timer1_Timer);
 }
 

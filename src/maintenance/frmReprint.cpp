@@ -20,7 +20,6 @@
 #include <QLineEdit>
 #include <QPrinter>
 #include <QPushButton>
-#include <QShortcut>
 
 #include <array>
 
@@ -74,8 +73,6 @@ void frmReprint::Wire() {
     connect(grdTable, &FlexGrid::DblClick, this, &frmReprint::grdTable_DblClick);
     connect(cmdPrint, &QPushButton::clicked, this, &frmReprint::cmdPrint_Click);
     connect(cmdClose, &QPushButton::clicked, this, &Form::Unload);
-    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
-    connect(escape, &QShortcut::activated, cmdClose, &QPushButton::click);
 }
 
 void frmReprint::Form_Load() {

@@ -101,6 +101,7 @@ void frmCashPatients::Wire() {
     connect(grdTable, &FlexGrid::DblClick, this, &frmCashPatients::grdTable_DblClick);
     connect(cmdSelect, &QPushButton::clicked, this, &frmCashPatients::cmdSelect_Click);
     connect(cmdAdd, &QPushButton::clicked, this, &frmCashPatients::cmdAdd_Click);
+    SetCloseButton(cmdClose);
     connect(cmdClose, &QPushButton::clicked, this, &frmCashPatients::cmdClose_Click);
     OnKeyPress(cmbPatientType, [this](int& key) { cmbPatientType_KeyPress(key); });
     OnKeyDown(txtSearch, [this](int keyCode) { return txtSearch_KeyDown(keyCode); });

@@ -103,6 +103,7 @@ void frmRegisteredOPD::Wire() {
     connect(grdTable, &FlexGrid::DblClick, this, &frmRegisteredOPD::grdTable_DblClick);
     OnKeyPress(grdTable, [this](int& key) { grdTable_KeyPress(key); });
     connect(cmdSelect, &QPushButton::clicked, this, &frmRegisteredOPD::cmdSelect_Click);
+    SetCloseButton(cmdClose);
     connect(cmdClose, &QPushButton::clicked, this, &frmRegisteredOPD::cmdClose_Click);
 }
 

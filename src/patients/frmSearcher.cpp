@@ -30,6 +30,17 @@ RowSet OpenExams(const QString& command) {
     return gConnection->Open(command, CursorType::Dynamic, LockType::Optimistic, CursorLocation::Client);
 }
 
+/// True where the key changes the text; the box need not be given it again.
+bool PutInto(QLineEdit& box, int keyAscii) {
+    if (keyAscii == Key::kBackspace)
+        box.backspace();
+    else if (keyAscii >= u' ')
+        box.insert(QChar(keyAscii));
+    else
+        return false;
+    return true;
+}
+
 } // namespace
 
 frmSearcher::frmSearcher() {
@@ -76,13 +87,11 @@ QHBoxLayout* frmSearcher::LayoutActions() {
 
 void frmSearcher::Wire() {
     OnGotFocus(txtSearchStr, [this] { txtSearchStr_GotFocus(); });
-    // A key is told of before the box has it, and what is searched for is the box's text.
-    OnKeyPress(txtSearchStr, [this](int&) {
-        QMetaObject::invokeMethod(this, &frmSearcher::txtSearchStr_KeyPress, Qt::QueuedConnection);
-    });
+    OnKeyPress(txtSearchStr, [this](int& key) { txtSearchStr_KeyPress(key); });
     connect(grdDispWindow, &FlexGrid::DblClick, this, &frmSearcher::cmdSelect_Click);
     OnKeyPress(grdDispWindow, [this](int&) { cmdSelect_Click(); });
     connect(cmdSelect, &QPushButton::clicked, this, &frmSearcher::cmdSelect_Click);
+    SetCloseButton(cmdCancel);
     connect(cmdCancel, &QPushButton::clicked, this, &frmSearcher::cmdCancel_Click);
 }
 
@@ -109,8 +118,14 @@ void frmSearcher::txtSearchStr_GotFocus() {
     BindExams(SearchUltraExamCommand(txtSearchStr->text()));
 }
 
+/// The key is put into the box first: what is searched for is the text with it.
+///
 /// Kept: the focus leaves the box with each key, so the clerk has to come back for the next one.
-void frmSearcher::txtSearchStr_KeyPress() {
+void frmSearcher::txtSearchStr_KeyPress(int& keyAscii) {
+    if (keyAscii == Key::kEscape)
+        return;
+    if (PutInto(*txtSearchStr, keyAscii))
+        keyAscii = 0;
     BindExams(SearchUltraExamCommand(txtSearchStr->text()));
     grdDispWindow->setFocus();
 }

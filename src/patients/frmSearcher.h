@@ -26,7 +26,7 @@ class frmSearcher : public Form {
     void Wire();
 
     void txtSearchStr_GotFocus();
-    void txtSearchStr_KeyPress();
+    void txtSearchStr_KeyPress(int& keyAscii);
     void cmdSelect_Click();
     void cmdCancel_Click();
 

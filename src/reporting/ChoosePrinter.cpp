@@ -1,6 +1,7 @@
 #include "reporting/ChoosePrinter.h"
 
 #include "reporting/ReportDocument.h"
+#include "toolkit/ShowModal.h"
 
 #include <QPrintDialog>
 #include <QPrinter>
@@ -18,7 +19,7 @@ bool ChoosePrinter(const ReportDocument& document, QPrinter& printer, QWidget* p
     QPrintDialog dialog(&printer, parent);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
     dialog.setMinMax(1, document.PageCount());
-    return dialog.exec() == QDialog::Accepted;
+    return ShowModal(dialog);
 }
 
 void SetPrinterChooser(PrinterChooser chooser) {

@@ -14,8 +14,10 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
@@ -31,6 +33,7 @@ constexpr std::chrono::milliseconds kPrepaidInterval(60000);
 constexpr QRgb kDarkPink = qRgb(0xFF, 0x80, 0xFF);
 constexpr QRgb kLightPink = qRgb(0xFF, 0xC0, 0xFF);
 constexpr QSize kPictureSize(24, 24);
+constexpr int kFocusWidth = 2;
 
 const QString kPendingText = QStringLiteral("There are pending requests.");
 
@@ -129,8 +132,12 @@ void PendingMonitor::LayoutPending() {
     Image1->setObjectName(u"Image1"_s);
     Image1->setPixmap(ProgramIcon(u"pending"_s).pixmap(kPictureSize));
     Image1->setAccessibleName(kPendingText);
-    Image1->setToolTip(u"Double-click to open the wards' requests"_s);
+    Image1->setToolTip(u"Double-click or F6 to open the wards' requests"_s);
+    Image1->setFocusPolicy(Qt::TabFocus);
+    Image1->setLineWidth(kFocusWidth);
     Image1->installEventFilter(this);
+    connect(new QShortcut(QKeySequence(Qt::Key_F6), this), &QShortcut::activated, this,
+            &PendingMonitor::OpenByKey);
     auto* layout = new QHBoxLayout(pctPending);
     layout->setContentsMargins(Space::kTight, 1, Space::kTight, 1);
     layout->addWidget(Image1);
@@ -185,8 +192,32 @@ void PendingMonitor::Image1_DblClick() {
     Screens::Get<frmNursingRequest>().ShowModal();
 }
 
+void PendingMonitor::OpenByKey() {
+    if (pctPending->isVisible())
+        Image1_DblClick();
+}
+
 bool PendingMonitor::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != Image1 || event->type() != QEvent::MouseButtonDblClick)
+    if (watched != Image1)
+        return false;
+    switch (event->type()) {
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+        Image1->setFrameShape(event->type() == QEvent::FocusIn ? QFrame::Box : QFrame::NoFrame);
+        return false;
+    case QEvent::KeyPress:
+        return PictureKey(*static_cast<QKeyEvent*>(event));
+    case QEvent::MouseButtonDblClick:
+        Image1_DblClick();
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool PendingMonitor::PictureKey(const QKeyEvent& event) {
+    const int key = event.key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Space)
         return false;
     Image1_DblClick();
     return true;

@@ -5,12 +5,14 @@
 #include <chrono>
 
 class QFrame;
+class QKeyEvent;
 class QLabel;
 class QPushButton;
 class QTimer;
 
 /// The strip of the main window that tells of the wards' requests: while some wait, it shows a picture that
-/// flashes and a line that types itself out. A double click on the picture opens the queue.
+/// flashes and a line that types itself out. A double click on the picture opens the queue, as F6 does from
+/// anywhere in the main window, and Enter or the space bar on the picture itself.
 ///
 /// It asks four times a second over the one connection, from the start on, behind modal screens too. A
 /// failing question ends the program like any other failure.
@@ -40,6 +42,8 @@ class PendingMonitor : public QWidget {
     void Timer2_Timer();
     void Timer1_Timer();
     void Image1_DblClick();
+    void OpenByKey();
+    bool PictureKey(const QKeyEvent& event);
 
     QTimer* tmrCheckPending = nullptr;
     QTimer* tmrPending = nullptr;

@@ -2,6 +2,7 @@
 
 #include "toolkit/Failure.h"
 #include "toolkit/Look.h"
+#include "toolkit/LostFocus.h"
 
 #include <QEvent>
 #include <QTimer>
@@ -13,6 +14,7 @@ Application::Application(int& argc, char** argv)
     setOrganizationName(QStringLiteral("TARVEN"));
     setApplicationName(QStringLiteral("Hemodialysis"));
     ApplyLook(*this);
+    CatchLostFocus();
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

@@ -1,5 +1,7 @@
 #include "toolkit/FileDialogs.h"
 
+#include "toolkit/ShowModal.h"
+
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -17,7 +19,7 @@ QString AskSaveFile(QWidget* parent, const QString& title, const QString& sugges
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QFileInfo(suggestedName).suffix());
     dialog.selectFile(suggestedName);
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    return ShowModal(dialog) ? dialog.selectedFiles().value(0) : QString();
 }
 
 void SetSaveFileAnswer(SaveFileAnswer answer) {

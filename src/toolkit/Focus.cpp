@@ -108,6 +108,10 @@ QWidget* FocusOwner() {
     return nullptr;
 }
 
+QWidget* LastFocus() {
+    return FocusTracker::Instance().Last();
+}
+
 void ResetFocusTracking() {
     FocusTracker::Instance().Reset();
 }

@@ -42,5 +42,8 @@ void FocusReturned(QWidget* control);
 /// tell of it. Null for none.
 QWidget* FocusOwner();
 
+/// The control that raised its GotFocus last, shown or not; null when it is gone.
+QWidget* LastFocus();
+
 /// Forgets which control had the focus last. For tests, which run one after another in one process.
 void ResetFocusTracking();

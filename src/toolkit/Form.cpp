@@ -1,5 +1,6 @@
 #include "toolkit/Form.h"
 
+#include "toolkit/MsgBox.h"
 #include "toolkit/Screens.h"
 #include "toolkit/ShowModal.h"
 #include "toolkit/Twips.h"
@@ -15,6 +16,8 @@
 #include <QWindow>
 
 #include <vector>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -39,6 +42,12 @@ void ForgetVisit(const Form* screen) {
 /// The screen inside the main window to which the clerk came last; null for none.
 Form* LastVisited() {
     return Visited().empty() ? nullptr : Visited().back().data();
+}
+
+bool IsLeaving(const QKeyEvent& event) {
+    const QKeyCombination keys = event.keyCombination();
+    return keys == QKeyCombination(Qt::Key_Escape) || keys == (Qt::CTRL | Qt::Key_W) ||
+           keys == (Qt::CTRL | Qt::Key_F4);
 }
 
 constexpr Qt::WindowFlags kInsideFlags = Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -222,10 +231,23 @@ void Form::closeEvent(QCloseEvent* event) {
     Unload();
 }
 
+void Form::LeaveByKey() {
+    if (mCloseButton)
+        mCloseButton->click();
+    else if (!HoldsWork() || MsgBox({.text = u"What was keyed here is not saved yet. Leave it unsaved?"_s,
+                                     .icon = MsgIcon::Question,
+                                     .buttons = MsgButtons::YesNo,
+                                     .defaultAnswer = MsgAnswer::No}) == MsgAnswer::Yes)
+        Unload();
+}
+
 void Form::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     auto* button = qobject_cast<QPushButton*>(focusWidget());
-    if (enter && button && button->hasFocus())
+    // A key that is held down has left one screen; it does not go on through those below.
+    if (IsLeaving(*event) && !event->isAutoRepeat())
+        LeaveByKey();
+    else if (enter && button && button->hasFocus())
         button->click();
     else
         QWidget::keyPressEvent(event);

@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <QWidget>
 
+class QAbstractButton;
 class QEventLoop;
 class QMdiArea;
 class QMdiSubWindow;
@@ -29,6 +30,10 @@ class Form : public QWidget {
     void ShowModal();
     /// Asks Form_QueryUnload, runs Form_Unload and closes the screen. False when the screen refused.
     bool Unload();
+    /// The clerk leaves the screen by a key: Escape, Ctrl+W, Ctrl+F4. It is as if he pressed the button of the
+    /// screen that closes it, with the question that the button asks; a screen without one asks where what was
+    /// keyed would be lost.
+    void LeaveByKey();
 
     /// Places the screen inside the main window, measured in twips from its top left corner.
     void MoveTo(int leftTwips, int topTwips);
@@ -50,11 +55,17 @@ class Form : public QWidget {
     virtual bool Form_QueryUnload() { return true; }
     virtual void Form_Unload() {}
 
+    /// Whether leaving the screen would lose what was keyed in it.
+    virtual bool HoldsWork() const { return false; }
+    /// The button that closes the screen, for one that does more than unload it.
+    void SetCloseButton(QAbstractButton* button) { mCloseButton = button; }
+
     /// The screen shows beside the main window, never inside it.
     void StandAlone() { mStandAlone = true; }
 
     void closeEvent(QCloseEvent* event) override;
-    /// Enter presses the button that has the focus.
+    /// Enter presses the button that has the focus; Escape, Ctrl+W and Ctrl+F4 leave the screen where the
+    /// control with the focus has no use for them.
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
@@ -70,6 +81,7 @@ class Form : public QWidget {
     bool mStandAlone = false;
     bool mUnloading = false;
     QEventLoop* mModalLoop = nullptr;
+    QAbstractButton* mCloseButton = nullptr;
     QPointer<QMdiSubWindow> mSubWindow;
     QPoint mPlace;
     bool mPlaced = false;

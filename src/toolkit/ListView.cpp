@@ -6,6 +6,7 @@
 #include "toolkit/Twips.h"
 
 #include <QHeaderView>
+#include <QShortcut>
 
 #include <algorithm>
 #include <numeric>
@@ -13,6 +14,8 @@
 namespace {
 
 constexpr int kRowPadding = 6;
+/// Ctrl+1 to Ctrl+9.
+constexpr int kSortKeys = 9;
 
 bool IsNumber(const Value& value) {
     return std::holds_alternative<qint64>(value.Get()) || std::holds_alternative<double>(value.Get()) ||
@@ -138,7 +141,18 @@ ListView::ListView(QWidget* parent)
     horizontalHeader()->setFocusPolicy(Qt::NoFocus);
     connect(horizontalHeader(), &QHeaderView::sectionClicked, this,
             [this](int section) { Q_EMIT ColumnClick(section + 1); });
+    for (int column = 1; column <= kSortKeys; ++column)
+        AddSortKey(column);
     RowsChanged();
+}
+
+void ListView::AddSortKey(int column) {
+    auto* key = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_0 + column)), this);
+    key->setContext(Qt::WidgetShortcut);
+    connect(key, &QShortcut::activated, this, [this, column] {
+        if (column <= int(mHeaders.size()))
+            Q_EMIT ColumnClick(column);
+    });
 }
 
 void ListView::ClearColumns() {

@@ -87,11 +87,12 @@ class ListView : public ClickTable {
     void focusInEvent(QFocusEvent* event) override;
 
   Q_SIGNALS:
-    /// A click on the header of the column with that number, counted from 1.
+    /// A click on the header of the column with that number, counted from 1; Ctrl with that digit does the same.
     void ColumnClick(int column);
 
   private:
     void RowsChanged();
+    void AddSortKey(int column);
 
     ListRows* mModel;
     std::vector<QString> mHeaders;

@@ -7,10 +7,15 @@
 
 namespace {
 
-/// Right after another dialog has closed the desktop may not have activated the screen below it yet.
+/// Right after another dialogue has closed the desktop may not have activated the window below it yet: the
+/// control to which the focus is coming back tells which one that is.
 QWidget* WindowInUse() {
-    QWidget* active = QApplication::activeWindow();
-    return active ? active : QApplication::activeModalWidget();
+    if (QWidget* active = QApplication::activeWindow(); active && active->isVisible())
+        return active;
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    const QWidget* owner = FocusOwner();
+    return owner ? owner->window() : nullptr;
 }
 
 QWidget* FocusIn(const QWidget* window) {

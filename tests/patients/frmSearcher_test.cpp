@@ -84,12 +84,24 @@ TEST_F(frmSearcherTest, EachKeySearchesWithItAndLeavesTheBox) {
     const auto& screen = Open();
     ExpectSearch(u"k"_s, Found({{u"KUB"_s, u"US001"_s}}));
     Type(Text(screen), u"k"_s);
-    RunEvents();
+    EXPECT_TRUE(Grid(screen).hasFocus()) << "a key typed ahead finds the box left already";
     EXPECT_TRUE(gateway.IsDone());
     EXPECT_EQ(Text(screen).text(), u"k"_s) << "letters stay as they are keyed";
     EXPECT_TRUE(Grid(screen).hasFocus());
     EXPECT_EQ(Grid(screen).Cells().Rows(), 2);
     EXPECT_TRUE(Screens::IsLoaded<frmSearcher>()) << "the key itself picks nothing";
+}
+
+TEST_F(frmSearcherTest, BackspaceSearchesWithoutTheLastLetter) {
+    const auto& screen = Open();
+    ExpectSearch(u"k"_s, Found({{u"KUB"_s, u"US001"_s}}));
+    Type(Text(screen), u"k"_s);
+    ExpectSearch(u"k"_s, Found({{u"KUB"_s, u"US001"_s}}));
+    Text(screen).setFocus();
+    ExpectSearch(u""_s, All());
+    Press(Text(screen), Qt::Key_Backspace);
+    EXPECT_TRUE(gateway.IsDone());
+    EXPECT_EQ(Text(screen).text(), QString());
 }
 
 TEST_F(frmSearcherTest, ApostropheReachesTheQueryAsItIs) {

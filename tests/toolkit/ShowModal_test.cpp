@@ -46,6 +46,19 @@ TEST_F(ShowModalTest, GivesTheActiveWindowAndTheFocusBack) {
     EXPECT_TRUE(second->hasFocus());
 }
 
+TEST_F(ShowModalTest, TwoInARowGiveTheFocusBackWhereTheFirstHadTakenItFrom) {
+    QTimer::singleShot(0, &dialog, &QDialog::accept);
+    ShowModal(dialog);
+    QDialog next;
+    auto* box = new QLineEdit(&next);
+    QTimer::singleShot(0, &next, [&] {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return box->hasFocus(); }));
+        next.accept();
+    });
+    ShowModal(next);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return second->hasFocus(); }));
+}
+
 TEST_F(ShowModalTest, LeavesAControlThatWasHiddenMeanwhile) {
     QTimer::singleShot(0, &dialog, [this] {
         second->hide();
