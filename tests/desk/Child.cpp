@@ -1,0 +1,36 @@
+#include "desk/Probe.h"
+#include "shell/Main.h"
+#include "shell/RegisterScreens.h"
+#include "suite/RegisterSuite.h"
+#include "toolkit/Application.h"
+#include "toolkit/Failure.h"
+#include "toolkit/ProgramFiles.h"
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+// The program as main.cpp starts it, with a probe inside: desk-child <program folder>.
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        std::fprintf(stderr, "desk-child needs the program's folder\n");
+        return 2;
+    }
+    Failure::InstallTerminateHandler();
+    int argumentCount = 1;
+    const Application application(argumentCount, argv);
+    const QString programFolder = QString::fromLocal8Bit(argv[1]);
+    SetProgramDirectory(programFolder);
+    const Probe probe;
+    try {
+        RegisterSuite(programFolder + u"/data"_s);
+        RegisterScreens();
+        if (!Main())
+            return 0;
+        return Application::exec();
+    } catch (...) {
+        Failure::End(std::current_exception());
+    }
+    return 1;
+}

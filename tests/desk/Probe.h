@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QAbstractNativeEventFilter>
+#include <QObject>
+#include <QSocketNotifier>
+
+/// Answers a test that runs in another process what the program shows. A question is a line of the program's
+/// input, "state" or "controls"; the answer is a line of its output, an object of JSON as Sight.h reads it.
+///
+/// An answer is given once what was due has been handled and painted. Nothing of the program is changed.
+class Probe : public QObject, public QAbstractNativeEventFilter {
+    Q_OBJECT
+
+  public:
+    Probe();
+    ~Probe() override;
+
+    /// Counts the keys that are let go before the program.
+    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+
+  private:
+    void TakeInput();
+    void Answer(const QByteArray& question) const;
+
+    QSocketNotifier mNotifier;
+    QByteArray mInput;
+    int mKeysTaken = 0;
+};
