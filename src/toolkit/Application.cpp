@@ -3,6 +3,7 @@
 #include "toolkit/Failure.h"
 #include "toolkit/Look.h"
 #include "toolkit/LostFocus.h"
+#include "toolkit/TypeAhead.h"
 
 #include <QEvent>
 #include <QTimer>
@@ -15,6 +16,7 @@ Application::Application(int& argc, char** argv)
     setApplicationName(QStringLiteral("Hemodialysis"));
     ApplyLook(*this);
     CatchLostFocus();
+    KeepTypedAhead();
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

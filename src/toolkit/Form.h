@@ -30,9 +30,9 @@ class Form : public QWidget {
     void ShowModal();
     /// Asks Form_QueryUnload, runs Form_Unload and closes the screen. False when the screen refused.
     bool Unload();
-    /// The clerk leaves the screen by a key: Escape, Ctrl+W, Ctrl+F4. It is as if he pressed the button of the
-    /// screen that closes it, with the question that the button asks; a screen without one asks where what was
-    /// keyed would be lost.
+    /// The clerk leaves the screen by a key: Escape, Ctrl+W, Ctrl+F4. It is as if he pressed the button of
+    /// the screen that closes it, with the question that the button asks; a screen without one asks where
+    /// what was keyed would be lost.
     void LeaveByKey();
 
     /// Places the screen inside the main window, measured in twips from its top left corner.

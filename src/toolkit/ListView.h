@@ -87,7 +87,8 @@ class ListView : public ClickTable {
     void focusInEvent(QFocusEvent* event) override;
 
   Q_SIGNALS:
-    /// A click on the header of the column with that number, counted from 1; Ctrl with that digit does the same.
+    /// A click on the header of the column with that number, counted from 1; Ctrl with that digit does the
+    /// same.
     void ColumnClick(int column);
 
   private:

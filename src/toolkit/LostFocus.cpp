@@ -38,8 +38,7 @@ QWidget* ScreenOf(QWidget* window) {
 
 /// True where keys would go to a frame that does nothing with them.
 bool IsLost(const QWidget* owner) {
-    return !owner || !owner->isVisible() || owner->isWindow() ||
-           qobject_cast<const QMdiSubWindow*>(owner) ||
+    return !owner || !owner->isVisible() || owner->isWindow() || qobject_cast<const QMdiSubWindow*>(owner) ||
            qobject_cast<const QMdiSubWindow*>(owner->parentWidget());
 }
 
@@ -79,7 +78,8 @@ void CatchLostFocus() {
     auto* settled = new QTimer(qApp);
     settled->setSingleShot(true);
     QObject::connect(settled, &QTimer::timeout, qApp, GiveFocus);
-    // The window system may still be on its way to give the focus: the net waits until it has told all it knew.
+    // The window system may still be on its way to give the focus: the net waits until it has told all it
+    // knew.
     QObject::connect(qApp, &QApplication::focusChanged, settled, [settled](QWidget*, const QWidget* now) {
         if (!now)
             settled->start(0);

@@ -26,8 +26,6 @@ namespace {
 
 /// Sent keys, paintings and other work that a handler puts off wait for the event loop at most this often.
 constexpr int kIdleRounds = 4;
-constexpr int kKeyRelease = XCB_KEY_RELEASE;
-constexpr int kEventMask = 0x7f;
 
 void AfterRounds(int rounds, const std::function<void()>& then) {
     if (rounds == 0)
@@ -197,16 +195,12 @@ QJsonObject ControlsNow() {
 Probe::Probe()
     : mNotifier(STDIN_FILENO, QSocketNotifier::Read) {
     connect(&mNotifier, &QSocketNotifier::activated, this, &Probe::TakeInput);
-    qApp->installNativeEventFilter(this);
+    qApp->installEventFilter(this);
 }
 
-Probe::~Probe() {
-    qApp->removeNativeEventFilter(this);
-}
-
-bool Probe::nativeEventFilter(const QByteArray&, void* message, qintptr*) {
-    const auto* event = static_cast<const xcb_generic_event_t*>(message);
-    if ((event->response_type & kEventMask) == kKeyRelease)
+bool Probe::eventFilter(QObject* watched, QEvent* event) {
+    // A key that waits for a window on its way is taken once the program has it.
+    if (watched->isWindowType() && event->type() == QEvent::KeyRelease && event->spontaneous())
         ++mKeysTaken;
     return false;
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QAbstractNativeEventFilter>
 #include <QObject>
 #include <QSocketNotifier>
 
@@ -8,15 +7,14 @@
 /// input, "state" or "controls"; the answer is a line of its output, an object of JSON as Sight.h reads it.
 ///
 /// An answer is given once what was due has been handled and painted. Nothing of the program is changed.
-class Probe : public QObject, public QAbstractNativeEventFilter {
+class Probe : public QObject {
     Q_OBJECT
 
   public:
     Probe();
-    ~Probe() override;
 
     /// Counts the keys that are let go before the program.
-    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void TakeInput();

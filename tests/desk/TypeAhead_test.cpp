@@ -18,7 +18,7 @@ TEST_P(TypeAhead, DISABLED_FromTheMenuReachesTheLastName) {
         Burst(u"{Alt+q}{Down}{Return}de guz"_s);
         ExpectScreen(u"frmPostCharges"_s);
         ASSERT_EQ(Text(u"txtLastName"_s).toStdString(), "DE GUZ") << "at try " << i;
-        Key(u"{Control+F4}"_s);
+        Key(u"{Control+w}"_s);
         ExpectNoScreen(u"frmPostCharges"_s);
     }
 }

@@ -166,11 +166,59 @@ TEST_F(FormLife, EnterPressesTheButtonThatHasTheFocusAndNothingElse) {
     EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(FormLife, EscapeClosesNothing) {
+struct LeavingKey {
+    const char* name;
+    QKeyCombination keys;
+};
+
+class LeavingByKey : public FormLife, public testing::WithParamInterface<LeavingKey> {};
+
+INSTANTIATE_TEST_SUITE_P(Keys, LeavingByKey,
+                         testing::Values(LeavingKey{"Escape", Qt::Key_Escape},
+                                         LeavingKey{"CtrlW", Qt::CTRL | Qt::Key_W},
+                                         LeavingKey{"CtrlF4", Qt::CTRL | Qt::Key_F4}),
+                         CaseName());
+
+TEST_P(LeavingByKey, UnloadsTheScreen) {
     FormA& screen = Screens::Get<FormA>();
     screen.Show();
-    Press(*screen.box, Qt::Key_Escape);
-    EXPECT_TRUE(screen.isVisible());
+    QTest::keyClick(screen.box, GetParam().keys.key(), GetParam().keys.keyboardModifiers());
+    EXPECT_FALSE(Screens::IsLoaded<FormA>());
+}
+
+TEST_P(LeavingByKey, HeldDownItStaysWhereItHasLed) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.Show();
+    QKeyEvent repeated(QEvent::KeyPress, GetParam().keys.key(), GetParam().keys.keyboardModifiers(), {},
+                       true);
+    QApplication::sendEvent(screen.box, &repeated);
+    EXPECT_TRUE(Screens::IsLoaded<FormA>());
+}
+
+TEST_P(LeavingByKey, PressesTheButtonThatClosesTheScreen) {
+    FormA& screen = Screens::Get<FormA>();
+    int clicks = 0;
+    screen.onButton = [&clicks] { ++clicks; };
+    screen.SetCloseButton(screen.button);
+    screen.Show();
+    QTest::keyClick(screen.box, GetParam().keys.key(), GetParam().keys.keyboardModifiers());
+    EXPECT_EQ(clicks, 1);
+    EXPECT_TRUE(Screens::IsLoaded<FormA>()) << "what it asks and whether it closes is the button's";
+}
+
+TEST_P(LeavingByKey, AsksWhereSomethingKeyedWouldBeLost) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.holdsWork = true;
+    screen.Show();
+    for (const MsgAnswer answer : {MsgAnswer::No, MsgAnswer::Yes}) {
+        messages.Expect({.text = u"What was keyed here is not saved yet. Leave it unsaved?"_s,
+                         .icon = MsgIcon::Question,
+                         .buttons = MsgButtons::YesNo,
+                         .defaultAnswer = MsgAnswer::No},
+                        answer);
+        QTest::keyClick(screen.box, GetParam().keys.key(), GetParam().keys.keyboardModifiers());
+        EXPECT_EQ(Screens::IsLoaded<FormA>(), answer == MsgAnswer::No);
+    }
 }
 
 // Modal screens.
