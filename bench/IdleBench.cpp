@@ -94,10 +94,7 @@ int ShowIdleProgram(int& argumentCount, char** arguments) {
     const QTemporaryDir folder;
     SetUpProgram(folder.path());
     Driver clerk;
-    QTimer::singleShot(0, &application, [] {
-        if (!Main())
-            QCoreApplication::exit(1);
-    });
+    QTimer::singleShot(0, &application, Main);
     clerk.Start(StayIdle, [](const QString& failure) {
         std::fputs(qPrintable(failure), stderr);
         QCoreApplication::exit(failure.isEmpty() ? 0 : 1);

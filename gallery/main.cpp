@@ -98,8 +98,7 @@ int main(int argc, char** argv) {
     RegisterSuite(hospitalFolder.path());
     RegisterScreens();
     QTimer::singleShot(0, &application, [&chosen] {
-        if (!Main())
-            return QCoreApplication::exit(1);
+        Main();
         for (const Exhibit& exhibit : chosen)
             exhibit.open();
     });

@@ -15,8 +15,7 @@ int main(int, char** argv) {
     try {
         RegisterSuite(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
         RegisterScreens();
-        if (!Main())
-            return 0;
+        Main();
         return Application::exec();
     } catch (...) {
         Failure::End(std::current_exception());

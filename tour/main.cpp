@@ -141,10 +141,7 @@ int main(int argc, char** argv) {
     RegisterScreens();
     std::printf("The tour of a charge, an assessment, the reports and a request:\n");
     Driver clerk;
-    QTimer::singleShot(0, &application, [] {
-        if (!Main())
-            QCoreApplication::exit(1);
-    });
+    QTimer::singleShot(0, &application, Main);
     clerk.Start(Tour, [](const QString& failure) { QCoreApplication::exit(ExitCode(failure)); });
     return Application::exec();
 }

@@ -310,7 +310,8 @@ bool ChargeGrid::CheckQuantity(int /*row*/) const {
 void ChargeGrid::MoveOnFromColumn() {
     if (mLines.IsChecked(Cells().Col())) {
         QString code = Cells().Text();
-        mLookup.EnterCode(code, mLines.OnDoctorsFeeLine());
+        bool isDoctorsFee = mLines.OnDoctorsFeeLine();
+        mLookup.EnterCode(code, isDoctorsFee);
         return;
     }
     grdTable_LeaveCell();

@@ -140,7 +140,7 @@ bool ChargeLines::Check_Code(const QString& strCode) const {
     return false;
 }
 
-bool ChargeLines::CheckDuplicateExam(int row, const QString& department, const QString& code) const {
+bool ChargeLines::CheckDuplicateExam(int& row, QString& department, QString& code) const {
     // Kept: the department is compared with the current line's own, so a code is refused on any other line,
     // under whatever department it stands there.
     const bool sameDepartment = mCells.TextMatrix(mCells.Row(), Column::kDepartment) == department;

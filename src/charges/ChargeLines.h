@@ -57,8 +57,8 @@ class ChargeLines {
     /// looked at.
     bool Check_Code(const QString& strCode) const;
     /// Whether the code stands on another line than `row`. `department` is compared with the current line's,
-    /// not with the scanned one's.
-    bool CheckDuplicateExam(int row, const QString& department, const QString& code) const;
+    /// not with the scanned one's. All three are the caller's own and stay as they are.
+    bool CheckDuplicateExam(int& row, QString& department, QString& code) const;
     /// Whether no other line than `row` has this department and code.
     bool IsSupplyFree(const QString& department, const QString& code, int row) const;
 

@@ -11,8 +11,6 @@
 
 #include <QRadioButton>
 
-#include <functional>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -71,9 +69,10 @@ void ReadPackage(const QString& packageCode) {
     ForEachItem(packageCode, [](const PackageItem&) {});
 }
 
-void IssuePackage(QString& referenceNumber, const QString& packageCode, const PackagePatient& patient) {
+void IssuePackage(QString& referenceNumber, const QString& packageCode,
+                  const std::function<PackagePatient()>& readPatient) {
     ForEachItem(packageCode, [&](const PackageItem& item) {
-        StockCardEntry entry = EntryOf(item, referenceNumber, patient);
+        StockCardEntry entry = EntryOf(item, referenceNumber, readPatient());
         gStockItem->Drug().AppendStockCard(entry);
         referenceNumber = entry.referenceNumber;
         // Kept: the code goes into the link as it was passed, untrimmed.

@@ -55,7 +55,7 @@ void ItemLookup::MoveOn() {
     mEditor.grdTable_EnterCell();
 }
 
-void ItemLookup::EnterCode(QString& code, bool isDoctorsFee) {
+void ItemLookup::EnterCode(QString& code, bool& isDoctorsFee) {
     const int priceCol = mLines.Differences().priceCol;
     const int quantityCol = mLines.Differences().quantityCol;
     const bool priceLocked = mLines.IsLocked(priceCol);
@@ -164,15 +164,16 @@ void ItemLookup::TakeRate(Item& item) const {
         item.price = gListing->OtherRevenueRecord().Rates[0];
 }
 
-bool ItemLookup::IsDuplicate(const QString& code) {
+bool ItemLookup::IsDuplicate(QString& code) {
     mEditor.SetRedraw(false);
-    const bool duplicate =
-        mLines.CheckDuplicateExam(mCells.Row(), mCells.TextMatrix(mCells.Row(), Column::kDepartment), code);
+    int row = mCells.Row();
+    QString department = mCells.TextMatrix(row, Column::kDepartment);
+    const bool duplicate = mLines.CheckDuplicateExam(row, department, code);
     mEditor.SetRedraw(true);
     return duplicate;
 }
 
-bool ItemLookup::WriteUnlessDuplicate(const Item& item) {
+bool ItemLookup::WriteUnlessDuplicate(Item& item) {
     if (IsDuplicate(item.code)) {
         MsgBox({.text = u"Exam already selected."_s, .icon = MsgIcon::Exclamation, .title = u"Assessment"_s});
         ReopenEmpty();

@@ -31,8 +31,9 @@ class ItemLookup {
     /// Kept: nothing sets it, so a stock item costs its in-patient price for everybody.
     bool UseOutPrice = false;
 
-    /// Enter in a checked column. `isDoctorsFee` opens the Amount alone for the move that follows.
-    void EnterCode(QString& code, bool isDoctorsFee);
+    /// Enter in a checked column. `isDoctorsFee` opens the Amount alone for the move that follows; it is the
+    /// caller's own and is read again behind the move.
+    void EnterCode(QString& code, bool& isDoctorsFee);
     /// Fills the current line by the code. False when it was not filled; a message was shown where one is
     /// due.
     bool LookupItem(QString& code);
@@ -62,12 +63,12 @@ class ItemLookup {
     void TakeService(QString& code, Item& item) const;
     void TakeRate(Item& item) const;
     Item FindSupply(QString& code) const;
-    bool WriteUnlessDuplicate(const Item& item);
+    bool WriteUnlessDuplicate(Item& item);
     bool WriteFreeSupply(const Item& item);
     void WriteItem(const Item& item);
     /// Empties the current cell and opens it again.
     void ReopenEmpty();
-    bool IsDuplicate(const QString& code);
+    bool IsDuplicate(QString& code);
 
     FlexCells& mCells;
     ChargeLines& mLines;

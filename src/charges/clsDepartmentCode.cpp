@@ -33,7 +33,7 @@ bool clsDepartmentCode::PickDepartment() const {
         cells.SetTextMatrix(static_cast<int>(i), 2, mCodes[i]);
     }
     search.ShowModal();
-    return frmSearch::Valid;
+    return frmSearch::Valid();
 }
 
 bool clsDepartmentCode::ValidateDepartment(const QString& DepartmentID) {
@@ -42,7 +42,7 @@ bool clsDepartmentCode::ValidateDepartment(const QString& DepartmentID) {
     if (!valid) {
         valid = PickDepartment();
         if (valid)
-            code = frmSearch::ResultCode;
+            code = frmSearch::ResultCode();
     }
     if (valid) {
         const auto department = static_cast<size_t>(DepartmentIndex(code));

@@ -21,7 +21,7 @@ bool PickRevenue(const QString& text) {
     frmSearch::Criteria = text;
     frmSearch::Query = RevenueListQuery();
     Screens::Get<frmSearch>().ShowModal();
-    return frmSearch::Valid;
+    return frmSearch::Valid();
 }
 
 } // namespace
@@ -40,7 +40,7 @@ bool clsRevenueCode::ValidateRevenue(const QString& RevenueID) {
         // A single partial hit is offered too: the clerk keyed no code.
         if (!PickRevenue(RevenueID))
             return false;
-        rows = OpenRevenue(ExactRevenueCommand(frmSearch::ResultCode));
+        rows = OpenRevenue(ExactRevenueCommand(frmSearch::ResultCode()));
     }
     mRevenueID = rows.Fields(u"RevenueID").ToText();
     mRevenue = rows.Fields(u"Revenue").ToText();

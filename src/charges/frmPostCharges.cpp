@@ -105,9 +105,10 @@ void frmPostCharges::Command2_Click() {
 }
 
 void frmPostCharges::ExpandPackage(QString& referenceNumber, const QString& packageCode) {
-    IssuePackage(
-        referenceNumber, packageCode,
-        {.hospitalNumber = txtPno->text(), .admissionNumber = txtId->text(), .room = txtRoom->text()});
+    IssuePackage(referenceNumber, packageCode, [this] {
+        return PackagePatient{
+            .hospitalNumber = txtPno->text(), .admissionNumber = txtId->text(), .room = txtRoom->text()};
+    });
 }
 
 /// Reads and bumps the counter and empties the print table. Kept: without a counter row the save goes on

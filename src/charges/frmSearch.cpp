@@ -30,9 +30,9 @@ frmSearch::frmSearch() {
 }
 
 void frmSearch::ResetMembers() {
-    for (QString* text : {&SearchCaption, &Query, &Criteria, &ResultCode})
+    for (QString* text : {&SearchCaption, &Query, &Criteria, &mResultCode})
         text->clear();
-    Valid = false;
+    mValid = false;
     DisableSearch = false;
 }
 
@@ -99,7 +99,7 @@ void frmSearch::Wire() {
 
 void frmSearch::Form_Load() {
     // The close box picks nothing, whatever an earlier caller picked.
-    Valid = false;
+    mValid = false;
     lblHospital->setText(gHospitalName);
     lblTitle->setText(SearchCaption);
     lblSTitle->setText(SearchCaption);
@@ -193,12 +193,12 @@ void frmSearch::SelectIfEnabled() {
 
 void frmSearch::cmdSelect_Click() {
     const FlexCells& cells = grdDispWindow->Cells();
-    ResultCode = cells.TextMatrix(cells.Row(), 2);
-    Valid = true;
+    mResultCode = cells.TextMatrix(cells.Row(), 2);
+    mValid = true;
     Unload();
 }
 
 void frmSearch::cmdCancel_Click() {
-    Valid = false;
+    mValid = false;
     Unload();
 }

@@ -14,7 +14,8 @@ class QPushButton;
 /// The general pick-a-row dialog: a title, a query with a slot for the search text, the rows in a grid that
 /// follows each key, and the code of the chosen row.
 ///
-/// The members below outlive the screen: callers set them before it loads and read them after it has closed.
+/// The members below outlive the screen: callers write them before it loads and read what it found after it
+/// has closed.
 class frmSearch : public Form {
     Q_OBJECT
 
@@ -28,9 +29,9 @@ class frmSearch : public Form {
     /// First search text.
     inline static QString Criteria;
     /// Column 2 of the chosen row.
-    inline static QString ResultCode;
+    static const QString& ResultCode() { return mResultCode; }
     /// True when a row was chosen.
-    inline static bool Valid = false;
+    static bool Valid() { return mValid; }
     /// True: the caller fills the grid by hand and the search box is off.
     inline static bool DisableSearch = false;
 
@@ -61,6 +62,9 @@ class frmSearch : public Form {
     void FillGrid(const QString& text);
     void GoToTopVisibleRow();
     void SelectIfEnabled();
+
+    inline static QString mResultCode;
+    inline static bool mValid = false;
 
     QLabel* lblHospital;
     QLabel* lblTitle;

@@ -51,9 +51,6 @@ class CommandGateway {
     /// As the session component opened the connection; never with the password in it.
     virtual QString ConnectionString() const = 0;
 
-    /// Seconds that every command of the workstation may take, those of its reports too.
-    static constexpr int kWorkstationTimeout = 120;
-
     const QString& DefaultDatabase() const { return mDefaultDatabase; }
     virtual void SetDefaultDatabase(const QString& name) { mDefaultDatabase = name; }
     /// Seconds after which a command is given up.

@@ -51,10 +51,36 @@ bool IsService(const QString& department) {
 
 } // namespace
 
-frmListCharges::frmListCharges() {
+class frmListCharges::Target : public FinderTarget {
+  public:
+    explicit Target(frmListCharges& screen)
+        : mScreen(screen) {}
+
+    QString FinderText() const override { return mScreen.txtLastName->text(); }
+
+    void SetBox(const QString& name, const QString& text) override { SetTextOf(mScreen, name, text); }
+
+    void Picked() override {
+        FlexCells& cells = mScreen.mshflexList->Cells();
+        cells.Clear();
+        cells.SetCell(0, 0);
+    }
+
+  private:
+    frmListCharges& mScreen;
+};
+
+FinderTarget& ListChargesTarget() {
+    return *Screens::Get<frmListCharges>().mTarget;
+}
+
+frmListCharges::frmListCharges()
+    : mTarget(std::make_unique<Target>(*this)) {
     Layout();
     Wire();
 }
+
+frmListCharges::~frmListCharges() = default;
 
 void frmListCharges::Wire() {
     for (QRadioButton* option : Option1) {
@@ -73,20 +99,6 @@ void frmListCharges::Wire() {
 void frmListCharges::Form_Load() {
     MoveTo(1800, 2000);
     Option1_Click();
-}
-
-QString frmListCharges::FinderText() const {
-    return txtLastName->text();
-}
-
-void frmListCharges::SetBox(const QString& name, const QString& text) {
-    SetTextOf(*this, name, text);
-}
-
-void frmListCharges::Picked() {
-    FlexCells& cells = mshflexList->Cells();
-    cells.Clear();
-    cells.SetCell(0, 0);
 }
 
 void frmListCharges::Option1_Click() {

@@ -5,6 +5,7 @@
 #include "toolkit/Form.h"
 
 #include <array>
+#include <memory>
 
 class FlexGrid;
 class QGroupBox;
@@ -18,23 +19,25 @@ class QVBoxLayout;
 ///
 /// A service or a doctor's fee is taken back on the account, a stock item on its stock card. Between a line's
 /// verification and its cancellation nothing is held: two clerks may cancel the same line.
-class frmListCharges : public Form, public FinderTarget, private PatientNameBoxes, private HospitalInfoBoxes {
+class frmListCharges : public Form, private PatientNameBoxes, private HospitalInfoBoxes {
     Q_OBJECT
 
   public:
     frmListCharges();
+    ~frmListCharges() override;
 
     /// Rebuilds the list from the database, for the patient shown.
     void Get_Charges();
-
-    QString FinderText() const override;
-    void SetBox(const QString& name, const QString& text) override;
-    void Picked() override;
 
   protected:
     void Form_Load() override;
 
   private:
+    friend FinderTarget& ListChargesTarget();
+
+    /// The screen as the finder knows it.
+    class Target;
+
     void Layout();
     QGroupBox* LayoutPatientType();
     QGroupBox* LayoutHospitalInfo();
@@ -59,9 +62,13 @@ class frmListCharges : public Form, public FinderTarget, private PatientNameBoxe
     void CancelStockItem(const QString& department);
     void CancelService(const QString& department);
 
+    std::unique_ptr<Target> mTarget;
     std::array<QRadioButton*, 2> Option1;
     QPushButton* cmdList;
     std::array<QPushButton*, 2> cmdOption;
     QLineEdit* txtMessage;
     FlexGrid* mshflexList;
 };
+
+/// The list of charges as the screen that waits for the finder; a first touch makes it.
+FinderTarget& ListChargesTarget();

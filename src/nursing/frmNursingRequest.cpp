@@ -205,12 +205,14 @@ void frmNursingRequest::ProcessRequest() {
 void frmNursingRequest::LoadExam(const QString& IdNum) {
     const QString command = LoadExamCommand(IdNum);
     RowSet exams = gCurrentUser->SQLConnection()->Open(command, CursorType::Dynamic, LockType::Optimistic);
-    mHasExams = !exams.Eof();
-    if (mHasExams) {
+    if (!exams.Eof()) {
+        mHasExams = true;
         ChargeGrid& charges = Screens::Get<frmPostCharges>().Charges();
         // Kept: the same question a second time; the first answer only told whether there are any.
         charges.Cells().Bind(gConnection->Execute(command).Data());
         charges.HideEditor();
+    } else {
+        mHasExams = false;
     }
     exams.Close();
 }

@@ -19,8 +19,9 @@ const Value& ValueOf(const ParameterField& field) {
 
 } // namespace
 
-Report::Report(ReportTemplate report)
-    : mTemplate(std::move(report)) {
+Report::Report(ReportTemplate report, QString path)
+    : mPath(std::move(path))
+    , mTemplate(std::move(report)) {
     for (const ReportTableEntry& table : mTemplate.tables)
         mTables.emplace_back(table.name, table.location);
     for (const ReportParameter& parameter : mTemplate.parameters)

@@ -12,10 +12,13 @@
 /// A report that is open in the engine: its template, and what the callers set on its tables and parameters.
 class Report {
   public:
-    explicit Report(ReportTemplate report);
+    /// `path` is what the caller opened it by.
+    explicit Report(ReportTemplate report, QString path = {});
     Report(const Report&) = delete;
     Report& operator=(const Report&) = delete;
 
+    /// The path that it was opened by, as the caller wrote it.
+    const QString& Path() const { return mPath; }
     /// The template's file.
     const QString& File() const { return mTemplate.file; }
     /// In the template's order.
@@ -37,6 +40,7 @@ class Report {
     QString ComposeQuery(const ReportQuery& query) const;
     ReportLogOn TakeLogOn();
 
+    QString mPath;
     ReportTemplate mTemplate;
     std::vector<ReportTable> mTables;
     std::vector<ParameterField> mFields;

@@ -8,8 +8,10 @@
 
 namespace {
 
+/// Guards both.
 std::mutex connectorMutex;
 ReportConnector currentConnector;
+std::optional<int> currentTimeout;
 
 void WipeText(QString& text) {
     if (text.isDetached())
@@ -29,13 +31,23 @@ void SetReportConnector(ReportConnector connector) {
     currentConnector = std::move(connector);
 }
 
+void SetReportTimeout(std::optional<int> seconds) {
+    const std::lock_guard lock(connectorMutex);
+    currentTimeout = seconds;
+}
+
 std::unique_ptr<CommandGateway> ConnectReport(const ReportLogOn& logOn) {
     ReportConnector connector;
+    std::optional<int> timeout;
     {
         const std::lock_guard lock(connectorMutex);
         connector = currentConnector;
+        timeout = currentTimeout;
     }
     if (!connector)
         throw RunTime::Error(RunTime::kCannotCreateObject);
-    return connector(logOn);
+    auto connection = connector(logOn);
+    if (timeout)
+        connection->SetCommandTimeout(*timeout);
+    return connection;
 }

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class CommandGateway;
 
@@ -25,6 +26,10 @@ using ReportConnector = std::function<std::unique_ptr<CommandGateway>(const Repo
 /// Tells reports how to reach the database; the wiring of the program does it once. An empty one takes it
 /// back.
 void SetReportConnector(ReportConnector connector);
+
+/// Seconds that each command of a report may take from now on, as the workstation's own commands may; nothing
+/// brings back what a connection has by itself.
+void SetReportTimeout(std::optional<int> seconds);
 
 /// A connection for a report's rows. Raises 429 when no connector was set, and what the connector raises.
 std::unique_ptr<CommandGateway> ConnectReport(const ReportLogOn& logOn);

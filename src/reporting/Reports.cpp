@@ -9,12 +9,13 @@
 #include <memory>
 
 void OpenReport(const QString& path, const std::vector<Value>& values) {
+    const size_t given = values.size();
     gReport = ReportEngine().OpenReport(path, kOpenOption);
     for (ReportTable& table : gReport->Tables())
         table.SetLogOnInfo(gCurrentUser->ServerName(), gCurrentUser->Database(), gCurrentUser->UserId(),
                            gCurrentUser->serverpassword());
     std::vector<ParameterField>& fields = gReport->ParameterFields();
-    const size_t filled = std::min(fields.size(), values.size());
+    const size_t filled = std::min(fields.size(), given);
     for (size_t i = 0; i < filled; ++i)
         fields[i].AddCurrentValue(fields[i].TakesDates() ? Value(values[i].ToDate()) : values[i]);
 }

@@ -50,8 +50,10 @@ QString DateText(const QDateEdit& picker) {
         u"mm/dd/yyyy");
 }
 
-void Present(const QString& file, const std::vector<Value>& values, const QString& title) {
+/// The values are let go before the report shows, which may stand for hours.
+void Present(const QString& file, std::vector<Value> values, const QString& title) {
     OpenReport(ProgramDirectory() + file, values);
+    values.clear();
     ShowReport(false, title, false);
 }
 
@@ -160,7 +162,7 @@ std::vector<Value> frmReportRange::RangeValuesOf(const QString& patientType) {
 void frmReportRange::PrintAudit() {
     std::vector<Value> values = RangeValues();
     values.emplace_back(gCurrentUser->EmployeeCode());
-    Present(u"/Reports/AuditReport.RPT"_s, values, u"Audit Report"_s);
+    Present(u"/Reports/AuditReport.RPT"_s, std::move(values), u"Audit Report"_s);
 }
 
 void frmReportRange::PrintOutIncome() {

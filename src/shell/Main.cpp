@@ -5,6 +5,7 @@
 #include "shell/frmMain.h"
 #include "shell/frmSetup.h"
 #include "shell/shared.h"
+#include "toolkit/EndProcess.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/ProgramFiles.h"
 #include "toolkit/Screens.h"
@@ -13,24 +14,25 @@
 
 using namespace Qt::StringLiterals;
 
-bool Main() {
+void Main() {
     gIniPath = ProgramDirectory() + u"\\tarvenaux.ini"_s;
     EnsureConfigFile();
-    if (!LoadDepartment() || !InitComponents())
-        return false;
-    return frmMain::Open();
+    LoadDepartment();
+    if (!InitComponents())
+        EndProcess();
+    frmMain::Open();
 }
 
-bool LoadDepartment() {
+void LoadDepartment() {
     ReadConfigValue(u"DeptCode"_s, gDeptCode);
     ReadConfigValue(u"DeptDesc"_s, gDeptDesc);
     if (!gDeptCode.isEmpty() && !gDeptDesc.isEmpty())
-        return true;
+        return;
     MsgBox({.text = u"Department not set."_s});
     Screens::Get<frmSetup>().ShowModal();
     // Kept: the program ends whatever the user did in the setup, even after Cancel.
     MsgBox({.text = u"Restart Program."_s});
-    return false;
+    EndProcess();
 }
 
 bool InitComponents() {

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 void RegisterScreens() {
     RegisterFinderTarget(u"Post"_s, []() -> FinderTarget& { return Screens::Get<frmPostCharges>(); });
-    RegisterFinderTarget(u"List"_s, []() -> FinderTarget& { return Screens::Get<frmListCharges>(); });
+    RegisterFinderTarget(u"List"_s, ListChargesTarget);
     RegisterFinderTarget(u"Ledger"_s, []() -> FinderTarget& { return Screens::Get<frmLedger>(); });
     RegisterCashTarget([]() -> CashTarget& { return Screens::Get<frmAssessment>(); });
 }

@@ -13,6 +13,7 @@
 #include "reporting/frmCensus.h"
 #include "reporting/frmLedger.h"
 #include "reporting/frmReportRange.h"
+#include "reporting/ReportConnector.h"
 #include "shell/commands.h"
 #include "shell/frmAbout.h"
 #include "shell/frmSetup.h"
@@ -20,6 +21,7 @@
 #include "shell/shared.h"
 #include "shell/StatusPanel.h"
 #include "shell/version.h"
+#include "toolkit/EndProcess.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/Screens.h"
 
@@ -32,6 +34,13 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Seconds that every command may take, those of reports too.
+constexpr int kCommandTimeout = 120;
+
+} // namespace
+
 frmMain::frmMain() {
     Layout();
     SetCurrent(this);
@@ -43,22 +52,22 @@ frmMain::~frmMain() {
         SetCurrent(nullptr);
 }
 
-bool frmMain::Open() {
+void frmMain::Open() {
     auto* window = new frmMain;
     // The window manager maximises later; the sign-on window wants to know its place at once.
     window->resize(window->screen()->availableSize());
     window->showMaximized();
-    return window->Form_Load();
+    window->Form_Load();
 }
 
-bool frmMain::Form_Load() {
+void frmMain::Form_Load() {
     mPendingMonitor->Start();
     gCurrentUser->SetPasswordDeptCode(gDeptCode);
     gCurrentUser->SethwndParentForm(winId());
     gCurrentUser->ShowMain();
     if (!gCurrentUser->Connected()) {
         UnloadMain();
-        return false;
+        EndProcess();
     }
     activateWindow();
     TakeConnection();
@@ -67,7 +76,6 @@ bool frmMain::Form_Load() {
     HandOutConnection();
     setWindowTitle(u"TARVEN "_s + gDeptDesc + u" ver."_s +
                    u"%1.%2.%3"_s.arg(Version::kMajor).arg(Version::kMinor).arg(Version::kRevision));
-    return true;
 }
 
 void frmMain::TakeConnection() {
@@ -100,7 +108,8 @@ void frmMain::CreateWardComponents() {
 
 void frmMain::HandOutConnection() {
     CommandGateway* connection = gCurrentUser->SQLConnection();
-    connection->SetCommandTimeout(CommandGateway::kWorkstationTimeout);
+    connection->SetCommandTimeout(kCommandTimeout);
+    SetReportTimeout(connection->CommandTimeout());
     gListing->SetMTS_Server(QString());
     gListing->SetSearchMode(true);
     gListing->Initialize_Classes();

@@ -17,13 +17,12 @@ class frmMain : public QMainWindow, private Workspace {
     frmMain();
     ~frmMain() override;
 
-    /// Makes the main window, shows it and runs its load. False when nobody signed on; the window is hidden
-    /// then.
-    static bool Open();
+    /// Makes the main window, shows it and runs its load.
+    static void Open();
 
     /// Signs the user on, takes the connection, reads the hospital record and hands the connection to the
-    /// components. False when nobody signed on.
-    bool Form_Load();
+    /// components. Unloads the window and ends the process when nobody signs on.
+    void Form_Load();
     /// Closes the open screens and the window, and with it the program. Asks nothing.
     void UnloadMain();
 

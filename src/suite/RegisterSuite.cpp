@@ -24,7 +24,6 @@ class OnlyCreated : public Component {};
 
 std::unique_ptr<CommandGateway> Connect(const QString& dataFolder, const ReportLogOn& logOn) {
     auto connection = LogOn(*DataSourceNamed(dataFolder, logOn.server), logOn.user, logOn.password);
-    connection->SetCommandTimeout(CommandGateway::kWorkstationTimeout);
     connection->SetDefaultDatabase(logOn.database);
     return connection;
 }

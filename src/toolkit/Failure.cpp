@@ -6,10 +6,9 @@
 
 #include <QCoreApplication>
 #include <QMessageBox>
+#include <QThread>
 #include <QTimer>
 
-#include <cstdio>
-#include <cstdlib>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -28,7 +27,6 @@ Failure::Handler handler;
 }
 
 [[noreturn]] void ShowAndLeave(const QString& text) {
-    std::fprintf(stderr, "%s\n", qPrintable(text));
     SetMousePointer(MousePointer::Default);
     QMessageBox box(QMessageBox::Critical, kDefaultTitle, text, QMessageBox::Ok);
     box.setObjectName(u"Failure"_s);
@@ -76,8 +74,9 @@ void Failure::SetHandler(Handler newHandler) {
 
 void Failure::InstallTerminateHandler() {
     std::set_terminate([] {
-        if (const std::exception_ptr failure = std::current_exception())
-            std::fprintf(stderr, "%s\n", qPrintable(TextOf(failure)));
+        // A box needs the toolkit, and the thread that its windows are on.
+        if (std::current_exception() && qApp && QThread::currentThread() == qApp->thread())
+            End(std::current_exception());
         LeaveProcess();
     });
 }

@@ -6,7 +6,8 @@
 #include <functional>
 
 /// The one end of every failure that no handler traps: its text in a critical message box, then the end of
-/// the process with exit code 1, without any more of the program's code running.
+/// the process with exit code 1, without any more of the program's code running. The text goes nowhere else:
+/// it may hold a patient's name, and desktops keep what programs write to standard error.
 namespace Failure {
 
 /// Ends the process with the text of the failure. A second failure while the box is open is dropped, so the
@@ -23,8 +24,8 @@ QString TextOf(const std::exception_ptr& failure);
 using Handler = std::function<void(const std::exception_ptr& failure)>;
 void SetHandler(Handler handler);
 
-/// Makes an exception that no event dispatch sees, as one from a static constructor, end the process the same
-/// way.
+/// Makes an exception that no event dispatch sees end the process the same way; without the box where none
+/// can open, as from a static constructor or beside the user interface's thread.
 void InstallTerminateHandler();
 
 } // namespace Failure

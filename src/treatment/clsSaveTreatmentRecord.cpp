@@ -20,7 +20,9 @@ void clsSaveTreatmentRecord::UpdateDialysisTreatmentRecord(const QString& strIDN
                                                             CursorLocation::Client);
     if (rows.Eof())
         return;
-#define TREATMENT_COLUMN(name) m##name = rows.Fields(u"" #name).TextOrEmpty();
+        // Kept: each column is looked up twice, for its Null and for its value.
+#define TREATMENT_COLUMN(name)                                                                               \
+    m##name = rows.Fields(u"" #name).IsNull() ? QString() : rows.Fields(u"" #name).ToText();
     TREATMENT_FIELDS(TREATMENT_COLUMN)
 #undef TREATMENT_COLUMN
 }

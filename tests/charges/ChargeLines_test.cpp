@@ -25,6 +25,10 @@ struct Ground {
 
     QString At(int row, int col) const { return cells.TextMatrix(row, col); }
     void Put(int row, int col, const QString& text) { cells.SetTextMatrix(row, col, text); }
+    bool IsDuplicate(int row, QString department, QString code) {
+        return lines.CheckDuplicateExam(row, department, code);
+    }
+
     void PutItem(int row, const QString& department, const QString& code) {
         Put(row, Column::kDepartment, department);
         Put(row, Column::kCode, code);
@@ -413,25 +417,29 @@ TEST_P(BothScreensTest, CheckCodeDoesNotSeeTheLastLine) {
     EXPECT_TRUE(ground.lines.Check_Code(u"G1"_s));
 }
 
+static_assert(std::is_same_v<decltype(&ChargeLines::CheckDuplicateExam),
+                             bool (ChargeLines::*)(int&, QString&, QString&) const>,
+              "the callers hand their own over");
+
 TEST_P(BothScreensTest, DuplicateExamIsFoundUnderWhateverDepartmentItStands) {
     ground.PutItem(1, u"HC"_s, u""_s);
     ground.PutItem(8, u"HD"_s, u"G1"_s);
-    EXPECT_TRUE(ground.lines.CheckDuplicateExam(1, u"HC"_s, u"G1"_s));
+    EXPECT_TRUE(ground.IsDuplicate(1, u"HC"_s, u"G1"_s));
 }
 
 TEST_P(BothScreensTest, DuplicateExamComparesTheDepartmentWithTheCurrentLines) {
     ground.PutItem(1, u"HC"_s, u""_s);
     ground.PutItem(2, u"HD"_s, u"G1"_s);
-    EXPECT_FALSE(ground.lines.CheckDuplicateExam(1, u"HD"_s, u"G1"_s));
+    EXPECT_FALSE(ground.IsDuplicate(1, u"HD"_s, u"G1"_s));
 }
 
 TEST_P(BothScreensTest, DuplicateExamPassesOverTheGivenRowAndComparesExactly) {
     ground.PutItem(2, u"HC"_s, u"G1"_s);
     ground.cells.SetRow(2);
-    EXPECT_FALSE(ground.lines.CheckDuplicateExam(2, u"HC"_s, u"G1"_s));
-    EXPECT_FALSE(ground.lines.CheckDuplicateExam(1, u"HC"_s, u"g1"_s));
-    EXPECT_FALSE(ground.lines.CheckDuplicateExam(1, u"HC"_s, u"G1 "_s));
-    EXPECT_TRUE(ground.lines.CheckDuplicateExam(1, u"HC"_s, u"G1"_s));
+    EXPECT_FALSE(ground.IsDuplicate(2, u"HC"_s, u"G1"_s));
+    EXPECT_FALSE(ground.IsDuplicate(1, u"HC"_s, u"g1"_s));
+    EXPECT_FALSE(ground.IsDuplicate(1, u"HC"_s, u"G1 "_s));
+    EXPECT_TRUE(ground.IsDuplicate(1, u"HC"_s, u"G1"_s));
 }
 
 TEST_P(BothScreensTest, SupplyIsFreeUnlessAnotherLineHasThePair) {

@@ -46,7 +46,11 @@ class ExpandPackageTest : public ScreenTest {
         return 0;
     }
 
-    void Issue() { IssuePackage(reference, u" PKG01 "_s, {u"100085"_s, u"104233"_s, u"301-A"_s}); }
+    void Issue() {
+        IssuePackage(reference, u" PKG01 "_s, [] {
+            return PackagePatient{u"100085"_s, u"104233"_s, u"301-A"_s};
+        });
+    }
     void ExpectLink(const QString& item, const QString& number = u"5017"_s) {
         gateway.Expect(LinkStockCardCommand(u" PKG01 "_s, item, number));
     }
@@ -233,6 +237,35 @@ TEST_F(ExpandPackageTest, PostingScreenHasTheFullFormForThePatientItShows) {
     EXPECT_EQ(stockItem->entries[0].hospitalNumber, u"100085"_s);
     EXPECT_EQ(stockItem->entries[0].idNumber, u"104233"_s);
     EXPECT_EQ(stockItem->entries[0].room, u"301-A"_s);
+}
+
+/// A component that changes what the screen shows while an entry is written.
+class RelabellingStockItem : public FakeStockItem {
+  public:
+    void AppendStockCard(StockCardEntry& entry) override {
+        FakeStockItem::AppendStockCard(entry);
+        auto& screen = Screens::Get<frmPostCharges>();
+        for (const char* box : {"txtPno", "txtId", "txtRoom"})
+            Find<QLineEdit>(screen, box).setText(QString::fromLatin1(box) + u" moved"_s);
+    }
+};
+
+TEST_F(ExpandPackageTest, PostingScreenReadsThePatientAnewForEachItem) {
+    const auto relabelling = std::make_shared<RelabellingStockItem>();
+    gStockItem = relabelling;
+    auto& screen = Screens::Get<frmPostCharges>();
+    Find<QLineEdit>(screen, "txtPno").setText(u"100085"_s);
+    Find<QLineEdit>(screen, "txtId").setText(u"104233"_s);
+    Find<QLineEdit>(screen, "txtRoom").setText(u"301-A"_s);
+    gateway.Expect(kItems, PackageRows(kTwoItems));
+    for (const QString& item : {u"M0002"_s, u"S0011"_s})
+        gateway.Expect(LinkStockCardCommand(u"PKG01"_s, item, u"5017"_s));
+    screen.ExpandPackage(reference, u"PKG01"_s);
+    ASSERT_EQ(relabelling->entries.size(), 2U);
+    EXPECT_EQ(relabelling->entries[0].hospitalNumber, u"100085"_s);
+    EXPECT_EQ(relabelling->entries[1].hospitalNumber, u"txtPno moved"_s);
+    EXPECT_EQ(relabelling->entries[1].idNumber, u"txtId moved"_s);
+    EXPECT_EQ(relabelling->entries[1].room, u"txtRoom moved"_s);
 }
 
 TEST_F(ExpandPackageTest, AssessmentHasTheReadingFormWhateverTheAmount) {

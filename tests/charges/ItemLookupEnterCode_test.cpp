@@ -38,6 +38,8 @@ class EnterCodeTest : public ItemLookupGround, public testing::WithParamInterfac
   protected:
     EnterCodeTest()
         : ItemLookupGround(*GetParam().differences) {}
+
+    void EnterCode(QString& code, bool isDoctorsFee) { lookup.EnterCode(code, isDoctorsFee); }
 };
 
 INSTANTIATE_TEST_SUITE_P(Twins, EnterCodeTest, testing::ValuesIn(kTwins), CaseName());
@@ -60,11 +62,20 @@ TEST_P(EnterCodeTest, DoctorFillsAFeeLineAndEmptiesPriceAndQuantity) {
     EXPECT_TRUE(listing->searchMode);
 }
 
+TEST_P(EnterCodeTest, DoctorsNameIsJoinedWithItsBlanks) {
+    Key(1, u"MD"_s, u"D003"_s);
+    listing->doctor = {u"D003"_s, u" CASTAÑEDA "_s, u" LUIS "_s, u" PEÑA "_s};
+    Found(true);
+    QString code = u"D003"_s;
+    EXPECT_TRUE(lookup.LookupDoctorFee(code));
+    EXPECT_EQ(At(1, Column::kParticular), u"(PF) DR.  CASTAÑEDA ,  LUIS "_s);
+}
+
 TEST_P(EnterCodeTest, EnterOnAFeeLineGoesFromTheCodeStraightToTheAmount) {
     Key(1, u"MD"_s, u"D003"_s);
     Found(true);
     QString code = u"D003"_s;
-    lookup.EnterCode(code, true);
+    EnterCode(code, true);
     EXPECT_EQ(editor.calls, u"Leave Enter(1,6) "_s);
 }
 
@@ -73,7 +84,7 @@ TEST_P(EnterCodeTest, AmountOfAFeeLineIsOpenForTheMoveAlthoughItWasClosed) {
     lines.SetLocked(Column::kAmount, true);
     Found(true);
     QString code = u"D003"_s;
-    lookup.EnterCode(code, true);
+    EnterCode(code, true);
     EXPECT_EQ(editor.calls, u"Leave Enter(1,6) "_s);
     EXPECT_TRUE(lines.IsLocked(Column::kAmount));
 }
@@ -82,7 +93,7 @@ TEST_P(EnterCodeTest, FeeLineIsLookedUpAmongDoctorsAlone) {
     Key(1, u"MD"_s, u"S1"_s);
     messages.Expect(kInvalidCode);
     QString code = u"S1"_s;
-    lookup.EnterCode(code, true);
+    EnterCode(code, true);
     EXPECT_EQ(listing->searches, (Searches{{u"S1"_s, ListingKind::kDoctor, u""_s}}));
 }
 
@@ -90,7 +101,7 @@ TEST_P(EnterCodeTest, UnknownDoctorIsToldAndTheCellStaysAsKeyed) {
     Key(1, u"MD"_s, u"QQ"_s);
     messages.Expect(kInvalidCode);
     QString code = u"QQ"_s;
-    lookup.EnterCode(code, true);
+    EnterCode(code, true);
     EXPECT_EQ(At(1, Column::kCode), u"QQ"_s);
     EXPECT_EQ(editor.calls, u""_s);
 }
@@ -109,7 +120,7 @@ TEST_P(EnterCodeTest, LocksOfAFeeLineAreThereForTheMoveAndPutBack) {
             whileMoving = {lines.IsLocked(4), lines.IsLocked(5), lines.IsLocked(6)};
         };
         QString code = u"D003"_s;
-        lookup.EnterCode(code, true);
+        EnterCode(code, true);
         EXPECT_EQ(whileMoving, found ? (std::vector<bool>{true, true, false}) : std::vector<bool>());
         EXPECT_FALSE(lines.IsLocked(4));
         EXPECT_TRUE(lines.IsLocked(5));
@@ -117,18 +128,29 @@ TEST_P(EnterCodeTest, LocksOfAFeeLineAreThereForTheMoveAndPutBack) {
     }
 }
 
+TEST_P(EnterCodeTest, FlagIsTheCallersOwnAndReadAgainBehindTheMove) {
+    Key(1, u"MD"_s, u"D003"_s);
+    lines.SetLocked(Column::kAmount, true);
+    Found(true);
+    bool isDoctorsFee = true;
+    editor.onEnterCell = [&isDoctorsFee] { isDoctorsFee = false; };
+    QString code = u"D003"_s;
+    lookup.EnterCode(code, isDoctorsFee);
+    EXPECT_FALSE(lines.IsLocked(Column::kAmount)) << "the locks of the move stay";
+}
+
 TEST_P(EnterCodeTest, EnterOnAnItemLineMovesOnWhenItWasFilled) {
     Key(1, u"HC"_s, u"S"_s);
     Found(true);
     QString code = u"S"_s;
-    lookup.EnterCode(code, false);
+    EnterCode(code, false);
     EXPECT_EQ(editor.calls, u"Leave Enter(1,4) "_s);
 }
 
 TEST_P(EnterCodeTest, EnterOnAnItemLineStaysSilentlyWhenItWasNot) {
     Key(1, u"HC"_s, u"S"_s);
     QString code = u"S"_s;
-    lookup.EnterCode(code, false);
+    EnterCode(code, false);
     EXPECT_EQ(editor.calls, u""_s);
     EXPECT_EQ(cells.Col(), Column::kCode);
 }
@@ -137,8 +159,8 @@ TEST_P(EnterCodeTest, EnterOutsideTheCodeColumnLooksNothingUp) {
     Key(1, u"HC"_s, u"S"_s);
     cells.SetCol(4);
     QString code = u"S"_s;
-    lookup.EnterCode(code, false);
-    lookup.EnterCode(code, true);
+    EnterCode(code, false);
+    EnterCode(code, true);
     EXPECT_TRUE(listing->searches.empty());
     EXPECT_EQ(editor.calls, u""_s);
 }

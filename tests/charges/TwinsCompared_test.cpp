@@ -191,7 +191,7 @@ QString SlipPrinted(TwinGround& on) {
         qsizetype values = 0;
         for (const ParameterField& field : gReport->ParameterFields())
             values += field.CurrentValue().has_value() ? 1 : 0;
-        slip = u"%1, %2 parameters"_s.arg(QString(gReport->File()).remove(ProgramDirectory())).arg(values);
+        slip = u"%1, %2 parameters"_s.arg(QString(gReport->Path()).remove(ProgramDirectory())).arg(values);
         auto* viewer = qobject_cast<Form*>(QApplication::activeModalWidget());
         AwaitWork(*viewer);
         viewer->Unload();

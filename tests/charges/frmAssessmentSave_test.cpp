@@ -7,6 +7,7 @@
 #include "support/WhileModal.h"
 #include "text/RunTimeError.h"
 #include "toolkit/MousePointer.h"
+#include "toolkit/ProgramFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -382,8 +383,7 @@ TEST_F(SaveAssessmentTest, PrintShowsTheSlipWithItsSixParametersAndUnloadsTheScr
     WhileModal([&values](Form& viewer) {
         EXPECT_EQ(viewer.objectName(), u"frmReportviewer"_s);
         EXPECT_EQ(viewer.windowTitle(), u"Print ChargeSlip"_s);
-        EXPECT_TRUE(gReport->File().endsWith(u"/Reports/AssessmentSlip.RPT"_s))
-            << gReport->File().toStdString();
+        EXPECT_EQ(gReport->Path(), ProgramDirectory() + u"/Reports/AssessmentSlip.RPT"_s);
         for (const ParameterField& field : gReport->ParameterFields())
             values.push_back(field.CurrentValue()->ToText());
         EXPECT_TRUE(Screens::IsLoaded<frmAssessment>());

@@ -244,6 +244,17 @@ TEST_F(frmAssessmentTest, UnknownDoctorsCodeDoesNothing) {
     EXPECT_TRUE(Box("txtDoctorID").hasFocus());
 }
 
+TEST_F(frmAssessmentTest, RequestingDoctorsNameIsJoinedWithItsBlanks) {
+    listing->doctor = {u"D003"_s, u" CASTAÑEDA "_s, u" LUIS "_s, u" PEÑA "_s};
+    listing->answers = {true, true};
+    Open();
+    Click(Button("cmdDoctor"));
+    EXPECT_EQ(Box("txtDoctor").text(), u"DR.  CASTAÑEDA , LUIS   PEÑA "_s);
+    Box("txtDoctorID").setText(u"D"_s);
+    Press(Box("txtDoctorID"), Qt::Key_Return);
+    EXPECT_EQ(Box("txtDoctor").text(), u"DR.  LUIS   CASTAÑEDA "_s);
+}
+
 TEST_F(frmAssessmentTest, PickerOfDoctorsSearchesByTheNameAndWritesItsOwnForm) {
     listing->doctor = {u"D003"_s, u"CASTAÑEDA"_s, u"LUIS"_s, u"PEÑA"_s};
     listing->answers = {false, true};

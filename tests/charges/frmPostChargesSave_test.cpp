@@ -9,6 +9,7 @@
 #include "text/Clock.h"
 #include "text/RunTimeError.h"
 #include "toolkit/MousePointer.h"
+#include "toolkit/ProgramFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -342,6 +343,9 @@ TEST_F(SaveChargesTest, PrintShowsTheSlipWithItsTenParametersAndUnloadsTheScreen
     WriteTemplate();
     OpenWithPatient();
     Box("txtId").setText(u"10231B"_s);
+    Box("txtLastName").setText(u" CRUZ "_s);
+    Box("txtFirstName").setText(u"JUAN "_s);
+    Box("txtMiddleName").setText(u" SY"_s);
     gAccountNumber = u"500123"_s;
     gStationName = u"STATION 3"_s;
     PutLine(1, {u""_s, u""_s, u"EMPTIED"_s});
@@ -350,14 +354,14 @@ TEST_F(SaveChargesTest, PrintShowsTheSlipWithItsTenParametersAndUnloadsTheScreen
     WhileModal([&values](Form& viewer) {
         EXPECT_EQ(viewer.objectName(), u"frmReportviewer"_s);
         EXPECT_EQ(viewer.windowTitle(), u"Print ChargeSlip"_s);
-        EXPECT_TRUE(gReport->File().endsWith(u"/Reports/Charge_Slip.RPT"_s)) << gReport->File().toStdString();
+        EXPECT_EQ(gReport->Path(), ProgramDirectory() + u"/Reports/Charge_Slip.RPT"_s);
         for (const ParameterField& field : gReport->ParameterFields())
             values.push_back(field.CurrentValue()->ToText());
         EXPECT_TRUE(Screens::IsLoaded<frmPostCharges>());
-        EXPECT_EQ(Screens::Get<frmPostCharges>().SlipPatientName, u"CRUZ, JUAN SY"_s);
+        EXPECT_EQ(Screens::Get<frmPostCharges>().SlipPatientName, u" CRUZ , JUAN   SY"_s);
     });
     Print();
-    EXPECT_EQ(values, (std::vector<QString>{u"H1042C"_s, u"11/21/2026"_s, u"CRUZ, JUAN SY"_s, u"10231B"_s,
+    EXPECT_EQ(values, (std::vector<QString>{u"H1042C"_s, u"11/21/2026"_s, u" CRUZ , JUAN   SY"_s, u"10231B"_s,
                                             u"100085"_s, u"301-A"_s, u"10:30:15 AM"_s, u"500123"_s,
                                             u"STATION 3"_s, u"ANA REYES"_s}));
     EXPECT_FALSE(Screens::IsLoaded<frmPostCharges>());

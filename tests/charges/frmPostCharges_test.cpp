@@ -217,6 +217,17 @@ TEST_F(frmPostChargesTest, UnknownDoctorsCodeDoesNothing) {
     EXPECT_TRUE(Box("txtDocID").hasFocus());
 }
 
+TEST_F(frmPostChargesTest, RequestingDoctorsNameIsJoinedWithItsBlanks) {
+    listing->doctor = {u"D003"_s, u" CASTAÑEDA "_s, u" LUIS "_s, u" PEÑA "_s};
+    listing->answers = {true, true};
+    Open();
+    Click(Button("Command2"));
+    EXPECT_EQ(Box("txtRequestingDoc").text(), u"DR.  CASTAÑEDA , LUIS   PEÑA "_s);
+    Box("txtDocID").setText(u"D"_s);
+    Press(Box("txtDocID"), Qt::Key_Return);
+    EXPECT_EQ(Box("txtRequestingDoc").text(), u"DR.  LUIS   CASTAÑEDA "_s);
+}
+
 TEST_F(frmPostChargesTest, PickerOfDoctorsSearchesByTheNameAndWritesItsOwnForm) {
     listing->doctor = {u"D003"_s, u"CASTAÑEDA"_s, u"LUIS"_s, u"PEÑA"_s};
     listing->answers = {false, true};

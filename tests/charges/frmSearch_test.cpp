@@ -43,6 +43,13 @@ class frmSearchTest : public ScreenTest {
         return OpenAsItStands();
     }
 
+    /// Picks a row in an earlier dialog.
+    void PickBefore() {
+        Click(Select(Open({u"ASTHMA"_s})));
+        EXPECT_EQ(frmSearch::ResultCode(), u"A-CODE"_s);
+        EXPECT_TRUE(frmSearch::Valid());
+    }
+
     static frmSearch& OpenAsItStands() {
         auto& search = Screens::Get<frmSearch>();
         search.Show();
@@ -65,6 +72,9 @@ class frmSearchTest : public ScreenTest {
 
     const std::vector<QString> three = {u"EAR"_s, u"EYE"_s, u"HEART"_s};
 };
+
+static_assert(!std::is_assignable_v<decltype(frmSearch::ResultCode()), QString>, "written inside alone");
+static_assert(!std::is_assignable_v<decltype(frmSearch::Valid()), bool>, "written inside alone");
 
 TEST_F(frmSearchTest, LoadShowsHospitalTitlesAndTheRowsOfTheCriteria) {
     const auto& search = Open(three);
@@ -228,15 +238,15 @@ TEST_F(frmSearchTest, EnterInTheBoxSelectsTheTopVisibleRow) {
     search.grdDispWindow->Reveal(60, 1);
     const QString code = search.grdDispWindow->Cells().TextMatrix(search.grdDispWindow->TopRow(), 2);
     Press(SearchBox(search), Qt::Key_Return);
-    EXPECT_TRUE(frmSearch::Valid);
-    EXPECT_EQ(frmSearch::ResultCode, code);
+    EXPECT_TRUE(frmSearch::Valid());
+    EXPECT_EQ(frmSearch::ResultCode(), code);
     EXPECT_FALSE(Screens::IsLoaded<frmSearch>());
 }
 
 TEST_F(frmSearchTest, EnterInTheBoxOverAnEmptyGridDoesNothing) {
     const auto& search = Open({});
     Press(SearchBox(search), Qt::Key_Return);
-    EXPECT_FALSE(frmSearch::Valid);
+    EXPECT_FALSE(frmSearch::Valid());
     EXPECT_TRUE(Screens::IsLoaded<frmSearch>());
 }
 
@@ -244,8 +254,8 @@ TEST_F(frmSearchTest, SelectTakesColumnTwoOfTheCurrentRow) {
     const auto& search = Open(three);
     ClickRow(search, 3);
     Click(Select(search));
-    EXPECT_EQ(frmSearch::ResultCode, u"H-CODE"_s);
-    EXPECT_TRUE(frmSearch::Valid);
+    EXPECT_EQ(frmSearch::ResultCode(), u"H-CODE"_s);
+    EXPECT_TRUE(frmSearch::Valid());
     EXPECT_FALSE(Screens::IsLoaded<frmSearch>());
 }
 
@@ -253,41 +263,39 @@ TEST_F(frmSearchTest, EnterOnTheGridSelects) {
     const auto& search = Open(three);
     ClickRow(search, 2);
     QTest::keyClick(search.grdDispWindow, Qt::Key_Return);
-    EXPECT_TRUE(frmSearch::Valid);
-    EXPECT_EQ(frmSearch::ResultCode, u"E-CODE"_s);
+    EXPECT_TRUE(frmSearch::Valid());
+    EXPECT_EQ(frmSearch::ResultCode(), u"E-CODE"_s);
 }
 
 TEST_F(frmSearchTest, DoubleClickOnTheGridSelects) {
     const auto& search = Open(three);
     QTest::mouseDClick(search.grdDispWindow->viewport(), Qt::LeftButton, {}, PlaceOf(search, 3));
-    EXPECT_TRUE(frmSearch::Valid);
-    EXPECT_EQ(frmSearch::ResultCode, u"H-CODE"_s);
+    EXPECT_TRUE(frmSearch::Valid());
+    EXPECT_EQ(frmSearch::ResultCode(), u"H-CODE"_s);
 }
 
 TEST_F(frmSearchTest, DoubleClickAndEnterOnTheGridDoNothingWhileSelectIsDisabled) {
     const auto& search = Open({});
     QTest::keyClick(search.grdDispWindow, Qt::Key_Return);
     QTest::mouseDClick(search.grdDispWindow->viewport(), Qt::LeftButton, {}, QPoint(20, 20));
-    EXPECT_FALSE(frmSearch::Valid);
+    EXPECT_FALSE(frmSearch::Valid());
     EXPECT_TRUE(Screens::IsLoaded<frmSearch>());
 }
 
 TEST_F(frmSearchTest, CancelLeavesTheResultCodeAsItWas) {
-    frmSearch::ResultCode = u"BEFORE"_s;
-    frmSearch::Valid = true;
+    PickBefore();
     const auto& search = Open(three);
     Click(Find<QPushButton>(search, "cmdCancel"));
-    EXPECT_EQ(frmSearch::ResultCode, u"BEFORE"_s);
-    EXPECT_FALSE(frmSearch::Valid);
+    EXPECT_EQ(frmSearch::ResultCode(), u"A-CODE"_s);
+    EXPECT_FALSE(frmSearch::Valid());
     EXPECT_FALSE(Screens::IsLoaded<frmSearch>());
 }
 
 TEST_F(frmSearchTest, CloseBoxPicksNothing) {
-    frmSearch::ResultCode = u"BEFORE"_s;
-    frmSearch::Valid = true;
+    PickBefore();
     Open(three).close();
-    EXPECT_EQ(frmSearch::ResultCode, u"BEFORE"_s);
-    EXPECT_FALSE(frmSearch::Valid);
+    EXPECT_EQ(frmSearch::ResultCode(), u"A-CODE"_s);
+    EXPECT_FALSE(frmSearch::Valid());
     EXPECT_FALSE(Screens::IsLoaded<frmSearch>());
 }
 
@@ -357,12 +365,12 @@ TEST_F(frmSearchTest, ColumnChangeLeavesTheBoxAlsoWhenTheSearchIsOff) {
 }
 
 TEST_F(frmSearchTest, ResetBringsTheMembersOfAFreshProcess) {
-    frmSearch::ResultCode = u"X"_s;
-    frmSearch::Valid = frmSearch::DisableSearch = true;
+    PickBefore();
+    frmSearch::DisableSearch = true;
     frmSearch::ResetMembers();
-    for (const QString* text :
-         {&frmSearch::SearchCaption, &frmSearch::Query, &frmSearch::Criteria, &frmSearch::ResultCode})
+    for (const QString* text : {&frmSearch::SearchCaption, &frmSearch::Query, &frmSearch::Criteria})
         EXPECT_EQ(*text, u""_s);
-    EXPECT_FALSE(frmSearch::Valid);
+    EXPECT_EQ(frmSearch::ResultCode(), u""_s);
+    EXPECT_FALSE(frmSearch::Valid());
     EXPECT_FALSE(frmSearch::DisableSearch);
 }

@@ -4,6 +4,7 @@
 #include "reporting/Reports.h"
 #include "support/ScreenTest.h"
 #include "support/WhileModal.h"
+#include "toolkit/ProgramFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -59,8 +60,7 @@ class ChargeSlipPrint {
         WhileModal([&values, title](Form& viewer) {
             EXPECT_EQ(viewer.objectName(), QStringLiteral("frmReportviewer"));
             EXPECT_EQ(viewer.windowTitle(), title);
-            EXPECT_TRUE(gReport->File().endsWith(QStringLiteral("/Reports/Charge_Slip.RPT")))
-                << gReport->File().toStdString();
+            EXPECT_EQ(gReport->Path(), ProgramDirectory() + QStringLiteral("/Reports/Charge_Slip.RPT"));
             for (const ParameterField& field : gReport->ParameterFields())
                 values.push_back(field.CurrentValue()->ToText());
         });

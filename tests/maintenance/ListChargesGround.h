@@ -37,8 +37,7 @@ inline std::shared_ptr<const RowData> ChargedLines(const std::vector<ChargedLine
 class ListChargesGround : public ScreenTest {
   protected:
     ListChargesGround() {
-        RegisterFinderTarget(QStringLiteral("List"),
-                             []() -> FinderTarget& { return Screens::Get<frmListCharges>(); });
+        RegisterFinderTarget(QStringLiteral("List"), ListChargesTarget);
         gChargeMode = QStringLiteral("List");
         gAccountNumber = QStringLiteral("500123");
         gStationName = QStringLiteral("STATION 3");

@@ -38,9 +38,9 @@ class FakeOutpatientSearch : public OutpatientSearch {
     }
     QString IDNumber() const override { return QStringLiteral("104233B"); }
     QString HospitalNumber() const override { return QStringLiteral("100482"); }
-    QString LastName() const override { return QStringLiteral("SANTOS"); }
-    QString FirstName() const override { return QStringLiteral("EVA"); }
-    QString MiddleName() const override { return QStringLiteral("LIM"); }
+    QString LastName() const override { return QStringLiteral("SANTOS "); }
+    QString FirstName() const override { return QStringLiteral(" EVA "); }
+    QString MiddleName() const override { return QStringLiteral("LIM "); }
     QString Company() const override { return QStringLiteral("MAXICARE"); }
 };
 

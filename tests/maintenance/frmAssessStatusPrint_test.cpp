@@ -2,6 +2,7 @@
 #include "reporting/ReportConnector.h"
 #include "reporting/Reports.h"
 #include "support/WhileModal.h"
+#include "toolkit/ProgramFiles.h"
 
 #include <QApplication>
 #include <QDir>
@@ -55,8 +56,7 @@ class AssessPrintTest : public AssessStatusGround {
         WhileModal([&values](Form& viewer) {
             EXPECT_EQ(viewer.objectName(), u"frmReportviewer"_s);
             EXPECT_EQ(viewer.windowTitle(), u"Re-Print Assessment Slip"_s);
-            EXPECT_TRUE(gReport->File().endsWith(u"/Reports/ReprintAssesSlip.RPT"_s))
-                << gReport->File().toStdString();
+            EXPECT_EQ(gReport->Path(), ProgramDirectory() + u"/Reports/ReprintAssesSlip.RPT"_s);
             for (const ParameterField& field : gReport->ParameterFields())
                 values.push_back(field.CurrentValue()->ToText());
         });

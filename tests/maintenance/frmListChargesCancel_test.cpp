@@ -370,9 +370,9 @@ TEST_F(CancelChargeTest, DoubleClickCancelsBeforeTheButtonsAreEnabled) {
 }
 
 TEST_F(CancelChargeTest, AfterAPickTheBlankCellsAreVerifiedAndGoToTheStockCard) {
-    auto& screen = Open();
+    Open();
     List({service});
-    screen.Picked();
+    ListChargesTarget().Picked();
     gateway.Expect(u"Clinical_Area..spEarCare_VerifyCharges '104233','','',''"_s, Rows({u"Amount"_s}));
     ExpectQuestion(MsgAnswer::Yes);
     ExpectFreshFinder();
@@ -386,8 +386,8 @@ TEST_F(CancelChargeTest, AfterAPickTheBlankCellsAreVerifiedAndGoToTheStockCard) 
 }
 
 TEST_F(CancelChargeTest, AfterAPickWithoutAnyListTheBlankCellsAreTheSame) {
-    auto& screen = Open();
-    screen.Picked();
+    Open();
+    ListChargesTarget().Picked();
     gateway.Expect(u"Clinical_Area..spEarCare_VerifyCharges '104233','','',''"_s, Rows({u"Amount"_s}));
     ExpectQuestion(MsgAnswer::Yes);
     ExpectFreshFinder();
@@ -398,9 +398,9 @@ TEST_F(CancelChargeTest, AfterAPickWithoutAnyListTheBlankCellsAreTheSame) {
 }
 
 TEST_F(CancelChargeTest, ButtonAfterAPickWorksOnTheBlankHeaderRow) {
-    auto& screen = Open();
+    Open();
     List({service});
-    screen.Picked();
+    ListChargesTarget().Picked();
     ASSERT_EQ(Cells().Row(), 0);
     gateway.Expect(u"Clinical_Area..spEarCare_VerifyCharges '104233','','',''"_s, Rows({u"Amount"_s}));
     ExpectQuestion(MsgAnswer::No);

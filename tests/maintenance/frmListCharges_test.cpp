@@ -26,6 +26,21 @@ std::shared_ptr<const RowData> Patients(const std::vector<std::vector<Value>>& r
         {u"hospital #"_s, u"Admission #"_s, u"Patient Name"_s, u"admission date"_s, u"Billing Date"_s}, rows);
 }
 
+/// What others could do with the screen if it were the finder's target itself.
+template <class Screen>
+concept HasOperationsOfATarget = requires(Screen& screen) {
+    screen.Picked();
+}
+|| requires(Screen& screen) {
+    screen.FinderText();
+}
+|| requires(Screen& screen) {
+    screen.SetBox(QString(), QString());
+};
+
+static_assert(!HasOperationsOfATarget<frmListCharges>, "Get_Charges is its one public operation");
+static_assert(!std::is_base_of_v<FinderTarget, frmListCharges>);
+
 } // namespace
 
 TEST_F(frmListChargesTest, ControlsBearTheirTexts) {
@@ -136,9 +151,9 @@ TEST_F(frmListChargesTest, TabOfTheNameArrivesInTheFinderAndReachesTheRows) {
 }
 
 TEST_F(frmListChargesTest, BoxThatThereIsNotFails) {
-    auto& screen = Open();
+    Open();
     try {
-        screen.SetBox(u"txtNone"_s, u"X"_s);
+        ListChargesTarget().SetBox(u"txtNone"_s, u"X"_s);
         ADD_FAILURE();
     } catch (const RunTimeError& error) {
         EXPECT_EQ(error.Number(), RunTime::kObjectNotSet);
@@ -308,9 +323,9 @@ TEST_F(frmListChargesTest, ReprintTrimsBlanksAlone) {
 
 TEST_F(frmListChargesTest, ReprintAfterAPickIsOfTheBlankHeaderRow) {
     const ChargeSlipPrint slip(programDirectory);
-    auto& screen = Open();
+    Open();
     List({service});
-    screen.Picked();
+    ListChargesTarget().Picked();
     gateway.Expect(u"Clinical_Area..spEarCare_ReprintChargeSlip ''"_s);
     EXPECT_EQ(ChargeSlipPrint::Values(u"RE-Print ChargeSlip"_s, [] { Click(Reprint()); }),
               (std::vector<QString>{u""_s, u"11/21/2026"_s, u"CRUZ, JUAN SY"_s, u"104233"_s, u"100085"_s,

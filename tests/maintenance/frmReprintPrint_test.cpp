@@ -1,5 +1,6 @@
 #include "maintenance/ChargeSlipPrint.h"
 #include "maintenance/ReprintGround.h"
+#include "toolkit/ProgramFiles.h"
 
 #include <QPrinter>
 
@@ -80,7 +81,7 @@ TEST_F(ReprintPrintTest, OutpatientsSlipHasTheMiddleNameAndTheRoomOPD) {
     ExpectEmptied();
     ExpectWritten(u"HC001"_s);
     const std::vector<QString> values = Printed();
-    EXPECT_EQ(values.at(2), u"SANTOS, EVA LIM"_s);
+    EXPECT_EQ(values.at(2), u"SANTOS ,  EVA  LIM "_s);
     EXPECT_EQ(values.at(3), u"104233B"_s);
     EXPECT_EQ(values.at(4), u"100482"_s);
     EXPECT_EQ(values.at(5), u"OPD"_s);
@@ -132,15 +133,18 @@ class PrintDirectTest : public ReprintPrintTest {
     }
     /// What the older layout has got when its rows are fetched, and of which databases rows were fetched.
     struct Paper {
+        QString path;
         std::vector<QString> formulas;
         QString databases;
     };
     Paper PrintDirect(const QString& query = u"SELECT ItemID FROM REPORTS.dbo.tbLines"_s) {
         Paper paper;
         SetReportConnector([&paper, query](const ReportLogOn& logOn) {
-            if (logOn.database == u"REPORTS"_s)
+            if (logOn.database == u"REPORTS"_s) {
+                paper.path = gReport->Path();
                 for (const ParameterField& field : gReport->ParameterFields())
                     paper.formulas.push_back(field.CurrentValue()->ToText());
+            }
             paper.databases += QString(logOn.database.constData(), logOn.database.size()) + u' ';
             auto connection = std::make_unique<ScriptedGateway>();
             connection->Expect(
@@ -159,12 +163,13 @@ class PrintDirectTest : public ReprintPrintTest {
 TEST_F(PrintDirectTest, PrintsTheSlipAndThenTheOlderLayoutFilledByItsNames) {
     OpenPatient({line});
     PrintsTheSlipFirst();
-    ExpectIssuer({{u"ANA"_s, u"REYES"_s}});
+    ExpectIssuer({{u" ANA "_s, u"REYES "_s}});
     const Paper paper = PrintDirect();
     EXPECT_EQ(paper.formulas,
               (std::vector<QString>{u"SAN RAFAEL GENERAL HOSPITAL CC NO. H1042C"_s,
                                     u"DELA CRUZ  , JUAN  PEÑA   "_s, u"PHILHEALTH"_s, u"104233"_s,
-                                    u"REYES, ANA"_s, u"/"_s, u"NURSE"_s, u"11/20/2026"_s}));
+                                    u"REYES ,  ANA "_s, u"/"_s, u"NURSE"_s, u"11/20/2026"_s}));
+    EXPECT_EQ(paper.path, ProgramDirectory() + u"\\ChargeSlip.rpt"_s);
     EXPECT_EQ(paper.databases, u"PASSWORD REPORTS "_s);
     EXPECT_GT(QFileInfo(PaperFile()).size(), 0) << "the paper was made";
     EXPECT_FALSE(gReport.IsSet());
@@ -188,7 +193,7 @@ TEST_F(PrintDirectTest, OutpatientsNameHasNoMiddleNameThere) {
     PrintsTheSlipFirst();
     ExpectIssuer({});
     const Paper paper = PrintDirect();
-    EXPECT_EQ(paper.formulas.at(1), u"SANTOS, EVA"_s);
+    EXPECT_EQ(paper.formulas.at(1), u"SANTOS ,  EVA "_s);
     EXPECT_EQ(paper.formulas.at(2), u"MAXICARE"_s);
     EXPECT_EQ(paper.formulas.at(3), u"104233B"_s);
 }

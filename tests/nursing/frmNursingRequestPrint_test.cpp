@@ -4,6 +4,7 @@
 #include "reporting/Reports.h"
 #include "reporting/ReportViewer.h"
 #include "support/WhileModal.h"
+#include "toolkit/ProgramFiles.h"
 
 #include <QFile>
 #include <QToolButton>
@@ -58,7 +59,7 @@ TEST_F(ConsultationTest, ShowsTheFormOfTheRequestModally) {
         EXPECT_FALSE(Find<QToolButton>(viewer, "cmdGroupTree").isVisible()) << "the group tree is off";
         ASSERT_TRUE(gReport.IsSet());
         EXPECT_TRUE(gReport->HasDocument()) << "the report is viewed";
-        EXPECT_TRUE(gReport->File().endsWith(u"/RadioConsultation.rpt"_s));
+        EXPECT_EQ(gReport->Path(), ProgramDirectory() + u"\\RadioConsultation.rpt"_s);
         std::vector<QString> values;
         for (const ParameterField& field : gReport->ParameterFields())
             values.push_back(field.CurrentValue()->ToText());

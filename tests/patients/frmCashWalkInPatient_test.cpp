@@ -362,6 +362,7 @@ TEST_F(frmCashWalkInPatientTest, SaveSendsEveryBoxAtItsPlaceAsItStands) {
 TEST_F(frmCashWalkInPatientTest, SaveWithoutANameIsRefused) {
     const auto& screen = Open();
     Info(screen, 0).setText(u"  "_s);
+    Info(screen, 1).setText(u" "_s);
     Info(screen, 2).setText(u"SY"_s);
     Button(screen, "cmdOption(0)").setFocus();
     messages.Expect(kNoName);
@@ -373,6 +374,15 @@ TEST_F(frmCashWalkInPatientTest, SaveWithoutANameIsRefused) {
 TEST_F(frmCashWalkInPatientTest, LastNameAloneSaves) {
     const auto& screen = Open();
     Info(screen, 0).setText(u"CRUZ"_s);
+    Save(screen, u"CLINICAL_AREA..spEarCare_Add_CashPatient 'CRUZ','','','','','','/  /','','M',''"_s);
+}
+
+TEST_F(frmCashWalkInPatientTest, SexIsReadWithoutItsBlanks) {
+    const auto& screen = Open();
+    Info(screen, 0).setText(u"CRUZ"_s);
+    auto& sex = Find<QComboBox>(screen, "cboSex");
+    sex.setItemText(0, u" Male "_s);
+    sex.setCurrentIndex(0);
     Save(screen, u"CLINICAL_AREA..spEarCare_Add_CashPatient 'CRUZ','','','','','','/  /','','M',''"_s);
 }
 

@@ -16,7 +16,8 @@
 
 /// What a report was opened with and how it was presented.
 struct ShownReport {
-    QString file;
+    /// The path behind the program's directory, as it was written.
+    QString path;
     QString title;
     std::vector<QString> values;
 };
@@ -65,8 +66,11 @@ class PeriodGround : public ScreenTest {
             EXPECT_EQ(viewer->objectName(), QStringLiteral("frmReportviewer"));
             EXPECT_EQ(CurrentMousePointer(), MousePointer::Default) << "the clerk reads without an hourglass";
             AwaitWork(*viewer);
-            shown = ShownReport{
-                QDir(programDirectory.path()).relativeFilePath(gReport->File()), viewer->windowTitle(), {}};
+            EXPECT_TRUE(gReport->Path().startsWith(programDirectory.path()));
+            shown =
+                ShownReport{gReport->Path().mid(programDirectory.path().size()), viewer->windowTitle(), {}};
+            if (whileShown)
+                whileShown();
             for (const ParameterField& field : gReport->ParameterFields())
                 shown->values.push_back(field.CurrentValue()->ToText());
             viewer->Unload();
@@ -77,6 +81,8 @@ class PeriodGround : public ScreenTest {
         return shown;
     }
 
+    /// Called while a report shows.
+    std::function<void()> whileShown;
     FakeWorkspace workspace;
     ReportDatabase database;
 };

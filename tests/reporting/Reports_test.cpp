@@ -3,6 +3,7 @@
 #include "reporting/PageView.h"
 #include "reporting/Reports.h"
 #include "reporting/ReportViewer.h"
+#include "shell/shared.h"
 #include "support/AwaitWork.h"
 #include "support/ScreenTest.h"
 #include "toolkit/MousePointer.h"
@@ -123,6 +124,29 @@ TEST_F(ReportsTest, ADateThatIsNoneRaisesATypeMismatch) {
 TEST_F(ReportsTest, SurplusValuesAreDropped) {
     Open({u"H1C"_s, kDay, kDay, u"today is no date, and nobody minds"_s});
     EXPECT_EQ(gReport->ParameterFields().size(), 3U);
+}
+
+/// A user whose logon brings the caller one value more.
+class GivingUser : public FakeCurrentUser {
+  public:
+    QString ServerName() const override {
+        values.emplace_back(u"too late"_s);
+        return FakeCurrentUser::ServerName();
+    }
+
+    mutable std::vector<Value> values = {u"H1C"_s};
+};
+
+TEST_F(ReportsTest, TheNumberOfValuesIsReadBeforeTheReportIsOpened) {
+    const auto giving = std::make_shared<GivingUser>();
+    gCurrentUser = giving;
+    WriteFile(programDirectory, u"Two.RPT"_s,
+              SmallTemplate(u"<parameters><parameter name=\"A\" type=\"text\" prompt=\"A\"/>"
+                            "<parameter name=\"B\" type=\"text\" prompt=\"B\"/></parameters>"_s));
+    OpenReport(programDirectory.path() + u"/Two.RPT"_s, giving->values);
+    EXPECT_EQ(giving->values.size(), 2U);
+    EXPECT_EQ(ValueOf(0), Value(u"H1C"_s));
+    EXPECT_FALSE(ValueOf(1).has_value());
 }
 
 TEST_F(ReportsTest, SurplusParametersKeepWhatTheTemplateHas) {

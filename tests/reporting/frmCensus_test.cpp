@@ -91,6 +91,33 @@ TEST_F(CensusTest, EachArrangementHasATemplateOfItsOwn) {
     EXPECT_NE(View(), nullptr);
 }
 
+namespace {
+
+/// A user who notes which report is being logged on.
+class NotingUser : public FakeCurrentUser {
+  public:
+    QString ServerName() const override {
+        path = gReport->Path();
+        return FakeCurrentUser::ServerName();
+    }
+
+    mutable QString path;
+};
+
+} // namespace
+
+TEST_F(CensusTest, TheTemplatesAreOpenedByTheirPathsAsTheyAreWritten) {
+    const auto noting = std::make_shared<NotingUser>();
+    gCurrentUser = noting;
+    Open();
+    View();
+    EXPECT_EQ(noting->path, programDirectory.path() + u"\\Reports\\CensusAll.rpt"_s);
+    Open();
+    Option("optCensus(1)").setChecked(true);
+    View();
+    EXPECT_EQ(noting->path, programDirectory.path() + u"\\Reports\\CensusStation.rpt"_s);
+}
+
 TEST_F(CensusTest, EveryTableIsPointedAtPatientData) {
     Open();
     View();

@@ -181,7 +181,7 @@ TEST_F(LedgerTest, AnInPatientsPickFillsTheScreenAndTheReport) {
     EXPECT_FALSE(Screens::IsLoaded<frmSearchPatient>());
     const auto shown = ViewReport();
     ASSERT_TRUE(shown);
-    EXPECT_EQ(shown->file, u"Reports/Orvandelle_Ledger.rpt"_s);
+    EXPECT_EQ(shown->path, u"\\Reports\\Orvandelle_Ledger.rpt"_s);
     EXPECT_EQ(shown->title, u"Patients Ledger!"_s);
     EXPECT_EQ(shown->values,
               (std::vector<QString>{u"I"_s, u"104233"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
@@ -208,6 +208,16 @@ TEST_F(LedgerTest, AVisitsPickGivesTheLetterOAndTheRoomOPD) {
     EXPECT_EQ(shown->values.at(1), u"104233B"_s);
     EXPECT_EQ(shown->values.at(5), u"OPD"_s);
     EXPECT_EQ(shown->values.at(6), u"11/2/2026 8:15:00 AM"_s);
+}
+
+TEST_F(LedgerTest, ThePatientsNameIsJoinedWithItsBlanks) {
+    Open();
+    Box("txtLastName").setText(u"DELA CRUZ "_s);
+    Box("txtFirstName").setText(u" JUAN "_s);
+    Box("txtMiddleName").setText(u" PEÑA "_s);
+    const auto shown = ViewReport();
+    ASSERT_TRUE(shown);
+    EXPECT_EQ(shown->values.at(3), u"DELA CRUZ ,  JUAN   PEÑA "_s);
 }
 
 TEST_F(LedgerTest, AnEmptyScreenGivesTheReportEmptyValues) {

@@ -38,7 +38,7 @@ class ReportRangeTest : public PeriodGround {
 struct ReportCase {
     const char* name;
     int type;
-    QString file;
+    QString path;
     QString title;
     std::vector<QString> values;
 };
@@ -98,14 +98,27 @@ TEST_F(ReportRangeTest, ATypeSetWhileTheScreenStandsCountsAndTheTitleStays) {
     EXPECT_EQ(shown->title, u"In-Patient Income Report"_s);
 }
 
+TEST_P(PeriodReport, LetsItsValuesGoBeforeTheReportShows) {
+    const ReportCase& report = GetParam();
+    PutTemplate(QFileInfo(QString(report.path).replace(u'\\', u'/')).fileName(), 0);
+    // A text of its own, not a literal's: nobody else holds it.
+    gHospitalName = QString::fromLatin1("SAMPAGUITA");
+    Open(report.type);
+    bool held = true;
+    whileShown = [&held] { held = !gHospitalName.isDetached(); };
+    ASSERT_TRUE(ViewReport());
+    EXPECT_FALSE(held);
+}
+
 TEST_P(PeriodReport, TakesItsValuesInOrder) {
     const ReportCase& report = GetParam();
-    PutTemplate(QFileInfo(report.file).fileName(), int(report.values.size()) + 1);
+    PutTemplate(QFileInfo(QString(report.path).replace(u'\\', u'/')).fileName(),
+                int(report.values.size()) + 1);
     Open(report.type);
     SetRange({2026, 10, 5}, {2026, 11, 4});
     const auto shown = ViewReport();
     ASSERT_TRUE(shown);
-    EXPECT_EQ(shown->file, report.file);
+    EXPECT_EQ(shown->path, report.path);
     EXPECT_EQ(shown->title, report.title);
     std::vector<QString> values = report.values;
     values.push_back(u"not given"_s);
@@ -118,43 +131,43 @@ INSTANTIATE_TEST_SUITE_P(
     Types, PeriodReport,
     testing::Values(ReportCase{"Audit",
                                1,
-                               u"Reports/AuditReport.RPT"_s,
+                               u"/Reports/AuditReport.RPT"_s,
                                u"Audit Report"_s,
                                {u"10/05/2026"_s, u"11/04/2026"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
                                 u"128 Rizal Avenue"_s, u"NURSE"_s}},
                     ReportCase{"OutPatientIncome",
                                3,
-                               u"Reports/IncomeReport.RPT"_s,
+                               u"\\Reports\\IncomeReport.RPT"_s,
                                u"Out-Patient Income Report"_s,
                                {u"O"_s, u"10/05/2026"_s, u"11/04/2026"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
                                 u"128 Rizal Avenue"_s}},
                     ReportCase{"InPatientIncome",
                                4,
-                               u"Reports/IncomeReport.RPT"_s,
+                               u"/Reports/IncomeReport.RPT"_s,
                                u"In-Patient Income Report"_s,
                                {u"I"_s, u"10/05/2026"_s, u"11/04/2026"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
                                 u"128 Rizal Avenue"_s}},
                     ReportCase{"CashIncome",
                                5,
-                               u"Reports/IncomeReportCash.RPT"_s,
+                               u"\\Reports\\IncomeReportCash.RPT"_s,
                                u"Cash Patient Income Report"_s,
                                {u"10/05/2026"_s, u"11/04/2026"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
                                 u"128 Rizal Avenue"_s}},
                     ReportCase{"Statistics",
                                6,
-                               u"Reports/StatisticsReport.RPT"_s,
+                               u"/Reports/StatisticsReport.RPT"_s,
                                u"Monthly Statistical Report"_s,
                                {u"10/05/2026"_s, u"11/04/2026"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
                                 u"128 Rizal Avenue"_s}},
                     ReportCase{"InPatientCompany",
                                7,
-                               u"Reports/CompanyReport.RPT"_s,
+                               u"\\Reports\\CompanyReport.RPT"_s,
                                u"In-Patient Company Report"_s,
                                {u"I"_s, u"10/05/2026"_s, u"11/04/2026"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
                                 u"128 Rizal Avenue"_s}},
                     ReportCase{"OutPatientCompany",
                                8,
-                               u"Reports/CompanyReport.RPT"_s,
+                               u"\\Reports\\CompanyReport.RPT"_s,
                                u"Out-Patient Company Report"_s,
                                {u"O"_s, u"10/05/2026"_s, u"11/04/2026"_s, u"SAMPAGUITA GENERAL HOSPITAL"_s,
                                 u"128 Rizal Avenue"_s}}),

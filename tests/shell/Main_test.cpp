@@ -6,6 +6,7 @@
 #include "shell/RecordingSuite.h"
 #include "shell/shared.h"
 #include "support/CaseName.h"
+#include "toolkit/EndProcess.h"
 #include "toolkit/Failure.h"
 #include "toolkit/Screens.h"
 
@@ -38,7 +39,7 @@ class MainTest : public StartTest {
 TEST_F(MainTest, StartsInThisOrder) {
     WriteConfig("DeptCode = HC\nDeptDesc = HEMODIALYSIS\n");
     ExpectHospital(u"SAN ROQUE"_s, u"CEBU"_s, u"000-111"_s, false);
-    EXPECT_TRUE(Main());
+    Main();
     EXPECT_EQ(gIniPath, programDirectory.path() + u"\\tarvenaux.ini"_s);
     QStringList created;
     for (const QString& className : ClassesOfInitComponents())
@@ -53,7 +54,7 @@ TEST_F(MainTest, StartsInThisOrder) {
 
 TEST_F(MainTest, MakesAMissingConfigurationFileAndStartsWithZeros) {
     ExpectHospital(u""_s, u""_s, u""_s, false);
-    EXPECT_TRUE(Main());
+    Main();
     EXPECT_TRUE(QFile::exists(programDirectory.filePath(u"tarvenaux.ini"_s)));
     EXPECT_EQ(gDeptCode, u"0"_s);
     EXPECT_EQ(gDeptDesc, u"0"_s);
@@ -63,7 +64,7 @@ TEST_F(MainTest, MakesAMissingConfigurationFileAndStartsWithZeros) {
 TEST_F(MainTest, AFileWithACodeAloneStartsWithZeroAsTheName) {
     WriteConfig("DeptCode = HC\n");
     ExpectHospital(u""_s, u""_s, u""_s, false);
-    EXPECT_TRUE(Main());
+    Main();
     EXPECT_EQ(gDeptCode, u"HC"_s);
     EXPECT_EQ(MainWindow()->windowTitle(), u"TARVEN 0 ver.5.5.2"_s);
 }
@@ -71,7 +72,7 @@ TEST_F(MainTest, AFileWithACodeAloneStartsWithZeroAsTheName) {
 TEST_F(MainTest, EndsSilentlyWhenNobodySignsOn) {
     WriteConfig("DeptCode = HC\nDeptDesc = HEMODIALYSIS\n");
     signsOn = false;
-    EXPECT_FALSE(Main());
+    EXPECT_THROW(Main(), ProcessEnded);
     EXPECT_TRUE(messages.Shown().empty());
     EXPECT_FALSE(MainWindow()->isVisible());
     EXPECT_EQ(record.last(), u"Connected"_s) << "nothing is read or created any more";
@@ -123,7 +124,7 @@ TEST_P(BlankDepartment, AsksForTheSetupAndEndsWhateverTheUserDoesThere) {
             record << u"setup shown"_s;
             Find<QPushButton>(setup, button).click();
         });
-        EXPECT_FALSE(Main());
+        EXPECT_THROW(Main(), ProcessEnded);
         EXPECT_EQ(record, (QStringList{u"Department not set."_s, u"setup shown"_s, u"Restart Program."_s}));
         EXPECT_EQ(MainWindow(), nullptr);
     }
@@ -138,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(Files, BlankDepartment,
 TEST_F(MainTest, LoadDepartmentReadsBothKeys) {
     gIniPath = programDirectory.path() + u"\\tarvenaux.ini"_s;
     WriteConfig("DeptDesc = HEMODIALYSIS\nDeptCode = HC\n");
-    EXPECT_TRUE(LoadDepartment());
+    LoadDepartment();
     EXPECT_EQ(gDeptCode, u"HC"_s);
     EXPECT_EQ(gDeptDesc, u"HEMODIALYSIS"_s);
 }
@@ -159,7 +160,7 @@ TEST_P(MissingComponent, IsToldAndEndsTheStart) {
     WriteConfig("DeptCode = HC\nDeptDesc = HEMODIALYSIS\n");
     RegisterComponent(ClassName(), {});
     messages.Expect({.text = u"ActiveX component can't create objectError Initalizing DLLs..."_s});
-    EXPECT_FALSE(Main());
+    EXPECT_THROW(Main(), ProcessEnded);
     EXPECT_EQ(messages.Shown().size(), 1U) << "there is no further message";
     EXPECT_EQ(record.size(), GetParam()) << "nothing is created behind the missing one";
     EXPECT_EQ(MainWindow(), nullptr);
@@ -234,10 +235,10 @@ class StartDeathTest : public MainTest {
     [[noreturn]] static void RunProgram() {
         SetMessageSeam(nullptr);
         Failure::SetHandler({});
+        SetEndOfProcess({});
         Closer closer;
         try {
-            if (!Main())
-                std::exit(0);
+            Main();
             std::exit(2);
         } catch (...) {
             Failure::End(std::current_exception());

@@ -2,7 +2,9 @@
 
 #include "components/clsDiagnosisCodes.h"
 #include "components/ComponentRegistry.h"
+#include "reporting/ReportConnector.h"
 #include "shell/frmMain.h"
+#include "toolkit/EndProcess.h"
 
 #include <QApplication>
 #include <QFile>
@@ -182,6 +184,7 @@ QStringList StartTest::ClassesOfMainLoad() {
 }
 
 StartTest::StartTest() {
+    SetEndOfProcess([] { throw ProcessEnded(); });
     const auto registerAs = [this](const QString& className, auto make) {
         RegisterComponent(className, [this, className, make](const QString& server) {
             record << u"create %1 [%2]"_s.arg(className, server);
@@ -210,6 +213,8 @@ StartTest::StartTest() {
 }
 
 StartTest::~StartTest() {
+    SetEndOfProcess({});
+    SetReportTimeout({});
     for (const QString& className : ClassesOfInitComponents() + ClassesOfMainLoad())
         RegisterComponent(className, {});
     RegisterComponent(u"StockGroupListLib.clsGroupList"_s, {});

@@ -27,6 +27,9 @@ class RecordingGateway : public ScriptedGateway {
     QStringList& mRecord;
 };
 
+/// What is raised where the process would end.
+struct ProcessEnded {};
+
 /// A test of the start: every in-house component is registered as one that writes down what is called on it,
 /// in one record for all, and a user signs on.
 class StartTest : public ScreenTest {

@@ -25,7 +25,7 @@ TEST_F(RegisterScreensTest, ThePostingScreenWaitsInModePost) {
 TEST_F(RegisterScreensTest, TheListOfChargesWaitsInModeList) {
     RegisterScreens();
     EXPECT_FALSE(Screens::IsLoaded<frmListCharges>()) << "registering touches no screen";
-    EXPECT_EQ(&FinderTargetOf(u"List"_s), static_cast<FinderTarget*>(&Screens::Get<frmListCharges>()));
+    EXPECT_EQ(&FinderTargetOf(u"List"_s), &ListChargesTarget());
 }
 
 TEST_F(RegisterScreensTest, TheLedgerWaitsInModeLedger) {

@@ -1,4 +1,5 @@
 #include "components/ComponentRegistry.h"
+#include "reporting/ReportConnector.h"
 #include "shell/frmMain.h"
 #include "shell/Main.h"
 #include "shell/RecordingSuite.h"
@@ -7,6 +8,7 @@
 #include "support/CaseName.h"
 
 #include <QAction>
+#include <QScopeGuard>
 #include <QTimer>
 
 #include <memory>
@@ -64,7 +66,7 @@ TEST_F(frmMainLoad, RunsInThisOrder) {
         EXPECT_EQ(window->windowTitle(), u"Orvandelle"_s) << "the title comes last";
     };
     ExpectPlainHospital();
-    EXPECT_TRUE(window->Form_Load());
+    window->Form_Load();
     EXPECT_EQ(record, (QStringList{u"PasswordDeptCode HC"_s,
                                    u"hwndParentForm"_s,
                                    u"ShowMain"_s,
@@ -113,6 +115,16 @@ TEST_F(frmMainLoad, SetsTheSharedVariables) {
     EXPECT_NE(gStockList.Shared(), gStockListBasic.Shared());
 }
 
+TEST_F(frmMainLoad, HandsTheTimeoutOfItsCommandsToTheConnectionsOfReports) {
+    SetReportConnector([](const ReportLogOn&) { return std::make_unique<ScriptedGateway>(); });
+    const auto back = qScopeGuard([] { SetReportConnector({}); });
+    const int before = ConnectReport({})->CommandTimeout();
+    EXPECT_EQ(before, ScriptedGateway().CommandTimeout());
+    ExpectPlainHospital();
+    window->Form_Load();
+    EXPECT_EQ(ConnectReport({})->CommandTimeout(), 120);
+}
+
 TEST_F(frmMainLoad, AsksForTheWardsRequestsFromTheLoadOnAndStopsWithTheWindow) {
     auto& check = *window->findChild<QTimer*>(u"tmrCheckPending"_s);
     EXPECT_FALSE(check.isActive());
@@ -140,13 +152,13 @@ TEST_F(frmMainLoad, WhileTheUserSignsOnATickOnlyAsksWhetherAnybodyHas) {
         EXPECT_EQ(record, QStringList{u"Connected"_s});
     };
     ExpectPlainHospital();
-    EXPECT_TRUE(window->Form_Load());
+    window->Form_Load();
     EXPECT_TRUE(asked);
 }
 
 TEST_F(frmMainLoad, WaitsForTheSignOnBeforeItAsksForTheWardsRequests) {
     signsOn = false;
-    EXPECT_FALSE(window->Form_Load());
+    EXPECT_THROW(window->Form_Load(), ProcessEnded);
     record.clear();
     QMetaObject::invokeMethod(window->findChild<QTimer*>(u"tmrCheckPending"_s), "timeout");
     EXPECT_EQ(record, QStringList{u"Connected"_s}) << "nothing is sent";
@@ -155,7 +167,7 @@ TEST_F(frmMainLoad, WaitsForTheSignOnBeforeItAsksForTheWardsRequests) {
 TEST_F(frmMainLoad, WithoutASignOnReadsNothingAndIsUnloadedSilently) {
     signsOn = false;
     window->show();
-    EXPECT_FALSE(window->Form_Load());
+    EXPECT_THROW(window->Form_Load(), ProcessEnded);
     EXPECT_EQ(record,
               (QStringList{u"PasswordDeptCode HC"_s, u"hwndParentForm"_s, u"ShowMain"_s, u"Connected"_s}));
     EXPECT_FALSE(window->isVisible());
@@ -166,7 +178,7 @@ TEST_F(frmMainLoad, WithoutASignOnReadsNothingAndIsUnloadedSilently) {
 
 TEST_F(frmMainLoad, NullsInTheHospitalRecordAreEmptyTexts) {
     ExpectHospital(Value(), Value(), Value(), false);
-    EXPECT_TRUE(window->Form_Load());
+    window->Form_Load();
     EXPECT_EQ(gHospitalName, QString());
     EXPECT_EQ(gHospitalAddress, QString());
     EXPECT_EQ(gHospitalTin, QString());
@@ -174,7 +186,7 @@ TEST_F(frmMainLoad, NullsInTheHospitalRecordAreEmptyTexts) {
 
 TEST_F(frmMainLoad, ANullTinAloneStartsNormally) {
     ExpectHospital(u"SAN ROQUE HOSPITAL"_s, u"CEBU CITY"_s, Value(), false);
-    EXPECT_TRUE(window->Form_Load());
+    window->Form_Load();
     EXPECT_EQ(gHospitalName, u"SAN ROQUE HOSPITAL"_s);
     EXPECT_EQ(gHospitalTin, QString());
 }
@@ -184,7 +196,7 @@ TEST_F(frmMainLoad, OfTwoHospitalRecordsTheFirstCounts) {
                       Rows({u"company"_s, u"Address1"_s, u"TinNo"_s, u"Bygeneric"_s},
                            {{u"SAN ROQUE HOSPITAL"_s, u"CEBU CITY"_s, u"000-111"_s, true},
                             {u"SANTA ANA CLINIC"_s, u"TALISAY"_s, u"000-222"_s, false}}));
-    EXPECT_TRUE(window->Form_Load());
+    window->Form_Load();
     EXPECT_EQ(gHospitalName, u"SAN ROQUE HOSPITAL"_s);
     EXPECT_EQ(gHospitalAddress, u"CEBU CITY"_s);
     EXPECT_EQ(gHospitalTin, u"000-111"_s);
@@ -215,7 +227,7 @@ class Bygeneric : public frmMainLoad, public testing::WithParamInterface<Generic
 
 TEST_P(Bygeneric, IsKeptAndChangesNothing) {
     ExpectHospital(u"SAN ROQUE HOSPITAL"_s, u"CEBU CITY"_s, u"000-111"_s, GetParam().byGeneric);
-    EXPECT_TRUE(window->Form_Load());
+    window->Form_Load();
     EXPECT_EQ(gByGeneric, GetParam().expected);
     EXPECT_FALSE(gUseGenericList);
     EXPECT_TRUE(record.contains(u"create StockListLib.clsStockList []"_s));
@@ -231,7 +243,7 @@ INSTANTIATE_TEST_SUITE_P(Values, Bygeneric,
 TEST_F(frmMainLoad, TheGroupListIsForWorkstationsThatAskForIt) {
     gUseGenericList = true;
     ExpectPlainHospital();
-    EXPECT_TRUE(window->Form_Load());
+    window->Form_Load();
     EXPECT_TRUE(record.contains(u"create StockGroupListLib.clsGroupList []"_s));
     EXPECT_FALSE(record.contains(u"create StockListLib.clsStockList []"_s));
 }
@@ -239,7 +251,7 @@ TEST_F(frmMainLoad, TheGroupListIsForWorkstationsThatAskForIt) {
 TEST_F(frmMainLoad, APatientMasterThatCannotConnectStopsTheStepAndNotTheStart) {
     personFinderConnects = false;
     ExpectPlainHospital();
-    EXPECT_TRUE(window->Form_Load());
+    window->Form_Load();
     EXPECT_EQ(
         record.mid(record.indexOf(u"CompanyName []"_s) + 1),
         (QStringList{u"PersonFinder.InitConnection scripted []"_s, u"StockItem.InitConnect scripted"_s}));
@@ -249,7 +261,7 @@ TEST_F(frmMainLoad, APatientMasterThatCannotConnectStopsTheStepAndNotTheStart) {
 TEST_F(frmMainLoad, AStockItemThatCannotConnectKeepsTheStockListWithoutAConnection) {
     stockItemConnects = false;
     ExpectPlainHospital();
-    EXPECT_TRUE(window->Form_Load());
+    window->Form_Load();
     EXPECT_EQ(record.mid(record.indexOf(u"CompanyName []"_s) + 1),
               (QStringList{u"PersonFinder.InitConnection scripted []"_s, u"StockItem.InitConnect scripted"_s,
                            u"StockItem.InitConnect scripted"_s}));
@@ -258,7 +270,7 @@ TEST_F(frmMainLoad, AStockItemThatCannotConnectKeepsTheStockListWithoutAConnecti
 TEST_F(frmMainLoad, AStockListThatCannotConnectIsIgnored) {
     stockListConnects = false;
     ExpectPlainHospital();
-    EXPECT_TRUE(window->Form_Load());
+    window->Form_Load();
     EXPECT_EQ(record.mid(record.indexOf(u"CompanyName []"_s) + 1),
               (QStringList{u"PersonFinder.InitConnection scripted []"_s, u"StockItem.InitConnect scripted"_s,
                            u"StockList.InitConnection scripted"_s, u"StockItem.InitConnect scripted"_s}));
@@ -271,7 +283,7 @@ TEST_F(frmMainLoad, AsksTheSessionForItsConnectionOnceMoreAtTheEnd) {
         std::dynamic_pointer_cast<FakeCurrentUser>(gCurrentUser.Shared())->connection = &another;
     };
     ExpectPlainHospital();
-    EXPECT_TRUE(window->Form_Load());
+    window->Form_Load();
     EXPECT_EQ(gConnection, &another);
 }
 

@@ -13,10 +13,12 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <stdexcept>
+#include <thread>
 
 using namespace Qt::StringLiterals;
+using testing::HasSubstr;
 
 // Each test of the end of the process runs its failure in a child process, whose error stream tells what it
 // showed.
@@ -44,6 +46,8 @@ class BoxCloser : public QObject {
     BoxCloser() { startTimer(0); }
 
     std::function<void()> whileOpen;
+    /// Tells no more than that it has closed the box when it is off.
+    bool tells = true;
 
   protected:
     void timerEvent(QTimerEvent*) override {
@@ -59,6 +63,10 @@ class BoxCloser : public QObject {
         if (mTicks < kTicks)
             return;
         const QMessageBox& box = *boxes.first();
+        if (!tells) {
+            std::fprintf(stderr, "closed\n");
+            return boxes.first()->accept();
+        }
         std::fprintf(stderr, "boxes=%d name=%s title=%s critical=%d plain=%d modal=%d pointer=%d text=[%s]\n",
                      static_cast<int>(boxes.size()), qPrintable(box.objectName()),
                      qPrintable(box.windowTitle()), box.icon() == QMessageBox::Critical,
@@ -214,6 +222,7 @@ TEST_F(FailureDeathTest, EndsTheStartOfTheProgramTheSameWay) {
 TEST_F(FailureDeathTest, AnExceptionThatNoDispatchSeesEndsTheProcessWithExitCode1) {
     EXPECT_EXIT(
         {
+            new BoxCloser;
             Failure::InstallTerminateHandler();
             try {
                 throw RunTime::Error(RunTime::kObjectNotSet);
@@ -221,7 +230,31 @@ TEST_F(FailureDeathTest, AnExceptionThatNoDispatchSeesEndsTheProcessWithExitCode
                 std::terminate();
             }
         },
-        testing::ExitedWithCode(1), "Run-time error '91':\n\nObject variable or With block variable not set");
+        testing::ExitedWithCode(1), "boxes=1 .*Run-time error '91':\n\nObject variable or With block");
+}
+
+TEST_F(FailureDeathTest, AnExceptionBesideTheUserInterfacesThreadEndsTheProcessWithoutABox) {
+    EXPECT_EXIT(
+        {
+            new BoxCloser;
+            Failure::InstallTerminateHandler();
+            std::thread fails([] { throw RunTimeError(547, u"CASTRO, ANA"_s); });
+            RunProgram();
+        },
+        testing::ExitedWithCode(1), testing::Not(testing::AnyOf(HasSubstr("boxes="), HasSubstr("CASTRO"))));
+}
+
+TEST_F(FailureDeathTest, ItsTextGoesToTheBoxAlone) {
+    EXPECT_EXIT(
+        {
+            auto* closer = new BoxCloser;
+            closer->tells = false;
+            QTimer::singleShot(0, qApp, [] { throw RunTimeError(547, u"CASTRO, ANA"_s); });
+            RunProgram();
+        },
+        testing::ExitedWithCode(1),
+        testing::AllOf(HasSubstr("closed"),
+                       testing::Not(testing::AnyOf(HasSubstr("CASTRO"), HasSubstr("Run-time error")))));
 }
 
 TEST(Failure, ItsTextIsTheRunTimesNumberAndDescription) {

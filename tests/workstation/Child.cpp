@@ -40,8 +40,7 @@ QString FreeFile(const QString& name) {
 
 void StartProgram() {
     try {
-        if (!Main())
-            Leave(0);
+        Main();
     } catch (...) {
         Failure::End(std::current_exception());
     }

@@ -125,6 +125,8 @@ Workstation::Run Workstation::WaitForEnd(QProcess& child) {
     run.exitCode = child.exitCode();
     run.crashed = child.exitStatus() == QProcess::CrashExit;
     run.errors = QString::fromUtf8(child.readAllStandardError());
+    EXPECT_FALSE(run.errors.contains(u"Run-time error"_s))
+        << "a failure's text goes to its box alone: " << run.errors.toStdString();
     for (const QByteArray& line : child.readAllStandardOutput().split('\n')) {
         if (!line.isEmpty())
             run.told.push_back(QString::fromUtf8(line));

@@ -1,9 +1,10 @@
 #include "gateway/odbc/OdbcGateway.h"
 
-#include "gateway/odbc/CommandCheck.h"
 #include "gateway/odbc/OdbcError.h"
 #include "gateway/odbc/OdbcRows.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <sql.h>
 #include <sqlext.h>
@@ -19,6 +20,24 @@ RunTimeError LostConnection() {
 
 RunTimeError Cancelled() {
     return RunTimeError(kOdbcCancelled, u"Operation was canceled."_s, u"HY008"_s);
+}
+
+/// Raises the server's own error for a text that it cannot read.
+[[noreturn]] void Refuse(QChar c) {
+    constexpr int kIncorrectSyntax = 102;
+    const QChar shown = c.isNull() || c.isSurrogate() ? QChar(QChar::ReplacementCharacter) : c;
+    throw RunTimeError(kIncorrectSyntax, u"Incorrect syntax near '%1'."_s.arg(shown), u"42000"_s);
+}
+
+/// Whether the driver is one that takes SQL_ATTR_NOSCAN and looks for escapes in commands all the same.
+bool IgnoresNoscan(const OdbcHandle& connection) {
+    std::array<SQLWCHAR, 256> name{};
+    SQLSMALLINT length = 0;
+    if (!SQL_SUCCEEDED(
+            SQLGetInfoW(connection.Get(), SQL_DRIVER_NAME, name.data(), SQLSMALLINT(sizeof name), &length)))
+        return true;
+    return QString::fromUtf16(reinterpret_cast<const char16_t*>(name.data()))
+        .contains("tdsodbc"_L1, Qt::CaseInsensitive);
 }
 
 } // namespace
@@ -56,6 +75,7 @@ OdbcGateway::OdbcGateway(const QString& dataSource, const QString& user, const Q
     mConnection.Check(SQLConnectW(mConnection.Get(), OdbcText(dataSource), SQLSMALLINT(dataSource.size()),
                                   OdbcText(user), SQLSMALLINT(user.size()), OdbcText(password),
                                   SQLSMALLINT(password.size())));
+    mIgnoresNoscan = IgnoresNoscan(mConnection);
 }
 
 OdbcGateway::~OdbcGateway() {
@@ -92,12 +112,12 @@ bool OdbcGateway::IsLost() const {
 }
 
 CommandGateway::Outcome OdbcGateway::Run(const QString& command) {
-    CheckForDrivers(command);
     const OdbcHandle statement(SQL_HANDLE_STMT, SQL_HANDLE_DBC, mConnection.Get());
     statement.Check(SQLSetStmtAttrW(statement.Get(), SQL_ATTR_QUERY_TIMEOUT,
                                     OdbcNumber(qulonglong(CommandTimeout())), 0));
-    // Only some drivers know this one; the others are why commands are checked.
-    SQLSetStmtAttrW(statement.Get(), SQL_ATTR_NOSCAN, OdbcNumber(SQL_NOSCAN_ON), 0);
+    const SQLRETURN noscan = SQLSetStmtAttrW(statement.Get(), SQL_ATTR_NOSCAN, OdbcNumber(SQL_NOSCAN_ON), 0);
+    if (noscan != SQL_SUCCESS || mIgnoresNoscan)
+        RefuseWhatIsAltered(command);
     const Running running(*this, statement);
     if (mCancelled)
         throw Cancelled();
@@ -115,6 +135,20 @@ CommandGateway::Outcome OdbcGateway::Run(const QString& command) {
             throw LostConnection();
         throw;
     }
+}
+
+void OdbcGateway::RefuseWhatIsAltered(const QString& command) const {
+    std::vector<SQLWCHAR> sent(size_t(command.size()) + 1);
+    SQLINTEGER length = 0;
+    // A driver that does not tell sends its commands unread.
+    if (!SQL_SUCCEEDED(SQLNativeSqlW(mConnection.Get(), OdbcText(command), SQLINTEGER(command.size()),
+                                     sent.data(), SQLINTEGER(sent.size()), &length)))
+        return;
+    const QStringView altered(reinterpret_cast<const char16_t*>(sent.data()),
+                              std::min(qsizetype(length), command.size()));
+    const auto [kept, other] = std::mismatch(command.begin(), command.end(), altered.begin(), altered.end());
+    if (kept != command.end())
+        Refuse(*kept);
 }
 
 CommandGateway::Outcome OdbcGateway::RunStatement(const OdbcHandle& statement, const QString& command) const {

@@ -10,7 +10,8 @@
 #include <mutex>
 
 /// The gateway to the hospital's server behind an ODBC data source. A text goes out as one plain batch, and
-/// its answer is read to the end before the caller sees it.
+/// its answer is read to the end before the caller sees it. The driver is told to send texts as they stand;
+/// what it would alter nevertheless is refused and not sent.
 class OdbcGateway : public CommandGateway {
   public:
     /// Seconds after which a server that does not answer the logon is given up.
@@ -39,6 +40,9 @@ class OdbcGateway : public CommandGateway {
   private:
     class Running;
 
+    /// Raises 102, as the server does for a text that it cannot read, when the driver tells that it would
+    /// send another text than the command.
+    void RefuseWhatIsAltered(const QString& command) const;
     /// Runs a statement that Cancel can reach.
     Outcome RunStatement(const OdbcHandle& statement, const QString& command) const;
     /// Reads every result of a statement that has been executed.
@@ -48,6 +52,7 @@ class OdbcGateway : public CommandGateway {
     QString mConnectionString;
     OdbcEnvironment mEnvironment;
     OdbcHandle mConnection;
+    bool mIgnoresNoscan = true;
     std::atomic<bool> mCancelled = false;
     /// Guards the statement that is running, which is null between two commands.
     std::mutex mMutex;

@@ -1,3 +1,4 @@
+#include "gateway/odbc/AlteredTexts.h"
 #include "gateway/odbc/OdbcError.h"
 #include "gateway/odbc/OdbcGateway.h"
 #include "gateway/odbc/OdbcServer.h"
@@ -42,6 +43,8 @@ TEST_F(OdbcGatewayTest, TextReachesTheServerUnchanged) {
         u"select [a{b?}], \"{?}\" from x /* {?} */ -- {?}"_s,
         u"spX 'Peña, Niño ÄÖ € 漢字 😀'"_s,
         u"x}"_s,
+        u"exec spX 'a'"_s,
+        u"x {fn now()}"_s,
         u"x"_s,
     };
     for (const QString& command : commands)
@@ -63,14 +66,20 @@ TEST_F(OdbcGatewayTest, OneCommandIsOneRoundTrip) {
 }
 
 TEST_F(OdbcGatewayTest, TextThatTheDriverWouldAlterIsRefusedAndNotSent) {
-    for (const QString& command :
-         {u"spX {d '2026-01-01'}"_s, u"{call spX}"_s, u"spX 'O'{}'"_s, u"spX ?"_s, u"spX 'O'?'"_s,
-          u"spX '"_s + QChar(u'\0') + u'\'', u"spX '"_s + QChar(char16_t(0xD83D)) + u'\''}) {
+    for (const auto& [command, near] : kAlteredByFreeTds) {
         const Failure failure = FailureOfCommand(command);
         EXPECT_EQ(failure.number, 102) << command.toStdString();
+        EXPECT_EQ(failure.text, u"Incorrect syntax near '%1'."_s.arg(near)) << command.toStdString();
         EXPECT_EQ(failure.state, u"42000"_s);
     }
     EXPECT_EQ(mServer.Batches(), QStringList());
+}
+
+TEST_F(OdbcGatewayTest, AParameterThatHasNoValueIsTheDriversOwnFailureAndNotSent) {
+    for (const QString& command : {u"spX ?"_s, u"spX 'O'?'"_s})
+        EXPECT_NE(FailureOfCommand(command).number, 0) << command.toStdString();
+    EXPECT_EQ(mServer.Batches(), QStringList());
+    EXPECT_NO_THROW(mGateway->ExecuteNoResult(u"x"_s));
 }
 
 TEST_F(OdbcGatewayTest, EmptyTextIsAFailure) {
