@@ -63,6 +63,12 @@ const QWidget* WindowBelow() {
     return Workspace::Current() ? Workspace::Current()->Area()->window() : nullptr;
 }
 
+/// The window system would write the program's name into a bar that is left empty.
+void KeepBarEmpty(const QWidget& form) {
+    if (form.windowTitle().isEmpty())
+        form.windowHandle()->setTitle(u" "_s);
+}
+
 void CenterOver(QWidget& form, const QWidget* owner) {
     if (!owner)
         return;
@@ -137,6 +143,7 @@ void Form::ShowModal() {
         setWindowModality(Qt::ApplicationModal);
         adjustSize();
         winId();
+        KeepBarEmpty(*this);
         if (owner)
             windowHandle()->setTransientParent(owner->window()->windowHandle());
         CenterOver(*this, owner);

@@ -26,8 +26,7 @@ int main(int argc, char** argv) {
     try {
         RegisterSuite(programFolder + u"/data"_s);
         RegisterScreens();
-        if (!Main())
-            return 0;
+        Main();
         return Application::exec();
     } catch (...) {
         Failure::End(std::current_exception());

@@ -3,7 +3,9 @@
 #include "screens/WaysIn.h"
 #include "support/CaseName.h"
 
+#include <QApplication>
 #include <QDirIterator>
+#include <QTest>
 
 #include <set>
 
@@ -52,6 +54,52 @@ TEST_P(EveryScreen, StandsAsInTheTableRightAfterItOpens) {
     Open(GetParam(), [](const QWidget& screen) {
         const QStringList faults = ScreenWalk(screen, GetParam()).Faults();
         EXPECT_TRUE(faults.isEmpty()) << faults.join(u'\n').toStdString();
+    });
+}
+
+/// A control by its name, for a failure's text.
+std::string NameOf(const QWidget* control) {
+    return control ? control->objectName().toStdString() : "nothing";
+}
+
+constexpr int kMostControls = 60;
+
+TEST_P(EveryScreen, ShiftTabGoesBackToWhereTabCameFrom) {
+    Open(GetParam(), [](const QWidget& screen) {
+        if (!screen.focusWidget())
+            return;
+        const QWidget* first = QApplication::focusWidget();
+        for (int i = 0; i < kMostControls; ++i) {
+            QWidget* from = QApplication::focusWidget();
+            ASSERT_TRUE(from && screen.isAncestorOf(from)) << "the focus is at " << NameOf(from);
+            QTest::keyClick(from, Qt::Key_Tab);
+            QWidget* to = QApplication::focusWidget();
+            ASSERT_NE(to, nullptr) << "Tab leads nowhere from " << NameOf(from);
+            QTest::keyClick(to, Qt::Key_Backtab, Qt::ShiftModifier);
+            EXPECT_EQ(QApplication::focusWidget(), from)
+                << "Shift+Tab leads from " << NameOf(to) << " to " << NameOf(QApplication::focusWidget())
+                << " and not back to " << NameOf(from);
+            to->setFocus();
+            if (to == first)
+                return;
+        }
+    });
+}
+
+const std::set<std::string> kAskBeforeTheyClose = {"frmAssessment", "frmAssessStatus"};
+
+TEST_P(EveryScreen, IsLeftByEscape) {
+    if (GetParam().name == "frmMain")
+        GTEST_SKIP() << "the main window ends by its menu";
+    Open(GetParam(), [this](const QWidget& screen) {
+        if (kAskBeforeTheyClose.contains(GetParam().name))
+            messages.Expect({.text = u"Are you sure to close this program?"_s,
+                             .icon = MsgIcon::Question,
+                             .title = u"OPD Registration System"_s,
+                             .buttons = MsgButtons::OkCancel});
+        QWidget* focus = screen.focusWidget();
+        QTest::keyClick(focus ? focus : &const_cast<QWidget&>(screen), Qt::Key_Escape);
+        EXPECT_FALSE(screen.isVisible()) << "from " << NameOf(focus);
     });
 }
 

@@ -12,6 +12,8 @@
 
 #include <QFrame>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -310,6 +312,53 @@ TEST_F(PendingMonitorTest, ADoubleClickOnTheImageOpensTheQueueModally) {
     DoubleClick(image, image.rect().center());
     EXPECT_TRUE(opened);
     EXPECT_FALSE(Screens::IsLoaded<frmNursingRequest>());
+}
+
+TEST_F(PendingMonitorTest, F6OpensTheQueueFromABoxOfAScreenAndTheFocusComesBackThere) {
+    auto* screen = new QWidget;
+    auto* box = new QLineEdit(screen);
+    workspace.Area()->addSubWindow(screen)->show();
+    box->setFocus();
+    Check(1);
+    gateway.Expect(NurseRequestCommand(), Rows({u"Hospnum"_s}, {{u"100085"_s}}));
+    bool opened = false;
+    WhileModal([&opened](Form& shown) { opened = &shown == &Screens::Get<frmNursingRequest>(); });
+    Press(*box, Qt::Key_F6);
+    EXPECT_TRUE(opened);
+    EXPECT_TRUE(QTest::qWaitFor([box] { return box->hasFocus(); }));
+}
+
+TEST_F(PendingMonitorTest, F6OpensNothingWhileNoRequestsWait) {
+    Check(0);
+    Press(workspace, Qt::Key_F6);
+    EXPECT_FALSE(Screens::IsLoaded<frmNursingRequest>());
+}
+
+struct PictureKey {
+    const char* name;
+    Qt::Key key;
+};
+
+class OnThePicture : public PendingMonitorTest, public testing::WithParamInterface<PictureKey> {};
+
+INSTANTIATE_TEST_SUITE_P(Keys, OnThePicture,
+                         testing::Values(PictureKey{"Enter", Qt::Key_Return},
+                                         PictureKey{"EnterOfTheKeypad", Qt::Key_Enter},
+                                         PictureKey{"Space", Qt::Key_Space}),
+                         CaseName());
+
+TEST_P(OnThePicture, OpensTheQueueAndTheFocusIsSeen) {
+    Check(1);
+    auto& image = Find<QLabel>(*monitor, "Image1");
+    EXPECT_NE(image.focusPolicy() & Qt::TabFocus, 0);
+    const QImage without = image.grab().toImage();
+    image.setFocus();
+    EXPECT_NE(image.grab().toImage(), without);
+    gateway.Expect(NurseRequestCommand(), Rows({u"Hospnum"_s}, {{u"100085"_s}}));
+    bool opened = false;
+    WhileModal([&opened](Form& shown) { opened = &shown == &Screens::Get<frmNursingRequest>(); });
+    Press(image, GetParam().key);
+    EXPECT_TRUE(opened);
 }
 
 TEST_F(PendingMonitorTest, ASingleClickOnTheImageOpensNothing) {

@@ -1,13 +1,20 @@
+#include "support/CaseName.h"
+#include "support/ScriptedMessages.h"
 #include "support/WhileModal.h"
+#include "toolkit/FlexGrid.h"
 #include "toolkit/Focus.h"
 #include "toolkit/Form.h"
 #include "toolkit/FormTest.h"
+#include "toolkit/ListView.h"
 #include "toolkit/ShowModal.h"
 #include "toolkit/Twips.h"
 
+#include <QComboBox>
 #include <QDialog>
 #include <QMdiSubWindow>
 #include <QMessageBox>
+#include <QRadioButton>
+#include <QTabBar>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -171,7 +178,10 @@ struct LeavingKey {
     QKeyCombination keys;
 };
 
-class LeavingByKey : public FormLife, public testing::WithParamInterface<LeavingKey> {};
+class LeavingByKey : public FormLife, public testing::WithParamInterface<LeavingKey> {
+  protected:
+    ScriptedMessages messages;
+};
 
 INSTANTIATE_TEST_SUITE_P(Keys, LeavingByKey,
                          testing::Values(LeavingKey{"Escape", Qt::Key_Escape},
@@ -221,7 +231,43 @@ TEST_P(LeavingByKey, AsksWhereSomethingKeyedWouldBeLost) {
     }
 }
 
+struct ControlCase {
+    const char* name;
+    QWidget* (*make)(QWidget* parent);
+};
+
+template <class T> QWidget* Make(QWidget* parent) {
+    return new T(parent);
+}
+
+class LeavingFrom : public FormLife, public testing::WithParamInterface<ControlCase> {};
+
+INSTANTIATE_TEST_SUITE_P(
+    Controls, LeavingFrom,
+    testing::Values(ControlCase{"TextBox", Make<QLineEdit>}, ControlCase{"Combo", Make<QComboBox>},
+                    ControlCase{"Button", Make<QPushButton>}, ControlCase{"Option", Make<QRadioButton>},
+                    ControlCase{"CheckBox", Make<QCheckBox>}, ControlCase{"Grid", Make<FlexGrid>},
+                    ControlCase{"List", Make<ListView>}, ControlCase{"Tabs", Make<QTabBar>}),
+    CaseName());
+
+TEST_P(LeavingFrom, ByEscape) {
+    FormA& screen = Screens::Get<FormA>();
+    QWidget* control = GetParam().make(&screen);
+    screen.layout()->addWidget(control);
+    screen.Show();
+    control->setFocus();
+    Press(*control, Qt::Key_Escape);
+    EXPECT_FALSE(Screens::IsLoaded<FormA>());
+}
+
 // Modal screens.
+
+TEST_F(FormLife, AModalScreenWithoutATitleHasAnEmptyBar) {
+    QString title;
+    WhileModal([&title](Form& shown) { title = shown.windowHandle()->title(); });
+    Screens::Get<FormA>().ShowModal();
+    EXPECT_EQ(title, u" "_s) << "the window system writes the program's name where it is told nothing";
+}
 
 TEST_F(FormLife, AModalScreenAfterAnotherOpensInTheMiddleToo) {
     workspace.move(300, 200);

@@ -328,4 +328,15 @@ TEST_F(ListViewTest, TypingALetterSearchesNothing) {
     EXPECT_EQ(list->SelectedSubItem(1), u"SANTOS"_s);
 }
 
+TEST_F(ListViewTest, CtrlWithADigitSortsByThatColumnAsAClickOnItsHeadingDoes) {
+    ShowPatients();
+    list->setFocus();
+    std::vector<int> columns;
+    QObject::connect(list, &ListView::ColumnClick, list,
+                     [&columns](int column) { columns.push_back(column); });
+    for (const Qt::Key key : {Qt::Key_2, Qt::Key_1, Qt::Key_9})
+        QTest::keyClick(list, key, Qt::ControlModifier);
+    EXPECT_EQ(columns, (std::vector{2, 1})) << "a column that is not there is not asked for";
+}
+
 } // namespace

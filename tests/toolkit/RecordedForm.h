@@ -35,12 +35,14 @@ template <char Letter> class RecordedForm : public Form {
 
     ~RecordedForm() override { Note("gone"); }
 
+    using Form::SetCloseButton;
     using Form::StandAlone;
 
     QLineEdit* box;
     QPushButton* button;
     QCheckBox* check;
     bool refuses = false;
+    bool holdsWork = false;
     std::function<void()> onButton;
     static inline std::function<void(RecordedForm&)> onLoad;
     static inline std::function<void(RecordedForm&)> onActivate;
@@ -72,6 +74,8 @@ template <char Letter> class RecordedForm : public Form {
         if (onUnload)
             onUnload(*this);
     }
+
+    bool HoldsWork() const override { return holdsWork; }
 
   private:
     static void Note(const char* event) {
