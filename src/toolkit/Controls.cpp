@@ -2,6 +2,7 @@
 
 #include "text/RunTimeError.h"
 #include "toolkit/FlexGrid.h"
+#include "toolkit/TextBox.h"
 #include "toolkit/Twips.h"
 
 #include <QComboBox>
@@ -9,7 +10,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -21,7 +21,7 @@ constexpr int kPickerWidth = 500;
 } // namespace
 
 QLineEdit* NewTextBox(const QString& name, QWidget* parent) {
-    auto* box = new QLineEdit(parent);
+    auto* box = new TextBox(parent);
     box->setObjectName(name);
     return box;
 }
