@@ -1,6 +1,7 @@
 #include "toolkit/Controls.h"
 
 #include "text/RunTimeError.h"
+#include "toolkit/DatePicker.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/TextBox.h"
 #include "toolkit/Twips.h"
@@ -24,6 +25,12 @@ QLineEdit* NewTextBox(const QString& name, QWidget* parent) {
     auto* box = new TextBox(parent);
     box->setObjectName(name);
     return box;
+}
+
+DatePicker* NewDatePicker(const QString& name, QWidget* parent) {
+    auto* picker = new DatePicker(parent);
+    picker->setObjectName(name);
+    return picker;
 }
 
 QLineEdit* NewShownBox(const QString& name, QWidget* parent) {

@@ -39,6 +39,7 @@ QGroupBox { font-weight: bold; border: 1px solid #c3ccd5; border-radius: 4px; ma
 QGroupBox::title { subcontrol-origin: margin; left: 9px; padding: 0 3px; }
 QLabel[heading="true"] { font-size: 14pt; font-weight: bold; color: #1f5f8b; }
 QLineEdit:read-only, QLineEdit:disabled { background: #eef1f4; }
+QLineEdit[wrong="true"] { background: #fdecea; border: 2px solid #a3262b; border-radius: 2px; }
 QLineEdit[floating="true"] { background: #fff6cf; border: 2px solid #1f5f8b; border-radius: 0; padding: 0 2px; }
 QStatusBar QLabel { padding: 1px 6px; }
 QStatusBar::item { border: none; }
