@@ -25,6 +25,8 @@ namespace {
 constexpr auto kPattern = u"mm/dd/yyyy";
 /// Where the parts of the pattern begin.
 constexpr std::array kPartBegins = {0, 3, 6};
+/// How far from its place a tip stands.
+constexpr QPoint kTipOffset(-4, 16);
 /// The mark of a text that is no date, by which it is drawn.
 constexpr auto kWrong = "wrong";
 
@@ -34,7 +36,7 @@ QDate ToQDate(DateTime day) {
 }
 
 DateTime FromQDate(QDate day) {
-    return *DateTime::FromFields({.year = day.year(), .month = day.month(), .day = day.day(), .hour = 0});
+    return *DateTime::FromFields({.year = day.year(), .month = day.month(), .day = day.day()});
 }
 
 /// The day so many months, days or years on; the same one where the days that are taken end.
@@ -286,6 +288,8 @@ void DatePicker::Put(const KeyedDate& keyed) {
 void DatePicker::SignWhileKeyed() {
     const DateReading reading = Read();
     Sign(reading.IsHopeless() ? reading : DateReading());
+    if (hasFocus())
+        Tell(toolTip());
 }
 
 void DatePicker::Sign(const DateReading& reading) {
@@ -298,8 +302,9 @@ void DatePicker::Sign(const DateReading& reading) {
     style()->polish(this);
 }
 
+/// Beside the box, so that nothing below it is covered. An empty text takes the one before away.
 void DatePicker::Tell(const QString& text) {
-    QToolTip::showText(mapToGlobal(rect().bottomLeft()), text, this);
+    QToolTip::showText(mapToGlobal(rect().topRight()) - kTipOffset, text, this);
 }
 
 void DatePicker::focusInEvent(QFocusEvent* event) {

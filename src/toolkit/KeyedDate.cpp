@@ -187,8 +187,8 @@ DateReading ReadKeyedDate(const QString& text, DateTime last) {
         return {Kind::Unfinished, {}};
     if (year.size() < kDigits[KeyedDate::Year])
         return {Kind::ShortYear, {}};
-    const auto day = DateTime::FromFields(
-        {.year = year.toInt(), .month = month, .day = parts[KeyedDate::Day].toInt(), .hour = 0});
+    const auto day =
+        DateTime::FromFields({.year = year.toInt(), .month = month, .day = parts[KeyedDate::Day].toInt()});
     if (year.toInt() == 0 || (day && (*day < FirstDayOfTheServer() || *day > last)))
         return {Kind::OutOfRange, {}};
     return {day ? Kind::Day : Kind::NoSuchDay, day};

@@ -27,7 +27,7 @@ class ReportRangeTest : public PeriodGround {
     static DatePicker& End() { return Find<DatePicker>(Screens::Get<frmReportRange>(), "dtpEndDate"); }
     static QPushButton& View() { return Find<QPushButton>(Screens::Get<frmReportRange>(), "cmdView"); }
     static DateTime Day(int year, int month, int day) {
-        return DateTime::FromFields({.year = year, .month = month, .day = day, .hour = 0}).value();
+        return DateTime::FromFields({.year = year, .month = month, .day = day}).value();
     }
     static void SetRange(DateTime start, DateTime end) {
         Start().SetValue(start);

@@ -227,11 +227,13 @@ TEST_F(DatePickerTest, FifthDigitOfTheYearIsTold) {
     EXPECT_EQ(QToolTip::text(), u"The year has its four digits."_s);
 }
 
-TEST_F(DatePickerTest, MarkGoesWithTheNextKeyThatMendsTheText) {
+TEST_F(DatePickerTest, MarkAndReasonGoWithTheKeyThatMendsTheText) {
     Type(*picker, u"13"_s);
     EXPECT_TRUE(IsMarkedWrong(*picker));
+    EXPECT_EQ(QToolTip::text(), u"There is no such day. Key month, day and year, such as 8/1/2026."_s);
     Press(*picker, Qt::Key_Backspace);
     EXPECT_FALSE(IsMarkedWrong(*picker));
+    EXPECT_TRUE(QTest::qWaitFor([] { return QToolTip::text().isEmpty(); }));
     other->setFocus();
     EXPECT_TRUE(IsMarkedWrong(*picker));
     picker->SetValue(Day(1984, 2, 29));

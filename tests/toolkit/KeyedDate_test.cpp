@@ -25,7 +25,7 @@ QString Marked(const KeyedDate& keyed) {
 }
 
 DateTime Day(int year, int month, int day) {
-    return *DateTime::FromFields({.year = year, .month = month, .day = day, .hour = 0});
+    return *DateTime::FromFields({.year = year, .month = month, .day = day});
 }
 
 } // namespace
