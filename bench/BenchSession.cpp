@@ -25,6 +25,7 @@ QString CopyOfTrialHospital(const QTemporaryDir& folder, const QString& name) {
 
 std::shared_ptr<BenchSession> SignOnTo(const QString& hospital) {
     auto session = std::make_shared<BenchSession>(std::make_unique<EmbeddedGateway>(hospital));
+    session->SQLConnection()->SetSessionUser(session->EmployeeCode());
     gCurrentUser = session;
     gConnection = session->SQLConnection();
     return session;

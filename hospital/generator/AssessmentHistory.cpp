@@ -154,6 +154,7 @@ class AssessmentMaker {
             .TextOrNull(assessment.receipt)
             .Date(assessment.fate == Fate::Paid ? std::optional(moment.Plus(15)) : std::nullopt)
             .Date(assessment.fate == Fate::Revoked ? std::optional(moment.Plus(40)) : std::nullopt)
+            .TextOrNull(assessment.fate == Fate::Revoked ? assessment.user : QString())
             .End();
     }
 

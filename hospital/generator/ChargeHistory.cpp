@@ -142,7 +142,7 @@ void ChargeMaker::MakeSlip(const Episode& episode, Moment moment) {
             mHistory.issued[line.code] -= line.quantity;
     }
     if (mPrng.Chance(1))
-        mHistory.reprinted.emplace_back(slip, moment.Plus(mPrng.Between(60, 200)));
+        mHistory.reprints.push_back({slip, moment.Plus(mPrng.Between(60, 200)), user});
     if (episode.inPatient && mPrng.Chance(15))
         Remember(episode, moment, lines.front(), slip);
 }

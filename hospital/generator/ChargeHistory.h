@@ -34,14 +34,20 @@ struct Treatment {
     QString user;
 };
 
+/// A slip that the desk printed once more.
+struct Reprint {
+    QString slip;
+    Moment moment;
+    QString user;
+};
+
 /// What the posted months leave behind for the scripts after the charges'.
 struct ChargeHistory {
     /// The number for the next slip.
     int nextSlip = 0;
     /// Units issued from stock, by item code.
     std::map<QString, int> issued;
-    /// Some slips, which the desk printed once more.
-    std::vector<std::pair<QString, Moment>> reprinted;
+    std::vector<Reprint> reprints;
     std::vector<WardRequest> requests;
     /// In the order of their slips.
     std::vector<Treatment> treatments;

@@ -294,7 +294,8 @@ void HospitalWriter::WriteEpisodes() {
 void HospitalWriter::WriteWalkIns() {
     InsertWriter walkIns =
         Into(u"PATIENT_DATA..tbwalkin"_s, u"HospNum, LastName, FirstName, MiddleName, Sex, BirthDate, Age, "
-                                          "CivilStatusID, HouseStreet, Barangay, ZipCode, RegDate"_s);
+                                          "CivilStatusID, HouseStreet, Barangay, ZipCode, RegDate, "
+                                          "RegisteredBy"_s);
     for (size_t i = 0; i < mPatients.walkIns.size(); ++i) {
         const Person& person = mPatients.walkIns[i];
         walkIns.Begin()
@@ -312,6 +313,7 @@ void HospitalWriter::WriteWalkIns() {
             .Text(person.barangay)
             .Text(person.zipCode)
             .Date(mPatients.registered[i])
+            .Text(i % 2 == 0 ? u"CLERK" : u"NURSE")
             .End();
     }
     walkIns.Finish();
@@ -372,21 +374,22 @@ void HospitalWriter::WriteAssessmentsAndTrail() {
     InsertWriter writer =
         Into(u"BILLING..tbCashAssessment"_s,
              u"RefNum, Name, HospNum, IdNum, Revenueid, ItemID, Description, Quantity, Units, "
-             "Amount, DeptCode, UserID, DoctorID, DoctorName, TransDate, ORNum, ORDate, RevokeDate"_s);
+             "Amount, DeptCode, UserID, DoctorID, DoctorName, TransDate, ORNum, ORDate, RevokeDate, "
+             "RevokedBy"_s);
     const int next = WriteAssessments(mSize, mCatalogue, mPatients, mPrng, writer);
     WriteOneNumber(u"BILLING..tbAssessmentNum"_s, u"AssessmentNum"_s, next);
 
-    InsertWriter reprints = Into(u"BILLING..tbAuditTrail"_s, u"AuditDate, Event, RefNum"_s);
-    for (const auto& [slip, moment] : mHistory.reprinted)
-        reprints.Begin().Date(moment).Text(u"REPRINT").Text(slip).End();
+    InsertWriter reprints = Into(u"BILLING..tbAuditTrail"_s, u"AuditDate, Event, RefNum, UserID"_s);
+    for (const Reprint& reprint : mHistory.reprints)
+        reprints.Begin().Date(reprint.moment).Text(u"REPRINT").Text(reprint.slip).Text(reprint.user).End();
     reprints.Finish();
-    Emit(u"INSERT INTO BILLING..tbAuditTrail (AuditDate, Event, RefNum, HospNum, IdNum)\n"
-         "SELECT a.RevokeDate, 'REVOKE', COALESCE(a.RefNum, ''), a.HospNum, a.IdNum\n"
+    Emit(u"INSERT INTO BILLING..tbAuditTrail (AuditDate, Event, RefNum, HospNum, IdNum, UserID)\n"
+         "SELECT a.RevokeDate, 'REVOKE', COALESCE(a.RefNum, ''), a.HospNum, a.IdNum, a.RevokedBy\n"
          "FROM BILLING..tbCashAssessment AS a\n"
          "WHERE a.RevokeDate IS NOT NULL\n"
          "ORDER BY a.AssessNum;"_s);
-    Emit(u"INSERT INTO BILLING..tbAuditTrail (AuditDate, Event, HospNum)\n"
-         "SELECT w.RegDate, 'WALK-IN', w.HospNum\n"
+    Emit(u"INSERT INTO BILLING..tbAuditTrail (AuditDate, Event, HospNum, UserID)\n"
+         "SELECT w.RegDate, 'WALK-IN', w.HospNum, w.RegisteredBy\n"
          "FROM PATIENT_DATA..tbwalkin AS w\n"
          "ORDER BY w.HospNum;"_s);
 }

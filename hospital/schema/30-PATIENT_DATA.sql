@@ -72,9 +72,33 @@ CREATE TABLE dbo.tbwalkin (
     HouseStreet varchar(60) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT '',
     Barangay varchar(40) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT '',
     ZipCode varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT '',
-    RegDate datetime NOT NULL
+    RegDate datetime NOT NULL,
+    -- Empty where it was not recorded.
+    RegisteredBy varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT ''
 );
 CREATE INDEX ixWalkInName ON dbo.tbwalkin (LastName, FirstName);
+GO
+
+-- What the record of a walk-in was before it was corrected, with who corrected it and when.
+CREATE TABLE dbo.tbWalkInHistory (
+    HistoryID int IDENTITY(1,1) NOT NULL PRIMARY KEY,
+    ReplacedBy varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL,
+    ReplacedDate datetime NOT NULL,
+    HospNum varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL,
+    LastName varchar(30) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL,
+    FirstName varchar(30) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL,
+    MiddleName varchar(30) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL,
+    Sex char(1) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL,
+    BirthDate datetime NULL,
+    Age varchar(3) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL,
+    CivilStatusID varchar(1) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL,
+    HouseStreet varchar(60) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL,
+    Barangay varchar(40) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL,
+    ZipCode varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL,
+    RegDate datetime NOT NULL,
+    RegisteredBy varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL
+);
+CREATE INDEX ixWalkInHistory ON dbo.tbWalkInHistory (HospNum);
 GO
 
 -- One row: the number that the next walk-in gets.

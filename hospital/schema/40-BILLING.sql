@@ -58,7 +58,9 @@ CREATE TABLE dbo.tbCashAssessment (
     TransDate datetime NOT NULL,
     ORNum varchar(12) COLLATE SQL_Latin1_General_CP1_CI_AS NULL,
     ORDate datetime NULL,
-    RevokeDate datetime NULL
+    RevokeDate datetime NULL,
+    -- Null on a line that is not revoked, or was before users were recorded.
+    RevokedBy varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NULL
 );
 CREATE INDEX ixCashAssessmentRefNum ON dbo.tbCashAssessment (RefNum);
 CREATE INDEX ixCashAssessmentName ON dbo.tbCashAssessment (Name);

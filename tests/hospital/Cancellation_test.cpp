@@ -14,11 +14,11 @@ class Cancellation : public HospitalTest {
         Post(u"MD"_s, u"D003"_s, u""_s, u"1500.00"_s, u"(PF) DR. CASTAÑEDA, LUIS"_s);
     }
     void Post(const QString& centre, const QString& code, const QString& quantity, const QString& amount,
-              const QString& particular) {
+              const QString& particular, const QString& slip = u"H9001C"_s) {
         Run(u"Clinical_Area..spEarCare_Append_Charging '100050','700124','11/21/2026 10:15:07 "
             u"AM','%1','D','%2','%3', "
-            "'H9001C','%4','NURSE','W201','D005','SANTOS, EMMANUEL CRUZ', 'I','%5'"_s.arg(
-                centre, code, quantity, amount, particular));
+            "'%6','%4','NURSE','W201','D005','SANTOS, EMMANUEL CRUZ', 'I','%5'"_s.arg(
+                centre, code, quantity, amount, particular, slip));
     }
     QString ListCommand() const {
         return u"Clinical_Area..SpEarCare_List_AllCharges '100050','700124','HC'"_s;
@@ -30,15 +30,15 @@ class Cancellation : public HospitalTest {
     }
     void CancelService(const QString& centre, const QString& code, const QString& quantity,
                        const QString& amount) {
-        Run(Call(u"Clinical_ARea..spEarCare_UpdateCharging"_s,
-                 {u"100050"_s, u"700124"_s, code, amount, quantity, u"11/21/2026 10:20:00 AM"_s, centre,
-                  u"CLERK"_s, u"I"_s, u"C"_s, u"W201"_s, u"H9001C"_s, u""_s}));
+        RunAs(u"CLERK"_s, Call(u"Clinical_ARea..spEarCare_UpdateCharging"_s,
+                               {u"100050"_s, u"700124"_s, code, amount, quantity, u"11/21/2026 10:20:00 AM"_s,
+                                centre, u"CLERK"_s, u"I"_s, u"C"_s, u"W201"_s, u"H9001C"_s, u""_s}));
     }
     void CancelStock(const QString& code, const QString& quantity, const QString& amount,
                      const QString& line) {
-        Run(Call(u"INVENTORY..spStock_AppendStockCard"_s,
-                 {u"100050"_s, u"700124"_s, code, u"11/21/2026 10:20:00 AM"_s, u"H9001C"_s, quantity, amount,
-                  u"CLERK"_s, line, u"W201"_s, u"C"_s, u"I"_s}));
+        RunAs(u"CLERK"_s, Call(u"INVENTORY..spStock_AppendStockCard"_s,
+                               {u"100050"_s, u"700124"_s, code, u"11/21/2026 10:20:00 AM"_s, u"H9001C"_s,
+                                quantity, amount, u"CLERK"_s, line, u"W201"_s, u"C"_s, u"I"_s}));
     }
     std::vector<QStringList> Left(const QString& centre, const QString& code) {
         return Rows(
@@ -152,14 +152,15 @@ TEST_F(Cancellation, ReprintPutsTheSlipIntoThePrintTableAndIsRecorded) {
                                   {u"M0002"_s, u"2034"_s, u"2"_s},
                                   {u"D003"_s, u"1500"_s, u""_s},
                                   {u"HC001"_s, u"-2800"_s, u"-1"_s}}));
-    EXPECT_EQ(Rows(u"SELECT Event, AuditDate FROM BILLING..tbAuditTrail WHERE RefNum = 'H9001C'"_s),
-              (std::vector<QStringList>{{u"REPRINT"_s, u"11/21/2026 10:15:00 AM"_s}}));
+    EXPECT_EQ(Rows(u"SELECT Event, AuditDate, UserID FROM BILLING..tbAuditTrail WHERE RefNum = 'H9001C'"_s),
+              (std::vector<QStringList>{{u"REPRINT"_s, u"11/21/2026 10:15:00 AM"_s, u"NURSE"_s}}));
 }
 
 TEST_F(Cancellation, ReprintOfNoSlipIsNotRecorded) {
     const QString before = Cell(u"SELECT COUNT(*) FROM BILLING..tbAuditTrail"_s);
     Run(u"Clinical_Area..spEarCare_SaveChargePrint 'OLD','1','1','HC','OLD', 'O'"_s);
-    Run(u"Clinical_Area..spEarCare_ReprintChargeSlip ''"_s);
+    for (const QString& number : {u""_s, u"H9999C"_s})
+        Run(u"Clinical_Area..spEarCare_ReprintChargeSlip '%1'"_s.arg(number));
     EXPECT_EQ(Cell(u"SELECT COUNT(*) FROM BILLING..tbAuditTrail"_s), before);
     EXPECT_EQ(Cell(u"SELECT COUNT(*) FROM Clinical_Area..tbEarCareChargePrint"_s), u"0"_s);
 }
@@ -185,15 +186,17 @@ TEST_F(Cancellation, StockLineOfAnItemThatIsTwiceOnTheSlipIsNotTakenBackTwice) {
     EXPECT_EQ(Left(u"HB"_s, u"M0002"_s).front()[0], u"2034"_s);
 }
 
-TEST_F(Cancellation, EachReprintIsRecordedWithItsTimeAndCount) {
+TEST_F(Cancellation, EachReprintIsRecordedWithItsTimeUserAndCount) {
+    Post(u"HC"_s, u"HC001"_s, u"1"_s, u"2800.00"_s, u"HEMODIALYSIS TREATMENT"_s, u"H9002C"_s);
     Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9002C'"_s);
     Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9001C'"_s);
     SetClock([] { return DateTime::FromMilliseconds(Moment().Milliseconds() + 60'000); });
-    Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9001C'"_s);
-    EXPECT_EQ(Rows(u"SELECT AuditDate, Times FROM BILLING..tbAuditTrail WHERE RefNum = 'H9001C' ORDER BY "
-                   "AuditID"_s),
-              (std::vector<QStringList>{{u"11/21/2026 10:15:00 AM"_s, u"1"_s},
-                                        {u"11/21/2026 10:16:00 AM"_s, u"2"_s}}));
+    RunAs(u"CLERK"_s, u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9001C'"_s);
+    EXPECT_EQ(
+        Rows(u"SELECT AuditDate, UserID, Times FROM BILLING..tbAuditTrail WHERE RefNum = 'H9001C' ORDER BY "
+             "AuditID"_s),
+        (std::vector<QStringList>{{u"11/21/2026 10:15:00 AM"_s, u"NURSE"_s, u"1"_s},
+                                  {u"11/21/2026 10:16:00 AM"_s, u"CLERK"_s, u"2"_s}}));
     EXPECT_EQ(Cell(u"SELECT Times FROM BILLING..tbAuditTrail WHERE RefNum = 'H9002C'"_s), u"1"_s);
 }
 
@@ -211,7 +214,7 @@ TEST_F(Cancellation, LineThatIsNeitherServiceNorStockIsReversedOnTheAccountAlone
 TEST_F(Cancellation, OutPatientsServiceIsReversedInTheRoomThatTheScreenNames) {
     Run(Call(u"Clinical_ARea..spEarCare_UpdateCharging"_s,
              {u"100050"_s, u"700124"_s, u"HC001"_s, u"2800"_s, u"1"_s, u"11/21/2026 10:20:00 AM"_s, u"HC"_s,
-              u"CLERK"_s, u"O"_s, u"C"_s, u"OPD/ER"_s, u"H9001C"_s, u""_s}));
+              u"NURSE"_s, u"O"_s, u"C"_s, u"OPD/ER"_s, u"H9001C"_s, u""_s}));
     EXPECT_EQ(Rows(u"SELECT RoomID, RecordType, RefNum, ItemID FROM BILLING..tbPatientCharges WHERE RefNum = "
                    "'H9001C' AND RecordType = 'C'"_s),
               (std::vector<QStringList>{{u"OPD/ER"_s, u"C"_s, u"H9001C"_s, u"HC001"_s}}));

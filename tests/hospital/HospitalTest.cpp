@@ -7,12 +7,15 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr QStringView kUser = u"NURSE";
 
 /// The trial hospital that the tests copy, made once for each build of this program, which has the scripts
 /// and the engine in it. It is made in a folder of its own and moved into place, so that tests may run side
@@ -39,7 +42,7 @@ QString Original() {
 HospitalTest::HospitalTest() {
     SetClock(Moment);
     QFile::copy(Original(), Path());
-    mGateway = HospitalFile::Open(Path(), HospitalScripts());
+    mGateway = SignOn(kUser.toString());
 }
 
 HospitalTest::~HospitalTest() {
@@ -52,6 +55,18 @@ DateTime HospitalTest::Moment() {
 
 QString HospitalTest::Path() const {
     return mFolder.filePath(u"hospital.db"_s);
+}
+
+std::unique_ptr<EmbeddedGateway> HospitalTest::SignOn(const QString& user) const {
+    auto gateway = HospitalFile::Open(Path(), HospitalScripts());
+    gateway->SetSessionUser(user);
+    return gateway;
+}
+
+void HospitalTest::RunAs(const QString& user, const QString& command) {
+    mGateway->SetSessionUser(user);
+    const auto back = qScopeGuard([this] { mGateway->SetSessionUser(kUser.toString()); });
+    Run(command);
 }
 
 std::vector<QStringList> HospitalTest::Rows(const QString& command) {

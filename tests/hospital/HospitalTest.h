@@ -13,7 +13,8 @@
 #include <memory>
 #include <vector>
 
-/// A copy of the trial hospital of its own for each test, made as of 21 November 2026, 10:15.
+/// A copy of the trial hospital of its own for each test, made as of 21 November 2026, 10:15. NURSE is signed
+/// on.
 class HospitalTest : public testing::Test {
   protected:
     HospitalTest();
@@ -26,6 +27,10 @@ class HospitalTest : public testing::Test {
     /// The answer's column names.
     QStringList Columns(const QString& command);
     void Run(const QString& command) { mGateway->ExecuteNoResult(command); }
+    /// Runs one command with another user signed on, nobody for an empty text.
+    void RunAs(const QString& user, const QString& command);
+    /// Another connection to the same hospital, with that user signed on.
+    std::unique_ptr<EmbeddedGateway> SignOn(const QString& user) const;
     QString Path() const;
 
     static DateTime Moment();

@@ -62,6 +62,27 @@ TEST_F(PatientLookups, CorrectedWalkInIsKeptAndLeavesATrace) {
     EXPECT_EQ(Traces(), u"1"_s);
 }
 
+TEST_F(PatientLookups, RecordThatIsCorrectedIsKeptAsItWas) {
+    const QString record = u"SELECT * FROM PATIENT_DATA..tbwalkin WHERE HospNum = 'W000001'"_s;
+    const QString history = u"SELECT * FROM PATIENT_DATA..tbWalkInHistory"_s;
+    EXPECT_EQ(Columns(history).mid(3), Columns(record));
+    const QStringList first = Rows(record).front();
+    UpdateWalkIn({u"W000001"_s, u"PEÑA"_s, u"ANA"_s, u"SY"_s, u"02/29/1984"_s, u"42"_s, u"F"_s, u"2"_s,
+                  u"12 RIZAL ST."_s, u"POBLACION"_s, u"1100"_s});
+    const QStringList second = Rows(record).front();
+    RunAs(u"CLERK"_s,
+          Call(u"PATIENT_DATA..spGlobal_UpdateWalkIn"_s,
+               {u"W000001"_s, u"CRUZ"_s, u""_s, u""_s, u""_s, u""_s, u"M"_s, u"1"_s, u""_s, u""_s, u""_s}));
+    const QString moment = u"11/21/2026 10:15:00 AM"_s;
+    EXPECT_EQ(Rows(history), (std::vector<QStringList>{QStringList{u"1"_s, u"NURSE"_s, moment} + first,
+                                                       QStringList{u"2"_s, u"CLERK"_s, moment} + second}));
+    EXPECT_EQ(Column(Rows(u"SELECT UserID FROM BILLING..tbAuditTrail WHERE Event = 'WALK-IN UPDATE' ORDER BY "
+                          "AuditID"_s),
+                     0),
+              QStringList({u"NURSE"_s, u"CLERK"_s}));
+    EXPECT_EQ(second.back(), first.back()) << "who registered it stays";
+}
+
 TEST_F(PatientLookups, EmptyEntriesOfTheCorrectionAreNone) {
     for (const QString& none : {u"6"_s, u"-1"_s}) {
         UpdateWalkIn({u"W000001"_s, u"CRUZ"_s, u""_s, u""_s, u""_s, u""_s, u""_s, none, u""_s, u""_s, u""_s});
@@ -76,6 +97,7 @@ TEST_F(PatientLookups, CorrectionOfAnUnknownWalkInChangesNothing) {
     const auto before = Rows(u"SELECT * FROM PATIENT_DATA..tbwalkin ORDER BY HospNum"_s);
     UpdateWalkIn({u"W999999"_s, u"X"_s, u""_s, u""_s, u""_s, u""_s, u"M"_s, u"1"_s, u""_s, u""_s, u""_s});
     EXPECT_EQ(Rows(u"SELECT * FROM PATIENT_DATA..tbwalkin ORDER BY HospNum"_s), before);
+    EXPECT_EQ(Cell(u"SELECT COUNT(*) FROM PATIENT_DATA..tbWalkInHistory"_s), u"0"_s);
     EXPECT_EQ(Traces(), u"0"_s);
 }
 

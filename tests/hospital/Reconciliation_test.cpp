@@ -164,6 +164,22 @@ TEST_F(Reconciliation, PaidAssessmentsHaveAReceiptOfOneDateForAllTheirLines) {
               Count(u"BILLING..tbAuditTrail WHERE Event = 'REVOKE'"_s));
 }
 
+TEST_F(Reconciliation, EveryActThatLeavesNoOtherTraceHasItsUser) {
+    const QString isNoUser = u" NOT IN (SELECT u.EmployeeID FROM PASSWORD..tbPasswordMain AS u)"_s;
+    EXPECT_EQ(Count(u"BILLING..tbAuditTrail WHERE UserID"_s + isNoUser), u"0"_s);
+    EXPECT_EQ(Count(u"PATIENT_DATA..tbwalkin WHERE RegisteredBy"_s + isNoUser), u"0"_s);
+    EXPECT_EQ(Count(u"BILLING..tbCashAssessment WHERE RevokeDate IS NOT NULL AND RevokedBy"_s + isNoUser),
+              u"0"_s);
+    EXPECT_EQ(
+        Count(
+            u"BILLING..tbCashAssessment WHERE (RevokeDate IS NULL AND RevokedBy IS NOT NULL) OR (RevokeDate "
+            "IS NOT NULL AND RevokedBy IS NULL)"_s),
+        u"0"_s);
+    for (const QString& event : {u"REPRINT"_s, u"REVOKE"_s, u"WALK-IN"_s})
+        EXPECT_NE(Count(u"BILLING..tbAuditTrail WHERE Event = '%1'"_s.arg(event)), u"0"_s)
+            << event.toStdString();
+}
+
 TEST_F(Reconciliation, EveryNameThatACodeStandsForExists) {
     EXPECT_EQ(
         Count(

@@ -1,4 +1,5 @@
 #include "hospital/HospitalScripts.h"
+#include "ProcedureTree.h"
 #include "support/PrintQt.h"
 
 #include <QDir>
@@ -6,6 +7,7 @@
 #include <QRegularExpression>
 #include <QSet>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -70,15 +72,44 @@ TEST(Scripts, EveryProcedureStandsInAFileOfItsNameInTheFolderOfItsDatabase) {
 }
 
 TEST(Scripts, ProcedureThatWritesMoreThanOnceIsOneTransaction) {
-    for (const Script& script : Folder(u"procedures"_s)) {
-        const QString text = WithoutLiterals(script.text);
-        const auto writes = Captured(text, u"(?:^|\\n) *(INSERT INTO|UPDATE|DELETE FROM) "_s).size();
-        EXPECT_EQ(writes > 1, text.contains("SET XACT_ABORT ON;\n    BEGIN TRANSACTION;"_L1))
-            << script.name.toStdString();
-        EXPECT_EQ(text.count("BEGIN TRANSACTION;"_L1), text.count("COMMIT TRANSACTION;\nEND"_L1))
-            << script.name.toStdString();
-        EXPECT_TRUE(text.contains("BEGIN\n    SET NOCOUNT ON;"_L1)) << script.name.toStdString();
+    for (const ProcedureTree& procedure : ProcedureTrees(HospitalStructure())) {
+        const std::string name = procedure.FullName().toStdString();
+        const QStringList& steps = procedure.steps;
+        const auto writes = std::ranges::count_if(procedure.definition.body, [](const Statement& statement) {
+            return !TableWritten(statement).isEmpty();
+        });
+        const bool hasTransaction = writes > 1;
+        EXPECT_EQ(steps.first(), u"set nocount"_s) << name;
+        EXPECT_EQ(steps.indexOf(u"set xact_abort"_s), hasTransaction ? 1 : -1) << name;
+        EXPECT_EQ(steps.count(u"begin transaction"_s), hasTransaction ? 1 : 0) << name;
+        EXPECT_EQ(steps.count(u"commit transaction"_s), hasTransaction ? 1 : 0) << name;
+        EXPECT_EQ(steps.last() == "commit transaction"_L1, hasTransaction) << name;
+        for (const QString& step : steps.mid(0, steps.indexOf(u"begin transaction"_s)))
+            EXPECT_TRUE(!hasTransaction || step.startsWith("set"_L1) || step == "if"_L1)
+                << name << ": written before it";
     }
+}
+
+TEST(Scripts, CancellationsQueueAtTheAccountAndThenAtTheSlip) {
+    const auto firstLine = [](const QString& column) {
+        return u"UPDATE BILLING..tbPatientCharges SET EntryDate = EntryDate WHERE ChargeID = (SELECT "
+               "MIN(f.ChargeID) FROM BILLING..tbPatientCharges AS f WHERE f.%1 = @%1);"_s.arg(column);
+    };
+    const QString account = firstLine(u"IdNum"_s);
+    const QString slip = firstLine(u"RefNum"_s);
+    const auto held = [](const QString& procedure) {
+        for (const Script& script : Folder(u"procedures"_s))
+            if (script.name.endsWith(procedure + u".sql"_s))
+                return WithoutComments(script.text)
+                    .simplified()
+                    .remove(u"@RecordType = 'C' AND "_s)
+                    .section(u"BEGIN TRANSACTION; "_s, 1);
+        return QString();
+    };
+    // In this order everywhere, so that none holds what another one waits for.
+    for (const QString& procedure : {u"spEarCare_UpdateCharging"_s, u"spStock_AppendStockCard"_s})
+        EXPECT_TRUE(held(procedure).startsWith(account + u' ' + slip)) << held(procedure).toStdString();
+    EXPECT_TRUE(held(u"spEarCare_ReprintChargeSlip"_s).startsWith(slip));
 }
 
 TEST(Scripts, EveryObjectIsNamedWithItsDatabase) {

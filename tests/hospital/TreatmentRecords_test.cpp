@@ -1,4 +1,5 @@
 #include "shell/shared.h"
+#include "support/CaseName.h"
 #include "support/FakeComponents.h"
 #include "tests/hospital/HospitalTest.h"
 #include "treatment/clsSaveTreatmentRecord.h"
@@ -11,8 +12,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString kHistory = u"SELECT * FROM HEMODIALYSIS..tbHemodialysisResultHistory"_s;
+
+/// Something else for each field, but for the one that names the user.
 QString ValueOf(const QString& name) {
-    return u"value of "_s + name;
+    return name == "UserId"_L1 ? u"NURSE"_s : u"value of "_s + name;
 }
 
 class TreatmentRecords : public HospitalTest {
@@ -73,6 +77,56 @@ TEST_F(TreatmentRecords, SecondSaveOfTheSameTreatmentReplacesTheFirst) {
     EXPECT_EQ(loaded.Bath(), u"BICARBONATE"_s);
 }
 
+TEST_F(TreatmentRecords, RecordThatIsReplacedIsKeptAsItWas) {
+    EXPECT_EQ(Columns(kHistory).mid(3), FieldNames());
+    for (const TreatmentProperty& property : TreatmentProperties())
+        ((*gTreatmentRecord).*property.write)(ValueOf(property.name));
+    Save();
+    EXPECT_TRUE(Rows(kHistory).empty()) << "nothing has been replaced";
+    gTreatmentRecord->SetUserId(u""_s);
+    gTreatmentRecord->SetBath(u"BICARBONATE"_s);
+    mGateway->SetSessionUser(u"CLERK"_s);
+    Save();
+    QStringList kept = {u"1"_s, u"CLERK"_s, u"11/21/2026 10:15:00 AM"_s};
+    for (const QString& name : FieldNames())
+        kept << ValueOf(name);
+    EXPECT_EQ(Rows(kHistory), std::vector<QStringList>{kept});
+    EXPECT_EQ(Count(u"IdNum = 'value of IdNum' AND UserId = 'CLERK' AND Bath = 'BICARBONATE'"_s), u"1"_s);
+}
+
+struct UserIdCase {
+    const char* name;
+    QString userId;
+    /// Whom the record then names; empty where it is refused.
+    QString recorded;
+};
+
+class TreatmentRecordsUser : public TreatmentRecords, public testing::WithParamInterface<UserIdCase> {};
+
+TEST_P(TreatmentRecordsUser, IsTheOneWhoIsSignedOn) {
+    gTreatmentRecord->SetIdNum(u"104233B"_s);
+    gTreatmentRecord->SetRequestNum(u"H9001C"_s);
+    gTreatmentRecord->SetUserId(GetParam().userId);
+    int refusal = 0;
+    try {
+        Save();
+    } catch (const RunTimeError& error) {
+        refusal = error.Number();
+    }
+    EXPECT_EQ(refusal, GetParam().recorded.isEmpty() ? 50002 : 0);
+    const auto rows = Rows(u"SELECT UserId FROM HEMODIALYSIS..tbHemodialysisResultEntry WHERE IdNum = "
+                           "'104233B' AND RequestNum = 'H9001C'"_s);
+    EXPECT_EQ(rows.empty() ? QString() : rows[0][0], GetParam().recorded);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Fields, TreatmentRecordsUser,
+    testing::Values(UserIdCase{"Empty", u""_s, u"NURSE"_s}, UserIdCase{"Blank", u"  "_s, u"NURSE"_s},
+                    UserIdCase{"Himself", u"NURSE"_s, u"NURSE"_s},
+                    UserIdCase{"HimselfInSmallLettersAndBlanks", u"nurse  "_s, u"NURSE"_s},
+                    UserIdCase{"Another", u"CLERK"_s, u""_s}, UserIdCase{"Nobody", u"NURSE2"_s, u""_s}),
+    CaseName());
+
 TEST_F(TreatmentRecords, SaveLeavesTheOtherRecordsAlone) {
     const auto before = Records(u"*"_s);
     gTreatmentRecord->SetIdNum(before[0][1]);
@@ -87,7 +141,8 @@ TEST_F(TreatmentRecords, SaveLeavesTheOtherRecordsAlone) {
 
 TEST_F(TreatmentRecords, FreshSystemSavesAnEmptyRecord) {
     Save();
-    EXPECT_EQ(Count(u"IdNum = '' AND RequestNum = '' AND PDEvalNurse = ''"_s), u"1"_s);
+    Save();
+    EXPECT_EQ(Count(u"IdNum = '' AND RequestNum = '' AND PDEvalNurse = '' AND UserId = 'NURSE'"_s), u"1"_s);
 }
 
 TEST_F(TreatmentRecords, QuoteInAnyFieldFailsAndKeepsNothing) {

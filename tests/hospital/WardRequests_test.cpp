@@ -79,7 +79,7 @@ TEST_F(WardRequests, OldestComesFirst) {
 
 TEST_F(WardRequests, RevokedRequestLeavesTheQueueAndKeepsWhoDidIt) {
     const QStringList row = Queue().front();
-    Run(Call(u"RADIOLOGY..spRadio_RevokeNurseRequest"_s, {row[23], u"CLERK"_s}));
+    RunAs(u"CLERK"_s, Call(u"RADIOLOGY..spRadio_RevokeNurseRequest"_s, {row[23], u"CLERK"_s}));
     EXPECT_EQ(Pending(), u"8"_s);
     EXPECT_EQ(
         Rows(
@@ -87,7 +87,7 @@ TEST_F(WardRequests, RevokedRequestLeavesTheQueueAndKeepsWhoDidIt) {
                 row[23]))
             .front(),
         QStringList({u"X"_s, u"CLERK"_s, u"11/21/2026 10:15:00 AM"_s}));
-    Run(Call(u"RADIOLOGY..spRadio_RevokeNurseRequest"_s, {u""_s, u"CLERK"_s}));
+    Run(Call(u"RADIOLOGY..spRadio_RevokeNurseRequest"_s, {u""_s, u"NURSE"_s}));
     EXPECT_EQ(Pending(), u"8"_s);
 }
 

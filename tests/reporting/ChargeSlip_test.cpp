@@ -104,6 +104,7 @@ TEST(ChargeSlipOverTheEmbeddedHospital, PrintsWhatTheSavesHavePutIntoThePrintTab
     HospitalFile::Create(file, HospitalStructure());
     {
         EmbeddedGateway gateway(file);
+        gateway.SetSessionUser(u"NURSE"_s);
         gateway.ExecuteNoResult(
             u"INSERT INTO PATIENT_DATA..tbhospitalInfo (company, Address1, TinNo, Bygeneric) VALUES "
             "('NUESTRA SEÑORA HOSPITAL', 'San Isidro', '', 0)"_s);

@@ -17,6 +17,7 @@ class OlderChargeSlip : public ScreenTest {
         const QString file = programDirectory.filePath(u"hospital.db"_s);
         HospitalFile::Create(file, HospitalStructure());
         EmbeddedGateway hospital(file);
+        hospital.SetSessionUser(u"NURSE"_s);
         hospital.ExecuteNoResult(
             u"Hemodialysis..spKidney_SaveChargePrint 'HCHC001','3500.00','1','HC','TREATMENT'"_s);
         hospital.ExecuteNoResult(

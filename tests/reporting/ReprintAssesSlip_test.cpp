@@ -121,7 +121,11 @@ class ReprintAssesSlipOverTheEmbeddedHospital : public testing::Test {
     }
     ~ReprintAssesSlipOverTheEmbeddedHospital() override { SetReportConnector({}); }
 
-    void Run(const QString& command) { EmbeddedGateway(mFile).ExecuteNoResult(command); }
+    void Run(const QString& command) {
+        EmbeddedGateway gateway(mFile);
+        gateway.SetSessionUser(u"CLERK"_s);
+        gateway.ExecuteNoResult(command);
+    }
 
     static QString Page(const QString& number) {
         const auto report =

@@ -140,8 +140,9 @@ TEST_P(Agreement, OfARandomMonthIsInItsCounts) {
     const RandomMonth::Books& books = month.Kept();
     std::vector<Value> audit = Range();
     audit.emplace_back(u"NURSE"_s);
-    EXPECT_THAT(Counts(*Document(u"AuditReport.RPT"_s, audit), u"All users, acts:"_s),
-                ElementsAre(books.acts));
+    const auto acts = Document(u"AuditReport.RPT"_s, audit);
+    EXPECT_THAT(Counts(*acts, u"All users, acts:"_s), ElementsAre(books.acts));
+    EXPECT_FALSE(TextOfPages(*acts).contains("USER NOT RECORDED"_L1));
     for (const QString& type : {u"I"_s, u"O"_s}) {
         EXPECT_THAT(Counts(*Document(u"IncomeReport.RPT"_s, RangeOf(type)), u"ALL DEPARTMENTS"_s),
                     ElementsAre(books.chargesOfMonth.at(type)));

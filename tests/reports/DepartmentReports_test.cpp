@@ -181,23 +181,44 @@ TEST_F(ReportRows, OfTheAuditShowEachActWithWhatItMoved) {
     SetClock([] { return *DateTime::FromFields({.year = 2027, .month = 1, .day = 5, .hour = 11}); });
     Run(u"Clinical_Area..spEarCare_Append_Charging '100050','700124','01/05/2027 10:15:07 "
         "AM','HC','D','HC001','1', 'H9001C','2800.50','NURSE','W201','D005','', 'I','HEMODIALYSIS'"_s);
-    Run(u"Clinical_ARea..spEarCare_UpdateCharging '100050','700124','HC001','2800.50','1','01/05/2027 "
-        u"10:20:00 "
-        "AM','HC','CLERK','I','C','W201','H9001C',''"_s);
-    Run(u"Clinical_Area..spEarCare_Assessment '9001','ZZTEST, ANA','HC001','HC','1','100.25','HC','CLERK',"
-        "'W000003','','D001',''"_s);
-    Run(u"Clinical_Area..spEarCare_AssessRevoke '%1','9001','HC'"_s.arg(
-        Cell(u"SELECT MAX(AssessNum) FROM BILLING..tbCashAssessment"_s)));
+    const QString clerk = u"CLERK"_s;
+    RunAs(clerk,
+          u"Clinical_ARea..spEarCare_UpdateCharging '100050','700124','HC001','2800.50','1','01/05/2027 "
+          u"10:20:00 AM','HC','CLERK','I','C','W201','H9001C',''"_s);
+    RunAs(clerk,
+          u"Clinical_Area..spEarCare_Assessment '9001','ZZTEST, ANA','HC001','HC','1','100.25','HC','CLERK',"
+          "'W000003','','D001',''"_s);
+    const QString revoke = u"Clinical_Area..spEarCare_AssessRevoke '%1','9001','HC'"_s.arg(
+        Cell(u"SELECT MAX(AssessNum) FROM BILLING..tbCashAssessment"_s));
+    RunAs(clerk, revoke);
     Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9001C'"_s);
     const QString text = TextOf(u"AuditReport.RPT"_s, {day, day, kHospital, kAddress, u"LAB"_s});
     for (const QString& line :
          {u"Cancelled H9001C"_s, u"-2,800.50 01/05/2027 11:00 AM Assessed 9001 ZZTEST, ANA"_s,
-          u"CLERK MAGBANUA, JOEL, acts: 2 -2,800.50 100.25"_s, u"01/05/2027 10:15 AM Posted H9001C"_s,
-          u"NURSE VILLANUEVA, MARISSA, acts: 1 2,800.50 0.00"_s,
           u"Revoked 9001 ZZTEST, ANA HC HC001 HEMODIALYSIS TREATMENT 1 -100.25"_s,
-          u"RE-PRINT NO. 1 OF THE SLIP"_s, u"USER NOT RECORDED, acts: 2 0.00 -100.25"_s,
+          u"CLERK MAGBANUA, JOEL, acts: 3 -2,800.50 0.00"_s, u"01/05/2027 10:15 AM Posted H9001C"_s,
+          u"RE-PRINT NO. 1 OF THE SLIP"_s, u"NURSE VILLANUEVA, MARISSA, acts: 2 2,800.50 0.00"_s,
           u"All users, acts: 5 0.00 0.00"_s, u"Printed by LAB, 01/05/2027 11:00 AM Page 1 of 1"_s})
         EXPECT_TRUE(text.contains(line)) << line.toStdString() << " in " << text.toStdString();
+    EXPECT_FALSE(text.contains("USER NOT RECORDED"_L1)) << text.toStdString();
+}
+
+TEST_F(ReportRows, OfTheAuditShowLastWhatWasDoneBeforeUsersWereRecorded) {
+    const DateTime day = Day(2027, 1, 5);
+    SetClock([] { return *DateTime::FromFields({.year = 2027, .month = 1, .day = 5, .hour = 11}); });
+    Run(u"Clinical_Area..spEarCare_Append_Charging '100050','700124','01/05/2027 10:15:07 "
+        "AM','HC','D','HC001','1', 'H9001C','2800.50','NURSE','W201','D005','', 'I','HEMODIALYSIS'"_s);
+    Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9001C'"_s);
+    Run(u"Clinical_Area..spEarCare_Assessment '9001','ZZTEST, ANA','HC001','HC','1','100.25','HC','NURSE',"
+        "'W000003','','D001',''"_s);
+    Run(u"UPDATE BILLING..tbAuditTrail SET UserID = '' WHERE RefNum = 'H9001C'"_s);
+    Run(u"UPDATE BILLING..tbCashAssessment SET RevokeDate = TransDate WHERE RefNum = '9001'"_s);
+    const QString text = TextOf(u"AuditReport.RPT"_s, {day, day, kHospital, kAddress, u"LAB"_s});
+    const QString before = text.section(u"USER NOT RECORDED "_s, 0, 0);
+    EXPECT_TRUE(before.contains("NURSE VILLANUEVA, MARISSA, acts: 2 2,800.50 100.25"_L1))
+        << text.toStdString();
+    EXPECT_FALSE(before.contains("Revoked"_L1) || before.contains("Re-printed"_L1)) << text.toStdString();
+    EXPECT_TRUE(text.contains("USER NOT RECORDED, acts: 2 0.00 -100.25"_L1)) << text.toStdString();
 }
 
 TEST_F(ReportRows, GoByTheLastNameBeforeTheFirst) {
@@ -278,7 +299,7 @@ TEST_F(ReportRows, OfACompanyCountTheSlipsThatWerePostedInThePeriod) {
         "'1','H9001C','2800.50','NURSE','W201','D005','','I','HEMODIALYSIS'"_s);
     Run(u"Clinical_ARea..spEarCare_UpdateCharging '100050','700124','HC001','2800.50','1','01/06/2027 "
         u"10:20:00 "
-        "AM','HC','CLERK','I','C','W201','H9001C',''"_s);
+        "AM','HC','NURSE','I','C','W201','H9001C',''"_s);
     const auto textOf = [this](int day) {
         return TextOf(u"CompanyReport.RPT"_s, RangeOf(u"I"_s, Day(2027, 1, day), Day(2027, 1, day)));
     };
@@ -306,7 +327,7 @@ class CashLine : public ReportRows {
     void Assess(const QString& paid, const QString& revoked) {
         SetClock([] { return *DateTime::FromFields({.year = 2027, .month = 1, .day = 5, .hour = 8}); });
         Run(u"Clinical_Area..spEarCare_Assessment '9001','ZZTEST, "
-            u"ANA','HC001','HC','1','100.25','HC','CLERK',"
+            u"ANA','HC001','HC','1','100.25','HC','NURSE',"
             "'W000003','','D001',''"_s);
         for (const auto& [column, moment] :
              {std::pair(u"ORDate"_s, paid), std::pair(u"RevokeDate"_s, revoked)})

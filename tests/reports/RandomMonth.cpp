@@ -21,7 +21,7 @@ QString MoneyText(Money amount) {
 
 } // namespace
 
-RandomMonth::RandomMonth(CommandGateway& gateway, std::uint32_t seed)
+RandomMonth::RandomMonth(EmbeddedGateway& gateway, std::uint32_t seed)
     : mGateway(gateway)
     , mRandom(seed) {
     SetLiveConnection(&gateway);
@@ -55,6 +55,12 @@ void RandomMonth::SetTime(int day, int second) {
 
 QString RandomMonth::Moment() const {
     return Format(mNow, u"mm/dd/yyyy hh:mm:ss AM/PM");
+}
+
+QString RandomMonth::SignOn() {
+    const QString user = Below(2) ? u"NURSE"_s : u"CLERK"_s;
+    mGateway.SetSessionUser(user);
+    return user;
 }
 
 void RandomMonth::EmptyTheAccounts() {
@@ -167,7 +173,7 @@ void RandomMonth::PostLine(const Account& account, const QString& slip, int kind
                                                     .quantity = quantity,
                                                     .slipNumber = slip,
                                                     .amount = MoneyText(amount),
-                                                    .userCode = User(),
+                                                    .userCode = SignOn(),
                                                     .room = account.room,
                                                     .requestingDoctorCode = u"D005"_s,
                                                     .admittingDoctorName = u"DR. GRACE FONACIER"_s,
@@ -226,7 +232,7 @@ void RandomMonth::CancelService(const Charge& charge, const QString& patientType
                                                     .quantity = charge.quantity,
                                                     .moment = Moment(),
                                                     .department = charge.centre,
-                                                    .userCode = User(),
+                                                    .userCode = SignOn(),
                                                     .patientType = patientType,
                                                     .room = charge.account.room,
                                                     .slipNumber = charge.slip}));
@@ -248,7 +254,7 @@ void RandomMonth::CancelStock(const Charge& charge) {
                             .referenceNumber = charge.slip,
                             .quantity = charge.quantity.toDouble(),
                             .amount = double(-charge.amount) / 100,
-                            .userCode = User(),
+                            .userCode = SignOn(),
                             .chargeLine = line,
                             .room = charge.account.room,
                             .position16 = u"PH"_s,
@@ -273,7 +279,7 @@ void RandomMonth::Assess() {
                                                     .department = u"HC"_s,
                                                     .quantity = u"1"_s,
                                                     .amount = MoneyText(amount),
-                                                    .userCode = User(),
+                                                    .userCode = SignOn(),
                                                     .hospitalNumber = u"W000001"_s,
                                                     .visitNumber = u""_s,
                                                     .requestingDoctorCode = u"D001"_s,

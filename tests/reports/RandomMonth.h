@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gateway/CommandGateway.h"
+#include "gateway/embedded/EmbeddedGateway.h"
 #include "suite/StockItem.h"
 #include "text/DateTime.h"
 
@@ -20,7 +20,7 @@ using Money = qint64;
 class RandomMonth {
   public:
     /// Empties the hospital's accounts and makes the month December 2026.
-    RandomMonth(CommandGateway& gateway, std::uint32_t seed);
+    RandomMonth(EmbeddedGateway& gateway, std::uint32_t seed);
     ~RandomMonth();
     RandomMonth(const RandomMonth&) = delete;
     RandomMonth& operator=(const RandomMonth&) = delete;
@@ -92,7 +92,8 @@ class RandomMonth {
     bool IsInMonth() const;
     void SetTime(int day, int second);
     QString Moment() const;
-    QString User() { return Below(2) ? QStringLiteral("NURSE") : QStringLiteral("CLERK"); }
+    /// Signs one of the users on and tells which.
+    QString SignOn();
 
     void Book(const QString& patientType, const Account& account, Money amount);
     void CountAct() { mBooks.acts += IsInMonth() ? 1 : 0; }
@@ -113,7 +114,7 @@ class RandomMonth {
     void RevokeOne();
     void KeepBooks();
 
-    CommandGateway& mGateway;
+    EmbeddedGateway& mGateway;
     std::mt19937 mRandom;
     StockItem mStock;
     DateTime mNow;

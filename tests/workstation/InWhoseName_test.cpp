@@ -38,7 +38,7 @@ TEST_P(InWhoseName, ATailThatNamesAnotherUserPostsNothing) {
     EXPECT_EQ(run.exitCode, 1);
     EXPECT_FALSE(run.crashed);
     ASSERT_THAT(run.told, Not(IsEmpty())) << run.errors.toStdString();
-    EXPECT_TRUE(run.told.back().startsWith(u"Run-time error '50001': "_s)) << run.told.back().toStdString();
+    EXPECT_TRUE(run.told.back().startsWith(u"Run-time error '50002': "_s)) << run.told.back().toStdString();
     EXPECT_EQ(Money(), before);
 }
 

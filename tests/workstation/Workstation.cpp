@@ -161,9 +161,9 @@ QString Workstation::QueryOne(const QString& command) const {
 
 QString Workstation::HospitalContent() const {
     QString content;
-    const QString tables = AskSqlite(
-        HospitalPath(),
-        "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'tarven%' ORDER BY name");
+    const QString tables =
+        AskSqlite(HospitalPath(),
+                  "SELECT name FROM sqlite_master WHERE type = 'table' AND name LIKE '%..%' ORDER BY name");
     for (const QString& table : tables.split(u'|', Qt::SkipEmptyParts))
         content += table + u'\n' +
                    AskSqlite(HospitalPath(), ("SELECT * FROM \"" + table.toUtf8() + "\"").constData());

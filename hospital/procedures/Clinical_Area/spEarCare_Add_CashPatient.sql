@@ -17,21 +17,23 @@ CREATE PROCEDURE dbo.spEarCare_Add_CashPatient
 AS
 BEGIN
     SET NOCOUNT ON; SET XACT_ABORT ON;
+    IF COALESCE(SUSER_SNAME(), '') = ''
+        THROW 50001, 'Nobody is signed on, so nothing was recorded. Sign on and try again.', 1;
     BEGIN TRANSACTION;
 
     UPDATE PATIENT_DATA..tbWalkInNum SET WalkInNum = WalkInNum + 1;
 
     INSERT INTO PATIENT_DATA..tbwalkin
         (HospNum, LastName, FirstName, MiddleName, Sex, BirthDate, Age, CivilStatusID, HouseStreet, Barangay, ZipCode,
-         RegDate)
+         RegDate, RegisteredBy)
     SELECT CONCAT('W', RIGHT(CONCAT('000000', n.WalkInNum - 1), 6)), @LastName, @FirstName, @MiddleName, @Sex,
            CASE WHEN LTRIM(REPLACE(REPLACE(@BirthDate, '/', ' '), '_', ' ')) = '' THEN NULL
                 ELSE CAST(@BirthDate AS datetime) END,
-           @Age, @CivilStatusID, @HouseStreet, @Barangay, @ZipCode, GETDATE()
+           @Age, @CivilStatusID, @HouseStreet, @Barangay, @ZipCode, GETDATE(), SUSER_SNAME()
     FROM PATIENT_DATA..tbWalkInNum AS n;
 
-    INSERT INTO BILLING..tbAuditTrail (AuditDate, Event, HospNum)
-    SELECT GETDATE(), 'WALK-IN', CONCAT('W', RIGHT(CONCAT('000000', n.WalkInNum - 1), 6))
+    INSERT INTO BILLING..tbAuditTrail (AuditDate, Event, HospNum, UserID)
+    SELECT GETDATE(), 'WALK-IN', CONCAT('W', RIGHT(CONCAT('000000', n.WalkInNum - 1), 6)), SUSER_SNAME()
     FROM PATIENT_DATA..tbWalkInNum AS n;
 
     COMMIT TRANSACTION;

@@ -1,5 +1,6 @@
--- Posts one charge line to the patient's account. A line of a centre that takes its items from stock is issued on
--- the stock card too, and a ward's pending request for the same item of the same patient is closed.
+-- Posts one charge line to the patient's account, in the name of the user who is signed on. A line of a centre that
+-- takes its items from stock is issued on the stock card too, and a ward's pending request for the same item of the
+-- same patient is closed.
 USE Clinical_Area;
 GO
 
@@ -22,26 +23,32 @@ CREATE PROCEDURE dbo.spEarCare_Append_Charging
 AS
 BEGIN
     SET NOCOUNT ON; SET XACT_ABORT ON;
+    IF COALESCE(SUSER_SNAME(), '') = ''
+        THROW 50001, 'Nobody is signed on, so nothing was recorded. Sign on and try again.', 1;
+    IF COALESCE(@UserID, '') <> SUSER_SNAME()
+        THROW 50002, 'The entry names another user than the one who is signed on. Nothing was recorded.', 1;
+    IF COALESCE(@RecordType, '') <> 'D'
+        THROW 50003, 'The entry is of a kind that is not recorded here. Nothing was recorded.', 1;
     BEGIN TRANSACTION;
 
     INSERT INTO BILLING..tbPatientCharges
         (HospNum, IdNum, PatientType, TransDate, RevenueID, RecordType, ItemID, Description, Quantity, Units, Amount,
          RefNum, UserID, RoomID, DoctorID, DoctorName, SourceDept, EntryDate)
     VALUES
-        (@HospNum, @IdNum, @PatientType, @TransDate, @RevenueID, @RecordType, @ItemID, @Description, @Quantity,
-         CAST(@Quantity AS float), @Amount, @RefNum, @UserID, @RoomID, @DoctorID, @DoctorName, 'HC', GETDATE());
+        (@HospNum, @IdNum, @PatientType, @TransDate, @RevenueID, 'D', @ItemID, @Description, @Quantity,
+         CAST(@Quantity AS float), @Amount, @RefNum, SUSER_SNAME(), @RoomID, @DoctorID, @DoctorName, 'HC', GETDATE());
 
     INSERT INTO INVENTORY..tbInvStockCard
         (TransDate, ItemID, SectionID, RecordType, RefNum, QtyIn, QtyOut, Amount, HospNum, IdNum, PatientType, RoomID,
          UserID, EntryDate)
     SELECT @TransDate, i.ItemID, i.SectionID, 'I', @RefNum, 0, CAST(@Quantity AS float), @Amount, @HospNum, @IdNum,
-           @PatientType, @RoomID, @UserID, GETDATE()
+           @PatientType, @RoomID, SUSER_SNAME(), GETDATE()
     FROM build_file..tbCoRevenue AS r
     INNER JOIN INVENTORY..tbInvMaster AS i ON i.SectionID = r.LocationID
     WHERE r.RevenueID = @RevenueID AND r.SearchInventory = 1 AND i.ItemID = @ItemID;
 
     UPDATE RADIOLOGY..tbNurseRequest
-    SET Status = 'D', SlipNo = @RefNum, ClosedBy = @UserID, ClosedDate = GETDATE()
+    SET Status = 'D', SlipNo = @RefNum, ClosedBy = SUSER_SNAME(), ClosedDate = GETDATE()
     WHERE IdNum = @IdNum AND DeptCode = 'HC' AND RevenueID = @RevenueID AND ItemID = @ItemID AND Status = 'P';
 
     COMMIT TRANSACTION;

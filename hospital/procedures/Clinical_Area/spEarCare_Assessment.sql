@@ -20,6 +20,12 @@ CREATE PROCEDURE dbo.spEarCare_Assessment
 AS
 BEGIN
     SET NOCOUNT ON;
+    IF COALESCE(SUSER_SNAME(), '') = ''
+        THROW 50001, 'Nobody is signed on, so nothing was recorded. Sign on and try again.', 1;
+    IF COALESCE(@UserID, '') <> SUSER_SNAME()
+        THROW 50002, 'The entry names another user than the one who is signed on. Nothing was recorded.', 1;
+    IF COALESCE(@DeptCode, '') <> 'HC'
+        THROW 50004, 'The entry names another department. Nothing was recorded.', 1;
 
     INSERT INTO BILLING..tbCashAssessment
         (RefNum, Name, HospNum, IdNum, Revenueid, ItemID, Description, Quantity, Units, Amount, DeptCode, UserID,
@@ -32,6 +38,6 @@ BEGIN
                      WHERE @RevenueID = 'MD' AND d.DoctorID = @ItemID),
                     (SELECT r.Revenue FROM build_file..tbCoRevenue AS r WHERE r.RevenueID = @RevenueID),
                     ''),
-           @Quantity, CAST(@Quantity AS float), @Amount, @DeptCode, @UserID, @DoctorID, @DoctorName, GETDATE();
+           @Quantity, CAST(@Quantity AS float), @Amount, @DeptCode, SUSER_SNAME(), @DoctorID, @DoctorName, GETDATE();
 END
 GO

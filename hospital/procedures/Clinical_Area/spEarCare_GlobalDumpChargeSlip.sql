@@ -12,8 +12,12 @@ CREATE PROCEDURE dbo.spEarCare_GlobalDumpChargeSlip
 AS
 BEGIN
     SET NOCOUNT ON;
+    IF COALESCE(SUSER_SNAME(), '') = ''
+        THROW 50001, 'Nobody is signed on, so nothing was recorded. Sign on and try again.', 1;
+    IF COALESCE(@UserID, '') <> SUSER_SNAME()
+        THROW 50002, 'The entry names another user than the one who is signed on. Nothing was recorded.', 1;
 
     INSERT INTO Clinical_Area..tbGlobalChargePrint (ItemID, Description, Quantity, Price, Amount, UserID, PrintDate)
-    VALUES (@ItemID, @Description, @Quantity, @Price, @Amount, @UserID, GETDATE());
+    VALUES (@ItemID, @Description, @Quantity, @Price, @Amount, SUSER_SNAME(), GETDATE());
 END
 GO

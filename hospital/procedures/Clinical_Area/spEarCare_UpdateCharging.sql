@@ -1,6 +1,6 @@
--- Cancels one charge line of a service or a doctor's fee by a reversal on the account. The line is known by its
--- amount. Nothing happens where every charge of that amount has its reversal, or where the line given is a reversal
--- itself.
+-- Cancels one charge line of a service or a doctor's fee by a reversal on the account, in the name of the user who is
+-- signed on. The line is known by its amount and quantity. Nothing happens where every such charge has its reversal, or
+-- where the line given is a reversal itself.
 USE Clinical_Area;
 GO
 
@@ -20,21 +20,48 @@ CREATE PROCEDURE dbo.spEarCare_UpdateCharging
     @Remarks varchar(100) = ''
 AS
 BEGIN
-    SET NOCOUNT ON;
+    SET NOCOUNT ON; SET XACT_ABORT ON;
+    IF COALESCE(SUSER_SNAME(), '') = ''
+        THROW 50001, 'Nobody is signed on, so nothing was recorded. Sign on and try again.', 1;
+    IF COALESCE(@UserID, '') <> SUSER_SNAME()
+        THROW 50002, 'The entry names another user than the one who is signed on. Nothing was recorded.', 1;
+    IF COALESCE(@RecordType, '') <> 'C'
+        THROW 50003, 'The entry is of a kind that is not recorded here. Nothing was recorded.', 1;
+    BEGIN TRANSACTION;
 
+    -- Cancellations on one account queue at its first line, holding nothing yet. Each holding the line that it is about,
+    -- two of them would wait for each other's when they count.
+    UPDATE BILLING..tbPatientCharges
+    SET EntryDate = EntryDate
+    WHERE ChargeID = (SELECT MIN(f.ChargeID) FROM BILLING..tbPatientCharges AS f WHERE f.IdNum = @IdNum);
+
+    -- While an account's very first line is being posted, a server with row versions shows it to the one and not yet to
+    -- the other. A slip has one workstation that posts its lines one after the other, so its first line is one for all.
+    UPDATE BILLING..tbPatientCharges
+    SET EntryDate = EntryDate
+    WHERE ChargeID = (SELECT MIN(f.ChargeID) FROM BILLING..tbPatientCharges AS f WHERE f.RefNum = @RefNum);
+
+    -- Whatever took the amount back counts as a reversal, whether it bears the line's quantity or another one.
     INSERT INTO BILLING..tbPatientCharges
         (HospNum, IdNum, PatientType, TransDate, RevenueID, RecordType, ItemID, Description, Quantity, Units, Amount,
          RefNum, UserID, RoomID, DoctorID, DoctorName, SourceDept, EntryDate)
-    SELECT c.HospNum, c.IdNum, @PatientType, @TransDate, c.RevenueID, @RecordType, c.ItemID, c.Description,
-           CASE WHEN @Quantity = '' THEN '' ELSE CONCAT('-', @Quantity) END, 0 - CAST(@Quantity AS float), 0 - @Amount,
-           c.RefNum, @UserID, @RoomID, c.DoctorID, c.DoctorName, c.SourceDept, GETDATE()
+    SELECT c.HospNum, c.IdNum, @PatientType, @TransDate, c.RevenueID, 'C', c.ItemID, c.Description,
+           CASE WHEN c.Quantity = '' THEN '' ELSE CONCAT('-', c.Quantity) END, 0 - c.Units, 0 - c.Amount, c.RefNum,
+           SUSER_SNAME(), @RoomID, c.DoctorID, c.DoctorName, c.SourceDept, GETDATE()
     FROM BILLING..tbPatientCharges AS c
-    WHERE @Amount > 0
-      AND c.ChargeID = (SELECT MIN(o.ChargeID) FROM BILLING..tbPatientCharges AS o
+    WHERE c.ChargeID = (SELECT MIN(o.ChargeID) FROM BILLING..tbPatientCharges AS o
                         WHERE o.IdNum = @IdNum AND o.HospNum = @HospNum AND o.RefNum = @RefNum AND o.ItemID = @ItemID
-                          AND o.RevenueID = @RevenueID AND o.RecordType = 'D' AND o.Amount = @Amount)
-      AND (SELECT SUM(CASE WHEN t.RecordType = 'D' THEN 1 ELSE -1 END) FROM BILLING..tbPatientCharges AS t
-           WHERE t.IdNum = @IdNum AND t.RefNum = @RefNum AND t.ItemID = @ItemID AND t.RevenueID = @RevenueID
-             AND ABS(t.Amount) = @Amount) > 0;
+                          AND o.RevenueID = @RevenueID AND o.RecordType = 'D' AND o.Amount = @Amount
+                          AND o.Quantity = @Quantity)
+      AND (SELECT SUM(CASE WHEN t.RecordType = 'D' AND t.Amount > 0 THEN 1 ELSE -1 END)
+           FROM BILLING..tbPatientCharges AS t
+           WHERE t.IdNum = c.IdNum AND t.HospNum = c.HospNum AND t.RefNum = c.RefNum AND t.ItemID = c.ItemID
+             AND t.RevenueID = c.RevenueID AND ABS(t.Amount) = c.Amount) > 0
+      AND (SELECT SUM(CASE WHEN t.RecordType = 'D' AND t.Amount > 0 THEN 1 ELSE -1 END)
+           FROM BILLING..tbPatientCharges AS t
+           WHERE t.IdNum = c.IdNum AND t.HospNum = c.HospNum AND t.RefNum = c.RefNum AND t.ItemID = c.ItemID
+             AND t.RevenueID = c.RevenueID AND ABS(t.Amount) = c.Amount AND ABS(t.Units) = ABS(c.Units)) > 0;
+
+    COMMIT TRANSACTION;
 END
 GO

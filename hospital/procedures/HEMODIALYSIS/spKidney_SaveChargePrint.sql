@@ -11,6 +11,8 @@ CREATE PROCEDURE dbo.spKidney_SaveChargePrint
 AS
 BEGIN
     SET NOCOUNT ON;
+    IF COALESCE(SUSER_SNAME(), '') = ''
+        THROW 50001, 'Nobody is signed on, so nothing was recorded. Sign on and try again.', 1;
 
     INSERT INTO Clinical_Area..tbEarCareChargePrint (ItemID, Amount, Quantity, RevenueID, Description, SlipKind)
     VALUES (@ItemID, @Amount, @Quantity, @RevenueID, @Description, 'R');

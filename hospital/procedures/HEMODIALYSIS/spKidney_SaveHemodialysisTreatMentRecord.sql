@@ -1,4 +1,5 @@
--- Keeps the record of one dialysis treatment. A record of the same admission or visit and the same request is replaced.
+-- Keeps the record of one dialysis treatment, in the name of the user who is signed on. A record of the same admission
+-- or visit and the same request is replaced, and kept as it was.
 USE HEMODIALYSIS;
 GO
 
@@ -209,7 +210,69 @@ CREATE PROCEDURE dbo.spKidney_SaveHemodialysisTreatMentRecord
 AS
 BEGIN
     SET NOCOUNT ON; SET XACT_ABORT ON;
+    IF COALESCE(SUSER_SNAME(), '') = ''
+        THROW 50001, 'Nobody is signed on, so nothing was recorded. Sign on and try again.', 1;
+    -- A record that names nobody is recorded for the user who is signed on.
+    IF COALESCE(@UserId, '') <> '' AND @UserId <> SUSER_SNAME()
+        THROW 50002, 'The entry names another user than the one who is signed on. Nothing was recorded.', 1;
     BEGIN TRANSACTION;
+
+    -- The record is held before it is copied: what somebody else saves at the same moment is kept as well.
+    UPDATE HEMODIALYSIS..tbHemodialysisResultEntry
+    SET UserId = UserId
+    WHERE IdNum = @IdNum AND RequestNum = @RequestNum;
+
+    INSERT INTO HEMODIALYSIS..tbHemodialysisResultHistory
+        (ReplacedBy, ReplacedDate, HospNum, IdNum, RequestNum, DialysisNumber, MachineNumber, PatientType,
+        ResultDate, UserId, HdStartTime, HdEndTime, DryWeight, WtPreHD, WtPostHD, PostHDRemarks,
+        HdNursePatient1, HdNursePatient2, HdNurseMachine1, HdNurseMachine2, UFV, BFR, DFR, Duration, Bath,
+        Heparin, TxParameters, DialyzerType, DialyzerUse, BloodLineUse, PhysiciansOrders, SignificantData,
+        Time1, Time2, Time3, Time4, Bfr1, Bfr2, Bfr3, Bfr4, AP1, AP2, AP3, AP4, VP1, VP2, VP3, VP4, TMP1, TMP2,
+        TMP3, TMP4, TIMETIME1, TIMETIME2, TIMETIME3, TIMETIME4, TIMETIME5, TIMETIME6, TIMETIME7, TIMETIME8,
+        TIMETIME9, TIMETIME10, BP1, BP2, BP3, BP4, BP5, BP6, BP7, BP8, BP9, BP10, CR1, CR2, CR3, CR4, CR5, CR6,
+        CR7, CR8, CR9, CR10, RR1, RR2, RR3, RR4, RR5, RR6, RR7, RR8, RR9, RR10, TEMP1, TEMP2, TEMP3, TEMP4,
+        TEMP5, TEMP6, TEMP7, TEMP8, TEMP9, TEMP10, Arrived, ArrAmbulatory, ArrWheelChair, ArrOther, ArrText,
+        GaitSteady, GaitAssisted, GaitOther, GaitText, LOCAlert, LOCConfused, LOCDrowsy, LOCStupor, LOCOthers,
+        LOCText, NVENone, NVEProminent, NVEOthers, NVEText, BreathingNormal, BreathingDyspneic, BreathingOthers,
+        BreathingText, LungsClear, LungsRales, LungsRalesText, LungsOthers, LungsText, HeartRhythRegular,
+        HeartRhythIrregular, HeartRhythOthers, HeartRhythText, EdemaNone, EdemaFaceEyes, EdemaAscites,
+        EdemaUpperExt, EdemaLowerExt, EdemaText, EmotionalAppropriate, EmotionalIndifferent, EmotionalOthers,
+        EmotionalText, SleepGood, SleepFair, SleepPoor, AppetiteGood, AppetiteFair, AppetitePoor,
+        AccessCondGood, AccessCondOthers, AccessCondText, ComplaintsNone, ComplaintsOthers, ComplaintsText,
+        PreDialysisNurse, SCCond, SCTemp, SCIntrlk, SCByPass, SCBleak, SCAirDTK, DialysateNa, DialysateBIC,
+        DialysateK, DialysateCa, DialysateDex, DialysateT, DialysateCond, Prime, Resid, ID1, ID2,
+        TreatmentUneventful, TreatmentEventful, IntraDialyticTime1, IntraDialyticTime2, IntraDialyticTime3,
+        IntraDialyticTime4, IntraDialyticTime5, IntraDialyticTime6, IntraDialyticEvent1, IntraDialyticEvent2,
+        IntraDialyticEvent3, IntraDialyticEvent4, IntraDialyticEvent5, IntraDialyticEvent6, PDEvalAccessCare,
+        PDEvalAccessText, PDEvalEPO, PDEvalEPOText, PDEvalPxCondFair, PDEvalPxCondOthers, PDEvalPxCondText,
+        PDEvalBreathNormal, PDEvalBreathDysp, PDEvalBreathOthers, PDEvalBreathText, PDEvalDischarge,
+        PDEvalDcrAmbulatory, PDEvalDcrWheel, PDEvalDcrOThers, PDEvalDcrText, PDEvalNurse)
+    SELECT SUSER_SNAME(), GETDATE(), HospNum, IdNum, RequestNum, DialysisNumber, MachineNumber, PatientType,
+        ResultDate, UserId, HdStartTime, HdEndTime, DryWeight, WtPreHD, WtPostHD, PostHDRemarks,
+        HdNursePatient1, HdNursePatient2, HdNurseMachine1, HdNurseMachine2, UFV, BFR, DFR, Duration, Bath,
+        Heparin, TxParameters, DialyzerType, DialyzerUse, BloodLineUse, PhysiciansOrders, SignificantData,
+        Time1, Time2, Time3, Time4, Bfr1, Bfr2, Bfr3, Bfr4, AP1, AP2, AP3, AP4, VP1, VP2, VP3, VP4, TMP1, TMP2,
+        TMP3, TMP4, TIMETIME1, TIMETIME2, TIMETIME3, TIMETIME4, TIMETIME5, TIMETIME6, TIMETIME7, TIMETIME8,
+        TIMETIME9, TIMETIME10, BP1, BP2, BP3, BP4, BP5, BP6, BP7, BP8, BP9, BP10, CR1, CR2, CR3, CR4, CR5, CR6,
+        CR7, CR8, CR9, CR10, RR1, RR2, RR3, RR4, RR5, RR6, RR7, RR8, RR9, RR10, TEMP1, TEMP2, TEMP3, TEMP4,
+        TEMP5, TEMP6, TEMP7, TEMP8, TEMP9, TEMP10, Arrived, ArrAmbulatory, ArrWheelChair, ArrOther, ArrText,
+        GaitSteady, GaitAssisted, GaitOther, GaitText, LOCAlert, LOCConfused, LOCDrowsy, LOCStupor, LOCOthers,
+        LOCText, NVENone, NVEProminent, NVEOthers, NVEText, BreathingNormal, BreathingDyspneic, BreathingOthers,
+        BreathingText, LungsClear, LungsRales, LungsRalesText, LungsOthers, LungsText, HeartRhythRegular,
+        HeartRhythIrregular, HeartRhythOthers, HeartRhythText, EdemaNone, EdemaFaceEyes, EdemaAscites,
+        EdemaUpperExt, EdemaLowerExt, EdemaText, EmotionalAppropriate, EmotionalIndifferent, EmotionalOthers,
+        EmotionalText, SleepGood, SleepFair, SleepPoor, AppetiteGood, AppetiteFair, AppetitePoor,
+        AccessCondGood, AccessCondOthers, AccessCondText, ComplaintsNone, ComplaintsOthers, ComplaintsText,
+        PreDialysisNurse, SCCond, SCTemp, SCIntrlk, SCByPass, SCBleak, SCAirDTK, DialysateNa, DialysateBIC,
+        DialysateK, DialysateCa, DialysateDex, DialysateT, DialysateCond, Prime, Resid, ID1, ID2,
+        TreatmentUneventful, TreatmentEventful, IntraDialyticTime1, IntraDialyticTime2, IntraDialyticTime3,
+        IntraDialyticTime4, IntraDialyticTime5, IntraDialyticTime6, IntraDialyticEvent1, IntraDialyticEvent2,
+        IntraDialyticEvent3, IntraDialyticEvent4, IntraDialyticEvent5, IntraDialyticEvent6, PDEvalAccessCare,
+        PDEvalAccessText, PDEvalEPO, PDEvalEPOText, PDEvalPxCondFair, PDEvalPxCondOthers, PDEvalPxCondText,
+        PDEvalBreathNormal, PDEvalBreathDysp, PDEvalBreathOthers, PDEvalBreathText, PDEvalDischarge,
+        PDEvalDcrAmbulatory, PDEvalDcrWheel, PDEvalDcrOThers, PDEvalDcrText, PDEvalNurse
+    FROM HEMODIALYSIS..tbHemodialysisResultEntry
+    WHERE IdNum = @IdNum AND RequestNum = @RequestNum;
 
     DELETE FROM HEMODIALYSIS..tbHemodialysisResultEntry
     WHERE IdNum = @IdNum AND RequestNum = @RequestNum;
@@ -240,8 +303,8 @@ BEGIN
         PDEvalBreathOthers, PDEvalBreathText, PDEvalDischarge, PDEvalDcrAmbulatory, PDEvalDcrWheel,
         PDEvalDcrOThers, PDEvalDcrText, PDEvalNurse)
     VALUES
-        (@HospNum, @IdNum, @RequestNum, @DialysisNumber, @MachineNumber, @PatientType, @ResultDate, @UserId,
-        @HdStartTime, @HdEndTime, @DryWeight, @WtPreHD, @WtPostHD, @PostHDRemarks, @HdNursePatient1,
+        (@HospNum, @IdNum, @RequestNum, @DialysisNumber, @MachineNumber, @PatientType, @ResultDate,
+        SUSER_SNAME(), @HdStartTime, @HdEndTime, @DryWeight, @WtPreHD, @WtPostHD, @PostHDRemarks, @HdNursePatient1,
         @HdNursePatient2, @HdNurseMachine1, @HdNurseMachine2, @UFV, @BFR, @DFR, @Duration, @Bath, @Heparin,
         @TxParameters, @DialyzerType, @DialyzerUse, @BloodLineUse, @PhysiciansOrders, @SignificantData, @Time1,
         @Time2, @Time3, @Time4, @Bfr1, @Bfr2, @Bfr3, @Bfr4, @AP1, @AP2, @AP3, @AP4, @VP1, @VP2, @VP3, @VP4,

@@ -1,5 +1,6 @@
--- Corrects the record of one walk-in and leaves a trace of it. An empty birth date is none; so is a civil status
--- that is no code of the list (6 stands for its empty entry, -1 for no entry). An unknown number changes nothing.
+-- Corrects the record of one walk-in, keeps the record as it was, and leaves a trace of who did it. An empty birth date
+-- is none; so is a civil status that is no code of the list (6 stands for its empty entry, -1 for no entry). An unknown
+-- number changes nothing.
 USE PATIENT_DATA;
 GO
 
@@ -18,7 +19,22 @@ CREATE PROCEDURE dbo.spGlobal_UpdateWalkIn
 AS
 BEGIN
     SET NOCOUNT ON; SET XACT_ABORT ON;
+    IF COALESCE(SUSER_SNAME(), '') = ''
+        THROW 50001, 'Nobody is signed on, so nothing was recorded. Sign on and try again.', 1;
     BEGIN TRANSACTION;
+
+    -- The record is held before it is copied: what another clerk corrects at the same moment is kept as well.
+    UPDATE PATIENT_DATA..tbwalkin
+    SET Age = Age
+    WHERE HospNum = @HospNum;
+
+    INSERT INTO PATIENT_DATA..tbWalkInHistory
+        (ReplacedBy, ReplacedDate, HospNum, LastName, FirstName, MiddleName, Sex, BirthDate, Age, CivilStatusID,
+         HouseStreet, Barangay, ZipCode, RegDate, RegisteredBy)
+    SELECT SUSER_SNAME(), GETDATE(), w.HospNum, w.LastName, w.FirstName, w.MiddleName, w.Sex, w.BirthDate, w.Age,
+           w.CivilStatusID, w.HouseStreet, w.Barangay, w.ZipCode, w.RegDate, w.RegisteredBy
+    FROM PATIENT_DATA..tbwalkin AS w
+    WHERE w.HospNum = @HospNum;
 
     UPDATE PATIENT_DATA..tbwalkin
     SET LastName = @LastName,
@@ -33,8 +49,8 @@ BEGIN
         ZipCode = @ZipCode
     WHERE HospNum = @HospNum;
 
-    INSERT INTO BILLING..tbAuditTrail (AuditDate, Event, HospNum)
-    SELECT GETDATE(), 'WALK-IN UPDATE', w.HospNum
+    INSERT INTO BILLING..tbAuditTrail (AuditDate, Event, HospNum, UserID)
+    SELECT GETDATE(), 'WALK-IN UPDATE', w.HospNum, SUSER_SNAME()
     FROM PATIENT_DATA..tbwalkin AS w
     WHERE w.HospNum = @HospNum;
 

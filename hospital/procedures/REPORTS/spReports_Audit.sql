@@ -1,7 +1,7 @@
 -- What the unit's users did in the days from @Start to @End, by user and time: charges posted and cancelled,
 -- assessments made and revoked, charge slips printed again. OnAccount is the amount that an act put on a patient's
--- account, AtCashier the amount that it asked for at the cashier; what was taken back is negative. Revokes and re-prints
--- come without their user.
+-- account, AtCashier the amount that it asked for at the cashier; what was taken back is negative. An act whose user was
+-- not recorded comes last.
 USE REPORTS;
 GO
 
@@ -33,7 +33,7 @@ BEGIN
         FROM BILLING..tbCashAssessment AS a
         WHERE a.TransDate >= @Start AND a.TransDate < DATEADD(day, 1, @End) AND a.DeptCode = 'HC'
         UNION ALL
-        SELECT '', a.RevokeDate, 3, a.AssessNum, 'Revoked', COALESCE(a.RefNum, ''), a.Name, a.Revenueid, a.ItemID,
+        SELECT COALESCE(a.RevokedBy, ''), a.RevokeDate, 3, a.AssessNum, 'Revoked', COALESCE(a.RefNum, ''), a.Name, a.Revenueid, a.ItemID,
                a.Description, a.Quantity, CAST(NULL AS money), 0 - a.Amount
         FROM BILLING..tbCashAssessment AS a
         WHERE a.RevokeDate >= @Start AND a.RevokeDate < DATEADD(day, 1, @End) AND a.DeptCode = 'HC'

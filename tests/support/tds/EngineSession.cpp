@@ -71,9 +71,11 @@ void AnswerFromEngine(EmbeddedGateway& hospital, const QString& batch, TdsAnswer
 
 } // namespace
 
-std::function<TdsResponder::Handler()> EngineSessions(const QString& path) {
-    return [path]() -> TdsResponder::Handler {
-        return [hospital = std::make_shared<EmbeddedGateway>(path)](const QString& batch, TdsAnswer& answer) {
+TdsResponder::NewSession EngineSessions(const QString& path) {
+    return [path](const TdsLogin& login) -> TdsResponder::Handler {
+        auto hospital = std::make_shared<EmbeddedGateway>(path);
+        hospital->SetSessionUser(login.user);
+        return [hospital](const QString& batch, TdsAnswer& answer) {
             AnswerFromEngine(*hospital, batch, answer);
         };
     };

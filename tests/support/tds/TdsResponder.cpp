@@ -75,6 +75,9 @@ int ListenOnLoopback() {
 } // namespace
 
 TdsResponder::TdsResponder(std::function<Handler()> newSession)
+    : TdsResponder([newSession = std::move(newSession)](const TdsLogin&) { return newSession(); }) {}
+
+TdsResponder::TdsResponder(NewSession newSession)
     : mNewSession(std::move(newSession))
     , mListener(ListenOnLoopback())
     , mPort(PortOf(mListener))
@@ -161,8 +164,8 @@ void TdsResponder::Listen() {
 
 void TdsResponder::Serve(TdsConnection& connection) {
     try {
-        if (LogIn(connection)) {
-            const Handler handler = mNewSession();
+        if (const auto login = LogIn(connection)) {
+            const Handler handler = mNewSession(*login);
             while (true)
                 AnswerBatch(connection, handler, connection.Receive());
         }
@@ -174,7 +177,7 @@ void TdsResponder::Serve(TdsConnection& connection) {
     connection.Shut();
 }
 
-bool TdsResponder::LogIn(TdsConnection& connection) {
+std::optional<TdsLogin> TdsResponder::LogIn(TdsConnection& connection) {
     TdsMessage message = connection.Receive();
     if (message.Is(TdsPacket::PreLogin)) {
         connection.Send(PreLoginReply(), true);
@@ -194,7 +197,7 @@ bool TdsResponder::LogIn(TdsConnection& connection) {
         answer.Error(18456, u"Login failed for user '%1'."_s.arg(login.user), 14);
     }
     connection.Send(answer.Finish(), true);
-    return admitted;
+    return admitted ? std::optional(login) : std::nullopt;
 }
 
 void TdsResponder::AnswerBatch(TdsConnection& connection, const Handler& handler, const TdsMessage& message) {

@@ -9,6 +9,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -20,7 +21,12 @@ class TdsResponder {
     /// Answers one batch. It runs in a thread of its own for each connection.
     using Handler = std::function<void(const QString& batch, TdsAnswer& answer)>;
 
-    /// Listens, and answers every session with a handler that is made in the session's thread.
+    /// Makes the handler of one session, in the session's thread.
+    using NewSession = std::function<Handler(const TdsLogin& login)>;
+
+    /// Listens, and answers every session with a handler of its own.
+    explicit TdsResponder(NewSession newSession);
+    /// The same where the login plays no part.
     explicit TdsResponder(std::function<Handler()> newSession);
     TdsResponder(const TdsResponder&) = delete;
     TdsResponder& operator=(const TdsResponder&) = delete;
@@ -46,10 +52,10 @@ class TdsResponder {
     void Listen();
     void Keep(const QString& problem);
     void Serve(TdsConnection& connection);
-    bool LogIn(TdsConnection& connection);
+    std::optional<TdsLogin> LogIn(TdsConnection& connection);
     void AnswerBatch(TdsConnection& connection, const Handler& handler, const TdsMessage& message);
 
-    std::function<Handler()> mNewSession;
+    NewSession mNewSession;
     int mListener = -1;
     int mPort = 0;
     mutable std::mutex mMutex;
