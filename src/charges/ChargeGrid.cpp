@@ -160,6 +160,7 @@ void ChargeGrid::HideEditor() {
         grdTable->setFocus();
     }
     txtEntry->hide();
+    grdTable->Uncover(txtEntry->geometry().translated(-grdTable->pos()));
     mEditorRow = 0;
     mEditorCol = 0;
     grdTable->setFocusPolicy(Qt::TabFocus);
@@ -207,10 +208,13 @@ void ChargeGrid::PlaceEditor() {
     if (mEditorRow == 0)
         return;
     const QRect cell = grdTable->CellRect(mEditorRow, mEditorCol);
+    const QRect before = txtEntry->geometry();
     const bool inSight = grdTable->viewport()->geometry().contains(cell.center());
     // A cell that was scrolled away takes the editor out of sight, but keeps it in use.
     txtEntry->setGeometry(inSight ? cell.translated(grdTable->pos())
                                   : QRect(QPoint(-2 * cell.width(), 0), cell.size()));
+    if (txtEntry->geometry() != before)
+        grdTable->Uncover(before.translated(-grdTable->pos()));
 }
 
 void ChargeGrid::grdTable_RowColChange() {

@@ -106,6 +106,8 @@ void frmRates::cmdSearch_Click() {
 void frmRates::ShowRates(const clsRevenueCode& centre) {
     if (centre.WithItems() != u"Y"_s) {
         grdRates->Cells().Clear();
+        // The frame would go on naming the centre before.
+        fraList->setTitle({});
         MsgBox({.text = centre.Revenue() + u" does not have items."_s, .icon = MsgIcon::Exclamation});
         return;
     }

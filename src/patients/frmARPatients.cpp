@@ -29,7 +29,9 @@ constexpr QStringView kFormat =
     u"Hospital Num | Adm. Num | Patient Name | Billing Date | Charging Status | Discharge Date ";
 constexpr std::array kColumnWidths = {100, 1200, 1200, 3000, 1800};
 constexpr int kLastColumn = 5;
-constexpr QSize kListSize(10500, 3600);
+/// The field behind the last heading shows under its own name, for which the usual width is too narrow.
+constexpr int kUnheadedColumn = 6;
+constexpr QSize kListSize(11600, 3600);
 
 } // namespace
 
@@ -99,7 +101,8 @@ void frmARPatients::PutUpGrid() {
     grdTable->Cells().SetFormatString(kFormat.toString());
     for (size_t col = 0; col < kColumnWidths.size(); ++col)
         grdTable->SetColWidth(int(col), kColumnWidths[col]);
-    grdTable->SetColWidth(kLastColumn, 1800);
+    for (const int col : {kLastColumn, kUnheadedColumn})
+        grdTable->SetColWidth(col, 1800);
 }
 
 void frmARPatients::txtSearch_KeyPress(int& keyAscii) {

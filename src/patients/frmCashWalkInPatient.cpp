@@ -11,8 +11,8 @@
 #include "text/ToText.h"
 #include "text/Trim.h"
 #include "toolkit/Controls.h"
+#include "toolkit/DatePicker.h"
 #include "toolkit/Keys.h"
-#include "toolkit/MaskedEdit.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/Screens.h"
 #include "toolkit/SendKeys.h"
@@ -114,8 +114,7 @@ void frmCashWalkInPatient::MakeControls() {
     txtInfo[Info::kLastName]->setMinimumWidth(TwipsToPixels(kBoxWidth));
     txtInfo[Info::kAge]->setMaxLength(kAgeLength);
     txtInfo[Info::kAge]->setMaximumWidth(TwipsToPixels(kDateWidth));
-    mskBirth = new MaskedEdit(u"##/##/####"_s, this);
-    mskBirth->setObjectName(u"mskBirth"_s);
+    mskBirth = NewDatePicker(u"mskBirth"_s, this);
     mskBirth->setMaximumWidth(TwipsToPixels(kDateWidth));
     cmdTown = NewCodePicker(u"cmdTown"_s, u"Pick the town"_s, this);
     cmdCivil = NewCodePicker(u"cmdCivil"_s, u"Pick the civil status"_s, this);

@@ -6,7 +6,7 @@
 
 #include <array>
 
-class MaskedEdit;
+class DatePicker;
 class QComboBox;
 class QLineEdit;
 class QPushButton;
@@ -41,7 +41,7 @@ class frmCashWalkInPatient : public Form {
 
     /// 0 last name, 1 first name, 2 middle name, 3 age, 4 street, 5 barangay, 6 town, 7 civil status.
     std::array<QLineEdit*, 8> txtInfo;
-    MaskedEdit* mskBirth;
+    DatePicker* mskBirth;
     QPushButton* cmdTown;
     QPushButton* cmdCivil;
     QComboBox* cboSex;

@@ -220,8 +220,10 @@ QString frmWalkInUpdate::BirthDateText() const {
 }
 
 void frmWalkInUpdate::cmdSave_Click() {
-    // Pressed by its key the button leaves the focus in the picker, and the age has to go with the date.
-    dtpBirthDate->TakeKeyed();
+    // Pressed by its key the button leaves the focus in the picker, and the age has to go with the date. A
+    // text that is no date is not sent, and no other date goes in its place.
+    if (!dtpBirthDate->TakeKeyed())
+        return;
     const WalkInEntry entry{.lastName = txtLastName->text(),
                             .firstName = txtFirstName->text(),
                             .middleName = txtMiddleName->text(),

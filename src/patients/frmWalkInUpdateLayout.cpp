@@ -84,8 +84,7 @@ void frmWalkInUpdate::MakeRecordControls(QWidget* page) {
     txtLastName = NewTextBox(u"txtLastName"_s, page);
     txtFirstName = NewTextBox(u"txtFirstName"_s, page);
     txtMiddleName = NewTextBox(u"txtMiddleName"_s, page);
-    dtpBirthDate = new DatePicker(page);
-    dtpBirthDate->setObjectName(u"dtpBirthDate"_s);
+    dtpBirthDate = NewDatePicker(u"dtpBirthDate"_s, page);
     txtAge = NewTextBox(u"txtAge"_s, page);
     cmbSex = NewCombo(u"cmbSex"_s, {}, page);
     cmbCivil = NewCombo(u"cmbCivil"_s, {}, page);

@@ -21,7 +21,10 @@ constexpr int kGap = 12;
 constexpr int kScrollStep = 24;
 constexpr double kPointsPerInch = 72;
 constexpr double kWheelZoom = 1.1;
-constexpr QColor kFoundColor(0xff, 0xd5, 0x4f, 0x90);
+/// So light that what is printed in grey can still be read on it.
+constexpr QColor kFoundColor(0xff, 0xe2, 0x82);
+/// Round it, seen on white paper and on a dark cell alike.
+constexpr QColor kFoundEdgeColor(0xc7, 0x77, 0x00);
 constexpr QColor kEdgeColor(0xb4, 0xbd, 0xc6);
 
 } // namespace
@@ -176,8 +179,19 @@ void PageView::PaintPage(QPainter& painter, int page) const {
     painter.scale(mScale, mScale);
     mDocument->PaintPage(painter, page);
     if (mFound && mFound->position.page == page)
-        painter.fillRect(mFound->box, kFoundColor);
+        PaintFound(painter);
     painter.restore();
+}
+
+/// The mark dyes the paper and leaves the ink, as if it lay beneath the text, and on a filled cell too.
+void PageView::PaintFound(QPainter& painter) const {
+    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
+    painter.fillRect(mFound->box, kFoundColor);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    // The page leaves its last fill behind.
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(kFoundEdgeColor, 1));
+    painter.drawRect(mFound->box.adjusted(-1, -1, 1, 1));
 }
 
 void PageView::resizeEvent(QResizeEvent* event) {

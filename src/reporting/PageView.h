@@ -60,6 +60,7 @@ class PageView : public QAbstractScrollArea {
     int PageAt(int y) const;
     void SetCurrentPage(int page);
     void PaintPage(QPainter& painter, int page) const;
+    void PaintFound(QPainter& painter) const;
 
     std::shared_ptr<const ReportDocument> mDocument;
     Fit mFit = Fit::Width;

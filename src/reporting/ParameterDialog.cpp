@@ -4,6 +4,7 @@
 #include "text/IsNumeric.h"
 #include "text/RunTimeError.h"
 #include "toolkit/Controls.h"
+#include "toolkit/DatePicker.h"
 #include "toolkit/ShowModal.h"
 
 #include <QDialogButtonBox>
@@ -18,8 +19,6 @@ namespace {
 
 QString HintOf(FieldValueType type) {
     switch (type) {
-    case FieldValueType::Date:
-        return u"mm/dd/yyyy"_s;
     case FieldValueType::DateTime:
         return u"mm/dd/yyyy hh:mm AM/PM"_s;
     case FieldValueType::Number:
@@ -27,6 +26,26 @@ QString HintOf(FieldValueType type) {
     default:
         return {};
     }
+}
+
+QLineEdit* NewBox(const ParameterField& field, QWidget* parent) {
+    const QString name = u"txt"_s + field.Name();
+    if (field.ValueType() == FieldValueType::Date)
+        return NewDatePicker(name, parent);
+    QLineEdit* box = NewTextBox(name, parent);
+    box->setPlaceholderText(HintOf(field.ValueType()));
+    return box;
+}
+
+bool HoldsADate(QLineEdit& box) {
+    if (auto* picker = qobject_cast<DatePicker*>(&box))
+        return picker->TakeKeyed() && picker->Value();
+    return IsDate(box.text());
+}
+
+Value DateIn(const QLineEdit& box) {
+    const auto* picker = qobject_cast<const DatePicker*>(&box);
+    return picker ? Value(*picker->Value()) : Value(Value(box.text()).ToDate());
 }
 
 } // namespace
@@ -39,8 +58,7 @@ ParameterDialog::ParameterDialog(std::vector<ParameterField*> fields, QWidget* p
     auto* column = new QVBoxLayout(this);
     auto* grid = new QGridLayout;
     for (ParameterField* field : fields) {
-        QLineEdit* box = NewTextBox(u"txt"_s + field->Name(), this);
-        box->setPlaceholderText(HintOf(field->ValueType()));
+        QLineEdit* box = NewBox(*field, this);
         AddLabelled(*grid, grid->rowCount(), 0, field->Prompt(), box);
         mBoxes.emplace_back(field, box);
     }
@@ -56,7 +74,7 @@ ParameterDialog::ParameterDialog(std::vector<ParameterField*> fields, QWidget* p
 
 void ParameterDialog::accept() {
     for (const auto& [field, box] : mBoxes) {
-        if (field->TakesDates() && !IsDate(box->text()))
+        if (field->TakesDates() && !HoldsADate(*box))
             return Refuse(box, u"Please enter a date such as 12/31/2026."_s);
         if (field->ValueType() == FieldValueType::Number && !IsNumeric(box->text()))
             return Refuse(box, u"Please enter a number."_s);
@@ -64,7 +82,7 @@ void ParameterDialog::accept() {
     for (const auto& [field, box] : mBoxes) {
         const Value typed(box->text());
         if (field->TakesDates())
-            field->SetCurrentValue(typed.ToDate());
+            field->SetCurrentValue(DateIn(*box));
         else if (field->ValueType() == FieldValueType::Number)
             field->SetCurrentValue(typed.ToDouble());
         else

@@ -5,12 +5,12 @@
 #include "text/Clock.h"
 #include "text/Format.h"
 #include "toolkit/Controls.h"
+#include "toolkit/DatePicker.h"
 #include "toolkit/Look.h"
 #include "toolkit/MousePointer.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/ProgramFiles.h"
 
-#include <QDateEdit>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -33,21 +33,16 @@ enum ReportNumber {
     kOutCompany = 8
 };
 
-QDateEdit* NewDatePicker(const QString& name, QWidget* parent) {
-    auto* picker = new QDateEdit(parent);
-    picker->setObjectName(name);
-    picker->setDisplayFormat(u"MM/dd/yyyy"_s);
-    picker->setCalendarPopup(true);
-    // The days that the server knows; a report asks for the day behind the last one, too.
-    picker->setDateRange(QDate(1753, 1, 1), QDate(9998, 12, 31));
+DatePicker* NewDayPicker(const QString& name, QWidget* parent) {
+    DatePicker* picker = NewDatePicker(name, parent);
+    picker->SetRequired();
+    // A report asks for the day behind the last one, too.
+    picker->SetLastDay(*DateTime::FromFields({.year = 9998, .month = 12, .day = 31}));
     return picker;
 }
 
-QString DateText(const QDateEdit& picker) {
-    const QDate day = picker.date();
-    return Format(
-        DateTime::FromFields({.year = day.year(), .month = day.month(), .day = day.day(), .hour = 0}).value(),
-        u"mm/dd/yyyy");
+QString DateText(const DatePicker& picker) {
+    return Format(picker.Value().value(), u"mm/dd/yyyy");
 }
 
 /// The values are let go before the report shows, which may stand for hours.
@@ -78,8 +73,8 @@ void frmReportRange::Layout() {
 
 QGroupBox* frmReportRange::LayoutRange() {
     QGroupBox* frame1 = NewFrame(u"Frame1"_s, u"Select Range"_s, this);
-    dtpStartDate = NewDatePicker(u"dtpStartDate"_s, frame1);
-    dtpEndDate = NewDatePicker(u"dtpEndDate"_s, frame1);
+    dtpStartDate = NewDayPicker(u"dtpStartDate"_s, frame1);
+    dtpEndDate = NewDayPicker(u"dtpEndDate"_s, frame1);
     auto* grid = new QGridLayout(frame1);
     AddLabelled(*grid, 0, 0, u"Start Date"_s, dtpStartDate);
     AddLabelled(*grid, 1, 0, u"End Date"_s, dtpEndDate);
@@ -105,14 +100,15 @@ void frmReportRange::Form_Load() {
         setWindowTitle(u"Audit Report"_s);
     else if (storedType == kIncome)
         setWindowTitle(u"Income Report"_s);
-    const DateTime::Fields now = Now().ToFields();
-    const QDate today(now.year, now.month, now.day);
-    dtpStartDate->setDate(today);
-    dtpEndDate->setDate(today);
+    dtpStartDate->SetValue(Today());
+    dtpEndDate->SetValue(Today());
 }
 
 void frmReportRange::cmdView_Click() {
-    if (dtpStartDate->date() > dtpEndDate->date()) {
+    // A report for other days than those shown would pass for the right one.
+    if (!dtpStartDate->TakeKeyed() || !dtpEndDate->TakeKeyed())
+        return;
+    if (dtpStartDate->Value() > dtpEndDate->Value()) {
         // Kept: equal days pass, whatever the wording says.
         MsgBox({.text = u"End date must be greater than start date."_s, .icon = MsgIcon::Exclamation});
         return;

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-class QDateEdit;
+class DatePicker;
 class QGroupBox;
 class QHBoxLayout;
 class QPushButton;
@@ -50,8 +50,8 @@ class frmReportRange : public Form {
 
     inline static int storedType = 0;
 
-    QDateEdit* dtpStartDate;
-    QDateEdit* dtpEndDate;
+    DatePicker* dtpStartDate;
+    DatePicker* dtpEndDate;
     QPushButton* cmdView;
     QPushButton* cmdClose;
     /// Both days as the report takes them, "mm/dd/yyyy".

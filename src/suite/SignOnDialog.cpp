@@ -142,11 +142,20 @@ void SignOnDialog::ForgetPassword() {
 void SignOnDialog::cmbDataSource_Change() {
     lblHint->setText(Source().Hint());
     cmdMakeAnew->setVisible(Source().CanBeMadeAnew());
+    if (isVisible())
+        MakeRoom();
 }
 
 void SignOnDialog::ShowProblem(const QString& text) {
     lblProblem->setText(text);
     lblProblem->setVisible(!text.isEmpty());
+    MakeRoom();
+}
+
+/// A window does not grow by itself with lines that wrap; it would cut them.
+void SignOnDialog::MakeRoom() {
+    layout()->activate();
+    setMinimumHeight(layout()->totalHeightForWidth(width()));
 }
 
 void SignOnDialog::cmdOK_Click() {

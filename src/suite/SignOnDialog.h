@@ -54,6 +54,7 @@ class SignOnDialog : public QDialog {
     void Refuse(const QString& reason);
     void ForgetPassword();
     void ShowProblem(const QString& text);
+    void MakeRoom();
 
     std::span<const std::unique_ptr<DataSource>> mSources;
     QString mDeptCode;

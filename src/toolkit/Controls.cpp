@@ -1,7 +1,9 @@
 #include "toolkit/Controls.h"
 
 #include "text/RunTimeError.h"
+#include "toolkit/DatePicker.h"
 #include "toolkit/FlexGrid.h"
+#include "toolkit/TextBox.h"
 #include "toolkit/Twips.h"
 
 #include <QComboBox>
@@ -9,7 +11,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -21,9 +22,15 @@ constexpr int kPickerWidth = 500;
 } // namespace
 
 QLineEdit* NewTextBox(const QString& name, QWidget* parent) {
-    auto* box = new QLineEdit(parent);
+    auto* box = new TextBox(parent);
     box->setObjectName(name);
     return box;
+}
+
+DatePicker* NewDatePicker(const QString& name, QWidget* parent) {
+    auto* picker = new DatePicker(parent);
+    picker->setObjectName(name);
+    return picker;
 }
 
 QLineEdit* NewShownBox(const QString& name, QWidget* parent) {

@@ -3,6 +3,7 @@
 #include <QList>
 #include <QStringList>
 
+class DatePicker;
 class FlexGrid;
 class QComboBox;
 class QGridLayout;
@@ -19,6 +20,9 @@ class QWidget;
 
 /// A text box by its name.
 QLineEdit* NewTextBox(const QString& name, QWidget* parent);
+
+/// A box for a date.
+DatePicker* NewDatePicker(const QString& name, QWidget* parent);
 
 /// A box that shows what the program fills in and the clerk does not type.
 QLineEdit* NewShownBox(const QString& name, QWidget* parent);

@@ -111,12 +111,21 @@ void FlexCells::SetTextMatrix(int row, int col, const QString& text) {
     CheckCol(col);
     OwnTexts();
     mTexts[At(row, col)] = text;
+    mIsFilled = mIsFilled || !text.isEmpty();
     if (row == 0)
         Q_EMIT headerDataChanged(Qt::Horizontal, qMax(col - 1, 0), qMax(col - 1, 0));
     else if (col == 0)
         Q_EMIT headerDataChanged(Qt::Vertical, row - 1, row - 1);
     else
         Q_EMIT dataChanged(index(row - 1, col - 1), index(row - 1, col - 1));
+}
+
+bool FlexCells::IsBlank(int row) const {
+    for (int col = 1; col < mCols; ++col) {
+        if (!TextMatrix(row, col).isEmpty())
+            return false;
+    }
+    return true;
 }
 
 void FlexCells::OwnTexts() {
@@ -135,6 +144,7 @@ void FlexCells::OwnTexts() {
 void FlexCells::Clear() {
     beginResetModel();
     mBound.reset();
+    mIsFilled = false;
     mTexts.assign(size_t(mRows) * size_t(mCols), QString());
     endResetModel();
 }
@@ -146,6 +156,7 @@ void FlexCells::Bind(std::shared_ptr<const RowData> rows) {
     mColumns.resize(size_t(mCols));
     mTexts.clear();
     mBound = std::move(rows);
+    mIsFilled = true;
     mRow = qMin(1, mRows - 1);
     mCol = qMin(1, mCols - 1);
     endResetModel();

@@ -52,6 +52,11 @@ class FlexCells : public QAbstractTableModel {
     /// Sets the current cell's text.
     void SetText(const QString& text) { SetTextMatrix(mRow, mCol, text); }
 
+    /// Whether nobody has filled the grid since it was made or emptied: no cell and no header has a text.
+    bool IsUnfilled() const { return !mIsFilled; }
+    /// Whether no cell of the row has a text.
+    bool IsBlank(int row) const;
+
     /// Empties every cell, the headers too; sizes stay.
     void Clear();
     /// Shows the rows of a result: one column more than it has fields, one row more than it has rows, the
@@ -103,5 +108,6 @@ class FlexCells : public QAbstractTableModel {
     int mCol = 1;
     std::vector<QString> mTexts;
     std::shared_ptr<const RowData> mBound;
+    bool mIsFilled = false;
     std::vector<Column> mColumns;
 };

@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QStyledItemDelegate>
 
 namespace {
 
@@ -12,12 +13,29 @@ namespace {
 constexpr int kDefaultWidth = 960;
 constexpr int kRowPadding = 6;
 
+/// Leaves the mark away from a blank row, on which there is nothing to pick.
+class BlankRowDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const auto* grid = static_cast<const FlexGrid*>(parent());
+        const bool isMarked = (option->state & QStyle::State_Selected) != 0;
+        if (isMarked && grid->selectionBehavior() == QAbstractItemView::SelectRows &&
+            grid->Cells().IsBlank(index.row() + 1))
+            option->state &= ~(QStyle::State_Selected | QStyle::State_HasFocus);
+    }
+};
+
 } // namespace
 
 FlexGrid::FlexGrid(QWidget* parent)
     : ClickTable(parent)
     , mCells(new FlexCells(this)) {
     setModel(mCells);
+    setItemDelegate(new BlankRowDelegate(this));
     setSelectionBehavior(QAbstractItemView::SelectItems);
     setFocusPolicy(Qt::TabFocus);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -35,6 +53,8 @@ FlexGrid::FlexGrid(QWidget* parent)
     // focus.
     connect(mCells, &QAbstractItemModel::modelReset, this, &FlexGrid::FollowCells);
     connect(mCells, &FlexCells::CurrentMoved, this, &FlexGrid::FollowCells);
+    connect(mCells, &QAbstractItemModel::headerDataChanged, this, &FlexGrid::ShowHeaders);
+    connect(mCells, &QAbstractItemModel::dataChanged, this, &FlexGrid::ShowHeaders);
     ApplyWidths();
     FollowCells();
 }
@@ -51,15 +71,20 @@ int FlexGrid::ColWidth(int col) const {
 }
 
 void FlexGrid::ApplyWidths() {
-    const int fixedWidth = TwipsToPixels(ColWidth(0));
-    verticalHeader()->setVisible(fixedWidth > 0);
-    verticalHeader()->setFixedWidth(fixedWidth);
+    verticalHeader()->setFixedWidth(TwipsToPixels(ColWidth(0)));
+    ShowHeaders();
     for (int col = 1; col < mCells->Cols(); ++col) {
         const int width = TwipsToPixels(ColWidth(col));
         setColumnHidden(col - 1, width == 0);
         if (width > 0)
             setColumnWidth(col - 1, width);
     }
+}
+
+void FlexGrid::ShowHeaders() {
+    const bool isUnfilled = mCells->IsUnfilled();
+    horizontalHeader()->setVisible(!isUnfilled);
+    verticalHeader()->setVisible(!isUnfilled && ColWidth(0) > 0);
 }
 
 int FlexGrid::TopRow() const {
@@ -81,6 +106,15 @@ void FlexGrid::SetRedraw(bool on) {
 
 bool FlexGrid::Redraw() const {
     return viewport()->updatesEnabled();
+}
+
+void FlexGrid::Uncover(const QRect& part) {
+    if (Redraw())
+        return;
+    // Not by setUpdatesEnabled, which would paint the whole grid.
+    viewport()->setAttribute(Qt::WA_UpdatesDisabled, false);
+    viewport()->repaint(part.translated(-viewport()->pos()));
+    viewport()->setAttribute(Qt::WA_UpdatesDisabled);
 }
 
 void FlexGrid::SetRowSelect(bool whole) {
@@ -137,4 +171,9 @@ void FlexGrid::mousePressEvent(QMouseEvent* event) {
 void FlexGrid::mouseMoveEvent(QMouseEvent* event) {
     // Dragging over the grid would walk the current cell through it; a click means one cell.
     event->accept();
+}
+
+void FlexGrid::paintEvent(QPaintEvent* event) {
+    if (!mCells->IsUnfilled())
+        ClickTable::paintEvent(event);
 }

@@ -5,6 +5,9 @@
 
 /// The grid control: the view of a FlexCells, moved by code or by the clerk.
 ///
+/// A grid that nobody has filled yet looks empty, whatever its size, and in a list from which a row is picked
+/// a blank row bears no mark.
+///
 /// Moves by the clerk (mouse, arrow keys) raise LeaveCell, EnterCell and RowColChange in this order; moves by
 /// code raise none of them, since the code calls what it needs by name. A click takes the focus first, then
 /// moves, then raises GotFocus unless a handler has passed the focus on, and Click when the button goes up.
@@ -33,6 +36,9 @@ class FlexGrid : public ClickTable {
     void SetRedraw(bool on);
     /// Whether changes show at once.
     bool Redraw() const;
+    /// Paints a part anew though redraw is off, in this control's own coordinates. For what lay over it and
+    /// has gone: it would stand there as a ghost.
+    void Uncover(const QRect& part);
     /// Marks the whole current row instead of one cell, for lists from which a row is picked.
     void SetRowSelect(bool whole);
 
@@ -49,10 +55,12 @@ class FlexGrid : public ClickTable {
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     void FollowCells();
     void ApplyWidths();
+    void ShowHeaders();
     void StepOutOfHiddenColumn();
 
     FlexCells* mCells;

@@ -56,6 +56,18 @@ class KeyFilter : public QObject {
     void Add(KeyPressHandler handler) { mPressHandlers.push_back(std::move(handler)); }
     void Add(KeyDownHandler handler) { mDownHandlers.push_back(std::move(handler)); }
 
+    /// What the handlers leave of a text, each of whose characters passes them as a key of its own.
+    QString Passed(const QString& text) const {
+        QString passed;
+        for (const QChar c : text) {
+            if (KeptByDown(0))
+                continue;
+            if (const int key = Pressed(c.unicode()); key != 0)
+                passed += QChar(key);
+        }
+        return passed;
+    }
+
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (watched != mControl || mResending)
             return false;
@@ -91,17 +103,10 @@ class KeyFilter : public QObject {
         return true;
     }
 
-    /// An accented letter may arrive composed, as a text to commit instead of a key. Each of its characters
-    /// passes the handlers as a key of its own.
+    /// An accented letter may arrive composed, as a text to commit instead of a key.
     bool TextComposed(QInputMethodEvent& event) {
         const QString& before = event.commitString();
-        QString after;
-        for (const QChar c : before) {
-            if (KeptByDown(0))
-                continue;
-            if (const int key = Pressed(c.unicode()); key != 0)
-                after += QChar(key);
-        }
+        const QString after = Passed(before);
         if (after == before)
             return false;
         QInputMethodEvent changed(event.preeditString(), event.attributes());
@@ -141,6 +146,10 @@ void OnKeyPress(QWidget* control, KeyPressHandler handler) {
 
 void OnKeyDown(QWidget* control, KeyDownHandler handler) {
     KeyFilter::Of(control).Add(std::move(handler));
+}
+
+QString PassedAsKeys(QWidget* control, const QString& text) {
+    return KeyFilter::Of(control).Passed(text);
 }
 
 void UpperCaseKeys(QWidget* control) {

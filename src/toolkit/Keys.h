@@ -2,6 +2,7 @@
 
 #include <functional>
 
+class QString;
 class QWidget;
 
 /// The codes of the keys that handlers ask for by number.
@@ -29,6 +30,10 @@ void OnKeyPress(QWidget* control, KeyPressHandler handler);
 /// Calls the handler for each key going down, before the KeyPress handlers. A character that an input method
 /// composes comes as 0.
 void OnKeyDown(QWidget* control, KeyDownHandler handler);
+
+/// What the handlers of a control leave of a text that comes at once: each of its characters passes them as a
+/// key of its own. The control itself gets nothing.
+QString PassedAsKeys(QWidget* control, const QString& text);
 
 /// The common KeyPress handler of name boxes: each key becomes its upper-case form.
 void UpperCaseKeys(QWidget* control);

@@ -1,11 +1,12 @@
 #include "toolkit/Look.h"
 
+#include "toolkit/ProgramStyle.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QFont>
 #include <QIcon>
 #include <QPalette>
-#include <QStyleFactory>
 
 using namespace Qt::StringLiterals;
 
@@ -39,7 +40,11 @@ QGroupBox { font-weight: bold; border: 1px solid #c3ccd5; border-radius: 4px; ma
 QGroupBox::title { subcontrol-origin: margin; left: 9px; padding: 0 3px; }
 QLabel[heading="true"] { font-size: 14pt; font-weight: bold; color: #1f5f8b; }
 QLineEdit:read-only, QLineEdit:disabled { background: #eef1f4; }
-QLineEdit[floating="true"] { background: #fff6cf; border: 2px solid #1f5f8b; border-radius: 0; padding: 0 2px; }
+QLineEdit[wrong="true"] { background: #fdecea; border: 2px solid #a3262b; border-radius: 2px; }
+QLineEdit[wrong="true"]:focus { border-color: #1f5f8b; }
+QLineEdit[floating="true"] { background: #eef1f4; border: 2px solid #c3ccd5; border-radius: 0; padding: 0 2px;
+    color: #5c6670; }
+QLineEdit[floating="true"]:focus { background: #fff6cf; border-color: #1f5f8b; color: #1c232b; }
 QStatusBar QLabel { padding: 1px 6px; }
 QStatusBar::item { border: none; }
 )";
@@ -49,7 +54,7 @@ QStatusBar::item { border: none; }
 void ApplyLook(QApplication& application) {
     // The icons lie in a static library, whose resources nobody else would take up.
     Q_INIT_RESOURCE(icons);
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setStyle(new ProgramStyle);
     QApplication::setPalette(ProgramPalette());
     QFont font(QStringList{u"Liberation Sans"_s, u"DejaVu Sans"_s}, kPointSize);
     QApplication::setFont(font);

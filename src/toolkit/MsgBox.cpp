@@ -3,8 +3,10 @@
 #include "toolkit/ShowModal.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSpacerItem>
 
 #include <vector>
 
@@ -55,6 +57,21 @@ std::vector<MsgAnswer> AnswersOf(MsgButtons buttons) {
     }
 }
 
+/// What a window manager's title bar has beside the title: the window's picture and three buttons.
+constexpr int kTitleBarRoom = 150;
+/// Title bars are lettered bold, and often larger than the program.
+constexpr double kTitleSize = 1.25;
+
+/// A box is as wide as its text and its buttons need; a title that is wider would be cut.
+void MakeRoomForTitle(QMessageBox& box) {
+    QFont font = QApplication::font();
+    font.setBold(true);
+    font.setPointSizeF(font.pointSizeF() * kTitleSize);
+    const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + kTitleBarRoom;
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 } // namespace
 
 MsgAnswer MsgBox(const Message& message) {
@@ -75,6 +92,7 @@ MsgAnswer MsgBox(const Message& message) {
         if (answer == message.defaultAnswer || answer == answers.front())
             box.setDefaultButton(button);
     }
+    MakeRoomForTitle(box);
     box.setEscapeButton(ButtonOf(answers.back()));
     box.exec();
     for (const MsgAnswer answer : answers) {

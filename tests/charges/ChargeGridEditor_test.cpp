@@ -4,6 +4,7 @@
 #include "support/CaseName.h"
 
 #include <QApplication>
+#include <QScreen>
 #include <QScrollBar>
 
 using namespace Qt::StringLiterals;
@@ -64,6 +65,27 @@ TEST_P(ChargeGridEditorTest, TheTotalFollowsAGridThatWasCutAndNoOther) {
     total->setText(u"0.00"_s);
     charges->SetupGrid();
     EXPECT_EQ(total->text(), u"0.00"_s);
+}
+
+TEST_P(ChargeGridEditorTest, EditorLeavesNoGhostWhereRedrawIsOff) {
+    const auto shownIn = [this](int row, int col) {
+        const QPoint place = frame->mapTo(&window, CellPlace(row, col).center());
+        return window.screen()->grabWindow(window.winId()).toImage().pixelColor(place + QPoint(12, 3));
+    };
+    OpenByFocus(1, 1);
+    RunEvents();
+    const QColor open = shownIn(1, 1);
+    ASSERT_NE(open, QColor(Qt::white));
+    charges->SetRedraw(false);
+    cells.SetCell(2, 1);
+    ClickCell(3, 1);
+    RunEvents();
+    EXPECT_EQ(shownIn(3, 1), open);
+    EXPECT_EQ(shownIn(1, 1), QColor(Qt::white));
+    charges->HideEditor();
+    RunEvents();
+    EXPECT_NE(shownIn(3, 1), open);
+    EXPECT_FALSE(grid.Redraw());
 }
 
 TEST_P(ChargeGridEditorTest, EditorFollowsAColumnThatTheClerkWidens) {

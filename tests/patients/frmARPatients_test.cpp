@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -60,6 +61,16 @@ TEST_F(frmARPatientsTest, GridHasItsHeadingsAndWidths) {
         EXPECT_EQ(grid.ColWidth(col), columns[size_t(col)].second);
         EXPECT_EQ(grid.Cells().TextMatrix(0, col).trimmed(), columns[size_t(col)].first);
     }
+}
+
+TEST_F(frmARPatientsTest, NoHeadingIsCut) {
+    const auto& screen = Open();
+    Search(screen, Found({Patient(u"700001"_s)}));
+    const FlexGrid& grid = Grid(screen);
+    const QHeaderView& header = *grid.horizontalHeader();
+    for (int column = 0; column < header.count(); ++column)
+        EXPECT_GE(header.sectionSize(column), header.sectionSizeHint(column)) << column;
+    EXPECT_LE(header.length(), grid.viewport()->width()) << "and none lies out of sight";
 }
 
 TEST_F(frmARPatientsTest, SearchSendsTheTrimmedTypeAndTheTextAsItStands) {

@@ -1,7 +1,7 @@
 #include "patients/CashWalkInGround.h"
 #include "patients/frmCashWalkInPatient.h"
 #include "support/CaseName.h"
-#include "toolkit/MaskedEdit.h"
+#include "toolkit/DatePicker.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -33,7 +33,7 @@ class frmCashWalkInPatientTest : public CashWalkInGround {
     static QLineEdit& Info(const Form& screen, int index) {
         return Find<QLineEdit>(screen, qPrintable(u"txtInfo(%1)"_s.arg(index)));
     }
-    static MaskedEdit& Birth(const Form& screen) { return Find<MaskedEdit>(screen, "mskBirth"); }
+    static DatePicker& Birth(const Form& screen) { return Find<DatePicker>(screen, "mskBirth"); }
     static QPushButton& Button(const Form& screen, const char* name) {
         return Find<QPushButton>(screen, name);
     }
@@ -212,13 +212,61 @@ TEST_F(frmCashWalkInPatientTest, LeavingTheBirthDateByTabLeavesTheAge) {
 TEST_F(frmCashWalkInPatientTest, BirthDateThatIsNoDateFaults) {
     const auto& screen = Open();
     for (const QString& text : {u"02/30/1984"_s, u"13/45/1984"_s, u"1"_s, u"02/29"_s}) {
-        Birth(screen).clear();
-        Birth(screen).setCursorPosition(0);
+        Info(screen, 2).setFocus();
+        Birth(screen).setFocus();
         Type(Birth(screen), text);
         Press(Birth(screen), Qt::Key_Return);
         EXPECT_EQ(TakeFailure(), RunTime::kTypeMismatch) << text.toStdString();
         EXPECT_EQ(Info(screen, 3).text(), u""_s);
     }
+}
+
+// What is keyed into the birth date, and what goes to the hospital of it.
+struct BirthCase {
+    const char* name;
+    QString keyed;
+    QString sent;
+    bool isWrong;
+};
+
+class BirthTest : public frmCashWalkInPatientTest, public testing::WithParamInterface<BirthCase> {};
+
+INSTANTIATE_TEST_SUITE_P(Texts, BirthTest,
+                         testing::Values(BirthCase{"Nothing", u""_s, u"/  /"_s, false},
+                                         BirthCase{"WithZeros", u"08/01/1990"_s, u"08/01/1990"_s, false},
+                                         BirthCase{"WithoutZeros", u"8/1/1990"_s, u"08/01/1990"_s, false},
+                                         BirthCase{"DigitsAlone", u"08011990"_s, u"08/01/1990"_s, false},
+                                         BirthCase{"NoSuchDay", u"02/30/1990"_s, u"02/30/1990"_s, true},
+                                         BirthCase{"HalfADate", u"022"_s, u"02/2 /"_s, true},
+                                         BirthCase{"TwoDigitsOfTheYear", u"08/01/90"_s, u"08/01/90"_s, true}),
+                         CaseName());
+
+TEST_P(BirthTest, IsSentAsItsMaskHasItAndMarkedWhereItIsNoDate) {
+    const auto& screen = Open();
+    Info(screen, 0).setText(u"CRUZ"_s);
+    Birth(screen).setFocus();
+    Type(Birth(screen), GetParam().keyed);
+    Press(Birth(screen), Qt::Key_Tab);
+    EXPECT_TRUE(Info(screen, 3).hasFocus()) << "one tab stop";
+    EXPECT_EQ(Birth(screen).property("wrong").toBool(), GetParam().isWrong);
+    Save(screen, u"CLINICAL_AREA..spEarCare_Add_CashPatient 'CRUZ','','','','','','%1','','M',''"_s.arg(
+                     GetParam().sent));
+}
+
+TEST_F(frmCashWalkInPatientTest, EnterBeforeTheBirthDateLeadsToItsFirstPlace) {
+    const auto& screen = Open();
+    EXPECT_TRUE(EnterMovesOn(Info(screen, 2)));
+    Type(Birth(screen), u"2/29/1984"_s);
+    EXPECT_TRUE(EnterMovesOn(Birth(screen)));
+    EXPECT_EQ(Birth(screen).text(), u"02/29/1984"_s);
+    EXPECT_EQ(Info(screen, 3).text(), u"42"_s);
+}
+
+TEST_F(frmCashWalkInPatientTest, ClickIntoTheEmptyBirthDateLeadsToItsFirstPlace) {
+    const auto& screen = Open();
+    Click(Birth(screen));
+    Type(Birth(screen), u"02291984"_s);
+    EXPECT_EQ(Birth(screen).Text(), u"02/29/1984"_s);
 }
 
 TEST_F(frmCashWalkInPatientTest, TownButtonLooksUpTheTextOfTheBox) {

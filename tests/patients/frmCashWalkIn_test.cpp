@@ -204,6 +204,9 @@ TEST_F(frmCashWalkInTest, NobodyFoundGivesOneBlankRowOutsideTheTabOrderAndNoMess
     for (int col = 0; col < 6; ++col)
         EXPECT_EQ(grid.Cells().TextMatrix(1, col), u""_s);
     EXPECT_TRUE(messages.Shown().empty());
+    const QRect row = grid.CellRect(1, 3).translated(-grid.viewport()->pos());
+    EXPECT_EQ(grid.viewport()->grab().toImage().pixelColor(row.center()), QColor(Qt::white))
+        << "no mark on it";
     Find<QLineEdit>(list, "txtCash").setFocus();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(QApplication::focusWidget(), &Find<QPushButton>(list, "cmdSearch"));

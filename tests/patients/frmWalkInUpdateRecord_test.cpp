@@ -205,7 +205,6 @@ TEST_F(WalkInRecordTest, NewBirthDateBringsTheAgeByCalendarYears) {
     const auto& screen = Open();
     Load(screen);
     Picker(screen).setFocus();
-    Picker(screen).setCursorPosition(0);
     // The birthday of this year is still to come.
     Type(Picker(screen), u"1225199"_s);
     EXPECT_TRUE(messages.Shown().empty());
@@ -222,7 +221,6 @@ TEST_F(WalkInRecordTest, InfantOfAFewWeeksIsOneYearOldInJanuary) {
     const auto& screen = Open();
     GoToRecord(screen);
     Picker(screen).setFocus();
-    Picker(screen).setCursorPosition(0);
     messages.Expect({.text = u"The patient's age will be updated to 1."_s});
     Type(Picker(screen), u"12202026"_s);
     EXPECT_EQ(Box(screen, "txtAge").text(), u"1"_s);
@@ -268,11 +266,91 @@ TEST_F(WalkInRecordBoxesTest, CloseByTheMouseRightAfterADateWasKeyedTellsNothing
     EXPECT_EQ(told, QStringList());
 }
 
+TEST_F(WalkInRecordTest, DigitsBehindTheChainsEnterMakeTheBirthDate) {
+    const auto& screen = Open();
+    for (const bool isEmpty : {false, true}) {
+        Load(screen, isEmpty ? Record({{u"BirthDate"_s, Value()}}) : Record());
+        Box(screen, "txtMiddleName").setFocus();
+        Press(Box(screen, "txtMiddleName"), Qt::Key_Return);
+        EXPECT_EQ(Picker(screen).cursorPosition(), 0);
+        messages.Expect({.text = u"The patient's age will be updated to 36."_s});
+        Type(Picker(screen), u"8/1/1990"_s);
+        Press(Picker(screen), Qt::Key_Return);
+        EXPECT_TRUE(Combo(screen, "cmbSex").hasFocus());
+        EXPECT_EQ(Picker(screen).text(), u"08/01/1990"_s);
+        Find<QTabWidget>(screen, "ssWalkIn").setCurrentIndex(0);
+    }
+    EXPECT_EQ(messages.Shown().size(), 2U) << "one for each record";
+}
+
+TEST_F(WalkInRecordTest, BirthDateThatIsNoDateIsMarkedTellsNoAgeAndIsNotSaved) {
+    const auto& screen = Open();
+    for (const QString& text : {u"8/1/90"_s, u"08/01"_s, u"02/30/1990"_s, u"12/31/1752"_s}) {
+        Load(screen);
+        Picker(screen).setFocus();
+        Type(Picker(screen), text);
+        Press(Picker(screen), Qt::Key_Return);
+        EXPECT_TRUE(Combo(screen, "cmbSex").hasFocus()) << "the chain goes on";
+        EXPECT_EQ(Picker(screen).text(), text);
+        EXPECT_TRUE(Picker(screen).property("wrong").toBool()) << text.toStdString();
+        Click(Button(screen, "cmdSave"));
+        EXPECT_TRUE(Picker(screen).hasFocus());
+        EXPECT_EQ(Box(screen, "txtAge").text(), u"42"_s);
+        Find<QTabWidget>(screen, "ssWalkIn").setCurrentIndex(0);
+    }
+    EXPECT_TRUE(messages.Shown().empty());
+    EXPECT_TRUE(gateway.IsDone());
+}
+
+TEST_F(WalkInRecordTest, BirthDateThatIsMendedIsSaved) {
+    const auto& screen = Open();
+    Load(screen);
+    Picker(screen).setFocus();
+    Type(Picker(screen), u"8/1/84"_s);
+    Press(Picker(screen), Qt::Key_S, Qt::AltModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Picker(screen).property("wrong").toBool(); }));
+    Type(Picker(screen), u"8/1/1984"_s);
+    Save(screen, Update(u"08/01/1984"_s));
+}
+
+TEST_F(WalkInRecordTest, AnotherRecordTakesTheMarkAway) {
+    const auto& screen = Open();
+    Load(screen);
+    Picker(screen).setFocus();
+    Type(Picker(screen), u"8/1"_s);
+    Find<QTabWidget>(screen, "ssWalkIn").setCurrentIndex(0);
+    Load(screen);
+    EXPECT_EQ(Picker(screen).text(), u"02/29/1984"_s);
+    EXPECT_FALSE(Picker(screen).property("wrong").toBool());
+}
+
+TEST_F(WalkInRecordTest, CloseByItsKeyRightAfterADateWasKeyedTellsNothing) {
+    const auto& screen = Open();
+    KeyDecade(screen);
+    Press(Picker(screen), Qt::Key_C, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !Screens::IsLoaded<frmWalkInUpdate>(); }));
+    EXPECT_TRUE(messages.Shown().empty());
+}
+
+TEST_F(WalkInRecordTest, DayPickedInTheCalendarBringsTheAge) {
+    const auto& screen = Open();
+    Load(screen);
+    Picker(screen).setFocus();
+    Press(Picker(screen), Qt::Key_F4);
+    QWidget* calendar = QApplication::activePopupWidget();
+    ASSERT_TRUE(calendar);
+    messages.Expect({.text = u"The patient's age will be updated to 41."_s});
+    for (int month = 0; month < 12; ++month)
+        Press(*calendar->focusWidget(), Qt::Key_PageDown);
+    Press(*calendar->focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(Picker(screen).text(), u"02/28/1985"_s);
+    EXPECT_EQ(Box(screen, "txtAge").text(), u"41"_s);
+}
+
 TEST_F(WalkInRecordTest, AgeThatBeginsWithTheYearsStands) {
     const auto& screen = Open();
     Load(screen, Record({{u"Age"_s, u"36 YRS"_s}}));
     Picker(screen).setFocus();
-    Picker(screen).setCursorPosition(0);
     Type(Picker(screen), u"05051990"_s);
     Press(Picker(screen), Qt::Key_Return);
     EXPECT_TRUE(messages.Shown().empty());
@@ -283,7 +361,6 @@ TEST_F(WalkInRecordTest, BirthDateThatIsTakenOutLeavesTheAge) {
     const auto& screen = Open();
     Load(screen);
     Picker(screen).setFocus();
-    Picker(screen).selectAll();
     Press(Picker(screen), Qt::Key_Delete);
     Press(Picker(screen), Qt::Key_Return);
     EXPECT_EQ(Picker(screen).Value(), std::nullopt);

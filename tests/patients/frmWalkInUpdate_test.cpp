@@ -1,6 +1,7 @@
 #include "patients/WalkInUpdateGround.h"
 
 #include <QGroupBox>
+#include <QHeaderView>
 #include <QLabel>
 
 using namespace Qt::StringLiterals;
@@ -44,6 +45,13 @@ TEST_F(WalkInUpdateTest, OpensOnTheListWithItsCombosFilledAndAnEmptyPicker) {
     EXPECT_FALSE(Button(screen, "cmdEdit").isEnabled());
     EXPECT_EQ(Picker(screen).Value(), std::nullopt);
     EXPECT_TRUE(Box(screen, "txtSearch").hasFocus());
+}
+
+TEST_F(WalkInUpdateTest, ListThatNobodyHasFilledShowsNeitherHeadingsNorAMark) {
+    const auto& grid = Find<FlexGrid>(Open(), "grdTable");
+    EXPECT_TRUE(grid.Cells().IsUnfilled());
+    EXPECT_FALSE(grid.horizontalHeader()->isVisible());
+    EXPECT_FALSE(grid.verticalHeader()->isVisible());
 }
 
 TEST_F(WalkInUpdateTest, EachActivationGivesTheSearchTheFocus) {

@@ -1,9 +1,12 @@
 #include "ReportFixture.h"
 #include "reporting/PageView.h"
 #include "reporting/TemplateAttributes.h"
+#include "support/CaseName.h"
+#include "support/Contrast.h"
 #include "support/ScreenTest.h"
 
 #include <QApplication>
+#include <QHash>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QWheelEvent>
@@ -165,6 +168,67 @@ TEST_F(PageViewTest, BringsAFoundTextIntoSightAndMarksIt) {
     view.ForgetFound();
     EXPECT_FALSE(marked());
 }
+
+namespace {
+
+struct InkCase {
+    const char* name;
+    QString paper;
+    QString ink;
+};
+
+class FoundInk : public ScreenTest, public testing::WithParamInterface<InkCase> {};
+
+/// The colours of a picture by how often they occur, the commonest two.
+std::pair<QColor, QColor> PaperAndInk(const QImage& image) {
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            ++counts[image.pixel(x, y)];
+    }
+    QList<QRgb> colors = counts.keys();
+    std::ranges::sort(colors, [&](QRgb a, QRgb b) { return counts[a] > counts[b]; });
+    return {QColor(colors.value(0)), QColor(colors.value(1))};
+}
+
+} // namespace
+
+TEST_P(FoundInk, CanBeReadOnTheMark) {
+    // Letters so large that most of their ink is not edge.
+    const auto document = SmallDocument(
+        u"<detail height=\"100\"><box x=\"0\" y=\"0\" width=\"100\" height=\"100\" fill=\"%1\" "
+        "color=\"%1\"/><text x=\"5\" y=\"5\" width=\"60\" height=\"30\" size=\"48\" bold=\"yes\" "
+        "color=\"%2\">MM{A}</text></detail>"_s.arg(GetParam().paper, GetParam().ink),
+        Rows({u"A"_s}, {{u"M"_s}}));
+    PageView view;
+    view.resize(500, 400);
+    view.SetDocument(document);
+    Activate(view);
+    const auto found = FindText(*document, u"MMM"_s, std::nullopt);
+    ASSERT_TRUE(found.has_value());
+    const double scale = view.ZoomFactor() * view.logicalDpiX() / 72;
+    const auto inBox = [&] {
+        const QRect box(12 + int(found->box.left() * scale) + 3, 12 + int(found->box.top() * scale) + 3,
+                        int(found->box.width() * scale) - 6, int(found->box.height() * scale) - 6);
+        return view.viewport()->grab().toImage().copy(box);
+    };
+    const auto [plainPaper, plainInk] = PaperAndInk(inBox());
+    view.ShowFound(*found);
+    const auto [paper, ink] = PaperAndInk(inBox());
+    EXPECT_TRUE(paper != plainPaper || ink != plainInk) << "it is seen";
+    EXPECT_GE(Contrast(paper, ink), 4.5);
+    if (plainInk == QColor(Qt::black)) {
+        EXPECT_EQ(ink, plainInk) << "beneath the text";
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Colours, FoundInk,
+                         testing::Values(InkCase{"BlackOnWhite", u"white"_s, u"black"_s},
+                                         InkCase{"GreyOnWhite", u"white"_s, u"#5c6670"_s},
+                                         InkCase{"BlueOnWhite", u"white"_s, u"#1f5f8b"_s},
+                                         InkCase{"WhiteOnBlue", u"#1f5f8b"_s, u"white"_s},
+                                         InkCase{"WhiteOnBlack", u"black"_s, u"white"_s}),
+                         CaseName());
 
 TEST_F(PageViewTest, ShowsNothingWithoutAReport) {
     PageView empty;

@@ -1,5 +1,6 @@
 #include "reporting/ParameterDialog.h"
 #include "support/ScreenTest.h"
+#include "toolkit/DatePicker.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -78,6 +79,23 @@ TEST_F(ParameterDialogTest, StaysOnADateThatIsNone) {
         Press(dialog, Qt::Key_Escape);
     }));
     EXPECT_FALSE(fields[0].CurrentValue().has_value());
+}
+
+TEST_F(ParameterDialogTest, TakesADateAsItIsWrittenAndNoneThatMightBeAnotherOne) {
+    fields[2].SetCurrentValue(5);
+    EXPECT_TRUE(Ask([](QWidget& dialog) {
+        auto& day = Find<DatePicker>(dialog, "txtStart");
+        for (const QString& text : {QString(), u"8/1/26"_s, u"13/8/2026"_s}) {
+            Type(day, text);
+            PressOk(dialog);
+            EXPECT_TRUE(dialog.isVisible()) << text.toStdString();
+            EXPECT_TRUE(day.hasFocus());
+            EXPECT_EQ(day.text(), text);
+        }
+        Type(day, u"8/1/2026"_s);
+        PressOk(dialog);
+    }));
+    EXPECT_EQ(fields[0].CurrentValue(), Value(DateTime::FromFields({2026, 8, 1, 0, 0, 0, 0}).value()));
 }
 
 TEST_F(ParameterDialogTest, StaysOnANumberThatIsNoneAndTakesNothingOver) {

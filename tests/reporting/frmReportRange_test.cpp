@@ -2,14 +2,14 @@
 #include "reporting/frmReportRange.h"
 #include "support/CaseName.h"
 #include "text/Clock.h"
+#include "text/Format.h"
+#include "toolkit/DatePicker.h"
 
-#include <QCalendarWidget>
-#include <QDateEdit>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QPushButton>
-#include <QTest>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -23,12 +23,15 @@ class ReportRangeTest : public PeriodGround {
         screen.Show();
         return screen;
     }
-    static QDateEdit& Start() { return Find<QDateEdit>(Screens::Get<frmReportRange>(), "dtpStartDate"); }
-    static QDateEdit& End() { return Find<QDateEdit>(Screens::Get<frmReportRange>(), "dtpEndDate"); }
+    static DatePicker& Start() { return Find<DatePicker>(Screens::Get<frmReportRange>(), "dtpStartDate"); }
+    static DatePicker& End() { return Find<DatePicker>(Screens::Get<frmReportRange>(), "dtpEndDate"); }
     static QPushButton& View() { return Find<QPushButton>(Screens::Get<frmReportRange>(), "cmdView"); }
-    static void SetRange(QDate start, QDate end) {
-        Start().setDate(start);
-        End().setDate(end);
+    static DateTime Day(int year, int month, int day) {
+        return DateTime::FromFields({.year = year, .month = month, .day = day}).value();
+    }
+    static void SetRange(DateTime start, DateTime end) {
+        Start().SetValue(start);
+        End().SetValue(end);
     }
     std::optional<ShownReport> ViewReport() {
         return ReportOf([] { Click(View()); });
@@ -60,8 +63,8 @@ TEST_F(ReportRangeTest, AsksForTwoDaysInItsFrame) {
 
 TEST_F(ReportRangeTest, BothDaysAreTodayAtFirst) {
     Open(3);
-    EXPECT_EQ(Start().date(), QDate(2026, 11, 21));
-    EXPECT_EQ(End().date(), QDate(2026, 11, 21));
+    EXPECT_EQ(Start().Value(), Day(2026, 11, 21));
+    EXPECT_EQ(End().Value(), Day(2026, 11, 21));
     EXPECT_EQ(Start().text(), u"11/21/2026"_s);
 }
 
@@ -115,7 +118,7 @@ TEST_P(PeriodReport, TakesItsValuesInOrder) {
     PutTemplate(QFileInfo(QString(report.path).replace(u'\\', u'/')).fileName(),
                 int(report.values.size()) + 1);
     Open(report.type);
-    SetRange({2026, 10, 5}, {2026, 11, 4});
+    SetRange(Day(2026, 10, 5), Day(2026, 11, 4));
     const auto shown = ViewReport();
     ASSERT_TRUE(shown);
     EXPECT_EQ(shown->path, report.path);
@@ -180,7 +183,7 @@ TEST_F(ReportRangeTest, TheAuditsOwnTemplateAsksTheServerForDays) {
                                              u"Patient"_s, u"RevenueID"_s, u"ItemID"_s, u"Particular"_s,
                                              u"Quantity"_s, u"OnAccount"_s, u"AtCashier"_s}));
     Open(1);
-    SetRange({2026, 10, 5}, {2026, 11, 4});
+    SetRange(Day(2026, 10, 5), Day(2026, 11, 4));
     ASSERT_TRUE(ViewReport());
     EXPECT_EQ(database.commands,
               QStringList(u"REPORTS.dbo.spReports_Audit '20261005 00:00:00.000', '20261104 00:00:00.000'"_s));
@@ -199,7 +202,7 @@ TEST_F(ReportRangeTest, ATypeWithoutAReportOpensNothingAndCloses) {
 TEST_F(ReportRangeTest, EqualDaysRunTheReportForTheOneDay) {
     PutTemplate(u"StatisticsReport.RPT"_s, 2);
     Open(6);
-    SetRange({2026, 2, 28}, {2026, 2, 28});
+    SetRange(Day(2026, 2, 28), Day(2026, 2, 28));
     const auto shown = ViewReport();
     ASSERT_TRUE(shown);
     EXPECT_EQ(shown->values, (std::vector<QString>{u"02/28/2026"_s, u"02/28/2026"_s}));
@@ -207,14 +210,14 @@ TEST_F(ReportRangeTest, EqualDaysRunTheReportForTheOneDay) {
 
 TEST_F(ReportRangeTest, AStartBehindTheEndWarnsAndKeepsBothDays) {
     Open(6);
-    SetRange({2026, 11, 22}, {2026, 11, 21});
+    SetRange(Day(2026, 11, 22), Day(2026, 11, 21));
     messages.Expect({.text = u"End date must be greater than start date."_s, .icon = MsgIcon::Exclamation});
     EXPECT_FALSE(ViewReport());
     EXPECT_EQ(messages.Shown().size(), 1U);
     ASSERT_TRUE(Screens::IsLoaded<frmReportRange>());
     EXPECT_TRUE(Screens::Get<frmReportRange>().isVisible());
-    EXPECT_EQ(Start().date(), QDate(2026, 11, 22));
-    EXPECT_EQ(End().date(), QDate(2026, 11, 21));
+    EXPECT_EQ(Start().Value(), Day(2026, 11, 22));
+    EXPECT_EQ(End().Value(), Day(2026, 11, 21));
     EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
 }
 
@@ -235,20 +238,100 @@ TEST_F(ReportRangeTest, CloseUnloadsWithoutAReport) {
 
 TEST_F(ReportRangeTest, AFreshScreenStartsAtToday) {
     Open(6);
-    SetRange({2026, 1, 1}, {2026, 1, 31});
+    SetRange(Day(2026, 1, 1), Day(2026, 1, 31));
     Screens::Unload<frmReportRange>();
     SetClock([] { return DateTime::FromFields({2026, 11, 22, 23, 59, 59, 0}).value(); });
     Open(6);
-    EXPECT_EQ(Start().date(), QDate(2026, 11, 22));
-    EXPECT_EQ(End().date(), QDate(2026, 11, 22));
+    EXPECT_EQ(Start().Value(), Day(2026, 11, 22));
+    EXPECT_EQ(End().Value(), Day(2026, 11, 22));
 }
 
-TEST_F(ReportRangeTest, ThePickersKeepToTheDaysThatTheServerKnows) {
+// What is keyed.
+
+namespace {
+
+struct KeyedCase {
+    const char* name;
+    QString keyed;
+    /// What the report gets, and what its box shows where there is none.
+    QString start;
+    QString shown;
+    const char* reason = "";
+};
+
+} // namespace
+
+class KeyedStart : public ReportRangeTest, public testing::WithParamInterface<KeyedCase> {
+  protected:
+    KeyedStart() {
+        PutTemplate(u"StatisticsReport.RPT"_s, 2);
+        Open(6);
+        Type(Start(), GetParam().keyed);
+    }
+};
+
+TEST_P(KeyedStart, IsTheDayOfTheReportOrThereIsNone) {
+    const auto shown = ViewReport();
+    EXPECT_EQ(shown.has_value(), !GetParam().start.isEmpty());
+    if (shown) {
+        EXPECT_EQ(shown->values, (std::vector<QString>{GetParam().start, u"11/21/2026"_s}));
+        return;
+    }
+    ASSERT_TRUE(Screens::IsLoaded<frmReportRange>());
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
+    EXPECT_TRUE(Start().hasFocus());
+    EXPECT_EQ(Start().text(), GetParam().shown);
+    EXPECT_TRUE(Start().property("wrong").toBool());
+    EXPECT_TRUE(QToolTip::text().contains(QString::fromLatin1(GetParam().reason)))
+        << QToolTip::text().toStdString();
+    EXPECT_TRUE(messages.Shown().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, KeyedStart,
+    testing::Values(KeyedCase{"WithSlashesAndZeros", u"08/01/2026"_s, u"08/01/2026"_s, u""_s},
+                    KeyedCase{"WithSlashes", u"8/1/2026"_s, u"08/01/2026"_s, u""_s},
+                    KeyedCase{"DigitsAlone", u"08012026"_s, u"08/01/2026"_s, u""_s},
+                    KeyedCase{"TwoDigitsOfTheYear", u"8/1/26"_s, u""_s, u"8/1/26"_s, "four digits"},
+                    KeyedCase{"HalfADate", u"08/01"_s, u""_s, u"08/01"_s, "not complete"},
+                    KeyedCase{"NoSuchDay", u"02/30/2026"_s, u""_s, u"02/30/2026"_s, "no such day"},
+                    KeyedCase{"BeforeTheServersFirst", u"12/31/1752"_s, u""_s, u"12/31/1752"_s,
+                              "01/01/1753 to 12/31/9998"}),
+    CaseName());
+
+TEST_F(ReportRangeTest, AnEndThatIsNoDateKeepsTheFocusAndRunsNoReport) {
+    Open(6);
+    End().setFocus();
+    Type(End(), u"8/1/26"_s);
+    EXPECT_FALSE(ViewReport());
+    EXPECT_TRUE(End().hasFocus());
+    EXPECT_EQ(End().text(), u"8/1/26"_s);
+    EXPECT_EQ(Start().text(), u"11/21/2026"_s);
+}
+
+TEST_F(ReportRangeTest, AnEmptiedDayIsTheOneBeforeAgain) {
+    PutTemplate(u"StatisticsReport.RPT"_s, 2);
+    Open(6);
+    Press(Start(), Qt::Key_Delete);
+    EXPECT_EQ(Start().text(), u""_s);
+    End().setFocus();
+    EXPECT_EQ(Start().text(), u"11/21/2026"_s);
+    Press(End(), Qt::Key_Delete);
+    const auto shown = ViewReport();
+    ASSERT_TRUE(shown);
+    EXPECT_EQ(shown->values, (std::vector<QString>{u"11/21/2026"_s, u"11/21/2026"_s}));
+}
+
+TEST_F(ReportRangeTest, ThePickersKeepToTheDaysThatAReportCanAskFor) {
     Open(3);
-    for (const QDateEdit* picker : {&Start(), &End()}) {
-        EXPECT_EQ(picker->minimumDate(), QDate(1753, 1, 1));
-        EXPECT_EQ(picker->maximumDate(), QDate(9998, 12, 31))
-            << "a report asks for the day behind the last one";
+    for (DatePicker* picker : {&Start(), &End()}) {
+        picker->SetValue(Day(9998, 12, 31));
+        picker->setFocus();
+        Press(*picker, Qt::Key_Up);
+        EXPECT_EQ(picker->text(), u"12/31/9998"_s) << "a report asks for the day behind the last one";
+        picker->SetValue(Day(1753, 1, 1));
+        Press(*picker, Qt::Key_Down);
+        EXPECT_EQ(picker->text(), u"01/01/1753"_s);
     }
 }
 
@@ -256,26 +339,17 @@ TEST_F(ReportRangeTest, ThePickersKeepToTheDaysThatTheServerKnows) {
 
 TEST_F(ReportRangeTest, DaysAreKeyedAndEnterOnTheButtonViews) {
     PutTemplate(u"StatisticsReport.RPT"_s, 2);
-    frmReportRange& screen = Open(6);
+    Open(6);
     EXPECT_TRUE(Start().hasFocus());
-    Start().setSelectedSection(QDateEdit::MonthSection);
-    QTest::keyClicks(&Start(), u"10052026"_s);
-    EXPECT_EQ(Start().date(), QDate(2026, 10, 5));
+    Type(Start(), u"10/5/2026"_s);
     Press(Start(), Qt::Key_Tab);
-    for (int i = 0; i < 3 && !End().hasFocus(); ++i)
-        Press(*screen.focusWidget(), Qt::Key_Tab);
     ASSERT_TRUE(End().hasFocus());
-    End().setSelectedSection(QDateEdit::DaySection);
+    End().setCursorPosition(4);
     Press(End(), Qt::Key_Down);
-    EXPECT_EQ(End().date(), QDate(2026, 11, 20));
-    View().setFocus();
+    EXPECT_EQ(End().text(), u"11/20/2026"_s);
+    Press(End(), Qt::Key_Tab);
+    ASSERT_TRUE(View().hasFocus());
     const auto shown = ReportOf([] { Press(View(), Qt::Key_Return); });
     ASSERT_TRUE(shown);
     EXPECT_EQ(shown->values, (std::vector<QString>{u"10/05/2026"_s, u"11/20/2026"_s}));
-}
-
-TEST_F(ReportRangeTest, ThePickersOfferACalendar) {
-    Open(6);
-    EXPECT_TRUE(Start().calendarPopup());
-    EXPECT_TRUE(End().calendarPopup());
 }

@@ -2,9 +2,9 @@
 
 #include "reporting/ReportViewer.h"
 #include "shell/StatusPanel.h"
+#include "toolkit/DatePicker.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/ListView.h"
-#include "toolkit/MaskedEdit.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -13,7 +13,6 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDateTimeEdit>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -41,11 +40,6 @@ template <class Control, auto text> QString Caption(const QObject& control) {
     return (static_cast<const Control&>(control).*text)();
 }
 
-/// A picker that may hold no date is a class of the program's own.
-bool IsDatePicker(const QObject& control) {
-    return Is<QDateTimeEdit>(control) || control.inherits("DatePicker");
-}
-
 QString IntervalOf(const QObject& timer) {
     return u"%1 ms"_s.arg(static_cast<const QTimer&>(timer).interval());
 }
@@ -63,9 +57,8 @@ constexpr std::array kKinds = {
     ControlKind{"tool button", Is<QToolButton>, Caption<QToolButton, &QToolButton::toolTip>},
     ControlKind{"dropdown item", Is<QAction>, Caption<QAction, &QAction::text>},
     ControlKind{"text box", Is<QLineEdit>, nullptr},
-    ControlKind{"masked box", Is<MaskedEdit>, nullptr},
     ControlKind{"combo", Is<QComboBox>, nullptr},
-    ControlKind{"date picker", IsDatePicker, nullptr},
+    ControlKind{"date picker", Is<DatePicker>, nullptr},
     ControlKind{"grid", Is<FlexGrid>, nullptr},
     ControlKind{"list", Is<ListView>, nullptr},
     ControlKind{"tabs", Is<QTabWidget>, nullptr},

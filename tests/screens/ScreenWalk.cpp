@@ -1,6 +1,7 @@
 #include "screens/ScreenWalk.h"
 
 #include "screens/ControlKind.h"
+#include "toolkit/TextBox.h"
 
 #include <QAction>
 #include <QLabel>
@@ -137,6 +138,8 @@ void ScreenWalk::CheckInputs() {
             mFaults << u"an input without a name, read out as \"%1\""_s.arg(SpokenName(*control));
         else if (!known.contains(name))
             mFaults << u"%1: not in the table"_s.arg(name);
+        if (qobject_cast<QLineEdit*>(control) && !qobject_cast<TextBox*>(control))
+            mFaults << u"%1: a box that takes what is pasted as it is"_s.arg(name);
         if (!HasLetter(SpokenName(*control)))
             mFaults << u"%1: read out as \"%2\", which says nothing"_s.arg(name, SpokenName(*control));
     }

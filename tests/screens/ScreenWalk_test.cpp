@@ -135,8 +135,16 @@ std::vector<Change> Changes() {
          },
          {u"cmdB: not in the table"_s}},
         {"AnInputWithoutAName",
-         [](SmallScreen& s) { (new QLineEdit(&s))->setFocusPolicy(Qt::NoFocus); },
+         [](SmallScreen& s) { (new QPushButton(&s))->setFocusPolicy(Qt::NoFocus); },
          {u"an input without a name, read out as \"\""_s, u": read out as \"\", which says nothing"_s}},
+        {"ABoxOfAnotherMake",
+         [](SmallScreen& s) {
+             auto* more = new QLineEdit(&s);
+             more->setObjectName(u"txtB"_s);
+             more->setAccessibleName(u"More"_s);
+             more->setFocusPolicy(Qt::NoFocus);
+         },
+         {u"txtB: not in the table"_s, u"txtB: a box that takes what is pasted as it is"_s}},
         {"AnotherTabOrder",
          [](SmallScreen& s) { QWidget::setTabOrder(s.combo, s.box); },
          {u"Tab goes txtA, cmdA, cmbA, not txtA, cmbA, cmdA"_s}},

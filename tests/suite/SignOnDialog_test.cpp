@@ -139,6 +139,19 @@ TEST_F(SignOnDialogTest, TheThirdWrongTryClosesIt) {
     EXPECT_EQ(dialog->TakeUser(), nullptr);
 }
 
+TEST_F(SignOnDialogTest, ARefusalLeavesRoomForEachLine) {
+    first->hint =
+        u"In the trial hospital sign on as NURSE with the password nurse, as CLERK with clerk, or as ADMIN "
+        "with admin."_s;
+    Open();
+    TryAs(u"NURSE"_s, u"wrong"_s);
+    RunEvents();
+    for (const char* name : {"lblHint", "lblProblem"}) {
+        const auto& label = In<QLabel>(name);
+        EXPECT_GE(label.height(), label.heightForWidth(label.width())) << name;
+    }
+}
+
 TEST_F(SignOnDialogTest, TheThirdTryMaySucceed) {
     Open();
     TryAs(u"NURSE"_s, u"wrong"_s);

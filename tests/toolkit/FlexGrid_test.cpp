@@ -1,3 +1,4 @@
+#include "support/Contrast.h"
 #include "support/ScreenTest.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Focus.h"
@@ -5,6 +6,7 @@
 
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
@@ -82,11 +84,91 @@ TEST_F(FlexGridTest, AColumnThatNobodySetHasTheDefaultWidth) {
 }
 
 TEST_F(FlexGridTest, TheFixedColumnHasItsWidthOrIsGone) {
+    grid->Cells().SetTextMatrix(0, 1, u"Code"_s);
     grid->SetColWidth(0, 200);
     EXPECT_TRUE(grid->verticalHeader()->isVisible());
     EXPECT_EQ(grid->verticalHeader()->width(), TwipsToPixels(200));
     grid->SetColWidth(0, 0);
     EXPECT_FALSE(grid->verticalHeader()->isVisible());
+}
+
+TEST_F(FlexGridTest, LooksEmptyUntilSomebodyFillsIt) {
+    const auto isPlain = [this] {
+        const QImage picture = grid->viewport()->grab().toImage();
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixelColor(x, y) != Qt::white)
+                    return false;
+            }
+        }
+        return true;
+    };
+    EXPECT_TRUE(isPlain()) << "no lines, no mark";
+    EXPECT_FALSE(grid->horizontalHeader()->isVisible());
+    EXPECT_FALSE(grid->verticalHeader()->isVisible());
+    grid->Cells().SetTextMatrix(1, 2, u"HC01"_s);
+    EXPECT_FALSE(isPlain());
+    EXPECT_TRUE(grid->horizontalHeader()->isVisible());
+    EXPECT_TRUE(grid->verticalHeader()->isVisible());
+    grid->Cells().Clear();
+    EXPECT_TRUE(isPlain());
+    EXPECT_FALSE(grid->horizontalHeader()->isVisible());
+    grid->Cells().Bind(Rows({u"Code"_s}, {{u"HC01"_s}}));
+    EXPECT_FALSE(isPlain());
+    EXPECT_TRUE(grid->horizontalHeader()->isVisible());
+}
+
+TEST_F(FlexGridTest, ABlankRowOfAListBearsNoMark) {
+    const auto colorInRow = [this](int row) {
+        return grid->viewport()->grab().toImage().pixelColor(Inside(row, 2));
+    };
+    grid->SetRowSelect(true);
+    grid->Cells().SetTextMatrix(0, 1, u"Name"_s);
+    for (const bool withFocus : {false, true}) {
+        if (withFocus)
+            grid->setFocus();
+        EXPECT_EQ(colorInRow(1), QColor(Qt::white));
+        grid->Cells().SetTextMatrix(1, 1, u"CRUZ"_s);
+        EXPECT_NE(colorInRow(1), QColor(Qt::white));
+        grid->Cells().SetTextMatrix(1, 1, u""_s);
+    }
+}
+
+TEST_F(FlexGridTest, TheMarkedRowDiffersWithTheFocus) {
+    grid->SetRowSelect(true);
+    grid->Cells().SetTextMatrix(1, 1, u"CRUZ"_s);
+    const auto ground = [this] { return grid->viewport()->grab().toImage().pixelColor(Inside(1, 2)); };
+    box->setFocus();
+    const QColor without = ground();
+    grid->setFocus();
+    EXPECT_GE(Contrast(ground(), without), 3);
+}
+
+TEST_F(FlexGridTest, WhatWasCoveredIsPaintedThoughRedrawIsOff) {
+    grid->Cells().SetTextMatrix(0, 1, u"Code"_s);
+    QWidget cover(&window);
+    cover.setAutoFillBackground(true);
+    cover.setPalette(QPalette(Qt::red));
+    const QRect cell = grid->CellRect(2, 2);
+    cover.setGeometry(cell.translated(grid->pos()));
+    cover.show();
+    cover.raise();
+    RunEvents();
+    const auto shown = [&] {
+        return window.screen()
+            ->grabWindow(window.winId())
+            .toImage()
+            .pixelColor(cell.translated(grid->pos()).center());
+    };
+    ASSERT_EQ(shown(), QColor(Qt::red));
+    grid->SetRedraw(false);
+    cover.hide();
+    RunEvents();
+    ASSERT_EQ(shown(), QColor(Qt::red)) << "the ghost";
+    grid->Uncover(cell);
+    RunEvents();
+    EXPECT_EQ(shown(), QColor(Qt::white));
+    EXPECT_FALSE(grid->Redraw());
 }
 
 TEST_F(FlexGridTest, WidthsOutliveABinding) {

@@ -1,3 +1,4 @@
+#include "support/Contrast.h"
 #include "toolkit/Look.h"
 
 #include <QApplication>
@@ -5,25 +6,11 @@
 #include <QImage>
 #include <QPalette>
 
-#include <algorithm>
-#include <cmath>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The relative luminance of a colour and the contrast of two, as the Web Content Accessibility
-/// Guidelines 2.1 define them.
-double Luminance(const QColor& color) {
-    const auto part = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
-    return 0.2126 * part(color.redF()) + 0.7152 * part(color.greenF()) + 0.0722 * part(color.blueF());
-}
-
-double Contrast(const QColor& a, const QColor& b) {
-    const auto [low, high] = std::minmax({Luminance(a), Luminance(b)});
-    return (high + 0.05) / (low + 0.05);
-}
 
 TEST(Look, WhatIsDisabledCanStillBeRead) {
     const QPalette palette = QApplication::palette();

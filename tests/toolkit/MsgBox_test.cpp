@@ -4,6 +4,7 @@
 #include "toolkit/MsgBox.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -56,6 +57,23 @@ TEST(MsgBox, HasTheDefaultTitleUnlessItsCallerNamesOne) {
         EXPECT_EQ(box.windowTitle(), u"Hemodialysis System"_s);
         box.accept();
     });
+}
+
+TEST(MsgBox, IsWideEnoughForItsTitleAndItsText) {
+    for (const QString& title : {u"OPD Registration System"_s, u"Invalid Code"_s, u"Assessment"_s, QString(),
+                                 u"A title that is longer than the line that it stands over"_s})
+        ShowAndDo({.text = u"Code not exist!"_s, .title = title}, [](QMessageBox& box) {
+            QFont font = QApplication::font();
+            font.setBold(true);
+            font.setPointSize(font.pointSize() + 2);
+            // The picture and three buttons, each in a square as high as a title bar.
+            const int buttons = 4 * 2 * QFontMetrics(font).height();
+            EXPECT_GE(box.width(), QFontMetrics(font).horizontalAdvance(box.windowTitle()) + buttons)
+                << box.windowTitle().toStdString();
+            const auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
+            EXPECT_GE(label->width(), label->fontMetrics().horizontalAdvance(label->text()));
+            box.accept();
+        });
 }
 
 TEST(MsgBox, CanBeFoundByItsName) {

@@ -2,7 +2,7 @@
 
 #include "workstation/ClerkKeys.h"
 
-#include <QDateEdit>
+#include <QDate>
 #include <QWidget>
 
 using namespace Qt::StringLiterals;
@@ -18,18 +18,20 @@ void LeaveReport(Driver& clerk, const QString& window) {
     clerk.ExpectNoScreen(window);
 }
 
+/// A shown date as a clerk writes it, without zeros.
+QString AsWritten(const QString& shown) {
+    return QDate::fromString(shown, u"MM/dd/yyyy").toString(u"M/d/yyyy");
+}
+
 void PeriodReport(Driver& clerk, const QString& menuItem) {
     clerk.ChooseMenu(menuItem);
     clerk.ExpectFocus(u"dtpStartDate"_s);
-    // The first section of the date is the month.
+    // The month is the first part of the date.
     clerk.Press(Qt::Key_Down);
     clerk.Press(Qt::Key_Down);
-    clerk.OnScreen([] {
-        QStringList days;
-        for (const QString& picker : {u"dtpStartDate"_s, u"dtpEndDate"_s})
-            days << dynamic_cast<const QDateEdit&>(VisibleControl(picker)).text();
-        Tell(days.join(u" to "_s));
-    });
+    const QString start = clerk.Text(u"dtpStartDate"_s);
+    clerk.Type(AsWritten(start));
+    Tell(start + u" to "_s + clerk.Text(u"dtpEndDate"_s));
     clerk.TabTo(u"cmdView"_s);
     clerk.Press(Qt::Key_Return);
     LeaveReport(clerk, u"frmReportviewer"_s);

@@ -1,0 +1,103 @@
+#include "toolkit/TextBox.h"
+
+#include "toolkit/Keys.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Line ends, tabs, and what steers a text without being seen.
+bool IsUnseen(QChar c) {
+    switch (c.category()) {
+    case QChar::Other_Control:
+    case QChar::Other_Format:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// As much of a text as is seen, so many characters at most.
+QString SeenOf(const QString& text, qsizetype most) {
+    QString seen;
+    for (const QChar c : text) {
+        if (seen.size() == most)
+            break;
+        if (!IsUnseen(c))
+            seen += c;
+    }
+    // Half a character would be no text that a server takes.
+    if (!seen.isEmpty() && seen.back().isHighSurrogate())
+        seen.chop(1);
+    return seen;
+}
+
+bool IsTyped(const QKeyEvent& event) {
+    return !event.text().isEmpty() && event.text().front().isPrint();
+}
+
+} // namespace
+
+TextBox::TextBox(QWidget* parent)
+    : QLineEdit(parent) {}
+
+void TextBox::paste() {
+    Offer(QGuiApplication::clipboard()->text());
+}
+
+void TextBox::Offer(const QString& text) {
+    mOffered = text;
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier, u"\x16"_s);
+    QApplication::sendEvent(this, &key);
+    mOffered.reset();
+}
+
+void TextBox::keyPressEvent(QKeyEvent* event) {
+    if (!isReadOnly() && event->matches(QKeySequence::Paste)) {
+        const QString text =
+            mOffered ? *std::exchange(mOffered, std::nullopt) : QGuiApplication::clipboard()->text();
+        TakeText(SeenOf(text, kMostEntered));
+        return;
+    }
+    if (IsTyped(*event) && Room() <= 0)
+        return;
+    QLineEdit::keyPressEvent(event);
+}
+
+void TextBox::mouseReleaseEvent(QMouseEvent* event) {
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    if (event->button() != Qt::MiddleButton || isReadOnly() || !clipboard->supportsSelection())
+        return QLineEdit::mouseReleaseEvent(event);
+    deselect();
+    Offer(clipboard->text(QClipboard::Selection));
+}
+
+void TextBox::dropEvent(QDropEvent* event) {
+    if (isReadOnly())
+        return;
+    setCursorPosition(cursorPositionAt(event->position().toPoint()));
+    event->acceptProposedAction();
+    Offer(event->mimeData()->text());
+}
+
+void TextBox::TakeText(const QString& text) {
+    const QString taken = PassedAsKeys(this, SeenOf(text, qMax(Room(), 0)));
+    if (!taken.isEmpty())
+        insert(taken);
+}
+
+/// How many characters more the box takes, in the place of what is marked.
+qsizetype TextBox::Room() const {
+    return qMin(maxLength(), kMostEntered) - (text().size() - selectionLength());
+}

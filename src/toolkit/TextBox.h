@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QString>
+
+#include <optional>
+
+/// A box for one line of text.
+///
+/// A text that comes at once, pasted by key, by menu or by the mouse, or dropped, loses its line ends, tabs
+/// and other characters that nobody sees, and is cut where the box is full. To the key handlers of the box it
+/// is a Ctrl+V, and behind it each of its characters a key of its own, so it comes out as if it had been
+/// typed. What the program itself sets stays as it is.
+class TextBox : public QLineEdit {
+    Q_OBJECT
+
+  public:
+    explicit TextBox(QWidget* parent = nullptr);
+
+    /// The most characters that a clerk enters into a box without a limit of its own.
+    static constexpr int kMostEntered = 255;
+
+  public Q_SLOTS:
+    /// Pastes what was copied. The box's own menu calls it too.
+    void paste();
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+    /// Puts a text that came at once, without what nobody sees, in the place of what is marked.
+    virtual void TakeText(const QString& text);
+
+  private:
+    void Offer(const QString& text);
+    qsizetype Room() const;
+
+    /// What is to be pasted instead of what was copied.
+    std::optional<QString> mOffered;
+};

@@ -1,0 +1,148 @@
+#include "support/CaseName.h"
+#include "support/Contrast.h"
+#include "support/ScreenTest.h"
+#include "toolkit/Controls.h"
+#include "toolkit/DatePicker.h"
+#include "toolkit/FlexGrid.h"
+#include "toolkit/ListView.h"
+#include "toolkit/ProgramStyle.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct ControlCase {
+    const char* name;
+    QWidget* (*make)(QWidget* parent);
+};
+
+/// A control of each kind beside a box that has the focus first.
+class FocusSeenTest : public ScreenTest, public testing::WithParamInterface<ControlCase> {
+  protected:
+    FocusSeenTest()
+        : other(NewTextBox(u"txtOther"_s, &window))
+        , control(GetParam().make(&window)) {
+        auto* layout = new QVBoxLayout(&window);
+        layout->addWidget(other);
+        layout->addWidget(control);
+        other->setFocus();
+        Activate(window);
+    }
+
+    QImage Picture() { return control->grab().toImage(); }
+
+    /// A line along half of the text or of the edge at the least.
+    void ExpectSeen(const QImage& without, const char* how) {
+        ASSERT_TRUE(control->hasFocus()) << how;
+        EXPECT_GE(PixelsApart(without, Picture(), 3), control->fontMetrics().horizontalAdvance(u"Choice"_s))
+            << how;
+    }
+
+    QWidget window;
+    QLineEdit* other;
+    QWidget* control;
+};
+
+QWidget* NewFilledGrid(QWidget* parent) {
+    auto* grid = new FlexGrid(parent);
+    grid->Cells().SetTextMatrix(0, 1, u"Department"_s);
+    grid->Cells().SetTextMatrix(1, 1, u"HC"_s);
+    return grid;
+}
+
+QWidget* NewFilledList(QWidget* parent) {
+    FlexGrid* list = NewList(u"grdTable"_s, u"List"_s, {4000, 2000}, parent);
+    list->Cells().Bind(Rows({u"Name"_s, u"Code"_s}, {{u"CRUZ"_s, u"1"_s}, {u"DIAZ"_s, u"2"_s}}));
+    return list;
+}
+
+QWidget* NewRows(QWidget* parent) {
+    auto* list = new ListView(parent);
+    list->AddColumn(u"Name"_s, 2000);
+    list->SetRows(Rows({u"Name"_s}, {{u"CRUZ"_s}, {u"DIAZ"_s}}), {0});
+    list->selectRow(0);
+    return list;
+}
+
+const auto kControls = testing::Values(
+    ControlCase{"Radio", [](QWidget* p) -> QWidget* { return new QRadioButton(u"Choice"_s, p); }},
+    ControlCase{"CheckBox", [](QWidget* p) -> QWidget* { return new QCheckBox(u"Choice"_s, p); }},
+    ControlCase{"Button", [](QWidget* p) -> QWidget* { return NewButton(u"cmdA"_s, u"Choice"_s, p); }},
+    ControlCase{"Combo", [](QWidget* p) -> QWidget* { return NewCombo(u"cmbA"_s, {u"Choice"_s}, p); }},
+    ControlCase{"TextBox", [](QWidget* p) -> QWidget* { return NewTextBox(u"txtA"_s, p); }},
+    ControlCase{"DateBox", [](QWidget* p) -> QWidget* { return NewDatePicker(u"dtpA"_s, p); }},
+    ControlCase{"WrongDateBox",
+                [](QWidget* p) -> QWidget* {
+                    DatePicker* picker = NewDatePicker(u"dtpA"_s, p);
+                    picker->setText(u"13/13/1984"_s);
+                    return picker;
+                }},
+    ControlCase{"Grid", NewFilledGrid}, ControlCase{"List", NewFilledList}, ControlCase{"Rows", NewRows},
+    ControlCase{"EmptyGrid", [](QWidget* p) -> QWidget* { return new FlexGrid(p); }});
+
+TEST_P(FocusSeenTest, HoweverItComes) {
+    const QImage without = Picture();
+    for (const Qt::FocusReason reason :
+         {Qt::OtherFocusReason, Qt::MouseFocusReason, Qt::ActiveWindowFocusReason, Qt::PopupFocusReason}) {
+        other->setFocus();
+        control->setFocus(reason);
+        ExpectSeen(without, std::to_string(reason).c_str());
+    }
+    other->setFocus();
+    Press(*other, Qt::Key_Tab);
+    ExpectSeen(without, "Tab");
+}
+
+TEST_P(FocusSeenTest, GoesWhenAnotherControlTakesTheFocus) {
+    const QImage without = Picture();
+    control->setFocus();
+    other->setFocus();
+    EXPECT_EQ(PixelsApart(without, Picture(), 1), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Controls, FocusSeenTest, kControls, CaseName());
+
+TEST(PaleMark, IsSeenAndTheTextOnItCanBeRead) {
+    const QPalette palette = QApplication::palette();
+    EXPECT_GE(Contrast(ProgramStyle::PaleMarkColor(), palette.color(QPalette::Text)), 4.5);
+    QWidget window;
+    QWidget* list = NewFilledList(&window);
+    const QImage picture = list->grab().toImage();
+    int pixels = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            pixels += picture.pixelColor(x, y) == ProgramStyle::PaleMarkColor() ? 1 : 0;
+    }
+    EXPECT_GT(pixels, 500);
+}
+
+/// A floating editor with a text, and a box beside it.
+TEST(FloatingEditor, IsDimmedWhereAnotherControlHasTheFocus) {
+    QWidget window;
+    auto* layout = new QVBoxLayout(&window);
+    QLineEdit* editor = NewTextBox(u"txtEntry"_s, &window);
+    QLineEdit* other = NewTextBox(u"txtOther"_s, &window);
+    for (QLineEdit* box : {editor, other})
+        layout->addWidget(box);
+    editor->setFrame(false);
+    editor->setProperty("floating", true);
+    editor->setFocus();
+    Activate(window);
+    const QImage open = editor->grab().toImage();
+    other->setFocus();
+    const QImage dimmed = editor->grab().toImage();
+    EXPECT_GE(PixelsApart(open, dimmed, 3), editor->width()) << "its frame";
+    const QPoint ground(editor->width() / 2, editor->height() / 2);
+    EXPECT_NE(open.pixelColor(ground), dimmed.pixelColor(ground)) << "its ground";
+    EXPECT_GE(Contrast(dimmed.pixelColor(ground), QColor(0x5c, 0x66, 0x70)), 4.5) << "its text";
+}
+
+} // namespace
