@@ -6,12 +6,14 @@
 #include "toolkit/Twips.h"
 #include "toolkit/Workspace.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QPushButton>
 #include <QWindow>
 
@@ -124,6 +126,9 @@ void Form::PutInside(QMdiArea& area) {
     adjustSize();
     mSubWindow = area.addSubWindow(this, kInsideFlags);
     mSubWindow->setAttribute(Qt::WA_DeleteOnClose, false);
+    // The frame's own keys would close the screen without asking.
+    for (QAction* action : mSubWindow->systemMenu()->actions())
+        action->setShortcuts({});
     connect(&area, &QMdiArea::subWindowActivated, this, [this](const QMdiSubWindow* sub) {
         // Under a modal screen another one may come to the front, but nobody has gone to it yet.
         if (sub && sub == mSubWindow && !QApplication::activeModalWidget())

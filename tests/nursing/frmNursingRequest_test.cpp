@@ -100,9 +100,12 @@ TEST_F(frmNursingRequestTest, OpenedAgainAsksAgain) {
 
 TEST_F(frmNursingRequestTest, KeysOtherThanEnterPickNothing) {
     Open({OfCruz()});
-    for (const Qt::Key key : {Qt::Key_A, Qt::Key_Space, Qt::Key_Escape})
+    for (const Qt::Key key : {Qt::Key_A, Qt::Key_Space})
         Press(Grid(), key);
     EXPECT_TRUE(Screens::IsLoaded<frmNursingRequest>());
+    EXPECT_FALSE(Screens::IsLoaded<frmPostCharges>());
+    Press(Grid(), Qt::Key_Escape);
+    EXPECT_FALSE(Screens::IsLoaded<frmNursingRequest>()) << "the clerk leaves the queue";
     EXPECT_FALSE(Screens::IsLoaded<frmPostCharges>());
 }
 
