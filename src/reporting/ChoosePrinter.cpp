@@ -1,6 +1,7 @@
 #include "reporting/ChoosePrinter.h"
 
 #include "reporting/ReportDocument.h"
+#include "toolkit/ShowModal.h"
 
 #include <QPrintDialog>
 #include <QPrinter>
@@ -17,8 +18,11 @@ bool ChoosePrinter(const ReportDocument& document, QPrinter& printer, QWidget* p
         return currentChooser(printer);
     QPrintDialog dialog(&printer, parent);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    // Its box for a file's name would look into the files of the folder that is typed, and a file that the
+    // process closes is without the locks that it held there. The viewer saves as PDF by itself.
+    dialog.setOption(QAbstractPrintDialog::PrintToFile, false);
     dialog.setMinMax(1, document.PageCount());
-    return dialog.exec() == QDialog::Accepted;
+    return ShowModal(dialog);
 }
 
 void SetPrinterChooser(PrinterChooser chooser) {
