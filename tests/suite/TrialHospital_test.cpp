@@ -157,6 +157,22 @@ TEST_F(TrialHospitalTest, LiesInAFolderThatIsItsOwnersAlone) {
     EXPECT_EQ(found.st_mode & 0777U, 0700U) << "one that is found wider is narrowed";
 }
 
+TEST_F(TrialHospitalTest, AFileThatIsALinkIsTheOneThatItLeadsTo) {
+    hospital.Make({});
+    const QString real = home.filePath(u"elsewhere/real.db"_s);
+    ASSERT_TRUE(QDir().mkpath(home.filePath(u"elsewhere"_s)));
+    const QByteArray elsewhere = QFile::encodeName(home.filePath(u"elsewhere"_s));
+    ASSERT_EQ(::chmod(elsewhere.constData(), 0755), 0);
+    ASSERT_TRUE(QFile::rename(hospital.Path(), real));
+    ASSERT_TRUE(QFile::link(real, hospital.Path()));
+    TrialHospital linked(home.filePath(u"share/TARVEN"_s));
+    EXPECT_EQ(linked.Path(), real);
+    EXPECT_EQ(TrySignOn(linked, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).refusal, QString());
+    struct stat found = {};
+    ASSERT_EQ(::stat(elsewhere.constData(), &found), 0);
+    EXPECT_EQ(found.st_mode & 0777U, 0755U) << "a folder that is not the program's";
+}
+
 TEST_F(TrialHospitalTest, HoldsWorkOnceSomebodyHasWrittenInIt) {
     EXPECT_FALSE(hospital.HoldsWork()) << "not made yet";
     hospital.Make({});

@@ -209,10 +209,18 @@ void Appear(const QString& finished, const QString& path) {
     FlushFolder(QFileInfo(path).absolutePath());
 }
 
+/// Where the hospital named by a path lies. Raises 5120 where none may lie.
+QString PlaceOf(const QString& path) {
+    const QString place = RealPath(path);
+    RequireLocalDisk(place);
+    RequireFolderOfItsOwn(place);
+    return place;
+}
+
 } // namespace
 
-void HospitalFile::Create(const QString& path, const std::vector<Script>& scripts, const Progress& progress) {
-    RequireLocalDisk(path);
+void HospitalFile::Create(const QString& name, const std::vector<Script>& scripts, const Progress& progress) {
+    const QString path = PlaceOf(name);
     if (QFile::exists(path))
         throw RunTimeError(RunTime::kPathFileAccess,
                            RunTime::TextOf(RunTime::kPathFileAccess) + u": "_s + path);
@@ -222,9 +230,9 @@ void HospitalFile::Create(const QString& path, const std::vector<Script>& script
         Appear(MakeBeside(path, scripts, progress), path);
 }
 
-void HospitalFile::Replace(const QString& path, const std::vector<Script>& scripts,
+void HospitalFile::Replace(const QString& name, const std::vector<Script>& scripts,
                            const Progress& progress) {
-    RequireLocalDisk(path);
+    const QString path = PlaceOf(name);
     QLockFile lock(path + u".lock"_s);
     Lock(lock, path, progress);
     if (!QFile::exists(path))
@@ -243,8 +251,10 @@ void HospitalFile::Replace(const QString& path, const std::vector<Script>& scrip
     }
 }
 
-std::unique_ptr<EmbeddedGateway> HospitalFile::Open(const QString& path, const std::vector<Script>& scripts) {
-    RequireLocalDisk(path);
+std::unique_ptr<EmbeddedGateway> HospitalFile::Open(const QString& name, const std::vector<Script>& scripts) {
+    const QString path = PlaceOf(name);
+    // Before anything is done with it: what is no file keeps its rights.
+    RequireOrdinaryFile(path);
     KeepPrivate(path);
     // A log that is there before anybody here has the file open: its last user did not close it, or another
     // workstation has it open. The two cannot be told apart from outside, and the check is cheap.
