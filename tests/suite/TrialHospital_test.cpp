@@ -80,6 +80,19 @@ TEST_F(TrialHospitalTest, MadeAnewItHasLostWhatWasKeyed) {
     EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).refusal, QString());
 }
 
+TEST_F(TrialHospitalTest, MadeAnewItKnowsWhoFailedToSignOn) {
+    hospital.Make({});
+    for (int i = 0; i < 3; ++i)
+        TrySignOn(hospital, u"NURSE"_s, u"wrong"_s, {u"HC"_s});
+    hospital.MakeAnew({});
+    EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).wait.count(), 2);
+    SetClock([] { return *DateTime::FromFields({.year = 2026, .month = 11, .day = 21, .hour = 11}); });
+    const auto user = TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).user;
+    ASSERT_NE(user, nullptr);
+    ASSERT_TRUE(user->failed);
+    EXPECT_EQ(user->failed->count, 3);
+}
+
 TEST_F(TrialHospitalTest, AMakingLeavesAHospitalThatAnotherWorkstationHasMadeMeanwhile) {
     const int other = RunInChild([this] {
         hospital.Make({});

@@ -3,6 +3,7 @@
 #include "gateway/embedded/HospitalBuilder.h"
 #include "gateway/embedded/HospitalPlace.h"
 #include "gateway/embedded/ServerError.h"
+#include "gateway/embedded/SignOnTrail.h"
 #include "gateway/embedded/Transaction.h"
 #include "gateway/SqlLexer.h"
 
@@ -142,6 +143,19 @@ class Hold {
         }
     }
 
+    /// Takes the trail of sign-ons along into a whole hospital. Of a file that is damaged nothing is taken.
+    void CarryTrailInto(const QString& finished) {
+        if (!mFile)
+            return;
+        SqliteDatabase next(finished, SqliteDatabase::Mode::Existing);
+        try {
+            SignOnTrail::CarryOver(*mFile, next);
+        } catch (const RunTimeError& error) {
+            if (error.Number() != static_cast<int>(Fault::Damaged))
+                throw;
+        }
+    }
+
     /// Gives the file back as it was. Where this fails or is not reached, Open makes up for it.
     void Release() {
         if (!mFile)
@@ -243,7 +257,8 @@ void HospitalFile::Replace(const QString& name, const std::vector<Script>& scrip
     const QString finished = MakeBeside(path, scripts, progress);
     try {
         // Held until the new file stands in its place, so that nobody opens the old one at the last moment.
-        const Hold held(path);
+        Hold held(path);
+        held.CarryTrailInto(finished);
         Appear(finished, path);
     } catch (...) {
         RemoveWithCompanions(finished);
