@@ -522,6 +522,18 @@ TEST_F(HospitalFileTest, OnANetworkDriveNothingIsMadeAndNothingOpened) {
     EXPECT_EQ(Files(), QStringList());
 }
 
+TEST_F(HospitalFileTest, InTheHomeFolderItselfNothingIsMadeAndNothingOpened) {
+    Create();
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", QFile::encodeName(folder.path()));
+    EXPECT_EQ(OpenFailure().number, 5120);
+    EXPECT_EQ(FailureOf([this] { HospitalFile::Replace(Path(), scripts); }).number, 5120);
+    QFile::remove(Path());
+    EXPECT_EQ(FailureOf([this] { HospitalFile::Create(Path(), scripts); }).number, 5120);
+    qputenv("HOME", home);
+    EXPECT_EQ(Files(), QStringList());
+}
+
 TEST_F(HospitalFileTest, TheLockOfAMachineOfAnotherNameIsNotWaitedForLong) {
     QFile left(Path() + u".lock"_s);
     ASSERT_TRUE(left.open(QIODevice::WriteOnly));
