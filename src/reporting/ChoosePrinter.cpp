@@ -18,6 +18,9 @@ bool ChoosePrinter(const ReportDocument& document, QPrinter& printer, QWidget* p
         return currentChooser(printer);
     QPrintDialog dialog(&printer, parent);
     dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    // Its box for a file's name would look into the files of the folder that is typed, and a file that the
+    // process closes is without the locks that it held there. The viewer saves as PDF by itself.
+    dialog.setOption(QAbstractPrintDialog::PrintToFile, false);
     dialog.setMinMax(1, document.PageCount());
     return ShowModal(dialog);
 }

@@ -59,17 +59,17 @@ SignOnOutcome TrySignOn(DataSource& source, const QString& user, const QString& 
     const QString employee = rows.Eof() ? QString() : rows.Fields(u"EmployeeID").ToText();
     const auto trail = source.Trail(*connection);
     if (trail) {
-        const std::chrono::seconds wait = signOn.waited ? trail->WaitHere() : trail->Wait(employee);
+        const std::chrono::seconds wait = trail->Begin(employee, signOn.waited);
         if (wait.count() > 0)
             return {.user = nullptr, .wait = wait};
-        trail->Begin(employee);
     }
     if (!source.ProvesPasswords() && !IsPassword(rows, password))
         return RefusedUser();
     // The server's other users are not the hospital's.
     if (rows.Eof())
         return RefusedDepartment(user, signOn.deptCode);
-    const auto failed = trail ? trail->Succeeded(employee) : std::nullopt;
+    if (trail)
+        trail->PasswordWasRight();
     if (connection->Execute(DepartmentCommand(employee, signOn.deptCode)).Eof())
         return RefusedDepartment(employee, signOn.deptCode);
     connection->SetSessionUser(employee);
@@ -79,7 +79,9 @@ SignOnOutcome TrySignOn(DataSource& source, const QString& user, const QString& 
     signedOn->employeeName =
         rows.Fields(u"FirstName").TextOrEmpty() + u' ' + rows.Fields(u"LastName").TextOrEmpty();
     signedOn->initial = rows.Fields(u"Initial").TextOrEmpty();
-    signedOn->failed = failed;
+    // Who signs on to make the hospital anew is not shown what failed.
+    if (trail && !signOn.toReplace)
+        signedOn->failed = trail->SignedOn(employee);
     signedOn->connection = std::move(connection);
     return {.user = std::move(signedOn)};
 }

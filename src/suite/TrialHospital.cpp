@@ -9,7 +9,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QSysInfo>
 
 using namespace Qt::StringLiterals;
@@ -21,7 +20,8 @@ const QString kFileName = u"trial-hospital.db"_s;
 } // namespace
 
 TrialHospital::TrialHospital(const QString& folder)
-    : mPath(folder + u'/' + kFileName) {}
+    : mFolder(folder)
+    , mPath(RealPath(folder + u'/' + kFileName)) {}
 
 QString TrialHospital::Name() const {
     return u"Trial hospital"_s;
@@ -52,10 +52,9 @@ bool TrialHospital::HoldsWork() const {
 }
 
 void TrialHospital::MakeFolder() const {
-    const QString folder = QFileInfo(mPath).path();
-    if (!QDir().mkpath(folder))
-        throw FileError(folder);
-    KeepFolderPrivate(folder);
+    if (!QDir().mkpath(mFolder))
+        throw FileError(mFolder);
+    KeepFolderPrivate(mFolder);
 }
 
 void TrialHospital::Make(const MakingProgress& progress) {
@@ -70,7 +69,7 @@ void TrialHospital::MakeAnew(const MakingProgress& progress) {
 }
 
 std::unique_ptr<CommandGateway> TrialHospital::Connect(const QString&, const QString&) {
-    KeepFolderPrivate(QFileInfo(mPath).path());
+    KeepFolderPrivate(mFolder);
     // What is compared with the file, or replaced in it, is its structure alone.
     return HospitalFile::Open(mPath, HospitalStructure());
 }

@@ -7,7 +7,8 @@
 /// The trial hospital: one file in the user's data folder, made at the first sign-on.
 class TrialHospital : public DataSource {
   public:
-    /// The folder is made when the hospital is.
+    /// The folder is made when the hospital is. Where the file is a link, the hospital is the file
+    /// that it leads to, whose own folder is somebody else's affair.
     explicit TrialHospital(const QString& folder);
 
     QString Name() const override;
@@ -28,5 +29,6 @@ class TrialHospital : public DataSource {
   private:
     void MakeFolder() const;
 
+    QString mFolder;
     QString mPath;
 };

@@ -2,12 +2,31 @@
 
 #include "toolkit/ShowModal.h"
 
+#include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFileInfo>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
 SaveFileAnswer currentAnswer = nullptr;
+
+/// Tells files by their names alone. The toolkit's own provider opens a file whose name does not tell its
+/// kind, and the close behind it would take the locks along that the process holds on the hospital's file.
+class NamesOnly : public QFileIconProvider {
+  public:
+    using QFileIconProvider::icon;
+    QIcon icon(const QFileInfo& file) const override { return icon(file.isDir() ? Folder : File); }
+    QString type(const QFileInfo& file) const override { return file.isDir() ? u"Folder"_s : u"File"_s; }
+};
+
+/// Where the next save begins: where the clerk saved last.
+QString& LastFolder() {
+    static QString folder = QDir::homePath();
+    return folder;
+}
 
 } // namespace
 
@@ -15,11 +34,21 @@ QString AskSaveFile(QWidget* parent, const QString& title, const QString& sugges
                     const QString& filter) {
     if (currentAnswer)
         return currentAnswer(suggestedName);
-    QFileDialog dialog(parent, title, QString(), filter);
+    NamesOnly names;
+    // The window looks at its first folder before it can be told how, so that is one in which no hospital
+    // lies.
+    QFileDialog dialog(parent, title, QDir::rootPath(), filter);
+    // A window of the desktop's own may open files in this process too.
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setIconProvider(&names);
+    dialog.setDirectory(LastFolder());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QFileInfo(suggestedName).suffix());
     dialog.selectFile(suggestedName);
-    return ShowModal(dialog) ? dialog.selectedFiles().value(0) : QString();
+    if (!ShowModal(dialog))
+        return {};
+    LastFolder() = dialog.directory().absolutePath();
+    return dialog.selectedFiles().value(0);
 }
 
 void SetSaveFileAnswer(SaveFileAnswer answer) {

@@ -8,6 +8,7 @@
 #include "suite/TrialHospital.h"
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
+#include "text/Clock.h"
 
 #include <QFile>
 #include <QMap>
@@ -281,4 +282,40 @@ TEST_F(OneOpenDesk, NobodyMakesTheHospitalAnewUnderADeskThatHasPrinted) {
             .Eof())
         << "the desk's last line";
     EXPECT_EQ(TryToMakeAnew(hospital.Path()), 0) << "once everybody has left";
+}
+
+using ManyTries = SeveralDesks;
+
+TEST_F(ManyTries, OfTwentyAtOneMomentOneIsLookedAt) {
+    constexpr int kTries = 20;
+    for (int i = 0; i < 3; ++i)
+        TrySignOn(hospital, u"NURSE"_s, u"wrong"_s, {u"HC"_s});
+    // The wait that the three have brought is over, here and in the processes that are started from here.
+    SetClock([later = Now().AddDays(1)] { return later; });
+    int gate[2] = {};
+    ASSERT_EQ(::pipe(gate), 0);
+    std::vector<pid_t> tries;
+    for (int i = 0; i < kTries; ++i) {
+        const pid_t child = fork();
+        if (child == 0) {
+            ::close(gate[1]);
+            char opened = 0;
+            // It ends when the parent closes the gate's other end, for all at once.
+            const bool atOnce = ::read(gate[0], &opened, 1) == 0;
+            TrialHospital here(Folder());
+            const SignOnOutcome outcome = TrySignOn(here, u"NURSE"_s, u"wrong"_s, {u"HC"_s});
+            _exit(atOnce && outcome.wait.count() > 0 ? 0 : 1);
+        }
+        tries.push_back(child);
+    }
+    ::close(gate[0]);
+    ::close(gate[1]);
+    SetClock({});
+    int lookedAt = 0;
+    for (const pid_t one : tries) {
+        int status = 0;
+        waitpid(one, &status, 0);
+        lookedAt += status == 0 ? 0 : 1;
+    }
+    EXPECT_EQ(lookedAt, 1);
 }

@@ -270,6 +270,8 @@ TEST_F(DeploySqlServer, GrantsWhatTheFileOfRightsSaysInTheStepThatTakesAwayWhatT
         EXPECT_TRUE(batch.startsWith(u"SET XACT_ABORT ON; BEGIN TRANSACTION; DECLARE @revoke "_s))
             << batch.toStdString();
         EXPECT_LT(batch.lastIndexOf(u"EXEC (@revoke);"_s), batch.indexOf(grant)) << batch.toStdString();
+        EXPECT_EQ(batch.count(u"p.state IN ('G', 'W')"_s), 2) << "what may be passed on goes too";
+        EXPECT_EQ(batch.count(u" CASCADE; "_s), 2) << "with what was passed on";
         EXPECT_TRUE(grant.match(batch.section(u'\n', 0, 0)).hasMatch()) << "the file's lines have moved";
         EXPECT_TRUE(batch.trimmed().endsWith(u";\nCOMMIT TRANSACTION"_s)) << batch.toStdString();
         for (auto found = grant.globalMatch(batch); found.hasNext();)

@@ -14,7 +14,7 @@ class HospitalUnderTest {
   public:
     virtual ~HospitalUnderTest() = default;
     virtual CommandGateway& Gateway() = 0;
-    /// A second connection to the same hospital, as another workstation has it.
+    /// A second connection to the same hospital, in the same process.
     virtual std::unique_ptr<CommandGateway> Connect() = 0;
 };
 

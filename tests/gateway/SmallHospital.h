@@ -23,7 +23,7 @@ class SmallHospital {
 
     QString Path() const { return mFolder.filePath(QStringLiteral("hospital.db")); }
     EmbeddedGateway& Gateway() { return *mGateway; }
-    /// A second connection to the same file, as another workstation has it.
+    /// A second connection to the same file, in the same process.
     std::unique_ptr<EmbeddedGateway> Connect() const;
 
   private:

@@ -40,6 +40,14 @@ class Cancellation : public HospitalTest {
                                {u"100050"_s, u"700124"_s, code, u"11/21/2026 10:20:00 AM"_s, u"H9001C"_s,
                                 quantity, amount, u"CLERK"_s, line, u"W201"_s, u"C"_s, u"I"_s}));
     }
+    /// A line of one unit at 180 that the laboratory has entered.
+    void PostByTheLaboratory(const QString& centre, const QString& code) {
+        Run(u"INSERT INTO BILLING..tbPatientCharges (HospNum, IdNum, PatientType, TransDate, RevenueID, "
+            "RecordType, ItemID, Description, Quantity, Units, Amount, RefNum, UserID, RoomID, DoctorID, "
+            "DoctorName, SourceDept, EntryDate) VALUES ('100050', '700124', 'I', '20261121', '%1', 'D', "
+            "'%2', 'CREATININE', '1', 1, 180, 'H9001C', 'LAB', 'W201', 'D005', '', 'LB', '20261121')"_s.arg(
+                centre, code));
+    }
     std::vector<QStringList> Left(const QString& centre, const QString& code) {
         return Rows(
             Call(u"Clinical_Area..spEarCare_VerifyCharges"_s, {u"700124"_s, code, u"H9001C"_s, centre}));
@@ -62,13 +70,7 @@ TEST_F(Cancellation, ListHasTheColumnsThatTheScreenReadsByPosition) {
 }
 
 TEST_F(Cancellation, ListLeavesOutOtherDepartmentsAndOtherAdmissions) {
-    Run(u"INSERT INTO BILLING..tbPatientCharges (HospNum, IdNum, PatientType, TransDate, RevenueID, "
-        u"RecordType, "
-        "ItemID, Description, Quantity, Units, Amount, RefNum, UserID, RoomID, DoctorID, DoctorName, "
-        "SourceDept, "
-        "EntryDate) VALUES "
-        "('100050','700124','I','20261121','LB','D','LB001','CREATININE','1',1,180,'H9001C','LAB',"
-        "'W201','D005','','LB','20261121')"_s);
+    PostByTheLaboratory(u"LB"_s, u"LB001"_s);
     EXPECT_EQ(Slip().size(), 3U);
     EXPECT_TRUE(Rows(u"Clinical_Area..SpEarCare_List_AllCharges '100051','700124','HC'"_s).empty());
 }
@@ -218,6 +220,37 @@ TEST_F(Cancellation, OutPatientsServiceIsReversedInTheRoomThatTheScreenNames) {
     EXPECT_EQ(Rows(u"SELECT RoomID, RecordType, RefNum, ItemID FROM BILLING..tbPatientCharges WHERE RefNum = "
                    "'H9001C' AND RecordType = 'C'"_s),
               (std::vector<QStringList>{{u"OPD/ER"_s, u"C"_s, u"H9001C"_s, u"HC001"_s}}));
+}
+
+TEST_F(Cancellation, LineOfAnotherDepartmentIsNotTakenBack) {
+    PostByTheLaboratory(u"LB"_s, u"LB001"_s);
+    PostByTheLaboratory(u"HB"_s, u"M0002"_s);
+    const QString line = Cell(u"SELECT MAX(ChargeID) FROM BILLING..tbPatientCharges"_s);
+    const QString lines = Cell(u"SELECT COUNT(*) FROM BILLING..tbPatientCharges"_s);
+    const QString onHand = OnHand(u"M0002"_s);
+    CancelService(u"LB"_s, u"LB001"_s, u"1"_s, u"180"_s);
+    CancelStock(u"M0002"_s, u"1"_s, u"-180"_s, line);
+    EXPECT_EQ(Cell(u"SELECT COUNT(*) FROM BILLING..tbPatientCharges"_s), lines);
+    EXPECT_EQ(OnHand(u"M0002"_s), onHand);
+}
+
+TEST_F(Cancellation, ReversalIsOfThePatientsTypeOfItsLine) {
+    const QString stockLine = Slip()[1][8];
+    Run(Call(u"Clinical_ARea..spEarCare_UpdateCharging"_s,
+             {u"100050"_s, u"700124"_s, u"HC001"_s, u"2800"_s, u"1"_s, u"11/21/2026 10:20:00 AM"_s, u"HC"_s,
+              u"NURSE"_s, u"O"_s, u"C"_s, u"W201"_s, u"H9001C"_s, u""_s}));
+    Run(Call(u"INVENTORY..spStock_AppendStockCard"_s,
+             {u"100050"_s, u"700124"_s, u"M0002"_s, u"11/21/2026 10:20:00 AM"_s, u"H9001C"_s, u"2"_s,
+              u"-2034"_s, u"NURSE"_s, stockLine, u"W201"_s, u"C"_s, u"O"_s}));
+    for (const QString& table : {u"BILLING..tbPatientCharges"_s, u"INVENTORY..tbInvStockCard"_s})
+        EXPECT_EQ(Cell(u"SELECT COUNT(*) FROM %1 WHERE RefNum = 'H9001C' AND RecordType = 'C' AND "
+                       "PatientType <> 'I'"_s.arg(table)),
+                  u"0"_s)
+            << table.toStdString();
+    EXPECT_EQ(
+        Cell(
+            u"SELECT COUNT(*) FROM BILLING..tbPatientCharges WHERE RefNum = 'H9001C' AND RecordType = 'C'"_s),
+        u"2"_s);
 }
 
 TEST_F(Cancellation, IssuerOfASlipIsFoundByWhatTheDuplicateAsks) {

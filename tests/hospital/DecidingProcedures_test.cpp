@@ -1,5 +1,6 @@
 #include "gateway/embedded/Catalog.h"
 #include "gateway/embedded/ScriptParser.h"
+#include "gateway/SqlLexer.h"
 #include "hospital/HospitalScripts.h"
 #include "ProcedureTree.h"
 #include "support/CaseName.h"
@@ -192,6 +193,42 @@ TEST_F(DecidingProcedures, AreFoundByWhatTheyRead) {
     for (const QString& name : {u"spEarCare_Append_Charging"_s, u"spEarCare_Assessment"_s,
                                 u"spRadio_RevokeNurseRequest"_s, u"spEarCare_SaveChargePrint"_s})
         EXPECT_FALSE(deciding.contains(name)) << name.toStdString();
+}
+
+namespace {
+
+/// A text of the server's language in one form, whatever its blanks and comments.
+QString InOneForm(const QString& text) {
+    QStringList words;
+    for (const Token& token : LexSql(text))
+        words << token.written.toString();
+    return words.join(u' ').trimmed();
+}
+
+/// The statements of a procedure that hold rows of accounts and change nothing, in their order.
+QStringList TouchesOfAccounts(const QString& procedure) {
+    QStringList touches;
+    for (const Script& script : HospitalStructure())
+        if (script.name.endsWith(u'/' + procedure + u".sql"_s))
+            for (const QString& statement : InOneForm(script.text).split(u" ; "_s))
+                if (statement.startsWith(InOneForm(u"UPDATE BILLING..tbPatientCharges SET"_s)))
+                    touches << statement;
+    return touches;
+}
+
+} // namespace
+
+// Two that hold the same rows in another order would wait for each other for ever.
+TEST_F(DecidingProcedures, BothCancellationsQueueAtTheAccountAndThenAtTheSlip) {
+    const QString touch =
+        u"UPDATE BILLING..tbPatientCharges SET EntryDate = EntryDate WHERE %1 ChargeID = (SELECT "
+        "MIN(f.ChargeID) FROM BILLING..tbPatientCharges AS f WHERE f.%2)"_s;
+    const auto inOrder = [&touch](const QString& when) {
+        return QStringList{InOneForm(touch.arg(when, u"IdNum = @IdNum"_s)),
+                           InOneForm(touch.arg(when, u"RefNum = @RefNum"_s))};
+    };
+    EXPECT_EQ(TouchesOfAccounts(u"spEarCare_UpdateCharging"_s), inOrder(QString()));
+    EXPECT_EQ(TouchesOfAccounts(u"spStock_AppendStockCard"_s), inOrder(u"@RecordType = 'C' AND"_s));
 }
 
 namespace {

@@ -3,8 +3,8 @@
 #include "support/CaseName.h"
 #include "tests/hospital/HospitalTest.h"
 
-#include <QFile>
 #include <QMap>
+#include <QProcess>
 
 #include <algorithm>
 
@@ -27,15 +27,13 @@ class InWhoseName : public HospitalTest {
         // The first write of all marks the hospital as one at work.
         Run(u"UPDATE BILLING..tbAssessmentNum SET AssessmentNum = AssessmentNum"_s);
     }
-    /// Every byte of the hospital.
+    /// Every byte of the hospital, read in a process that has no lock to lose.
     QByteArray Everything() const {
-        QByteArray bytes;
-        for (const QString& name : {Path(), Path() + u"-wal"_s}) {
-            QFile file(name);
-            EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name.toStdString();
-            bytes += file.readAll();
-        }
-        return bytes;
+        QProcess reader;
+        reader.start(u"cat"_s, {Path(), Path() + u"-wal"_s});
+        EXPECT_TRUE(reader.waitForFinished());
+        EXPECT_EQ(reader.exitCode(), 0) << reader.readAllStandardError().toStdString();
+        return reader.readAllStandardOutput();
     }
     /// The number with which a command of that user is refused; 0 for one that is not. What is refused
     /// changes nothing.
@@ -283,6 +281,17 @@ INSTANTIATE_TEST_SUITE_P(
         Attack{"MovementOfTheKindNull", Movement(u"2, 2034, 'NURSE', '', '', NULL, ''"_s), kWrongKind},
         Attack{"IssueThatGivesStockBack", Movement(u"-1000, 0, 'NURSE'"_s), kGivesBack},
         Attack{"IssueThatGivesMoneyBack", Movement(u"1, -1000, 'NURSE'"_s), kGivesBack},
+        Attack{"ChargeThatGivesMoneyBack", Fee(u"-5000"_s), kGivesBack},
+        Attack{"ChargeThatGivesACentavoBack", Fee(u"-0.01"_s), kGivesBack},
+        Attack{"ChargeThatGivesStockBack",
+               u"Clinical_Area..spEarCare_Append_Charging '100050','700124','11/21/2026','HB','D','M0002',"
+               "'-2', 'H9001C','2034','NURSE','W201','','', 'I','EPOETIN'"_s,
+               kGivesBack},
+        Attack{"AssessmentThatGivesMoneyBack", Assessment(u"'HC','NURSE'"_s), kGivesBack},
+        Attack{"AssessmentOfLessThanNothing",
+               u"Clinical_Area..spEarCare_Assessment '9001','ZZTEST, ANA','HC001','HC','-1','100','HC',"
+               "'NURSE','W000003','','D001',''"_s,
+               kGivesBack},
         Attack{"AssessmentInAnothersName", Assessment(u"'HC','ADMIN'"_s), kAnother},
         Attack{"AssessmentOfAnotherDepartment", Assessment(u"'LB','NURSE'"_s), kWrongDepartment},
         Attack{"AssessmentOfNoDepartment", Assessment(u"NULL,'NURSE'"_s), kWrongDepartment},

@@ -22,22 +22,31 @@ class NothingTwice : public HospitalTest {
         QString amount;
     };
 
-    void Post(const Line& line) {
-        Run(Call(u"Clinical_Area..spEarCare_Append_Charging"_s, {line.hospNum,
-                                                                 u"700124"_s,
-                                                                 u"11/21/2026 10:15:07 AM"_s,
-                                                                 line.centre,
-                                                                 u"D"_s,
-                                                                 line.code,
-                                                                 line.quantity,
-                                                                 line.slip,
-                                                                 line.amount,
-                                                                 u"NURSE"_s,
-                                                                 u"W201"_s,
-                                                                 {},
-                                                                 {},
-                                                                 u"I"_s,
-                                                                 u"ITEM"_s}));
+    static QString Charge(const Line& line) {
+        return Call(u"Clinical_Area..spEarCare_Append_Charging"_s, {line.hospNum,
+                                                                    u"700124"_s,
+                                                                    u"11/21/2026 10:15:07 AM"_s,
+                                                                    line.centre,
+                                                                    u"D"_s,
+                                                                    line.code,
+                                                                    line.quantity,
+                                                                    line.slip,
+                                                                    line.amount,
+                                                                    u"NURSE"_s,
+                                                                    u"W201"_s,
+                                                                    {},
+                                                                    {},
+                                                                    u"I"_s,
+                                                                    u"ITEM"_s});
+    }
+    void Post(const Line& line) { Run(Charge(line)); }
+    /// Puts a line on the account as it stands there from a time when credits were still posted.
+    void Enter(const Line& line) {
+        Run(u"INSERT INTO BILLING..tbPatientCharges (HospNum, IdNum, PatientType, TransDate, RevenueID, "
+            "RecordType, ItemID, Description, Quantity, Units, Amount, RefNum, UserID, RoomID, DoctorID, "
+            "DoctorName, SourceDept, EntryDate) VALUES ('%1', '700124', 'I', '20261121', '%2', 'D', '%3', "
+            "'ITEM', '%4', 0, %5, '%6', 'NURSE', 'W201', '', '', 'HC', '20261121')"_s.arg(
+                line.hospNum, line.centre, line.code, line.quantity, line.amount, line.slip));
     }
     static QString Service(const Line& line) {
         return Call(u"Clinical_ARea..spEarCare_UpdateCharging"_s, {line.hospNum,
@@ -85,8 +94,12 @@ class NothingTwice : public HospitalTest {
 class NothingTwiceInAnyOrder : public NothingTwice, public testing::WithParamInterface<std::uint32_t> {
   protected:
     void SetUp() override {
-        for (const Line& line : Charged())
-            Post(line);
+        for (const Line& line : Charged()) {
+            if (line.amount.startsWith(u'-'))
+                Enter(line);
+            else
+                Post(line);
+        }
         for (const QStringList& row :
              Rows(u"SELECT ChargeID FROM BILLING..tbPatientCharges WHERE RefNum IN ('H9001C', 'H9002C')"_s))
             mNumbers << row[0];
@@ -219,6 +232,19 @@ INSTANTIATE_TEST_SUITE_P(Told, UntrueCancellation,
                                          Untrue{"LessMoney", {}, {}, {}, {}, u"100"_s},
                                          Untrue{"MoneyTheOtherWay", {}, {}, {}, {}, u"-2800"_s}),
                          CaseName());
+
+TEST_F(NothingTwice, WhatWasCancelledIsNotGivenBackByACharge) {
+    const Line line = {u"100050"_s, u"H9001C"_s, u"HC"_s, u"HC001"_s, u"1"_s, u"2800"_s};
+    Post(line);
+    Run(Service(line));
+    Line back = line;
+    back.amount = u"-2800"_s;
+    EXPECT_THROW(Post(back), RunTimeError);
+    back.quantity = u"-1"_s;
+    EXPECT_THROW(Post(back), RunTimeError);
+    EXPECT_EQ(Cell(u"SELECT SUM(Amount) FROM BILLING..tbPatientCharges WHERE RefNum = 'H9001C'"_s), u"0"_s);
+    EXPECT_EQ(Cell(u"SELECT COUNT(*) FROM BILLING..tbPatientCharges WHERE RefNum = 'H9001C'"_s), u"2"_s);
+}
 
 TEST_F(NothingTwice, ReversalOfAnotherQuantityHasTakenItsAmountBack) {
     const Line line = {u"100050"_s, u"H9001C"_s, u"HC"_s, u"HC001"_s, u"1"_s, u"2800"_s};

@@ -205,12 +205,13 @@ void RandomMonth::CancelOne() {
         return;
     Charge& charge = mCharges[size_t(Below(int(mCharges.size())))];
     const bool isService = charge.centre == "HC"_L1 || charge.centre == "MD"_L1;
-    // The letter of a service's reversal goes by the list's own choice, which the clerk may have left wrong.
-    const QString type = !isService || Below(6) > 0      ? charge.account.type
+    // The list tells the letter of its own choice, which the clerk may have left wrong; the reversal is of
+    // its line's type all the same.
+    const QString told = !isService || Below(6) > 0      ? charge.account.type
                          : charge.account.type == "I"_L1 ? u"O"_s
                                                          : u"I"_s;
     if (isService)
-        CancelService(charge, type);
+        CancelService(charge, told);
     else
         CancelStock(charge);
     if (charge.cancelled || charge.amount == 0) {
@@ -221,7 +222,7 @@ void RandomMonth::CancelOne() {
     ++mBooks.cancellations;
     CountAct();
     mBooks.cancellationsOfMonth += IsInMonth() ? 1 : 0;
-    Book(type, charge.account, -charge.amount);
+    Book(charge.account.type, charge.account, -charge.amount);
 }
 
 void RandomMonth::CancelService(const Charge& charge, const QString& patientType) {

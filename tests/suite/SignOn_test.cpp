@@ -196,6 +196,19 @@ TEST_F(SignOnTrailOfAHospital, TellsTheUserWhatFailedInHisName) {
     EXPECT_EQ(failed->workstation, u"DESK1"_s);
 }
 
+TEST_F(SignOnTrailOfAHospital, TellsItAtTheSignOnAndNotBefore) {
+    AddUser(u"ROSA"_s, u"geheim"_s, {u"LB"_s});
+    for (int i = 0; i < 2; ++i)
+        Try(u"ROSA"_s, u"wrong"_s);
+    EXPECT_EQ(Try(u"ROSA"_s, u"geheim"_s).refusal, u"ROSA may not sign on for department HC."_s);
+    const SignOnTry toReplace = {.deptCode = u"LB"_s, .toReplace = true};
+    EXPECT_FALSE(TrySignOn(source, u"ROSA"_s, u"geheim"_s, toReplace).user->failed)
+        << "the hospital is about to be made anew, and nobody would read it";
+    const auto failed = TrySignOn(source, u"ROSA"_s, u"geheim"_s, {u"LB"_s}).user->failed;
+    ASSERT_TRUE(failed);
+    EXPECT_EQ(failed->count, 2);
+}
+
 TEST_F(SignOnTrailOfAHospital, ANameThatNobodyHasIsKeptNowhere) {
     Try(u"my secret password"_s, QString());
     Try(u"NURSE"_s, u"wrong"_s);

@@ -80,6 +80,19 @@ TEST_F(TrialHospitalTest, MadeAnewItHasLostWhatWasKeyed) {
     EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).refusal, QString());
 }
 
+TEST_F(TrialHospitalTest, MadeAnewItKnowsWhoFailedToSignOn) {
+    hospital.Make({});
+    for (int i = 0; i < 3; ++i)
+        TrySignOn(hospital, u"NURSE"_s, u"wrong"_s, {u"HC"_s});
+    hospital.MakeAnew({});
+    EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).wait.count(), 2);
+    SetClock([] { return *DateTime::FromFields({.year = 2026, .month = 11, .day = 21, .hour = 11}); });
+    const auto user = TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).user;
+    ASSERT_NE(user, nullptr);
+    ASSERT_TRUE(user->failed);
+    EXPECT_EQ(user->failed->count, 3);
+}
+
 TEST_F(TrialHospitalTest, AMakingLeavesAHospitalThatAnotherWorkstationHasMadeMeanwhile) {
     const int other = RunInChild([this] {
         hospital.Make({});
@@ -155,6 +168,22 @@ TEST_F(TrialHospitalTest, LiesInAFolderThatIsItsOwnersAlone) {
     hospital.Connect({}, {});
     ASSERT_EQ(::stat(folder.constData(), &found), 0);
     EXPECT_EQ(found.st_mode & 0777U, 0700U) << "one that is found wider is narrowed";
+}
+
+TEST_F(TrialHospitalTest, AFileThatIsALinkIsTheOneThatItLeadsTo) {
+    hospital.Make({});
+    const QString real = home.filePath(u"elsewhere/real.db"_s);
+    ASSERT_TRUE(QDir().mkpath(home.filePath(u"elsewhere"_s)));
+    const QByteArray elsewhere = QFile::encodeName(home.filePath(u"elsewhere"_s));
+    ASSERT_EQ(::chmod(elsewhere.constData(), 0755), 0);
+    ASSERT_TRUE(QFile::rename(hospital.Path(), real));
+    ASSERT_TRUE(QFile::link(real, hospital.Path()));
+    TrialHospital linked(home.filePath(u"share/TARVEN"_s));
+    EXPECT_EQ(linked.Path(), real);
+    EXPECT_EQ(TrySignOn(linked, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).refusal, QString());
+    struct stat found = {};
+    ASSERT_EQ(::stat(elsewhere.constData(), &found), 0);
+    EXPECT_EQ(found.st_mode & 0777U, 0755U) << "a folder that is not the program's";
 }
 
 TEST_F(TrialHospitalTest, HoldsWorkOnceSomebodyHasWrittenInIt) {

@@ -1,11 +1,16 @@
+#include "gateway/FileLocks.h"
+#include "gateway/SmallHospital.h"
 #include "support/PrintQt.h"
 #include "toolkit/FileDialogs.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QLineEdit>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 
 #include <functional>
@@ -27,6 +32,17 @@ QString AskAndDo(const std::function<void(QFileDialog&)>& action) {
     return AskSaveFile(nullptr, u"Save as PDF"_s, u"Charge_Slip.pdf"_s, u"PDF (*.pdf)"_s);
 }
 
+/// Waits until the dialogue has looked at every file of its folder, which has a slip in it. The slip is what
+/// its list shows; it looks at all of them.
+void AwaitLookAtFiles(const QFileDialog& dialog) {
+    const auto* files = dialog.findChild<QFileSystemModel*>();
+    ASSERT_NE(files, nullptr);
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        const QModelIndex folder = files->index(dialog.directory().path());
+        return files->rowCount(folder) == 1 && !files->type(files->index(0, 0, folder)).isEmpty();
+    }));
+}
+
 TEST(FileDialogs, GivingUpAnswersNothing) {
     EXPECT_EQ(AskAndDo([](QFileDialog& dialog) {
                   EXPECT_EQ(dialog.windowTitle(), u"Save as PDF"_s);
@@ -45,6 +61,28 @@ TEST(FileDialogs, ANameWithoutAnEndingGetsTheSuggestedOne) {
                   static_cast<QDialog&>(dialog).accept();
               }),
               folder.filePath(u"slip.pdf"_s));
+}
+
+// The system drops a process's locks on a file when the process closes any handle on it.
+TEST(FileDialogs, TheWindowOpensNoFileOfTheFolderThatItShows) {
+    SmallHospital hospital;
+    hospital.Gateway().Execute(u"select * from Clinical_Area..tbSlip"_s);
+    const QString folder = QFileInfo(hospital.Path()).path();
+    QFile slip(folder + u"/old_slip.pdf"_s);
+    ASSERT_TRUE(slip.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(IsHeldOpen(hospital.Path()));
+    AskAndDo([&](QFileDialog& dialog) {
+        EXPECT_TRUE(dialog.testOption(QFileDialog::DontUseNativeDialog));
+        dialog.setDirectory(folder);
+        AwaitLookAtFiles(dialog);
+        EXPECT_TRUE(IsHeldOpen(hospital.Path())) << "the clerk goes to the hospital's folder";
+        static_cast<QDialog&>(dialog).accept();
+    });
+    AskAndDo([&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory().path(), folder) << "where the clerk saved last";
+        AwaitLookAtFiles(dialog);
+    });
+    EXPECT_TRUE(IsHeldOpen(hospital.Path())) << "the window begins in the hospital's folder";
 }
 
 TEST(FileDialogs, AnAnswerTakesThePlaceOfTheDialogue) {

@@ -26,6 +26,15 @@ void TypeAndLeave(Driver& clerk, const QString& text) {
     clerk.Press(Qt::Key_Down);
 }
 
+/// Goes into a box by the mouse; what is typed takes the place of its text.
+void GoInto(Driver& clerk, const QString& box) {
+    clerk.OnScreen([&box] {
+        auto& text = dynamic_cast<QLineEdit&>(VisibleControl(box));
+        text.setFocus();
+        text.selectAll();
+    });
+}
+
 /// Takes a walk-in into the assessment, so that lines can be keyed.
 void OpenAssessmentOfAWalkIn(Driver& clerk) {
     SignOn(clerk);
@@ -36,6 +45,27 @@ void OpenAssessmentOfAWalkIn(Driver& clerk) {
     clerk.Press(Qt::Key_Return);
     clerk.ExpectNoScreen(u"frmCashWalkIn"_s);
     clerk.ExpectFocus(u"txtEntry"_s);
+}
+
+/// Ends the text of the box and goes on with a statement of its own.
+const QString kStatement = u"X';UPDATE BILLING..tbPatientCharges SET UserID = 'ADMIN', Amount = 0--"_s;
+
+/// Looks a patient up by that text on a screen of the menu.
+void LookUpAndFail(Driver& clerk, const QString& menuItem) {
+    SignOn(clerk);
+    clerk.ChooseMenu(menuItem);
+    clerk.ExpectFocus(u"txtLastName"_s);
+    clerk.Type(kStatement);
+    clerk.Press(Qt::Key_Return);
+    ReadFailure(clerk);
+}
+
+/// Registers a walk-in of that first name.
+void RegisterAs(Driver& clerk, const QString& firstName) {
+    SignOn(clerk);
+    OpenRegistration(clerk);
+    Key(clerk, {u"Zztest"_s, firstName, u"Ramos"_s});
+    FinishRegistration(clerk);
 }
 
 void SaveAndFail(Driver& clerk, const QString& button) {
@@ -63,11 +93,7 @@ void TailInAFeesCode(Driver& clerk) {
 void TailInAPatientsName(Driver& clerk) {
     OpenAssessmentOfAWalkIn(clerk);
     Key(clerk, {u"hc"_s, u"HC001"_s, QString(), u"1"_s, QString()});
-    clerk.OnScreen([] {
-        auto& name = dynamic_cast<QLineEdit&>(VisibleControl(u"txtSname"_s));
-        name.setFocus();
-        name.selectAll();
-    });
+    GoInto(clerk, u"txtSname"_s);
     clerk.Type(u"X','HC001','HC','1','-5000','HC','ADMIN','','','',''--"_s);
     SaveAndFail(clerk, u"cmdSave"_s);
 }
@@ -77,4 +103,41 @@ void TailInAnAssessmentsAmount(Driver& clerk) {
     KeyFee(clerk);
     TypeAndLeave(clerk, u"-5000','HC','ADMIN','','','',''--"_s);
     SaveAndFail(clerk, u"cmdSave"_s);
+}
+
+void StatementInTheFindersName(Driver& clerk) {
+    LookUpAndFail(clerk, u"mnuInTransactionEntry"_s);
+}
+
+void StatementInTheChargeListsName(Driver& clerk) {
+    LookUpAndFail(clerk, u"mnuListCharges"_s);
+}
+
+void StatementInTheStatusSearch(Driver& clerk) {
+    SignOn(clerk);
+    clerk.ChooseMenu(u"mnuReportStatus"_s);
+    clerk.ExpectScreen(u"frmAssessStatus"_s);
+    clerk.TabTo(u"txtSearch"_s);
+    clerk.Type(kStatement);
+    clerk.Press(Qt::Key_Return);
+    ReadFailure(clerk);
+}
+
+void StatementInAWalkInsName(Driver& clerk) {
+    RegisterAs(clerk, kStatement);
+    ReadFailure(clerk);
+}
+
+void TailInAWalkInsName(Driver& clerk) {
+    RegisterAs(clerk, u"Ana','','','','','01/02/1990','36','F','1'--"_s);
+    clerk.ExpectScreen(u"frmCashWalkIn"_s);
+}
+
+void TailInTheDoctorsCode(Driver& clerk) {
+    OpenCharges(clerk);
+    Key(clerk, {u"md"_s, u"D003"_s, u"1500"_s});
+    clerk.TabTo(u"txtDocID"_s);
+    clerk.Type(u"D001','DR. X','O','FEE'--"_s);
+    PressSave(clerk);
+    CloseSlip(clerk);
 }

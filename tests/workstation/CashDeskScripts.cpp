@@ -7,23 +7,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void Register(Driver& clerk) {
-    clerk.TabTo(u"cmdRegister"_s);
-    clerk.Press(Qt::Key_Return);
-    clerk.ExpectScreen(u"frmCashWalkInPatient"_s);
-    clerk.ExpectFocus(u"txtInfo(0)"_s);
-    Key(clerk, {u"Quintos"_s, u"Perla"_s, u"Ramos"_s});
-    clerk.ExpectFocus(u"mskBirth"_s);
-    Key(clerk, {u"05061990"_s});
-    Tell(u"age "_s + clerk.Text(u"txtInfo(3)"_s));
-    clerk.TabTo(u"cboSex"_s);
-    clerk.Type(u"F"_s);
-    clerk.TabTo(u"cmdOption(0)"_s);
-    clerk.Press(Qt::Key_Return);
-    clerk.ExpectNoScreen(u"frmCashWalkInPatient"_s);
-    clerk.ExpectScreen(u"frmCashWalkIn"_s);
-}
-
 void KeyFiveLines(Driver& clerk) {
     // Department, code, price, quantity, amount; a doctor's fee has its amount alone.
     Key(clerk, {u"hc"_s, u"HC001"_s, QString(), u"2"_s, QString()});
@@ -61,13 +44,34 @@ void OpenForWalkIn(Driver& clerk) {
     clerk.ExpectFocus(u"txtSname"_s);
 }
 
-void NewWalkInAssessment(Driver& clerk) {
-    SignOn(clerk);
+void OpenRegistration(Driver& clerk) {
     OpenForWalkIn(clerk);
     clerk.Type(u"quintos"_s);
     clerk.Press(Qt::Key_Return);
     clerk.ExpectScreen(u"frmCashWalkIn"_s);
-    Register(clerk);
+    clerk.TabTo(u"cmdRegister"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectScreen(u"frmCashWalkInPatient"_s);
+    clerk.ExpectFocus(u"txtInfo(0)"_s);
+}
+
+void FinishRegistration(Driver& clerk) {
+    clerk.ExpectFocus(u"mskBirth"_s);
+    Key(clerk, {u"05061990"_s});
+    Tell(u"age "_s + clerk.Text(u"txtInfo(3)"_s));
+    clerk.TabTo(u"cboSex"_s);
+    clerk.Type(u"F"_s);
+    clerk.TabTo(u"cmdOption(0)"_s);
+    clerk.Press(Qt::Key_Return);
+}
+
+void NewWalkInAssessment(Driver& clerk) {
+    SignOn(clerk);
+    OpenRegistration(clerk);
+    Key(clerk, {u"Quintos"_s, u"Perla"_s, u"Ramos"_s});
+    FinishRegistration(clerk);
+    clerk.ExpectNoScreen(u"frmCashWalkInPatient"_s);
+    clerk.ExpectScreen(u"frmCashWalkIn"_s);
     clerk.TabTo(u"MSHFlexCash"_s);
     clerk.Press(Qt::Key_Return);
     clerk.ExpectNoScreen(u"frmCashWalkIn"_s);

@@ -7,6 +7,11 @@ class Driver;
 /// Opens the assessment with "Walk-In Patient" on and the name's box reached.
 void OpenForWalkIn(Driver& clerk);
 
+/// Opens the registration of a walk-in out of the assessment; its first box has the focus.
+void OpenRegistration(Driver& clerk);
+/// Saves a registration whose names are keyed; tells the age.
+void FinishRegistration(Driver& clerk);
+
 /// Registers a walk-in from the assessment's list, keys five lines, a package and a doctor's fee among them,
 /// and prints the slip.
 void NewWalkInAssessment(Driver& clerk);

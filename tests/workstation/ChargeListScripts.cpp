@@ -49,6 +49,20 @@ void PressOption(Driver& clerk, const QString& button) {
     clerk.Press(Qt::Key_Return);
 }
 
+void ListCharges(Driver& clerk) {
+    FindPatient(clerk, u"mnuListCharges"_s, u"de guz"_s);
+    clerk.TabTo(u"cmdList"_s);
+    clerk.Press(Qt::Key_Return);
+    TellList(clerk);
+}
+
+void PostFee(Driver& clerk, const QString& amount) {
+    FindPatient(clerk, u"mnuInTransactionEntry"_s, u"de guz"_s);
+    clerk.TabTo(u"txtEntry"_s);
+    Key(clerk, {u"md"_s, u"D003"_s, amount});
+    PressSave(clerk);
+}
+
 } // namespace
 
 void ChargeListedAndCancelled(Driver& clerk) {
@@ -58,10 +72,7 @@ void ChargeListedAndCancelled(Driver& clerk) {
     PressSave(clerk);
     CloseSlip(clerk);
 
-    FindPatient(clerk, u"mnuListCharges"_s, u"de guz"_s);
-    clerk.TabTo(u"cmdList"_s);
-    clerk.Press(Qt::Key_Return);
-    TellList(clerk);
+    ListCharges(clerk);
     PressOption(clerk, u"cmdOption(1)"_s);
     AnswerBox(clerk);
     TellList(clerk);
@@ -72,4 +83,16 @@ void ChargeListedAndCancelled(Driver& clerk) {
     clerk.ExpectScreen(u"frmReportviewer"_s);
     clerk.Press(Qt::Key_Escape);
     clerk.ExpectNoScreen(u"frmReportviewer"_s);
+}
+
+void FeeCancelledAndGivenBack(Driver& clerk) {
+    SignOn(clerk);
+    PostFee(clerk, u"1500"_s);
+    CloseSlip(clerk);
+    ListCharges(clerk);
+    PressOption(clerk, u"cmdOption(1)"_s);
+    AnswerBox(clerk);
+    TellList(clerk);
+    PostFee(clerk, u"-1500"_s);
+    ReadFailure(clerk);
 }

@@ -161,14 +161,17 @@ QString Workstation::QueryOne(const QString& command) const {
     return rows.empty() ? QString() : rows.front();
 }
 
-QString Workstation::HospitalContent() const {
+QString Workstation::HospitalContent(const QStringList& leftOut) const {
     QString content;
     const QString tables =
         AskSqlite(HospitalPath(),
                   "SELECT name FROM sqlite_master WHERE type = 'table' AND name LIKE '%..%' ORDER BY name");
-    for (const QString& table : tables.split(u'|', Qt::SkipEmptyParts))
+    for (const QString& table : tables.split(u'|', Qt::SkipEmptyParts)) {
+        if (leftOut.contains(table))
+            continue;
         content += table + u'\n' +
                    AskSqlite(HospitalPath(), ("SELECT * FROM \"" + table.toUtf8() + "\"").constData());
+    }
     EXPECT_FALSE(content.isEmpty());
     return QString::fromLatin1(
         QCryptographicHash::hash(content.toUtf8(), QCryptographicHash::Sha256).toHex());

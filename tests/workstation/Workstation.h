@@ -48,8 +48,8 @@ class Workstation : public testing::Test {
     /// The one cell of a command.
     QString QueryOne(const QString& command) const;
     /// Every row of every table of the hospital's, for telling that nothing has changed. What the file keeps
-    /// for itself, such as who signed on, plays no part.
-    QString HospitalContent() const;
+    /// for itself, such as who signed on, plays no part, nor do the tables that are left out.
+    QString HospitalContent(const QStringList& leftOut = {}) const;
     /// Whether the file is whole.
     bool HospitalIsWhole() const;
 

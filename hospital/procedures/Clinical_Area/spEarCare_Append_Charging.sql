@@ -1,6 +1,6 @@
 -- Posts one charge line to the patient's account, in the name of the user who is signed on. A line of a centre that
 -- takes its items from stock is issued on the stock card too, and a ward's pending request for the same item of the
--- same patient is closed.
+-- same patient is closed. It charges and never gives back: that is for the cancellations, which look what stands.
 USE Clinical_Area;
 GO
 
@@ -29,6 +29,8 @@ BEGIN
         THROW 50002, 'The entry names another user than the one who is signed on. Nothing was recorded.', 1;
     IF COALESCE(@RecordType, '') <> 'D'
         THROW 50003, 'The entry is of a kind that is not recorded here. Nothing was recorded.', 1;
+    IF @Amount < 0 OR CAST(@Quantity AS float) < 0
+        THROW 50005, 'Only a cancellation gives something back. Nothing was recorded.', 1;
     BEGIN TRANSACTION;
 
     INSERT INTO BILLING..tbPatientCharges

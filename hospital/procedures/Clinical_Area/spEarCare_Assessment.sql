@@ -26,6 +26,8 @@ BEGIN
         THROW 50002, 'The entry names another user than the one who is signed on. Nothing was recorded.', 1;
     IF COALESCE(@DeptCode, '') <> 'HC'
         THROW 50004, 'The entry names another department. Nothing was recorded.', 1;
+    IF @Amount < 0 OR CAST(@Quantity AS float) < 0
+        THROW 50005, 'Only a cancellation gives something back. Nothing was recorded.', 1;
 
     INSERT INTO BILLING..tbCashAssessment
         (RefNum, Name, HospNum, IdNum, Revenueid, ItemID, Description, Quantity, Units, Amount, DeptCode, UserID,

@@ -1,6 +1,7 @@
 -- Cancels one charge line of a service or a doctor's fee by a reversal on the account, in the name of the user who is
--- signed on. The line is known by its amount and quantity. Nothing happens where every such charge has its reversal, or
--- where the line given is a reversal itself.
+-- signed on. The line is known by its amount and quantity, and the reversal is the line's in all but that: what is told
+-- about the patient's type does not count. Nothing happens where every such charge has its reversal, where the line given
+-- is a reversal itself, or where another department has entered it.
 USE Clinical_Area;
 GO
 
@@ -45,14 +46,14 @@ BEGIN
     INSERT INTO BILLING..tbPatientCharges
         (HospNum, IdNum, PatientType, TransDate, RevenueID, RecordType, ItemID, Description, Quantity, Units, Amount,
          RefNum, UserID, RoomID, DoctorID, DoctorName, SourceDept, EntryDate)
-    SELECT c.HospNum, c.IdNum, @PatientType, @TransDate, c.RevenueID, 'C', c.ItemID, c.Description,
+    SELECT c.HospNum, c.IdNum, c.PatientType, @TransDate, c.RevenueID, 'C', c.ItemID, c.Description,
            CASE WHEN c.Quantity = '' THEN '' ELSE CONCAT('-', c.Quantity) END, 0 - c.Units, 0 - c.Amount, c.RefNum,
            SUSER_SNAME(), @RoomID, c.DoctorID, c.DoctorName, c.SourceDept, GETDATE()
     FROM BILLING..tbPatientCharges AS c
     WHERE c.ChargeID = (SELECT MIN(o.ChargeID) FROM BILLING..tbPatientCharges AS o
                         WHERE o.IdNum = @IdNum AND o.HospNum = @HospNum AND o.RefNum = @RefNum AND o.ItemID = @ItemID
                           AND o.RevenueID = @RevenueID AND o.RecordType = 'D' AND o.Amount = @Amount
-                          AND o.Quantity = @Quantity)
+                          AND o.Quantity = @Quantity AND o.SourceDept = 'HC')
       AND (SELECT SUM(CASE WHEN t.RecordType = 'D' AND t.Amount > 0 THEN 1 ELSE -1 END)
            FROM BILLING..tbPatientCharges AS t
            WHERE t.IdNum = c.IdNum AND t.HospNum = c.HospNum AND t.RefNum = c.RefNum AND t.ItemID = c.ItemID

@@ -1,7 +1,7 @@
 -- Writes one movement on a stock card, in the name of the user who is signed on. Without a record type it is an issue.
 -- Type C takes an issue back: the charge line that the entry names is reversed on the patient's account as well, unless
--- every such charge has its reversal. The entry must give the line as it stands: slip, item, quantity, and the amount as
--- a negative.
+-- every such charge has its reversal or another department has entered it. The entry must give the line as it stands:
+-- slip, item, quantity, and the amount as a negative.
 USE INVENTORY;
 GO
 
@@ -55,13 +55,14 @@ BEGIN
         (TransDate, ItemID, SectionID, RecordType, RefNum, QtyIn, QtyOut, Amount, HospNum, IdNum, PatientType, RoomID,
          UserID, EntryDate)
     SELECT @TransDate, i.ItemID, i.SectionID, 'C', c.RefNum, c.Units, 0, 0 - c.Amount, c.HospNum, c.IdNum,
-           @PatientType, @RoomID, SUSER_SNAME(), GETDATE()
+           c.PatientType, @RoomID, SUSER_SNAME(), GETDATE()
     FROM BILLING..tbPatientCharges AS c
     INNER JOIN build_file..tbCoRevenue AS r ON r.RevenueID = c.RevenueID
     INNER JOIN INVENTORY..tbInvMaster AS i ON i.ItemID = c.ItemID AND i.SectionID = r.LocationID
     WHERE @RecordType = 'C' AND r.SearchInventory = 1
       AND c.ChargeID = CAST(@ChargeLine AS int) AND c.IdNum = @IdNum AND c.HospNum = @HospNum AND c.RefNum = @RefNum
       AND c.ItemID = @ItemID AND c.RecordType = 'D' AND c.Amount = 0 - @Amount AND c.Units = @Quantity
+      AND c.SourceDept = 'HC'
       AND (SELECT SUM(CASE WHEN t.RecordType = 'D' AND t.Amount > 0 THEN 1 ELSE -1 END)
            FROM BILLING..tbPatientCharges AS t
            WHERE t.IdNum = c.IdNum AND t.HospNum = c.HospNum AND t.RefNum = c.RefNum AND t.ItemID = c.ItemID
@@ -82,6 +83,7 @@ BEGIN
     WHERE @RecordType = 'C'
       AND c.ChargeID = CAST(@ChargeLine AS int) AND c.IdNum = @IdNum AND c.HospNum = @HospNum AND c.RefNum = @RefNum
       AND c.ItemID = @ItemID AND c.RecordType = 'D' AND c.Amount = 0 - @Amount AND c.Units = @Quantity
+      AND c.SourceDept = 'HC'
       AND (SELECT SUM(CASE WHEN t.RecordType = 'D' AND t.Amount > 0 THEN 1 ELSE -1 END)
            FROM BILLING..tbPatientCharges AS t
            WHERE t.IdNum = c.IdNum AND t.HospNum = c.HospNum AND t.RefNum = c.RefNum AND t.ItemID = c.ItemID

@@ -3,6 +3,7 @@
 #include "gateway/embedded/HospitalBuilder.h"
 #include "gateway/embedded/HospitalPlace.h"
 #include "gateway/embedded/ServerError.h"
+#include "gateway/embedded/SignOnTrail.h"
 #include "gateway/embedded/Transaction.h"
 #include "gateway/SqlLexer.h"
 
@@ -142,6 +143,19 @@ class Hold {
         }
     }
 
+    /// Takes the trail of sign-ons along into a whole hospital. Of a file that is damaged nothing is taken.
+    void CarryTrailInto(const QString& finished) {
+        if (!mFile)
+            return;
+        SqliteDatabase next(finished, SqliteDatabase::Mode::Existing);
+        try {
+            SignOnTrail::CarryOver(*mFile, next);
+        } catch (const RunTimeError& error) {
+            if (error.Number() != static_cast<int>(Fault::Damaged))
+                throw;
+        }
+    }
+
     /// Gives the file back as it was. Where this fails or is not reached, Open makes up for it.
     void Release() {
         if (!mFile)
@@ -209,10 +223,18 @@ void Appear(const QString& finished, const QString& path) {
     FlushFolder(QFileInfo(path).absolutePath());
 }
 
+/// Where the hospital named by a path lies. Raises 5120 where none may lie.
+QString PlaceOf(const QString& path) {
+    const QString place = RealPath(path);
+    RequireLocalDisk(place);
+    RequireFolderOfItsOwn(place);
+    return place;
+}
+
 } // namespace
 
-void HospitalFile::Create(const QString& path, const std::vector<Script>& scripts, const Progress& progress) {
-    RequireLocalDisk(path);
+void HospitalFile::Create(const QString& name, const std::vector<Script>& scripts, const Progress& progress) {
+    const QString path = PlaceOf(name);
     if (QFile::exists(path))
         throw RunTimeError(RunTime::kPathFileAccess,
                            RunTime::TextOf(RunTime::kPathFileAccess) + u": "_s + path);
@@ -222,9 +244,9 @@ void HospitalFile::Create(const QString& path, const std::vector<Script>& script
         Appear(MakeBeside(path, scripts, progress), path);
 }
 
-void HospitalFile::Replace(const QString& path, const std::vector<Script>& scripts,
+void HospitalFile::Replace(const QString& name, const std::vector<Script>& scripts,
                            const Progress& progress) {
-    RequireLocalDisk(path);
+    const QString path = PlaceOf(name);
     QLockFile lock(path + u".lock"_s);
     Lock(lock, path, progress);
     if (!QFile::exists(path))
@@ -235,7 +257,8 @@ void HospitalFile::Replace(const QString& path, const std::vector<Script>& scrip
     const QString finished = MakeBeside(path, scripts, progress);
     try {
         // Held until the new file stands in its place, so that nobody opens the old one at the last moment.
-        const Hold held(path);
+        Hold held(path);
+        held.CarryTrailInto(finished);
         Appear(finished, path);
     } catch (...) {
         RemoveWithCompanions(finished);
@@ -243,8 +266,10 @@ void HospitalFile::Replace(const QString& path, const std::vector<Script>& scrip
     }
 }
 
-std::unique_ptr<EmbeddedGateway> HospitalFile::Open(const QString& path, const std::vector<Script>& scripts) {
-    RequireLocalDisk(path);
+std::unique_ptr<EmbeddedGateway> HospitalFile::Open(const QString& name, const std::vector<Script>& scripts) {
+    const QString path = PlaceOf(name);
+    // Before anything is done with it: what is no file keeps its rights.
+    RequireOrdinaryFile(path);
     KeepPrivate(path);
     // A log that is there before anybody here has the file open: its last user did not close it, or another
     // workstation has it open. The two cannot be told apart from outside, and the check is cheap.

@@ -2,6 +2,7 @@
 
 #include "gateway/embedded/ServerError.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStorageInfo>
@@ -37,6 +38,14 @@ void Narrow(const QString& path, QFile::Permissions wanted) {
 
 } // namespace
 
+QString RealPath(const QString& path) {
+    const QFileInfo file(path);
+    if (file.exists())
+        return file.canonicalFilePath();
+    const QString folder = QFileInfo(file.absolutePath()).canonicalFilePath();
+    return folder.isEmpty() ? path : folder + u'/' + file.fileName();
+}
+
 void RequireOrdinaryFile(const QString& path) {
     const QFileInfo file(path);
     if (!file.exists())
@@ -46,9 +55,15 @@ void RequireOrdinaryFile(const QString& path) {
 }
 
 bool IsNetworkFileSystem(const QByteArray& kind) {
-    static constexpr std::array kNames = {
-        "nfs", "nfs4", "cifs",   "smbfs", "smb3",       "smb2",           "ncpfs",     "ncp",
-        "afs", "coda", "lustre", "ceph",  "fuse.sshfs", "fuse.glusterfs", "fuse.ceph", "glusterfs"};
+    // Folders of the host in a virtual machine (vboxsf, prl_fs, vmhgfs) count too, and disks that several
+    // machines share. virtiofs and 9p do not: virtual machines and containers have their own disks on them.
+    static constexpr std::array kNames = {"nfs",    "nfs4",  "cifs",     "smbfs",    "smb3",   "smb2",
+                                          "ncpfs",  "ncp",   "afs",      "coda",     "ceph",   "gpfs",
+                                          "lustre", "pvfs2", "orangefs", "beegfs",   "vboxsf", "prl_fs",
+                                          "gfs2",   "ocfs2", "vmhgfs",   "glusterfs"};
+    // What a program serves may be anything, and mostly is another machine's.
+    if (kind.startsWith("fuse."))
+        return kind != "fuse.fuse-overlayfs";
     return std::any_of(kNames.begin(), kNames.end(), [&kind](const char* name) { return kind == name; });
 }
 
@@ -61,6 +76,13 @@ void RequireLocalDisk(const QString& path) {
                    "from writing over each other cannot be trusted"_s.arg(QString::fromLatin1(kind))});
 }
 
+void RequireFolderOfItsOwn(const QString& path) {
+    if (QFileInfo(path).absolutePath() == QDir(QDir::homePath()).canonicalPath())
+        throw ServerError(Fault::CannotOpen,
+                          {path, u"it lies in your home folder itself, where other windows "
+                                 "look into it; it needs a folder of its own"_s});
+}
+
 void MakePrivateFile(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly, kOwnersFile))
@@ -68,8 +90,10 @@ void MakePrivateFile(const QString& path) {
 }
 
 void KeepPrivate(const QString& path) {
-    for (const QString& suffix : {QString(), u"-wal"_s, u"-shm"_s})
-        Narrow(path + suffix, kOwnersFile);
+    for (const QString& suffix : {QString(), u"-wal"_s, u"-shm"_s}) {
+        if (QFileInfo(path + suffix).isFile())
+            Narrow(path + suffix, kOwnersFile);
+    }
 }
 
 void KeepFolderPrivate(const QString& path) {

@@ -8,6 +8,10 @@
 // Where a hospital's file may lie, and who may read it. Nothing here opens the file, its log or its index: a
 // handle beside SQLite's own would take SQLite's locks along when it is closed.
 
+/// Where a file really lies: its path without links on the way or in the end. SQLite keeps the log and the
+/// index there. A file that is not there yet is told by its folder.
+QString RealPath(const QString& path);
+
 /// Raises 53 where nothing bears the name, and 5171 for a folder, a pipe or a device.
 void RequireOrdinaryFile(const QString& path);
 
@@ -15,12 +19,17 @@ void RequireOrdinaryFile(const QString& path);
 /// write over each other.
 void RequireLocalDisk(const QString& path);
 
+/// Raises 5120 for a file that lies in the user's home folder itself. The print window looks into the files
+/// there, and would take SQLite's locks along.
+void RequireFolderOfItsOwn(const QString& path);
+
 /// Makes an empty file that its owner alone may read and write, whatever the process lets others do with new
 /// files. Raises 5120 where that cannot be done.
 void MakePrivateFile(const QString& path);
 
-/// Takes from everybody but the owner what he may do with the file, its log and its index. Where the system
-/// does not let the user do that, since the file is another's, it stays as it is.
+/// Takes from everybody but the owner what he may do with the file, its log and its index. What is no
+/// ordinary file stays as it is, and so does a file that is another's, where the system does not let the user
+/// do that.
 void KeepPrivate(const QString& path);
 
 /// Takes from everybody but the owner what he may do with the folder.

@@ -35,17 +35,31 @@ class SignOnTrail {
     /// The same by what failed at this workstation alone.
     std::chrono::seconds WaitHere() const;
 
-    /// Notes a try that is about to be made. It counts as failed until Succeeded is called, so that a process
-    /// that is ended in between gains nothing. `user` is empty for a name that the hospital does not know: it
-    /// is kept nowhere, since it may be a password that was keyed into the wrong box.
-    void Begin(const QString& user);
-    /// Notes that the try was good, and gives what had failed in the user's name since he last signed on.
-    std::optional<FailedSignOns> Succeeded(const QString& user);
+    /// Notes a try that is about to be made, unless it has to wait: then nothing is noted, and the time is
+    /// given back. Looking and noting are one step, so that of many who try at one moment one is let through.
+    /// `waited` says that the user has served his wait: what failed at other workstations holds him up no
+    /// more.
+    ///
+    /// The try counts as failed until one of the next two is called, so that a process that is ended in
+    /// between gains nothing. `user` is empty for a name that the hospital does not know: it is kept nowhere,
+    /// since it may be a password that was keyed into the wrong box.
+    std::chrono::seconds Begin(const QString& user, bool waited = false);
+    /// Notes that the password of the try was right, though nobody has signed on by it: what had failed in
+    /// the user's name has yet to be told.
+    void PasswordWasRight();
+    /// Notes that the user has signed on, and gives what had failed in his name since he did so last.
+    std::optional<FailedSignOns> SignedOn(const QString& user);
+
+    /// Takes the trail along into the hospital that comes in a file's place, so that nobody gets rid of his
+    /// wait by that. A file without a trail gives nothing.
+    static void CarryOver(SqliteDatabase& from, SqliteDatabase& to);
 
     /// How long one waits after so many failures in a row.
     static std::chrono::seconds WaitAfter(int failures);
 
   private:
+    static void MakeTable(SqliteDatabase& database);
+    void SetOutcome(int outcome);
     std::chrono::seconds WaitBy(const QString& column, const QString& value) const;
     std::optional<FailedSignOns> FailuresOf(const QString& user) const;
 

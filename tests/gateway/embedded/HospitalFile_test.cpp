@@ -49,6 +49,30 @@ class HospitalFileTest : public testing::Test {
         EXPECT_EQ(sqlite3_exec(database, sql, nullptr, nullptr, nullptr), SQLITE_OK);
         sqlite3_close(database);
     }
+    static mode_t ModeOf(const QString& path) {
+        struct stat found = {};
+        EXPECT_EQ(::stat(QFile::encodeName(path).constData(), &found), 0);
+        return found.st_mode & 0777U;
+    }
+    /// Leaves the file behind with its log.
+    void WriteAndBeKilled() {
+        const int code = RunInChild([this] {
+            const auto gateway = Open();
+            gateway->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = ChargeSlip + 1"_s);
+            KillThisProcess();
+            return 0;
+        });
+        ASSERT_EQ(code, -SIGKILL);
+    }
+    /// The pages behind the first ones, which tell what tables there are, are filled with nonsense.
+    static void Damage(const QString& path) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        constexpr qint64 kKept = 40 * 1024;
+        ASSERT_GT(file.size(), kKept + 8192);
+        file.seek(kKept);
+        file.write(QByteArray(8192, 'x'));
+    }
     Script& Named(const QString& name) {
         return *std::find_if(scripts.begin(), scripts.end(), [&](const Script& s) { return s.name == name; });
     }
@@ -427,9 +451,64 @@ TEST_F(HospitalFileTest, AFileFoundWiderIsNarrowedWhenItIsOpened) {
 }
 
 TEST_F(HospitalFileTest, APipeInItsPlaceIsRefusedAtOnce) {
-    ASSERT_EQ(::mkfifo(QFile::encodeName(Path()).constData(), 0600), 0);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(Path()).constData(), 0644), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(Path()).constData(), 0644), 0);
     EXPECT_EQ(OpenFailure().number, 5171);
     EXPECT_EQ(FailureOf([this] { HospitalFile::Replace(Path(), scripts); }).number, 5171);
+    EXPECT_EQ(ModeOf(Path()), 0644U) << "it is not ours";
+}
+
+TEST_F(HospitalFileTest, AFolderInItsPlaceIsRefusedAndKeepsItsRights) {
+    ASSERT_TRUE(QDir().mkdir(Path()));
+    ASSERT_EQ(::chmod(QFile::encodeName(Path()).constData(), 0755), 0);
+    EXPECT_EQ(OpenFailure().number, 5171);
+    EXPECT_EQ(ModeOf(Path()), 0755U);
+}
+
+/// A hospital that lies elsewhere, with a link to it in the folder.
+class LinkedHospital : public HospitalFileTest {
+  protected:
+    LinkedHospital() {
+        HospitalFile::Create(Real(), scripts);
+        QFile::link(Real(), Path());
+    }
+
+    QString Real() const { return elsewhere.filePath(u"real.db"_s); }
+    static QString Log(const QString& path) { return path + u"-wal"_s; }
+
+    QTemporaryDir elsewhere;
+};
+
+TEST_F(LinkedHospital, IsNarrowedWithItsLogWhereItLies) {
+    const auto gateway = Open();
+    gateway->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = 5"_s);
+    for (const QString& path : {Real(), Log(Real())})
+        ASSERT_EQ(::chmod(QFile::encodeName(path).constData(), 0666), 0);
+    Open();
+    EXPECT_EQ(ModeOf(Real()), 0600U);
+    EXPECT_EQ(ModeOf(Log(Real())), 0600U);
+}
+
+TEST_F(LinkedHospital, IsAskedForItsDiskWhereItLies) {
+    SetFileSystemOf([this](const QString& path) {
+        return QByteArray(path.startsWith(elsewhere.path()) ? "nfs4" : "ext4");
+    });
+    EXPECT_EQ(OpenFailure().number, 5120);
+    SetFileSystemOf({});
+}
+
+TEST_F(LinkedHospital, IsCheckedWhenItsLastUserDidNotCloseIt) {
+    WriteAndBeKilled();
+    ASSERT_GT(QFileInfo(Log(Real())).size(), 0);
+    Damage(Real());
+    EXPECT_EQ(OpenFailure().number, 824);
+}
+
+TEST_F(LinkedHospital, IsMadeAnewInItsPlace) {
+    Open()->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = 5"_s);
+    HospitalFile::Replace(Path(), scripts);
+    EXPECT_EQ(QFileInfo(Path()).symLinkTarget(), Real()) << "the link stands";
+    EXPECT_EQ(RowTexts(*Open(), u"select ChargeSlip from Clinical_Area..tbSlip"_s), QStringList{u"100"_s});
 }
 
 TEST_F(HospitalFileTest, OnANetworkDriveNothingIsMadeAndNothingOpened) {
@@ -440,6 +519,18 @@ TEST_F(HospitalFileTest, OnANetworkDriveNothingIsMadeAndNothingOpened) {
     QFile::remove(Path());
     EXPECT_EQ(FailureOf([this] { HospitalFile::Create(Path(), scripts); }).number, 5120);
     SetFileSystemOf({});
+    EXPECT_EQ(Files(), QStringList());
+}
+
+TEST_F(HospitalFileTest, InTheHomeFolderItselfNothingIsMadeAndNothingOpened) {
+    Create();
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", QFile::encodeName(folder.path()));
+    EXPECT_EQ(OpenFailure().number, 5120);
+    EXPECT_EQ(FailureOf([this] { HospitalFile::Replace(Path(), scripts); }).number, 5120);
+    QFile::remove(Path());
+    EXPECT_EQ(FailureOf([this] { HospitalFile::Create(Path(), scripts); }).number, 5120);
+    qputenv("HOME", home);
     EXPECT_EQ(Files(), QStringList());
 }
 
@@ -460,29 +551,10 @@ TEST_F(HospitalFileTest, TheLockOfAMachineOfAnotherNameIsNotWaitedForLong) {
 
 TEST_F(HospitalFileTest, AFileThatNobodyClosedIsCheckedAndRefusedWhenItIsDamaged) {
     Create();
-    const int code = RunInChild([this] {
-        const auto gateway = Open();
-        gateway->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = 555"_s);
-        KillThisProcess();
-        return 0;
-    });
-    ASSERT_EQ(code, -SIGKILL);
+    WriteAndBeKilled();
     EXPECT_EQ(OpenFailure().number, 0) << "a process that was killed does no harm";
-    ASSERT_EQ(RunInChild([this] {
-                  const auto gateway = Open();
-                  gateway->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = 556"_s);
-                  KillThisProcess();
-                  return 0;
-              }),
-              -SIGKILL);
-    QFile file(Path());
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    // The pages behind the first ones, which tell what tables there are, are filled with nonsense.
-    const qint64 kept = 40 * 1024;
-    ASSERT_GT(file.size(), kept + 8192);
-    file.seek(kept);
-    file.write(QByteArray(8192, 'x'));
-    file.close();
+    WriteAndBeKilled();
+    Damage(Path());
     const Failure failure = OpenFailure();
     EXPECT_EQ(failure.number, 824);
     EXPECT_TRUE(failure.text.contains(u"is damaged"_s)) << failure.text.toStdString();

@@ -53,6 +53,33 @@ TEST_F(HospitalPlace, APipeAFolderAndADeviceAreNoHospital) {
     }
 }
 
+TEST_F(HospitalPlace, ALinkIsFollowedToTheFileWhereverItStands) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"there"_s));
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u"here"_s));
+    const QString real = folder.filePath(u"there/hospital.db"_s);
+    EXPECT_EQ(RealPath(real), real) << "not there yet";
+    Make(real, 0600);
+    ASSERT_TRUE(QFile::link(real, folder.filePath(u"here/link.db"_s)));
+    ASSERT_TRUE(QFile::link(folder.filePath(u"there"_s), folder.filePath(u"linked"_s)));
+    EXPECT_EQ(RealPath(real), real);
+    EXPECT_EQ(RealPath(folder.filePath(u"here/link.db"_s)), real);
+    EXPECT_EQ(RealPath(folder.filePath(u"linked/hospital.db"_s)), real);
+    EXPECT_EQ(RealPath(folder.filePath(u"linked/other.db"_s)), folder.filePath(u"there/other.db"_s))
+        << "a file that is not there yet";
+    EXPECT_EQ(RealPath(folder.filePath(u"nowhere/hospital.db"_s)), folder.filePath(u"nowhere/hospital.db"_s));
+}
+
+TEST_F(HospitalPlace, TheHomeFolderItselfIsNoPlace) {
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", QFile::encodeName(folder.path()));
+    const Failure inHome = FailureOf([this] { RequireFolderOfItsOwn(Path()); });
+    const Failure below = FailureOf([this] { RequireFolderOfItsOwn(folder.filePath(u"share/h.db"_s)); });
+    qputenv("HOME", home);
+    EXPECT_EQ(inHome.number, 5120);
+    EXPECT_TRUE(inHome.text.contains(u"home folder"_s)) << inHome.text.toStdString();
+    EXPECT_EQ(below.number, 0);
+}
+
 TEST_F(HospitalPlace, AFileOnANetworkDriveIsRefusedInWords) {
     QString asked;
     SetFileSystemOf([&asked](const QString& path) {
@@ -70,9 +97,14 @@ TEST_F(HospitalPlace, ThisMachinesDiskWillDo) {
 }
 
 TEST_F(HospitalPlace, KnowsTheFileSystemsOfOtherMachines) {
-    for (const char* kind : {"nfs", "nfs4", "cifs", "smb3", "fuse.sshfs", "ceph"})
+    for (const char* kind :
+         {"nfs",         "nfs4",         "cifs",   "smb3",     "afs",        "ceph",
+          "lustre",      "gpfs",         "beegfs", "orangefs", "pvfs2",      "gfs2",
+          "ocfs2",       "vboxsf",       "prl_fs", "vmhgfs",   "fuse.sshfs", "fuse.vmhgfs-fuse",
+          "fuse.rclone", "fuse.anything"})
         EXPECT_TRUE(IsNetworkFileSystem(kind)) << kind;
-    for (const char* kind : {"ext4", "xfs", "btrfs", "overlay", "tmpfs", "ntfs3", "vfat", "fuseblk", ""})
+    for (const char* kind : {"ext4", "xfs", "btrfs", "overlay", "tmpfs", "ntfs3", "vfat", "fuseblk",
+                             "fuse.fuse-overlayfs", "9p", "virtiofs", ""})
         EXPECT_FALSE(IsNetworkFileSystem(kind)) << kind;
 }
 
@@ -93,6 +125,16 @@ TEST_F(HospitalPlace, AFileFoundWiderIsNarrowedWithItsLogAndItsIndex) {
     for (const QString& suffix : {QString(), u"-wal"_s, u"-shm"_s})
         EXPECT_EQ(ModeOf(Path() + suffix), 0600U) << suffix.toStdString();
     EXPECT_EQ(ModeOf(Path() + u".txt"_s), 0664U) << "no file of the hospital's";
+}
+
+TEST_F(HospitalPlace, WhatIsNoFileKeepsItsRights) {
+    ASSERT_EQ(::mkfifo(QFile::encodeName(Path()).constData(), 0600), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(Path()).constData(), 0644), 0);
+    ASSERT_TRUE(QDir().mkdir(Path() + u"-wal"_s));
+    ASSERT_EQ(::chmod(QFile::encodeName(Path() + u"-wal"_s).constData(), 0755), 0);
+    KeepPrivate(Path());
+    EXPECT_EQ(ModeOf(Path()), 0644U) << "a pipe";
+    EXPECT_EQ(ModeOf(Path() + u"-wal"_s), 0755U) << "a folder";
 }
 
 TEST_F(HospitalPlace, AFileThatIsReadOnlyForItsOwnerStaysSo) {

@@ -20,14 +20,20 @@ class SignOnTrailTest : public testing::Test {
     ~SignOnTrailTest() override { SetClock({}); }
 
     SignOnTrail At(const QString& workstation) { return {database, workstation}; }
+    /// Begins a try, when its wait is over.
+    void Begin(SignOnTrail& trail, const QString& user) {
+        for (seconds wait = trail.Begin(user, true); wait.count() > 0; wait = trail.Begin(user, true))
+            Pass(wait);
+    }
     void Fail(const QString& user, const QString& workstation, int times = 1) {
+        SignOnTrail trail = At(workstation);
         for (int i = 0; i < times; ++i)
-            At(workstation).Begin(user);
+            Begin(trail, user);
     }
     std::optional<FailedSignOns> SignOn(const QString& user, const QString& workstation) {
         SignOnTrail trail = At(workstation);
-        trail.Begin(user);
-        return trail.Succeeded(user);
+        Begin(trail, user);
+        return trail.SignedOn(user);
     }
     void Pass(seconds time) { now = DateTime::FromMilliseconds(now.Milliseconds() + time.count() * 1000); }
 
@@ -99,7 +105,37 @@ TEST_F(SignOnTrailTest, ATryThatNobodyHasFinishedCountsAsFailed) {
 TEST_F(SignOnTrailTest, AClockThatWasSetBackMakesNobodyWaitLonger) {
     Fail(u"NURSE"_s, u"DESK1"_s, 4);
     now = now.AddDays(-30);
-    EXPECT_EQ(At(u"DESK1"_s).Wait(u"NURSE"_s), seconds(4));
+    EXPECT_EQ(At(u"DESK1"_s).Begin(u"NURSE"_s), seconds(4)) << "from the first look on";
+    Pass(seconds(1));
+    EXPECT_EQ(At(u"DESK1"_s).Begin(u"NURSE"_s), seconds(3));
+    Pass(seconds(3));
+    EXPECT_EQ(At(u"DESK1"_s).Begin(u"NURSE"_s), seconds(0));
+}
+
+TEST_F(SignOnTrailTest, ATryThatHasToWaitIsNotNoted) {
+    Fail(u"NURSE"_s, u"DESK1"_s, 3);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(At(u"DESK1"_s).Begin(u"NURSE"_s), seconds(2)) << i;
+}
+
+TEST_F(SignOnTrailTest, WhoHasServedHisWaitIsHeldUpByHisWorkstationAlone) {
+    Fail(u"NURSE"_s, u"DESK1"_s, 3);
+    EXPECT_EQ(At(u"DESK2"_s).Begin(u"NURSE"_s), seconds(2));
+    EXPECT_EQ(At(u"DESK1"_s).Begin(u"NURSE"_s, true), seconds(2));
+    EXPECT_EQ(At(u"DESK2"_s).Begin(u"NURSE"_s, true), seconds(0));
+}
+
+TEST_F(SignOnTrailTest, ARightPasswordEndsTheCountButWhatFailedIsToldAtTheSignOn) {
+    Fail(u"NURSE"_s, u"DESK1"_s, 3);
+    SignOnTrail trail = At(u"DESK1"_s);
+    Begin(trail, u"NURSE"_s);
+    trail.PasswordWasRight();
+    EXPECT_EQ(At(u"DESK1"_s).Wait(u"NURSE"_s), seconds(0));
+    Fail(u"NURSE"_s, u"DESK1"_s);
+    const auto failed = SignOn(u"NURSE"_s, u"DESK1"_s);
+    ASSERT_TRUE(failed);
+    EXPECT_EQ(failed->count, 4);
+    EXPECT_FALSE(SignOn(u"NURSE"_s, u"DESK1"_s));
 }
 
 TEST_F(SignOnTrailTest, TellsWhatFailedSinceTheUsersLastSignOn) {
