@@ -127,6 +127,8 @@ void frmCashPatients::cmbPatientType_Click() {
 }
 
 void frmCashPatients::cmbPatientType_KeyPress(int& keyAscii) {
+    if (keyAscii == Key::kEscape)
+        return;
     const QChar key = UCase(QChar(keyAscii));
     const bool isEnter = keyAscii == Key::kEnter;
     // No other key reaches the box, which would look for an entry by itself.

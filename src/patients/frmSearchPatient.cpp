@@ -221,9 +221,10 @@ void frmSearchPatient::LoadTarget() {
     FinderTargetOf(mode).Picked();
 }
 
-void frmSearchPatient::ListView1_KeyPress(int&) {
-    // Kept: any key picks, whichever it is.
-    ListView1_DblClick();
+void frmSearchPatient::ListView1_KeyPress(int& keyAscii) {
+    // Kept: any key picks, whichever it is; Escape is the screen's and leaves it.
+    if (keyAscii != Key::kEscape)
+        ListView1_DblClick();
 }
 
 FinderQuestion::~FinderQuestion() {

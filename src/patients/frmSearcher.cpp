@@ -89,7 +89,11 @@ void frmSearcher::Wire() {
     OnGotFocus(txtSearchStr, [this] { txtSearchStr_GotFocus(); });
     OnKeyPress(txtSearchStr, [this](int& key) { txtSearchStr_KeyPress(key); });
     connect(grdDispWindow, &FlexGrid::DblClick, this, &frmSearcher::cmdSelect_Click);
-    OnKeyPress(grdDispWindow, [this](int&) { cmdSelect_Click(); });
+    OnKeyPress(grdDispWindow, [this](int& key) {
+        // Any key picks; Escape is the screen's and leaves it.
+        if (key != Key::kEscape)
+            cmdSelect_Click();
+    });
     connect(cmdSelect, &QPushButton::clicked, this, &frmSearcher::cmdSelect_Click);
     SetCloseButton(cmdCancel);
     connect(cmdCancel, &QPushButton::clicked, this, &frmSearcher::cmdCancel_Click);

@@ -89,13 +89,11 @@ TEST_P(EveryScreen, ShiftTabGoesBackToWhereTabCameFrom) {
     });
 }
 
-const std::set<std::string> kAskBeforeTheyClose = {"frmAssessment", "frmAssessStatus"};
-
 TEST_P(EveryScreen, IsLeftByEscape) {
     if (GetParam().name == "frmMain")
         GTEST_SKIP() << "the main window ends by its menu";
     Open(GetParam(), [this](const QWidget& screen) {
-        if (kAskBeforeTheyClose.contains(GetParam().name))
+        if (GetParam().name == "frmAssessment")
             messages.Expect({.text = u"Are you sure to close this program?"_s,
                              .icon = MsgIcon::Question,
                              .title = u"OPD Registration System"_s,
