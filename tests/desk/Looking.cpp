@@ -19,6 +19,7 @@ constexpr int kVisiblePixels = 40;
 constexpr int kFrameButtons = 90;
 /// A date has three parts that Tab walks.
 constexpr int kMostTabs = 4;
+constexpr int kMostControls = 40;
 constexpr int kDark = 128;
 constexpr std::chrono::milliseconds kBlinkPatience(20000);
 constexpr std::chrono::milliseconds kPause(20);
@@ -109,6 +110,18 @@ void Desk::ExpectFocusIsSeen() {
     const QImage without = Picture(u"focus-off-"_s + before.focus);
     EXPECT_GE(ChangedPixels(with, without, before.focusPlace), kVisiblePixels)
         << before.focus.toStdString() << " looks alike with the focus and without";
+}
+
+void Desk::ExpectEachFocusIsSeen() {
+    const QRect first = ExpectAFocus().focusPlace;
+    for (int i = 0; i < kMostControls; ++i) {
+        const QRect here = Now().focusPlace;
+        ExpectFocusIsSeen();
+        const QRect next = Now().focusPlace;
+        if (next == first || next == here)
+            return;
+    }
+    ADD_FAILURE() << "Tab does not lead round";
 }
 
 ShownWindow Desk::WindowOf(const QString& name) {
