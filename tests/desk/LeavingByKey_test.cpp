@@ -1,5 +1,6 @@
 #include "desk/Desk.h"
 
+#include <set>
 #include <string_view>
 
 using namespace Qt::StringLiterals;
@@ -8,15 +9,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What Escape does there is told otherwise, or there is nothing to leave.
-bool StaysAtEscape(const Way& way) {
-    const std::string_view end = way.End();
-    return end == "frmMain" || end == "frmAssessStatus" || end == "frmReprint";
-}
-
+/// One screen of each kind: the queue, the finder, the pickers, a registration, and those that stand inside
+/// the main window.
 std::vector<Way> WaysThatEscapeLeaves() {
+    static const std::set<std::string> kNames = {
+        "Requests",     "PatientFinder", "Departments", "Services",    "StockItems",       "Doctors",
+        "CashPatients", "Registration",  "Assessment",  "AuditReport", "InPatientCharges", "Setup"};
     std::vector<Way> ways = EveryWay();
-    std::erase_if(ways, StaysAtEscape);
+    std::erase_if(ways, [](const Way& way) { return !kNames.contains(way.name); });
     return ways;
 }
 

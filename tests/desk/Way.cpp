@@ -20,7 +20,7 @@ const Steps kPatient = kFinder + Steps{{"frmPostCharges", "{Return}"}};
 const Steps kGrid = kPatient + Steps{{"frmPostCharges", "D001{Return}", "txtDocID"}};
 const Steps kAssessment = {{"frmAssessment", "{Control+a}"}};
 /// Space takes the first patient type, and the arrows go on to the third.
-const Steps kCashPatients = kAssessment + Steps{{"frmCashWalkIn", " {Down}{Down}{Tab}de{Return}"}};
+const Steps kCashPatients = kAssessment + Steps{{"frmCashWalkIn", " {Down}{Down}{Tab}pan{Return}"}};
 const Steps kCashPatient = kCashPatients + Steps{{"frmAssessment", "{Return}", "MSHFlexCash"}};
 
 Steps ByClass(const char* screen) {
@@ -33,13 +33,8 @@ std::vector<Way> WaysOfTheMenus() {
         {"Assessment", kAssessment},
         {"InPatientCharges", kCharges},
         {"OutPatientCharges", {{"frmPostCharges", "{Alt+q}{Down}{Down}{Return}"}}},
+        // The reports of a period differ in nothing that is seen here.
         {"AuditReport", {{"frmReportRange", "{Alt+p}{Return}"}}},
-        {"OutPatientIncome", {{"frmReportRange", "{Alt+p}{Down}{Right}{Return}"}}},
-        {"InPatientIncome", {{"frmReportRange", "{Alt+p}{Down}{Right}{Down}{Return}"}}},
-        {"CashIncome", {{"frmReportRange", "{Alt+p}{Down}{Right}{Down}{Down}{Return}"}}},
-        {"MonthlySummary", {{"frmReportRange", "{Alt+p}{Down}{Down}{Return}"}}},
-        {"InPatientCompany", {{"frmReportRange", "{Alt+p}{Down}{Down}{Down}{Right}{Return}"}}},
-        {"OutPatientCompany", {{"frmReportRange", "{Alt+p}{Down}{Down}{Down}{Right}{Down}{Return}"}}},
         {"Census", {{"frmCensus", "{Alt+p}{Up}{Up}{Return}"}}},
         {"Ledger", {{"frmLedger", "{Alt+p}{Up}{Return}"}}},
         {"AssessmentStatus", {{"frmAssessStatus", "{Alt+q}{Right}{Right}{Return}"}}},
@@ -70,13 +65,20 @@ std::vector<Way> WaysThroughScreens() {
     };
 }
 
+/// The screens to which no menu leads, filled as a clerk would.
 std::vector<Way> WaysByClass() {
     return {
-        {"Consultation", ByClass("frmReport")},       {"Rates", ByClass("frmRates")},
-        {"Reprint", ByClass("frmReprint")},           {"BilledPatients", ByClass("frmARPatients")},
-        {"Examinations", ByClass("frmSearcher")},     {"OlderCashPatients", ByClass("frmCashPatients")},
-        {"OlderWalkIn", ByClass("frmWalkIn")},        {"RegisteredOutPatients", ByClass("frmRegisteredOPD")},
+        {"Consultation", ByClass("frmReport")},
+        {"Rates", ByClass("frmRates") + Steps{{"frmRates", "HC{Return}"}}},
+        {"Reprint", ByClass("frmReprint") + Steps{{"frmReprint", "{Return}700124{Return}"}}},
+        {"BilledPatients", ByClass("frmARPatients") + Steps{{"frmARPatients", "de{Return}"}}},
+        {"Examinations", ByClass("frmSearcher")},
+        {"OlderCashPatients", ByClass("frmCashPatients") + Steps{{"frmCashPatients", "w{Return}"}}},
+        {"OlderWalkIn", ByClass("frmWalkIn")},
+        {"RegisteredOutPatients", ByClass("frmRegisteredOPD") + Steps{{"frmRegisteredOPD", "de{Return}"}}},
         {"WalkInUpdate", ByClass("frmWalkInUpdate")},
+        {"WalkInUpdateOfOne",
+         ByClass("frmWalkInUpdate") + Steps{{"frmWalkInUpdate", "{Return}{Down}{Return}"}}},
     };
 }
 
