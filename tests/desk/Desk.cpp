@@ -225,6 +225,15 @@ void Desk::ExpectNoScreen(const QString& name) {
     WaitFor([&name](const State& state) { return state.Window(name) == nullptr; }, u"the end of "_s + name);
 }
 
+void Desk::ExpectText(const QString& control, const QString& text) {
+    WaitFor(
+        [this, &control, &text](const State&) {
+            const std::optional<Control> shown = FindControl(control);
+            return shown && shown->text == text;
+        },
+        text + u" in "_s + control);
+}
+
 QImage Desk::Picture(const QString& name) {
     QImage picture = mSeat->Picture();
     mPictures.emplace_back(name, picture);

@@ -78,6 +78,9 @@ class Desk : public testing::Test {
     /// Waits until none is shown.
     void ExpectNoScreen(const QString& name);
 
+    /// Waits until that text stands in the control.
+    void ExpectText(const QString& control, const QString& text);
+
     /// The picture on the screen, kept under that name for a case that fails.
     QImage Picture(const QString& name);
     /// Waits until the caret blinks where the control with the focus has it, and answers a picture with it.

@@ -20,15 +20,44 @@ std::vector<Way> WaysThatEscapeLeaves() {
     return ways;
 }
 
+/// The screens that ask before they are left.
+std::vector<Way> WaysThatAsk() {
+    return {
+        Further("Assessment", "Assessment", {{"MsgBox", "{Escape}"}, {"frmMain", "{Return}"}}),
+        Further("AssessmentStatus", "AssessmentStatus", {{"MsgBox", "{Escape}"}, {"frmMain", "{Return}"}})};
+}
+
 class EscapeKey : public WayDesk {};
+class EscapeKeyWithQuestion : public WayDesk {};
 class BellByKey : public AnyDesk {};
-class ClosingKeys : public Desk,
-                    public testing::WithParamInterface<std::tuple<WindowManager, const char*>> {};
+/// Keys that close the active screen, and the window managers that let them through: xfwm4 goes to its fourth
+/// workspace at Ctrl+F4.
+struct Closing {
+    WindowManager manager;
+    const char* keys;
+};
+
+constexpr Closing kClosing[] = {{WindowManager::None, "{Control+F4}"},
+                                {WindowManager::Openbox, "{Control+F4}"},
+                                {WindowManager::None, "{Control+w}"},
+                                {WindowManager::Openbox, "{Control+w}"},
+                                {WindowManager::Xfwm4, "{Control+w}"}};
+
+void PrintTo(const Closing& closing, std::ostream* out) {
+    *out << closing.keys;
+}
+
+class ClosingKeys : public Desk, public testing::WithParamInterface<Closing> {};
 
 TEST_P(EscapeKey, LeavesTheScreen) {
     const QString screen = GoThere();
     Key(u"{Escape}"_s);
     ExpectNoScreen(screen);
+    ExpectAFocus();
+}
+
+TEST_P(EscapeKeyWithQuestion, LeavesTheScreenWhenItIsAnswered) {
+    GoThere();
     ExpectAFocus();
 }
 
@@ -62,20 +91,20 @@ TEST_P(ClosingKeys, CloseTheActiveScreenAlone) {
     ExpectScreen(u"frmMain"_s);
 }
 
-std::string NameOfClosing(const testing::TestParamInfo<std::tuple<WindowManager, const char*>>& named) {
-    std::string keys = std::get<1>(named.param);
-    std::erase_if(keys, [](char c) { return std::string_view("{+}").find(c) != std::string_view::npos; });
-    return NameOf(std::get<0>(named.param)) + '_' + keys;
+std::string NameOfClosing(const testing::TestParamInfo<Closing>& named) {
+    const bool isW = std::string_view(named.param.keys).find('w') != std::string_view::npos;
+    return NameOf(named.param.manager) + (isW ? "_CtrlW" : "_CtrlF4");
 }
 
 INSTANTIATE_TEST_SUITE_P(Under, EscapeKey,
                          testing::Combine(testing::ValuesIn(kWindowManagers),
                                           testing::ValuesIn(WaysThatEscapeLeaves())),
                          WayName());
-INSTANTIATE_TEST_SUITE_P(Under, BellByKey, testing::ValuesIn(kWindowManagers), WindowManagerName());
-INSTANTIATE_TEST_SUITE_P(Under, ClosingKeys,
+INSTANTIATE_TEST_SUITE_P(Under, EscapeKeyWithQuestion,
                          testing::Combine(testing::ValuesIn(kWindowManagers),
-                                          testing::Values("{Control+F4}", "{Control+w}")),
-                         NameOfClosing);
+                                          testing::ValuesIn(WaysThatAsk())),
+                         WayName());
+INSTANTIATE_TEST_SUITE_P(Under, BellByKey, testing::ValuesIn(kWindowManagers), WindowManagerName());
+INSTANTIATE_TEST_SUITE_P(Under, ClosingKeys, testing::ValuesIn(kClosing), NameOfClosing);
 
 } // namespace

@@ -56,6 +56,11 @@ std::string Written(const Control& control) {
     return u"%1 %2 of %3"_s.arg(control.kind, control.name, control.window).toStdString();
 }
 
+/// Headings whose columns are narrower than they, as the hospital has them.
+bool IsToldNarrow(const Control& control, const ShownText& shown) {
+    return control.window == "frmReprint"_L1 && shown.text == "REVENUEID"_L1;
+}
+
 bool IsWhole(const ShownText& shown) {
     return shown.needs.width() <= shown.room.width() && shown.needs.height() <= shown.room.height();
 }
@@ -137,7 +142,7 @@ void Desk::ExpectNothingCut(const QString& window) {
     for (const Control& control : Controls(window)) {
         for (const ShownText& shown : control.texts) {
             ++texts;
-            EXPECT_TRUE(IsWhole(shown))
+            EXPECT_TRUE(IsWhole(shown) || IsToldNarrow(control, shown))
                 << Written(control) << " cuts \"" << shown.text.toStdString() << "\": it needs "
                 << Written(shown.needs) << " and has " << Written(shown.room);
         }

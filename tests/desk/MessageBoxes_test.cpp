@@ -23,9 +23,10 @@ const std::vector<Box>& Boxes() {
         {Further("KnowsNoSuchDoctor", "ChargesOfAPatient",
                  {{"PickDialog", "md{Return}D{Return}", "txtEntry"}, {"MsgBox", "{Escape}"}}),
          "TARVEN"},
-        {Further("AsksBeforeARequestIsRevoked", "Requests",
-                 {{"frmNursingRequest", "{Down}"}, {"MsgBox", "{Return}", "cmdCancel"}}),
-         "Notification"},
+        // The year, which no other part of the date holds back.
+        {Further("RefusesThePeriod", "AuditReport",
+                 {{"frmReportRange", "{End}{Down}", "dtpEndDate"}, {"MsgBox", "{Return}", "cmdView"}}),
+         "TARVEN"},
         {Further("TellsAFailure", "InPatientCharges", {{"Failure", "O'BRIEN{Return}"}}), "TARVEN"},
     };
     return kBoxes;
