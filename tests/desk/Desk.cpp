@@ -122,14 +122,32 @@ void Desk::TabTo(const QString& control) {
     throw std::runtime_error("the Tab key does not lead to " + control.toStdString());
 }
 
-void Desk::OpenCharges(const QString& patient) {
-    Key(u"{Alt+q}{Down}{Return}"_s);
-    ExpectFocus(u"txtLastName"_s);
-    Key(patient + u"{Return}"_s);
-    ExpectFocus(u"ListView1"_s);
-    Key(u"{Return}"_s);
-    ExpectNoScreen(u"frmSearchPatient"_s);
-    ExpectScreen(u"frmPostCharges"_s);
+void Desk::Go(const std::vector<Step>& steps) {
+    for (const Step& step : steps) {
+        Take(step);
+        ExpectScreen(QString::fromLatin1(step.screen));
+        Now();
+    }
+}
+
+void Desk::Take(const Step& step) {
+    if (step.by == By::Class)
+        return OpenByClass(QString::fromLatin1(step.screen));
+    if (step.by == By::DoubleClick)
+        return DoubleClick(QString::fromLatin1(step.at));
+    if (step.at)
+        TabTo(QString::fromLatin1(step.at));
+    Key(QString::fromLatin1(step.keys));
+}
+
+void Desk::OpenByClass(const QString& screen) {
+    Ask("open " + screen.toLatin1());
+}
+
+void Desk::DoubleClick(const QString& control) {
+    const Control shown = ExpectControl(control);
+    mSeat->Click(shown.place.center());
+    mSeat->Click(shown.place.center());
 }
 
 void Desk::Click(const QString& control) {
@@ -137,8 +155,8 @@ void Desk::Click(const QString& control) {
     Now();
 }
 
-QJsonObject Desk::Ask(const char* question) {
-    mProgram->Process().write(QByteArray(question) + '\n');
+QJsonObject Desk::Ask(const QByteArray& question) {
+    mProgram->Process().write(question + '\n');
     return QJsonDocument::fromJson(mProgram->ReadLine()).object();
 }
 
@@ -157,12 +175,22 @@ std::vector<Control> Desk::Controls(const QString& window) {
     return controls;
 }
 
-Control Desk::ControlOf(const QString& name) {
+std::optional<Control> Desk::FindControl(const QString& name) {
     for (Control& control : Controls()) {
         if (control.name == name)
             return std::move(control);
     }
+    return std::nullopt;
+}
+
+Control Desk::ControlOf(const QString& name) {
+    if (std::optional<Control> control = FindControl(name))
+        return std::move(*control);
     throw std::runtime_error(name.toStdString() + " is not on the screen");
+}
+
+Control Desk::ExpectControl(const QString& name) {
+    return Await([&] { return FindControl(name); }, name + u" to be shown"_s);
 }
 
 State Desk::WaitFor(const std::function<bool(const State&)>& condition, const QString& what) {
@@ -172,6 +200,11 @@ State Desk::WaitFor(const std::function<bool(const State&)>& condition, const QS
             return condition(state) ? std::optional(std::move(state)) : std::nullopt;
         },
         what);
+}
+
+State Desk::ExpectAFocus() {
+    return WaitFor([](const State& state) { return !state.focusPlace.isEmpty(); },
+                   u"the focus on anything visible"_s);
 }
 
 State Desk::ExpectFocus(const QString& control) {
@@ -192,8 +225,23 @@ void Desk::ExpectNoScreen(const QString& name) {
     WaitFor([&name](const State& state) { return state.Window(name) == nullptr; }, u"the end of "_s + name);
 }
 
+void Desk::ExpectText(const QString& control, const QString& text) {
+    WaitFor(
+        [this, &control, &text](const State&) {
+            const std::optional<Control> shown = FindControl(control);
+            return shown && shown->text == text;
+        },
+        text + u" in "_s + control);
+}
+
 QImage Desk::Picture(const QString& name) {
     QImage picture = mSeat->Picture();
     mPictures.emplace_back(name, picture);
     return picture;
+}
+
+QString WayDesk::GoThere(const Screen& screen) {
+    StartSignedOn(Manager(), screen);
+    Go(TheWay().steps);
+    return QString::fromLatin1(TheWay().End());
 }

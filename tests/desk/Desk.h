@@ -4,6 +4,7 @@
 #include "desk/ProgramFolder.h"
 #include "desk/Seat.h"
 #include "desk/Sight.h"
+#include "desk/Way.h"
 #include "desk/WindowManager.h"
 #include "desk/XServer.h"
 
@@ -50,8 +51,8 @@ class Desk : public testing::Test {
     /// Presses Tab until the control of that name has the focus. Raises std::runtime_error when 40 times do
     /// not lead there.
     void TabTo(const QString& control);
-    /// Opens the charge screen of in-patients and takes the first one whose name begins so.
-    void OpenCharges(const QString& patient);
+    /// Takes steps, each when the one before has led to its window.
+    void Go(const std::vector<Step>& steps);
     /// Clicks on the middle of a control.
     void Click(const QString& control);
 
@@ -61,17 +62,24 @@ class Desk : public testing::Test {
     std::vector<Control> Controls(const QString& window = {});
     /// The visible control of that name.
     Control ControlOf(const QString& name);
+    /// Waits until the control of that name is shown.
+    Control ExpectControl(const QString& name);
     QString Text(const QString& control) { return ControlOf(control).text; }
 
     /// Waits until a condition holds and answers the state in which it did; `what` names it when it never
     /// does.
     State WaitFor(const std::function<bool(const State&)>& condition, const QString& what);
+    /// Waits until anything visible has the focus.
+    State ExpectAFocus();
     /// Waits until the control of that name has the focus.
     State ExpectFocus(const QString& control);
     /// Waits until a window or screen of that name is shown and is the active one.
     State ExpectScreen(const QString& name);
     /// Waits until none is shown.
     void ExpectNoScreen(const QString& name);
+
+    /// Waits until that text stands in the control.
+    void ExpectText(const QString& control, const QString& text);
 
     /// The picture on the screen, kept under that name for a case that fails.
     QImage Picture(const QString& name);
@@ -81,6 +89,8 @@ class Desk : public testing::Test {
     /// shows its caret, and the control looks different once Tab has moved the focus on. The only control of
     /// its window that takes keys need not.
     void ExpectFocusIsSeen();
+    /// The same for each control on which Tab stops, from the one with the focus on.
+    void ExpectEachFocusIsSeen();
     /// Fails for each text of a window or screen that needs more room than it has.
     void ExpectNothingCut(const QString& window);
     /// Fails for each control that reaches out of its window, and for a window that reaches out of its area.
@@ -97,8 +107,12 @@ class Desk : public testing::Test {
   private:
     /// Presses Tab until the focus has left the control at that place; false when it does not.
     bool TabAwayFrom(const QRect& control);
+    std::optional<Control> FindControl(const QString& name);
+    void Take(const Step& step);
+    void DoubleClick(const QString& control);
+    void OpenByClass(const QString& screen);
     State AskState();
-    QJsonObject Ask(const char* question);
+    QJsonObject Ask(const QByteArray& question);
     QProcessEnvironment Settings() const;
     void SavePictures();
 
@@ -113,6 +127,17 @@ class Desk : public testing::Test {
 
 /// A test that is done under each window manager.
 class AnyDesk : public Desk, public testing::WithParamInterface<WindowManager> {};
+
+/// A test that takes ways, each under each window manager.
+class WayDesk : public Desk, public testing::WithParamInterface<WayUnder> {
+  protected:
+    static WindowManager Manager() { return std::get<0>(GetParam()); }
+    static const Way& TheWay() { return std::get<1>(GetParam()); }
+
+    /// Signs on and takes the way. Answers the window or screen to which it leads.
+    QString GoThere(const Screen& screen);
+    QString GoThere() { return GoThere(Screen{}); }
+};
 
 /// How many pixels within a place are visibly of another colour.
 int ChangedPixels(const QImage& before, const QImage& after, const QRect& place);

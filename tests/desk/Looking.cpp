@@ -19,6 +19,7 @@ constexpr int kVisiblePixels = 40;
 constexpr int kFrameButtons = 90;
 /// A date has three parts that Tab walks.
 constexpr int kMostTabs = 4;
+constexpr int kMostControls = 40;
 constexpr int kDark = 128;
 constexpr std::chrono::milliseconds kBlinkPatience(20000);
 constexpr std::chrono::milliseconds kPause(20);
@@ -53,6 +54,11 @@ std::string Written(const QSize& size) {
 
 std::string Written(const Control& control) {
     return u"%1 %2 of %3"_s.arg(control.kind, control.name, control.window).toStdString();
+}
+
+/// Headings whose columns are narrower than they, as the hospital has them.
+bool IsToldNarrow(const Control& control, const ShownText& shown) {
+    return control.window == "frmReprint"_L1 && shown.text == "REVENUEID"_L1;
 }
 
 bool IsWhole(const ShownText& shown) {
@@ -111,6 +117,18 @@ void Desk::ExpectFocusIsSeen() {
         << before.focus.toStdString() << " looks alike with the focus and without";
 }
 
+void Desk::ExpectEachFocusIsSeen() {
+    const QRect first = ExpectAFocus().focusPlace;
+    for (int i = 0; i < kMostControls; ++i) {
+        const QRect here = Now().focusPlace;
+        ExpectFocusIsSeen();
+        const QRect next = Now().focusPlace;
+        if (next == first || next == here)
+            return;
+    }
+    ADD_FAILURE() << "Tab does not lead round";
+}
+
 ShownWindow Desk::WindowOf(const QString& name) {
     const State state = Now();
     if (const ShownWindow* window = state.Window(name))
@@ -124,7 +142,7 @@ void Desk::ExpectNothingCut(const QString& window) {
     for (const Control& control : Controls(window)) {
         for (const ShownText& shown : control.texts) {
             ++texts;
-            EXPECT_TRUE(IsWhole(shown))
+            EXPECT_TRUE(IsWhole(shown) || IsToldNarrow(control, shown))
                 << Written(control) << " cuts \"" << shown.text.toStdString() << "\": it needs "
                 << Written(shown.needs) << " and has " << Written(shown.room);
         }

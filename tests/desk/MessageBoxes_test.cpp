@@ -6,75 +6,58 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class MessageBoxAtADesk : public AnyDesk {
-  protected:
-    void ExpectBox(const QString& title, const QString& name = u"MsgBox"_s) {
-        EXPECT_EQ(ExpectScreen(name).Window(name)->title.toStdString(), title.toStdString());
-        ExpectNothingCut(name);
-        ExpectInside(name);
-        ExpectRoomForTitle(name);
-        ExpectFocusIsSeen();
-    }
+struct Box {
+    Way way;
+    const char* title;
 };
 
-TEST_P(MessageBoxAtADesk, ThatAsksBeforeTheHospitalIsMadeAnew) {
-    StartProgram(GetParam());
-    Key(u"{Alt+a}"_s);
-    ExpectBox(u"Sign On"_s);
+const std::vector<Box>& Boxes() {
+    static const std::vector<Box> kBoxes = {
+        {Further("AsksBeforeTheAssessmentsAreLeft", "AssessmentStatus", {{"MsgBox", "{Escape}"}}),
+         "OPD Registration System"},
+        {Further("MissesThePatientsName", "Assessment", {{"MsgBox", "{Alt+s}"}}), "Assessment"},
+        {Further("MissesTheQuantity", "ChargesOfAPatient",
+                 {{"MsgBox", "hc{Return}HC001{Return}{BackSpace}{Return}", "txtEntry"}}),
+         "TARVEN"},
+        {Further("MissesTheLines", "ChargesOfAPatient", {{"MsgBox", "{Return}", "cmdPrint"}}), "Assessment"},
+        {Further("KnowsNoSuchDoctor", "ChargesOfAPatient",
+                 {{"PickDialog", "md{Return}D{Return}", "txtEntry"}, {"MsgBox", "{Escape}"}}),
+         "TARVEN"},
+        // The year, which no other part of the date holds back.
+        {Further("RefusesThePeriod", "AuditReport",
+                 {{"frmReportRange", "{End}{Down}", "dtpEndDate"}, {"MsgBox", "{Return}", "cmdView"}}),
+         "TARVEN"},
+        {Further("TellsAFailure", "InPatientCharges", {{"Failure", "O'BRIEN{Return}"}}), "TARVEN"},
+    };
+    return kBoxes;
 }
 
-TEST_P(MessageBoxAtADesk, ThatAsksBeforeTheAssessmentsAreLeft) {
-    StartSignedOn(GetParam());
-    Key(u"{Alt+q}{Right}{Right}{Return}"_s);
-    ExpectScreen(u"frmAssessStatus"_s);
-    Key(u"{Escape}"_s);
-    ExpectBox(u"OPD Registration System"_s);
+void PrintTo(const Box& box, std::ostream* out) {
+    *out << box.way.name;
 }
 
-TEST_P(MessageBoxAtADesk, ThatMissesThePatientsName) {
-    StartSignedOn(GetParam());
-    Key(u"{Alt+q}a"_s);
-    ExpectScreen(u"frmAssessment"_s);
-    Key(u"{Alt+s}"_s);
-    ExpectBox(u"Assessment"_s);
+using Case = std::tuple<WindowManager, Box>;
+
+std::string NameOfCase(const testing::TestParamInfo<Case>& named) {
+    return NameOf(std::get<0>(named.param)) + '_' + std::get<1>(named.param).way.name;
 }
 
-TEST_P(MessageBoxAtADesk, ThatMissesTheQuantity) {
-    StartSignedOn(GetParam());
-    OpenCharges(u"de guz"_s);
-    TabTo(u"txtEntry"_s);
-    Key(u"hc{Return}HC001{Return}{BackSpace}{Return}"_s);
-    ExpectBox(u"TARVEN"_s);
+class MessageBoxAtADesk : public Desk, public testing::WithParamInterface<Case> {};
+
+TEST_P(MessageBoxAtADesk, HasRoomForItsTitleAndItsTexts) {
+    const auto& [manager, box] = GetParam();
+    StartSignedOn(manager);
+    Go(box.way.steps);
+    const QString name = QString::fromLatin1(box.way.End());
+    EXPECT_EQ(WindowOf(name).title.toStdString(), box.title);
+    ExpectNothingCut(name);
+    ExpectInside(name);
+    ExpectRoomForTitle(name);
+    ExpectFocusIsSeen();
 }
 
-TEST_P(MessageBoxAtADesk, ThatMissesTheLines) {
-    StartSignedOn(GetParam());
-    OpenCharges(u"de guz"_s);
-    TabTo(u"cmdPrint"_s);
-    Key(u"{Return}"_s);
-    ExpectBox(u"Assessment"_s);
-}
-
-TEST_P(MessageBoxAtADesk, ThatRefusesThePeriod) {
-    StartSignedOn(GetParam());
-    Key(u"{Alt+p}{Return}"_s);
-    ExpectScreen(u"frmReportRange"_s);
-    TabTo(u"dtpEndDate"_s);
-    // The year, which no other part of the date holds back.
-    Key(u"{End}{Down}"_s);
-    TabTo(u"cmdView"_s);
-    Key(u"{Return}"_s);
-    ExpectBox(u"TARVEN"_s);
-}
-
-TEST_P(MessageBoxAtADesk, ThatTellsAFailure) {
-    StartSignedOn(GetParam());
-    Key(u"{Alt+q}{Down}{Return}"_s);
-    ExpectFocus(u"txtLastName"_s);
-    Key(u"O'BRIEN{Return}"_s);
-    ExpectBox(u"TARVEN"_s, u"Failure"_s);
-}
-
-INSTANTIATE_TEST_SUITE_P(Under, MessageBoxAtADesk, testing::ValuesIn(kWindowManagers), WindowManagerName());
+INSTANTIATE_TEST_SUITE_P(Under, MessageBoxAtADesk,
+                         testing::Combine(testing::ValuesIn(kWindowManagers), testing::ValuesIn(Boxes())),
+                         NameOfCase);
 
 } // namespace

@@ -41,7 +41,9 @@ OwnProcess::OwnProcess(const QString& program, const QStringList& arguments,
     });
     mProcess.start(program, arguments);
     if (!mProcess.waitForStarted(kPatience))
-        throw std::runtime_error(("cannot start "_L1 + program).toStdString());
+        throw std::runtime_error(
+            ("cannot start "_L1 + program + "; \"tools/setup test\" installs what is missing"_L1)
+                .toStdString());
 }
 
 OwnProcess::~OwnProcess() {

@@ -1,5 +1,6 @@
 #include "desk/Probe.h"
 
+#include "desk/ByClass.h"
 #include "desk/TextRoom.h"
 
 #include <QApplication>
@@ -26,6 +27,7 @@ namespace {
 
 /// Sent keys, paintings and other work that a handler puts off wait for the event loop at most this often.
 constexpr int kIdleRounds = 4;
+constexpr QByteArrayView kOpen = "open ";
 
 void AfterRounds(int rounds, const std::function<void()>& then) {
     if (rounds == 0)
@@ -90,8 +92,13 @@ int TitleNeeds(const QWidget& window) {
     return QFontMetrics(face).horizontalAdvance(window.windowTitle());
 }
 
+/// A window of the toolkit's own, such as its print dialogue, is called by its kind.
+QString NameOf(const QWidget& window) {
+    return window.objectName().isEmpty() ? KindOf(window) : window.objectName();
+}
+
 QJsonObject WindowShown(const QWidget& window) {
-    return {{u"name"_s, window.objectName()},
+    return {{u"name"_s, NameOf(window)},
             {u"title"_s, window.windowTitle()},
             {u"titleNeeds"_s, TitleNeeds(window)},
             {u"place"_s, Pixels(window.geometry())},
@@ -111,12 +118,13 @@ QJsonArray WindowsShown() {
 QJsonObject ScreenShown(const QMdiSubWindow& frame) {
     const QWidget& viewport = *frame.mdiArea()->viewport();
     const QWidget& screen = *frame.widget();
-    return {{u"name"_s, screen.objectName()},
-            {u"title"_s, frame.windowTitle()},
-            {u"place"_s, Pixels(OnScreen(screen, screen.rect()))},
-            {u"frame"_s, Pixels(OnScreen(frame, frame.rect()))},
-            {u"area"_s, Pixels(OnScreen(viewport, viewport.rect()))},
-            {u"isActive"_s, frame.mdiArea()->activeSubWindow() == &frame}};
+    return {
+        {u"name"_s, screen.objectName()},
+        {u"title"_s, frame.windowTitle()},
+        {u"place"_s, Pixels(OnScreen(screen, screen.rect()))},
+        {u"frame"_s, Pixels(OnScreen(frame, frame.rect()))},
+        {u"area"_s, Pixels(OnScreen(viewport, viewport.rect()))},
+        {u"isActive"_s, frame.mdiArea()->activeSubWindow() == &frame && !QApplication::activeModalWidget()}};
 }
 
 QJsonArray ScreensShown() {
@@ -173,7 +181,7 @@ QJsonObject ControlShown(const QWidget& control) {
             {u"text"_s, text.text}, {u"needs"_s, SizeShown(text.needs)}, {u"room"_s, SizeShown(text.room)}};
     return {{u"name"_s, control.objectName()},
             {u"kind"_s, KindOf(control)},
-            {u"window"_s, ScreenOf(control).objectName()},
+            {u"window"_s, NameOf(ScreenOf(control))},
             {u"place"_s, Pixels(OnScreen(control, control.rect()))},
             {u"bounds"_s, Pixels(BoundsOf(control))},
             {u"isEnabled"_s, control.isEnabled()},
@@ -223,6 +231,10 @@ void Probe::TakeInput() {
 void Probe::Answer(const QByteArray& question) const {
     WaitForServer();
     const QJsonObject answer = question == "controls" ? ControlsNow() : StateNow(mKeysTaken);
+    // Behind the answer, for a modal screen comes back when it is left.
+    if (question.startsWith(kOpen))
+        QTimer::singleShot(0, qApp,
+                           [name = QString::fromLatin1(question.mid(kOpen.size()))] { OpenByClass(name); });
     std::printf("%s\n", QJsonDocument(answer).toJson(QJsonDocument::Compact).constData());
     std::fflush(stdout);
 }

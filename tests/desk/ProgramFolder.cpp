@@ -43,6 +43,8 @@ ProgramFolder::ProgramFolder() {
     const QDir templates(u"" TARVEN_SOURCE_DIR "/Reports"_s);
     for (const QString& name : templates.entryList(QDir::Files))
         QFile::copy(templates.filePath(name), folder.filePath(u"Reports/"_s + name));
+    // The consultation form lies beside the program.
+    QFile::copy(templates.filePath(u"RadioConsultation.rpt"_s), folder.filePath(u"RadioConsultation.rpt"_s));
     QFile configuration(folder.filePath(u"tarvenaux.ini"_s));
     if (!configuration.open(QIODevice::WriteOnly) ||
         configuration.write("DeptCode = HC\nDeptDesc = HEMODIALYSIS\n") < 0 ||

@@ -30,6 +30,8 @@ class RoadOfOneChargeAtADesk : public AnyDesk {
         Picture(u"slip"_s);
         Key(u"{Escape}"_s);
         ExpectNoScreen(u"frmPostCharges"_s);
+        ExpectScreen(u"frmMain"_s);
+        ExpectAFocus();
     }
 };
 
@@ -37,7 +39,7 @@ TEST_P(RoadOfOneChargeAtADesk, ReachesThePatientsAccount) {
     const QString counter =
         Folder().Query(u"select ChargeSlip from Clinical_Area..tbEarCareChargeSlip"_s).front();
     StartSignedOn(GetParam());
-    OpenCharges(u"de guz"_s);
+    Go(Further("", "PatientFinder", {{"frmPostCharges", "{Return}"}}).steps);
     KeyLines();
     // Class B: HC001 costs 3360, M0002 1017, whoever the patient is.
     EXPECT_EQ(Text(u"txtTAmount"_s), u"11271.00"_s);

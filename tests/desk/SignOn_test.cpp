@@ -21,11 +21,30 @@ TEST_P(SignOnWindow, StandsInTheMiddleAndCutsNothing) {
     ExpectInside(u"SignOnDialog"_s);
 }
 
-TEST_P(SignOnWindow, ShowsWhereTheClerkKeys) {
+TEST_P(SignOnWindow, ShowsTheFocusOnEachControl) {
     StartProgram(GetParam());
     ExpectFocus(u"txtUser"_s);
-    ExpectFocusIsSeen();
+    ExpectEachFocusIsSeen();
+}
+
+TEST_P(SignOnWindow, LeadsByKeysToTheFocusInTheMainWindow) {
+    StartProgram(GetParam());
+    ExpectFocus(u"txtUser"_s);
+    Key(u"NURSE{Tab}"_s);
     ExpectFocus(u"txtPassword"_s);
+    Key(u"nurse{Return}"_s);
+    ExpectScreen(u"frmMain"_s);
+    ExpectAFocus();
+    ExpectFocusIsSeen();
+}
+
+TEST_P(SignOnWindow, AsksBeforeTheHospitalIsMadeAnew) {
+    StartProgram(GetParam());
+    Key(u"{Alt+a}"_s);
+    ExpectScreen(u"MsgBox"_s);
+    ExpectNothingCut(u"MsgBox"_s);
+    ExpectInside(u"MsgBox"_s);
+    ExpectRoomForTitle(u"MsgBox"_s);
     ExpectFocusIsSeen();
 }
 

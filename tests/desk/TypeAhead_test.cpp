@@ -2,33 +2,74 @@
 
 using namespace Qt::StringLiterals;
 
-// Keys that come before the program is ready for them.
+// Keys that come before the program is ready for them, as from a scanner.
 
 namespace {
 
-/// A key is lost in one run of ten or so.
-constexpr int kTimes = 10;
+/// A key that gets lost does so in one try of ten or so.
+constexpr int kTries = 8;
 
-class TypeAhead : public AnyDesk {};
+class TypeAhead : public AnyDesk {
+  protected:
+    /// Presses all the keys at once and waits for the text in a box of the screen that they open; then again.
+    void ExpectInBox(const QString& keys, const QString& screen, const QString& box, const QString& text) {
+        for (int i = 0; i < kTries; ++i) {
+            Burst(keys);
+            ExpectScreen(screen);
+            ExpectText(box, text);
+            Key(u"{Escape}"_s);
+            ExpectNoScreen(screen);
+        }
+    }
+};
 
-// Today a letter or more is lost while the menu closes and the screen opens, in about one try of twelve.
-TEST_P(TypeAhead, DISABLED_FromTheMenuReachesTheLastName) {
+TEST_P(TypeAhead, FromTheMenuReachesTheLastName) {
     StartSignedOn(GetParam());
-    for (int i = 0; i < kTimes; ++i) {
-        Burst(u"{Alt+q}{Down}{Return}de guz"_s);
-        ExpectScreen(u"frmPostCharges"_s);
-        ASSERT_EQ(Text(u"txtLastName"_s).toStdString(), "DE GUZ") << "at try " << i;
-        Key(u"{Control+w}"_s);
-        ExpectNoScreen(u"frmPostCharges"_s);
+    ExpectInBox(u"{Alt+q}{Down}{Return}de guz"_s, u"frmPostCharges"_s, u"txtLastName"_s, u"DE GUZ"_s);
+}
+
+TEST_P(TypeAhead, FromTheGridReachesThePicker) {
+    StartSignedOn(GetParam());
+    Go(Further("", "ChargesOfAPatient", {{"frmPostCharges", "hc{Return}", "txtEntry"}}).steps);
+    // What an earlier try has left in the cell is keyed over.
+    ExpectInBox(u"{Home}{Shift+End}hemo{Return}treat"_s, u"PickDialog"_s, u"txtPick"_s, u"TREAT"_s);
+}
+
+TEST_P(TypeAhead, OfTwoKeysInTheExaminationsTheSecondPicks) {
+    StartSignedOn(GetParam());
+    Go({{.screen = "frmSearcher", .by = By::Class}});
+    ExpectFocus(u"txtSearchStr"_s);
+    Burst(u"ab"_s);
+    ExpectNoScreen(u"frmSearcher"_s);
+}
+
+TEST_P(TypeAhead, FromAKeyReachesAModalScreen) {
+    StartSignedOn(GetParam());
+    for (int i = 0; i < kTries; ++i) {
+        ExpectScreen(u"frmMain"_s);
+        Burst(u"{Control+a}{Tab}cruz"_s);
+        ExpectScreen(u"frmAssessment"_s);
+        ExpectText(u"txtSname"_s, u"cruz"_s);
+        Key(u"{Control+w}{Return}"_s);
+        ExpectNoScreen(u"frmAssessment"_s);
     }
 }
 
-// Today the second Enter searches for everybody in the finder that the first one has opened.
-TEST_P(TypeAhead, DISABLED_PicksThePatient) {
+TEST_P(TypeAhead, TheSecondEnterThatComesEarlyPicksThePatient) {
     StartSignedOn(GetParam());
     Burst(u"{Alt+q}{Down}{Return}de guz{Return}{Return}"_s);
     ExpectNoScreen(u"frmSearchPatient"_s);
-    EXPECT_EQ(Text(u"txtLastName"_s).toStdString(), "DE GUZMAN");
+    ExpectText(u"txtLastName"_s, u"DE GUZMAN"_s);
+}
+
+TEST_P(TypeAhead, ThroughAPickerReachesTheCellsBehindIt) {
+    StartSignedOn(GetParam());
+    OpenCharges(u"de guz"_s);
+    TabTo(u"txtEntry"_s);
+    // The name opens the stock's list; Enter takes its first row, and the quantity follows at once.
+    Burst(u"hb{Return}epoetin alfa 4{Return}{Return}3{Return}{Return}{Return}"
+          "md{Return}D003{Return}1500{Return}"_s);
+    ExpectText(u"txtTAmount"_s, u"4551.00"_s);
 }
 
 INSTANTIATE_TEST_SUITE_P(Under, TypeAhead, testing::ValuesIn(kWindowManagers), WindowManagerName());
