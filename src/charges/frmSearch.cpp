@@ -19,6 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The fields behind the first two show under their own names, which have to fit.
+constexpr int kFurtherWidth = 1500;
+
 constexpr int kColumns = 3;
 constexpr QSize kListSize(6600, 4000);
 
@@ -117,6 +120,8 @@ void frmSearch::Form_Load() {
     grdDispWindow->SetColWidth(0, 200);
     grdDispWindow->SetColWidth(1, 4150);
     grdDispWindow->SetColWidth(2, 1500);
+    for (int col = 3; col < cells.Cols(); ++col)
+        grdDispWindow->SetColWidth(col, kFurtherWidth);
     mRow = cells.Row();
 }
 

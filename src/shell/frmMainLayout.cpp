@@ -58,6 +58,7 @@ void frmMain::Layout() {
     setContextMenuPolicy(Qt::NoContextMenu);
     mArea = new QMdiArea(this);
     mArea->setObjectName(u"Area"_s);
+    mArea->setFocusPolicy(Qt::NoFocus);
     mArea->setBackground(palette().color(QPalette::Window).darker(106));
     mArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);

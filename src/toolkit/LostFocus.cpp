@@ -27,13 +27,11 @@ QWidget* FirstIn(QWidget* scope) {
     return nullptr;
 }
 
-/// The screen in front of the window: of a main window the one in its area, null for none.
+/// The screen in front of the window: of a main window the one in its area, itself where there is none.
 QWidget* ScreenOf(QWidget* window) {
     const auto* area = window->findChild<QMdiArea*>();
-    if (!area)
-        return window;
-    const QMdiSubWindow* front = area->currentSubWindow();
-    return front ? front->widget() : nullptr;
+    const QMdiSubWindow* front = area ? area->currentSubWindow() : nullptr;
+    return front ? front->widget() : window;
 }
 
 /// True where keys would go to a frame that does nothing with them.
@@ -67,8 +65,7 @@ void GiveFocus() {
     if (!window || (modal && modal != window) || QApplication::activePopupWidget() ||
         !IsLost(QApplication::focusWidget()))
         return;
-    QWidget* screen = ScreenOf(window);
-    if (QWidget* heir = screen ? HeirIn(screen) : nullptr)
+    if (QWidget* heir = HeirIn(ScreenOf(window)))
         heir->setFocus(Qt::ActiveWindowFocusReason);
 }
 

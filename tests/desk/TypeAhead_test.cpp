@@ -64,7 +64,7 @@ TEST_P(TypeAhead, TheSecondEnterThatComesEarlyPicksThePatient) {
 
 TEST_P(TypeAhead, ThroughAPickerReachesTheCellsBehindIt) {
     StartSignedOn(GetParam());
-    OpenCharges(u"de guz"_s);
+    Go(Further("", "PatientFinder", {{"frmPostCharges", "{Return}"}}).steps);
     TabTo(u"txtEntry"_s);
     // The name opens the stock's list; Enter takes its first row, and the quantity follows at once.
     Burst(u"hb{Return}epoetin alfa 4{Return}{Return}3{Return}{Return}{Return}"

@@ -6,6 +6,8 @@
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QTest>
+#include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -78,11 +80,19 @@ TEST_F(LostFocusTest, GoesToTheScreenInFrontAndNotToAnother) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return boxes[1]->hasFocus(); }));
 }
 
-TEST_F(LostFocusTest, NobodyGetsItInAMainWindowWithoutAScreen) {
+TEST_F(LostFocusTest, GoesToTheToolbarOfAMainWindowWithoutAScreen) {
     FakeWorkspace workspace;
+    workspace.Area()->setFocusPolicy(Qt::NoFocus);
+    auto* button = new QToolButton;
+    workspace.addToolBar(u"Toolbar"_s)->addWidget(button);
+    auto* screen = new QWidget;
+    auto* box = new QLineEdit(screen);
+    QMdiSubWindow* frame = workspace.Area()->addSubWindow(screen);
+    frame->show();
     Activate(workspace);
-    QTest::qWait(0);
-    EXPECT_EQ(QApplication::focusWidget(), nullptr);
+    box->setFocus();
+    delete frame;
+    EXPECT_TRUE(QTest::qWaitFor([button] { return button->hasFocus(); }));
 }
 
 } // namespace
