@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QAbstractNativeEventFilter>
 #include <QObject>
 #include <QSocketNotifier>
 
@@ -9,15 +8,11 @@
 /// "open <class>" is answered by the state, and shows a screen that OpenByClass knows.
 ///
 /// An answer is given once what was due has been handled and painted. Nothing of the program is changed.
-class Probe : public QObject, public QAbstractNativeEventFilter {
+class Probe : public QObject {
     Q_OBJECT
 
   public:
     Probe();
-    ~Probe() override;
-
-    /// Counts the keys that are let go before the program.
-    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
   private:
     void TakeInput();
@@ -25,5 +20,4 @@ class Probe : public QObject, public QAbstractNativeEventFilter {
 
     QSocketNotifier mNotifier;
     QByteArray mInput;
-    int mKeysTaken = 0;
 };
