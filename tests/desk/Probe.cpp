@@ -3,6 +3,7 @@
 #include "desk/ByClass.h"
 #include "desk/TextRoom.h"
 
+#include <QAbstractNativeEventFilter>
 #include <QApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -28,6 +29,35 @@ namespace {
 /// Sent keys, paintings and other work that a handler puts off wait for the event loop at most this often.
 constexpr int kIdleRounds = 4;
 constexpr QByteArrayView kOpen = "open ";
+constexpr int kKeyRelease = XCB_KEY_RELEASE;
+constexpr int kEventMask = 0x7f;
+
+/// Counts the keys that are let go before the program. It is installed before all others, so it is asked last
+/// and hears of a key when those that may hold it back have let it through.
+class KeyCounter : public QAbstractNativeEventFilter {
+  public:
+    bool nativeEventFilter(const QByteArray&, void* message, qintptr*) override {
+        const auto* event = static_cast<const xcb_generic_event_t*>(message);
+        if ((event->response_type & kEventMask) == kKeyRelease)
+            ++mCount;
+        return false;
+    }
+
+    int Count() const { return mCount; }
+
+  private:
+    int mCount = 0;
+};
+
+KeyCounter& KeysTaken() {
+    static KeyCounter counter;
+    return counter;
+}
+
+void CountKeys() {
+    qApp->installNativeEventFilter(&KeysTaken());
+}
+Q_COREAPP_STARTUP_FUNCTION(CountKeys)
 
 void AfterRounds(int rounds, const std::function<void()>& then) {
     if (rounds == 0)
@@ -157,9 +187,9 @@ QJsonObject FocusShown() {
     return shown;
 }
 
-QJsonObject StateNow(int keysTaken) {
+QJsonObject StateNow() {
     QJsonObject state = FocusShown();
-    state[u"keysTaken"_s] = keysTaken;
+    state[u"keysTaken"_s] = KeysTaken().Count();
     state[u"isWorking"_s] = IsAnythingWorking();
     state[u"windows"_s] = WindowsShown();
     state[u"screens"_s] = ScreensShown();
@@ -203,14 +233,6 @@ QJsonObject ControlsNow() {
 Probe::Probe()
     : mNotifier(STDIN_FILENO, QSocketNotifier::Read) {
     connect(&mNotifier, &QSocketNotifier::activated, this, &Probe::TakeInput);
-    qApp->installEventFilter(this);
-}
-
-bool Probe::eventFilter(QObject* watched, QEvent* event) {
-    // A key that waits for a window on its way is taken once the program has it.
-    if (watched->isWindowType() && event->type() == QEvent::KeyRelease && event->spontaneous())
-        ++mKeysTaken;
-    return false;
 }
 
 void Probe::TakeInput() {
@@ -230,7 +252,7 @@ void Probe::TakeInput() {
 
 void Probe::Answer(const QByteArray& question) const {
     WaitForServer();
-    const QJsonObject answer = question == "controls" ? ControlsNow() : StateNow(mKeysTaken);
+    const QJsonObject answer = question == "controls" ? ControlsNow() : StateNow();
     // Behind the answer, for a modal screen comes back when it is left.
     if (question.startsWith(kOpen))
         QTimer::singleShot(0, qApp,

@@ -14,14 +14,10 @@ class Probe : public QObject {
   public:
     Probe();
 
-    /// Counts the keys that are let go before the program.
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   private:
     void TakeInput();
     void Answer(const QByteArray& question) const;
 
     QSocketNotifier mNotifier;
     QByteArray mInput;
-    int mKeysTaken = 0;
 };
