@@ -2,9 +2,11 @@
 
 #include <QAbstractNativeEventFilter>
 #include <QApplication>
-#include <QTimer>
+#include <QBasicTimer>
+#include <QTimerEvent>
 #include <QWindow>
 
+#include <algorithm>
 #include <chrono>
 #include <cstring>
 #include <deque>
@@ -30,10 +32,16 @@ bool IsPress(const xcb_key_press_event_t& key) {
     return (key.response_type & ~kSent) == XCB_KEY_PRESS;
 }
 
-/// The window in front, where keys belong; null where there is none.
+/// The window in front, where keys belong; null where nothing is shown.
 QWindow* Front() {
-    QWindow* modal = QGuiApplication::modalWindow();
-    return modal ? modal : QGuiApplication::focusWindow();
+    if (QWindow* modal = QGuiApplication::modalWindow())
+        return modal;
+    if (QWindow* owner = QGuiApplication::focusWindow(); owner && owner->isVisible())
+        return owner;
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    const auto shown = std::find_if(windows.begin(), windows.end(),
+                                    [](const QWindow* window) { return window->isVisible(); });
+    return shown == windows.end() ? nullptr : *shown;
 }
 
 /// False while the focus is on its way: the window that has it is gone, or shut by a modal one.
@@ -77,13 +85,7 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
   public:
     KeyQueue()
         : QObject(qApp) {
-        mTurn.setSingleShot(true);
-        mTurn.setInterval(0);
-        connect(&mTurn, &QTimer::timeout, this, &KeyQueue::Advance);
-        mPatience.setSingleShot(true);
-        mPatience.setInterval(kPatience);
-        connect(&mPatience, &QTimer::timeout, this, &KeyQueue::LosePatience);
-        connect(qApp, &QGuiApplication::focusWindowChanged, &mTurn, qOverload<>(&QTimer::start));
+        connect(qApp, &QGuiApplication::focusWindowChanged, this, &KeyQueue::StartTurn);
         qApp->installNativeEventFilter(this);
     }
 
@@ -92,10 +94,10 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
         if (!key)
             return false;
         if (mIsSent && (key->response_type & kSent))
-            mIsSent = false;
+            Arrived();
         else if (const bool isRepeat = mHeldDown.Repeats(*key); MustWait())
             return Hold(*key, isRepeat);
-        mTurn.start();
+        StartTurn();
         return false;
     }
 
@@ -106,8 +108,25 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
         // A key that is held down does not type ahead: it would go on through the screens below.
         if (!isRepeat)
             mWaiting.push_back(key);
-        mTurn.start();
+        StartTurn();
         return true;
+    }
+
+    void Arrived() {
+        mIsSent = false;
+        mPatience.stop();
+    }
+
+    void StartTurn() { mTurn.start(0, this); }
+
+    void timerEvent(QTimerEvent* event) override {
+        if (event->timerId() == mTurn.timerId()) {
+            mTurn.stop();
+            Advance();
+        } else {
+            mPatience.stop();
+            LosePatience();
+        }
     }
 
     void Advance() {
@@ -116,8 +135,10 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
         if (IsSettled())
             SendNext();
         else if (!mPatience.isActive())
-            mPatience.start();
+            StartPatience();
     }
+
+    void StartPatience() { mPatience.start(int(kPatience.count()), this); }
 
     void LosePatience() {
         mIsSent = false;
@@ -140,13 +161,14 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
         xcb_send_event(x11->connection(), 0, key.event, mask, reinterpret_cast<const char*>(&key));
         xcb_flush(x11->connection());
         mIsSent = true;
-        mPatience.start();
+        StartPatience();
     }
 
     std::deque<xcb_key_press_event_t> mWaiting;
+    // The two are none of the timers that rest while a failure is told: its box is closed by a key.
     /// Runs while a key is with the program: it has it, but may not have done all that the key does.
-    QTimer mTurn;
-    QTimer mPatience;
+    QBasicTimer mTurn;
+    QBasicTimer mPatience;
     /// A key that waited is on its way back from the server.
     bool mIsSent = false;
     HeldDown mHeldDown;

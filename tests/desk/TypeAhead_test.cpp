@@ -49,7 +49,7 @@ TEST_P(TypeAhead, FromAKeyReachesAModalScreen) {
         ExpectScreen(u"frmMain"_s);
         Burst(u"{Control+a}{Tab}cruz"_s);
         ExpectScreen(u"frmAssessment"_s);
-        ExpectText(u"txtSname"_s, u"cruz"_s);
+        ExpectText(u"txtSname"_s, u"CRUZ"_s);
         Key(u"{Control+w}{Return}"_s);
         ExpectNoScreen(u"frmAssessment"_s);
     }
