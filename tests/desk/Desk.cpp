@@ -14,6 +14,7 @@ namespace {
 constexpr std::chrono::milliseconds kPatience(20000);
 constexpr std::chrono::milliseconds kPause(5);
 constexpr int kMostTabs = 40;
+constexpr QSize kScreen(1280, 1024);
 
 /// Asks until there is an answer. Raises std::runtime_error with `what` when the patience is at its end.
 template <class Answer> auto Await(Answer answer, const QString& what) {
@@ -68,21 +69,21 @@ QProcessEnvironment Desk::Settings() const {
     return settings;
 }
 
-void Desk::StartProgram(WindowManager manager, const Screen& screen) {
-    mServer.emplace(screen.size, screen.dotsPerInch);
+void Desk::StartProgram(WindowManager manager) {
+    mServer.emplace(kScreen);
     mSeat.emplace(mServer->Display());
     mManager.emplace(manager, Settings());
     if (manager != WindowManager::None)
         Await([this] { return mSeat->WindowManagerAnswers() ? std::optional(true) : std::nullopt; },
               u"the window manager"_s);
     // Out of the way, where the pointer lies on nothing.
-    mSeat->PointAt(QPoint(screen.size.width() - 1, screen.size.height() - 1));
+    mSeat->PointAt(QPoint(kScreen.width() - 1, kScreen.height() - 1));
     mProgram.emplace(u"" TARVEN_BUILD_DIR "/desk-child"_s, QStringList{mFolder.Path()}, Settings());
     ExpectScreen(u"SignOnDialog"_s);
 }
 
-void Desk::StartSignedOn(WindowManager manager, const Screen& screen) {
-    StartProgram(manager, screen);
+void Desk::StartSignedOn(WindowManager manager) {
+    StartProgram(manager);
     SignOn();
 }
 
@@ -240,8 +241,8 @@ QImage Desk::Picture(const QString& name) {
     return picture;
 }
 
-QString WayDesk::GoThere(const Screen& screen) {
-    StartSignedOn(Manager(), screen);
+QString WayDesk::GoThere() {
+    StartSignedOn(Manager());
     Go(TheWay().steps);
     return QString::fromLatin1(TheWay().End());
 }

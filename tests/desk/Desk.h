@@ -23,20 +23,12 @@
 /// TARVEN_DESK_KEEP set.
 class Desk : public testing::Test {
   protected:
-    struct Screen {
-        QSize size = QSize(1280, 1024);
-        /// 120 for a screen at 125 %.
-        int dotsPerInch = 96;
-    };
-
     void TearDown() override;
 
     /// Sets the desk up and starts the program; it stands with the sign-on window when this comes back.
-    void StartProgram(WindowManager manager, const Screen& screen);
-    void StartProgram(WindowManager manager) { StartProgram(manager, Screen{}); }
+    void StartProgram(WindowManager manager);
     /// The same, and signs on as a nurse of the trial hospital.
-    void StartSignedOn(WindowManager manager, const Screen& screen);
-    void StartSignedOn(WindowManager manager) { StartSignedOn(manager, Screen{}); }
+    void StartSignedOn(WindowManager manager);
     /// Signs on as a nurse of the trial hospital and waits until the main window has the keys.
     void SignOn();
     /// Presses keys that end the program, and answers its exit code.
@@ -135,8 +127,7 @@ class WayDesk : public Desk, public testing::WithParamInterface<WayUnder> {
     static const Way& TheWay() { return std::get<1>(GetParam()); }
 
     /// Signs on and takes the way. Answers the window or screen to which it leads.
-    QString GoThere(const Screen& screen);
-    QString GoThere() { return GoThere(Screen{}); }
+    QString GoThere();
 };
 
 /// How many pixels within a place are visibly of another colour.

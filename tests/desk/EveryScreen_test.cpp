@@ -25,7 +25,6 @@ QStringList ScreensOfTheTable() {
 }
 
 class EveryScreen : public WayDesk {};
-class EveryScreenAt125Percent : public WayDesk {};
 class EveryTabStop : public WayDesk {};
 
 TEST_P(EveryScreen, CutsNothingLiesInsideAndShowsTheFocus) {
@@ -34,12 +33,6 @@ TEST_P(EveryScreen, CutsNothingLiesInsideAndShowsTheFocus) {
     ExpectInside(screen);
     ExpectAFocus();
     ExpectFocusIsSeen();
-}
-
-TEST_P(EveryScreenAt125Percent, CutsNothingAndLiesInside) {
-    const QString screen = GoThere({.size = QSize(1600, 1280), .dotsPerInch = 120});
-    ExpectNothingCut(screen);
-    ExpectInside(screen);
 }
 
 /// What a control looks like does not depend on the window manager.
@@ -60,10 +53,6 @@ TEST(WaysToTheScreens, LeadToEveryScreenOfTheTable) {
 
 INSTANTIATE_TEST_SUITE_P(Under, EveryScreen,
                          testing::Combine(testing::ValuesIn(kWindowManagers), testing::ValuesIn(EveryWay())),
-                         WayName());
-INSTANTIATE_TEST_SUITE_P(Under, EveryScreenAt125Percent,
-                         testing::Combine(testing::Values(WindowManager::Openbox),
-                                          testing::ValuesIn(EveryWay())),
                          WayName());
 INSTANTIATE_TEST_SUITE_P(Under, EveryTabStop,
                          testing::Combine(testing::Values(WindowManager::None),

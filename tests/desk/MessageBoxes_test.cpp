@@ -56,6 +56,15 @@ TEST_P(MessageBoxAtADesk, HasRoomForItsTitleAndItsTexts) {
     ExpectFocusIsSeen();
 }
 
+class FailureAtADesk : public AnyDesk {};
+
+TEST_P(FailureAtADesk, IsReadAndLeftByEnter) {
+    StartSignedOn(GetParam());
+    Go({{"frmPostCharges", "{Alt+q}{Down}{Return}"}, {"Failure", "O'BRIEN{Return}"}});
+    EXPECT_EQ(PressToEnd(u"{Return}"_s), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Under, FailureAtADesk, testing::ValuesIn(kWindowManagers), WindowManagerName());
 INSTANTIATE_TEST_SUITE_P(Under, MessageBoxAtADesk,
                          testing::Combine(testing::ValuesIn(kWindowManagers), testing::ValuesIn(Boxes())),
                          NameOfCase);

@@ -32,8 +32,7 @@ std::vector<Way> WaysOfTheMenus() {
         {"Main", {{"frmMain"}}},
         {"Assessment", kAssessment},
         {"InPatientCharges", kCharges},
-        {"OutPatientCharges", {{"frmPostCharges", "{Alt+q}{Down}{Down}{Return}"}}},
-        // The reports of a period differ in nothing that is seen here.
+        // Out-patients have the same charge screen, and the other reports of a period the same one of days.
         {"AuditReport", {{"frmReportRange", "{Alt+p}{Return}"}}},
         {"Census", {{"frmCensus", "{Alt+p}{Up}{Up}{Return}"}}},
         {"Ledger", {{"frmLedger", "{Alt+p}{Up}{Return}"}}},
@@ -76,9 +75,7 @@ std::vector<Way> WaysByClass() {
         {"OlderCashPatients", ByClass("frmCashPatients") + Steps{{"frmCashPatients", "w{Return}"}}},
         {"OlderWalkIn", ByClass("frmWalkIn")},
         {"RegisteredOutPatients", ByClass("frmRegisteredOPD") + Steps{{"frmRegisteredOPD", "de{Return}"}}},
-        {"WalkInUpdate", ByClass("frmWalkInUpdate")},
-        {"WalkInUpdateOfOne",
-         ByClass("frmWalkInUpdate") + Steps{{"frmWalkInUpdate", "{Return}{Down}{Return}"}}},
+        {"WalkInUpdate", ByClass("frmWalkInUpdate") + Steps{{"frmWalkInUpdate", "{Return}{Down}{Return}"}}},
     };
 }
 

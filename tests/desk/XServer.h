@@ -11,8 +11,8 @@
 /// a nested server that somebody looks at, that one is used as it is.
 class XServer {
   public:
-    /// The screen in pixels, and how many of them make an inch: 96 as a rule, 120 for one at 125 %.
-    XServer(QSize screen, int dotsPerInch);
+    /// With a screen of so many pixels.
+    explicit XServer(QSize screen);
 
     const QString& Display() const { return mDisplay; }
 
