@@ -129,11 +129,20 @@ void Desk::ExpectEachFocusIsSeen() {
     ADD_FAILURE() << "Tab does not lead round";
 }
 
+bool Desk::IsFramed(const ShownWindow& shown) const {
+    const bool isInside = !shown.area.isEmpty();
+    return isInside || !mHasFrames || (shown.frame != shown.place && shown.frame.contains(shown.place));
+}
+
 ShownWindow Desk::WindowOf(const QString& name) {
-    const State state = Now();
-    if (const ShownWindow* window = state.Window(name))
-        return *window;
-    throw std::runtime_error(name.toStdString() + " is not on the screen");
+    Now();
+    const State state = WaitFor(
+        [this, &name](const State& now) {
+            const ShownWindow* window = now.Window(name);
+            return window && IsFramed(*window);
+        },
+        name + u" in its frame"_s);
+    return *state.Window(name);
 }
 
 void Desk::ExpectNothingCut(const QString& window) {
@@ -162,9 +171,9 @@ void Desk::ExpectInside(const QString& window) {
 }
 
 void Desk::ExpectRoomForTitle(const QString& window) {
-    const ShownWindow shown = WindowOf(window);
     // Without a window manager nobody draws a title.
-    if (shown.frame == shown.place)
+    if (!mHasFrames)
         return;
+    const ShownWindow shown = WindowOf(window);
     EXPECT_GE(shown.frame.width(), shown.titleNeeds + kFrameButtons) << shown.title.toStdString();
 }
