@@ -130,19 +130,26 @@ void Desk::ExpectEachFocusIsSeen() {
 }
 
 bool Desk::IsFramed(const ShownWindow& shown) const {
-    const bool isInside = !shown.area.isEmpty();
-    return isInside || !mHasFrames || (shown.frame != shown.place && shown.frame.contains(shown.place));
+    // The title makes a frame higher; without a window manager there is none.
+    const int title = mHasFrames && shown.id != 0 ? 1 : 0;
+    return shown.frame.width() >= shown.place.width() && shown.frame.height() >= shown.place.height() + title;
 }
 
 ShownWindow Desk::WindowOf(const QString& name) {
     Now();
-    const State state = WaitFor(
-        [this, &name](const State& now) {
-            const ShownWindow* window = now.Window(name);
-            return window && IsFramed(*window);
+    ShownWindow shown;
+    WaitFor(
+        [&](const State& state) {
+            const ShownWindow* window = state.Window(name);
+            if (!window)
+                return false;
+            shown = *window;
+            if (shown.id != 0)
+                shown.frame = mSeat->FrameOf(shown.id);
+            return IsFramed(shown);
         },
         name + u" in its frame"_s);
-    return *state.Window(name);
+    return shown;
 }
 
 void Desk::ExpectNothingCut(const QString& window) {
