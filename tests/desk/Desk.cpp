@@ -73,7 +73,8 @@ void Desk::StartProgram(WindowManager manager) {
     mServer.emplace(kScreen);
     mSeat.emplace(mServer->Display());
     mManager.emplace(manager, Settings());
-    if (manager != WindowManager::None)
+    mHasFrames = manager != WindowManager::None;
+    if (mHasFrames)
         Await([this] { return mSeat->WindowManagerAnswers() ? std::optional(true) : std::nullopt; },
               u"the window manager"_s);
     // Out of the way, where the pointer lies on nothing.

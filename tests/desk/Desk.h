@@ -90,7 +90,7 @@ class Desk : public testing::Test {
     /// Fails when a message box is narrower than its title and the buttons in the frame beside it.
     void ExpectRoomForTitle(const QString& window);
 
-    /// The window or screen of that name as it stands.
+    /// The window or screen of that name, once it stands in its frame.
     ShownWindow WindowOf(const QString& name);
 
     const ProgramFolder& Folder() const { return mFolder; }
@@ -100,6 +100,8 @@ class Desk : public testing::Test {
     /// Presses Tab until the focus has left the control at that place; false when it does not.
     bool TabAwayFrom(const QRect& control);
     std::optional<Control> FindControl(const QString& name);
+    /// Whether the window manager has put its frame around a window.
+    bool IsFramed(const ShownWindow& shown) const;
     void Take(const Step& step);
     void DoubleClick(const QString& control);
     void OpenByClass(const QString& screen);
@@ -113,6 +115,7 @@ class Desk : public testing::Test {
     std::optional<Seat> mSeat;
     std::optional<RunningWindowManager> mManager;
     std::optional<OwnProcess> mProgram;
+    bool mHasFrames = false;
     int mKeysSent = 0;
     std::vector<std::pair<QString, QImage>> mPictures;
 };

@@ -129,11 +129,27 @@ void Desk::ExpectEachFocusIsSeen() {
     ADD_FAILURE() << "Tab does not lead round";
 }
 
+bool Desk::IsFramed(const ShownWindow& shown) const {
+    // The title makes a frame higher; without a window manager there is none.
+    const int title = mHasFrames && shown.id != 0 ? 1 : 0;
+    return shown.frame.width() >= shown.place.width() && shown.frame.height() >= shown.place.height() + title;
+}
+
 ShownWindow Desk::WindowOf(const QString& name) {
-    const State state = Now();
-    if (const ShownWindow* window = state.Window(name))
-        return *window;
-    throw std::runtime_error(name.toStdString() + " is not on the screen");
+    Now();
+    ShownWindow shown;
+    WaitFor(
+        [&](const State& state) {
+            const ShownWindow* window = state.Window(name);
+            if (!window)
+                return false;
+            shown = *window;
+            if (shown.id != 0)
+                shown.frame = mSeat->FrameOf(shown.id);
+            return IsFramed(shown);
+        },
+        name + u" in its frame"_s);
+    return shown;
 }
 
 void Desk::ExpectNothingCut(const QString& window) {
@@ -162,9 +178,9 @@ void Desk::ExpectInside(const QString& window) {
 }
 
 void Desk::ExpectRoomForTitle(const QString& window) {
-    const ShownWindow shown = WindowOf(window);
     // Without a window manager nobody draws a title.
-    if (shown.frame == shown.place)
+    if (!mHasFrames)
         return;
+    const ShownWindow shown = WindowOf(window);
     EXPECT_GE(shown.frame.width(), shown.titleNeeds + kFrameButtons) << shown.title.toStdString();
 }

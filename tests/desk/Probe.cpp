@@ -132,7 +132,7 @@ QJsonObject WindowShown(const QWidget& window) {
             {u"title"_s, window.windowTitle()},
             {u"titleNeeds"_s, TitleNeeds(window)},
             {u"place"_s, Pixels(window.geometry())},
-            {u"frame"_s, Pixels(window.frameGeometry())},
+            {u"id"_s, double(window.effectiveWinId())},
             {u"isActive"_s, window.isActiveWindow()}};
 }
 

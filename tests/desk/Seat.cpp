@@ -39,6 +39,19 @@ std::vector<long> Property(Display* display, Window window, const char* name) {
     return values;
 }
 
+/// None for a window that is gone.
+Window ParentOf(Display* display, Window window) {
+    Window root = 0;
+    Window parent = 0;
+    Window* children = nullptr;
+    unsigned count = 0;
+    if (!XQueryTree(display, window, &root, &parent, &children, &count))
+        return 0;
+    if (children)
+        XFree(children);
+    return parent;
+}
+
 KeySym NamedKey(const QString& name) {
     // What is held is held on the left side.
     const bool isHeld = name == "Alt"_L1 || name == "Control"_L1 || name == "Shift"_L1;
@@ -111,6 +124,8 @@ Seat::Seat(const QString& display)
     : mConnection(new Connection{XOpenDisplay(display.toLatin1().constData())}) {
     if (!mConnection->display)
         throw std::runtime_error("there is no display " + display.toStdString());
+    // A window may go while it is asked for; the answer tells.
+    XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
     int ignored = 0;
     if (!XTestQueryExtension(mConnection->display, &ignored, &ignored, &ignored, &ignored))
         throw std::runtime_error("the display takes no keys from tests");
@@ -163,6 +178,24 @@ QRect Seat::WorkArea() const {
     Display* display = mConnection->display;
     const int screen = XDefaultScreen(display);
     return QRect(0, 0, XDisplayWidth(display, screen), XDisplayHeight(display, screen));
+}
+
+QRect Seat::FrameOf(quint64 window) const {
+    Display* display = mConnection->display;
+    Window frame = Window(window);
+    for (Window parent = ParentOf(display, frame); parent && parent != mConnection->Root();
+         parent = ParentOf(display, frame))
+        frame = parent;
+    Window root = 0;
+    int x = 0;
+    int y = 0;
+    unsigned width = 0;
+    unsigned height = 0;
+    unsigned border = 0;
+    unsigned depth = 0;
+    if (!XGetGeometry(display, frame, &root, &x, &y, &width, &height, &border, &depth))
+        return {};
+    return QRect(x, y, int(width + 2 * border), int(height + 2 * border));
 }
 
 bool Seat::WindowManagerAnswers() const {

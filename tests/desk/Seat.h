@@ -29,6 +29,8 @@ class Seat {
     QImage Picture() const;
     /// The part of the screen that the window manager leaves to windows; all of it without one.
     QRect WorkArea() const;
+    /// Where a window stands with what the window manager has put around it; empty for one that is gone.
+    QRect FrameOf(quint64 window) const;
     /// Asks the window manager for an answer, and tells whether it has given one to an earlier call. One that
     /// has just started may have taken the screen over and not hear anybody yet.
     bool WindowManagerAnswers() const;

@@ -22,6 +22,7 @@ std::vector<ShownWindow> WindowsOf(const QJsonValue& value) {
         windows.push_back({.name = window[u"name"].toString(),
                            .title = window[u"title"].toString(),
                            .titleNeeds = window[u"titleNeeds"].toInt(),
+                           .id = quint64(window[u"id"].toDouble()),
                            .place = RectOf(window[u"place"]),
                            .frame = RectOf(window[u"frame"]),
                            .area = RectOf(window[u"area"]),

@@ -15,9 +15,11 @@ struct ShownWindow {
     QString title;
     /// How wide the title is when it is written boldly.
     int titleNeeds = 0;
-    /// Without the window manager's frame.
+    /// How the X server calls the window; 0 for a screen.
+    quint64 id = 0;
+    /// Without its frame.
     QRect place;
-    /// With it.
+    /// With it. A window's is for the X server to tell, and empty here.
     QRect frame;
     /// Where it must lie: the area for a screen inside the main window, empty for other windows.
     QRect area;

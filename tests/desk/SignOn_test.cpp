@@ -13,7 +13,7 @@ class SignOnWindow : public AnyDesk {};
 
 TEST_P(SignOnWindow, StandsInTheMiddleAndCutsNothing) {
     StartProgram(GetParam());
-    const QRect frame = Now().Window(u"SignOnDialog"_s)->frame;
+    const QRect frame = WindowOf(u"SignOnDialog"_s).frame;
     const QPoint off = frame.center() - Clerk().WorkArea().center();
     EXPECT_LE(std::abs(off.x()), kOff) << off.x();
     EXPECT_LE(std::abs(off.y()), kOff) << off.y();
