@@ -194,9 +194,10 @@ void frmCashWalkIn::MSHFlexCash_DblClick() {
     Unload();
 }
 
-void frmCashWalkIn::MSHFlexCash_KeyPress(int&) {
-    // Kept: any key picks, whichever it is.
-    MSHFlexCash_DblClick();
+void frmCashWalkIn::MSHFlexCash_KeyPress(int& keyAscii) {
+    // Kept: any key picks, whichever it is; Escape is the screen's and leaves it.
+    if (keyAscii != Key::kEscape)
+        MSHFlexCash_DblClick();
 }
 
 void frmCashWalkIn::cmdRegister_Click() {

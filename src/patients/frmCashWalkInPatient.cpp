@@ -40,6 +40,7 @@ constexpr size_t kCivilStatus = 7;
 } // namespace Info
 
 constexpr int kSave = 0;
+constexpr int kCancel = 1;
 constexpr auto kEmptyBirth = "/  /"_L1;
 constexpr int kAgeLength = 2;
 /// Leap years are not allowed for.
@@ -136,6 +137,7 @@ void frmCashWalkInPatient::Wire() {
     OnKeyPress(mskBirth, [this](int& key) { mskBirth_KeyPress(key); });
     connect(cmdTown, &QPushButton::clicked, this, &frmCashWalkInPatient::cmdTown_Click);
     connect(cmdCivil, &QPushButton::clicked, this, &frmCashWalkInPatient::cmdCivil_Click);
+    SetCloseButton(cmdOption[kCancel]);
     for (size_t i = 0; i < cmdOption.size(); ++i)
         connect(cmdOption[i], &QPushButton::clicked, this,
                 [this, i] { cmdOption_Click(static_cast<int>(i)); });

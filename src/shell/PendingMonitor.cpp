@@ -161,6 +161,9 @@ void PendingMonitor::tmrCheckPending_Timer() {
     const bool isPending = requests.Fields(u"TotalPending").ToDouble() > 0;
     SetEnabled(*tmrPending, isPending);
     SetEnabled(*Timer2, isPending);
+    // Hidden while it has the focus, it would throw the focus along the tab chain.
+    if (!isPending && Image1->hasFocus())
+        Image1->clearFocus();
     Picture1->setVisible(isPending);
     pctPending->setVisible(isPending);
     requests.Close();

@@ -14,6 +14,10 @@ void KeepPick(const QString& text, const QString& code) {
     kept = {text, code};
 }
 
+void ForgetPick() {
+    kept.clear();
+}
+
 bool TakePick(const QString& text) {
     return std::exchange(kept, {}).contains(text);
 }

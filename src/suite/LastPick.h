@@ -9,5 +9,8 @@
 /// Keeps that a picker was asked with that text and gave that code back.
 void KeepPick(const QString& text, const QString& code);
 
+/// Forgets what was kept: another picker is asked.
+void ForgetPick();
+
 /// Whether the text is what the last picker was asked with or what it gave back. Asking forgets it.
 bool TakePick(const QString& text);

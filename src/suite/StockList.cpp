@@ -38,6 +38,7 @@ CommandGateway& StockList::Connection() const {
 }
 
 QString StockList::ShowList(const QString& text, bool, const QString& section) {
+    ForgetPick();
     if (!text.isEmpty()) {
         const RowSet exact =
             Connection().Execute(SectionCommand(section) + u" AND ItemID = "_s + SqlLiteral(text));

@@ -1,5 +1,6 @@
 #include "toolkit/Form.h"
 
+#include "toolkit/Keys.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/Screens.h"
 #include "toolkit/ShowModal.h"
@@ -47,9 +48,7 @@ Form* LastVisited() {
 }
 
 bool IsLeaving(const QKeyEvent& event) {
-    const QKeyCombination keys = event.keyCombination();
-    return keys == QKeyCombination(Qt::Key_Escape) || keys == (Qt::CTRL | Qt::Key_W) ||
-           keys == (Qt::CTRL | Qt::Key_F4);
+    return event.keyCombination() == QKeyCombination(Qt::Key_Escape) || IsClosingKey(event);
 }
 
 constexpr Qt::WindowFlags kInsideFlags = Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
@@ -88,6 +87,7 @@ Form::Form(QWidget* parent)
 Form::~Form() {
     // The main window takes its screens along when it is destroyed.
     Screens::Forget(this);
+    ForgetVisit(this);
 }
 
 Form* Form::Active() {
@@ -138,6 +138,14 @@ void Form::PutInside(QMdiArea& area) {
         mSubWindow->move(mPlace);
 }
 
+/// The screen to which the clerk comes back when a modal one has closed; null where another modal one is
+/// still in front of those inside the main window.
+Form* Form::BackFrom(Form* before) {
+    if (before && !before->mUnloading)
+        return before;
+    return QApplication::activeModalWidget() ? nullptr : LastVisited();
+}
+
 void Form::ShowModal() {
     Load();
     const QPointer<Form> before = activeForm;
@@ -162,7 +170,7 @@ void Form::ShowModal() {
         mModalLoop = nullptr;
         if (shownInPlace)
             keeper.KeepWindowOnly();
-        else if (Form* back = before && !before->mUnloading ? before.data() : LastVisited())
+        else if (Form* back = BackFrom(before))
             back->Activate();
     }
     deleteLater();

@@ -71,6 +71,7 @@ class Form : public QWidget {
   private:
     friend class Screens;
 
+    static Form* BackFrom(Form* before);
     void Activate();
     void WindowCameToFront(const QWindow* front);
     void Leave();

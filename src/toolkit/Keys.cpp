@@ -15,6 +15,8 @@ namespace {
 
 /// The character code of a key, 0 for a key that gives no character.
 int CharacterOf(const QKeyEvent& event) {
+    if (IsClosingKey(event))
+        return 0;
     switch (event.key()) {
     case Qt::Key_Delete:
         return 0;
@@ -139,6 +141,11 @@ class KeyFilter : public QObject {
 };
 
 } // namespace
+
+bool IsClosingKey(const QKeyEvent& event) {
+    const QKeyCombination keys = event.keyCombination();
+    return keys == (Qt::CTRL | Qt::Key_W) || keys == (Qt::CTRL | Qt::Key_F4);
+}
 
 void OnKeyPress(QWidget* control, KeyPressHandler handler) {
     KeyFilter::Of(control).Add(std::move(handler));

@@ -3,6 +3,7 @@
 #include <functional>
 
 class QString;
+class QKeyEvent;
 class QWidget;
 
 /// The codes of the keys that handlers ask for by number.
@@ -14,6 +15,10 @@ constexpr int kEscape = 27;
 constexpr int kUp = 38;
 constexpr int kDown = 40;
 } // namespace Key
+
+/// Ctrl+W or Ctrl+F4, which leave the screen in front. They are the screen's: no control takes them for a
+/// character.
+bool IsClosingKey(const QKeyEvent& event);
 
 /// A character key on its way to a control. The handler may change it; 0 swallows it.
 using KeyPressHandler = std::function<void(int& keyAscii)>;

@@ -39,8 +39,9 @@ QWindow* Front() {
     if (QWindow* owner = QGuiApplication::focusWindow(); owner && owner->isVisible())
         return owner;
     const QWindowList windows = QGuiApplication::topLevelWindows();
-    const auto shown = std::find_if(windows.begin(), windows.end(),
-                                    [](const QWindow* window) { return window->isVisible(); });
+    const auto shown = std::find_if(windows.begin(), windows.end(), [](const QWindow* window) {
+        return window->isVisible() && window->type() != Qt::ToolTip && window->type() != Qt::Popup;
+    });
     return shown == windows.end() ? nullptr : *shown;
 }
 
@@ -95,14 +96,17 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
             return false;
         if (mIsSent && (key->response_type & kSent))
             Arrived();
-        else if (const bool isRepeat = mHeldDown.Repeats(*key); MustWait())
+        else if (const bool isRepeat = mHeldDown.Repeats(*key); MustWait(isRepeat))
             return Hold(*key, isRepeat);
         StartTurn();
         return false;
     }
 
   private:
-    bool MustWait() const { return mIsSent || !mWaiting.empty() || mTurn.isActive() || !IsSettled(); }
+    /// A repeat comes in one go with the release before it, which waits for nothing either.
+    bool MustWait(bool isRepeat) const {
+        return mIsSent || !mWaiting.empty() || (mTurn.isActive() && !isRepeat) || !IsSettled();
+    }
 
     bool Hold(const xcb_key_press_event_t& key, bool isRepeat) {
         // A key that is held down does not type ahead: it would go on through the screens below.

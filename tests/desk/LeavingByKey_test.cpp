@@ -13,8 +13,8 @@ namespace {
 /// the main window.
 std::vector<Way> WaysThatEscapeLeaves() {
     static const std::set<std::string> kNames = {
-        "Requests",     "PatientFinder", "Departments", "Services",         "StockItems", "Doctors",
-        "CashPatients", "Registration",  "AuditReport", "InPatientCharges", "Setup"};
+        "Requests", "PatientFinder", "Departments", "Services",         "StockItems",
+        "Doctors",  "CashPatients",  "AuditReport", "InPatientCharges", "Setup"};
     std::vector<Way> ways = EveryWay();
     std::erase_if(ways, [](const Way& way) { return !kNames.contains(way.name); });
     return ways;

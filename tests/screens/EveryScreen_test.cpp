@@ -93,7 +93,7 @@ TEST_P(EveryScreen, IsLeftByEscape) {
     if (GetParam().name == "frmMain")
         GTEST_SKIP() << "the main window ends by its menu";
     Open(GetParam(), [this](const QWidget& screen) {
-        if (GetParam().name == "frmAssessment")
+        if (GetParam().name == "frmAssessment" || GetParam().name == "frmCashWalkInPatient")
             messages.Expect({.text = u"Are you sure to close this program?"_s,
                              .icon = MsgIcon::Question,
                              .title = u"OPD Registration System"_s,

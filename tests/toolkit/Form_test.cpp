@@ -553,6 +553,24 @@ TEST_F(SeveralScreens, AScreenUnderAModalOneClosesWithoutAnyoneComingToTheFront)
     EXPECT_EQ(TakeActivated(), QStringList{u"A activate"_s}) << "once the modal one has gone";
 }
 
+TEST_F(SeveralScreens, AModalScreenThatCameInAnothersPlaceBringsNobodyBackUnderTheModalOneBelow) {
+    Inside([] {
+        Inside([] {
+            // As the list of cash patients gives way to the registration, over the assessment.
+            Screens::Unload<FormD>();
+            Inside([] {
+                TakeActivated();
+                Screens::Unload<FormD>();
+            });
+            Screens::Get<FormD>().ShowModal();
+            EXPECT_EQ(TakeActivated(), QStringList());
+        });
+        Screens::Get<FormD>().ShowModal();
+        Screens::Unload<FormC>();
+    });
+    Screens::Get<FormC>().ShowModal();
+}
+
 TEST_F(FormLife, TheReturnFromAModalScreenActivatesOnceBeforeItsCallerGoesOn) {
     Screens::Get<FormA>().Show();
     Inside([] { Screens::Get<FormB>().Unload(); });

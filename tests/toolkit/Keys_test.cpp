@@ -219,6 +219,13 @@ TEST_F(KeysTest, TabStillMovesTheFocus) {
     EXPECT_TRUE(next->hasFocus());
 }
 
+TEST_F(KeysTest, TheKeysThatLeaveAScreenAreNoCharacters) {
+    RecordPresses();
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_W, Qt::ControlModifier, u"\x17"_s);
+    QCoreApplication::sendEvent(box, &press);
+    EXPECT_TRUE(presses.empty()) << "a list from which any key picks would pick";
+}
+
 TEST_F(KeysTest, AHandlerMayMoveTheFocusAndTheKeyStillGoesToItsControl) {
     OnKeyPress(box, [this](int& key) {
         key = u'B';
