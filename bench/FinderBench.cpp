@@ -28,7 +28,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kHits = 100000;
-constexpr int kRuns = 9;
+constexpr int kFinderRuns = 9;
 constexpr int kNameColumn = 2;
 
 using BareRow = std::array<QString, 5>;
@@ -102,7 +102,7 @@ class FinderRuns {
     void MeasureListing() {
         std::vector<double> ours;
         std::vector<double> bare;
-        for (int run = 0; run < kRuns; ++run) {
+        for (int run = 0; run < kFinderRuns; ++run) {
             ours.push_back(MedianMilliseconds(1, [this] { Search(); }));
             mBareRows.clear();
             bare.push_back(MedianMilliseconds(1, [this] { mBareRows = FetchBare(mDatabase, mSearch); }));
@@ -118,14 +118,14 @@ class FinderRuns {
         for (const BareRow& row : mBareRows)
             names.push_back(row[kNameColumn]);
         bool descending = false;
-        const double bare = MedianMilliseconds(kRuns, [&] {
+        const double bare = MedianMilliseconds(kFinderRuns, [&] {
             std::vector<QString> column = names;
             descending = !descending;
             std::stable_sort(column.begin(), column.end(), [descending](const QString& a, const QString& b) {
                 return descending ? CompareText(b, a) < 0 : CompareText(a, b) < 0;
             });
         });
-        const double ours = MedianMilliseconds(kRuns, [this] {
+        const double ours = MedianMilliseconds(kFinderRuns, [this] {
             Q_EMIT mList->ColumnClick(kNameColumn + 1);
             PaintAll(mFinder);
         });

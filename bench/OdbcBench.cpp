@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRuns = 31;
+constexpr int kOdbcRuns = 31;
 constexpr int kColumns = 6;
 const QString kPending = u"RADIOLOGY..spRadio_CheckPending 'HC'"_s;
 
@@ -109,7 +109,7 @@ template <class Ours, class Bare>
 void Compare(BenchTable& table, const QString& what, int times, Ours ours, Bare bare) {
     std::vector<double> oursTimes;
     std::vector<double> bareTimes;
-    for (int run = 0; run < kRuns; ++run) {
+    for (int run = 0; run < kOdbcRuns; ++run) {
         const auto repeat = [times](const auto& once) {
             return MedianMilliseconds(1, [&] {
                 for (int i = 0; i < times; ++i)
@@ -139,6 +139,6 @@ void BenchOdbc(BenchTable& table) {
     // The check of the wards' requests comes every 250 ms.
     constexpr double kHundredthOfItsInterval = 2.5;
     table.AddLimit(u"one check of the wards' requests through the driver"_s,
-                   MedianMilliseconds(kRuns * 100, [&] { gateway.Execute(kPending); }),
+                   MedianMilliseconds(kOdbcRuns * 100, [&] { gateway.Execute(kPending); }),
                    kHundredthOfItsInterval, u"ms"_s);
 }

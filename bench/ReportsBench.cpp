@@ -22,7 +22,7 @@ namespace {
 constexpr int kPdfRows = 10000;
 constexpr int kViewerRows = 100000;
 constexpr int kRowsPerStation = 40;
-constexpr int kRuns = 5;
+constexpr int kReportRuns = 5;
 
 constexpr double kPdfRatio = 1.3;
 constexpr double kPdfMegabytes = 60;
@@ -137,7 +137,7 @@ void SaveBarePdf(const ReportDocument& document, const std::vector<std::vector<B
 void BenchPdf(BenchTable& table, const QString& folder) {
     const auto rows = MakeRows(kPdfRows);
     ResetPeak();
-    const double ours = MedianMilliseconds(kRuns, [&] {
+    const double ours = MedianMilliseconds(kReportRuns, [&] {
         if (const QString failure = PdfJob(*MakeDocument(rows), {}, folder + u"/ours.pdf"_s).Finish();
             !failure.isEmpty())
             GiveUp(failure);
@@ -146,27 +146,27 @@ void BenchPdf(BenchTable& table, const QString& folder) {
     const auto document = MakeDocument(rows);
     const auto texts = BareTexts(*document, document->PageCount());
     const double bare =
-        MedianMilliseconds(kRuns, [&] { SaveBarePdf(*document, texts, folder + u"/bare.pdf"_s); });
+        MedianMilliseconds(kReportRuns, [&] { SaveBarePdf(*document, texts, folder + u"/bare.pdf"_s); });
     table.Add(u"report of 10,000 grouped rows to PDF"_s, ours, bare, u"ms"_s, kPdfRatio);
     table.AddLimit(u"report of 10,000 grouped rows to PDF, peak memory"_s, peak, kPdfMegabytes, u"MB"_s);
 }
 
 void BenchFirstPage(BenchTable& table) {
     const auto rows = MakeRows(kViewerRows);
-    const double spread = MedianMilliseconds(kRuns, [&] { MakeDocument(rows); });
+    const double spread = MedianMilliseconds(kReportRuns, [&] { MakeDocument(rows); });
     const auto document = MakeDocument(rows);
     PageView view;
     view.resize(1100, 700);
     view.show();
     QApplication::processEvents();
     QPixmap pixels(view.viewport()->size());
-    const double ours = MedianMilliseconds(kRuns * kRuns, [&] {
+    const double ours = MedianMilliseconds(kReportRuns * kReportRuns, [&] {
         view.SetDocument(document);
         view.viewport()->render(&pixels);
     });
     const auto texts = BareTexts(*document, 1);
     const double scale = view.ZoomFactor() * view.logicalDpiX() / 72.0;
-    const double bare = MedianMilliseconds(kRuns * kRuns, [&] {
+    const double bare = MedianMilliseconds(kReportRuns * kReportRuns, [&] {
         QPainter painter(&pixels);
         painter.fillRect(pixels.rect(), Qt::white);
         painter.setRenderHint(QPainter::Antialiasing);

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLines = 50;
-constexpr int kRuns = 15;
+constexpr int kSaveRuns = 15;
 
 /// A screen of which the save is measured. The recorded statements read and bump the counter as the first
 /// time; to repeat them it is set back.
@@ -60,7 +60,7 @@ void Measure(BenchTable& table, const BenchSession& session, const QTemporaryDir
     // One after the other, so that both meet the disk in the same mood.
     std::vector<double> ours;
     std::vector<double> bare;
-    for (int run = 0; run < kRuns; ++run) {
+    for (int run = 0; run < kSaveRuns; ++run) {
         ours.push_back(MedianMilliseconds(1, measured.save));
         bareDatabase.Run(measured.setCounterBack);
         bare.push_back(MedianMilliseconds(1, [&] { RunBare(bareDatabase, statements); }));

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRuns = 15;
+constexpr int kStartRuns = 15;
 
 double RunChild(const QString& program, const QString& mode) {
     return MedianMilliseconds(1, [&] {
@@ -26,7 +26,7 @@ void BenchStart(BenchTable& table, const char* program) {
     const QString self = QString::fromLocal8Bit(program);
     std::vector<double> ours;
     std::vector<double> bare;
-    for (int run = 0; run < kRuns; ++run) {
+    for (int run = 0; run < kStartRuns; ++run) {
         ours.push_back(RunChild(self, u"--sign-on-window"_s));
         bare.push_back(RunChild(self, u"--empty-window"_s));
     }

@@ -28,8 +28,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRuns = 3;
-constexpr double kFirstPageRatio = 1.5;
+constexpr int kYearRuns = 3;
+constexpr double kYearFirstPageRatio = 1.5;
 /// What a window, a connection and a page cost however few rows there are.
 constexpr double kAtOnce = 150;
 constexpr int kMonths = 12;
@@ -231,7 +231,7 @@ class ReportsOfTheYear {
         std::vector<double> bare;
         std::vector<double> fetch;
         std::vector<double> first;
-        for (int run = 0; run < kRuns; ++run) {
+        for (int run = 0; run < kYearRuns; ++run) {
             bare.push_back(MedianMilliseconds(1, [&] {
                 const auto gateway = mConnections.Connect();
                 RunBare(gateway->Engine().Database(), statements);
@@ -258,7 +258,7 @@ class ReportsOfTheYear {
             MedianMilliseconds(1, [&] { PdfJob(*document, {}, mFolder.filePath(u"report.pdf"_s)).Finish(); });
         gReport = nullptr;
         mTable.Add(what + u": first page; bare: the query to its last row"_s, figures.firstPage,
-                   qMax(figures.bare, kAtOnce / kFirstPageRatio), u"ms"_s, kFirstPageRatio);
+                   qMax(figures.bare, kAtOnce / kYearFirstPageRatio), u"ms"_s, kYearFirstPageRatio);
         std::printf("%s: %zu rows, %d pages; query bare %.0f ms, fetch %.0f ms, first page %.0f ms, PDF %.0f "
                     "ms, memory %.0f MB\n",
                     qPrintable(what), figures.rows, figures.pages, figures.bare, figures.fetch,

@@ -13,14 +13,18 @@ function(tarven_room name)
   target_link_libraries(${name} PUBLIC ${ROOM_LINK} PRIVATE tarven_warnings tarven_sanitizers)
 endfunction()
 
-# tarven_tests(<name> LINK <libraries...>)
-#   The *_test.cpp of the current tests folder as one program, one CTest entry per test case.
+option(TARVEN_WHOLE_PROGRAMS "Let CTest run each test program as a whole" OFF)
+
+# tarven_tests(<name> LINK <libraries...> [SHARDS <n>])
+#   The *_test.cpp of the current tests folder as one program, one CTest entry per test case. With
+#   TARVEN_WHOLE_PROGRAMS it is one entry for the program, which tells its cases in results/, or one for each of its
+#   shards: a process for each case costs more than the cases do.
 function(tarven_tests name)
-  cmake_parse_arguments(T "" "" "LINK" ${ARGN})
+  cmake_parse_arguments(T "" "SHARDS" "LINK" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS *_test.cpp)
   add_executable(${name} ${sources})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
-  target_link_libraries(${name} PRIVATE ${T_LINK} GTest::gmock tarven_warnings tarven_sanitizers)
+  target_link_libraries(${name} PRIVATE ${T_LINK} GTest::gmock tarven_warnings)
   target_compile_definitions(${name} PRIVATE TARVEN_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
                                              TARVEN_BUILD_DIR="${PROJECT_BINARY_DIR}")
   set(leaks leaks.txt)
@@ -28,7 +32,32 @@ function(tarven_tests name)
     set(leaks screen_leaks.txt)
   endif()
   set(leaks "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/${leaks}:print_suppressions=0")
-  # Values that print as bytes would make names that change from build to build.
-  gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT 120 ENVIRONMENT "${leaks}")
+  if(TARVEN_WHOLE_PROGRAMS)
+    tarven_whole_program(${name} "${leaks}" "${T_SHARDS}")
+  else()
+    # Values that print as bytes would make names that change from build to build.
+    gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60
+      PROPERTIES TIMEOUT 120 ENVIRONMENT "${leaks}")
+  endif()
+endfunction()
+
+# tarven_whole_program(<name> <environment> <shards>)
+#   The program's CTest entries; those that are cut into shards take longest and start first.
+function(tarven_whole_program name environment shards)
+  if(NOT shards)
+    set(shards 1)
+  endif()
+  math(EXPR last "${shards} - 1")
+  foreach(shard RANGE ${last})
+    set(entry ${name}_${shard})
+    add_test(NAME ${entry} COMMAND ${name} --gtest_output=xml:${PROJECT_BINARY_DIR}/results/${entry}.xml)
+    set_tests_properties(${entry} PROPERTIES TIMEOUT 900 COST ${shards}
+      ENVIRONMENT "${environment};GTEST_TOTAL_SHARDS=${shards};GTEST_SHARD_INDEX=${shard}")
+  endforeach()
+endfunction()
+
+# tarven_alone(<files...>)
+#   Files whose headers define macros with everybody's words; they are never joined with others in one compilation.
+function(tarven_alone)
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()

@@ -32,7 +32,7 @@ void Register(Driver& clerk, Album& album) {
     clerk.ExpectNoScreen(u"frmCashWalkInPatient"_s);
 }
 
-void FindPatient(Driver& clerk, Album& album) {
+void FindCashPatient(Driver& clerk, Album& album) {
     clerk.Press(Qt::Key_A, Qt::ControlModifier);
     clerk.ExpectScreen(u"frmAssessment"_s);
     clerk.Press(Qt::Key_Space);
@@ -82,7 +82,7 @@ void LookItUpAgain(Driver& clerk, Album& album) {
 } // namespace
 
 void VisitCashDesk(Driver& clerk, Album& album) {
-    FindPatient(clerk, album);
+    FindCashPatient(clerk, album);
     WriteAssessment(clerk, album);
     LookItUpAgain(clerk, album);
 }

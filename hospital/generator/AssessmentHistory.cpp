@@ -10,7 +10,6 @@ namespace {
 
 constexpr int kFirstAssessment = 5001;
 constexpr int kFirstReceipt = 310'001;
-constexpr int kDaysPerMonth = 30;
 /// One of so many is a single line without a number.
 constexpr int kSingleLines = 10;
 

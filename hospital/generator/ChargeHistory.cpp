@@ -12,7 +12,6 @@ namespace {
 
 constexpr int kFirstSlip = 1001;
 constexpr int kFirstLabSlip = 20001;
-constexpr int kDaysPerMonth = 30;
 constexpr int kOpens = 6 * 60;
 constexpr int kWorkingMinutes = 14 * 60;
 

@@ -2,6 +2,8 @@
 
 namespace Generator {
 
+constexpr int kDaysPerMonth = 30;
+
 /// How large a generated hospital is. The values here are those of the trial hospital.
 struct HospitalSize {
     int patients = 400;
@@ -11,7 +13,7 @@ struct HospitalSize {
     int inPatients = 60;
     int visits = 250;
     int walkIns = 25;
-    /// Months of 30 days for which charges were posted.
+    /// Months of kDaysPerMonth days for which charges were posted.
     int months = 3;
     int slipsPerDay = 20;
     int assessments = 70;

@@ -16,7 +16,6 @@ constexpr int kFirstHospNum = 100'001;
 constexpr int kFirstAccountNum = 500'001;
 constexpr int kFirstAdmission = 700'001;
 constexpr int kFirstVisit = 104'001;
-constexpr int kDaysPerMonth = 30;
 
 /// Makes the episodes of a hospital. Who comes for dialysis as an out-patient and who is in the hospital now
 /// have no other episode.

@@ -13,7 +13,7 @@ namespace Generator {
 namespace {
 
 /// Its own row of numbers, so that the other scripts stay as they are.
-constexpr quint64 kSeed = 20'260'203;
+constexpr quint64 kTreatmentSeed = 20'260'203;
 constexpr size_t kRecords = 24;
 constexpr int kMachines = 12;
 constexpr int kHours = 4;
@@ -224,7 +224,7 @@ class RecordMaker {
 } // namespace
 
 TreatmentRecords MakeTreatmentRecords(const PatientList& patients, const std::vector<Treatment>& treatments) {
-    Prng prng(kSeed);
+    Prng prng(kTreatmentSeed);
     TreatmentRecords records;
     const size_t first = treatments.size() - std::min(treatments.size(), kRecords);
     for (size_t i = first; i < treatments.size(); ++i) {

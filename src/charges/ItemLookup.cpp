@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto kMoney = u"0.00";
+constexpr auto kPriceFormat = u"0.00";
 constexpr auto kMedicineSection = "1"_L1;
 constexpr auto kSupplySection = "52"_L1;
 constexpr auto kRateLetters = "ABCDEFGH"_L1;
@@ -187,7 +187,7 @@ void ItemLookup::WriteItem(const Item& item) {
     const int row = mCells.Row();
     mCells.SetTextMatrix(row, Column::kCode, item.code);
     mCells.SetTextMatrix(row, Column::kParticular, item.name);
-    mCells.SetTextMatrix(row, mLines.Differences().priceCol, Format(item.price, kMoney));
+    mCells.SetTextMatrix(row, mLines.Differences().priceCol, Format(item.price, kPriceFormat));
     mCells.SetTextMatrix(row, Column::kZeroPrice, item.isFree ? u"Y"_s : u"N"_s);
 }
 

@@ -30,7 +30,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kColumnPrice = kAssessmentDifferences.priceCol;
-constexpr int kColumnQuantity = kAssessmentDifferences.quantityCol;
+constexpr int kAssessedQuantity = kAssessmentDifferences.quantityCol;
 /// In-patient, out-patient, walk-in.
 constexpr auto kTypeLetters = "IOW"_L1;
 
@@ -147,7 +147,7 @@ void frmAssessment::SaveLine(int row, const QString& number) {
                            .patientName = Trim(txtSname->text()),
                            .code = code,
                            .department = department,
-                           .quantity = mGrid->Text(row, kColumnQuantity),
+                           .quantity = mGrid->Text(row, kAssessedQuantity),
                            .amount = amount,
                            .userCode = gCurrentUser->EmployeeCode(),
                            .hospitalNumber = txtHospNum->text(),
@@ -184,7 +184,7 @@ void frmAssessment::FillPrintTable() {
     for (int row = 1; row < mGrid->Cells().Rows(); ++row) {
         const AssessmentPrintLine line{.code = mGrid->Text(row, Column::kCode),
                                        .particular = mGrid->Text(row, Column::kParticular),
-                                       .quantity = mGrid->Text(row, kColumnQuantity),
+                                       .quantity = mGrid->Text(row, kAssessedQuantity),
                                        .price = mGrid->Text(row, kColumnPrice),
                                        .amount = mGrid->Text(row, Column::kAmount),
                                        .department = mGrid->Text(row, Column::kDepartment),

@@ -30,7 +30,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kColumnQuantity = kPostChargesDifferences.quantityCol;
+constexpr int kPostedQuantity = kPostChargesDifferences.quantityCol;
 
 } // namespace
 
@@ -138,7 +138,7 @@ void frmPostCharges::SaveLine(int row) {
     gPatientType = IsNumeric(txtId->text()) ? u"I"_s : u"O"_s;
     const QString code = mGrid->Text(row, Column::kCode);
     const QString particular = mGrid->Text(row, Column::kParticular);
-    const QString quantity = mGrid->Text(row, kColumnQuantity);
+    const QString quantity = mGrid->Text(row, kPostedQuantity);
     const QString amount = mGrid->Text(row, Column::kAmount);
     CommandGateway& connection = *gCurrentUser->SQLConnection();
     connection.ExecuteNoResult(AppendChargingCommand({.hospitalNumber = txtPno->text(),

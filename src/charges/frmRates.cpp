@@ -21,8 +21,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kRateColumns = 8;
-constexpr int kGridWidth = 9900;
-constexpr int kGridHeight = 4500;
+constexpr int kRatesWidth = 9900;
+constexpr int kRatesHeight = 4500;
 
 } // namespace
 
@@ -66,7 +66,7 @@ QGroupBox* frmRates::LayoutList() {
     grdRates = new FlexGrid(fraList);
     grdRates->setObjectName(u"grdRates"_s);
     grdRates->setAccessibleName(u"Rates"_s);
-    grdRates->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    grdRates->setMinimumSize(TwipsToPixels(kRatesWidth), TwipsToPixels(kRatesHeight));
     auto* list = new QVBoxLayout(fraList);
     list->addWidget(grdRates);
     return fraList;

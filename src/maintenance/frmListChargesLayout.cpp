@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize kListSize(11000, 3000);
+constexpr QSize kChargesListSize(11000, 3000);
 /// The fixed column and the nine fields of a charge, as the list has them from the first one on.
 constexpr int kColumnsOfACharge = 10;
 
@@ -66,7 +66,7 @@ QGroupBox* frmListCharges::LayoutList() {
     txtMessage->setText(u"No Charges Entered........"_s);
     txtMessage->setAccessibleName(u"Message"_s);
     txtMessage->setVisible(false);
-    mshflexList = NewList(u"mshflexList"_s, u"Charges entered"_s, kListSize, fraList);
+    mshflexList = NewList(u"mshflexList"_s, u"Charges entered"_s, kChargesListSize, fraList);
     mshflexList->Cells().SetCols(kColumnsOfACharge);
     auto* layout = new QVBoxLayout(fraList);
     layout->addWidget(txtMessage, 0, Qt::AlignTop);

@@ -29,7 +29,7 @@ namespace {
 
 enum PatientCode { kInPatient, kOutPatient };
 
-namespace Column {
+namespace ReprintColumn {
 constexpr int kSlip = 1;
 constexpr int kDate = 2;
 constexpr int kItem = 3;
@@ -38,7 +38,7 @@ constexpr int kQuantity = 5;
 constexpr int kAmount = 6;
 constexpr int kEncoder = 7;
 constexpr int kRevenueCode = 8;
-} // namespace Column
+} // namespace ReprintColumn
 
 struct Heading {
     const char16_t* text;
@@ -169,15 +169,15 @@ void frmReprint::LoadCharges() {
     FlexCells& cells = grdTable->Cells();
     for (int row = 1; !charges.Eof(); ++row, charges.MoveNext()) {
         cells.SetRows(row + 1);
-        cells.SetTextMatrix(row, Column::kSlip, charges.Fields(u"RefNum").ToText());
-        cells.SetTextMatrix(row, Column::kDate,
+        cells.SetTextMatrix(row, ReprintColumn::kSlip, charges.Fields(u"RefNum").ToText());
+        cells.SetTextMatrix(row, ReprintColumn::kDate,
                             Format(charges.Fields(u"TransDate").ToDate(), u"mm/dd/yyyy hh:mmAM/PM"));
-        cells.SetTextMatrix(row, Column::kItem, charges.Fields(u"ItemID").ToText());
-        cells.SetTextMatrix(row, Column::kDescription, charges.Fields(u"Description").TextOrEmpty());
-        cells.SetTextMatrix(row, Column::kQuantity, NumberText(charges.Fields(u"Quantity"), u"0"));
-        cells.SetTextMatrix(row, Column::kAmount, NumberText(charges.Fields(u"Amount"), u"0.00"));
-        cells.SetTextMatrix(row, Column::kEncoder, charges.Fields(u"UserId").ToText());
-        cells.SetTextMatrix(row, Column::kRevenueCode, charges.Fields(u"RevenueID").ToText());
+        cells.SetTextMatrix(row, ReprintColumn::kItem, charges.Fields(u"ItemID").ToText());
+        cells.SetTextMatrix(row, ReprintColumn::kDescription, charges.Fields(u"Description").TextOrEmpty());
+        cells.SetTextMatrix(row, ReprintColumn::kQuantity, NumberText(charges.Fields(u"Quantity"), u"0"));
+        cells.SetTextMatrix(row, ReprintColumn::kAmount, NumberText(charges.Fields(u"Amount"), u"0.00"));
+        cells.SetTextMatrix(row, ReprintColumn::kEncoder, charges.Fields(u"UserId").ToText());
+        cells.SetTextMatrix(row, ReprintColumn::kRevenueCode, charges.Fields(u"RevenueID").ToText());
     }
     cmdPrint->setEnabled(true);
 }
@@ -188,7 +188,7 @@ QString frmReprint::CurrentText(int column) const {
 }
 
 void frmReprint::grdTable_RowColChange() {
-    cmdPrint->setEnabled(!CurrentText(Column::kSlip).isEmpty());
+    cmdPrint->setEnabled(!CurrentText(ReprintColumn::kSlip).isEmpty());
 }
 
 void frmReprint::grdTable_DblClick() {
@@ -200,22 +200,22 @@ void frmReprint::WriteLinesOfSlip() {
     gConnection->ExecuteNoResult(EmptyChargePrintCommand());
     const FlexCells& cells = grdTable->Cells();
     for (int row = 1; row < cells.Rows(); ++row) {
-        if (cells.TextMatrix(row, Column::kSlip) != mSlipNo)
+        if (cells.TextMatrix(row, ReprintColumn::kSlip) != mSlipNo)
             continue;
-        const QString revenueCode = cells.TextMatrix(row, Column::kRevenueCode);
+        const QString revenueCode = cells.TextMatrix(row, ReprintColumn::kRevenueCode);
         gCurrentUser->SQLConnection()->ExecuteNoResult(
-            SaveDuplicateLineCommand({.code = revenueCode + cells.TextMatrix(row, Column::kItem),
-                                      .amount = cells.TextMatrix(row, Column::kAmount),
-                                      .quantity = cells.TextMatrix(row, Column::kQuantity),
+            SaveDuplicateLineCommand({.code = revenueCode + cells.TextMatrix(row, ReprintColumn::kItem),
+                                      .amount = cells.TextMatrix(row, ReprintColumn::kAmount),
+                                      .quantity = cells.TextMatrix(row, ReprintColumn::kQuantity),
                                       .revenueCode = revenueCode,
-                                      .description = cells.TextMatrix(row, Column::kDescription)}));
+                                      .description = cells.TextMatrix(row, ReprintColumn::kDescription)}));
     }
 }
 
 void frmReprint::cmdPrint_Click() {
-    mSlipNo = CurrentText(Column::kSlip);
-    mSlipDate = Format(Value(CurrentText(Column::kDate)).ToDate(), u"mm/dd/yyyy");
-    mEncoder = CurrentText(Column::kEncoder);
+    mSlipNo = CurrentText(ReprintColumn::kSlip);
+    mSlipDate = Format(Value(CurrentText(ReprintColumn::kDate)).ToDate(), u"mm/dd/yyyy");
+    mEncoder = CurrentText(ReprintColumn::kEncoder);
     SetMousePointer(MousePointer::Wait);
     WriteLinesOfSlip();
     SetMousePointer(MousePointer::Default);

@@ -17,11 +17,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kColumns = 9;
+constexpr int kReprintColumns = 9;
 constexpr int kQuantity = 5;
 constexpr int kAmount = 6;
 constexpr int kFixedColumnWidth = 250;
-constexpr QSize kListSize(11100, 3800);
+constexpr QSize kReprintListSize(11100, 3800);
 
 } // namespace
 
@@ -42,8 +42,8 @@ void frmReprint::Layout() {
 
 QGroupBox* frmReprint::LayoutCharges() {
     QGroupBox* frame2 = NewFrame(u"Frame2"_s, u"Charges"_s, this);
-    grdTable = NewList(u"grdTable"_s, u"Charges"_s, kListSize, frame2);
-    grdTable->Cells().SetCols(kColumns);
+    grdTable = NewList(u"grdTable"_s, u"Charges"_s, kReprintListSize, frame2);
+    grdTable->Cells().SetCols(kReprintColumns);
     grdTable->SetColWidth(0, kFixedColumnWidth);
     for (const int number : {kQuantity, kAmount})
         grdTable->Cells().SetAlignment(number, Qt::AlignRight);

@@ -31,7 +31,7 @@ constexpr std::array kColumnWidths = {100, 1200, 1200, 3000, 1800};
 constexpr int kLastColumn = 5;
 /// The field behind the last heading shows under its own name, for which the usual width is too narrow.
 constexpr int kUnheadedColumn = 6;
-constexpr QSize kListSize(11600, 3600);
+constexpr QSize kARListSize(11600, 3600);
 
 } // namespace
 
@@ -72,7 +72,7 @@ QHBoxLayout* frmARPatients::LayoutSearch() {
 
 QGroupBox* frmARPatients::LayoutList() {
     QGroupBox* frame = NewFrame({}, u"Patient List"_s, this);
-    grdTable = NewList(u"grdTable"_s, u"Patient List"_s, kListSize, frame);
+    grdTable = NewList(u"grdTable"_s, u"Patient List"_s, kARListSize, frame);
     auto* layout = new QVBoxLayout(frame);
     layout->addWidget(grdTable);
     return frame;

@@ -47,7 +47,7 @@ constexpr std::array<ListColumn, 5> kColumns = {{{u"", 200, u""},
                                                  {u"Last Name", 2500, u"LastName"},
                                                  {u"First Name", 2500, u"FirstName"},
                                                  {u"Middle Name", 2500, u"MiddleName"}}};
-constexpr QSize kListSize(8950, 3600);
+constexpr QSize kCashListSize(8950, 3600);
 
 } // namespace
 
@@ -77,7 +77,7 @@ void frmCashPatients::Layout() {
     cmbSearch->setAccessibleName(u"Search by"_s);
     txtSearch = NewTextBox(u"txtSearch"_s, this);
     txtSearch->setAccessibleName(u"Search text"_s);
-    grdTable = NewList(u"grdTable"_s, u"Patients found"_s, kListSize, this);
+    grdTable = NewList(u"grdTable"_s, u"Patients found"_s, kCashListSize, this);
     cmdSelect = NewButton(u"cmdSelect"_s, u"&Select"_s, this);
     cmdAdd = NewButton(u"cmdAdd"_s, u"&Add Patient"_s, this);
     cmdClose = NewButton(u"cmdClose"_s, u"&Close"_s, this);

@@ -33,9 +33,9 @@ constexpr int kName = 3;
 constexpr int kAdmission = 5;
 } // namespace Column
 
-constexpr int kColumns = 6;
-constexpr std::array kColumnWidths = {1, 1200, 1000, 3000, 1000, 1};
-constexpr QSize kListSize(6450, 3600);
+constexpr int kWalkInColumns = 6;
+constexpr std::array kWalkInColumnWidths = {1, 1200, 1000, 3000, 1000, 1};
+constexpr QSize kWalkInListSize(6450, 3600);
 
 /// A patient type of the assessment, and how its patients are listed.
 struct CashKind {
@@ -111,7 +111,7 @@ void frmCashWalkIn::Layout() {
     cmdSearch->setIcon(ProgramIcon(u"patient"_s));
     cmdSearch->setAccessibleName(u"Search"_s);
     cmdSearch->setToolTip(u"Search"_s);
-    MSHFlexCash = NewList(u"MSHFlexCash"_s, u"Patient List"_s, kListSize, this);
+    MSHFlexCash = NewList(u"MSHFlexCash"_s, u"Patient List"_s, kWalkInListSize, this);
     cmdRegister = NewButton(u"cmdRegister"_s, u"&Register"_s, this);
     Command1 = NewButton(u"Command1"_s, u"&Close"_s, this);
 
@@ -142,10 +142,10 @@ void frmCashWalkIn::Form_Load() {
     FlexCells& cells = MSHFlexCash->Cells();
     cells.Clear();
     cells.SetRows(2);
-    cells.SetCols(kColumns);
+    cells.SetCols(kWalkInColumns);
     cells.SetFormatString(u" |<HOSP. #|<PATIENT NAME                  |<ADM. DATE |"_s);
-    for (int col = 0; col < kColumns; ++col)
-        MSHFlexCash->SetColWidth(col, kColumnWidths[size_t(col)]);
+    for (int col = 0; col < kWalkInColumns; ++col)
+        MSHFlexCash->SetColWidth(col, kWalkInColumnWidths[size_t(col)]);
     cmdSearch_Click();
 }
 

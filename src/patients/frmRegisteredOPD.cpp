@@ -28,20 +28,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kAdmissionNumber = 1;
+constexpr int kRegistrationNumber = 1;
 
 /// A column of the list: its heading and its width in twips.
-struct ListColumn {
+struct RegisteredColumn {
     const char16_t* heading;
     int width;
 };
-constexpr std::array kColumns = {ListColumn{u"", 200},
-                                 ListColumn{u"Adm #", 1000},
-                                 ListColumn{u"Last Name", 2000},
-                                 ListColumn{u"First Name", 2000},
-                                 ListColumn{u"Middle Name", 2000},
-                                 ListColumn{u"Adm. Date", 1500}};
-constexpr QSize kListSize(9200, 3600);
+constexpr std::array kRegisteredColumns = {RegisteredColumn{u"", 200},
+                                           RegisteredColumn{u"Adm #", 1000},
+                                           RegisteredColumn{u"Last Name", 2000},
+                                           RegisteredColumn{u"First Name", 2000},
+                                           RegisteredColumn{u"Middle Name", 2000},
+                                           RegisteredColumn{u"Adm. Date", 1500}};
+constexpr QSize kRegisteredListSize(9200, 3600);
 
 } // namespace
 
@@ -84,7 +84,7 @@ QGridLayout* frmRegisteredOPD::LayoutSearch() {
 
 QGroupBox* frmRegisteredOPD::LayoutList() {
     QGroupBox* frame = NewFrame({}, u"Patient List"_s, this);
-    grdTable = NewList(u"grdTable"_s, u"Patient List"_s, kListSize, frame);
+    grdTable = NewList(u"grdTable"_s, u"Patient List"_s, kRegisteredListSize, frame);
     auto* layout = new QVBoxLayout(frame);
     layout->addWidget(grdTable);
     return frame;
@@ -112,7 +112,7 @@ void frmRegisteredOPD::Form_Load() {
     ResultCode = QString();
     Valid = false;
     setWindowTitle(PatientRecord);
-    grdTable->Cells().SetCols(int(kColumns.size()));
+    grdTable->Cells().SetCols(int(kRegisteredColumns.size()));
     EmptyGrid();
     SetWidths();
     cmdSelect->setEnabled(false);
@@ -164,13 +164,13 @@ void frmRegisteredOPD::EmptyGrid() {
 }
 
 void frmRegisteredOPD::SetWidths() {
-    for (size_t col = 0; col < kColumns.size(); ++col)
-        grdTable->SetColWidth(int(col), kColumns[col].width);
+    for (size_t col = 0; col < kRegisteredColumns.size(); ++col)
+        grdTable->SetColWidth(int(col), kRegisteredColumns[col].width);
 }
 
 void frmRegisteredOPD::SetHeadings() {
-    for (size_t col = 1; col < kColumns.size(); ++col)
-        grdTable->Cells().SetTextMatrix(0, int(col), QString::fromUtf16(kColumns[col].heading));
+    for (size_t col = 1; col < kRegisteredColumns.size(); ++col)
+        grdTable->Cells().SetTextMatrix(0, int(col), QString::fromUtf16(kRegisteredColumns[col].heading));
 }
 
 void frmRegisteredOPD::grdTable_DblClick() {
@@ -186,7 +186,7 @@ void frmRegisteredOPD::grdTable_KeyPress(int& keyAscii) {
 void frmRegisteredOPD::cmdSelect_Click() {
     const FlexCells& cells = grdTable->Cells();
     Valid = true;
-    ResultCode = cells.TextMatrix(cells.Row(), kAdmissionNumber);
+    ResultCode = cells.TextMatrix(cells.Row(), kRegistrationNumber);
     Unload();
 }
 

@@ -23,8 +23,8 @@ namespace {
 
 constexpr int kExam = 1;
 constexpr int kExamId = 2;
-constexpr int kColumns = 3;
-constexpr QSize kListSize(6400, 3800);
+constexpr int kExaminationColumns = 3;
+constexpr QSize kExaminationListSize(6400, 3800);
 
 RowSet OpenExams(const QString& command) {
     return gConnection->Open(command, CursorType::Dynamic, LockType::Optimistic, CursorLocation::Client);
@@ -53,7 +53,7 @@ void frmSearcher::Layout() {
     setWindowTitle(u"Ultra Exam"_s);
     QLabel* lblTitle = NewHeading(u"Ultra Exam "_s, this);
     lblTitle->setObjectName(u"lblTitle"_s);
-    grdDispWindow = NewList(u"grdDispWindow"_s, u"Ultra Exam"_s, kListSize, this);
+    grdDispWindow = NewList(u"grdDispWindow"_s, u"Ultra Exam"_s, kExaminationListSize, this);
     auto* lblHelpTip =
         new QLabel(u"Press [Select] Enter or Double Click on the Table to Select, Cancel to Abort"_s, this);
     lblHelpTip->setObjectName(u"lblHelpTip"_s);
@@ -101,7 +101,7 @@ void frmSearcher::Wire() {
 
 void frmSearcher::Form_Load() {
     FlexCells& cells = grdDispWindow->Cells();
-    cells.SetCols(kColumns);
+    cells.SetCols(kExaminationColumns);
     grdDispWindow->SetColWidth(0, 100);
     grdDispWindow->SetColWidth(kExam, 4200);
     grdDispWindow->SetColWidth(kExamId, 1500);

@@ -24,9 +24,9 @@ namespace {
 
 constexpr int kNameLength = 30;
 constexpr int kBirthLength = 10;
-constexpr int kAgeLength = 3;
-constexpr int kBoxWidth = 4200;
-constexpr int kShortWidth = 1500;
+constexpr int kWalkInAgeLength = 3;
+constexpr int kWalkInBoxWidth = 4200;
+constexpr int kWalkInShortWidth = 1500;
 
 /// A radio button for each caption inside the frame, one of them on.
 template <size_t N>
@@ -90,14 +90,14 @@ void frmWalkIn::MakeControls() {
     txtSname = NewLimitedBox(u"txtSname"_s, kNameLength, this);
     txtFname = NewLimitedBox(u"txtFname"_s, kNameLength, this);
     txtMname = NewLimitedBox(u"txtMname"_s, kNameLength, this);
-    txtSname->setMinimumWidth(TwipsToPixels(kBoxWidth));
+    txtSname->setMinimumWidth(TwipsToPixels(kWalkInBoxWidth));
     txtBirth = NewLimitedBox(u"txtBirth"_s, kBirthLength, this);
-    txtAge = NewLimitedBox(u"txtAge"_s, kAgeLength, this);
+    txtAge = NewLimitedBox(u"txtAge"_s, kWalkInAgeLength, this);
     txtHouse = NewLimitedBox(u"txtHouse"_s, kNameLength, this);
     txtBarangay = NewLimitedBox(u"txtBarangay"_s, kNameLength, this);
     txtZipCode = NewTextBox(u"txtZipCode"_s, this);
     for (QLineEdit* box : {txtBirth, txtAge, txtZipCode})
-        box->setMaximumWidth(TwipsToPixels(kShortWidth));
+        box->setMaximumWidth(TwipsToPixels(kWalkInShortWidth));
     cmdAddress = NewPicker(u"cmdAddress"_s, u"Pick the town"_s, u"Pick the town from the list"_s, this);
     txtTown = NewTextBox(u"txtTown"_s, this);
     txtTown->setReadOnly(true);

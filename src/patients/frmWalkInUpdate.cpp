@@ -28,7 +28,7 @@ namespace {
 enum Tab { kList, kRecord };
 
 constexpr int kHospitalNumber = 1;
-constexpr std::array kColumnWidths = {0, 1500, 2250, 2250, 2250};
+constexpr std::array kUpdateColumnWidths = {0, 1500, 2250, 2250, 2250};
 constexpr std::array kHeadings = {u"Hospital #", u"Last Name", u"First Name", u"Middle Name"};
 
 constexpr int kMale = 0;
@@ -121,8 +121,8 @@ void frmWalkInUpdate::ListWalkIns() {
     FlexCells& cells = grdTable->Cells();
     cells.Bind(found.Data());
     found.Close();
-    for (size_t col = 0; col < kColumnWidths.size(); ++col)
-        grdTable->SetColWidth(int(col), kColumnWidths[col]);
+    for (size_t col = 0; col < kUpdateColumnWidths.size(); ++col)
+        grdTable->SetColWidth(int(col), kUpdateColumnWidths[col]);
     for (size_t i = 0; i < kHeadings.size(); ++i)
         cells.SetTextMatrix(0, int(i) + 1, QString::fromUtf16(kHeadings[i]));
     grdTable->SetRedraw(true);

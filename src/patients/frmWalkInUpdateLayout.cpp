@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize kListSize(8750, 3900);
+constexpr QSize kUpdateListSize(8750, 3900);
 constexpr int kShortWidth = 1500;
 
 } // namespace
@@ -61,7 +61,7 @@ QWidget* frmWalkInUpdate::LayoutSearch() {
 
 QGroupBox* frmWalkInUpdate::LayoutList() {
     QGroupBox* frame = NewFrame({}, u"Search List"_s, ssWalkIn);
-    grdTable = NewList(u"grdTable"_s, u"Search List"_s, kListSize, frame);
+    grdTable = NewList(u"grdTable"_s, u"Search List"_s, kUpdateListSize, frame);
     auto* layout = new QVBoxLayout(frame);
     layout->addWidget(grdTable);
     return frame;

@@ -5,7 +5,7 @@
 namespace {
 
 /// Positions of the design that are this close are the same edge.
-constexpr double kTolerance = 0.1;
+constexpr double kStepTolerance = 0.1;
 
 double LeftOf(const QString& line, const ReportFont& font, const CellStyle& style, const QRectF& box) {
     const double left = box.left() + kCellPadding;
@@ -65,7 +65,7 @@ void BandGrowth::Add(double bottom, double before, double growth) {
 double BandGrowth::At(double y) const {
     double pushed = 0;
     for (const Step& step : mSteps) {
-        if (step.bottom <= y + kTolerance)
+        if (step.bottom <= y + kStepTolerance)
             pushed = std::max(pushed, step.pushed);
     }
     return pushed;

@@ -15,7 +15,7 @@ namespace {
 /// The height of a line of text for its size.
 constexpr double kLineHeight = 1.2;
 /// Lengths are keyed in tenths of millimetres; less than a tenth of a point is nothing.
-constexpr double kTolerance = 0.1;
+constexpr double kReadTolerance = 0.1;
 
 /// The text of an element without the indentation of the file.
 QString WithoutIndentation(const QString& text) {
@@ -130,7 +130,7 @@ QRectF BandReader::ReadRect(TemplateAttributes& attributes, double height) const
 }
 
 void BandReader::CheckRight(const TemplateAttributes& attributes, double right) const {
-    if (right > mReport.Body().width() + kTolerance)
+    if (right > mReport.Body().width() + kReadTolerance)
         attributes.Fail(u"This reaches beyond the right margin."_s);
 }
 
@@ -206,7 +206,7 @@ ReportImage BandReader::ReadImage() {
 }
 
 void BandReader::CheckWithin(const ReportBand& band) const {
-    const double limit = band.height + kTolerance;
+    const double limit = band.height + kReadTolerance;
     for (const ReportCell& cell : band.cells) {
         if (cell.box.bottom() > limit)
             throw TemplateError(mReport.file, cell.line,

@@ -19,7 +19,7 @@ namespace {
 /// Round the pages and between them, in pixels.
 constexpr int kGap = 12;
 constexpr int kScrollStep = 24;
-constexpr double kPointsPerInch = 72;
+constexpr double kPagePointsPerInch = 72;
 constexpr double kWheelZoom = 1.1;
 /// So light that what is printed in grey can still be read on it.
 constexpr QColor kFoundColor(0xff, 0xe2, 0x82);
@@ -46,11 +46,11 @@ void PageView::SetDocument(std::shared_ptr<const ReportDocument> document) {
 }
 
 double PageView::ZoomFactor() const {
-    return mScale * kPointsPerInch / logicalDpiX();
+    return mScale * kPagePointsPerInch / logicalDpiX();
 }
 
 void PageView::SetZoomFactor(double factor) {
-    mScale = std::clamp(factor, kLeastZoom, kMostZoom) * logicalDpiX() / kPointsPerInch;
+    mScale = std::clamp(factor, kLeastZoom, kMostZoom) * logicalDpiX() / kPagePointsPerInch;
     SetFit(Fit::None);
 }
 
@@ -82,7 +82,7 @@ double PageView::FittingScale() const {
 void PageView::Arrange() {
     if (!mDocument)
         return;
-    const double unit = logicalDpiX() / kPointsPerInch;
+    const double unit = logicalDpiX() / kPagePointsPerInch;
     if (mFit != Fit::None)
         mScale = std::clamp(FittingScale(), kLeastZoom * unit, kMostZoom * unit);
     const QSize page = PagePixels();

@@ -5,7 +5,7 @@
 namespace {
 
 /// Heights are sums of many parts; a hundredth of a point is nothing.
-constexpr double kTolerance = 0.01;
+constexpr double kPageTolerance = 0.01;
 constexpr quint32 kNone = std::numeric_limits<quint32>::max();
 
 class Paginator {
@@ -41,10 +41,10 @@ class Paginator {
 
     bool GoesOnFreshPageOnly(quint32 first, quint32 end) const {
         const double height = HeightOf(first, end);
-        return !Fits(height) && height <= mRoom - HeadsHeight(first) + kTolerance;
+        return !Fits(height) && height <= mRoom - HeadsHeight(first) + kPageTolerance;
     }
 
-    bool Fits(double height) const { return mUsed + height <= mRoom + kTolerance; }
+    bool Fits(double height) const { return mUsed + height <= mRoom + kPageTolerance; }
 
     /// The item behind the last one that is kept with this one.
     quint32 RunEnd(quint32 i) const {

@@ -10,7 +10,7 @@ namespace {
 /// Large enough that no rounding of the font engine is left in the measures.
 constexpr int kMeasuredPixels = 1000;
 /// A width keyed to fit exactly shall fit in spite of the arithmetic.
-constexpr double kTolerance = 0.01;
+constexpr double kWidthTolerance = 0.01;
 
 QFont FaceOf(const CellStyle& style) {
     QFont font(style.families);
@@ -81,7 +81,7 @@ bool ReportFont::SurelyFits(QStringView text, double width) const {
 }
 
 bool ReportFont::Wraps(const QString& text, double width) const {
-    return text.contains(u'\n') || Width(text) > width + kTolerance;
+    return text.contains(u'\n') || Width(text) > width + kWidthTolerance;
 }
 
 std::vector<QString> ReportFont::Wrap(const QString& text, double width) const {
@@ -116,7 +116,7 @@ qsizetype ReportFont::FittingLength(QStringView text, double width) const {
         used += Width(text.mid(i, end - i));
         if (text[i] == u' ')
             afterBlank = end;
-        else if (used > width + kTolerance)
+        else if (used > width + kWidthTolerance)
             return afterBlank > 0 ? afterBlank : (i > 0 ? i : end);
         i = end - 1;
     }

@@ -8,7 +8,7 @@ bool IsSkipped(QChar c) {
     return c == u' ' || c == u'\t' || c == u'\n' || c == u'\r';
 }
 
-bool IsDigit(QChar c) {
+bool IsLatinDigit(QChar c) {
     return c >= u'0' && c <= u'9';
 }
 
@@ -20,7 +20,7 @@ double Val(QStringView text) {
     for (const QChar c : text) {
         if (IsSkipped(c))
             continue;
-        if (IsDigit(c)) {
+        if (IsLatinDigit(c)) {
             number.append(static_cast<char>(c.unicode()));
         } else if (c == u'.' && !pointSeen) {
             pointSeen = true;

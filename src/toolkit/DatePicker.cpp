@@ -66,7 +66,7 @@ QString ReasonOf(const DateReading& reading, DateTime last) {
     }
 }
 
-bool IsTyped(const QKeyEvent& event) {
+bool IsDateKey(const QKeyEvent& event) {
     return !event.text().isEmpty() && event.text().front().isPrint() &&
            !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
 }
@@ -231,7 +231,7 @@ bool DatePicker::Edit(const QKeyEvent& event) {
         TakeOut(&KeyedDate::RemoveBefore);
     else if (isPlain && event.key() == Qt::Key_Delete)
         TakeOut(&KeyedDate::RemoveBehind);
-    else if (IsTyped(event))
+    else if (IsDateKey(event))
         KeyTyped(event.text().front());
     else
         return false;

@@ -18,7 +18,7 @@ namespace {
 constexpr int kFailed = 1;
 
 bool ending = false;
-Failure::Handler handler;
+Failure::Handler failureHandler;
 
 /// Nothing is flushed, destroyed or asked: whatever was being done has failed, and what the database has
 /// answered already stands.
@@ -50,8 +50,8 @@ QString Failure::TextOf(const std::exception_ptr& failure) {
 }
 
 void Failure::End(const std::exception_ptr& failure, bool inPaint) noexcept {
-    if (handler) {
-        handler(failure);
+    if (failureHandler) {
+        failureHandler(failure);
         return;
     }
     if (ending)
@@ -69,7 +69,7 @@ bool Failure::IsEnding() {
 }
 
 void Failure::SetHandler(Handler newHandler) {
-    handler = std::move(newHandler);
+    failureHandler = std::move(newHandler);
 }
 
 void Failure::InstallTerminateHandler() {

@@ -11,7 +11,7 @@ namespace {
 
 /// The width of a column whose width nobody has set, in twips.
 constexpr int kDefaultWidth = 960;
-constexpr int kRowPadding = 6;
+constexpr int kGridRowPadding = 6;
 
 /// Leaves the mark away from a blank row, on which there is nothing to pick.
 class BlankRowDelegate : public QStyledItemDelegate {
@@ -45,7 +45,7 @@ FlexGrid::FlexGrid(QWidget* parent)
     horizontalHeader()->setFocusPolicy(Qt::NoFocus);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(0);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kGridRowPadding);
     verticalHeader()->setHighlightSections(false);
     verticalHeader()->setFocusPolicy(Qt::NoFocus);
     connect(mCells, &QAbstractItemModel::modelReset, this, &FlexGrid::ApplyWidths);

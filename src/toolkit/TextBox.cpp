@@ -43,10 +43,6 @@ QString SeenOf(const QString& text, qsizetype most) {
     return seen;
 }
 
-bool IsTyped(const QKeyEvent& event) {
-    return !event.text().isEmpty() && event.text().front().isPrint();
-}
-
 } // namespace
 
 TextBox::TextBox(QWidget* parent)
@@ -67,11 +63,9 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
     if (!isReadOnly() && event->matches(QKeySequence::Paste)) {
         const QString text =
             mOffered ? *std::exchange(mOffered, std::nullopt) : QGuiApplication::clipboard()->text();
-        TakeText(SeenOf(text, kMostEntered));
+        TakeText(SeenOf(text, maxLength()));
         return;
     }
-    if (IsTyped(*event) && Room() <= 0)
-        return;
     QLineEdit::keyPressEvent(event);
 }
 
@@ -99,5 +93,5 @@ void TextBox::TakeText(const QString& text) {
 
 /// How many characters more the box takes, in the place of what is marked.
 qsizetype TextBox::Room() const {
-    return qMin(maxLength(), kMostEntered) - (text().size() - selectionLength());
+    return maxLength() - (text().size() - selectionLength());
 }

@@ -17,9 +17,6 @@ class TextBox : public QLineEdit {
   public:
     explicit TextBox(QWidget* parent = nullptr);
 
-    /// The most characters that a clerk enters into a box without a limit of its own.
-    static constexpr int kMostEntered = 255;
-
   public Q_SLOTS:
     /// Pastes what was copied. The box's own menu calls it too.
     void paste();

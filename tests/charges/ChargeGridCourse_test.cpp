@@ -13,9 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const RevenueCentre kEarCare{u"EAR CARE"_s, u"HC"_s};
-const RevenueCentre kXRay{u"X-RAY"_s, u"XR"_s};
-const RevenueCentre kSupplies{u"SUPPLIES"_s, u"HD"_s, u"N"_s, true};
+const RevenueCentre kCourseCentre{u"EAR CARE"_s, u"HC"_s};
+const RevenueCentre kCourseXRay{u"X-RAY"_s, u"XR"_s};
+const RevenueCentre kCourseSupplies{u"SUPPLIES"_s, u"HD"_s, u"N"_s, true};
 
 /// A stock picker that shows a window with a control of its own before it answers.
 class ShowingStockList : public FakeStockList {
@@ -110,7 +110,7 @@ TEST_P(GridFocusTest, PickerOfTheLookupReturnsTheFocusToTheCodeAndThePriceStaysO
     picker->pick = u"G1"_s;
     gStockListBasic = picker;
     OpenByFocus(1, 1);
-    KeyDepartment(kSupplies);
+    KeyDepartment(kCourseSupplies);
     Key(u"GAU"_s);
     Enter();
     EXPECT_EQ(At(1, 2), u"G1"_s);
@@ -137,7 +137,7 @@ TEST_P(GridFocusTest, ReturnFromAnotherScreenPassesOverAPriceOfTheCatalogue) {
 
 TEST_F(PostGridTest, CourseOfALineIsDepartmentCodeQuantityPriceAmount) {
     ClickCell(1, 1);
-    KeyDepartment(kXRay);
+    KeyDepartment(kCourseXRay);
     KeyService();
     ExpectOpen(1, 4);
     Key(u"3"_s);
@@ -156,7 +156,7 @@ TEST_F(PostGridTest, CourseOfALineIsDepartmentCodeQuantityPriceAmount) {
 
 TEST_F(PostGridTest, CourseOfAnHCLineLeavesTheAmountOut) {
     ClickCell(1, 1);
-    KeyDepartment(kEarCare);
+    KeyDepartment(kCourseCentre);
     KeyService();
     Enter();
     Enter();
@@ -218,7 +218,7 @@ TEST_F(PostGridTest, HCCentreWithoutItemsMeetsTheClosedAmount) {
 TEST_F(PostGridTest, QuantityKeyedBeforeTheDepartmentIsKept) {
     Put(1, 4, u"6"_s);
     OpenByFocus(1, 1);
-    KeyDepartment(kXRay);
+    KeyDepartment(kCourseXRay);
     EXPECT_EQ(At(1, 4), u"6"_s);
 }
 
@@ -237,7 +237,7 @@ TEST_F(PostGridTest, FocusStaysOnTheAmountOfACentreWithItems) {
 
 TEST_F(AssessmentGridTest, CourseOfALineIsDepartmentCodePriceQuantityAmount) {
     ClickCell(1, 1);
-    KeyDepartment(kEarCare);
+    KeyDepartment(kCourseCentre);
     EXPECT_EQ(At(1, Column::kWithItems), u"Y"_s);
     EXPECT_EQ(At(1, Column::kZeroPrice), u"N"_s);
     KeyService();
@@ -273,6 +273,6 @@ TEST_F(AssessmentGridTest, FocusPassesOverTheAmountOfACentreWithItems) {
 TEST_F(AssessmentGridTest, QuantityIsSetToOneWhateverStoodThere) {
     Put(1, 5, u"6"_s);
     OpenByFocus(1, 1);
-    KeyDepartment(kXRay);
+    KeyDepartment(kCourseXRay);
     EXPECT_EQ(At(1, 5), u"1"_s);
 }

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const Message kSameStock{.text = u"Can't charge the same Medicine/Supply !"_s};
-const Message kSameExam{
+const Message kAlreadySelected{
     .text = u"Exam already selected."_s, .icon = MsgIcon::Exclamation, .title = u"Assessment"_s};
 
 /// A stock item component whose items bear longer codes than those they are found by.
@@ -225,7 +225,7 @@ TEST_P(ItemLookupTest, AfterARefusedStockItemAServiceOfTheKeyedCodeStillFillsThe
 
 TEST_P(ItemLookupTest, StockItemOnTheLastLineEscapesTheFirstTestAndIsRefusedByTheSecond) {
     PutItem(8, u"HD"_s, u"G1"_s);
-    messages.Expect(kSameExam);
+    messages.Expect(kAlreadySelected);
     EXPECT_FALSE(LookUp(u"HD"_s, u"G1"_s));
     EXPECT_EQ(messages.Shown().size(), 1U);
 }
@@ -234,7 +234,7 @@ TEST_P(ItemLookupTest, ExamOnAnotherLineIsRefusedUnderWhateverDepartment) {
     PutItem(4, u"XR"_s, u"S1"_s);
     cells.SetTextMatrix(1, Column::kParticular, u"EAR CARE"_s);
     Found(true);
-    messages.Expect(kSameExam);
+    messages.Expect(kAlreadySelected);
     EXPECT_FALSE(LookUp(u"HC"_s, u"S"_s));
     EXPECT_EQ(Line(), (std::vector<QString>{u""_s, u"EAR CARE"_s, u""_s, u""_s}));
     EXPECT_EQ(editor.calls, u"Leave Enter(1,2) "_s);
@@ -368,7 +368,7 @@ TEST_P(FailingReadingTest, GoesOnWithTheNextOneAndEmptiesTheCode) {
 
 TEST_P(ItemLookupTest, StockItemWhoseCodeCannotBeReadIsRefusedLikeTheEmptyCodesOfTheOtherLines) {
     stockItem->codeFailure = NoRecordAfter(1);
-    messages.Expect(kSameExam);
+    messages.Expect(kAlreadySelected);
     EXPECT_FALSE(LookUp(u"HD"_s, u"G1"_s));
     EXPECT_EQ(keyed, u""_s);
 }

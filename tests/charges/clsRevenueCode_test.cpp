@@ -14,8 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const RevenueCentre kEarCare{u"EAR CARE"_s, u"HC"_s, u"Y"_s, false, u"12"_s};
-const RevenueCentre kSupplies{u"SUPPLIES"_s, u"HD"_s, u"N"_s, true, Value()};
+const RevenueCentre kCentreTwelve{u"EAR CARE"_s, u"HC"_s, u"Y"_s, false, u"12"_s};
+const RevenueCentre kStockCentre{u"SUPPLIES"_s, u"HD"_s, u"N"_s, true, Value()};
 
 const Message kNoSuchItem{.text = u"Item does not exists."_s, .icon = MsgIcon::Exclamation};
 
@@ -30,7 +30,7 @@ class clsRevenueCodeTest : public ScreenTest {
         gateway.Expect(ExactRevenueCommand(text), RevenueRows(exact));
         gateway.Expect(PartialRevenueCommand(text), RevenueRows(partial));
         gateway.Expect(u"Clinical_Area..spEarCare_SearchRevenue '0','"_s + text + u"'"_s,
-                       RevenueRows({kEarCare, kSupplies}));
+                       RevenueRows({kCentreTwelve, kStockCentre}));
     }
 
     /// Picks the row of the picker that opens next.
@@ -62,7 +62,7 @@ TEST_F(clsRevenueCodeTest, BeforeAnyValidationEverythingIsEmpty) {
 }
 
 TEST_F(clsRevenueCodeTest, ExactlyOneHitIsTheAnswer) {
-    ExpectExact(gateway, kEarCare);
+    ExpectExact(gateway, kCentreTwelve);
     EXPECT_TRUE(centre.ValidateRevenue(u"HC"_s));
     EXPECT_EQ(centre.RevenueID(), u"HC"_s);
     EXPECT_EQ(centre.Revenue(), u"EAR CARE"_s);
@@ -73,14 +73,14 @@ TEST_F(clsRevenueCodeTest, ExactlyOneHitIsTheAnswer) {
 }
 
 TEST_F(clsRevenueCodeTest, CodeIsTheServersAndNotTheKeyedOne) {
-    gateway.Expect(ExactRevenueCommand(u"hc "_s), RevenueRows({kEarCare}));
+    gateway.Expect(ExactRevenueCommand(u"hc "_s), RevenueRows({kCentreTwelve}));
     EXPECT_TRUE(centre.ValidateRevenue(u"hc "_s));
     EXPECT_EQ(centre.RevenueID(), u"HC"_s);
 }
 
 TEST_F(clsRevenueCodeTest, EveryCommandUsesADynamicOptimisticClientCursor) {
-    ExpectPicker(u"E"_s, {}, {kEarCare});
-    ExpectExact(gateway, kEarCare);
+    ExpectPicker(u"E"_s, {}, {kCentreTwelve});
+    ExpectExact(gateway, kCentreTwelve);
     PickRow(1);
     EXPECT_TRUE(centre.ValidateRevenue(u"E"_s));
     ASSERT_EQ(gateway.Openings().size(), 4U);
@@ -92,7 +92,7 @@ TEST_F(clsRevenueCodeTest, EveryCommandUsesADynamicOptimisticClientCursor) {
 }
 
 TEST_F(clsRevenueCodeTest, NullLocationIsTheEmptyText) {
-    ExpectExact(gateway, kSupplies);
+    ExpectExact(gateway, kStockCentre);
     EXPECT_TRUE(centre.ValidateRevenue(u"HD"_s));
     EXPECT_EQ(centre.LocationID(), u""_s);
     EXPECT_TRUE(centre.SearchInventory());
@@ -104,7 +104,7 @@ TEST_F(clsRevenueCodeTest, NullCodeFaults) {
 }
 
 TEST_F(clsRevenueCodeTest, StockCardRevenueIsEmptyAfterAnyValidation) {
-    ExpectExact(gateway, kSupplies);
+    ExpectExact(gateway, kStockCentre);
     EXPECT_TRUE(centre.ValidateRevenue(u"HD"_s));
     EXPECT_EQ(centre.StockCardRevenueID(), u""_s);
 }
@@ -118,8 +118,8 @@ TEST_F(clsRevenueCodeTest, NoHitAtAllIsToldAndRefused) {
 }
 
 TEST_F(clsRevenueCodeTest, SeveralExactHitsFallThroughToThePicker) {
-    ExpectPicker(u"H"_s, {kEarCare, kSupplies}, {kEarCare, kSupplies});
-    ExpectExact(gateway, kSupplies);
+    ExpectPicker(u"H"_s, {kCentreTwelve, kStockCentre}, {kCentreTwelve, kStockCentre});
+    ExpectExact(gateway, kStockCentre);
     PickRow(2);
     EXPECT_TRUE(centre.ValidateRevenue(u"H"_s));
     EXPECT_EQ(centre.RevenueID(), u"HD"_s);
@@ -127,8 +127,8 @@ TEST_F(clsRevenueCodeTest, SeveralExactHitsFallThroughToThePicker) {
 }
 
 TEST_F(clsRevenueCodeTest, SinglePartialHitStillOpensThePicker) {
-    ExpectPicker(u"EAR"_s, {}, {kEarCare});
-    ExpectExact(gateway, kEarCare);
+    ExpectPicker(u"EAR"_s, {}, {kCentreTwelve});
+    ExpectExact(gateway, kCentreTwelve);
     bool opened = false;
     WhileModal([&opened](Form& picker) {
         opened = true;
@@ -142,9 +142,9 @@ TEST_F(clsRevenueCodeTest, SinglePartialHitStillOpensThePicker) {
 }
 
 TEST_F(clsRevenueCodeTest, PickerSearchesAgainWithTheListCommand) {
-    ExpectPicker(u"EAR"_s, {}, {kEarCare});
-    gateway.Expect(u"Clinical_Area..spEarCare_SearchRevenue '0','S'"_s, RevenueRows({kSupplies}));
-    ExpectExact(gateway, kSupplies);
+    ExpectPicker(u"EAR"_s, {}, {kCentreTwelve});
+    gateway.Expect(u"Clinical_Area..spEarCare_SearchRevenue '0','S'"_s, RevenueRows({kStockCentre}));
+    ExpectExact(gateway, kStockCentre);
     WhileModal([](Form& picker) {
         Type(Find<QLineEdit>(picker, "txtSearchStr"), u"s"_s);
         Click(Find<QPushButton>(picker, "cmdSelect"));
@@ -154,9 +154,9 @@ TEST_F(clsRevenueCodeTest, PickerSearchesAgainWithTheListCommand) {
 }
 
 TEST_F(clsRevenueCodeTest, CancelledPickerKeepsTheEarlierCentreAndTellsNothing) {
-    ExpectExact(gateway, kEarCare);
+    ExpectExact(gateway, kCentreTwelve);
     EXPECT_TRUE(centre.ValidateRevenue(u"HC"_s));
-    ExpectPicker(u"S"_s, {}, {kSupplies});
+    ExpectPicker(u"S"_s, {}, {kStockCentre});
     WhileModal([](Form& picker) { Click(Find<QPushButton>(picker, "cmdCancel")); });
     EXPECT_FALSE(centre.ValidateRevenue(u"S"_s));
     EXPECT_EQ(centre.RevenueID(), u"HC"_s);
@@ -166,26 +166,26 @@ TEST_F(clsRevenueCodeTest, CancelledPickerKeepsTheEarlierCentreAndTellsNothing) 
 }
 
 TEST_F(clsRevenueCodeTest, ClosedPickerIsACancelledOneAlsoAfterAnEarlierPick) {
-    ExpectPicker(u"E"_s, {}, {kEarCare});
-    ExpectExact(gateway, kEarCare);
+    ExpectPicker(u"E"_s, {}, {kCentreTwelve});
+    ExpectExact(gateway, kCentreTwelve);
     PickRow(1);
     EXPECT_TRUE(centre.ValidateRevenue(u"E"_s));
-    ExpectPicker(u"S"_s, {}, {kSupplies});
+    ExpectPicker(u"S"_s, {}, {kStockCentre});
     WhileModal([](Form& picker) { picker.close(); });
     EXPECT_FALSE(centre.ValidateRevenue(u"S"_s));
     EXPECT_EQ(centre.RevenueID(), u"HC"_s);
 }
 
 TEST_F(clsRevenueCodeTest, SeveralExactHitsOfThePickedCodeAreNotTestedAgain) {
-    ExpectPicker(u"E"_s, {}, {kEarCare});
-    gateway.Expect(ExactRevenueCommand(u"HC"_s), RevenueRows({kEarCare, kSupplies}));
+    ExpectPicker(u"E"_s, {}, {kCentreTwelve});
+    gateway.Expect(ExactRevenueCommand(u"HC"_s), RevenueRows({kCentreTwelve, kStockCentre}));
     PickRow(1);
     EXPECT_TRUE(centre.ValidateRevenue(u"E"_s));
     EXPECT_EQ(centre.RevenueID(), u"HC"_s);
 }
 
 TEST_F(clsRevenueCodeTest, PickedCodeThatIsGoneFaults) {
-    ExpectPicker(u"E"_s, {}, {kEarCare});
+    ExpectPicker(u"E"_s, {}, {kCentreTwelve});
     gateway.Expect(ExactRevenueCommand(u"HC"_s), RevenueRows({}));
     PickRow(1);
     EXPECT_EQ(NumberRaised(u"E"_s), RunTime::kNoCurrentRecord);

@@ -27,7 +27,7 @@ constexpr auto kBump =
 constexpr auto kClear = "delete Clinical_Area..tbEarCareChargePrint"_L1;
 
 /// A slip of six parameters over one table.
-QByteArray SlipTemplate() {
+QByteArray SixParameterSlip() {
     QString parameters;
     for (int i = 1; i <= 6; ++i)
         parameters += u"<parameter name=\"P%1\" type=\"text\" prompt=\"%1\"/>"_s.arg(i);
@@ -84,7 +84,7 @@ class SaveAssessmentTest : public AssessmentGround {
         ASSERT_TRUE(directory.mkpath(u"Reports"_s));
         QFile file(directory.filePath(u"Reports/AssessmentSlip.RPT"_s));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_GT(file.write(SlipTemplate()), 0);
+        ASSERT_GT(file.write(SixParameterSlip()), 0);
         SetReportConnector([](const ReportLogOn&) {
             auto connection = std::make_unique<ScriptedGateway>();
             connection->Expect(u"SELECT ItemID FROM Clinical_Area.dbo.tbEarCareChargePrint"_s,

@@ -19,16 +19,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const Message kNoExam{
+const Message kNothingToSave{
     .text = u"Please Enter type of Exam."_s, .icon = MsgIcon::Exclamation, .title = u"Assessment"_s};
 
-constexpr auto kCounter = "Select * from Clinical_Area..tbEarCareChargeSlip"_L1;
-constexpr auto kBump =
+constexpr auto kSlipCounter = "Select * from Clinical_Area..tbEarCareChargeSlip"_L1;
+constexpr auto kSlipBump =
     "UPDATE Clinical_Area..tbEarCareChargeSlip SET [ChargeSlip]=1043 WHERE [ChargeSlip]=1042"_L1;
-constexpr auto kClear = "Delete Clinical_Area..tbEarCareChargePrint"_L1;
+constexpr auto kSlipClear = "Delete Clinical_Area..tbEarCareChargePrint"_L1;
 
 /// A slip of ten parameters over one table.
-QByteArray SlipTemplate() {
+QByteArray TenParameterSlip() {
     QString parameters;
     for (int i = 1; i <= 10; ++i)
         parameters += u"<parameter name=\"P%1\" type=\"text\" prompt=\"%1\"/>"_s.arg(i);
@@ -46,9 +46,9 @@ class SaveChargesTest : public PostChargesGround {
     ~SaveChargesTest() override { SetReportConnector({}); }
 
     void ExpectCounter(const Value& number = 1042) {
-        gateway.Expect(kCounter, Rows({u"ChargeSlip"_s}, {{number}}));
-        gateway.Expect(kBump);
-        gateway.Expect(kClear);
+        gateway.Expect(kSlipCounter, Rows({u"ChargeSlip"_s}, {{number}}));
+        gateway.Expect(kSlipBump);
+        gateway.Expect(kSlipClear);
     }
 
     /// The posting of a line as the patient of OpenWithPatient is sent; the middle stands between its fixed
@@ -81,7 +81,7 @@ class SaveChargesTest : public PostChargesGround {
         ASSERT_TRUE(directory.mkpath(u"Reports"_s));
         QFile file(directory.filePath(u"Reports/Charge_Slip.RPT"_s));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_GT(file.write(SlipTemplate()), 0);
+        ASSERT_GT(file.write(TenParameterSlip()), 0);
         SetReportConnector([](const ReportLogOn&) {
             auto connection = std::make_unique<ScriptedGateway>();
             connection->Expect(u"SELECT ItemID FROM Clinical_Area.dbo.tbEarCareChargePrint"_s,
@@ -115,7 +115,7 @@ TEST_F(SaveChargesTest, CounterIsOpenedDynamicOptimistic) {
     ExpectLine(u"HC"_s, u"S1"_s, u"2"_s, u"202.00"_s, u"CLEANING"_s);
     screen.SaveCharges();
     ASSERT_EQ(gateway.Openings().size(), 1U);
-    EXPECT_EQ(gateway.Openings()[0].command, kCounter);
+    EXPECT_EQ(gateway.Openings()[0].command, kSlipCounter);
     EXPECT_EQ(gateway.Openings()[0].cursor, CursorType::Dynamic);
     EXPECT_EQ(gateway.Openings()[0].lock, LockType::Optimistic);
     EXPECT_EQ(gateway.Openings()[0].location, CursorLocation::Server);
@@ -124,10 +124,10 @@ TEST_F(SaveChargesTest, CounterIsOpenedDynamicOptimistic) {
 TEST_F(SaveChargesTest, CounterValueIsTrimmed) {
     auto& screen = OpenWithPatient();
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
-    gateway.Expect(kCounter, Rows({u"ChargeSlip"_s}, {{u" 1042 "_s}}));
+    gateway.Expect(kSlipCounter, Rows({u"ChargeSlip"_s}, {{u" 1042 "_s}}));
     gateway.Expect(
         u"UPDATE Clinical_Area..tbEarCareChargeSlip SET [ChargeSlip]=1043 WHERE [ChargeSlip]=' 1042 '"_s);
-    gateway.Expect(kClear);
+    gateway.Expect(kSlipClear);
     ExpectLine(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s);
     EXPECT_TRUE(screen.SaveCharges());
     EXPECT_EQ(gSlipNumber, u"H1042C"_s);
@@ -137,7 +137,7 @@ TEST_F(SaveChargesTest, EmptyCounterTableLeavesTheSlipEmptyAndThePrintTableAsItI
     auto& screen = OpenWithPatient();
     gSlipNumber = u"H1041C"_s;
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
-    gateway.Expect(kCounter, Rows({u"ChargeSlip"_s}));
+    gateway.Expect(kSlipCounter, Rows({u"ChargeSlip"_s}));
     QString posting = Posting(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s);
     gateway.Expect(posting.remove(u"H1042C"_s));
     gateway.Expect(u"Clinical_Area..spEarCare_SaveChargePrint 'S1','101.00','1','HC','CLEANING', 'O'"_s);
@@ -243,7 +243,7 @@ TEST_F(SaveChargesTest, EachLineBearsTheTimeOfItsOwnPosting) {
 
 TEST_F(SaveChargesTest, EmptyGridIsToldAndLeavesTheRedrawOffAndThePointerAsItWas) {
     auto& screen = OpenWithPatient();
-    messages.Expect(kNoExam);
+    messages.Expect(kNothingToSave);
     EXPECT_FALSE(screen.SaveCharges());
     EXPECT_FALSE(Grid().Redraw());
     EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
@@ -260,7 +260,7 @@ TEST_F(SaveChargesTest, FirstLineWithoutAParticularIsNoLineForTheTest) {
     auto& screen = OpenWithPatient();
     PutLine(1, {u"HC"_s, u"S1"_s, u""_s, u"1"_s, u"101.00"_s});
     PutLine(2, {u"HC"_s, u"S2"_s, u"TEST"_s, u"1"_s, u"101.00"_s});
-    messages.Expect(kNoExam);
+    messages.Expect(kNothingToSave);
     EXPECT_FALSE(screen.SaveCharges());
 }
 
@@ -285,8 +285,8 @@ TEST_F(SaveChargesTest, FilledLastLinePassesTheTestThoughTheFirstIsEmpty) {
 TEST_F(SaveChargesTest, CounterTakenByAnotherWorkstationFailsBeforeAnythingIsPosted) {
     OpenWithPatient();
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
-    gateway.Expect(kCounter, Rows({u"ChargeSlip"_s}, {{1042}}));
-    gateway.Expect(kBump, nullptr, 0);
+    gateway.Expect(kSlipCounter, Rows({u"ChargeSlip"_s}, {{1042}}));
+    gateway.Expect(kSlipBump, nullptr, 0);
     gSlipNumber = u"H1041C"_s;
     EXPECT_EQ(SaveFails(), RunTime::kRowChanged);
     EXPECT_TRUE(gateway.IsDone());
@@ -316,9 +316,9 @@ TEST_F(SaveChargesTest, PrintTableThatCannotBeEmptiedFailsBeforeAnythingIsPosted
     OpenWithPatient();
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
     gSlipNumber = u"H1041C"_s;
-    gateway.Expect(kCounter, Rows({u"ChargeSlip"_s}, {{1042}}));
-    gateway.Expect(kBump, nullptr, 1);
-    gateway.ExpectFailure(kClear, RunTimeError(229, u"The DELETE permission was denied"_s));
+    gateway.Expect(kSlipCounter, Rows({u"ChargeSlip"_s}, {{1042}}));
+    gateway.Expect(kSlipBump, nullptr, 1);
+    gateway.ExpectFailure(kSlipClear, RunTimeError(229, u"The DELETE permission was denied"_s));
     EXPECT_EQ(SaveFails(), 229);
     EXPECT_TRUE(gateway.IsDone());
     EXPECT_FALSE(gSlipTableCleared);
@@ -372,7 +372,7 @@ TEST_F(SaveChargesTest, PrintShowsTheSlipWithItsTenParametersAndUnloadsTheScreen
 
 TEST_F(SaveChargesTest, RefusedSavePrintsNothingAndKeepsTheScreen) {
     OpenWithPatient();
-    messages.Expect(kNoExam);
+    messages.Expect(kNothingToSave);
     Print();
     EXPECT_FALSE(gReport.IsSet());
     EXPECT_TRUE(Screens::IsLoaded<frmPostCharges>());

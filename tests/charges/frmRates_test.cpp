@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const RevenueCentre kEarCare{u"EAR CARE"_s, u"HC"_s};
-const RevenueCentre kFees{u"MEDICAL FEE"_s, u"MD"_s, u"N"_s};
+const RevenueCentre kRatedCentre{u"EAR CARE"_s, u"HC"_s};
+const RevenueCentre kRatedFees{u"MEDICAL FEE"_s, u"MD"_s, u"N"_s};
 
 } // namespace
 
@@ -73,7 +73,7 @@ TEST_F(frmRatesTest, EachActivationMovesItToTheTopLeftCorner) {
 TEST_F(frmRatesTest, SearchShowsTheCentreAndItsRates) {
     const auto& rates = Open();
     Type(Find<QLineEdit>(rates, "txtRevenueID"), u"hc"_s);
-    gateway.Expect(ExactRevenueCommand(u"hc"_s), RevenueRows({kEarCare}));
+    gateway.Expect(ExactRevenueCommand(u"hc"_s), RevenueRows({kRatedCentre}));
     ExpectRates();
     Click(Find<QPushButton>(rates, "cmdSearch"));
     EXPECT_EQ(Find<QLineEdit>(rates, "txtRevenueID").text(), u"HC"_s);
@@ -93,7 +93,7 @@ TEST_F(frmRatesTest, SearchShowsTheCentreAndItsRates) {
 TEST_F(frmRatesTest, EnterInTheCodeSearches) {
     const auto& rates = Open();
     Type(Find<QLineEdit>(rates, "txtRevenueID"), u"HC"_s);
-    ExpectExact(gateway, kEarCare);
+    ExpectExact(gateway, kRatedCentre);
     ExpectRates();
     Press(Find<QLineEdit>(rates, "txtRevenueID"), Qt::Key_Return);
     EXPECT_EQ(Grid(rates).Cells().Rows(), 3);
@@ -103,11 +103,11 @@ TEST_F(frmRatesTest, CentreWithoutItemsClearsTheGridAndSaysSo) {
     const auto& rates = Open();
     auto& code = Find<QLineEdit>(rates, "txtRevenueID");
     code.setText(u"HC"_s);
-    ExpectExact(gateway, kEarCare);
+    ExpectExact(gateway, kRatedCentre);
     ExpectRates();
     Press(code, Qt::Key_Return);
     code.setText(u"MD"_s);
-    ExpectExact(gateway, kFees);
+    ExpectExact(gateway, kRatedFees);
     messages.Expect({.text = u"MEDICAL FEE does not have items."_s, .icon = MsgIcon::Exclamation});
     Press(code, Qt::Key_Return);
     EXPECT_EQ(Find<QLineEdit>(rates, "txtRevenueCenter").text(), u"MEDICAL FEE"_s);

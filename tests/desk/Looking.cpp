@@ -18,11 +18,11 @@ constexpr int kVisiblePixels = 40;
 /// The icon and the buttons of a frame and the space around the title, as openbox and xfwm4 draw them.
 constexpr int kFrameButtons = 90;
 /// A date has three parts that Tab walks.
-constexpr int kMostTabs = 4;
+constexpr int kMostHeaderTabs = 4;
 constexpr int kMostControls = 40;
 constexpr int kDark = 128;
 constexpr std::chrono::milliseconds kBlinkPatience(20000);
-constexpr std::chrono::milliseconds kPause(20);
+constexpr std::chrono::milliseconds kLookPause(20);
 
 bool LooksDifferent(QRgb a, QRgb b) {
     return std::abs(qRed(a) - qRed(b)) > kVisibleDifference ||
@@ -88,14 +88,14 @@ QImage Desk::ExpectCaret() {
         // A caret is a bar as high as the letters, and nothing else changes in its place.
         if (ChangedPixels(first, next, state.caret) >= state.caret.height() / 2)
             return DarkPixels(first, state.caret) > DarkPixels(next, state.caret) ? first : next;
-        std::this_thread::sleep_for(kPause);
+        std::this_thread::sleep_for(kLookPause);
     }
     ADD_FAILURE() << "no caret blinks in " << state.focus.toStdString();
     return first;
 }
 
 bool Desk::TabAwayFrom(const QRect& control) {
-    for (int i = 0; i < kMostTabs; ++i) {
+    for (int i = 0; i < kMostHeaderTabs; ++i) {
         Key(u"{Tab}"_s);
         if (Now().focusPlace != control)
             return true;

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPatience = 60000;
+constexpr int kEndPatience = 60000;
 /// For ending when it is asked to.
 constexpr int kLastWords = 5000;
 
@@ -40,7 +40,7 @@ OwnProcess::OwnProcess(const QString& program, const QStringList& arguments,
         prctl(PR_SET_PDEATHSIG, SIGTERM);
     });
     mProcess.start(program, arguments);
-    if (!mProcess.waitForStarted(kPatience))
+    if (!mProcess.waitForStarted(kEndPatience))
         throw std::runtime_error(
             ("cannot start "_L1 + program + "; \"tools/setup test\" installs what is missing"_L1)
                 .toStdString());
@@ -54,12 +54,12 @@ OwnProcess::~OwnProcess() {
     if (mProcess.waitForFinished(kLastWords))
         return;
     kill(group, SIGKILL);
-    mProcess.waitForFinished(kPatience);
+    mProcess.waitForFinished(kEndPatience);
 }
 
 QByteArray OwnProcess::ReadLine() {
     while (!mProcess.canReadLine()) {
-        if (!mProcess.waitForReadyRead(kPatience))
+        if (!mProcess.waitForReadyRead(kEndPatience))
             throw std::runtime_error(mProcess.program().toStdString() +
                                      " says nothing more: " + mProcess.readAllStandardError().toStdString());
     }

@@ -17,13 +17,13 @@ void PrintTo(const Keyed& keyed, std::ostream* out) {
     *out << keyed.keys;
 }
 
-using Case = std::tuple<WindowManager, Keyed>;
+using DateCase = std::tuple<WindowManager, Keyed>;
 
-std::string NameOfCase(const testing::TestParamInfo<Case>& named) {
+std::string NameOfDateCase(const testing::TestParamInfo<DateCase>& named) {
     return NameOf(std::get<0>(named.param)) + '_' + std::get<1>(named.param).name;
 }
 
-class ReportDates : public Desk, public testing::WithParamInterface<Case> {};
+class ReportDates : public Desk, public testing::WithParamInterface<DateCase> {};
 
 TEST_P(ReportDates, AreTheDatesThatWereKeyed) {
     const auto& [manager, keyed] = GetParam();
@@ -40,6 +40,6 @@ TEST_P(ReportDates, AreTheDatesThatWereKeyed) {
 
 INSTANTIATE_TEST_SUITE_P(Under, ReportDates,
                          testing::Combine(testing::ValuesIn(kWindowManagers), testing::ValuesIn(kKeyed)),
-                         NameOfCase);
+                         NameOfDateCase);
 
 } // namespace

@@ -159,7 +159,7 @@ TEST_P(GatewayContract, RubbishForAParameterIsError8114) {
                                                   {u"@Flag='maybe'"_s, u"bit"_s},
                                                   {u"@Rate=''"_s, u"numeric"_s}};
     for (const auto& [argument, type] : cases) {
-        const Failure failure = FailureOf(Gateway(), u"Clinical_Area..spEcho "_s + argument);
+        const RaisedError failure = FailureOf(Gateway(), u"Clinical_Area..spEcho "_s + argument);
         EXPECT_EQ(failure.number, 8114) << argument.toStdString();
         EXPECT_EQ(failure.text, u"Error converting data type varchar to "_s + type + u'.');
     }
@@ -181,7 +181,7 @@ TEST_P(GatewayContract, WrongArgumentsAreTheServersErrors) {
     EXPECT_EQ(FailureOf(Gateway(), nine).text,
               u"Procedure or function spEcho has too many arguments specified."_s);
     EXPECT_EQ(FailureOf(Gateway(), nine).number, 8144);
-    const Failure missing = FailureOf(Gateway(), u"Clinical_Area..spAddCharge '1001'"_s);
+    const RaisedError missing = FailureOf(Gateway(), u"Clinical_Area..spAddCharge '1001'"_s);
     EXPECT_EQ(missing.number, 201);
     EXPECT_EQ(missing.text,
               u"Procedure or function 'spAddCharge' expects parameter '@Quantity', which was not "
@@ -218,7 +218,7 @@ TEST_P(GatewayContract, MistakesAreTheServersErrors) {
          u"42S22"_s},
     };
     for (const Mistake& mistake : mistakes) {
-        const Failure failure = FailureOf(Gateway(), mistake.command);
+        const RaisedError failure = FailureOf(Gateway(), mistake.command);
         EXPECT_EQ(failure.number, mistake.number) << mistake.command.toStdString();
         EXPECT_EQ(failure.text, mistake.text);
         EXPECT_EQ(failure.state, mistake.state);
@@ -266,7 +266,7 @@ TEST_P(GatewayContract, DoubledApostropheIsOne) {
 
 TEST_P(GatewayContract, FailureInTheMiddleOfAProcedureChangesNothing) {
     const QStringList before = State();
-    const Failure failure = FailureOf(Gateway(), u"Clinical_Area..spAddThenFail 'seven'"_s);
+    const RaisedError failure = FailureOf(Gateway(), u"Clinical_Area..spAddThenFail 'seven'"_s);
     EXPECT_EQ(failure.number, 245);
     EXPECT_EQ(State(), before);
 }

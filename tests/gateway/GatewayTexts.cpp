@@ -22,7 +22,7 @@ QStringList RowTexts(CommandGateway& gateway, const QString& command) {
     return RowTexts(gateway.Execute(command));
 }
 
-Failure FailureOf(const std::function<void()>& call) {
+RaisedError FailureOf(const std::function<void()>& call) {
     try {
         call();
     } catch (const RunTimeError& error) {
@@ -31,6 +31,6 @@ Failure FailureOf(const std::function<void()>& call) {
     return {};
 }
 
-Failure FailureOf(CommandGateway& gateway, const QString& command) {
+RaisedError FailureOf(CommandGateway& gateway, const QString& command) {
     return FailureOf([&] { gateway.Execute(command); });
 }

@@ -14,10 +14,10 @@ QStringList RowTexts(const RowSet& rows);
 QStringList RowTexts(CommandGateway& gateway, const QString& command);
 
 /// What a call failed with; number 0 for one that did not fail.
-struct Failure {
+struct RaisedError {
     int number = 0;
     QString text;
     QString state;
 };
-Failure FailureOf(const std::function<void()>& call);
-Failure FailureOf(CommandGateway& gateway, const QString& command);
+RaisedError FailureOf(const std::function<void()>& call);
+RaisedError FailureOf(CommandGateway& gateway, const QString& command);

@@ -46,11 +46,11 @@ CREATE TABLE dbo.tbSmallUser (EmployeeID varchar(10) COLLATE SQL_Latin1_General_
 GO
 )"_s;
 
-QString Procedure(const QString& text) {
+QString ProcedureText(const QString& text) {
     return u"USE Clinical_Area;\nGO\nCREATE PROCEDURE dbo."_s + text + u"\nGO\n"_s;
 }
 
-const QString kGetPatient = Procedure(uR"(spGetPatient
+const QString kGetPatient = ProcedureText(uR"(spGetPatient
     @Search varchar(30)
 AS
 BEGIN
@@ -62,7 +62,7 @@ BEGIN
     ORDER BY LastName, FirstName;
 END)"_s);
 
-const QString kAddCharge = Procedure(uR"(spAddCharge
+const QString kAddCharge = ProcedureText(uR"(spAddCharge
     @HospNum varchar(10), @Quantity int, @Amount money, @Date datetime, @Remark nvarchar(20) = N'by default'
 AS
 BEGIN
@@ -75,7 +75,7 @@ BEGIN
     COMMIT TRANSACTION;
 END)"_s);
 
-const QString kAddThenFail = Procedure(uR"(spAddThenFail
+const QString kAddThenFail = ProcedureText(uR"(spAddThenFail
     @Text varchar(20)
 AS
 BEGIN
@@ -88,7 +88,7 @@ BEGIN
     COMMIT TRANSACTION;
 END)"_s);
 
-const QString kEcho = Procedure(uR"(spEcho
+const QString kEcho = ProcedureText(uR"(spEcho
     @Text varchar(10) = 'empty', @Number int = 0, @Amount money = 0, @Moment datetime = NULL, @Real float = 0,
     @Flag bit = 0, @Day date = NULL, @Rate decimal(9,2) = 0
 AS
@@ -98,7 +98,7 @@ BEGIN
            @Day AS Day, @Rate AS Rate;
 END)"_s);
 
-const QString kLong = Procedure(uR"(spPrint
+const QString kLong = ProcedureText(uR"(spPrint
     @Slip varchar(12)
 AS
 BEGIN

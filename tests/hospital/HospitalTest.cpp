@@ -1,15 +1,11 @@
 #include "HospitalTest.h"
 
 #include "hospital/HospitalScripts.h"
+#include "support/hospital/FreshHospital.h"
 #include "text/Clock.h"
 
-#include <QDateTime>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QScopeGuard>
-
-#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
@@ -17,31 +13,11 @@ namespace {
 
 constexpr QStringView kUser = u"NURSE";
 
-/// The trial hospital that the tests copy, made once for each build of this program, which has the scripts
-/// and the engine in it. It is made in a folder of its own and moved into place, so that tests may run side
-/// by side.
-QString Original() {
-    const QFileInfo program(QFileInfo(u"/proc/self/exe"_s).canonicalFilePath());
-    const QDir folder(u"" TARVEN_BUILD_DIR "/trial-hospitals"_s);
-    const QString path = folder.filePath(
-        u"%1-%2.db"_s.arg(program.fileName()).arg(program.lastModified().toMSecsSinceEpoch()));
-    if (QFile::exists(path))
-        return path;
-    folder.mkpath(u"."_s);
-    for (const QString& old : folder.entryList({program.fileName() + u"-*.db"_s}, QDir::Files))
-        QFile::remove(folder.filePath(old));
-    const QTemporaryDir making(folder.filePath(u"making-XXXXXX"_s));
-    const QString made = making.filePath(u"hospital.db"_s);
-    HospitalFile::Create(made, HospitalScripts());
-    std::rename(QFile::encodeName(made).constData(), QFile::encodeName(path).constData());
-    return path;
-}
-
 } // namespace
 
 HospitalTest::HospitalTest() {
     SetClock(Moment);
-    QFile::copy(Original(), Path());
+    QFile::copy(FreshHospital(), Path());
     mGateway = SignOn(kUser.toString());
 }
 

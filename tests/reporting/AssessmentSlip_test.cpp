@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Line {
+struct AssessmentLine {
     QString department;
     QString code;
     QString particular;
@@ -30,9 +30,9 @@ class AssessmentSlip : public ScreenTest {
     }
     ~AssessmentSlip() override { gReport = nullptr; }
 
-    QString TextOf(const std::vector<Line>& lines, const std::vector<Value>& parameters) {
+    QString TextOf(const std::vector<AssessmentLine>& lines, const std::vector<Value>& parameters) {
         std::vector<std::vector<Value>> rows;
-        for (const Line& line : lines)
+        for (const AssessmentLine& line : lines)
             rows.push_back(
                 {line.code, line.department, line.particular, line.quantity, Decimal{line.amount}});
         database.Set(u"tbEarCareChargePrint"_s,
@@ -44,10 +44,10 @@ class AssessmentSlip : public ScreenTest {
     ReportDatabase database;
 };
 
-const std::vector<Value> kParameters = {
+const std::vector<Value> kAssessmentParameters = {
     u"5017"_s, u"DELA CRUZ, JUAN MIGUEL SANTOS"_s, u"100482"_s, u"104233B"_s, u"OPD"_s, u"REYES, ANA B."_s};
 
-const std::vector<Line> kLines = {
+const std::vector<AssessmentLine> kAssessmentLines = {
     {u"HC"_s, u"HC001"_s, u"HEMODIALYSIS TREATMENT, FOUR HOURS"_s, u"1"_s, u"3500.0000"_s},
     {u"HB"_s, u"EPO4000"_s, u"ERYTHROPOIETIN 4000 IU"_s, u"2"_s, u"2401.5000"_s},
     {u"YP"_s, u"PKG01"_s,
@@ -58,30 +58,30 @@ const std::vector<Line> kLines = {
 } // namespace
 
 TEST_F(AssessmentSlip, OfFourLinesFitsOnePage) {
-    ExpectGolden(TextOf(kLines, kParameters), u"assessment_slip.txt"_s);
+    ExpectGolden(TextOf(kAssessmentLines, kAssessmentParameters), u"assessment_slip.txt"_s);
 }
 
 TEST_F(AssessmentSlip, OfFiftyLinesRunsOverPagesWithRepeatedHeads) {
-    std::vector<Line> lines;
+    std::vector<AssessmentLine> lines;
     for (int i = 1; i <= 50; ++i)
         lines.push_back({u"HC"_s, u"HC%1"_s.arg(i), u"HEMODIALYSIS TREATMENT"_s, u"1"_s, u"100.0000"_s});
-    ExpectGolden(TextOf(lines, kParameters), u"assessment_slip_fifty_lines.txt"_s);
+    ExpectGolden(TextOf(lines, kAssessmentParameters), u"assessment_slip_fifty_lines.txt"_s);
 }
 
 TEST_F(AssessmentSlip, WithoutLinesShowsATotalOfZero) {
-    ExpectGolden(TextOf({}, kParameters), u"assessment_slip_empty.txt"_s);
+    ExpectGolden(TextOf({}, kAssessmentParameters), u"assessment_slip_empty.txt"_s);
 }
 
 TEST_F(AssessmentSlip, OfAWalkInWithALongNameAndNoNumbersCutsNothing) {
-    std::vector<Value> parameters = kParameters;
+    std::vector<Value> parameters = kAssessmentParameters;
     parameters[1] = u"DE LOS SANTOS-MONTENEGRO Y VILLAVICENCIO, MARIA CONCEPCION MAGDALENA DEL ROSARIO"_s;
     parameters[2] = QString();
     parameters[3] = QString();
-    ExpectGolden(TextOf(kLines, parameters), u"assessment_slip_long_name.txt"_s);
+    ExpectGolden(TextOf(kAssessmentLines, parameters), u"assessment_slip_long_name.txt"_s);
 }
 
 TEST_F(AssessmentSlip, TakesTheSixValuesInTheScreensOrder) {
-    TextOf({}, kParameters);
+    TextOf({}, kAssessmentParameters);
     QStringList names;
     for (const ParameterField& field : gReport->ParameterFields())
         names << field.Name();
@@ -89,7 +89,7 @@ TEST_F(AssessmentSlip, TakesTheSixValuesInTheScreensOrder) {
 }
 
 TEST_F(AssessmentSlip, ReadsTheLinesInTheOrderInWhichTheyWereSaved) {
-    TextOf({}, kParameters);
+    TextOf({}, kAssessmentParameters);
     EXPECT_EQ(database.commands.at(0), u"SELECT ItemID, RevenueID, Description, Quantity, Amount FROM "
                                        "Clinical_Area.dbo.tbEarCareChargePrint ORDER BY PrintID"_s);
 }
@@ -118,8 +118,8 @@ TEST(AssessmentSlipOverTheEmbeddedHospital, PrintsWhatTheTwoDumpCommandsHaveLeft
         ReportEngine().OpenReport(QStringLiteral(TARVEN_SOURCE_DIR "/Reports/AssessmentSlip.RPT"), 1);
     for (ReportTable& table : report->Tables())
         table.SetLogOnInfo(u"TRIAL"_s, u"PASSWORD"_s, {}, {});
-    for (size_t i = 0; i < kParameters.size(); ++i)
-        report->ParameterFields()[i].AddCurrentValue(kParameters[i]);
+    for (size_t i = 0; i < kAssessmentParameters.size(); ++i)
+        report->ParameterFields()[i].AddCurrentValue(kAssessmentParameters[i]);
     const QString text = report->Document()->PageText(1).simplified();
     SetReportConnector({});
     EXPECT_TRUE(text.startsWith(u"NUESTRA SEÑORA HOSPITAL ASSESSMENT SLIP San Isidro 5017"_s))

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kLong = u"HEMODIALYSIS TREATMENT WITH HIGH FLUX DIALYZER AND ERYTHROPOIETIN"_s;
+const QString kLongText = u"HEMODIALYSIS TREATMENT WITH HIGH FLUX DIALYZER AND ERYTHROPOIETIN"_s;
 
 struct Measured {
     std::string name;
@@ -44,7 +44,7 @@ INSTANTIATE_TEST_SUITE_P(
     Values, BandMeasureTest,
     testing::Values(
         Measured{"Null", Value(), u""_s, 10}, Measured{"ShortText", u"HC"_s, u""_s, 10},
-        Measured{"LongText", kLong, u""_s, 30}, Measured{"TextWithALineBreak", u"a\nb"_s, u""_s, 90},
+        Measured{"LongText", kLongText, u""_s, 30}, Measured{"TextWithALineBreak", u"a\nb"_s, u""_s, 90},
         Measured{"TextBeyondLatin", u"₱₱₱₱₱₱₱₱₱₱₱₱"_s, u""_s, 10},
         Measured{"MoneyThatFits", Decimal{u"1250.5000"_s}, u"#,##0.00"_s, 20},
         Measured{"MoneyThatDoesNot", Decimal{u"123456789012.5000"_s}, u"#,##0.00"_s, 10},
@@ -56,7 +56,7 @@ INSTANTIATE_TEST_SUITE_P(
                  u"mm/dd/yyyy hh:mm AM/PM"_s, 33},
         Measured{"DateOfTheRunTime", *DateTime::FromFields({2026, 10, 28, 10, 58, 59, 0}), u""_s, 33},
         Measured{"NumericText", u"123456789012"_s, u"#,##0.00"_s, 10},
-        Measured{"OtherTextInANumberFormat", kLong, u"#,##0.00"_s, 40},
+        Measured{"OtherTextInANumberFormat", kLongText, u"#,##0.00"_s, 40},
         Measured{"ShortTextInAWideNumberFormat", u"5"_s, u"0.000000000000"_s, 10},
         Measured{"Date", DateTime(), u"dddd, mmmm d, yyyy"_s, 20},
         Measured{"DateThatFits", DateTime(), u"mm/dd/yyyy"_s, 25},

@@ -103,17 +103,17 @@ TEST(TextOf, IsEmptyWhereThereAreNoRows) {
 
 TEST(ResolveFields, NamesFileAndLineOfAnUnknownField) {
     const ReportData data = SomeData();
-    EXPECT_EQ(FailureOf([&] { CellOf(u"{Nobody}"_s, {}, {.data = data}); }),
+    EXPECT_EQ(TextOfFailure([&] { CellOf(u"{Nobody}"_s, {}, {.data = data}); }),
               u"t, line 2: The rows have no field \"Nobody\"."_s);
-    EXPECT_EQ(FailureOf([&] { CellOf(u"{sum Nobody}"_s, {}, {.data = data}); }),
+    EXPECT_EQ(TextOfFailure([&] { CellOf(u"{sum Nobody}"_s, {}, {.data = data}); }),
               u"t, line 2: The rows have no field \"Nobody\"."_s);
-    EXPECT_EQ(FailureOf([&] { CellOf(u"{Head.Nobody}"_s, {}, {.data = data}); }),
+    EXPECT_EQ(TextOfFailure([&] { CellOf(u"{Head.Nobody}"_s, {}, {.data = data}); }),
               u"t, line 2: The rows have no field \"Nobody\"."_s);
 }
 
 TEST(ResolveFields, NamesFileAndLineOfAGroupByAnUnknownField) {
     ReportTemplate report = ReadTemplate(
         u"t"_s, SmallTemplate(u"<query>S</query><query name=\"H\">H</query>\n<group by=\"Ward\"/>"_s));
-    EXPECT_EQ(FailureOf([&] { ResolveFields(report, SomeData()); }),
+    EXPECT_EQ(TextOfFailure([&] { ResolveFields(report, SomeData()); }),
               u"t, line 3: The rows have no field \"Ward\"."_s);
 }

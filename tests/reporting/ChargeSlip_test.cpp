@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Line {
+struct ChargeLine {
     QString department;
     QString code;
     QString particular;
@@ -30,9 +30,9 @@ class ChargeSlip : public ScreenTest {
     }
     ~ChargeSlip() override { gReport = nullptr; }
 
-    QString TextOf(const std::vector<Line>& lines, const std::vector<Value>& parameters) {
+    QString TextOf(const std::vector<ChargeLine>& lines, const std::vector<Value>& parameters) {
         std::vector<std::vector<Value>> rows;
-        for (const Line& line : lines)
+        for (const ChargeLine& line : lines)
             rows.push_back(
                 {line.code, line.department, line.particular, line.quantity, Decimal{line.amount}});
         database.Set(u"tbEarCareChargePrint"_s,
@@ -44,13 +44,13 @@ class ChargeSlip : public ScreenTest {
     ReportDatabase database;
 };
 
-const std::vector<Value> kParameters = {
+const std::vector<Value> kChargeParameters = {
     u"H1042C"_s,       u"11/21/2026"_s, u"DELA CRUZ, JUAN MIGUEL SANTOS"_s,
     u"100482"_s,       u"20387"_s,      u"204-B"_s,
     u"10:30:15 AM"_s,  u"A-5521"_s,     u"THIRD FLOOR STATION"_s,
     u"REYES, ANA B."_s};
 
-const std::vector<Line> kLines = {
+const std::vector<ChargeLine> kChargeLines = {
     {u"HC"_s, u"HD001"_s, u"HEMODIALYSIS TREATMENT, FOUR HOURS"_s, u"1"_s, u"3500.0000"_s},
     {u"HB"_s, u"EPO4000"_s, u"ERYTHROPOIETIN 4000 IU"_s, u"2"_s, u"2401.5000"_s},
     {u"HD"_s, u"DLZ18"_s,
@@ -61,30 +61,30 @@ const std::vector<Line> kLines = {
 } // namespace
 
 TEST_F(ChargeSlip, OfFourLinesFitsOnePage) {
-    ExpectGolden(TextOf(kLines, kParameters), u"charge_slip.txt"_s);
+    ExpectGolden(TextOf(kChargeLines, kChargeParameters), u"charge_slip.txt"_s);
 }
 
 TEST_F(ChargeSlip, OfFiftyLinesRunsOverPagesWithRepeatedHeads) {
-    std::vector<Line> lines;
+    std::vector<ChargeLine> lines;
     for (int i = 1; i <= 50; ++i)
         lines.push_back({u"HC"_s, u"HD%1"_s.arg(i), u"HEMODIALYSIS TREATMENT"_s, u"1"_s, u"100.0000"_s});
-    ExpectGolden(TextOf(lines, kParameters), u"charge_slip_fifty_lines.txt"_s);
+    ExpectGolden(TextOf(lines, kChargeParameters), u"charge_slip_fifty_lines.txt"_s);
 }
 
 TEST_F(ChargeSlip, WithoutLinesShowsATotalOfZero) {
-    ExpectGolden(TextOf({}, kParameters), u"charge_slip_empty.txt"_s);
+    ExpectGolden(TextOf({}, kChargeParameters), u"charge_slip_empty.txt"_s);
 }
 
 TEST_F(ChargeSlip, WithLongWordsCutsNothing) {
-    std::vector<Value> parameters = kParameters;
+    std::vector<Value> parameters = kChargeParameters;
     parameters[2] = u"DE LOS SANTOS-MONTENEGRO Y VILLAVICENCIO, MARIA CONCEPCION MAGDALENA DEL ROSARIO"_s;
     parameters[7] = u"PHILIPPINE HEALTH INSURANCE CORPORATION AND INTELLIGENT CARE CORPORATE ACCOUNTS"_s;
     parameters[8] = u"INTENSIVE CARE UNIT, MAIN BUILDING, FOURTH FLOOR"_s;
-    ExpectGolden(TextOf(kLines, parameters), u"charge_slip_long_words.txt"_s);
+    ExpectGolden(TextOf(kChargeLines, parameters), u"charge_slip_long_words.txt"_s);
 }
 
 TEST_F(ChargeSlip, TakesTheTenValuesInTheScreensOrder) {
-    TextOf({}, kParameters);
+    TextOf({}, kChargeParameters);
     QStringList names;
     for (const ParameterField& field : gReport->ParameterFields())
         names << field.Name();
@@ -93,7 +93,7 @@ TEST_F(ChargeSlip, TakesTheTenValuesInTheScreensOrder) {
 }
 
 TEST_F(ChargeSlip, ReadsTheLinesInTheOrderInWhichTheyWereSaved) {
-    TextOf({}, kParameters);
+    TextOf({}, kChargeParameters);
     EXPECT_EQ(database.commands.at(0), u"SELECT ItemID, RevenueID, Description, Quantity, Amount FROM "
                                        "Clinical_Area.dbo.tbEarCareChargePrint ORDER BY PrintID"_s);
 }
@@ -118,8 +118,8 @@ TEST(ChargeSlipOverTheEmbeddedHospital, PrintsWhatTheSavesHavePutIntoThePrintTab
         ReportEngine().OpenReport(QStringLiteral(TARVEN_SOURCE_DIR "/Reports/Charge_Slip.RPT"), 1);
     for (ReportTable& table : report->Tables())
         table.SetLogOnInfo(u"TRIAL"_s, u"PASSWORD"_s, {}, {});
-    for (size_t i = 0; i < kParameters.size(); ++i)
-        report->ParameterFields()[i].AddCurrentValue(kParameters[i]);
+    for (size_t i = 0; i < kChargeParameters.size(); ++i)
+        report->ParameterFields()[i].AddCurrentValue(kChargeParameters[i]);
     const QString text = report->Document()->PageText(1).simplified();
     SetReportConnector({});
     EXPECT_TRUE(text.startsWith(u"NUESTRA SEÑORA HOSPITAL CHARGE SLIP San Isidro H1042C"_s))

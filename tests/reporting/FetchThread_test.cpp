@@ -58,7 +58,7 @@ TEST_F(FetchThreadTest, WhatTheFetchingRaisesIsRaisedWhereItsResultIsTaken) {
     order.commands = QStringList{u"spNowhere"_s};
     FetchThread fetch(std::move(order), nullptr);
     EXPECT_TRUE(QSignalSpy(&fetch, &FetchThread::Finished).wait());
-    EXPECT_EQ(FailureOf([&] { fetch.Result(); }), u"Invalid object name."_s);
+    EXPECT_EQ(TextOfFailure([&] { fetch.Result(); }), u"Invalid object name."_s);
 }
 
 TEST_F(FetchThreadTest, DestroyedItCancelsTheCommand) {

@@ -139,7 +139,7 @@ namespace {
 
 /// A report whose page header or footer shows a text of so many lines on line 2 of the template.
 QString FailureOfEdge(const QString& edge, int lines) {
-    return FailureOf([&] {
+    return TextOfFailure([&] {
         SmallDocument(
             u"<parameters><parameter name=\"Name\" type=\"text\" prompt=\"Name\"/></parameters>"_s +
                 u"<%1 height=\"5\"><text x=\"0\" y=\"0\" width=\"90\">{?Name}</text></%1>"_s.arg(edge) +
@@ -218,7 +218,7 @@ TEST(ReportDocument, PaintsPicturesAndFilledCells) {
 }
 
 TEST(ReportDocument, RefusesFieldsThatTheRowsDoNotHave) {
-    EXPECT_EQ(FailureOf([] {
+    EXPECT_EQ(TextOfFailure([] {
                   SmallDocument(
                       u"<detail height=\"5\">\n<text x=\"0\" y=\"0\" width=\"9\">{Nobody}</text></detail>"_s,
                       Numbered(1));

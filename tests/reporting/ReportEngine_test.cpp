@@ -53,7 +53,7 @@ TEST(ReportEngineTest, RaisesFileNotFoundWithThePath) {
 TEST(ReportEngineTest, TakesAFolderForNoFile) {
     const QTemporaryDir folder;
     EXPECT_TRUE(
-        FailureOf([&] { ReportEngine().OpenReport(folder.path(), 1); }).startsWith(u"File not found"_s));
+        TextOfFailure([&] { ReportEngine().OpenReport(folder.path(), 1); }).startsWith(u"File not found"_s));
 }
 
 TEST(ReportEngineTest, RaisesPathFileAccessForATemplateThatMayNotBeRead) {
@@ -81,6 +81,6 @@ TEST(ReportEngineTest, RaisesPathFileAccessForATemplateThatMayNotBeRead) {
 TEST(ReportEngineTest, NamesFileAndLineOfAMistake) {
     const QTemporaryDir folder;
     const QString file = WriteFile(folder, u"Slip.RPT"_s, "<report paper=\"A4\">\n<band/>\n</report>");
-    EXPECT_EQ(FailureOf([&] { ReportEngine().OpenReport(file, 1); }),
+    EXPECT_EQ(TextOfFailure([&] { ReportEngine().OpenReport(file, 1); }),
               file + u", line 2: The element <band> does not belong here."_s);
 }

@@ -83,7 +83,7 @@ TEST_F(ReportFetchTest, OverwritesThePasswordAsSoonAsTheConnectionStands) {
         return gateway;
     });
     ReportFetch fetch(Order());
-    EXPECT_EQ(FailureOf([&] { fetch.Run(); }), u"Invalid object name."_s);
+    EXPECT_EQ(TextOfFailure([&] { fetch.Run(); }), u"Invalid object name."_s);
     ASSERT_TRUE(password);
     EXPECT_EQ(password[0], QChar());
 }
@@ -95,6 +95,6 @@ TEST_F(ReportFetchTest, OverwritesThePasswordWhenTheConnectionFails) {
         throw RunTimeError(18456, u"Login failed."_s);
     });
     ReportFetch fetch(Order());
-    EXPECT_EQ(FailureOf([&] { fetch.Run(); }), u"Login failed."_s);
+    EXPECT_EQ(TextOfFailure([&] { fetch.Run(); }), u"Login failed."_s);
     EXPECT_EQ(password[0], QChar());
 }

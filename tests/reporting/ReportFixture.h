@@ -81,7 +81,7 @@ void ExpectGolden(const QString& text, const QString& name);
 QString TextOfPdf(const QString& file);
 
 /// The description of the run-time error that the call raises; "nothing was raised" when it raises none.
-template <class Call> QString FailureOf(Call call) {
+template <class Call> QString TextOfFailure(Call call) {
     try {
         call();
     } catch (const RunTimeError& error) {

@@ -28,7 +28,7 @@ TEST_F(ReportViewerTest, ShowsTheFirstPageAndHowManyThereAre) {
 }
 
 TEST_F(ReportViewerTest, NeedsAReport) {
-    EXPECT_EQ(FailureOf([this] { viewer->ViewReport(); }),
+    EXPECT_EQ(TextOfFailure([this] { viewer->ViewReport(); }),
               u"Object variable or With block variable not set"_s);
 }
 

@@ -92,7 +92,7 @@ TEST_F(ReportTest, ReadsFromTheLocationThatWasSet) {
 }
 
 TEST_F(ReportTest, RefusesALocationThatIsNone) {
-    EXPECT_TRUE(FailureOf([this] {
+    EXPECT_TRUE(TextOfFailure([this] {
                     report.Tables()[0].SetLocation(u"tbLines; DROP TABLE tbLines"_s);
                 }).contains(u"is no location of a table"_s));
     EXPECT_EQ(report.Tables()[0].Location(), u"Clinical_Area.dbo.tbLines"_s);
@@ -135,7 +135,7 @@ TEST_F(ReportTest, ForgetsItsLogOnsWhenTheRowsCannotBeFetched) {
     LogOn();
     FillIn();
     report.Tables()[0].SetLocation(u"REPORTS.dbo.tbNothing"_s);
-    EXPECT_EQ(FailureOf([this] { report.Document(); }), u"Invalid object name."_s);
+    EXPECT_EQ(TextOfFailure([this] { report.Document(); }), u"Invalid object name."_s);
     EXPECT_FALSE(report.Tables()[0].HasLogOn());
 }
 
@@ -161,12 +161,13 @@ TEST_F(ReportTest, ShowsRowsParametersNamedQueriesAndItsMoment) {
 
 TEST_F(ReportTest, RefusesToFetchWithoutLogOn) {
     FillIn();
-    EXPECT_EQ(FailureOf([this] { report.Document(); }), u"The report's table \"Lines\" is not logged on."_s);
+    EXPECT_EQ(TextOfFailure([this] { report.Document(); }),
+              u"The report's table \"Lines\" is not logged on."_s);
 }
 
 TEST_F(ReportTest, RefusesToFetchWithoutAValue) {
     LogOn();
-    EXPECT_EQ(FailureOf([this] { report.Document(); }), u"The parameter \"Start\" has no value."_s);
+    EXPECT_EQ(TextOfFailure([this] { report.Document(); }), u"The parameter \"Start\" has no value."_s);
     EXPECT_TRUE(database.logOns.empty());
 }
 
@@ -175,14 +176,15 @@ TEST_F(ReportTest, NamesFileAndLineOfAQueryWithoutRows) {
     other.Set(u"tbLines"_s, nullptr);
     LogOn();
     FillIn();
-    EXPECT_EQ(FailureOf([this] { report.Document(); }), u"r.rpt, line 11: The query gives no rows at all."_s);
+    EXPECT_EQ(TextOfFailure([this] { report.Document(); }),
+              u"r.rpt, line 11: The query gives no rows at all."_s);
 }
 
 TEST_F(ReportTest, CannotBeMadeWithoutAWayToTheDatabase) {
     SetReportConnector({});
     LogOn();
     FillIn();
-    EXPECT_EQ(FailureOf([this] { report.Document(); }), u"ActiveX component can't create object"_s);
+    EXPECT_EQ(TextOfFailure([this] { report.Document(); }), u"ActiveX component can't create object"_s);
 }
 
 TEST(ParameterFieldTest, HoldsTheLastValueGiven) {

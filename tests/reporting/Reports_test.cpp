@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto kParameters = uR"(<parameters>
+constexpr auto kTwoParameters = uR"(<parameters>
 <parameter name="Number" type="text" prompt="Number"/>
 <parameter name="Day" type="date" prompt="Day"/>
 <parameter name="Moment" type="datetime" prompt="Moment" value="01/02/2003"/>
@@ -30,7 +30,7 @@ class ReportsTest : public ScreenTest {
     ReportsTest() { database.Set(u"SELECT"_s, Rows({u"A"_s}, {{u"row"_s}})); }
     ~ReportsTest() override { gReport = nullptr; }
 
-    void Open(const std::vector<Value>& values, QStringView parameters = kParameters) {
+    void Open(const std::vector<Value>& values, QStringView parameters = kTwoParameters) {
         WriteFile(
             programDirectory, u"Slip.RPT"_s,
             SmallTemplate(parameters.toString() +
@@ -117,8 +117,8 @@ TEST_F(ReportsTest, ATextForANumberParameterIsTakenUnconverted) {
 }
 
 TEST_F(ReportsTest, ADateThatIsNoneRaisesATypeMismatch) {
-    EXPECT_EQ(FailureOf([this] { Open({u"H1C"_s, u"today"_s}); }), u"Type mismatch"_s);
-    EXPECT_EQ(FailureOf([this] { Open({u"H1C"_s, Value()}); }), u"Invalid use of Null"_s);
+    EXPECT_EQ(TextOfFailure([this] { Open({u"H1C"_s, u"today"_s}); }), u"Type mismatch"_s);
+    EXPECT_EQ(TextOfFailure([this] { Open({u"H1C"_s, Value()}); }), u"Invalid use of Null"_s);
 }
 
 TEST_F(ReportsTest, SurplusValuesAreDropped) {
@@ -166,7 +166,7 @@ TEST_F(ReportsTest, AReportWithoutParametersIgnoresItsValues) {
 }
 
 TEST_F(ReportsTest, AMissingTemplateRaisesFileNotFoundAndKeepsThePathInTheText) {
-    EXPECT_EQ(FailureOf([] { OpenReport(u"/nowhere/Slip.RPT"_s, {}); }),
+    EXPECT_EQ(TextOfFailure([] { OpenReport(u"/nowhere/Slip.RPT"_s, {}); }),
               u"File not found: /nowhere/Slip.RPT"_s);
 }
 
@@ -250,7 +250,7 @@ TEST_F(ReportsTest, TheCallersPointerIsBackWhenTheViewerHasClosed) {
 }
 
 TEST_F(ReportsTest, ShowReportWithoutAReportRaisesObjectNotSet) {
-    EXPECT_EQ(FailureOf([] { ShowReport(false, u"Slip"_s, false); }),
+    EXPECT_EQ(TextOfFailure([] { ShowReport(false, u"Slip"_s, false); }),
               u"Object variable or With block variable not set"_s);
 }
 

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Line {
+struct ReprintLine {
     QString department;
     QString code;
     QString particular;
@@ -31,9 +31,9 @@ class ReprintAssesSlip : public ScreenTest {
     }
     ~ReprintAssesSlip() override { gReport = nullptr; }
 
-    QString TextOf(const std::vector<Line>& lines, const std::vector<Value>& parameters) {
+    QString TextOf(const std::vector<ReprintLine>& lines, const std::vector<Value>& parameters) {
         std::vector<std::vector<Value>> rows;
-        for (const Line& line : lines) {
+        for (const ReprintLine& line : lines) {
             const bool due = line.remarks != u"REVOKED"_s;
             rows.push_back({line.department, line.code, line.particular, line.quantity, Decimal{line.amount},
                             line.remarks, Decimal{due ? line.amount : u"0.0000"_s}});
@@ -53,10 +53,10 @@ class ReprintAssesSlip : public ScreenTest {
     ReportDatabase database;
 };
 
-const std::vector<Value> kParameters = {
+const std::vector<Value> kReprintParameters = {
     u"5017"_s, u"DELA CRUZ, JUAN MIGUEL SANTOS"_s, u"100482"_s, u"104233B"_s, u"CASH"_s, u"REYES, ANA B."_s};
 
-const std::vector<Line> kLines = {
+const std::vector<ReprintLine> kReprintLines = {
     {u"HC"_s, u"HC001"_s, u"HEMODIALYSIS TREATMENT, FOUR HOURS"_s, u"1"_s, u"3500.0000"_s},
     {u"HB"_s, u"EPO4000"_s, u"ERYTHROPOIETIN 4000 IU"_s, u"2"_s, u"2401.5000"_s},
     {u"HD"_s, u"DLZ18"_s,
@@ -67,21 +67,21 @@ const std::vector<Line> kLines = {
 } // namespace
 
 TEST_F(ReprintAssesSlip, OfFourLinesFitsOnePage) {
-    ExpectGolden(TextOf(kLines, kParameters), u"reprint_assess_slip.txt"_s);
+    ExpectGolden(TextOf(kReprintLines, kReprintParameters), u"reprint_assess_slip.txt"_s);
 }
 
 TEST_F(ReprintAssesSlip, TellsPaidLinesAndLeavesRevokedOnesOutOfTheTotal) {
-    std::vector<Line> lines = kLines;
+    std::vector<ReprintLine> lines = kReprintLines;
     lines[0].remarks = u"OR 310022"_s;
     lines[1].remarks = u"REVOKED"_s;
-    ExpectGolden(TextOf(lines, kParameters), u"reprint_assess_slip_remarks.txt"_s);
+    ExpectGolden(TextOf(lines, kReprintParameters), u"reprint_assess_slip_remarks.txt"_s);
 }
 
 TEST_F(ReprintAssesSlip, OfFiftyLinesRunsOverPagesWithRepeatedHeads) {
-    std::vector<Line> lines;
+    std::vector<ReprintLine> lines;
     for (int i = 1; i <= 50; ++i)
         lines.push_back({u"HC"_s, u"HC%1"_s.arg(i), u"HEMODIALYSIS TREATMENT"_s, u"1"_s, u"100.0000"_s});
-    ExpectGolden(TextOf(lines, kParameters), u"reprint_assess_slip_fifty_lines.txt"_s);
+    ExpectGolden(TextOf(lines, kReprintParameters), u"reprint_assess_slip_fifty_lines.txt"_s);
 }
 
 TEST_F(ReprintAssesSlip, OfAReferenceWithoutLinesIsAnEmptySlip) {
@@ -90,13 +90,13 @@ TEST_F(ReprintAssesSlip, OfAReferenceWithoutLinesIsAnEmptySlip) {
 }
 
 TEST_F(ReprintAssesSlip, WithALongNameCutsNothing) {
-    std::vector<Value> parameters = kParameters;
+    std::vector<Value> parameters = kReprintParameters;
     parameters[1] = u"DE LOS SANTOS-MONTENEGRO Y VILLAVICENCIO, MARIA CONCEPCION MAGDALENA DEL ROSARIO"_s;
-    ExpectGolden(TextOf(kLines, parameters), u"reprint_assess_slip_long_name.txt"_s);
+    ExpectGolden(TextOf(kReprintLines, parameters), u"reprint_assess_slip_long_name.txt"_s);
 }
 
 TEST_F(ReprintAssesSlip, TakesTheSixValuesInTheScreensOrder) {
-    TextOf({}, kParameters);
+    TextOf({}, kReprintParameters);
     QStringList names;
     for (const ParameterField& field : gReport->ParameterFields())
         names << field.Name();
@@ -132,7 +132,7 @@ class ReprintAssesSlipOverTheEmbeddedHospital : public testing::Test {
             ReportEngine().OpenReport(QStringLiteral(TARVEN_SOURCE_DIR "/Reports/ReprintAssesSlip.RPT"), 1);
         for (ReportTable& table : report->Tables())
             table.SetLogOnInfo(u"TRIAL"_s, u"PASSWORD"_s, {}, {});
-        std::vector<Value> parameters = kParameters;
+        std::vector<Value> parameters = kReprintParameters;
         parameters[0] = number;
         for (size_t i = 0; i < parameters.size(); ++i)
             report->ParameterFields()[i].AddCurrentValue(parameters[i]);

@@ -185,7 +185,8 @@ QString Text(const QString& attributes, const QString& text = u"a"_s) {
 } // namespace
 
 TEST_P(TemplateMistake, IsAnErrorWithFileAndLine) {
-    const QString failure = FailureOf([] { ReadTemplate(u"/r/Slip.RPT"_s, AroundBands(GetParam().line)); });
+    const QString failure =
+        TextOfFailure([] { ReadTemplate(u"/r/Slip.RPT"_s, AroundBands(GetParam().line)); });
     EXPECT_TRUE(failure.startsWith(u"/r/Slip.RPT, line 3: "_s)) << failure.toStdString();
     EXPECT_TRUE(failure.contains(GetParam().says)) << failure.toStdString();
 }
@@ -269,14 +270,14 @@ TEST(TemplateReader, RefusesAPictureBelowItsBand) {
     const QString file = folder.filePath(u"t.rpt"_s);
     const QString band =
         u"<detail height=\"5\"><image x=\"0\" y=\"1\" width=\"9\" height=\"%1\" file=\"logo.png\"/></detail>"_s;
-    EXPECT_EQ(FailureOf([&] { ReadTemplate(file, AroundBands(band.arg(4))); }), u"nothing was raised"_s);
-    EXPECT_EQ(FailureOf([&] { ReadTemplate(file, AroundBands(band.arg(5))); }),
+    EXPECT_EQ(TextOfFailure([&] { ReadTemplate(file, AroundBands(band.arg(4))); }), u"nothing was raised"_s);
+    EXPECT_EQ(TextOfFailure([&] { ReadTemplate(file, AroundBands(band.arg(5))); }),
               file + u", line 3: A line, box or picture reaches below the height of this band."_s);
 }
 
 TEST(TemplateReader, NamesAFolderWithAPercentSignAsItIs) {
     const QString failure =
-        FailureOf([] { ReadTemplate(u"/r %1 %2/Slip.RPT"_s, AroundBands(u"<cell/>"_s)); });
+        TextOfFailure([] { ReadTemplate(u"/r %1 %2/Slip.RPT"_s, AroundBands(u"<cell/>"_s)); });
     EXPECT_EQ(failure, u"/r %1 %2/Slip.RPT, line 3: The element <cell> does not belong here."_s);
 }
 
@@ -294,7 +295,7 @@ class TemplateHeadMistake : public testing::TestWithParam<HeadMistake> {};
 } // namespace
 
 TEST_P(TemplateHeadMistake, IsAnErrorWithFileAndLine) {
-    const QString failure = FailureOf([] { ReadTemplate(u"a.rpt"_s, GetParam().content); });
+    const QString failure = TextOfFailure([] { ReadTemplate(u"a.rpt"_s, GetParam().content); });
     EXPECT_TRUE(failure.startsWith(u"a.rpt, line %1: "_s.arg(GetParam().line))) << failure.toStdString();
     EXPECT_TRUE(failure.contains(GetParam().says)) << failure.toStdString();
 }

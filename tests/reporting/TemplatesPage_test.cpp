@@ -102,7 +102,7 @@ TEST(TemplatesPage, EachOfItsExamplesIsRead) {
     EXPECT_GT(examples.size(), 10);
     for (const QString& example : examples)
         EXPECT_NO_THROW(ReadTemplate(folder.filePath(u"example.rpt"_s), Whole(example).toUtf8()))
-            << FailureOf([&] {
+            << TextOfFailure([&] {
                    ReadTemplate(folder.filePath(u"example.rpt"_s), Whole(example).toUtf8());
                }).toStdString()
             << "\n"

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kWrong = u"The user or the password is wrong."_s;
+const QString kWrongSignOn = u"The user or the password is wrong."_s;
 
 class SignOnTest : public SuiteTest {
   protected:
@@ -52,28 +52,28 @@ TEST_F(SignOnTest, TheUsersLetterCaseIsTheHospitals) {
 }
 
 TEST_F(SignOnTest, AWrongUserAndAWrongPasswordGetTheSameRefusal) {
-    EXPECT_EQ(RefusalOf(u"NOBODY"_s, u"nurse"_s), kWrong);
-    EXPECT_EQ(RefusalOf(u"NURSE"_s, u"Nurse"_s), kWrong);
-    EXPECT_EQ(RefusalOf(u"NURSE"_s, QString()), kWrong);
-    EXPECT_EQ(RefusalOf(QString(), QString()), kWrong);
+    EXPECT_EQ(RefusalOf(u"NOBODY"_s, u"nurse"_s), kWrongSignOn);
+    EXPECT_EQ(RefusalOf(u"NURSE"_s, u"Nurse"_s), kWrongSignOn);
+    EXPECT_EQ(RefusalOf(u"NURSE"_s, QString()), kWrongSignOn);
+    EXPECT_EQ(RefusalOf(QString(), QString()), kWrongSignOn);
 }
 
 TEST_F(SignOnTest, TheHashIsNoPassword) {
     EXPECT_EQ(
         RefusalOf(u"NURSE"_s,
                   Cell(u"SELECT PasswordHash FROM PASSWORD..tbPasswordMain WHERE EmployeeID = 'NURSE'"_s)),
-        kWrong);
+        kWrongSignOn);
 }
 
 TEST_F(SignOnTest, AnInactiveUserIsRefusedAsAnUnknownOne) {
     AddUser(u"ROSA"_s, u"geheim"_s, {u"HC"_s}, false);
-    EXPECT_EQ(RefusalOf(u"ROSA"_s, u"geheim"_s), kWrong);
+    EXPECT_EQ(RefusalOf(u"ROSA"_s, u"geheim"_s), kWrongSignOn);
 }
 
 TEST_F(SignOnTest, AUserOfAnotherDepartmentIsToldSoOnceHisPasswordIsRight) {
     AddUser(u"ROSA"_s, u"geheim"_s, {u"LB"_s, u"PH"_s});
     EXPECT_EQ(RefusalOf(u"ROSA"_s, u"geheim"_s), u"ROSA may not sign on for department HC."_s);
-    EXPECT_EQ(RefusalOf(u"ROSA"_s, u"wrong"_s), kWrong);
+    EXPECT_EQ(RefusalOf(u"ROSA"_s, u"wrong"_s), kWrongSignOn);
     EXPECT_EQ(RefusalOf(u"ROSA"_s, u"geheim"_s, u"PH"_s), QString());
 }
 
@@ -94,7 +94,7 @@ TEST_F(SignOnTest, AStarAsTheWorkstationsDepartmentOpensNothing) {
 
 TEST_F(SignOnTest, AnApostropheDoesNoHarm) {
     for (const QString& text : {u"O'BRIEN"_s, u"' OR '1' = '1"_s, u"NURSE'--"_s}) {
-        EXPECT_EQ(RefusalOf(text, u"nurse"_s), kWrong) << text.toStdString();
+        EXPECT_EQ(RefusalOf(text, u"nurse"_s), kWrongSignOn) << text.toStdString();
         EXPECT_EQ(RefusalOf(u"NURSE"_s, u"nurse"_s, text),
                   u"NURSE may not sign on for department %1."_s.arg(text));
     }
@@ -107,7 +107,7 @@ TEST_F(SignOnTest, ADataSourceThatCannotBeReachedRaises) {
 
 TEST_F(SignOnTest, AServerThatRefusesTheLogonRefusesTheUser) {
     source.connectFailure = RunTimeError(18456, u"Login failed for user 'NURSE'."_s, u"28000"_s);
-    EXPECT_EQ(RefusalOf(u"NURSE"_s, u"nurse"_s), kWrong);
+    EXPECT_EQ(RefusalOf(u"NURSE"_s, u"nurse"_s), kWrongSignOn);
 }
 
 TEST_F(SignOnTest, AReportLogsOnWithUserAndPasswordWhateverTheDepartment) {
@@ -149,7 +149,7 @@ class SignOnTrailOfAHospital : public SignOnTest {
 
 TEST_F(SignOnTrailOfAHospital, TheFourthTryHasToWaitWhateverItsPassword) {
     for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(Try(u"NURSE"_s, u"wrong"_s).refusal, kWrong) << i;
+        EXPECT_EQ(Try(u"NURSE"_s, u"wrong"_s).refusal, kWrongSignOn) << i;
     const SignOnOutcome outcome = Try(u"NURSE"_s, u"nurse"_s);
     EXPECT_EQ(outcome.user, nullptr);
     EXPECT_EQ(outcome.refusal, QString());

@@ -4,14 +4,14 @@
 
 namespace {
 
-DateTime At(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
+DateTime MomentOf(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
     return DateTime::FromFields({year, month, day, hour, minute, second, 0}).value();
 }
 
 } // namespace
 
 TEST(DateTime, StartsAtTheRunTimesDateZero) {
-    EXPECT_EQ(DateTime(), At(1899, 12, 30));
+    EXPECT_EQ(DateTime(), MomentOf(1899, 12, 30));
     EXPECT_EQ(DateTime().Milliseconds(), 0);
 }
 
@@ -39,6 +39,6 @@ TEST(DateTime, RefusesMomentsThatDoNotExist) {
 }
 
 TEST(DateTime, DateOnlyCutsTheTimeAlsoBeforeDateZero) {
-    EXPECT_EQ(At(2026, 11, 21, 15, 4).DateOnly(), At(2026, 11, 21));
-    EXPECT_EQ(At(1899, 12, 29, 15, 4).DateOnly(), At(1899, 12, 29));
+    EXPECT_EQ(MomentOf(2026, 11, 21, 15, 4).DateOnly(), MomentOf(2026, 11, 21));
+    EXPECT_EQ(MomentOf(1899, 12, 29, 15, 4).DateOnly(), MomentOf(1899, 12, 29));
 }

@@ -24,7 +24,7 @@ QString Marked(const KeyedDate& keyed) {
     return text.insert(keyed.Place(), u'|');
 }
 
-DateTime Day(int year, int month, int day) {
+DateTime OnDay(int year, int month, int day) {
     return *DateTime::FromFields({.year = year, .month = month, .day = day});
 }
 
@@ -177,12 +177,12 @@ TEST_P(KeyedDateRead, IsADayOrSaysWhatIsWrong) {
 
 INSTANTIATE_TEST_SUITE_P(
     Days, KeyedDateRead,
-    testing::Values(ReadCase{"Whole", u"08/01/2026"_s, Kind::Day, Day(2026, 8, 1)},
-                    ReadCase{"WithoutZeros", u"8/1/2026"_s, Kind::Day, Day(2026, 8, 1)},
-                    ReadCase{"WithoutSlashes", u"08012026"_s, Kind::Day, Day(2026, 8, 1)},
-                    ReadCase{"LeapDay", u"2/29/1984"_s, Kind::Day, Day(1984, 2, 29)},
-                    ReadCase{"FirstOfTheServer", u"01/01/1753"_s, Kind::Day, Day(1753, 1, 1)},
-                    ReadCase{"LastOfTheServer", u"12/31/9999"_s, Kind::Day, Day(9999, 12, 31)}),
+    testing::Values(ReadCase{"Whole", u"08/01/2026"_s, Kind::Day, OnDay(2026, 8, 1)},
+                    ReadCase{"WithoutZeros", u"8/1/2026"_s, Kind::Day, OnDay(2026, 8, 1)},
+                    ReadCase{"WithoutSlashes", u"08012026"_s, Kind::Day, OnDay(2026, 8, 1)},
+                    ReadCase{"LeapDay", u"2/29/1984"_s, Kind::Day, OnDay(1984, 2, 29)},
+                    ReadCase{"FirstOfTheServer", u"01/01/1753"_s, Kind::Day, OnDay(1753, 1, 1)},
+                    ReadCase{"LastOfTheServer", u"12/31/9999"_s, Kind::Day, OnDay(9999, 12, 31)}),
     CaseName());
 
 INSTANTIATE_TEST_SUITE_P(None, KeyedDateRead,
@@ -217,8 +217,8 @@ INSTANTIATE_TEST_SUITE_P(None, KeyedDateRead,
                          CaseName());
 
 TEST(DateReading, ADayBehindTheLastOneIsOutOfRange) {
-    EXPECT_EQ(ReadKeyedDate(u"12/31/9998"_s, Day(9998, 12, 31)).kind, Kind::Day);
-    EXPECT_EQ(ReadKeyedDate(u"01/01/9999"_s, Day(9998, 12, 31)).kind, Kind::OutOfRange);
+    EXPECT_EQ(ReadKeyedDate(u"12/31/9998"_s, OnDay(9998, 12, 31)).kind, Kind::Day);
+    EXPECT_EQ(ReadKeyedDate(u"01/01/9999"_s, OnDay(9998, 12, 31)).kind, Kind::OutOfRange);
 }
 
 TEST(DateReading, TellsWhatIsWrongAndWhatNoKeyMends) {

@@ -19,13 +19,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct ControlCase {
+struct StyledCase {
     const char* name;
     QWidget* (*make)(QWidget* parent);
 };
 
 /// A control of each kind beside a box that has the focus first.
-class FocusSeenTest : public ScreenTest, public testing::WithParamInterface<ControlCase> {
+class FocusSeenTest : public ScreenTest, public testing::WithParamInterface<StyledCase> {
   protected:
     FocusSeenTest()
         : other(NewTextBox(u"txtOther"_s, &window))
@@ -73,20 +73,20 @@ QWidget* NewRows(QWidget* parent) {
 }
 
 const auto kControls = testing::Values(
-    ControlCase{"Radio", [](QWidget* p) -> QWidget* { return new QRadioButton(u"Choice"_s, p); }},
-    ControlCase{"CheckBox", [](QWidget* p) -> QWidget* { return new QCheckBox(u"Choice"_s, p); }},
-    ControlCase{"Button", [](QWidget* p) -> QWidget* { return NewButton(u"cmdA"_s, u"Choice"_s, p); }},
-    ControlCase{"Combo", [](QWidget* p) -> QWidget* { return NewCombo(u"cmbA"_s, {u"Choice"_s}, p); }},
-    ControlCase{"TextBox", [](QWidget* p) -> QWidget* { return NewTextBox(u"txtA"_s, p); }},
-    ControlCase{"DateBox", [](QWidget* p) -> QWidget* { return NewDatePicker(u"dtpA"_s, p); }},
-    ControlCase{"WrongDateBox",
-                [](QWidget* p) -> QWidget* {
-                    DatePicker* picker = NewDatePicker(u"dtpA"_s, p);
-                    picker->setText(u"13/13/1984"_s);
-                    return picker;
-                }},
-    ControlCase{"Grid", NewFilledGrid}, ControlCase{"List", NewFilledList}, ControlCase{"Rows", NewRows},
-    ControlCase{"EmptyGrid", [](QWidget* p) -> QWidget* { return new FlexGrid(p); }});
+    StyledCase{"Radio", [](QWidget* p) -> QWidget* { return new QRadioButton(u"Choice"_s, p); }},
+    StyledCase{"CheckBox", [](QWidget* p) -> QWidget* { return new QCheckBox(u"Choice"_s, p); }},
+    StyledCase{"Button", [](QWidget* p) -> QWidget* { return NewButton(u"cmdA"_s, u"Choice"_s, p); }},
+    StyledCase{"Combo", [](QWidget* p) -> QWidget* { return NewCombo(u"cmbA"_s, {u"Choice"_s}, p); }},
+    StyledCase{"TextBox", [](QWidget* p) -> QWidget* { return NewTextBox(u"txtA"_s, p); }},
+    StyledCase{"DateBox", [](QWidget* p) -> QWidget* { return NewDatePicker(u"dtpA"_s, p); }},
+    StyledCase{"WrongDateBox",
+               [](QWidget* p) -> QWidget* {
+                   DatePicker* picker = NewDatePicker(u"dtpA"_s, p);
+                   picker->setText(u"13/13/1984"_s);
+                   return picker;
+               }},
+    StyledCase{"Grid", NewFilledGrid}, StyledCase{"List", NewFilledList}, StyledCase{"Rows", NewRows},
+    StyledCase{"EmptyGrid", [](QWidget* p) -> QWidget* { return new FlexGrid(p); }});
 
 TEST_P(FocusSeenTest, HoweverItComes) {
     const QImage without = Picture();

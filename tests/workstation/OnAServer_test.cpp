@@ -16,7 +16,7 @@ using testing::SizeIs;
 
 namespace {
 
-constexpr int kFailed = 1;
+constexpr int kServerFailed = 1;
 
 /// A workstation that remembers the server's data source from an earlier sign-on.
 class OnAServer : public Workstation {
@@ -75,7 +75,7 @@ TEST_F(OnAServer, TheReportLogsOnByItself) {
 TEST_F(OnAServer, AnApostropheIsTheServersErrorAndEndsTheProcess) {
     const QString before = HospitalContent();
     const Run run = RunScript(u"apostrophe-in-finder"_s);
-    EXPECT_EQ(run.exitCode, kFailed);
+    EXPECT_EQ(run.exitCode, kServerFailed);
     ASSERT_THAT(run.told, SizeIs(1));
     EXPECT_TRUE(run.told[0].contains(u"Incorrect syntax near 'BRIEN'"_s)) << run.told[0].toStdString();
     // The session behind the wire has let go of the hospital's file then.
@@ -98,7 +98,7 @@ TEST_F(OnAServer, AServerThatDiesIsNoticedByTheNextCheckOfTheRequests) {
     }
     server.Close();
     const Run run = WaitForEnd(*child);
-    EXPECT_EQ(run.exitCode, kFailed);
+    EXPECT_EQ(run.exitCode, kServerFailed);
     ASSERT_FALSE(run.told.empty());
     EXPECT_TRUE(run.told.back().contains(u"Communication link failure"_s) ||
                 run.told.back().contains(u"Unexpected EOF from the server"_s))

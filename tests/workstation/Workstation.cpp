@@ -4,6 +4,7 @@
 #include "gateway/embedded/SqlFunctions.h"
 #include "gateway/embedded/SqliteDatabase.h"
 #include "hospital/HospitalScripts.h"
+#include "support/hospital/FreshHospital.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -23,17 +24,6 @@ QString SourcePath(const char* name) {
 
 QString BuiltProgram(const char* name) {
     return QString::fromLatin1(TARVEN_BUILD_DIR) + u'/' + QString::fromLatin1(name);
-}
-
-/// The hospital as it is made, kept for the copies of the tests of one process.
-const QString& FreshHospital() {
-    static const QTemporaryDir folder;
-    static const QString path = [] {
-        const QString file = folder.filePath(u"fresh.db"_s);
-        HospitalFile::Create(file, HospitalScripts());
-        return file;
-    }();
-    return path;
 }
 
 /// One pragma or query through SQLite itself.

@@ -12,14 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Kind = SqlType::Kind;
-
 constexpr double kMoneyLimit = 922337203685477.5807;
 // Days from the run-time's day 0 to the server's, 1900-01-01.
-constexpr int kServerDayZero = 2;
+constexpr int kDaysToServerZero = 2;
 // The server's calendar, from 1753-01-01 until before 10000-01-01, in days from 1900-01-01.
-constexpr double kFirstDay = -53690;
-constexpr double kDaysEnd = 2958464;
+constexpr double kServerFirstDay = -53690;
+constexpr double kServerDaysEnd = 2958464;
 
 bool IsContinuation(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
@@ -41,7 +39,7 @@ class Conversion {
             return FitText(ToText(value));
         if (mTo.IsDate())
             return ToDate(value);
-        if (mTo.kind == Kind::Float)
+        if (mTo.kind == SqlType::Kind::Float)
             return ToReal(value);
         if (mTo.IsFixed())
             return ToFixed(value);
@@ -71,14 +69,14 @@ class Conversion {
             return DateToText(FromStored(TextOf(value)));
         if (mFrom.IsWhole())
             return QByteArray::number(std::get<qint64>(value));
-        if (mFrom.kind == Kind::Float)
+        if (mFrom.kind == SqlType::Kind::Float)
             return QByteArray::number(NumberOf(value), 'g', 6);
         // Kept: the server shows money with two decimals unless it is asked otherwise.
-        return DecimalText(NumberOf(value), mFrom.kind == Kind::Money ? 2 : mFrom.scale);
+        return DecimalText(NumberOf(value), mFrom.kind == SqlType::Kind::Money ? 2 : mFrom.scale);
     }
 
     QByteArray DateToText(DateTime moment) const {
-        const bool dateOnly = mFrom.kind == Kind::Date;
+        const bool dateOnly = mFrom.kind == SqlType::Kind::Date;
         if (mStyle == kDefaultStyle && dateOnly)
             return StoredDate(moment);
         const auto text = ServerDateText(moment, mStyle == kDefaultStyle ? 0 : mStyle);
@@ -101,7 +99,7 @@ class Conversion {
                 throw ServerError(Fault::TextTruncated);
             return kept;
         }
-        if (mTo.kind == Kind::Char)
+        if (mTo.kind == SqlType::Kind::Char)
             text.append(mTo.length - count, ' ');
         return text;
     }
@@ -114,13 +112,13 @@ class Conversion {
             moment = TextToDate(TextOf(value));
         else
             moment = NumberToDate(NumberOf(value));
-        return mTo.kind == Kind::Date ? StoredDate(moment) : StoredDateTime(moment);
+        return mTo.kind == SqlType::Kind::Date ? StoredDate(moment) : StoredDateTime(moment);
     }
 
     DateTime NumberToDate(double days) const {
-        if (!(days >= kFirstDay && days < kDaysEnd))
+        if (!(days >= kServerFirstDay && days < kServerDaysEnd))
             RaiseOverflow();
-        return DateTime::FromMilliseconds(std::llround((days + kServerDayZero) * double(DateTime::kDay)));
+        return DateTime::FromMilliseconds(std::llround((days + kDaysToServerZero) * double(DateTime::kDay)));
     }
 
     DateTime TextToDate(const QByteArray& text) const {
@@ -148,7 +146,7 @@ class Conversion {
         const double exact = mFrom.IsText() ? TextToFixed(TextOf(value)) : NumberOf(value);
         const double number = RoundToScale(exact, mTo.scale);
         const double limit =
-            mTo.kind == Kind::Money ? kMoneyLimit : std::pow(10.0, mTo.precision - mTo.scale);
+            mTo.kind == SqlType::Kind::Money ? kMoneyLimit : std::pow(10.0, mTo.precision - mTo.scale);
         if (std::fabs(number) >= limit)
             RaiseOverflow();
         return number;
@@ -156,7 +154,7 @@ class Conversion {
 
     double TextToFixed(const QByteArray& text) const {
         QByteArray digits = text.trimmed();
-        if (mTo.kind == Kind::Money) {
+        if (mTo.kind == SqlType::Kind::Money) {
             if (digits.isEmpty())
                 return 0;
             digits.replace(",", "");
@@ -165,7 +163,7 @@ class Conversion {
                 digits.remove(currency, 1);
         }
         const auto number = ReadNumber(digits, false);
-        if (!number && mTo.kind == Kind::Money)
+        if (!number && mTo.kind == SqlType::Kind::Money)
             Raise(Fault::TextToMoney);
         if (!number)
             RaiseNoNumber();
@@ -175,23 +173,25 @@ class Conversion {
     Cell ToWhole(const Cell& value) const {
         if (mFrom.IsText())
             return TextToWhole(TextOf(value));
-        if (mTo.kind == Kind::Bit)
+        if (mTo.kind == SqlType::Kind::Bit)
             return qint64(NumberOf(value) != 0);
         if (const auto* whole = std::get_if<qint64>(&value))
             return InRange(*whole);
         // Kept: the server rounds money to a whole number and cuts the decimals of everything else.
         const double number = NumberOf(value);
-        const double whole = mFrom.kind == Kind::Money ? RoundToScale(number, 0) : std::trunc(number);
+        const double whole =
+            mFrom.kind == SqlType::Kind::Money ? RoundToScale(number, 0) : std::trunc(number);
         if (!(std::fabs(whole) < 9.2e18))
             RaiseOverflow();
         return InRange(static_cast<qint64>(whole));
     }
 
     qint64 InRange(qint64 number) const {
-        if (mTo.kind == Kind::Bit)
+        if (mTo.kind == SqlType::Kind::Bit)
             return number != 0 ? 1 : 0;
-        const bool fits = mTo.kind == Kind::BigInt || (number >= std::numeric_limits<qint32>::min() &&
-                                                       number <= std::numeric_limits<qint32>::max());
+        const bool fits =
+            mTo.kind == SqlType::Kind::BigInt ||
+            (number >= std::numeric_limits<qint32>::min() && number <= std::numeric_limits<qint32>::max());
         if (!fits)
             RaiseOverflow();
         return number;
@@ -201,9 +201,9 @@ class Conversion {
         const QByteArray digits = text.trimmed();
         if (digits.isEmpty())
             return qint64(0);
-        if (mTo.kind == Kind::Bit && digits.toLower() == "true")
+        if (mTo.kind == SqlType::Kind::Bit && digits.toLower() == "true")
             return qint64(1);
-        if (mTo.kind == Kind::Bit && digits.toLower() == "false")
+        if (mTo.kind == SqlType::Kind::Bit && digits.toLower() == "false")
             return qint64(0);
         const bool plain = std::all_of(digits.begin() + (digits[0] == '-' || digits[0] == '+' ? 1 : 0),
                                        digits.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -211,7 +211,7 @@ class Conversion {
             Raise(Fault::ConversionFailed, {mFrom.Name(), QString::fromUtf8(text), mTo.Name()});
         bool ok = false;
         const qint64 number = digits.toLongLong(&ok);
-        if (!ok || (mTo.kind == Kind::Int && number != static_cast<qint32>(number)))
+        if (!ok || (mTo.kind == SqlType::Kind::Int && number != static_cast<qint32>(number)))
             Raise(Fault::TextOverflow, {mFrom.Name(), QString::fromUtf8(text), mTo.Name()});
         return InRange(number);
     }
@@ -235,13 +235,14 @@ bool SameForm(const SqlType& from, const SqlType& to) {
         if (to.length == SqlType::kUnbounded)
             return true;
         const bool fits = from.length != SqlType::kUnbounded && from.length <= to.length;
-        return fits && (to.kind != Kind::Char || (from.kind == Kind::Char && from.length == to.length));
+        return fits && (to.kind != SqlType::Kind::Char ||
+                        (from.kind == SqlType::Kind::Char && from.length == to.length));
     }
-    if (from.kind == Kind::Decimal && to.kind == Kind::Decimal)
+    if (from.kind == SqlType::Kind::Decimal && to.kind == SqlType::Kind::Decimal)
         return from.scale <= to.scale && from.precision - from.scale <= to.precision - to.scale;
     if (from.IsWhole() && to.IsWhole())
         return from.kind <= to.kind;
-    return from.kind == to.kind || (from.IsNumber() && to.kind == Kind::Float);
+    return from.kind == to.kind || (from.IsNumber() && to.kind == SqlType::Kind::Float);
 }
 
 qint64 CountCharacters(QByteArrayView text) {

@@ -8,22 +8,20 @@ namespace {
 
 constexpr qint64 kMinute = 60LL * 1000;
 constexpr qint64 kHour = 60 * kMinute;
-constexpr int kMonths = 12;
+constexpr int kMonthsOfAYear = 12;
 // Wide enough for every date there is, narrow enough that nothing overflows.
 constexpr qint64 kMostParts = 5'300'000'000;
 constexpr int kStoredDateSize = 10;
-constexpr int kFirstYear = 1753;
-constexpr int kLastYear = 9999;
 
 [[noreturn]] void RaiseOverflow() {
     throw ServerError(Fault::Overflow, {SqlType::DateTime().Name()});
 }
 
 DateTime Earliest() {
-    return *DateTime::FromFields({kFirstYear, 1, 1, 0, 0, 0, 0});
+    return *DateTime::FromFields({ServerDate::kFirstYear, 1, 1, 0, 0, 0, 0});
 }
 DateTime Latest() {
-    return *DateTime::FromFields({kLastYear, 12, 31, 23, 59, 59, 999});
+    return *DateTime::FromFields({ServerDate::kLastYear, 12, 31, 23, 59, 59, 999});
 }
 
 qint64 Length(QByteArrayView part) {
@@ -36,12 +34,12 @@ qint64 FloorDivide(qint64 value, qint64 by) {
 
 DateTime AddMonths(DateTime moment, qint64 count) {
     DateTime::Fields fields = moment.ToFields();
-    const qint64 months = qint64(fields.year) * kMonths + fields.month - 1 + count;
-    const qint64 year = FloorDivide(months, kMonths);
-    if (year < kFirstYear || year > kLastYear)
+    const qint64 months = qint64(fields.year) * kMonthsOfAYear + fields.month - 1 + count;
+    const qint64 year = FloorDivide(months, kMonthsOfAYear);
+    if (year < ServerDate::kFirstYear || year > ServerDate::kLastYear)
         RaiseOverflow();
     fields.year = static_cast<int>(year);
-    fields.month = static_cast<int>(months - year * kMonths) + 1;
+    fields.month = static_cast<int>(months - year * kMonthsOfAYear) + 1;
     auto moved = DateTime::FromFields(fields);
     while (!moved) {
         --fields.day;
@@ -58,7 +56,7 @@ QByteArray AddToDate(QByteArrayView part, qint64 count, QByteArrayView stored) {
         RaiseOverflow();
     DateTime moved;
     if (part == "year" || part == "month")
-        moved = AddMonths(moment, part == "year" ? count * kMonths : count);
+        moved = AddMonths(moment, part == "year" ? count * kMonthsOfAYear : count);
     else
         moved = DateTime::FromMilliseconds(moment.Milliseconds() + count * Length(part));
     if (moved < Earliest() || moved > Latest())
@@ -73,7 +71,7 @@ qint64 DateDifference(QByteArrayView part, QByteArrayView from, QByteArrayView t
         const DateTime::Fields a = first.ToFields();
         const DateTime::Fields b = second.ToFields();
         const qint64 years = b.year - a.year;
-        return part == "year" ? years : years * kMonths + b.month - a.month;
+        return part == "year" ? years : years * kMonthsOfAYear + b.month - a.month;
     }
     return FloorDivide(second.Milliseconds(), Length(part)) - FloorDivide(first.Milliseconds(), Length(part));
 }

@@ -6,13 +6,11 @@
 
 namespace {
 
-constexpr std::array<std::string_view, 12> kMonths = {"jan", "feb", "mar", "apr", "may", "jun",
-                                                      "jul", "aug", "sep", "oct", "nov", "dec"};
+constexpr std::array<std::string_view, 12> kShortMonths = {"jan", "feb", "mar", "apr", "may", "jun",
+                                                           "jul", "aug", "sep", "oct", "nov", "dec"};
 constexpr std::array<std::string_view, 12> kLongMonths = {"january",   "february", "march",    "april",
                                                           "may",       "june",     "july",     "august",
                                                           "september", "october",  "november", "december"};
-constexpr int kFirstYear = 1753;
-constexpr int kLastYear = 9999;
 constexpr DateTime::Fields kServerDayZero = {1900, 1, 1, 0, 0, 0, 0};
 
 void PutDigits(char* at, int number, int width) {
@@ -22,7 +20,7 @@ void PutDigits(char* at, int number, int width) {
     }
 }
 
-QByteArray Digits(int number, int width, char fill = '0') {
+QByteArray Padded(int number, int width, char fill = '0') {
     return QByteArray::number(number).rightJustified(width, fill);
 }
 
@@ -42,10 +40,10 @@ struct Part {
     int number = 0;
 };
 
-bool IsDigit(char c) {
+bool IsDigitByte(char c) {
     return c >= '0' && c <= '9';
 }
-bool IsLetter(char c) {
+bool IsLetterByte(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
@@ -58,13 +56,13 @@ std::vector<Part> Split(QByteArrayView text) {
             ++i;
             continue;
         }
-        if (IsDigit(text[i])) {
+        if (IsDigitByte(text[i])) {
             part.kind = Part::Kind::Number;
-            while (i < text.size() && IsDigit(text[i]))
+            while (i < text.size() && IsDigitByte(text[i]))
                 ++i;
-        } else if (IsLetter(text[i])) {
+        } else if (IsLetterByte(text[i])) {
             part.kind = Part::Kind::Word;
-            while (i < text.size() && IsLetter(text[i]))
+            while (i < text.size() && IsLetterByte(text[i]))
                 ++i;
         } else {
             ++i;
@@ -91,7 +89,7 @@ class DateReader {
             return {};
         if (mAt != mParts.size())
             return {};
-        if (mFields.year < kFirstYear || mFields.year > kLastYear)
+        if (mFields.year < ServerDate::kFirstYear || mFields.year > ServerDate::kLastYear)
             return {ServerDate::Outcome::OutOfRange, {}};
         const auto moment = DateTime::FromFields(mFields);
         return moment ? ServerDate{ServerDate::Outcome::Read, *moment}
@@ -187,8 +185,8 @@ class DateReader {
     }
 
     static int MonthNamed(const QByteArray& word) {
-        for (size_t i = 0; i < kMonths.size(); ++i) {
-            if (word == QByteArrayView(kMonths[i]) || word == QByteArrayView(kLongMonths[i]))
+        for (size_t i = 0; i < kShortMonths.size(); ++i) {
+            if (word == QByteArrayView(kShortMonths[i]) || word == QByteArrayView(kLongMonths[i]))
                 return static_cast<int>(i) + 1;
         }
         return 0;
@@ -280,15 +278,15 @@ std::optional<QByteArray> ServerDateText(DateTime moment, int style) {
     switch (style) {
     case 0:
     case 100: {
-        const std::string_view month = kMonths[static_cast<size_t>(f.month - 1)];
+        const std::string_view month = kShortMonths[static_cast<size_t>(f.month - 1)];
         QByteArray name(month.data(), 3);
         name[0] = static_cast<char>(name[0] - 'a' + 'A');
         const int hour = f.hour % 12 == 0 ? 12 : f.hour % 12;
-        return name + ' ' + Digits(f.day, 2, ' ') + ' ' + Digits(f.year, 4) + ' ' + Digits(hour, 2, ' ') +
-               ':' + Digits(f.minute, 2) + (f.hour < 12 ? "AM" : "PM");
+        return name + ' ' + Padded(f.day, 2, ' ') + ' ' + Padded(f.year, 4) + ' ' + Padded(hour, 2, ' ') +
+               ':' + Padded(f.minute, 2) + (f.hour < 12 ? "AM" : "PM");
     }
     case 101:
-        return Digits(f.month, 2) + '/' + Digits(f.day, 2) + '/' + Digits(f.year, 4);
+        return Padded(f.month, 2) + '/' + Padded(f.day, 2) + '/' + Padded(f.year, 4);
     case 120:
         return StoredDateTime(moment).left(19);
     case 121:

@@ -16,6 +16,10 @@ DateTime FromStored(QByteArrayView stored);
 
 /// What the server makes of a text that shall be a date.
 struct ServerDate {
+    /// The first and the last year of the calendar of the server.
+    static constexpr int kFirstYear = 1753;
+    static constexpr int kLastYear = 9999;
+
     enum class Outcome {
         Read,
         /// The text has no form of a date.

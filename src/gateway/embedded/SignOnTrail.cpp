@@ -32,7 +32,7 @@ bool RunWith(SqliteStatement& statement, const std::vector<Cell>& values) {
     return statement.Step();
 }
 
-QByteArray TextAt(SqliteStatement& row, int column) {
+QByteArray BytesAt(SqliteStatement& row, int column) {
     return {reinterpret_cast<const char*>(sqlite3_column_text(row.Handle(), column)),
             sqlite3_column_bytes(row.Handle(), column)};
 }
@@ -100,7 +100,7 @@ seconds SignOnTrail::WaitBy(const QString& column, const QString& value) const {
     const std::vector<Cell> values = {value.toUtf8()};
     RunWith(failed, values);
     const int count = sqlite3_column_int(failed.Handle(), 0);
-    return count > 0 ? Left(WaitAfter(count), FromStored(TextAt(failed, 1))) : seconds(0);
+    return count > 0 ? Left(WaitAfter(count), FromStored(BytesAt(failed, 1))) : seconds(0);
 }
 
 seconds SignOnTrail::WaitHere() const {
@@ -152,9 +152,9 @@ std::optional<FailedSignOns> SignOnTrail::FailuresOf(const QString& user) const 
         return std::nullopt;
     const bool signedOnBefore = sqlite3_column_type(failed.Handle(), 4) != SQLITE_NULL;
     return FailedSignOns{.count = count,
-                         .since = FromStored(TextAt(failed, signedOnBefore ? 4 : 1)),
-                         .last = FromStored(TextAt(failed, 2)),
-                         .workstation = QString::fromUtf8(TextAt(failed, 3))};
+                         .since = FromStored(BytesAt(failed, signedOnBefore ? 4 : 1)),
+                         .last = FromStored(BytesAt(failed, 2)),
+                         .workstation = QString::fromUtf8(BytesAt(failed, 3))};
 }
 
 void SignOnTrail::SetOutcome(int outcome) {

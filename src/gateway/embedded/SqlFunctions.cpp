@@ -21,7 +21,7 @@ namespace {
 constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
 constexpr int kAnyCount = -1;
 constexpr int kMostPlaces = 15;
-constexpr double kWholeNumbersEnd = 0x1p63;
+constexpr double kBigIntEnd = 0x1p63;
 
 using Arguments = std::span<sqlite3_value*>;
 using Function = Cell (*)(Arguments);
@@ -78,7 +78,7 @@ template <Function F> void Call(sqlite3_context* context, int count, sqlite3_val
     Guard(context, [&] { SetResult(context, F({values, static_cast<size_t>(count)})); });
 }
 
-[[noreturn]] void RaiseOverflow() {
+[[noreturn]] void RaiseBigIntOverflow() {
     throw ServerError(Fault::Overflow, {SqlType::BigInt().Name()});
 }
 
@@ -153,8 +153,8 @@ Cell Round(Arguments a) {
     const double rounded = cut ? TruncateToScale(value, places) : RoundToScale(value, places);
     if (!whole)
         return rounded;
-    if (std::fabs(rounded) >= kWholeNumbersEnd)
-        RaiseOverflow();
+    if (std::fabs(rounded) >= kBigIntEnd)
+        RaiseBigIntOverflow();
     return static_cast<qint64>(rounded);
 }
 
@@ -166,7 +166,7 @@ template <bool Remainder> Cell DivideNumbers(Arguments a) {
     if (whole && Whole(a[1]) == -1) {
         qint64 negative = 0;
         if (!Remainder && __builtin_sub_overflow(qint64(0), Whole(a[0]), &negative))
-            RaiseOverflow();
+            RaiseBigIntOverflow();
         return negative;
     }
     if (whole)
@@ -179,7 +179,7 @@ template <bool Remainder> Cell DivideNumbers(Arguments a) {
 /// Where 64 bits are too few for a whole number SQLite goes on with a real one.
 Cell BigInt(Arguments a) {
     if (sqlite3_value_type(a[0]) != SQLITE_INTEGER)
-        RaiseOverflow();
+        RaiseBigIntOverflow();
     return Whole(a[0]);
 }
 

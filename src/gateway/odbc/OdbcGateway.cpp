@@ -93,15 +93,26 @@ void OdbcGateway::SetDefaultDatabase(const QString& name) {
 
 void OdbcGateway::Cancel() {
     mCancelled = true;
-    // A cancellation that comes just before the driver sends the command is lost on the driver, so it is
-    // asked for again.
-    constexpr int kTries = 20;
-    constexpr std::chrono::milliseconds kPause(10);
+    // A driver that is told while its own thread is at work between two looks at the network may leave that
+    // thread waiting for ever, so it is told only where it stands still: it waits for the server then. One
+    // that is at work comes to the next step by itself and ends there. What is told just before the driver
+    // sends the command is lost on it, so it is told again.
+    constexpr int kTries = 5;
+    constexpr std::chrono::milliseconds kStill(40);
     std::unique_lock lock(mMutex);
     for (int i = 0; i < kTries && mRunning; ++i) {
-        SQLCancel(mRunning->Get());
-        mEnded.wait_for(lock, kPause);
+        const unsigned step = mSteps;
+        mEnded.wait_for(lock, kStill);
+        if (mRunning && step == mSteps)
+            SQLCancel(mRunning->Get());
     }
+    mEnded.wait_for(lock, kStill, [this] { return !mRunning; });
+}
+
+void OdbcGateway::Step() {
+    if (mCancelled)
+        throw Cancelled();
+    ++mSteps;
 }
 
 bool OdbcGateway::IsLost() const {
@@ -119,8 +130,6 @@ CommandGateway::Outcome OdbcGateway::Run(const QString& command) {
     if (noscan != SQL_SUCCESS || mIgnoresNoscan)
         RefuseWhatIsAltered(command);
     const Running running(*this, statement);
-    if (mCancelled)
-        throw Cancelled();
     try {
         Outcome outcome = RunStatement(statement, command);
         // A driver may tell the end of the rows where the cancellation cut them off.
@@ -149,9 +158,12 @@ void OdbcGateway::RefuseWhatIsAltered(const QString& command) const {
     const auto [kept, other] = std::mismatch(command.begin(), command.end(), altered.begin(), altered.end());
     if (kept != command.end())
         Refuse(*kept);
+    if (length != command.size())
+        Refuse(command.isEmpty() ? QChar() : command.back());
 }
 
-CommandGateway::Outcome OdbcGateway::RunStatement(const OdbcHandle& statement, const QString& command) const {
+CommandGateway::Outcome OdbcGateway::RunStatement(const OdbcHandle& statement, const QString& command) {
+    Step();
     const SQLRETURN result = SQLExecDirectW(statement.Get(), OdbcText(command), SQLINTEGER(command.size()));
     // This is how a command that touched no row is told.
     if (result != SQL_NO_DATA)
@@ -163,7 +175,7 @@ CommandGateway::Outcome OdbcGateway::RunStatement(const OdbcHandle& statement, c
     return outcome;
 }
 
-CommandGateway::Outcome OdbcGateway::ReadAnswer(const OdbcHandle& statement) const {
+CommandGateway::Outcome OdbcGateway::ReadAnswer(const OdbcHandle& statement) {
     Outcome outcome;
     SQLRETURN result = SQL_SUCCESS;
     while (result != SQL_NO_DATA) {
@@ -173,9 +185,10 @@ CommandGateway::Outcome OdbcGateway::ReadAnswer(const OdbcHandle& statement) con
         if (columns == 0)
             statement.Check(SQLRowCount(statement.Get(), &touched));
         if (columns > 0 && !outcome.rows)
-            outcome.rows = ReadOdbcRows(statement, columns);
+            outcome.rows = ReadOdbcRows(statement, columns, [this] { Step(); });
         if (columns == 0 && touched >= 0)
             outcome.rowsAffected = touched;
+        Step();
         // The server's error may stand behind the rows.
         result = SQLMoreResults(statement.Get());
         if (result != SQL_NO_DATA)

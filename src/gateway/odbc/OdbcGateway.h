@@ -44,9 +44,12 @@ class OdbcGateway : public CommandGateway {
     /// send another text than the command.
     void RefuseWhatIsAltered(const QString& command) const;
     /// Runs a statement that Cancel can reach.
-    Outcome RunStatement(const OdbcHandle& statement, const QString& command) const;
+    Outcome RunStatement(const OdbcHandle& statement, const QString& command);
     /// Reads every result of a statement that has been executed.
-    Outcome ReadAnswer(const OdbcHandle& statement) const;
+    Outcome ReadAnswer(const OdbcHandle& statement);
+    /// Before each call to the driver that may wait for the server: raises HY008 when the command was given
+    /// up.
+    void Step();
     bool IsLost() const;
 
     QString mConnectionString;
@@ -58,4 +61,6 @@ class OdbcGateway : public CommandGateway {
     std::mutex mMutex;
     std::condition_variable mEnded;
     const OdbcHandle* mRunning = nullptr;
+    /// How many calls to the driver were begun.
+    std::atomic<unsigned> mSteps = 0;
 };

@@ -149,17 +149,21 @@ QString WithLeadingZero(QString number) {
     return number;
 }
 
-std::shared_ptr<const RowData> ReadOdbcRows(const OdbcHandle& statement, int columns) {
+std::shared_ptr<const RowData> ReadOdbcRows(const OdbcHandle& statement, int columns,
+                                            const std::function<void()>& beforeRow) {
     auto data = std::make_shared<RowData>();
     data->columns.resize(size_t(columns));
     std::vector<CellReader> readers;
     std::vector<QString> last(data->columns.size());
     for (int i = 0; i < columns; ++i)
         readers.push_back(Describe(statement, SQLUSMALLINT(i + 1), data->columns[size_t(i)]));
-    for (SQLRETURN result; (result = SQLFetch(statement.Get())) != SQL_NO_DATA;) {
+    for (;;) {
+        beforeRow();
+        const SQLRETURN result = SQLFetch(statement.Get());
+        if (result == SQL_NO_DATA)
+            return data;
         statement.Check(result);
         for (size_t i = 0; i < readers.size(); ++i)
             data->cells.push_back(readers[i]({statement, SQLUSMALLINT(i + 1), last[i]}));
     }
-    return data;
 }

@@ -93,7 +93,7 @@ INSTANTIATE_TEST_SUITE_P(
     CaseName());
 
 TEST_P(CommandFailure, NamesWhereItFailed) {
-    const Failure failure = FailureOf([] {
+    const RaisedError failure = FailureOf([] {
         TokenCursor cursor(GetParam().text);
         CommandParser(cursor).ParseCommand();
     });

@@ -7,13 +7,13 @@ namespace {
 
 using Outcome = ServerDate::Outcome;
 
-struct ReadCase {
+struct DateCase {
     std::string name;
     const char* text;
     DateTime::Fields fields;
 };
 
-class ReadDate : public testing::TestWithParam<ReadCase> {};
+class ReadDate : public testing::TestWithParam<DateCase> {};
 
 struct RefusedCase {
     std::string name;
@@ -33,32 +33,32 @@ TEST_P(ReadDate, AsTheServerReadsIt) {
 
 INSTANTIATE_TEST_SUITE_P(
     Texts, ReadDate,
-    testing::Values(ReadCase{"Empty", "", {1900, 1, 1, 0, 0, 0, 0}},
-                    ReadCase{"Blank", "   ", {1900, 1, 1, 0, 0, 0, 0}},
-                    ReadCase{"MonthDayYear", "11/21/2026", {2026, 11, 21, 0, 0, 0, 0}},
-                    ReadCase{"WithoutLeadingZeros", " 1/2/2026 ", {2026, 1, 2, 0, 0, 0, 0}},
-                    ReadCase{"Dashes", "11-21-2026", {2026, 11, 21, 0, 0, 0, 0}},
-                    ReadCase{"Points", "11.21.2026", {2026, 11, 21, 0, 0, 0, 0}},
-                    ReadCase{"ShortYear", "11/21/49", {2049, 11, 21, 0, 0, 0, 0}},
-                    ReadCase{"ShortYearOfTheLastCentury", "11/21/50", {1950, 11, 21, 0, 0, 0, 0}},
-                    ReadCase{"YearFirst", "2026-11-21", {2026, 11, 21, 0, 0, 0, 0}},
-                    ReadCase{"Digits", "20261121", {2026, 11, 21, 0, 0, 0, 0}},
-                    ReadCase{"SixDigits", "261121", {2026, 11, 21, 0, 0, 0, 0}},
-                    ReadCase{"YearAlone", "2026", {2026, 1, 1, 0, 0, 0, 0}},
-                    ReadCase{"Afternoon", "11/21/2026 02:02:03 PM", {2026, 11, 21, 14, 2, 3, 0}},
-                    ReadCase{"Midnight", "11/21/2026 12:00:00 AM", {2026, 11, 21, 0, 0, 0, 0}},
-                    ReadCase{"Noon", "11/21/2026 12:30PM", {2026, 11, 21, 12, 30, 0, 0}},
-                    ReadCase{"HourAlone", "11/21/2026 2 PM", {2026, 11, 21, 14, 0, 0, 0}},
-                    ReadCase{"Milliseconds", "20261121 14:02:03.045", {2026, 11, 21, 14, 2, 3, 45}},
-                    ReadCase{"OneDecimalOfASecond", "2026-11-21 14:02:03.5", {2026, 11, 21, 14, 2, 3, 500}},
-                    ReadCase{"WithT", "2026-11-21T14:02:03", {2026, 11, 21, 14, 2, 3, 0}},
-                    ReadCase{"TimeAlone", "14:02", {1900, 1, 1, 14, 2, 0, 0}},
-                    ReadCase{"NamedMonth", "Nov 21 2026  2:02PM", {2026, 11, 21, 14, 2, 0, 0}},
-                    ReadCase{"NamedMonthWithComma", "november 21, 2026", {2026, 11, 21, 0, 0, 0, 0}},
-                    ReadCase{"NamedMonthBehindTheDay", "21 NOV 2026", {2026, 11, 21, 0, 0, 0, 0}},
-                    ReadCase{"NamedMonthWithDashes", "21-Nov-2026", {2026, 11, 21, 0, 0, 0, 0}},
-                    ReadCase{"NamedMonthBehindTheYear", "2026 Nov 21", {2026, 11, 21, 0, 0, 0, 0}},
-                    ReadCase{"FirstDay", "1753-01-01", {1753, 1, 1, 0, 0, 0, 0}}),
+    testing::Values(DateCase{"Empty", "", {1900, 1, 1, 0, 0, 0, 0}},
+                    DateCase{"Blank", "   ", {1900, 1, 1, 0, 0, 0, 0}},
+                    DateCase{"MonthDayYear", "11/21/2026", {2026, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"WithoutLeadingZeros", " 1/2/2026 ", {2026, 1, 2, 0, 0, 0, 0}},
+                    DateCase{"Dashes", "11-21-2026", {2026, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"Points", "11.21.2026", {2026, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"ShortYear", "11/21/49", {2049, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"ShortYearOfTheLastCentury", "11/21/50", {1950, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"YearFirst", "2026-11-21", {2026, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"Digits", "20261121", {2026, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"SixDigits", "261121", {2026, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"YearAlone", "2026", {2026, 1, 1, 0, 0, 0, 0}},
+                    DateCase{"Afternoon", "11/21/2026 02:02:03 PM", {2026, 11, 21, 14, 2, 3, 0}},
+                    DateCase{"Midnight", "11/21/2026 12:00:00 AM", {2026, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"Noon", "11/21/2026 12:30PM", {2026, 11, 21, 12, 30, 0, 0}},
+                    DateCase{"HourAlone", "11/21/2026 2 PM", {2026, 11, 21, 14, 0, 0, 0}},
+                    DateCase{"Milliseconds", "20261121 14:02:03.045", {2026, 11, 21, 14, 2, 3, 45}},
+                    DateCase{"OneDecimalOfASecond", "2026-11-21 14:02:03.5", {2026, 11, 21, 14, 2, 3, 500}},
+                    DateCase{"WithT", "2026-11-21T14:02:03", {2026, 11, 21, 14, 2, 3, 0}},
+                    DateCase{"TimeAlone", "14:02", {1900, 1, 1, 14, 2, 0, 0}},
+                    DateCase{"NamedMonth", "Nov 21 2026  2:02PM", {2026, 11, 21, 14, 2, 0, 0}},
+                    DateCase{"NamedMonthWithComma", "november 21, 2026", {2026, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"NamedMonthBehindTheDay", "21 NOV 2026", {2026, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"NamedMonthWithDashes", "21-Nov-2026", {2026, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"NamedMonthBehindTheYear", "2026 Nov 21", {2026, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"FirstDay", "1753-01-01", {1753, 1, 1, 0, 0, 0, 0}}),
     CaseName());
 
 TEST_P(RefusedDate, WithItsReason) {

@@ -60,7 +60,7 @@ TEST_F(EmbeddedGatewayTest, ItsConnectionStringStaysAsOpened) {
 TEST_F(EmbeddedGatewayTest, AnUnknownDefaultDatabaseIsError911AndChangesNothing) {
     Gateway().SetDefaultDatabase(u"Clinical_Area"_s);
     for (const QString& name : {u"REPORTS"_s, u"Clinical_Areas"_s, u"Clinical"_s}) {
-        const Failure failure = FailureOf([&] { Gateway().SetDefaultDatabase(name); });
+        const RaisedError failure = FailureOf([&] { Gateway().SetDefaultDatabase(name); });
         EXPECT_EQ(failure.number, 911);
         EXPECT_EQ(failure.text, u"Database '"_s + name +
                                     u"' does not exist. Make sure that the name is entered correctly."_s);
@@ -106,7 +106,7 @@ TEST_F(EmbeddedGatewayTest, ATextThatIsMoreThanOneStatementIsRefusedWhole) {
               u"select * from Clinical_Area..tbSlip where 'x' = '"_s + text + u"'--"_s}) {
             const bool stillOneStatement =
                 command.startsWith(u"select"_s) && !text.contains(u"delete"_s) && !text.contains(u';');
-            const Failure failure = FailureOf(Gateway(), command);
+            const RaisedError failure = FailureOf(Gateway(), command);
             if (!stillOneStatement) {
                 EXPECT_TRUE(failure.number == 102 || failure.number == 105 || failure.number == 113)
                     << failure.number << ' ' << command.toStdString();
@@ -123,7 +123,7 @@ TEST_F(EmbeddedGatewayTest, WhatIsNoPlainStatementIsRefused) {
           u"begin transaction"_s, u"if 1 = 1 delete Clinical_Area..tbSlip"_s,
           u"with x as (select 1 as a) select * from x"_s, u"'text'"_s, u"1"_s, u"@x = 1"_s, u"(select 1)"_s,
           u"set nocount on"_s}) {
-        const Failure failure = FailureOf(Gateway(), command);
+        const RaisedError failure = FailureOf(Gateway(), command);
         EXPECT_TRUE(failure.number == 102 || failure.number == 156)
             << failure.number << ' ' << command.toStdString();
     }
@@ -182,7 +182,7 @@ TEST_F(EmbeddedGatewayTest, AWriterThatWaitsTooLongIsError1222AndChangesNothing)
     const auto other = hospital.Connect();
     other->Engine().Database().Run(u"BEGIN IMMEDIATE"_s);
     Gateway().SetCommandTimeout(1);
-    const Failure failure = FailureOf(Gateway(), kAdd);
+    const RaisedError failure = FailureOf(Gateway(), kAdd);
     EXPECT_EQ(failure.number, 1222);
     EXPECT_EQ(failure.text, u"Lock request time out period exceeded."_s);
     other->Engine().Database().Run(u"ROLLBACK"_s);
@@ -235,7 +235,7 @@ TEST_F(EmbeddedGatewayTest, ManyRowsHoldEachItsOwnValuesAlthoughTheyRepeat) {
 TEST_F(EmbeddedGatewayTest, ACommandIsGivenUpFromAnotherThreadHoweverLongItMayTake) {
     Gateway().SetCommandTimeout(0);
     std::jthread canceller([this] { Gateway().Cancel(); });
-    const Failure failure = FailureOf(Gateway(), Endless());
+    const RaisedError failure = FailureOf(Gateway(), Endless());
     EXPECT_EQ(failure.number, -2147217842);
     EXPECT_EQ(failure.text, u"Operation was canceled."_s);
 }
@@ -252,7 +252,7 @@ TEST_F(EmbeddedGatewayTest, ACommandThatWaitsForALockIsGivenUpHoweverLongItMayWa
             return 0;
         },
         &Gateway());
-    const Failure failure = FailureOf(Gateway(), kAdd);
+    const RaisedError failure = FailureOf(Gateway(), kAdd);
     EXPECT_EQ(failure.number, -2147217842);
     EXPECT_EQ(failure.text, u"Operation was canceled."_s);
     other->Engine().Database().Run(u"ROLLBACK"_s);
@@ -276,7 +276,7 @@ TEST_F(EmbeddedGatewayTest, AFullDiskIsError1105AndChangesNothing) {
         u"insert into Clinical_Area..tbPrint ([Slip #]) select 'x' from Clinical_Area..tbPatient as a "
         "inner join Clinical_Area..tbPatient as b on 1 = 1 inner join Clinical_Area..tbPatient as c "
         "on 1 = 1"_s;
-    Failure failure;
+    RaisedError failure;
     int done = 0;
     for (; done < 1000 && failure.number == 0; ++done)
         failure = FailureOf(Gateway(), insert);
@@ -416,7 +416,7 @@ TEST_F(EmbeddedGatewayTest, ARefusalEndsTheCommandWithItsNumberAndTextAndUndoesW
     const auto gateway = WithOwnName(hospital);
     gateway->SetSessionUser(u"CLERK"_s);
     const QStringList before = ContentOf(*gateway);
-    const Failure failure = FailureOf(*gateway, u"Clinical_Area..spOwnName 'ADMIN'"_s);
+    const RaisedError failure = FailureOf(*gateway, u"Clinical_Area..spOwnName 'ADMIN'"_s);
     EXPECT_EQ(failure.number, 50001);
     EXPECT_EQ(failure.text, u"That is another's name."_s);
     EXPECT_EQ(failure.state, u"42000"_s);

@@ -32,16 +32,6 @@ struct MistakeCase {
 
 class ExpressionMistake : public SharedHospital, public testing::WithParamInterface<MistakeCase> {};
 
-Value Exact(const char16_t* text) {
-    return Value(Decimal{QString::fromUtf16(text)});
-}
-Value Text(const char16_t* text) {
-    return Value(QString::fromUtf16(text));
-}
-Value Moment(const DateTime::Fields& fields) {
-    return Value(*DateTime::FromFields(fields));
-}
-
 } // namespace
 
 TEST_P(ExpressionValue, IsTheServers) {
@@ -102,10 +92,11 @@ INSTANTIATE_TEST_SUITE_P(
         ValueCase{"MoneyToTextHasTwoPlaces", u"cast(cast(1.2345 as money) as varchar(10))"_s, Text(u"1.23")},
         ValueCase{"DecimalToTextKeepsItsPlaces", u"cast(1.50 as varchar(10))"_s, Text(u"1.50")},
         ValueCase{"TextToDateTime", u"cast('20261121 14:02:03.045' as datetime)"_s,
-                  Moment({2026, 11, 21, 14, 2, 3, 45})},
-        ValueCase{"TextToDate", u"cast('11/21/2026 2:02 PM' as date)"_s, Moment({2026, 11, 21, 0, 0, 0, 0})},
-        ValueCase{"EmptyTextToDate", u"cast('' as datetime)"_s, Moment({1900, 1, 1, 0, 0, 0, 0})},
-        ValueCase{"NumberToDate", u"cast(1 as datetime)"_s, Moment({1900, 1, 2, 0, 0, 0, 0})},
+                  MomentOf({2026, 11, 21, 14, 2, 3, 45})},
+        ValueCase{"TextToDate", u"cast('11/21/2026 2:02 PM' as date)"_s,
+                  MomentOf({2026, 11, 21, 0, 0, 0, 0})},
+        ValueCase{"EmptyTextToDate", u"cast('' as datetime)"_s, MomentOf({1900, 1, 1, 0, 0, 0, 0})},
+        ValueCase{"NumberToDate", u"cast(1 as datetime)"_s, MomentOf({1900, 1, 2, 0, 0, 0, 0})},
         ValueCase{"DateTimeToText", u"cast(cast('2026-11-01 14:02' as datetime) as varchar(30))"_s,
                   Text(u"Nov  1 2026  2:02PM")},
         ValueCase{"DateToText", u"cast(cast('2026-11-01' as date) as varchar(30))"_s, Text(u"2026-11-01")},

@@ -26,16 +26,6 @@ struct FunctionMistake {
 
 class FunctionFailure : public SharedHospital, public testing::WithParamInterface<FunctionMistake> {};
 
-Value Exact(const char16_t* text) {
-    return Value(Decimal{QString::fromUtf16(text)});
-}
-Value Text(const char16_t* text) {
-    return Value(QString::fromUtf16(text));
-}
-Value Moment(const DateTime::Fields& fields) {
-    return Value(*DateTime::FromFields(fields));
-}
-
 } // namespace
 
 TEST_P(FunctionValue, IsTheServers) {
@@ -95,16 +85,17 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     Dates, FunctionValue,
     testing::Values(
-        FunctionCase{"GetDate", u"getdate()"_s, Moment({2026, 11, 21, 14, 2, 3, 456})},
-        FunctionCase{"AddDays", u"dateadd(day, -1, '2026-03-01')"_s, Moment({2026, 2, 28, 0, 0, 0, 0})},
+        FunctionCase{"GetDate", u"getdate()"_s, MomentOf({2026, 11, 21, 14, 2, 3, 456})},
+        FunctionCase{"AddDays", u"dateadd(day, -1, '2026-03-01')"_s, MomentOf({2026, 2, 28, 0, 0, 0, 0})},
         FunctionCase{"AddMonthsToTheLastDay", u"dateadd(month, 1, '2026-01-31')"_s,
-                     Moment({2026, 2, 28, 0, 0, 0, 0})},
+                     MomentOf({2026, 2, 28, 0, 0, 0, 0})},
         FunctionCase{"AddMonthsOverTheYear", u"dateadd(mm, -11, '2026-03-15')"_s,
-                     Moment({2025, 4, 15, 0, 0, 0, 0})},
+                     MomentOf({2025, 4, 15, 0, 0, 0, 0})},
         FunctionCase{"AddYearsFromALeapDay", u"dateadd(yy, 1, '2024-02-29')"_s,
-                     Moment({2025, 2, 28, 0, 0, 0, 0})},
-        FunctionCase{"AddHours", u"dateadd(hour, 25, '2026-01-01')"_s, Moment({2026, 1, 2, 1, 0, 0, 0})},
-        FunctionCase{"AddMinutes", u"dateadd(mi, -1, '2026-01-01')"_s, Moment({2025, 12, 31, 23, 59, 0, 0})},
+                     MomentOf({2025, 2, 28, 0, 0, 0, 0})},
+        FunctionCase{"AddHours", u"dateadd(hour, 25, '2026-01-01')"_s, MomentOf({2026, 1, 2, 1, 0, 0, 0})},
+        FunctionCase{"AddMinutes", u"dateadd(mi, -1, '2026-01-01')"_s,
+                     MomentOf({2025, 12, 31, 23, 59, 0, 0})},
         FunctionCase{"AddToNull", u"dateadd(day, 1, NULL)"_s, Value()},
         FunctionCase{"DaysCountMidnights", u"datediff(day, '2026-01-01 23:59', '2026-01-02 00:01')"_s,
                      Value(1)},
@@ -140,7 +131,7 @@ INSTANTIATE_TEST_SUITE_P(
                     FunctionCase{"AverageOfIntsIsCut", u"avg(Quantity)"_s, Value(1)},
                     FunctionCase{"AverageOfDecimalHasSixPlaces", u"avg(Rate)"_s, Exact(u"12.350000")},
                     FunctionCase{"AverageOfNothing", u"avg(case when 1 = 2 then Quantity end)"_s, Value()},
-                    FunctionCase{"MinOfDates", u"min(ChargeDate)"_s, Moment({2026, 11, 20, 0, 0, 0, 0})},
+                    FunctionCase{"MinOfDates", u"min(ChargeDate)"_s, MomentOf({2026, 11, 20, 0, 0, 0, 0})},
                     FunctionCase{"MaxOfMoney", u"max(Amount)"_s, Exact(u"1250.5000")},
                     FunctionCase{"RoundedSum", u"round(sum(Amount), 0)"_s, Exact(u"1251.0000")}),
     CaseName());

@@ -30,7 +30,7 @@ class HospitalFileTest : public testing::Test {
     QString Path() const { return folder.filePath(u"hospital.db"_s); }
     void Create() { HospitalFile::Create(Path(), scripts); }
     std::unique_ptr<EmbeddedGateway> Open() { return HospitalFile::Open(Path(), scripts); }
-    Failure OpenFailure() {
+    RaisedError OpenFailure() {
         return FailureOf([this] { Open(); });
     }
     QStringList Files() const { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); }
@@ -123,7 +123,7 @@ TEST_F(HospitalFileTest, CreateInAFolderThatIsNotThereIsAnError) {
 
 TEST_F(HospitalFileTest, AFailingScriptLeavesNothing) {
     scripts.push_back({u"demo/20-bad.sql"_s, u"USE BILLING;\nGO\n\nDELETE FROM BILLING..tbNothing;\n"_s});
-    const Failure failure = FailureOf([this] { Create(); });
+    const RaisedError failure = FailureOf([this] { Create(); });
     EXPECT_EQ(failure.number, 208);
     EXPECT_EQ(failure.text, u"demo/20-bad.sql, line 4: Invalid object name 'BILLING..tbNothing'."_s);
     EXPECT_EQ(Files(), QStringList());
@@ -239,7 +239,7 @@ TEST_F(HospitalFileTest, AHospitalThatSomebodyHasOpenIsNotReplaced) {
     // The clerk works in another process than the one that wants to make the hospital anew.
     const auto clerk = Open();
     const int code = RunInChild([this] {
-        const Failure failure = FailureOf(
+        const RaisedError failure = FailureOf(
             [this] { HospitalFile::Replace(Path(), scripts, [](int, int, const QString&) { _exit(1); }); });
         const QString expected =
             u"Cannot replace the hospital's file '"_s + Path() + u"' because it is currently in use."_s;
@@ -253,7 +253,7 @@ TEST_F(HospitalFileTest, AHospitalThatSomebodyHasOpenIsNotReplaced) {
 TEST_F(HospitalFileTest, AHospitalThatIsOpenedWhileItsSuccessorIsMadeStays) {
     Create();
     std::unique_ptr<EmbeddedGateway> clerk;
-    const Failure failure = FailureOf([&] {
+    const RaisedError failure = FailureOf([&] {
         HospitalFile::Replace(Path(), scripts, [&](int done, int total, const QString&) {
             if (done == total)
                 clerk = Open();
@@ -319,7 +319,7 @@ TEST_F(HospitalFileTest, AProcedureThatTheScriptsHaveNoMoreIsGone) {
 TEST_F(HospitalFileTest, AFaultyNewProcedureLeavesTheOldOnes) {
     Create();
     Named(kGetPatientName).text.replace(u"LastName,"_s, u"Nothing,"_s);
-    const Failure failure = OpenFailure();
+    const RaisedError failure = OpenFailure();
     EXPECT_EQ(failure.number, 207);
     EXPECT_TRUE(failure.text.startsWith(kGetPatientName + u", line 3: "_s)) << failure.text.toStdString();
     EmbeddedGateway plain(Path());
@@ -330,7 +330,7 @@ TEST_F(HospitalFileTest, OtherTablesAreAnotherVersion) {
     Create();
     const QByteArray before = Content();
     Named(u"schema/10-all.sql"_s).text.replace(u"ChargeSlip int"_s, u"ChargeSlip bigint"_s);
-    const Failure failure = OpenFailure();
+    const RaisedError failure = OpenFailure();
     EXPECT_EQ(failure.number, 948);
     EXPECT_TRUE(failure.text.contains(u"made by another version"_s)) << failure.text.toStdString();
     EXPECT_EQ(Content(), before);
@@ -361,7 +361,7 @@ TEST_F(HospitalFileTest, TheDatabaseOfAnotherProgramIsRefusedAndKept) {
     MakeForeignDatabase(
         "PRAGMA journal_mode = WAL; CREATE TABLE stamps (name); INSERT INTO stamps VALUES ('penny')");
     const QByteArray before = Content();
-    const Failure failure = OpenFailure();
+    const RaisedError failure = OpenFailure();
     EXPECT_EQ(failure.number, 5171);
     EXPECT_TRUE(failure.text.contains(u"another program"_s)) << failure.text.toStdString();
     EXPECT_EQ(Content(), before);
@@ -540,7 +540,7 @@ TEST_F(HospitalFileTest, TheLockOfAMachineOfAnotherNameIsNotWaitedForLong) {
     left.write("4711\ntarven-hemodialysis\nOLD-DESK\n\n\n");
     left.close();
     int waits = 0;
-    const Failure failure = FailureOf(
+    const RaisedError failure = FailureOf(
         [&] { HospitalFile::Create(Path(), scripts, [&waits](int, int, const QString&) { ++waits; }); });
     EXPECT_EQ(failure.number, 5120);
     EXPECT_TRUE(failure.text.contains(u"OLD-DESK"_s)) << failure.text.toStdString();
@@ -555,7 +555,7 @@ TEST_F(HospitalFileTest, AFileThatNobodyClosedIsCheckedAndRefusedWhenItIsDamaged
     EXPECT_EQ(OpenFailure().number, 0) << "a process that was killed does no harm";
     WriteAndBeKilled();
     Damage(Path());
-    const Failure failure = OpenFailure();
+    const RaisedError failure = OpenFailure();
     EXPECT_EQ(failure.number, 824);
     EXPECT_TRUE(failure.text.contains(u"is damaged"_s)) << failure.text.toStdString();
 }

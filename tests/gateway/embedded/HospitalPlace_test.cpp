@@ -47,7 +47,7 @@ TEST_F(HospitalPlace, NothingIsError53) {
 TEST_F(HospitalPlace, APipeAFolderAndADeviceAreNoHospital) {
     ASSERT_EQ(::mkfifo(QFile::encodeName(Path()).constData(), 0600), 0);
     for (const QString& path : {Path(), folder.path(), u"/dev/zero"_s}) {
-        const Failure failure = FailureOf([&path] { RequireOrdinaryFile(path); });
+        const RaisedError failure = FailureOf([&path] { RequireOrdinaryFile(path); });
         EXPECT_EQ(failure.number, 5171) << path.toStdString();
         EXPECT_TRUE(failure.text.contains(u"a folder, a pipe or a device"_s)) << failure.text.toStdString();
     }
@@ -72,8 +72,8 @@ TEST_F(HospitalPlace, ALinkIsFollowedToTheFileWhereverItStands) {
 TEST_F(HospitalPlace, TheHomeFolderItselfIsNoPlace) {
     const QByteArray home = qgetenv("HOME");
     qputenv("HOME", QFile::encodeName(folder.path()));
-    const Failure inHome = FailureOf([this] { RequireFolderOfItsOwn(Path()); });
-    const Failure below = FailureOf([this] { RequireFolderOfItsOwn(folder.filePath(u"share/h.db"_s)); });
+    const RaisedError inHome = FailureOf([this] { RequireFolderOfItsOwn(Path()); });
+    const RaisedError below = FailureOf([this] { RequireFolderOfItsOwn(folder.filePath(u"share/h.db"_s)); });
     qputenv("HOME", home);
     EXPECT_EQ(inHome.number, 5120);
     EXPECT_TRUE(inHome.text.contains(u"home folder"_s)) << inHome.text.toStdString();
@@ -86,7 +86,7 @@ TEST_F(HospitalPlace, AFileOnANetworkDriveIsRefusedInWords) {
         asked = path;
         return QByteArray("nfs4");
     });
-    const Failure failure = FailureOf([this] { RequireLocalDisk(Path()); });
+    const RaisedError failure = FailureOf([this] { RequireLocalDisk(Path()); });
     EXPECT_EQ(asked, Path());
     EXPECT_EQ(failure.number, 5120);
     EXPECT_TRUE(failure.text.contains(u"network drive (nfs4)"_s)) << failure.text.toStdString();

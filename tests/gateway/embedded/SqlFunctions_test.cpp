@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-Failure FailureOfSql(EmbeddedGateway& gateway, const QString& sql) {
+RaisedError FailureOfSql(EmbeddedGateway& gateway, const QString& sql) {
     return FailureOf([&] { gateway.Engine().Database().RunForValue(sql); });
 }
 

@@ -58,7 +58,7 @@ TEST_F(TransactionTest, AReaderSeesOneStateAndStopsNoWriter) {
 }
 
 TEST_F(TransactionTest, WhatIsNoStatementOfSqlitesIsAnErrorOfTheServer) {
-    const Failure failure = FailureOf([this] { first.Run(u"nonsense"_s); });
+    const RaisedError failure = FailureOf([this] { first.Run(u"nonsense"_s); });
     EXPECT_EQ(failure.number, 8180);
     EXPECT_TRUE(failure.text.contains(u"nonsense"_s)) << failure.text.toStdString();
 }

@@ -67,7 +67,7 @@ TEST_F(OdbcGatewayTest, OneCommandIsOneRoundTrip) {
 
 TEST_F(OdbcGatewayTest, TextThatTheDriverWouldAlterIsRefusedAndNotSent) {
     for (const auto& [command, near] : kAlteredByFreeTds) {
-        const Failure failure = FailureOfCommand(command);
+        const RaisedError failure = FailureOfCommand(command);
         EXPECT_EQ(failure.number, 102) << command.toStdString();
         EXPECT_EQ(failure.text, u"Incorrect syntax near '%1'."_s.arg(near)) << command.toStdString();
         EXPECT_EQ(failure.state, u"42000"_s);
@@ -107,7 +107,7 @@ TEST_F(OdbcGatewayTest, ANameOfADataSourceMayHaveBlanksAndSigns) {
 
 TEST_F(OdbcGatewayTest, WrongPasswordIsTheServersOwnError) {
     mServer.Admit(u"NURSE"_s, u"nurse"_s);
-    const Failure failure = FailureOf([this] { OdbcGateway(mSource, u"NURSE"_s, u"wrong"_s); });
+    const RaisedError failure = FailureOf([this] { OdbcGateway(mSource, u"NURSE"_s, u"wrong"_s); });
     EXPECT_EQ(failure.number, 18456);
     EXPECT_EQ(failure.text, u"Login failed for user 'NURSE'."_s);
 }
@@ -118,7 +118,7 @@ TEST_F(OdbcGatewayTest, ConnectionStringHasNoPassword) {
 }
 
 TEST_F(OdbcGatewayTest, UnknownDataSourceIsToldByTheDriverManager) {
-    const Failure failure = FailureOf([] { OdbcGateway(u"closed long ago"_s, u"u"_s, u"p"_s); });
+    const RaisedError failure = FailureOf([] { OdbcGateway(u"closed long ago"_s, u"u"_s, u"p"_s); });
     EXPECT_EQ(failure.number, kOdbcFailure);
     EXPECT_EQ(failure.text, u"Data source name not found and no default driver specified"_s);
     EXPECT_EQ(failure.state, u"IM002"_s);
@@ -126,7 +126,7 @@ TEST_F(OdbcGatewayTest, UnknownDataSourceIsToldByTheDriverManager) {
 
 TEST_F(OdbcGatewayTest, DataSourceWithoutItsDriverIsToldByTheDriverManager) {
     TestDataSources::Instance().Add(u"No driver"_s, u"Driver=/nowhere/libdriver.so\n"_s);
-    const Failure failure = FailureOf([] { OdbcGateway(u"No driver"_s, u"u"_s, u"p"_s); });
+    const RaisedError failure = FailureOf([] { OdbcGateway(u"No driver"_s, u"u"_s, u"p"_s); });
     TestDataSources::Instance().Remove(u"No driver"_s);
     EXPECT_EQ(failure.number, kOdbcFailure);
     EXPECT_EQ(failure.text, u"Can't open lib '/nowhere/libdriver.so' : file not found"_s);
@@ -134,7 +134,7 @@ TEST_F(OdbcGatewayTest, DataSourceWithoutItsDriverIsToldByTheDriverManager) {
 
 TEST_F(OdbcGatewayTest, ServerThatIsGoneIsToldByTheDriver) {
     mServer.Close();
-    const Failure failure = FailureOf([this] { Connect(); });
+    const RaisedError failure = FailureOf([this] { Connect(); });
     EXPECT_NE(failure.number, 0);
     EXPECT_TRUE(failure.text.startsWith(u"Unable to connect"_s)) << failure.text.toStdString();
 }
@@ -164,7 +164,7 @@ TEST_F(OdbcGatewayTest, DatabaseThatTheServerHasNotIsItsError) {
         answer.Error(911,
                      u"Database 'NOWHERE' does not exist. Make sure that the name is entered correctly."_s);
     });
-    const Failure failure = FailureOf([this] { mGateway->SetDefaultDatabase(u"NOWHERE"_s); });
+    const RaisedError failure = FailureOf([this] { mGateway->SetDefaultDatabase(u"NOWHERE"_s); });
     EXPECT_EQ(failure.number, 911);
     EXPECT_TRUE(failure.text.startsWith(u"Database 'NOWHERE' does not exist."_s));
     EXPECT_EQ(mGateway->DefaultDatabase(), QString());
@@ -230,7 +230,7 @@ TEST_F(OdbcGatewayTest, ErrorHasTheServersNumberAndText) {
     AnswerWith([](const QString&, TdsAnswer& answer) {
         answer.Error(50001, u"[HC] La Niña's slip is closed. [SQL Server]"_s);
     });
-    const Failure failure = FailureOfCommand();
+    const RaisedError failure = FailureOfCommand();
     EXPECT_EQ(failure.number, 50001);
     EXPECT_EQ(failure.text, u"[HC] La Niña's slip is closed. [SQL Server]"_s);
     EXPECT_EQ(failure.state, u"42000"_s);
@@ -240,7 +240,7 @@ TEST_F(OdbcGatewayTest, MissingProcedureIsToldAsTheServerTellsIt) {
     AnswerWith([](const QString&, TdsAnswer& answer) {
         answer.Error(2812, u"Could not find stored procedure 'Clinical_Area..spNowhere'."_s);
     });
-    const Failure failure = FailureOfCommand(u"Clinical_Area..spNowhere 'HC'"_s);
+    const RaisedError failure = FailureOfCommand(u"Clinical_Area..spNowhere 'HC'"_s);
     EXPECT_EQ(failure.number, 2812);
     EXPECT_EQ(failure.text, u"Could not find stored procedure 'Clinical_Area..spNowhere'."_s);
     EXPECT_EQ(mServer.Batches(), QStringList{u"Clinical_Area..spNowhere 'HC'"_s});
@@ -292,7 +292,7 @@ TEST_F(OdbcGatewayTest, CommandThatTakesTooLongFailsAndTheNextOneWorks) {
         answer.Done(1);
     });
     mGateway->SetCommandTimeout(1);
-    const Failure failure = FailureOfCommand(u"slow"_s);
+    const RaisedError failure = FailureOfCommand(u"slow"_s);
     EXPECT_EQ(failure.text, u"Timeout expired"_s);
     EXPECT_EQ(failure.state, u"HYT00"_s);
     mGateway->SetCommandTimeout(kPatient);
@@ -326,7 +326,7 @@ TEST_F(OdbcGatewayTest, ACommandIsGivenUpFromAnotherThreadHoweverLongItMayTake) 
         running.get_future().wait();
         mGateway->Cancel();
     });
-    const Failure failure = FailureOfCommand();
+    const RaisedError failure = FailureOfCommand();
     EXPECT_EQ(failure.number, -2147217842);
     EXPECT_EQ(failure.text, u"Operation was canceled."_s);
     EXPECT_EQ(failure.state, u"HY008"_s);
@@ -401,7 +401,7 @@ TEST_F(OdbcGatewayTest, ServerThatDiesBetweenCommandsIsNoticedByEveryCommandThat
     mServer.Close();
     EXPECT_TRUE(mGateway->Connected());
     for (int i = 0; i < 3; ++i) {
-        const Failure failure = FailureOfCommand();
+        const RaisedError failure = FailureOfCommand();
         EXPECT_EQ(failure.text, u"Communication link failure"_s);
         EXPECT_EQ(failure.state, u"08S01"_s);
     }

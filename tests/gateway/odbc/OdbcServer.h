@@ -31,7 +31,7 @@ class OdbcServer : public testing::Test {
     void AnswerWith(TdsResponder::Handler answer) { mAnswer = std::move(answer); }
 
     /// What a command fails with.
-    Failure FailureOfCommand(const QString& command = QStringLiteral("anything")) {
+    RaisedError FailureOfCommand(const QString& command = QStringLiteral("anything")) {
         return FailureOf(*mGateway, command);
     }
 

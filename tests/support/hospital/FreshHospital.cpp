@@ -1,0 +1,36 @@
+#include "support/hospital/FreshHospital.h"
+
+#include "gateway/embedded/HospitalFile.h"
+#include "hospital/HospitalScripts.h"
+#include "text/Clock.h"
+#include "text/Format.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+QString FreshHospital() {
+    const QFileInfo program(QFileInfo(u"/proc/self/exe"_s).canonicalFilePath());
+    const QDir folder(u"" TARVEN_BUILD_DIR "/trial-hospitals"_s);
+    // Its dates go by the day on which it is made.
+    const QString path = folder.filePath(u"%1-%2-%3.db"_s.arg(program.fileName())
+                                             .arg(program.lastModified().toMSecsSinceEpoch())
+                                             .arg(Format(Today(), u"yyyymmdd")));
+    if (QFile::exists(path))
+        return path;
+    folder.mkpath(u"."_s);
+    for (const QString& old : folder.entryList({program.fileName() + u"-*.db"_s}, QDir::Files))
+        QFile::remove(folder.filePath(old));
+    // Made in a folder of its own and moved into place.
+    const QTemporaryDir making(folder.filePath(u"making-XXXXXX"_s));
+    const QString made = making.filePath(u"hospital.db"_s);
+    HospitalFile::Create(made, HospitalScripts());
+    std::rename(QFile::encodeName(made).constData(), QFile::encodeName(path).constData());
+    return path;
+}

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QString>
+
+/// The path of the trial hospital as it is made on the day that the clock shows, for tests that copy it. It
+/// is made once for each day and each build of the test program, which has the scripts and the engine in it,
+/// so tests may run side by side, and each in a process of its own.
+QString FreshHospital();
