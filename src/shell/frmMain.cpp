@@ -24,6 +24,7 @@
 #include "toolkit/EndProcess.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/Screens.h"
+#include "toolkit/ShowModal.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -69,7 +70,7 @@ void frmMain::Form_Load() {
         UnloadMain();
         EndProcess();
     }
-    activateWindow();
+    BringBack(*this);
     TakeConnection();
     ReadHospitalRecord();
     CreateWardComponents();

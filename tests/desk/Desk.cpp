@@ -147,9 +147,21 @@ void Desk::OpenByClass(const QString& screen) {
 }
 
 void Desk::DoubleClick(const QString& control) {
-    const Control shown = ExpectControl(control);
-    mSeat->Click(shown.place.center());
-    mSeat->Click(shown.place.center());
+    const QPoint middle = PlaceAtRest(control).center();
+    mSeat->Click(middle);
+    mSeat->Click(middle);
+}
+
+QRect Desk::PlaceAtRest(const QString& control) {
+    constexpr std::chrono::milliseconds kRest(100);
+    WindowOf(ExpectControl(control).window);
+    return Await(
+        [&] {
+            const QRect place = ExpectControl(control).place;
+            std::this_thread::sleep_for(kRest);
+            return ExpectControl(control).place == place ? std::optional(place) : std::nullopt;
+        },
+        control + u" to stand still"_s);
 }
 
 void Desk::Click(const QString& control) {

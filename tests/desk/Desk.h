@@ -104,6 +104,8 @@ class Desk : public testing::Test {
     bool IsFramed(const ShownWindow& shown) const;
     void Take(const Step& step);
     void DoubleClick(const QString& control);
+    /// Where a control stands once its window has come to rest in its frame.
+    QRect PlaceAtRest(const QString& control);
     void OpenByClass(const QString& screen);
     State AskState();
     QJsonObject Ask(const QByteArray& question);
