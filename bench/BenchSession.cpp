@@ -1,13 +1,13 @@
 #include "BenchSession.h"
 
-#include "gateway/embedded/HospitalFile.h"
+#include "components/shared.h"
+#include "driver/Department.h"
 #include "GiveUp.h"
 #include "hospital/HospitalScripts.h"
 #include "shell/RegisterScreens.h"
-#include "shell/shared.h"
 #include "suite/RegisterSuite.h"
 #include "toolkit/ProgramFiles.h"
-#include "tour/Department.h"
+#include "trial/HospitalFile.h"
 
 #include <QFile>
 

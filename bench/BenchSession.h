@@ -1,7 +1,7 @@
 #pragma once
 
 #include "components/clsCurrentUser.h"
-#include "gateway/embedded/EmbeddedGateway.h"
+#include "trial/EmbeddedGateway.h"
 
 #include <QString>
 #include <QTemporaryDir>

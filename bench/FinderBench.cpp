@@ -1,19 +1,19 @@
 #include "Benches.h"
 #include "BenchSession.h"
 #include "BenchTable.h"
-#include "gateway/embedded/HospitalEngine.h"
-#include "gateway/embedded/HospitalFile.h"
+#include "components/shared.h"
 #include "GiveUp.h"
-#include "hospital/generator/HospitalGenerator.h"
+#include "hospital-generator/HospitalGenerator.h"
 #include "hospital/HospitalScripts.h"
 #include "patients/FinderTarget.h"
 #include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
 #include "RecordedStatements.h"
-#include "shell/shared.h"
 #include "text/TextOrder.h"
 #include "toolkit/ListView.h"
 #include "toolkit/Screens.h"
+#include "trial/HospitalEngine.h"
+#include "trial/HospitalFile.h"
 
 #include <QCoreApplication>
 #include <QPushButton>

@@ -1,15 +1,15 @@
 #include "Benches.h"
 #include "BenchSession.h"
 #include "BenchTable.h"
-#include "gateway/embedded/EmbeddedGateway.h"
-#include "gateway/embedded/HospitalFile.h"
+#include "driver/Driver.h"
+#include "driver/SignOn.h"
 #include "GiveUp.h"
 #include "hospital/HospitalScripts.h"
 #include "shell/Main.h"
 #include "toolkit/Application.h"
 #include "toolkit/ProgramFiles.h"
-#include "tour/Driver.h"
-#include "tour/SignOn.h"
+#include "trial/EmbeddedGateway.h"
+#include "trial/HospitalFile.h"
 
 #include <QProcess>
 #include <QTemporaryDir>

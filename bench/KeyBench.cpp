@@ -3,7 +3,7 @@
 #include "BenchTable.h"
 #include "charges/ChargeColumns.h"
 #include "charges/frmPostCharges.h"
-#include "shell/shared.h"
+#include "components/shared.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Screens.h"
 

@@ -1,6 +1,6 @@
 #include "Benches.h"
 #include "BenchTable.h"
-#include "gateway/odbc/OdbcGateway.h"
+#include "odbc/OdbcGateway.h"
 #include "support/tds/TdsResponder.h"
 #include "support/tds/TestDataSources.h"
 

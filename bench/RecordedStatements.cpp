@@ -1,7 +1,7 @@
 #include "RecordedStatements.h"
 
-#include "gateway/embedded/SqliteDatabase.h"
 #include "GiveUp.h"
+#include "trial/sqlite/SqliteDatabase.h"
 
 #include <sqlite3.h>
 

@@ -1,10 +1,10 @@
 #include "Benches.h"
 #include "BenchTable.h"
 #include "GiveUp.h"
-#include "reporting/PageView.h"
-#include "reporting/PdfJob.h"
-#include "reporting/ReportDocument.h"
-#include "reporting/TemplateReader.h"
+#include "report/output/PdfJob.h"
+#include "report/pages/ReportDocument.h"
+#include "report/template/TemplateReader.h"
+#include "report/viewer/PageView.h"
 
 #include <QApplication>
 #include <QFile>

@@ -4,12 +4,12 @@
 #include "charges/ChargeColumns.h"
 #include "charges/frmAssessment.h"
 #include "charges/frmPostCharges.h"
-#include "gateway/embedded/HospitalEngine.h"
-#include "gateway/embedded/SqlFunctions.h"
+#include "components/shared.h"
 #include "RecordedStatements.h"
-#include "shell/shared.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Screens.h"
+#include "trial/HospitalEngine.h"
+#include "trial/sqlite/SqlFunctions.h"
 
 #include <functional>
 

@@ -1,11 +1,11 @@
 #include "YearHospital.h"
 
-#include "gateway/embedded/EmbeddedGateway.h"
-#include "gateway/embedded/HospitalEngine.h"
-#include "gateway/embedded/HospitalFile.h"
 #include "GiveUp.h"
-#include "hospital/generator/HospitalGenerator.h"
+#include "hospital-generator/HospitalGenerator.h"
 #include "hospital/HospitalScripts.h"
+#include "trial/EmbeddedGateway.h"
+#include "trial/HospitalEngine.h"
+#include "trial/HospitalFile.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>

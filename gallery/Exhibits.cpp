@@ -1,15 +1,15 @@
 #include "gallery/Exhibits.h"
 
-#include "charges/frmRates.h"
+#include "catalogue/frmRates.h"
+#include "catalogue/frmSearcher.h"
+#include "driver/Driver.h"
 #include "maintenance/frmReprint.h"
 #include "patients/frmARPatients.h"
 #include "patients/frmCashPatients.h"
 #include "patients/frmRegisteredOPD.h"
-#include "patients/frmSearcher.h"
 #include "patients/frmWalkIn.h"
 #include "patients/frmWalkInUpdate.h"
 #include "toolkit/Screens.h"
-#include "tour/Driver.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,13 +1,13 @@
 #include "shell/Main.h"
 
+#include "driver/Department.h"
+#include "driver/Driver.h"
+#include "driver/Screenshot.h"
+#include "driver/SignOn.h"
 #include "gallery/Exhibits.h"
 #include "shell/RegisterScreens.h"
 #include "suite/RegisterSuite.h"
 #include "toolkit/Application.h"
-#include "tour/Department.h"
-#include "tour/Driver.h"
-#include "tour/Screenshot.h"
-#include "tour/SignOn.h"
 
 #include <QDir>
 #include <QTemporaryDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gateway/embedded/HospitalFile.h"
+#include "trial/HospitalFile.h"
 
 #include <vector>
 

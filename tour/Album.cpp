@@ -1,6 +1,6 @@
 #include "tour/Album.h"
 
-#include "tour/Screenshot.h"
+#include "driver/Screenshot.h"
 
 using namespace Qt::StringLiterals;
 

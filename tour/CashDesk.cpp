@@ -1,7 +1,7 @@
 #include "tour/CashDesk.h"
 
+#include "driver/Driver.h"
 #include "tour/Album.h"
-#include "tour/Driver.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 #include "tour/DepartmentReports.h"
 
+#include "driver/Driver.h"
 #include "tour/Album.h"
-#include "tour/Driver.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "tour/Wards.h"
 
+#include "driver/Driver.h"
 #include "tour/Album.h"
-#include "tour/Driver.h"
 
 #include <QCoreApplication>
 #include <QMouseEvent>

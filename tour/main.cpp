@@ -1,15 +1,15 @@
 #include "shell/Main.h"
 
+#include "driver/Department.h"
+#include "driver/Driver.h"
+#include "driver/SignOn.h"
 #include "shell/RegisterScreens.h"
 #include "suite/RegisterSuite.h"
 #include "toolkit/Application.h"
 #include "toolkit/FileDialogs.h"
 #include "tour/Album.h"
 #include "tour/CashDesk.h"
-#include "tour/Department.h"
 #include "tour/DepartmentReports.h"
-#include "tour/Driver.h"
-#include "tour/SignOn.h"
 #include "tour/Wards.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "charges/ChargeGrid.h"
 
-#include "shell/shared.h"
+#include "components/shared.h"
 #include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Focus.h"

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "catalogue/clsRevenueCode.h"
 #include "charges/ChargeLines.h"
-#include "charges/clsRevenueCode.h"
 #include "charges/ItemLookup.h"
 
 #include <QObject>

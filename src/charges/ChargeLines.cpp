@@ -1,6 +1,6 @@
 #include "charges/ChargeLines.h"
 
-#include "charges/clsRevenueCode.h"
+#include "catalogue/clsRevenueCode.h"
 #include "text/Format.h"
 #include "text/RunTimeError.h"
 #include "text/Trim.h"

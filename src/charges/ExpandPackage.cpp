@@ -2,9 +2,9 @@
 
 #include "charges/ChargeColumns.h"
 #include "charges/commands.h"
+#include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/frmSearchPatient.h"
-#include "shell/shared.h"
 #include "text/Clock.h"
 #include "text/Format.h"
 #include "text/Trim.h"

@@ -1,8 +1,8 @@
 #include "charges/ItemLookup.h"
 
 #include "charges/ChargeLines.h"
+#include "components/shared.h"
 #include "patients/PatientContext.h"
-#include "shell/shared.h"
 #include "text/Format.h"
 #include "text/IsNumeric.h"
 #include "text/RunTimeError.h"

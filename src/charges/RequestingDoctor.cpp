@@ -1,6 +1,6 @@
 #include "charges/RequestingDoctor.h"
 
-#include "shell/shared.h"
+#include "components/shared.h"
 #include "toolkit/SendKeys.h"
 
 #include <QLineEdit>

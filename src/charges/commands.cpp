@@ -2,22 +2,6 @@
 
 using namespace Qt::StringLiterals;
 
-QString ExactRevenueCommand(const QString& code) {
-    return u"Clinical_Area..spEarCare_SearchRevenue '1','"_s + code + u"'"_s;
-}
-
-QString PartialRevenueCommand(const QString& text) {
-    return u"Clinical_Area..spEarCare_SearchRevenue '2','"_s + text + u"'"_s;
-}
-
-QString RevenueListQuery() {
-    return u"Clinical_Area..spEarCare_SearchRevenue '0','##'"_s;
-}
-
-QString RatesCommand(const QString& revenueID) {
-    return u"Hemodialysis..spKidney_Rates '"_s + revenueID + u"'"_s;
-}
-
 QString ChargeSlipCounterCommand() {
     return u"Select * from Clinical_Area..tbEarCareChargeSlip"_s;
 }

@@ -1,7 +1,7 @@
 #include "charges/ChargeGrid.h"
 #include "charges/ChargeScreenParts.h"
 #include "charges/frmPostCharges.h"
-#include "shell/shared.h"
+#include "components/shared.h"
 #include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Look.h"

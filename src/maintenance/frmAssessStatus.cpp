@@ -1,9 +1,9 @@
 #include "maintenance/frmAssessStatus.h"
 
+#include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "maintenance/commands.h"
-#include "reporting/Reports.h"
-#include "shell/shared.h"
+#include "reports/Reports.h"
 #include "text/IsDate.h"
 #include "text/Trim.h"
 #include "toolkit/Controls.h"

@@ -1,11 +1,11 @@
 #include "maintenance/frmListCharges.h"
 
+#include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "maintenance/commands.h"
 #include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
-#include "reporting/Reports.h"
-#include "shell/shared.h"
+#include "reports/Reports.h"
 #include "text/Clock.h"
 #include "text/Format.h"
 #include "text/ToText.h"

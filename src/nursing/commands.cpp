@@ -19,3 +19,7 @@ QString LoadExamCommand(const QString& idNum) {
 QString RevokeNurseRequestCommand(const QString& requestNumber, const QString& employeeCode) {
     return u"RADIOLOGY..spRadio_RevokeNurseRequest '"_s + requestNumber + u"','"_s + employeeCode + u"'"_s;
 }
+
+QString CheckPendingCommand() {
+    return u"RADIOLOGY..spRadio_CheckPending 'HC'"_s;
+}

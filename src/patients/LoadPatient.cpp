@@ -1,11 +1,11 @@
 #include "patients/LoadPatient.h"
 
+#include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/commands.h"
 #include "patients/FinderTarget.h"
 #include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
-#include "shell/shared.h"
 #include "text/Clock.h"
 #include "text/DateDiff.h"
 #include "text/Format.h"

@@ -1,9 +1,9 @@
 #include "patients/clsOutpatientSearch.h"
 
+#include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/commands.h"
 #include "patients/frmRegisteredOPD.h"
-#include "shell/shared.h"
 #include "text/Format.h"
 #include "toolkit/Screens.h"
 

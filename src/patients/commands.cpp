@@ -58,14 +58,3 @@ QString RegisteredOPDCommand(const QString& current, const QString& kind, const 
 QString SearchBilledPatientCommand(const QString& patientType, const QString& text) {
     return u"HEMODIALYSIS..spKidney_SearchPatient '"_s + patientType + u"','"_s + text + u"'"_s;
 }
-
-QString UltraExamsCommand() {
-    // Kept: the first heading is misspelled.
-    return u"select ultraexam as UtraExam, ultraexamid as UltraExamId from build_file..tbcoultraexam"_s;
-}
-
-QString SearchUltraExamCommand(const QString& text) {
-    // Kept: no blank stands behind "like".
-    return u"select ultraexam, ultraexamid from build_file..tbcoultraexam where ultraexam like'"_s + text +
-           u"%'"_s;
-}

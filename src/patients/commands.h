@@ -53,8 +53,3 @@ QString RegisteredOPDCommand(const QString& current, const QString& kind, const 
 
 /// Lists the patients of a type who have a billing record.
 QString SearchBilledPatientCommand(const QString& patientType, const QString& text);
-
-/// Every ultrasound examination.
-QString UltraExamsCommand();
-/// The ultrasound examinations whose name begins with the text.
-QString SearchUltraExamCommand(const QString& text);

@@ -1,8 +1,8 @@
 #include "patients/frmARPatients.h"
 
+#include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/commands.h"
-#include "shell/shared.h"
 #include "text/Trim.h"
 #include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"

@@ -1,9 +1,9 @@
 #include "patients/frmCashPatients.h"
 
+#include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/commands.h"
 #include "patients/frmWalkIn.h"
-#include "shell/shared.h"
 #include "text/Format.h"
 #include "text/Trim.h"
 #include "text/UCase.h"

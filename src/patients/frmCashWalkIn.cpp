@@ -1,11 +1,11 @@
 #include "patients/frmCashWalkIn.h"
 
+#include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/CashTarget.h"
 #include "patients/commands.h"
 #include "patients/frmCashWalkInPatient.h"
 #include "patients/PatientContext.h"
-#include "shell/shared.h"
 #include "text/IsNumeric.h"
 #include "text/Trim.h"
 #include "toolkit/Controls.h"

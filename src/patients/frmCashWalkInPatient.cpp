@@ -1,10 +1,10 @@
 #include "patients/frmCashWalkInPatient.h"
 
+#include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/commands.h"
 #include "patients/frmCashWalkIn.h"
 #include "patients/PatientContext.h"
-#include "shell/shared.h"
 #include "text/Clock.h"
 #include "text/DateDiff.h"
 #include "text/RunTimeError.h"

@@ -1,8 +1,8 @@
 #include "patients/frmRegisteredOPD.h"
 
+#include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/commands.h"
-#include "shell/shared.h"
 #include "text/Format.h"
 #include "text/Trim.h"
 #include "text/UCase.h"

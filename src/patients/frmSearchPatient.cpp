@@ -1,11 +1,11 @@
 #include "patients/frmSearchPatient.h"
 
+#include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/commands.h"
 #include "patients/FinderTarget.h"
 #include "patients/LoadPatient.h"
 #include "patients/PatientContext.h"
-#include "shell/shared.h"
 #include "text/RunTimeError.h"
 #include "text/UCase.h"
 #include "toolkit/Controls.h"

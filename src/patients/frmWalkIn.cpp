@@ -1,8 +1,8 @@
 #include "patients/frmWalkIn.h"
 
+#include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/commands.h"
-#include "shell/shared.h"
 #include "text/UCase.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Keys.h"

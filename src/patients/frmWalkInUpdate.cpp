@@ -1,8 +1,8 @@
 #include "patients/frmWalkInUpdate.h"
 
+#include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/commands.h"
-#include "shell/shared.h"
 #include "text/Clock.h"
 #include "text/DateDiff.h"
 #include "text/Format.h"

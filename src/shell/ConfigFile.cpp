@@ -1,6 +1,6 @@
 #include "shell/ConfigFile.h"
 
-#include "shell/shared.h"
+#include "components/shared.h"
 #include "text/Trim.h"
 #include "toolkit/ProgramFiles.h"
 

@@ -1,10 +1,10 @@
 #include "shell/Main.h"
 
 #include "components/ComponentRegistry.h"
+#include "components/shared.h"
 #include "shell/ConfigFile.h"
 #include "shell/frmMain.h"
 #include "shell/frmSetup.h"
-#include "shell/shared.h"
 #include "toolkit/EndProcess.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/ProgramFiles.h"

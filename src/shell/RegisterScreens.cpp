@@ -5,7 +5,7 @@
 #include "maintenance/frmListCharges.h"
 #include "patients/CashTarget.h"
 #include "patients/FinderTarget.h"
-#include "reporting/frmLedger.h"
+#include "reports/frmLedger.h"
 #include "toolkit/Screens.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,6 @@
 #include "shell/frmAbout.h"
 
-#include "shell/shared.h"
+#include "components/shared.h"
 #include "shell/version.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Look.h"

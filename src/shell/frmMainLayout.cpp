@@ -1,6 +1,6 @@
+#include "nursing/PendingMonitor.h"
 #include "shell/frmMain.h"
 #include "shell/MenuTree.h"
-#include "shell/PendingMonitor.h"
 #include "shell/StatusPanel.h"
 #include "toolkit/Look.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "gateway/CommandGateway.h"
-#include "gateway/embedded/SignOnTrail.h"
+#include "trial/file/SignOnTrail.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #include "suite/RegisterSuite.h"
 
 #include "components/ComponentRegistry.h"
-#include "reporting/ReportConnector.h"
+#include "components/ReportConnector.h"
 #include "suite/CurrentUser.h"
 #include "suite/DiagnosisCodes.h"
 #include "suite/Listing.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gateway/odbc/OdbcDataSources.h"
+#include "odbc/OdbcDataSources.h"
 #include "suite/DataSources.h"
 
 #include <QString>

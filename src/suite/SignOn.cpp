@@ -1,10 +1,10 @@
 #include "suite/SignOn.h"
 
-#include "gateway/embedded/ServerError.h"
 #include "gateway/SqlText.h"
 #include "suite/DataSource.h"
 #include "suite/Passwords.h"
 #include "text/RunTimeError.h"
+#include "tsql/ServerError.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,12 +1,12 @@
 #include "suite/SignOnDialog.h"
 
-#include "gateway/embedded/ServerError.h"
 #include "suite/DataSource.h"
 #include "suite/Passwords.h"
 #include "text/RunTimeError.h"
 #include "toolkit/Controls.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/Twips.h"
+#include "tsql/ServerError.h"
 
 #include <QCloseEvent>
 #include <QComboBox>

@@ -1,11 +1,11 @@
 #include "suite/TrialHospital.h"
 
-#include "gateway/embedded/HospitalEngine.h"
-#include "gateway/embedded/HospitalFile.h"
-#include "gateway/embedded/HospitalPlace.h"
-#include "gateway/embedded/ServerError.h"
 #include "hospital/HospitalScripts.h"
 #include "toolkit/ProgramFiles.h"
+#include "trial/file/HospitalPlace.h"
+#include "trial/HospitalEngine.h"
+#include "trial/HospitalFile.h"
+#include "tsql/ServerError.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "treatment/clsSaveTreatmentRecord.h"
 
+#include "components/shared.h"
 #include "gateway/CommandGateway.h"
-#include "shell/shared.h"
 #include "treatment/commands.h"
 
 void clsSaveTreatmentRecord::SaveDialysisTreatmentRecord() {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "charges/ChargeGrid.h"
-#include "charges/RevenueRows.h"
 #include "patients/PatientContext.h"
+#include "support/RevenueRows.h"
 #include "support/ScreenTest.h"
 #include "toolkit/FlexGrid.h"
 

@@ -1,8 +1,8 @@
+#include "catalogue/frmSearch.h"
 #include "charges/ChargeGrid.h"
 #include "charges/ChargeGridGround.h"
-#include "charges/frmSearch.h"
 #include "charges/Twins.h"
-#include "shell/shared.h"
+#include "components/shared.h"
 #include "support/CaseName.h"
 #include "support/WhileModal.h"
 

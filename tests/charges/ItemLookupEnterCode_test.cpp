@@ -1,6 +1,6 @@
 #include "charges/ItemLookupGround.h"
 #include "charges/Twins.h"
-#include "shell/shared.h"
+#include "components/shared.h"
 #include "support/CaseName.h"
 #include "text/RunTimeError.h"
 

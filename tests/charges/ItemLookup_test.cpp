@@ -1,7 +1,7 @@
 #include "charges/ItemLookup.h"
 #include "charges/ItemLookupGround.h"
 #include "charges/Twins.h"
-#include "shell/shared.h"
+#include "components/shared.h"
 #include "support/CaseName.h"
 #include "text/RunTimeError.h"
 

@@ -5,29 +5,6 @@
 
 using namespace Qt::StringLiterals;
 
-TEST(ChargeCommands, RevenueCentresByExactCode) {
-    EXPECT_COMMAND(ExactRevenueCommand(u"HC"_s), u"Clinical_Area..spEarCare_SearchRevenue '1','HC'"_s);
-}
-
-TEST(ChargeCommands, RevenueCentresByTheBeginningOfTheirName) {
-    EXPECT_COMMAND(PartialRevenueCommand(u"EAR"_s), u"Clinical_Area..spEarCare_SearchRevenue '2','EAR'"_s);
-}
-
-TEST(ChargeCommands, ListOfTheRevenuePickerHasASlot) {
-    EXPECT_COMMAND(RevenueListQuery(), u"Clinical_Area..spEarCare_SearchRevenue '0','##'"_s);
-}
-
-TEST(ChargeCommands, RatesOfACentre) {
-    EXPECT_COMMAND(RatesCommand(u"HC"_s), u"Hemodialysis..spKidney_Rates 'HC'"_s);
-}
-
-TEST(ChargeCommands, TextsGoInAsTheyStand) {
-    EXPECT_COMMAND(ExactRevenueCommand(u" o'b  "_s),
-                   u"Clinical_Area..spEarCare_SearchRevenue '1',' o'b  '"_s);
-    EXPECT_COMMAND(PartialRevenueCommand(u""_s), u"Clinical_Area..spEarCare_SearchRevenue '2',''"_s);
-    EXPECT_COMMAND(RatesCommand(u"H'C"_s), u"Hemodialysis..spKidney_Rates 'H'C'"_s);
-}
-
 TEST(ChargeCommands, SlipCounterAndPrintTable) {
     EXPECT_COMMAND(ChargeSlipCounterCommand(), u"Select * from Clinical_Area..tbEarCareChargeSlip"_s);
     EXPECT_COMMAND(ClearChargePrintCommand(), u"Delete Clinical_Area..tbEarCareChargePrint"_s);

@@ -1,10 +1,10 @@
 #include "charges/AssessmentGround.h"
 #include "charges/frmAssessment.h"
-#include "charges/RevenueRows.h"
+#include "components/shared.h"
 #include "patients/commands.h"
 #include "patients/frmCashWalkIn.h"
 #include "patients/PatientContext.h"
-#include "shell/shared.h"
+#include "support/RevenueRows.h"
 #include "support/WhileModal.h"
 
 #include <QApplication>

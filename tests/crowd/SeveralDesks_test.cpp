@@ -1,14 +1,14 @@
-#include "gateway/ChildProcess.h"
-#include "gateway/embedded/HospitalFile.h"
-#include "gateway/embedded/ServerError.h"
-#include "gateway/embedded/SqliteDatabase.h"
-#include "gateway/FileLocks.h"
 #include "hospital/HospitalScripts.h"
 #include "suite/SignOn.h"
 #include "suite/TrialHospital.h"
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
+#include "support/process/ChildProcess.h"
+#include "support/process/FileLocks.h"
 #include "text/Clock.h"
+#include "trial/HospitalFile.h"
+#include "trial/sqlite/SqliteDatabase.h"
+#include "tsql/ServerError.h"
 
 #include <QFile>
 #include <QMap>

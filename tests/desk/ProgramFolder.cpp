@@ -1,9 +1,9 @@
 #include "desk/ProgramFolder.h"
 
-#include "gateway/embedded/EmbeddedGateway.h"
-#include "gateway/embedded/HospitalFile.h"
 #include "hospital/HospitalScripts.h"
 #include "support/hospital/FreshHospital.h"
+#include "trial/EmbeddedGateway.h"
+#include "trial/HospitalFile.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,10 +1,10 @@
-#include "gateway/embedded/ScriptParser.h"
 #include "gateway/GatewayContract.h"
-#include "gateway/GatewayTexts.h"
-#include "gateway/odbc/OdbcGateway.h"
-#include "gateway/SmallHospital.h"
+#include "odbc/OdbcGateway.h"
+#include "support/smallhospital/GatewayTexts.h"
+#include "support/smallhospital/SmallHospital.h"
 #include "support/tds/EngineSession.h"
 #include "support/tds/TestDataSources.h"
+#include "tsql/ScriptParser.h"
 
 #include <QMap>
 #include <QRegularExpression>

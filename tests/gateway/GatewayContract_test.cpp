@@ -1,8 +1,8 @@
 #include "gateway/GatewayContract.h"
-#include "gateway/GatewayTexts.h"
-#include "gateway/SmallHospital.h"
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
+#include "support/smallhospital/GatewayTexts.h"
+#include "support/smallhospital/SmallHospital.h"
 #include "text/Clock.h"
 #include "text/RunTimeError.h"
 

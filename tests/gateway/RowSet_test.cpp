@@ -1,7 +1,7 @@
 #include "gateway/CommandGateway.h"
-#include "gateway/GatewayTexts.h"
 #include "gateway/RowSet.h"
 #include "support/PrintQt.h"
+#include "support/smallhospital/GatewayTexts.h"
 #include "text/RunTimeError.h"
 
 #include <gtest/gtest.h>

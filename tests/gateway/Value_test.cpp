@@ -1,7 +1,7 @@
-#include "gateway/GatewayTexts.h"
 #include "gateway/Value.h"
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
+#include "support/smallhospital/GatewayTexts.h"
 #include "text/RunTimeError.h"
 
 #include <cmath>

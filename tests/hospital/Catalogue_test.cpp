@@ -1,4 +1,4 @@
-#include "tests/hospital/HospitalTest.h"
+#include "support/hospital/HospitalTest.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,10 +1,10 @@
-#include "gateway/embedded/Catalog.h"
-#include "gateway/embedded/ScriptParser.h"
 #include "gateway/SqlLexer.h"
 #include "hospital/HospitalScripts.h"
 #include "ProcedureTree.h"
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
+#include "tsql/Catalog.h"
+#include "tsql/ScriptParser.h"
 
 #include <QFile>
 #include <QRegularExpression>

@@ -1,6 +1,6 @@
-#include "hospital/generator/DemoScripts.h"
-#include "hospital/generator/HospitalGenerator.h"
-#include "hospital/generator/InsertWriter.h"
+#include "hospital-generator/DemoScripts.h"
+#include "hospital-generator/HospitalGenerator.h"
+#include "hospital-generator/InsertWriter.h"
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
 

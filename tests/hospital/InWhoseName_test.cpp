@@ -1,7 +1,7 @@
 #include "hospital/HospitalScripts.h"
 #include "ProcedureTree.h"
 #include "support/CaseName.h"
-#include "tests/hospital/HospitalTest.h"
+#include "support/hospital/HospitalTest.h"
 
 #include <QMap>
 #include <QProcess>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/hospital/HospitalTest.h"
+#include "support/hospital/HospitalTest.h"
 
 #include <functional>
 #include <utility>

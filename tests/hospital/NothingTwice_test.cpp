@@ -1,5 +1,5 @@
 #include "support/CaseName.h"
-#include "tests/hospital/HospitalTest.h"
+#include "support/hospital/HospitalTest.h"
 
 #include <algorithm>
 #include <random>

@@ -1,6 +1,6 @@
 #include "patients/commands.h"
 #include "support/CaseName.h"
-#include "tests/hospital/HospitalTest.h"
+#include "support/hospital/HospitalTest.h"
 
 using namespace Qt::StringLiterals;
 

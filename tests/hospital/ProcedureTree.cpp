@@ -1,7 +1,7 @@
 #include "ProcedureTree.h"
 
-#include "gateway/embedded/Catalog.h"
-#include "gateway/embedded/ScriptParser.h"
+#include "tsql/Catalog.h"
+#include "tsql/ScriptParser.h"
 
 #include <algorithm>
 #include <stdexcept>

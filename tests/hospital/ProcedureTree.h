@@ -1,7 +1,7 @@
 #pragma once
 
-#include "gateway/embedded/HospitalFile.h"
-#include "gateway/embedded/SqlTree.h"
+#include "trial/HospitalFile.h"
+#include "tsql/SqlTree.h"
 
 #include <QSet>
 #include <QString>

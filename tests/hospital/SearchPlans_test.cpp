@@ -1,7 +1,7 @@
-#include "hospital/generator/DemoScripts.h"
+#include "hospital-generator/DemoScripts.h"
 #include "hospital/HospitalScripts.h"
+#include "support/hospital/HospitalTest.h"
 #include "support/PrintQt.h"
-#include "tests/hospital/HospitalTest.h"
 #include "text/Clock.h"
 
 using namespace Qt::StringLiterals;

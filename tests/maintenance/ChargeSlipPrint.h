@@ -1,7 +1,7 @@
 #pragma once
 
-#include "reporting/ReportConnector.h"
-#include "reporting/Reports.h"
+#include "components/ReportConnector.h"
+#include "reports/Reports.h"
 #include "support/ScreenTest.h"
 #include "support/WhileModal.h"
 #include "toolkit/ProgramFiles.h"

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "components/shared.h"
 #include "maintenance/frmListCharges.h"
 #include "patients/FinderTarget.h"
 #include "patients/PatientContext.h"
-#include "shell/shared.h"
 #include "support/ScreenTest.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Screens.h"

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "components/shared.h"
 #include "maintenance/frmReprint.h"
 #include "patients/OutpatientSearch.h"
-#include "shell/shared.h"
 #include "support/CaseName.h"
 #include "support/ScreenTest.h"
 #include "toolkit/FlexGrid.h"

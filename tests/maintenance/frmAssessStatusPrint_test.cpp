@@ -1,6 +1,6 @@
+#include "components/ReportConnector.h"
 #include "maintenance/AssessStatusGround.h"
-#include "reporting/ReportConnector.h"
-#include "reporting/Reports.h"
+#include "reports/Reports.h"
 #include "support/WhileModal.h"
 #include "toolkit/ProgramFiles.h"
 

@@ -1,3 +1,4 @@
+#include "components/shared.h"
 #include "nursing/commands.h"
 #include "support/CommandTexts.h"
 
@@ -29,4 +30,11 @@ TEST(NursingCommands, RevokeOfARequest) {
 
 TEST(NursingCommands, NothingIsEscaped) {
     EXPECT_COMMAND(LoadExamCommand(u"O'B"_s), u"CLinical_Area..spEarCare_LoadExamEntry 'O'B'"_s);
+}
+
+TEST(NursingCommands, PendingRequestsAreThoseOfTheFixedDepartment) {
+    EXPECT_COMMAND(CheckPendingCommand(), u"RADIOLOGY..spRadio_CheckPending 'HC'"_s);
+    gDeptCode = u"HD"_s;
+    EXPECT_COMMAND(CheckPendingCommand(), u"RADIOLOGY..spRadio_CheckPending 'HC'"_s);
+    ResetShared();
 }

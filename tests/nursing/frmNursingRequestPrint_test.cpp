@@ -1,8 +1,8 @@
+#include "components/ReportConnector.h"
 #include "nursing/NursingRequestGround.h"
-#include "reporting/frmReport.h"
-#include "reporting/ReportConnector.h"
-#include "reporting/Reports.h"
-#include "reporting/ReportViewer.h"
+#include "report/viewer/ReportViewer.h"
+#include "reports/frmReport.h"
+#include "reports/Reports.h"
 #include "support/WhileModal.h"
 #include "toolkit/ProgramFiles.h"
 

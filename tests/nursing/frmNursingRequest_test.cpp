@@ -1,6 +1,6 @@
+#include "components/shared.h"
 #include "nursing/NursingRequestGround.h"
 #include "patients/PatientContext.h"
-#include "shell/shared.h"
 #include "support/CaseName.h"
 
 #include <QLabel>

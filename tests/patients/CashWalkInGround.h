@@ -1,10 +1,10 @@
 #pragma once
 
+#include "components/shared.h"
 #include "patients/commands.h"
 #include "patients/FakeCashTarget.h"
 #include "patients/frmCashWalkIn.h"
 #include "patients/PatientContext.h"
-#include "shell/shared.h"
 #include "support/ScreenTest.h"
 #include "support/WhileModal.h"
 #include "text/RunTimeError.h"

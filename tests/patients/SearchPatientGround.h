@@ -1,10 +1,10 @@
 #pragma once
 
+#include "components/shared.h"
 #include "patients/commands.h"
 #include "patients/FakeFinderTarget.h"
 #include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
-#include "shell/shared.h"
 #include "support/FakeWorkspace.h"
 #include "support/ScreenTest.h"
 #include "text/RunTimeError.h"

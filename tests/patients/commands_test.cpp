@@ -93,12 +93,3 @@ TEST(PatientCommands, BilledPatientsOfAType) {
     EXPECT_COMMAND(SearchBilledPatientCommand(u"I"_s, u" DELA "_s),
                    u"HEMODIALYSIS..spKidney_SearchPatient 'I',' DELA '"_s);
 }
-
-TEST(PatientCommands, UltrasoundExaminations) {
-    EXPECT_COMMAND(
-        UltraExamsCommand(),
-        u"select ultraexam as UtraExam, ultraexamid as UltraExamId from build_file..tbcoultraexam"_s);
-    EXPECT_COMMAND(
-        SearchUltraExamCommand(u"KUB's"_s),
-        u"select ultraexam, ultraexamid from build_file..tbcoultraexam where ultraexam like'KUB's%'"_s);
-}

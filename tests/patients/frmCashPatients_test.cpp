@@ -1,6 +1,6 @@
+#include "components/shared.h"
 #include "patients/frmCashPatients.h"
 #include "patients/frmWalkIn.h"
-#include "shell/shared.h"
 #include "support/CaseName.h"
 #include "support/ScreenTest.h"
 #include "support/WhileModal.h"

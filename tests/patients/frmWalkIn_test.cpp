@@ -1,5 +1,5 @@
+#include "components/shared.h"
 #include "patients/frmWalkIn.h"
-#include "shell/shared.h"
 #include "support/CaseName.h"
 #include "support/ScreenTest.h"
 #include "text/RunTimeError.h"

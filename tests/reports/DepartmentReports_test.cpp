@@ -1,4 +1,4 @@
-#include "reporting/PdfJob.h"
+#include "report/output/PdfJob.h"
 #include "ReportsTest.h"
 #include "support/CaseName.h"
 #include "text/Clock.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "gateway/embedded/EmbeddedGateway.h"
 #include "suite/StockItem.h"
 #include "text/DateTime.h"
+#include "trial/EmbeddedGateway.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 #include "ReportsTest.h"
 
+#include "components/ReportConnector.h"
 #include "hospital/HospitalScripts.h"
-#include "reporting/ReportConnector.h"
-#include "reporting/ReportEngine.h"
+#include "report/ReportEngine.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "hospital/HospitalTest.h"
-#include "reporting/Report.h"
-#include "reporting/ReportFixture.h"
+#include "report/Report.h"
+#include "support/hospital/HospitalTest.h"
+#include "support/report/ReportFixture.h"
 
 /// The department's reports over a trial hospital of the test's own. The user NURSE prints them.
 class ReportsTest : public HospitalTest {

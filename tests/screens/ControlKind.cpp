@@ -1,6 +1,6 @@
 #include "screens/ControlKind.h"
 
-#include "reporting/ReportViewer.h"
+#include "report/viewer/ReportViewer.h"
 #include "shell/StatusPanel.h"
 #include "toolkit/DatePicker.h"
 #include "toolkit/FlexGrid.h"

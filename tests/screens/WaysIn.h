@@ -1,7 +1,7 @@
 #pragma once
 
 #include "screens/ScreenTable.h"
-#include "shell/RecordingSuite.h"
+#include "support/shell/RecordingSuite.h"
 
 #include <functional>
 #include <memory>

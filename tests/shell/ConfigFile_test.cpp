@@ -1,5 +1,5 @@
+#include "components/shared.h"
 #include "shell/ConfigFile.h"
-#include "shell/shared.h"
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
 #include "text/RunTimeError.h"

@@ -3,7 +3,7 @@
 #include "maintenance/frmListCharges.h"
 #include "patients/CashTarget.h"
 #include "patients/FinderTarget.h"
-#include "reporting/frmLedger.h"
+#include "reports/frmLedger.h"
 #include "shell/RegisterScreens.h"
 #include "support/ScreenTest.h"
 #include "toolkit/Screens.h"

@@ -1,5 +1,5 @@
+#include "components/shared.h"
 #include "shell/frmAbout.h"
-#include "shell/shared.h"
 #include "support/FakeWorkspace.h"
 #include "support/ScreenTest.h"
 #include "toolkit/Screens.h"

@@ -1,11 +1,11 @@
 #include "components/ComponentRegistry.h"
-#include "reporting/ReportConnector.h"
+#include "components/ReportConnector.h"
+#include "components/shared.h"
 #include "shell/frmMain.h"
 #include "shell/Main.h"
-#include "shell/RecordingSuite.h"
-#include "shell/shared.h"
 #include "shell/StatusPanel.h"
 #include "support/CaseName.h"
+#include "support/shell/RecordingSuite.h"
 
 #include <QAction>
 #include <QScopeGuard>

@@ -1,6 +1,6 @@
+#include "components/shared.h"
 #include "maintenance/commands.h"
 #include "shell/frmMain.h"
-#include "shell/shared.h"
 #include "support/ScreenTest.h"
 #include "toolkit/Form.h"
 #include "toolkit/Screens.h"

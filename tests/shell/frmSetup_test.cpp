@@ -1,5 +1,5 @@
+#include "components/shared.h"
 #include "shell/frmSetup.h"
-#include "shell/shared.h"
 #include "support/CaseName.h"
 #include "support/FakeWorkspace.h"
 #include "support/ScreenTest.h"

@@ -1,6 +1,6 @@
 #include "components/clsCurrentUser.h"
 #include "components/ComponentRegistry.h"
-#include "reporting/ReportConnector.h"
+#include "components/ReportConnector.h"
 #include "suite/LiveConnection.h"
 #include "suite/OdbcSource.h"
 #include "suite/RegisterSuite.h"

@@ -5,8 +5,8 @@
 #include "components/clsStockItem.h"
 #include "components/clsStockList.h"
 #include "components/ComponentRegistry.h"
-#include "gateway/odbc/OdbcError.h"
-#include "reporting/ReportConnector.h"
+#include "components/ReportConnector.h"
+#include "odbc/OdbcError.h"
 #include "suite/RegisterSuite.h"
 #include "suite/SuiteTest.h"
 

@@ -1,10 +1,10 @@
 #include "suite/SuiteTest.h"
 
-#include "gateway/embedded/EmbeddedGateway.h"
-#include "gateway/embedded/HospitalEngine.h"
 #include "suite/LiveConnection.h"
 #include "toolkit/Failure.h"
 #include "toolkit/Focus.h"
+#include "trial/EmbeddedGateway.h"
+#include "trial/HospitalEngine.h"
 
 #include <QApplication>
 #include <QTest>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "hospital/HospitalTest.h"
 #include "suite/DataSource.h"
+#include "support/hospital/HospitalTest.h"
 #include "support/PrintQt.h"
 #include "support/ScreenTest.h"
 #include "support/ScriptedMessages.h"

@@ -1,7 +1,7 @@
-#include "gateway/ChildProcess.h"
 #include "suite/SignOn.h"
 #include "suite/TrialHospital.h"
 #include "support/PrintQt.h"
+#include "support/process/ChildProcess.h"
 #include "text/Clock.h"
 #include "text/RunTimeError.h"
 

@@ -1,6 +1,6 @@
 #include "support/CommandTexts.h"
 
-#include "gateway/odbc/OdbcGateway.h"
+#include "odbc/OdbcGateway.h"
 #include "support/tds/TdsResponder.h"
 #include "support/tds/TestDataSources.h"
 #include "text/RunTimeError.h"

@@ -1,7 +1,7 @@
 #include "support/ScreenTest.h"
 
+#include "components/shared.h"
 #include "patients/PatientContext.h"
-#include "shell/shared.h"
 #include "text/Clock.h"
 #include "toolkit/Failure.h"
 #include "toolkit/Focus.h"

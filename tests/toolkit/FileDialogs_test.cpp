@@ -1,6 +1,6 @@
-#include "gateway/FileLocks.h"
-#include "gateway/SmallHospital.h"
 #include "support/PrintQt.h"
+#include "support/process/FileLocks.h"
+#include "support/smallhospital/SmallHospital.h"
 #include "toolkit/FileDialogs.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
+#include "driver/Department.h"
 #include "support/PrintQt.h"
 #include "toolkit/ProgramFiles.h"
-#include "tour/Department.h"
 
 #include <QDir>
 #include <QFile>

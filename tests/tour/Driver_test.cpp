@@ -1,5 +1,5 @@
+#include "driver/Driver.h"
 #include "support/PrintQt.h"
-#include "tour/Driver.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

@@ -1,4 +1,4 @@
-#include "shell/shared.h"
+#include "components/shared.h"
 #include "support/FakeComponents.h"
 #include "support/PrintQt.h"
 #include "support/ScriptedGateway.h"

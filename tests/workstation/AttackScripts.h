@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tour/Driver.h"
+#include "driver/Driver.h"
 
 // What a clerk types who wants to post in another's name: a tail that ends the text it stands in and goes on
 // with arguments of its own. Each script signs on as NURSE and tells the failure that ends the program.

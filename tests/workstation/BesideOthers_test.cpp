@@ -1,5 +1,5 @@
-#include "gateway/FileLocks.h"
 #include "support/PrintQt.h"
+#include "support/process/FileLocks.h"
 #include "workstation/Workstation.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "workstation/CashDeskScripts.h"
 
-#include "shell/shared.h"
+#include "components/shared.h"
 #include "workstation/ClerkKeys.h"
 
 using namespace Qt::StringLiterals;

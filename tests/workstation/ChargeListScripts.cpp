@@ -1,6 +1,6 @@
 #include "workstation/ChargeListScripts.h"
 
-#include "shell/shared.h"
+#include "components/shared.h"
 #include "toolkit/FlexGrid.h"
 #include "workstation/ClerkKeys.h"
 

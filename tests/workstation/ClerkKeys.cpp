@@ -1,6 +1,6 @@
 #include "workstation/ClerkKeys.h"
 
-#include "shell/shared.h"
+#include "components/shared.h"
 
 #include <QMessageBox>
 

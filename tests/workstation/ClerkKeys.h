@@ -1,7 +1,7 @@
 #pragma once
 
-#include "tour/Driver.h"
-#include "tour/SignOn.h"
+#include "driver/Driver.h"
+#include "driver/SignOn.h"
 
 #include <QStringList>
 

@@ -1,5 +1,5 @@
-#include "gateway/embedded/SqliteDatabase.h"
 #include "support/PrintQt.h"
+#include "trial/sqlite/SqliteDatabase.h"
 #include "workstation/Workstation.h"
 
 #include <gmock/gmock.h>

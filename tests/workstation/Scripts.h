@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tour/Driver.h"
+#include "driver/Driver.h"
 
 #include <functional>
 #include <map>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tour/Driver.h"
+#include "driver/Driver.h"
 
 // What happens at one desk while others work on the same hospital.
 

@@ -1,10 +1,10 @@
 #include "workstation/Workstation.h"
 
-#include "gateway/embedded/HospitalFile.h"
-#include "gateway/embedded/SqlFunctions.h"
-#include "gateway/embedded/SqliteDatabase.h"
 #include "hospital/HospitalScripts.h"
 #include "support/hospital/FreshHospital.h"
+#include "trial/HospitalFile.h"
+#include "trial/sqlite/SqlFunctions.h"
+#include "trial/sqlite/SqliteDatabase.h"
 
 #include <QCryptographicHash>
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "gateway/embedded/EmbeddedGateway.h"
+#include "trial/EmbeddedGateway.h"
 
 #include <QProcess>
 #include <QString>

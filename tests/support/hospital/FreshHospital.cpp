@@ -1,9 +1,9 @@
 #include "support/hospital/FreshHospital.h"
 
-#include "gateway/embedded/HospitalFile.h"
 #include "hospital/HospitalScripts.h"
 #include "text/Clock.h"
 #include "text/Format.h"
+#include "trial/HospitalFile.h"
 
 #include <QDateTime>
 #include <QDir>

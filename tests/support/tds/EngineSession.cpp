@@ -1,8 +1,8 @@
 #include "support/tds/EngineSession.h"
 
-#include "gateway/embedded/EmbeddedGateway.h"
-#include "gateway/embedded/HospitalEngine.h"
 #include "text/RunTimeError.h"
+#include "trial/EmbeddedGateway.h"
+#include "trial/HospitalEngine.h"
 
 #include <QRegularExpression>
 

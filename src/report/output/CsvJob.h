@@ -1,0 +1,19 @@
+#pragma once
+
+#include "report/output/ReportJob.h"
+#include "report/output/WholeFile.h"
+
+struct RowData;
+
+/// Writes rows as comma-separated values, some hundred rows a step.
+class CsvJob : public ReportJob {
+  public:
+    /// The rows must outlive the job.
+    CsvJob(const RowData& rows, const QString& file);
+
+    bool Step() override;
+
+  private:
+    const RowData& mRows;
+    WholeFile mFile;
+};

@@ -1,0 +1,77 @@
+#include "report/output/PageFinder.h"
+
+#include "report/pages/ReportDocument.h"
+
+#include <algorithm>
+
+namespace {
+
+QRectF BoxOf(const ReportDocument& document, const PageBand& band, size_t cell) {
+    QRectF box = document.LayOut(band).cells[cell].box.translated(band.x, band.y - band.top);
+    if (band.isPiece) {
+        box.setTop(std::max(box.top(), band.y));
+        box.setBottom(std::min(box.bottom(), band.y + band.height));
+    }
+    return box;
+}
+
+/// Whether the text is found among the lines of a cell that the piece of a band shows. A text that goes on
+/// over the page's end is found where it begins.
+bool IsInPiece(const LaidCell& cell, const PageBand& band, const QStringMatcher& matcher) {
+    const QString text = WithoutControls(cell.text);
+    qsizetype at = 0;
+    std::optional<qsizetype> begin;
+    qsizetype end = text.size();
+    for (const LaidLine& line : cell.lines) {
+        at = text.indexOf(line.text, at);
+        if (band.Shows(line)) {
+            begin = begin.value_or(at);
+        } else if (begin) {
+            end = at;
+            break;
+        }
+        at += line.text.size();
+    }
+    if (!begin)
+        return false;
+    const qsizetype found = matcher.indexIn(text, *begin);
+    return found >= 0 && found < end;
+}
+
+bool IsIn(const ReportDocument& document, const PageBand& band, size_t cell, const QStringMatcher& matcher) {
+    if (band.isPiece)
+        return IsInPiece(document.LayOut(band).cells[cell], band, matcher);
+    const ReportCell& designed = band.band->cells[cell];
+    const bool shown = !designed.onlySeveralPages || document.PageCount() > 1;
+    return shown && matcher.indexIn(TextOf(designed, band.place)) >= 0;
+}
+
+std::optional<FoundText> FindOnPage(const ReportDocument& document, const QStringMatcher& matcher,
+                                    CellPosition from) {
+    size_t number = 0;
+    for (const PageBand& band : document.BandsOf(from.page)) {
+        for (size_t i = 0; i < band.band->cells.size(); ++i, ++number) {
+            if (number >= from.cell && IsIn(document, band, i, matcher))
+                return FoundText{{from.page, number}, BoxOf(document, band, i)};
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+// The page that the search begins on is looked through once more at the end, for what stands before.
+FindJob::FindJob(const ReportDocument& document, const QString& text,
+                 const std::optional<CellPosition>& after)
+    : ReportJob(document.PageCount() + 1)
+    , mDocument(document)
+    , mMatcher(text, Qt::CaseInsensitive)
+    , mFrom(after ? CellPosition{after->page, after->cell + 1} : CellPosition{}) {}
+
+bool FindJob::Step() {
+    if (mMatcher.pattern().isEmpty())
+        return false;
+    mFound = FindOnPage(mDocument, mMatcher, mFrom);
+    mFrom = {mFrom.page % mDocument.PageCount() + 1, 0};
+    return !mFound && StepIsDone();
+}

@@ -1,0 +1,107 @@
+#include "report/pages/PagePainter.h"
+
+#include <QPainter>
+#include <QPen>
+
+namespace {
+
+constexpr double kBorderThickness = 0.5;
+
+} // namespace
+
+PagePainter::PagePainter(QPainter& painter)
+    : mPainter(painter) {}
+
+void PagePainter::Paint(const ReportDocument& document, int page) {
+    for (const PageBand& band : document.BandsOf(page)) {
+        mPainter.translate(band.x, band.y);
+        if (band.isPiece) {
+            mPainter.save();
+            mPainter.setClipRect(QRectF(0, 0, document.PageSize().width(), band.height), Qt::IntersectClip);
+            mPainter.translate(0, -band.top);
+            Paint(document.LayOut(band));
+            mPainter.restore();
+            mFont = nullptr;
+        } else {
+            Paint(document.LayOut(band));
+        }
+        mPainter.translate(-band.x, -band.y);
+    }
+}
+
+void PagePainter::Paint(const LaidBand& laid) {
+    PaintMarks(laid);
+    for (const LaidCell& cell : laid.cells)
+        PaintCell(cell);
+}
+
+void PagePainter::PaintMarks(const LaidBand& laid) {
+    const auto pushed = [&laid](QPointF point) { return point + QPointF(0, laid.growth.At(point.y())); };
+    const auto pushedRect = [&pushed](const QRectF& rect) {
+        return QRectF(pushed(rect.topLeft()), pushed(rect.bottomRight()));
+    };
+    for (const ReportBox& box : laid.band->boxes) {
+        SetPen(box.color, box.thickness);
+        mPainter.setBrush(box.fill.isValid() ? QBrush(box.fill) : QBrush(Qt::NoBrush));
+        mPainter.drawRect(pushedRect(box.box));
+    }
+    for (const ReportImage& image : laid.band->images)
+        mPainter.drawImage(image.box.translated(0, laid.growth.At(image.box.top())), image.image);
+    for (const ReportLine& line : laid.band->lines) {
+        QPen pen(line.color, line.thickness);
+        pen.setStyle(line.dashed ? Qt::DashLine : Qt::SolidLine);
+        mPainter.setPen(pen);
+        mPainter.drawLine(QLineF(pushed(line.line.p1()), pushed(line.line.p2())));
+    }
+}
+
+void PagePainter::PaintCell(const LaidCell& cell) {
+    const CellStyle& style = cell.cell->style;
+    if (cell.text.isEmpty() && cell.cell->onlySeveralPages)
+        return;
+    if (style.fill.isValid())
+        mPainter.fillRect(cell.box, style.fill);
+    PaintBorder(style, cell.box);
+    if (cell.text.isEmpty())
+        return;
+    if (mFont != cell.font) {
+        mFont = cell.font;
+        mPainter.setFont(mFont->Painted());
+    }
+    if (mPainter.pen().color() != style.color)
+        mPainter.setPen(style.color);
+    const double scale = mFont->PaintScale();
+    for (const LaidLine& line : cell.lines) {
+        if (scale == 1)
+            mPainter.drawText(line.start, line.text);
+        else
+            PaintScaled(line, scale);
+    }
+}
+
+void PagePainter::PaintScaled(const LaidLine& line, double scale) {
+    const QTransform before = mPainter.transform();
+    mPainter.translate(line.start);
+    mPainter.scale(scale, scale);
+    mPainter.drawText(QPointF(), line.text);
+    mPainter.setTransform(before);
+}
+
+void PagePainter::PaintBorder(const CellStyle& style, const QRectF& box) {
+    const CellBorder& border = style.border;
+    if (!border.left && !border.top && !border.right && !border.bottom)
+        return;
+    SetPen(style.color, kBorderThickness);
+    if (border.left)
+        mPainter.drawLine(QLineF(box.topLeft(), box.bottomLeft()));
+    if (border.top)
+        mPainter.drawLine(QLineF(box.topLeft(), box.topRight()));
+    if (border.right)
+        mPainter.drawLine(QLineF(box.topRight(), box.bottomRight()));
+    if (border.bottom)
+        mPainter.drawLine(QLineF(box.bottomLeft(), box.bottomRight()));
+}
+
+void PagePainter::SetPen(const QColor& color, double thickness) {
+    mPainter.setPen(QPen(color, thickness));
+}

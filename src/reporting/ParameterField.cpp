@@ -1,7 +1,0 @@
-#include "reporting/ParameterField.h"
-
-ParameterField::ParameterField(const ReportParameter& parameter)
-    : mName(parameter.name)
-    , mType(parameter.type)
-    , mPrompt(parameter.prompt)
-    , mValue(parameter.value) {}

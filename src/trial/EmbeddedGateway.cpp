@@ -1,0 +1,56 @@
+#include "trial/EmbeddedGateway.h"
+
+#include "trial/file/HospitalPlace.h"
+#include "trial/HospitalEngine.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::unique_ptr<HospitalEngine> OpenEngine(const QString& path, EmbeddedGateway::Access access) {
+    // SQLite would wait at a pipe for ever.
+    RequireOrdinaryFile(path);
+    return std::make_unique<HospitalEngine>(path, access == EmbeddedGateway::Access::Reading
+                                                      ? SqliteDatabase::Mode::Reading
+                                                      : SqliteDatabase::Mode::Existing);
+}
+
+} // namespace
+
+EmbeddedGateway::EmbeddedGateway(const QString& path, Access access)
+    : mConnectionString(u"Provider=TarvenEmbedded;Data Source="_s + path)
+    , mEngine(OpenEngine(path, access)) {
+    // What a command has answered stays, even if the machine stops at that moment. The cache, in kilobytes,
+    // holds a hospital of 100,000 patients; it grows only as far as it is used.
+    mEngine->Database().Run(u"PRAGMA synchronous = FULL; PRAGMA cache_size = -65536"_s);
+    mEngine->Database().SetTimeout(CommandTimeout());
+}
+
+EmbeddedGateway::~EmbeddedGateway() = default;
+
+void EmbeddedGateway::SetDefaultDatabase(const QString& name) {
+    mEngine->SetDefaultDatabase(name);
+    CommandGateway::SetDefaultDatabase(name);
+}
+
+void EmbeddedGateway::SetCommandTimeout(int seconds) {
+    CommandGateway::SetCommandTimeout(seconds);
+    mEngine->Database().SetTimeout(seconds);
+}
+
+void EmbeddedGateway::Cancel() {
+    mEngine->Database().Cancel();
+}
+
+void EmbeddedGateway::SetSessionUser(const QString& user) {
+    mEngine->Database().SetSessionUser(user);
+}
+
+QStringList EmbeddedGateway::QueryPlan(const QString& command) {
+    return mEngine->QueryPlan(command);
+}
+
+CommandGateway::Outcome EmbeddedGateway::Run(const QString& command) {
+    CommandResult result = mEngine->Run(command);
+    return {std::move(result.rows), result.rowsAffected};
+}

@@ -1,0 +1,117 @@
+#include "trial/HospitalEngine.h"
+
+#include "trial/sqlite/FileSchema.h"
+#include "trial/translate/StatementTranslator.h"
+#include "tsql/CommandParser.h"
+#include "tsql/ServerError.h"
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kKeptStatements = 100;
+const std::vector<DeclaredParameter> kNoParameters;
+
+} // namespace
+
+HospitalEngine::HospitalEngine(const QString& path, SqliteDatabase::Mode mode)
+    : mDatabase(path, mode)
+    , mStore(mDatabase)
+    , mStatements(kKeptStatements) {
+    if (mode == SqliteDatabase::Mode::New)
+        return;
+    mStore.Check();
+    mCatalog = mStore.Load();
+    mFresh = mStore.IsFresh();
+}
+
+void HospitalEngine::SetDefaultDatabase(const QString& name) {
+    if (!mCatalog.HasDatabase(name))
+        throw ServerError(Fault::NoSuchDatabase, {name});
+    mDefaultDatabase = name;
+    mStatements.clear();
+}
+
+std::unique_ptr<PreparedCommand> HospitalEngine::Prepare(const Statement& statement, const QString& database,
+                                                         bool kept) {
+    std::vector<Translation> steps;
+    steps.push_back(StatementTranslator(mCatalog, database, kNoParameters).Translate(statement));
+    return std::make_unique<PreparedCommand>(mDatabase, std::move(steps), kept);
+}
+
+StoredProcedure& HospitalEngine::Find(const ObjectName& name) {
+    const Procedure* procedure = mCatalog.FindProcedure(name, mDefaultDatabase);
+    if (!procedure)
+        throw ServerError(Fault::UnknownProcedure, {name.written});
+    auto& compiled = mProcedures[procedure];
+    if (!compiled)
+        compiled = std::make_unique<StoredProcedure>(*procedure, mCatalog, mDatabase);
+    return *compiled;
+}
+
+void HospitalEngine::BeginWork(bool writes) {
+    if (!writes || !mFresh)
+        return;
+    mStore.SetFresh(false);
+    mFresh = false;
+}
+
+CommandResult HospitalEngine::Run(const QString& command) {
+    if (PreparedCommand* known = mStatements.object(command)) {
+        BeginWork(known->Writes());
+        return known->Run({});
+    }
+    TokenCursor cursor(command);
+    const Command parsed = CommandParser(cursor).ParseCommand();
+    if (const auto* call = std::get_if<ProcedureCall>(&parsed)) {
+        StoredProcedure& procedure = Find(call->procedure);
+        BeginWork(procedure.Writes());
+        return procedure.Run(call->arguments);
+    }
+    if (const auto* statement = std::get_if<Statement>(&parsed)) {
+        auto prepared = Prepare(*statement, mDefaultDatabase, true);
+        BeginWork(prepared->Writes());
+        CommandResult result = prepared->Run({});
+        if (prepared->CanBeKept())
+            mStatements.insert(command, prepared.release());
+        return result;
+    }
+    return {};
+}
+
+QStringList HospitalEngine::QueryPlan(const QString& command) {
+    TokenCursor cursor(command);
+    const Command parsed = CommandParser(cursor).ParseCommand();
+    if (const auto* call = std::get_if<ProcedureCall>(&parsed))
+        return Find(call->procedure).QueryPlan();
+    const auto* statement = std::get_if<Statement>(&parsed);
+    return statement ? Prepare(*statement, mDefaultDatabase, false)->QueryPlan() : QStringList();
+}
+
+void HospitalEngine::Define(TableDefinition table, const QString& database, const QString& text) {
+    table.name.database = database;
+    const Table& added = mCatalog.AddTable(std::move(table));
+    mDatabase.Run(CreateTableText(added));
+    mStore.KeepTable(database, text);
+}
+
+void HospitalEngine::Define(const IndexDefinition& index, const QString& database) {
+    const Table* table = mCatalog.FindTable(index.table, database);
+    if (!table)
+        throw ServerError(Fault::InvalidObject, {index.table.written});
+    mDatabase.Run(CreateIndexText(index, *table));
+}
+
+void HospitalEngine::Define(const Procedure& procedure) {
+    // Compiled once for nothing, so that a mistake in it is found here and not at a clerk's desk.
+    const StoredProcedure compiled(procedure, mCatalog, mDatabase);
+    mProcedures.clear();
+    mCatalog.SetProcedure(procedure);
+    mStore.KeepProcedure(procedure);
+}
+
+void HospitalEngine::RunStatement(const Statement& statement, const QString& database) {
+    Prepare(statement, database, false)->Run({});
+}

@@ -1,0 +1,292 @@
+#include "trial/HospitalFile.h"
+
+#include "gateway/SqlLexer.h"
+#include "trial/file/HospitalPlace.h"
+#include "trial/file/SignOnTrail.h"
+#include "trial/HospitalBuilder.h"
+#include "trial/sqlite/Transaction.h"
+#include "tsql/ServerError.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSysInfo>
+
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kSchemaMark = "schema"_L1;
+constexpr auto kProceduresMark = "procedures"_L1;
+constexpr auto kSchemaFolder = "schema/"_L1;
+constexpr auto kProceduresFolder = "procedures/"_L1;
+constexpr std::chrono::minutes kLongestWait(10);
+constexpr std::chrono::seconds kWaitForAnotherMachine(3);
+constexpr std::chrono::milliseconds kOneWait(50);
+
+/// What the scripts of one folder say, whatever their comments and blanks.
+QString Digest(const std::vector<Script>& scripts, QLatin1StringView folder) {
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (const Script& script : scripts) {
+        if (!script.name.startsWith(folder))
+            continue;
+        for (const Token& token : LexSql(script.text)) {
+            hash.addData(token.written.toUtf8());
+            hash.addData(QByteArrayView("\n"));
+        }
+    }
+    return QString::fromLatin1(hash.result().toHex());
+}
+
+[[noreturn]] void RaiseSystem(const QString& path) {
+    throw ServerError(Fault::CannotOpen, {path, QString::fromLocal8Bit(std::strerror(errno))});
+}
+
+/// Makes sure that a folder knows its files after a power failure too.
+void FlushFolder(const QString& path) {
+    const int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY);
+    if (folder < 0)
+        RaiseSystem(path);
+    const bool flushed = ::fsync(folder) == 0;
+    const int reason = errno;
+    ::close(folder);
+    errno = reason;
+    if (!flushed)
+        RaiseSystem(path);
+}
+
+void RemoveCompanions(const QString& path) {
+    for (const QString& suffix : {u"-wal"_s, u"-shm"_s, u"-journal"_s})
+        QFile::remove(path + suffix);
+}
+
+void RemoveWithCompanions(const QString& path) {
+    QFile::remove(path);
+    RemoveCompanions(path);
+}
+
+void RunScripts(const QString& path, const std::vector<Script>& scripts,
+                const HospitalFile::Progress& progress) {
+    HospitalEngine engine(path, SqliteDatabase::Mode::New);
+    SqliteDatabase& database = engine.Database();
+    // Nobody else sees the file yet, and a broken one is thrown away: durability comes at the end, by one
+    // flush.
+    database.RunForValue(u"PRAGMA journal_mode = MEMORY"_s);
+    database.Run(u"PRAGMA synchronous = OFF; PRAGMA locking_mode = EXCLUSIVE"_s);
+    engine.Store().Create();
+    HospitalBuilder builder(engine);
+    const int total = static_cast<int>(scripts.size());
+    for (int done = 0; done < total; ++done) {
+        const Script& script = scripts[static_cast<size_t>(done)];
+        if (progress)
+            progress(done, total, script.name);
+        builder.Run(script);
+    }
+    engine.Store().SetMark(kSchemaMark, Digest(scripts, kSchemaFolder));
+    engine.Store().SetMark(kProceduresMark, Digest(scripts, kProceduresFolder));
+    engine.Store().SetFresh(true);
+    database.Run(u"PRAGMA locking_mode = NORMAL"_s);
+    database.RunForValue(u"PRAGMA journal_mode = WAL"_s);
+    database.Flush();
+    if (progress)
+        progress(total, total, {});
+}
+
+void ReplaceProcedures(HospitalEngine& engine, const std::vector<Script>& scripts, const QString& digest) {
+    Transaction transaction(engine.Database(), Transaction::Kind::Writing);
+    engine.Store().DropProcedures();
+    HospitalBuilder builder(engine);
+    for (const Script& script : scripts) {
+        if (script.name.startsWith(kProceduresFolder))
+            builder.Run(script);
+    }
+    engine.Store().SetMark(kProceduresMark, digest);
+    transaction.Commit();
+}
+
+/// Raises 824 where the file's pages do not fit together.
+void RequireWhole(SqliteDatabase& database) {
+    const auto found = database.RunForValue(u"PRAGMA quick_check(1)"_s);
+    const auto* text = found ? std::get_if<QByteArray>(&*found) : nullptr;
+    if (!text || *text != "ok")
+        throw ServerError(Fault::Damaged,
+                          {database.Path(), text ? QString::fromUtf8(text->simplified()) : QString()});
+}
+
+/// Holds a hospital's file that nobody else has open: nobody can use it until the hold ends. A file that is
+/// no database is nobody's, and is not held.
+class Hold {
+  public:
+    /// Raises 3702 when somebody has the file open.
+    explicit Hold(const QString& path) {
+        try {
+            mFile = std::make_unique<SqliteDatabase>(path, SqliteDatabase::Mode::Existing);
+            mFile->SetTimeout(1);
+            // A connection in the usual mode of journal holds a lock for as long as it is open, and only
+            // without one can the mode be left. It takes the journal along, which would else be played into
+            // the file that comes in this one's place.
+            mFile->RunForValue(u"PRAGMA journal_mode = DELETE"_s);
+            mFile->Run(u"BEGIN EXCLUSIVE"_s);
+        } catch (const RunTimeError& error) {
+            if (error.Number() == static_cast<int>(Fault::LockTimeout))
+                throw ServerError(Fault::InUse, {path});
+            if (error.Number() != static_cast<int>(Fault::Damaged))
+                throw;
+            mFile.reset();
+        }
+    }
+
+    /// Takes the trail of sign-ons along into a whole hospital. Of a file that is damaged nothing is taken.
+    void CarryTrailInto(const QString& finished) {
+        if (!mFile)
+            return;
+        SqliteDatabase next(finished, SqliteDatabase::Mode::Existing);
+        try {
+            SignOnTrail::CarryOver(*mFile, next);
+        } catch (const RunTimeError& error) {
+            if (error.Number() != static_cast<int>(Fault::Damaged))
+                throw;
+        }
+    }
+
+    /// Gives the file back as it was. Where this fails or is not reached, Open makes up for it.
+    void Release() {
+        if (!mFile)
+            return;
+        mFile->Run(u"ROLLBACK"_s);
+        mFile->RunForValue(u"PRAGMA journal_mode = WAL"_s);
+    }
+
+  private:
+    std::unique_ptr<SqliteDatabase> mFile;
+};
+
+/// The machine whose process holds the lock, where it is not this one. Such a process is not waited for: a
+/// hospital lies on this machine's disk, so the lock is most likely left over from when it had another name.
+QString OtherMachine(const QLockFile& lock) {
+    qint64 process = 0;
+    QString machine;
+    QString program;
+    return lock.getLockInfo(&process, &machine, &program) && machine != QSysInfo::machineHostName()
+               ? machine
+               : QString();
+}
+
+/// Two workstations that start at the same time make one hospital: the second one waits and finds it made.
+void Lock(QLockFile& lock, const QString& path, const HospitalFile::Progress& progress) {
+    using Clock = std::chrono::steady_clock;
+    lock.setStaleLockTime(0);
+    const auto begin = Clock::now();
+    while (!lock.tryLock(static_cast<int>(kOneWait.count()))) {
+        if (lock.error() != QLockFile::LockFailedError)
+            throw ServerError(Fault::CannotOpen, {path, u"its folder cannot be written to"_s});
+        const QString machine = OtherMachine(lock);
+        if (!machine.isEmpty() && Clock::now() > begin + kWaitForAnotherMachine)
+            throw ServerError(Fault::CannotOpen,
+                              {path, u"a process of the machine %1 was making it and has left %2.lock; where "
+                                     "nobody is making it, remove that file"_s.arg(machine, path)});
+        if (Clock::now() > begin + kLongestWait)
+            throw ServerError(Fault::CannotOpen, {path, u"another process is still making it"_s});
+        if (progress)
+            progress(0, 0, u"Another workstation is making the hospital."_s);
+    }
+}
+
+/// Makes the whole hospital in a file beside the path.
+QString MakeBeside(const QString& path, const std::vector<Script>& scripts,
+                   const HospitalFile::Progress& progress) {
+    const QString unfinished = path + u".new"_s;
+    RemoveWithCompanions(unfinished);
+    try {
+        MakePrivateFile(unfinished);
+        RunScripts(unfinished, scripts, progress);
+    } catch (...) {
+        RemoveWithCompanions(unfinished);
+        throw;
+    }
+    return unfinished;
+}
+
+/// Gives a whole hospital its name, in one step.
+void Appear(const QString& finished, const QString& path) {
+    // The journal of a hospital that was deleted by hand must not be played into the new one.
+    RemoveCompanions(path);
+    if (::rename(QFile::encodeName(finished).constData(), QFile::encodeName(path).constData()) != 0)
+        RaiseSystem(path);
+    FlushFolder(QFileInfo(path).absolutePath());
+}
+
+/// Where the hospital named by a path lies. Raises 5120 where none may lie.
+QString PlaceOf(const QString& path) {
+    const QString place = RealPath(path);
+    RequireLocalDisk(place);
+    RequireFolderOfItsOwn(place);
+    return place;
+}
+
+} // namespace
+
+void HospitalFile::Create(const QString& name, const std::vector<Script>& scripts, const Progress& progress) {
+    const QString path = PlaceOf(name);
+    if (QFile::exists(path))
+        throw RunTimeError(RunTime::kPathFileAccess,
+                           RunTime::TextOf(RunTime::kPathFileAccess) + u": "_s + path);
+    QLockFile lock(path + u".lock"_s);
+    Lock(lock, path, progress);
+    if (!QFile::exists(path))
+        Appear(MakeBeside(path, scripts, progress), path);
+}
+
+void HospitalFile::Replace(const QString& name, const std::vector<Script>& scripts,
+                           const Progress& progress) {
+    const QString path = PlaceOf(name);
+    QLockFile lock(path + u".lock"_s);
+    Lock(lock, path, progress);
+    if (!QFile::exists(path))
+        return Appear(MakeBeside(path, scripts, progress), path);
+    RequireOrdinaryFile(path);
+    // Told before the user has waited for the making.
+    Hold(path).Release();
+    const QString finished = MakeBeside(path, scripts, progress);
+    try {
+        // Held until the new file stands in its place, so that nobody opens the old one at the last moment.
+        Hold held(path);
+        held.CarryTrailInto(finished);
+        Appear(finished, path);
+    } catch (...) {
+        RemoveWithCompanions(finished);
+        throw;
+    }
+}
+
+std::unique_ptr<EmbeddedGateway> HospitalFile::Open(const QString& name, const std::vector<Script>& scripts) {
+    const QString path = PlaceOf(name);
+    // Before anything is done with it: what is no file keeps its rights.
+    RequireOrdinaryFile(path);
+    KeepPrivate(path);
+    // A log that is there before anybody here has the file open: its last user did not close it, or another
+    // workstation has it open. The two cannot be told apart from outside, and the check is cheap.
+    const bool notClosed = QFileInfo(path + u"-wal"_s).size() > 0;
+    auto gateway = std::make_unique<EmbeddedGateway>(path);
+    SqliteDatabase& database = gateway->Engine().Database();
+    if (notClosed)
+        RequireWhole(database);
+    // A replacement that was stopped at its last step leaves the mode of journal behind in which it held the
+    // file.
+    database.RunForValue(u"PRAGMA journal_mode = WAL"_s);
+    HospitalStore& store = gateway->Engine().Store();
+    if (store.Mark(kSchemaMark) != Digest(scripts, kSchemaFolder))
+        throw ServerError(Fault::OtherVersion, {path});
+    const QString digest = Digest(scripts, kProceduresFolder);
+    if (store.Mark(kProceduresMark) == digest)
+        return gateway;
+    ReplaceProcedures(gateway->Engine(), scripts, digest);
+    return std::make_unique<EmbeddedGateway>(path);
+}

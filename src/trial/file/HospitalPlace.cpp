@@ -1,0 +1,105 @@
+#include "trial/file/HospitalPlace.h"
+
+#include "tsql/ServerError.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStorageInfo>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QFile::Permissions kOwnersFile = QFile::ReadOwner | QFile::WriteOwner;
+constexpr QFile::Permissions kOwnersFolder = kOwnersFile | QFile::ExeOwner;
+constexpr QFile::Permissions kOthers = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
+                                       QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
+
+std::function<QByteArray(const QString&)>& FileSystemAnswer() {
+    static std::function<QByteArray(const QString&)> answer;
+    return answer;
+}
+
+QByteArray FileSystemOf(const QString& path) {
+    if (FileSystemAnswer())
+        return FileSystemAnswer()(path);
+    return QStorageInfo(QFileInfo(path).absolutePath()).fileSystemType();
+}
+
+void Narrow(const QString& path, QFile::Permissions wanted) {
+    if (QFile::permissions(path) & kOthers)
+        QFile::setPermissions(path, wanted);
+}
+
+} // namespace
+
+QString RealPath(const QString& path) {
+    const QFileInfo file(path);
+    if (file.exists())
+        return file.canonicalFilePath();
+    const QString folder = QFileInfo(file.absolutePath()).canonicalFilePath();
+    return folder.isEmpty() ? path : folder + u'/' + file.fileName();
+}
+
+void RequireOrdinaryFile(const QString& path) {
+    const QFileInfo file(path);
+    if (!file.exists())
+        throw RunTimeError(RunTime::kFileNotFound, RunTime::TextOf(RunTime::kFileNotFound) + u": "_s + path);
+    if (!file.isFile())
+        throw ServerError(Fault::NoHospital, {path, u"it is a folder, a pipe or a device"_s});
+}
+
+bool IsNetworkFileSystem(const QByteArray& kind) {
+    // Folders of the host in a virtual machine (vboxsf, prl_fs, vmhgfs) count too, and disks that several
+    // machines share. virtiofs and 9p do not: virtual machines and containers have their own disks on them.
+    static constexpr std::array kNames = {"nfs",    "nfs4",  "cifs",     "smbfs",    "smb3",   "smb2",
+                                          "ncpfs",  "ncp",   "afs",      "coda",     "ceph",   "gpfs",
+                                          "lustre", "pvfs2", "orangefs", "beegfs",   "vboxsf", "prl_fs",
+                                          "gfs2",   "ocfs2", "vmhgfs",   "glusterfs"};
+    // What a program serves may be anything, and mostly is another machine's.
+    if (kind.startsWith("fuse."))
+        return kind != "fuse.fuse-overlayfs";
+    return std::any_of(kNames.begin(), kNames.end(), [&kind](const char* name) { return kind == name; });
+}
+
+void RequireLocalDisk(const QString& path) {
+    const QByteArray kind = FileSystemOf(path);
+    if (IsNetworkFileSystem(kind))
+        throw ServerError(
+            Fault::CannotOpen,
+            {path, u"it lies on a network drive (%1), where the locks that keep workstations "
+                   "from writing over each other cannot be trusted"_s.arg(QString::fromLatin1(kind))});
+}
+
+void RequireFolderOfItsOwn(const QString& path) {
+    if (QFileInfo(path).absolutePath() == QDir(QDir::homePath()).canonicalPath())
+        throw ServerError(Fault::CannotOpen,
+                          {path, u"it lies in your home folder itself, where other windows "
+                                 "look into it; it needs a folder of its own"_s});
+}
+
+void MakePrivateFile(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly, kOwnersFile))
+        throw ServerError(Fault::CannotOpen, {path, file.errorString()});
+}
+
+void KeepPrivate(const QString& path) {
+    for (const QString& suffix : {QString(), u"-wal"_s, u"-shm"_s}) {
+        if (QFileInfo(path + suffix).isFile())
+            Narrow(path + suffix, kOwnersFile);
+    }
+}
+
+void KeepFolderPrivate(const QString& path) {
+    Narrow(path, kOwnersFolder);
+}
+
+void SetFileSystemOf(std::function<QByteArray(const QString&)> answer) {
+    FileSystemAnswer() = std::move(answer);
+}

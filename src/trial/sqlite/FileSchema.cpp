@@ -1,0 +1,71 @@
+#include "trial/sqlite/FileSchema.h"
+
+#include "tsql/ServerError.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Only the affinity matters to SQLite; the declared types stand in the catalog.
+QString StoredType(const ColumnDefinition& column) {
+    if (column.identity)
+        return u"INTEGER"_s;
+    // "INTEGER" would make a key column SQLite's row number, which takes no part in NOT NULL.
+    if (column.type.IsWhole())
+        return u"INT"_s;
+    if (column.type.IsFixed() || column.type.kind == SqlType::Kind::Float)
+        return u"REAL"_s;
+    return column.type.IsText() ? u"TEXT COLLATE "_s + CollationName() : u"TEXT"_s;
+}
+
+QString ColumnText(const ColumnDefinition& column) {
+    QString text = QuotedName(column.name) + u' ' + StoredType(column);
+    if (column.identity)
+        text += u" PRIMARY KEY AUTOINCREMENT"_s;
+    if (!column.nullable)
+        text += u" NOT NULL"_s;
+    return text;
+}
+
+const ColumnDefinition& Existing(const Table& table, const QString& column) {
+    const ColumnDefinition* found = table.Find(column);
+    if (!found)
+        throw ServerError(Fault::InvalidColumn, {column});
+    return *found;
+}
+
+} // namespace
+
+QString QuotedName(const QString& name) {
+    QString doubled = name;
+    return u'"' + doubled.replace(u"\""_s, u"\"\""_s) + u'"';
+}
+
+QString CreateTableText(const Table& table) {
+    QStringList parts;
+    for (const ColumnDefinition& column : table.definition.columns)
+        parts << ColumnText(column);
+    for (const KeyDefinition& key : table.definition.keys) {
+        QStringList names;
+        bool identity = false;
+        for (const QString& name : key.columns) {
+            const ColumnDefinition& column = Existing(table, name);
+            identity |= column.identity;
+            names << QuotedName(column.name);
+        }
+        if (key.primary && identity)
+            continue;
+        parts << (key.primary ? u"PRIMARY KEY ("_s : u"UNIQUE ("_s) + names.join(u", "_s) + u')';
+    }
+    return u"CREATE TABLE "_s + QuotedName(table.NameInFile()) + u" ("_s + parts.join(u", "_s) + u')';
+}
+
+QString CreateIndexText(const IndexDefinition& index, const Table& table) {
+    QStringList columns;
+    for (const IndexedColumn& column : index.columns)
+        columns << QuotedName(Existing(table, column.name).name) +
+                       (column.descending ? u" DESC"_s : QString());
+    return (index.unique ? u"CREATE UNIQUE INDEX "_s : u"CREATE INDEX "_s) +
+           QuotedName(table.NameInFile() + u'.' + index.name) + u" ON "_s + QuotedName(table.NameInFile()) +
+           u" ("_s + columns.join(u", "_s) + u')';
+}

@@ -1,0 +1,291 @@
+#include "trial/sqlite/SqlFunctions.h"
+
+#include "trial/sqlite/Collation.h"
+#include "trial/sqlite/DateFunctions.h"
+#include "trial/sqlite/SqliteDatabase.h"
+#include "trial/sqlite/TextFunctions.h"
+#include "tsql/Decimals.h"
+#include "tsql/ServerError.h"
+#include "tsql/SqlType.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <span>
+#include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+constexpr int kAnyCount = -1;
+constexpr int kMostPlaces = 15;
+constexpr double kBigIntEnd = 0x1p63;
+
+using Arguments = std::span<sqlite3_value*>;
+using Function = Cell (*)(Arguments);
+
+bool IsNull(sqlite3_value* value) {
+    return sqlite3_value_type(value) == SQLITE_NULL;
+}
+bool AnyNull(Arguments arguments) {
+    return std::any_of(arguments.begin(), arguments.end(), IsNull);
+}
+qint64 Whole(sqlite3_value* value) {
+    return sqlite3_value_int64(value);
+}
+
+QByteArrayView Text(sqlite3_value* value) {
+    const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return {bytes, sqlite3_value_bytes(value)};
+}
+
+QByteArray OwnText(sqlite3_value* value) {
+    return Text(value).toByteArray();
+}
+
+void SetResult(sqlite3_context* context, const Cell& cell) {
+    if (const auto* whole = std::get_if<qint64>(&cell))
+        sqlite3_result_int64(context, *whole);
+    else if (const auto* real = std::get_if<double>(&cell))
+        sqlite3_result_double(context, *real);
+    else if (const auto* text = std::get_if<QByteArray>(&cell))
+        sqlite3_result_text64(context, text->constData(), static_cast<sqlite3_uint64>(text->size()),
+                              SQLITE_TRANSIENT, SQLITE_UTF8);
+    else
+        sqlite3_result_null(context);
+}
+
+/// No exception may pass through SQLite: a failure of the server's waits at the database until the statement
+/// has failed, any other is the statement's error.
+template <class Action> void Guard(sqlite3_context* context, Action action) noexcept {
+    try {
+        action();
+    } catch (const RunTimeError& error) {
+        static_cast<SqliteDatabase*>(sqlite3_user_data(context))->FunctionError() = error;
+        sqlite3_result_error(context, error.what(), -1);
+    } catch (const std::bad_alloc&) {
+        sqlite3_result_error_nomem(context);
+    } catch (const std::exception& error) {
+        sqlite3_result_error(context, error.what(), -1);
+    } catch (...) {
+        sqlite3_result_error(context, "a function failed", -1);
+    }
+}
+
+template <Function F> void Call(sqlite3_context* context, int count, sqlite3_value** values) {
+    Guard(context, [&] { SetResult(context, F({values, static_cast<size_t>(count)})); });
+}
+
+[[noreturn]] void RaiseBigIntOverflow() {
+    throw ServerError(Fault::Overflow, {SqlType::BigInt().Name()});
+}
+
+template <Function F> Cell NullIfAnyNull(Arguments a) {
+    return AnyNull(a) ? Cell() : F(a);
+}
+
+Cell ConvertCell(Arguments a) {
+    return Convert(ReadCell(a[0]), SqlType::Decode(Whole(a[1])), SqlType::Decode(Whole(a[2])),
+                   ConversionPlace::Expression, static_cast<int>(Whole(a[3])));
+}
+Cell AssignCell(Arguments a) {
+    return Convert(ReadCell(a[0]), SqlType::Decode(Whole(a[1])), SqlType::Decode(Whole(a[2])),
+                   ConversionPlace::Column, static_cast<int>(Whole(a[3])));
+}
+Cell Concat(Arguments a) {
+    QByteArray joined;
+    for (sqlite3_value* value : a)
+        joined += IsNull(value) ? QByteArrayView() : Text(value);
+    return joined;
+}
+Cell Len(Arguments a) {
+    return LengthWithoutTail(Text(a[0]));
+}
+Cell Left(Arguments a) {
+    return FirstCharacters(OwnText(a[0]), Whole(a[1]));
+}
+Cell Right(Arguments a) {
+    return LastCharacters(OwnText(a[0]), Whole(a[1]));
+}
+Cell Substring(Arguments a) {
+    return MiddleCharacters(OwnText(a[0]), Whole(a[1]), Whole(a[2]));
+}
+Cell Upper(Arguments a) {
+    return UpperText(Text(a[0]));
+}
+Cell Lower(Arguments a) {
+    return LowerText(Text(a[0]));
+}
+Cell LTrim(Arguments a) {
+    return WithoutHead(Text(a[0]));
+}
+Cell RTrim(Arguments a) {
+    return WithoutTail(Text(a[0]));
+}
+Cell Replace(Arguments a) {
+    return ReplacedText(OwnText(a[0]), OwnText(a[1]), OwnText(a[2]));
+}
+Cell Replicate(Arguments a) {
+    return RepeatedText(OwnText(a[0]), Whole(a[1]));
+}
+Cell Like(Arguments a) {
+    return qint64(MatchesPattern(Text(a[0]), Text(a[1])));
+}
+Cell DateAdd(Arguments a) {
+    return AddToDate(Text(a[0]), Whole(a[1]), Text(a[2]));
+}
+Cell DateDiff(Arguments a) {
+    return DateDifference(Text(a[0]), Text(a[1]), Text(a[2]));
+}
+Cell DatePart(Arguments a) {
+    return PartOfDate(Text(a[0]), Text(a[1]));
+}
+
+Cell Round(Arguments a) {
+    const double value = sqlite3_value_double(a[0]);
+    const int places = static_cast<int>(std::clamp<qint64>(Whole(a[1]), -kMostPlaces, kMostPlaces));
+    const bool whole = sqlite3_value_type(a[0]) == SQLITE_INTEGER;
+    if (whole && places >= 0)
+        return Whole(a[0]);
+    const bool cut = a.size() > 2 && Whole(a[2]) != 0;
+    const double rounded = cut ? TruncateToScale(value, places) : RoundToScale(value, places);
+    if (!whole)
+        return rounded;
+    if (std::fabs(rounded) >= kBigIntEnd)
+        RaiseBigIntOverflow();
+    return static_cast<qint64>(rounded);
+}
+
+template <bool Remainder> Cell DivideNumbers(Arguments a) {
+    const bool whole =
+        sqlite3_value_type(a[0]) == SQLITE_INTEGER && sqlite3_value_type(a[1]) == SQLITE_INTEGER;
+    if (sqlite3_value_double(a[1]) == 0)
+        throw ServerError(Fault::DivideByZero);
+    if (whole && Whole(a[1]) == -1) {
+        qint64 negative = 0;
+        if (!Remainder && __builtin_sub_overflow(qint64(0), Whole(a[0]), &negative))
+            RaiseBigIntOverflow();
+        return negative;
+    }
+    if (whole)
+        return Remainder ? Whole(a[0]) % Whole(a[1]) : Whole(a[0]) / Whole(a[1]);
+    const double left = sqlite3_value_double(a[0]);
+    const double right = sqlite3_value_double(a[1]);
+    return Remainder ? std::fmod(left, right) : left / right;
+}
+
+/// Where 64 bits are too few for a whole number SQLite goes on with a real one.
+Cell BigInt(Arguments a) {
+    if (sqlite3_value_type(a[0]) != SQLITE_INTEGER)
+        RaiseBigIntOverflow();
+    return Whole(a[0]);
+}
+
+/// The sum of decimals in units of their last decimal, so that no addition loses anything.
+struct DecimalSum {
+    qint64 units = 0;
+    double unitsInOne = 0;
+    bool any = false;
+};
+
+void AddToSum(DecimalSum& sum, double value, int scale) {
+    if (!sum.any)
+        sum.unitsInOne = std::pow(10.0, scale);
+    sum.any = true;
+    const double units = std::nearbyint(value * sum.unitsInOne);
+    const bool fits = std::fabs(units) < 9e18;
+    if (!fits || __builtin_add_overflow(sum.units, static_cast<qint64>(units), &sum.units))
+        throw ServerError(Fault::Overflow, {SqlType::Decimal(38, 0).Name()});
+}
+
+void StepSum(sqlite3_context* context, int, sqlite3_value** values) {
+    auto* sum = static_cast<DecimalSum*>(sqlite3_aggregate_context(context, sizeof(DecimalSum)));
+    if (!sum)
+        return sqlite3_result_error_nomem(context);
+    if (IsNull(values[0]))
+        return;
+    Guard(context,
+          [&] { AddToSum(*sum, sqlite3_value_double(values[0]), static_cast<int>(Whole(values[1]))); });
+}
+
+void FinishSum(sqlite3_context* context) {
+    const auto* sum = static_cast<DecimalSum*>(sqlite3_aggregate_context(context, 0));
+    if (sum && sum->any)
+        sqlite3_result_double(context, double(sum->units) / sum->unitsInOne);
+    else
+        sqlite3_result_null(context);
+}
+
+void SessionUser(sqlite3_context* context, int, sqlite3_value**) {
+    const QByteArray& user = static_cast<const SqliteDatabase*>(sqlite3_user_data(context))->SessionUser();
+    sqlite3_result_text64(context, user.constData(), static_cast<sqlite3_uint64>(user.size()),
+                          SQLITE_TRANSIENT, SQLITE_UTF8);
+}
+
+int Collate(void*, int sizeA, const void* a, int sizeB, const void* b) {
+    return CompareTexts({static_cast<const char*>(a), sizeA}, {static_cast<const char*>(b), sizeB});
+}
+
+struct Entry {
+    const char* name;
+    int count;
+    void (*call)(sqlite3_context*, int, sqlite3_value**);
+};
+
+constexpr std::array kFunctions = {
+    Entry{"tv_convert", 4, Call<ConvertCell>},
+    Entry{"tv_assign", 4, Call<AssignCell>},
+    Entry{"tv_concat", kAnyCount, Call<Concat>},
+    Entry{"tv_len", 1, Call<NullIfAnyNull<Len>>},
+    Entry{"tv_left", 2, Call<NullIfAnyNull<Left>>},
+    Entry{"tv_right", 2, Call<NullIfAnyNull<Right>>},
+    Entry{"tv_substring", 3, Call<NullIfAnyNull<Substring>>},
+    Entry{"tv_upper", 1, Call<NullIfAnyNull<Upper>>},
+    Entry{"tv_lower", 1, Call<NullIfAnyNull<Lower>>},
+    Entry{"tv_ltrim", 1, Call<NullIfAnyNull<LTrim>>},
+    Entry{"tv_rtrim", 1, Call<NullIfAnyNull<RTrim>>},
+    Entry{"tv_replace", 3, Call<NullIfAnyNull<Replace>>},
+    Entry{"tv_replicate", 2, Call<NullIfAnyNull<Replicate>>},
+    Entry{"tv_like", 2, Call<NullIfAnyNull<Like>>},
+    Entry{"tv_round", 2, Call<NullIfAnyNull<Round>>},
+    Entry{"tv_round", 3, Call<NullIfAnyNull<Round>>},
+    Entry{"tv_bigint", 1, Call<NullIfAnyNull<BigInt>>},
+    Entry{"tv_divide", 2, Call<NullIfAnyNull<DivideNumbers<false>>>},
+    Entry{"tv_modulo", 2, Call<NullIfAnyNull<DivideNumbers<true>>>},
+    Entry{"tv_dateadd", 3, Call<NullIfAnyNull<DateAdd>>},
+    Entry{"tv_datediff", 3, Call<NullIfAnyNull<DateDiff>>},
+    Entry{"tv_datepart", 2, Call<NullIfAnyNull<DatePart>>},
+};
+
+} // namespace
+
+void AddSqlFunctions(SqliteDatabase& database) {
+    sqlite3* handle = database.Handle();
+    const QByteArray collation = CollationName().toUtf8();
+    int code =
+        sqlite3_create_collation_v2(handle, collation.constData(), SQLITE_UTF8, nullptr, Collate, nullptr);
+    for (const Entry& entry : kFunctions)
+        code |= sqlite3_create_function_v2(handle, entry.name, entry.count, kFlags, &database, entry.call,
+                                           nullptr, nullptr, nullptr);
+    code |= sqlite3_create_function_v2(handle, "tv_sum", 2, kFlags, &database, nullptr, StepSum, FinishSum,
+                                       nullptr);
+    code |= sqlite3_create_function_v2(handle, "tv_user", 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, &database,
+                                       SessionUser, nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK)
+        database.Raise(code);
+}
+
+Cell ReadCell(sqlite3_value* value) {
+    switch (sqlite3_value_type(value)) {
+    case SQLITE_INTEGER:
+        return sqlite3_value_int64(value);
+    case SQLITE_FLOAT:
+        return sqlite3_value_double(value);
+    case SQLITE_NULL:
+        return {};
+    default:
+        return OwnText(value);
+    }
+}

@@ -1,0 +1,180 @@
+#include "trial/sqlite/SqliteDatabase.h"
+
+#include "trial/sqlite/SqlFunctions.h"
+#include "trial/sqlite/SqliteStatement.h"
+#include "tsql/ServerError.h"
+
+#include <algorithm>
+#include <sqlite3.h>
+#include <thread>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// How many of SQLite's steps pass between two looks at the clock.
+constexpr int kStepsPerLook = 20000;
+// In seconds, until the gateway says how long it will wait.
+constexpr int kFirstTimeout = 30;
+constexpr std::chrono::milliseconds kLongestPause(25);
+
+/// SQLite's texts name columns as "table.column, table.column"; the tables of the hospital have dots in
+/// theirs.
+QStringList ConstraintColumns(const QString& detail) {
+    QStringList columns;
+    for (const QString& name : detail.section(u": "_s, 1).split(u", "_s))
+        columns << name.section(u'.', -1);
+    return columns;
+}
+
+QString ConstraintTable(const QString& detail) {
+    return detail.section(u": "_s, 1).section(u", "_s, 0, 0).section(u'.', 0, -2);
+}
+
+} // namespace
+
+SqliteDatabase::SqliteDatabase(const QString& path, Mode mode)
+    : mPath(path) {
+    const int flags = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
+                      (mode == Mode::Reading ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) |
+                      (mode == Mode::New ? SQLITE_OPEN_CREATE : 0);
+    sqlite3* handle = nullptr;
+    const int code = sqlite3_open_v2(path.toUtf8().constData(), &handle, flags, nullptr);
+    mHandle.reset(handle);
+    if (code != SQLITE_OK)
+        throw ServerError(Fault::CannotOpen, {path, QString::fromUtf8(sqlite3_errstr(code))});
+    // A name in double quotes that means no column must never pass for a text.
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    SetTimeout(kFirstTimeout);
+    sqlite3_busy_handler(handle, &SqliteDatabase::OnBusy, this);
+    sqlite3_progress_handler(handle, kStepsPerLook, &SqliteDatabase::OnProgress, this);
+    AddSqlFunctions(*this);
+}
+
+void SqliteDatabase::Close::operator()(sqlite3* handle) const {
+    sqlite3_close_v2(handle);
+}
+
+sqlite3_file& SqliteDatabase::File() const {
+    sqlite3_file* file = nullptr;
+    sqlite3_file_control(mHandle.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    return *file;
+}
+
+QByteArray SqliteDatabase::Header() const {
+    constexpr int kHeaderSize = 100;
+    QByteArray header(kHeaderSize, '\0');
+    sqlite3_file& file = File();
+    const int code = file.pMethods->xRead(&file, header.data(), kHeaderSize, 0);
+    if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
+        throw ServerError(Fault::CannotOpen, {mPath, QString::fromUtf8(sqlite3_errstr(code))});
+    return header;
+}
+
+void SqliteDatabase::Flush() {
+    sqlite3_file& file = File();
+    const int code = file.pMethods->xSync(&file, SQLITE_SYNC_FULL);
+    if (code != SQLITE_OK)
+        throw ServerError(Fault::InputOutput, {mPath, QString::fromUtf8(sqlite3_errstr(code))});
+}
+
+void SqliteDatabase::Run(const QString& sql) {
+    const int code = sqlite3_exec(mHandle.get(), sql.toUtf8().constData(), nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK)
+        Raise(code);
+}
+
+std::optional<Cell> SqliteDatabase::RunForValue(const QString& sql) {
+    SqliteStatement statement(*this, sql, false);
+    if (!statement.Step())
+        return std::nullopt;
+    return ReadCell(sqlite3_column_value(statement.Handle(), 0));
+}
+
+void SqliteDatabase::SetTimeout(int seconds) {
+    mTimeout = std::chrono::seconds(seconds);
+}
+
+SqliteDatabase::Clock::time_point SqliteDatabase::EndOfWait() const {
+    return mTimeout > mTimeout.zero() ? Clock::now() + mTimeout : Clock::time_point::max();
+}
+
+SqliteDatabase::Command::Command(SqliteDatabase& database)
+    : mDatabase(database) {
+    if (database.mCancelled)
+        throw ServerError(Fault::Cancelled);
+    database.mDeadline = database.EndOfWait();
+}
+
+SqliteDatabase::Command::~Command() {
+    mDatabase.mDeadline = Clock::time_point::max();
+}
+
+int SqliteDatabase::OnProgress(void* self) {
+    const auto* database = static_cast<const SqliteDatabase*>(self);
+    return database->mCancelled || Clock::now() > database->mDeadline ? 1 : 0;
+}
+
+int SqliteDatabase::OnBusy(void* self, int looks) {
+    auto* database = static_cast<SqliteDatabase*>(self);
+    if (looks == 0)
+        database->mLockDeadline = std::min(database->mDeadline, database->EndOfWait());
+    if (database->mCancelled || Clock::now() >= database->mLockDeadline)
+        return 0;
+    // Most locks are held for milliseconds; a long one needs no more than a few looks in a second.
+    std::this_thread::sleep_for(std::min(std::chrono::milliseconds(looks + 1), kLongestPause));
+    return 1;
+}
+
+bool SqliteDatabase::InTransaction() const {
+    return sqlite3_get_autocommit(mHandle.get()) == 0;
+}
+
+qint64 SqliteDatabase::Changes() const {
+    return sqlite3_changes64(mHandle.get());
+}
+
+void SqliteDatabase::Raise(int code) {
+    if (auto error = std::exchange(mFunctionError, std::nullopt))
+        throw RunTimeError(*error);
+    const QString detail = QString::fromUtf8(sqlite3_errmsg(mHandle.get()));
+    switch (code & 0xFF) {
+    case SQLITE_FULL:
+        throw ServerError(Fault::DiskFull, {mPath});
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        throw ServerError(mCancelled ? Fault::Cancelled : Fault::LockTimeout);
+    case SQLITE_IOERR:
+        throw ServerError(Fault::InputOutput, {mPath, detail});
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        throw ServerError(Fault::Damaged, {mPath, detail});
+    case SQLITE_READONLY:
+        throw ServerError(Fault::ReadOnly, {mPath});
+    case SQLITE_CANTOPEN:
+        throw ServerError(Fault::CannotOpen, {mPath, detail});
+    case SQLITE_INTERRUPT:
+        throw ServerError(mCancelled ? Fault::Cancelled : Fault::QueryTimeout);
+    case SQLITE_CONSTRAINT:
+        RaiseConstraint(code, detail);
+    case SQLITE_NOMEM:
+        throw std::bad_alloc();
+    default:
+        // SQLite's own functions reckon with whole numbers too.
+        if (detail == "integer overflow"_L1)
+            throw ServerError(Fault::Overflow, {SqlType::BigInt().Name()});
+        if (detail.contains("stack overflow"_L1) || detail.contains("too large"_L1))
+            throw ServerError(Fault::TooDeep);
+        throw ServerError(Fault::CannotPrepare, {detail});
+    }
+}
+
+void SqliteDatabase::RaiseConstraint(int code, const QString& detail) const {
+    const QString table = ConstraintTable(detail);
+    const QString columns = ConstraintColumns(detail).join(u", "_s);
+    if (code == SQLITE_CONSTRAINT_NOTNULL)
+        throw ServerError(Fault::NullNotAllowed, {columns, table});
+    throw ServerError(Fault::DuplicateKey, {table, columns});
+}

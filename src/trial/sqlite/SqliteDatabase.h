@@ -1,0 +1,105 @@
+#pragma once
+
+#include "text/RunTimeError.h"
+#include "tsql/Convert.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <atomic>
+#include <chrono>
+#include <memory>
+#include <optional>
+
+struct sqlite3;
+struct sqlite3_file;
+
+/// One open SQLite file. Every failure is raised with the server's number for it. Used from one thread, but
+/// for Cancel.
+class SqliteDatabase {
+  public:
+    enum class Mode {
+        Existing,
+        /// An existing file that nothing can be written to through this connection.
+        Reading,
+        New,
+    };
+
+    /// Opens or makes the file; raises 5120 where that cannot be done. Nothing is looked at in the file, and
+    /// nothing in it or beside it is touched, before the first statement runs.
+    SqliteDatabase(const QString& path, Mode mode);
+    SqliteDatabase(const SqliteDatabase&) = delete;
+    SqliteDatabase& operator=(const SqliteDatabase&) = delete;
+    ~SqliteDatabase() = default;
+
+    /// Runs one or more statements of SQLite's own language, such as PRAGMA.
+    void Run(const QString& sql);
+    /// The first column of the first row; nothing for a statement without rows.
+    std::optional<Cell> RunForValue(const QString& sql);
+
+    /// The time of one command, from its beginning to its end: waiting for locks and running share the
+    /// timeout. Raises a failure when the file was given up.
+    class Command {
+      public:
+        explicit Command(SqliteDatabase& database);
+        Command(const Command&) = delete;
+        Command& operator=(const Command&) = delete;
+        ~Command();
+
+      private:
+        SqliteDatabase& mDatabase;
+    };
+
+    const QString& Path() const { return mPath; }
+    /// The first bytes of the file, those that tell what kind of file it is; a shorter file is filled up with
+    /// zeros. They are read through SQLite's own handle: any other one that is opened on the file and closed
+    /// takes SQLite's locks on it along, all those of the process.
+    QByteArray Header() const;
+    /// Makes sure that the file has reached the disk. For a file that was written without waiting for that.
+    void Flush();
+
+    /// The user in whose name the connection works, as SUSER_SNAME() gives him; empty for nobody.
+    const QByteArray& SessionUser() const { return mSessionUser; }
+    void SetSessionUser(const QString& user) { mSessionUser = user.toUtf8(); }
+
+    /// Seconds that a command may take, its wait for locks included, and that a lock is waited for outside of
+    /// commands; 0 waits for ever.
+    void SetTimeout(int seconds);
+    /// Gives the file up: the command that is running fails at its next look at the clock, also where it
+    /// waits for a lock, and every later one at its beginning. From any thread.
+    void Cancel() { mCancelled = true; }
+
+    /// Whether a transaction is open.
+    bool InTransaction() const;
+    /// Rows touched by the last writing statement.
+    qint64 Changes() const;
+    sqlite3* Handle() const { return mHandle.get(); }
+
+    /// Where the engine's own functions leave the error that made a statement fail.
+    std::optional<RunTimeError>& FunctionError() { return mFunctionError; }
+    /// Raises what a call into SQLite failed with.
+    [[noreturn]] void Raise(int code);
+
+  private:
+    struct Close {
+        void operator()(sqlite3* handle) const;
+    };
+
+    using Clock = std::chrono::steady_clock;
+
+    sqlite3_file& File() const;
+    Clock::time_point EndOfWait() const;
+    static int OnProgress(void* self);
+    static int OnBusy(void* self, int looks);
+    [[noreturn]] void RaiseConstraint(int code, const QString& detail) const;
+
+    QString mPath;
+    QByteArray mSessionUser;
+    std::unique_ptr<sqlite3, Close> mHandle;
+    std::optional<RunTimeError> mFunctionError;
+    std::chrono::seconds mTimeout{};
+    /// When the running command is given up, and when the wait for a lock is.
+    Clock::time_point mDeadline = Clock::time_point::max();
+    Clock::time_point mLockDeadline = Clock::time_point::max();
+    std::atomic<bool> mCancelled = false;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "trial/sqlite/SqliteDatabase.h"
+
+struct sqlite3_stmt;
+
+/// One prepared statement.
+class SqliteStatement {
+  public:
+    /// `kept` tells SQLite that the statement will be used many times.
+    SqliteStatement(SqliteDatabase& database, const QString& sql, bool kept);
+
+    /// Binds a value, which must outlive the run. Numbers beyond the statement's parameters are passed over.
+    void Bind(int number, const Cell& value);
+    /// Whether a row came.
+    bool Step();
+    /// Ends the run; the statement may be run again.
+    void Reset();
+    sqlite3_stmt* Handle() const { return mHandle.get(); }
+
+  private:
+    struct Finalize {
+        void operator()(sqlite3_stmt* statement) const;
+    };
+
+    SqliteDatabase& mDatabase;
+    std::unique_ptr<sqlite3_stmt, Finalize> mHandle;
+    int mParameterCount = 0;
+};

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "trial/translate/Scope.h"
+#include "trial/translate/Translation.h"
+#include "tsql/SqlTree.h"
+
+#include <initializer_list>
+#include <vector>
+
+/// What the translation of one statement works with.
+struct TranslationState {
+    const Catalog& catalog;
+    /// The database of names that are written without one.
+    QString database;
+    const std::vector<DeclaredParameter>& parameters;
+    Translation& out;
+    /// How many sources have got their alias.
+    int aliases = 0;
+};
+
+/// Turns expressions and conditions into SQLite's language, with the types, conversions and collation of the
+/// server: where two types meet, the lower one is converted, texts compare by the hospital's collation,
+/// decimals are rounded to their scale.
+class ExpressionTranslator {
+  public:
+    /// The scope is null where no column may stand.
+    ExpressionTranslator(TranslationState& state, const Scope* scope)
+        : mState(state)
+        , mScope(scope) {}
+
+    /// A value or a condition; a condition's type is NULL's.
+    Typed Translate(const Expression& expression);
+    /// The value of a number, text or NULL as it is written; nothing for any other expression.
+    static std::optional<Typed> Literal(const Expression& expression);
+    Typed Constant(const Cell& value, const SqlType& type);
+
+    /// The value, converted to exactly that type.
+    Typed ConvertTo(const Typed& value, const SqlType& type, ConversionPlace place,
+                    int style = kDefaultStyle);
+    /// The value, converted as far as it must be to stand beside others of that type.
+    Typed MeetAs(const Typed& value, const SqlType& type);
+    /// A whole number that was reckoned, held to what its type can hold; the server's error 8115 where it
+    /// runs over. SQLite reckons in 64 bits.
+    Typed InBounds(Typed result);
+    /// The expression's text for a place where texts are compared or ordered.
+    QString Collated(const Typed& value) const;
+    /// The present time, the same for a whole command.
+    Typed Clock();
+
+    /// An expression made of others.
+    static Typed Compose(const QString& sql, const SqlType& type, std::initializer_list<const Typed*> parts);
+    static Typed Compose(const QString& sql, const SqlType& type, const std::vector<Typed>& parts);
+
+    TranslationState& State() { return mState; }
+
+    /// Aggregates are refused (147) while this is false.
+    bool aggregatesAllowed = false;
+    /// Set once an aggregate was translated.
+    bool sawAggregate = false;
+
+  private:
+    Typed TranslateNode(const Expression& expression);
+    Typed TranslateParameter(const QString& name);
+    Typed TranslateColumn(const Expression& expression);
+    Typed TranslateNegation(const Expression& expression);
+    Typed TranslateArithmetic(const Expression& expression);
+    Typed Calculate(QChar sign, const Typed& left, const Typed& right);
+    Typed TranslateCase(const Expression& expression);
+    Typed TranslateSubquery(const Expression& expression);
+    Typed TranslateComparison(const Expression& expression);
+    Typed TranslateLogic(const Expression& expression);
+    Typed TranslateIsNull(const Expression& expression);
+    Typed TranslateLike(const Expression& expression);
+    Typed TranslateBetween(const Expression& expression);
+    Typed TranslateIn(const Expression& expression);
+    Typed TranslateInQuery(const Expression& expression, const Typed& left);
+    Typed TranslateExists(const Expression& expression);
+    Typed Compare(const QString& sign, const Typed& left, const Typed& right);
+    static Typed Negated(bool negated, Typed condition);
+
+    TranslationState& mState;
+    const Scope* mScope;
+};

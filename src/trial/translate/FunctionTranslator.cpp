@@ -1,0 +1,277 @@
+#include "trial/translate/FunctionTranslator.h"
+
+#include "tsql/ServerError.h"
+
+#include <QHash>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kAnyNumber = 100;
+constexpr int kLeastAverageScale = 6;
+
+} // namespace
+
+const FunctionTranslator::Function* FunctionTranslator::Find(const QString& name) {
+    using F = FunctionTranslator;
+    static constexpr std::array kFunctions = {
+        Function{u"CONCAT", 2, kAnyNumber, &F::Concat},
+        Function{u"COALESCE", 2, kAnyNumber, &F::Coalesce},
+        Function{u"NULLIF", 2, 2, &F::NullIf},
+        Function{u"GETDATE", 0, 0, &F::GetDate},
+        Function{u"SUSER_SNAME", 0, 0, &F::SessionUser},
+        Function{u"LEN", 1, 1, &F::Len},
+        Function{u"LEFT", 2, 2, &F::Part},
+        Function{u"RIGHT", 2, 2, &F::Part},
+        Function{u"SUBSTRING", 3, 3, &F::Substring},
+        Function{u"UPPER", 1, 1, &F::ChangeText},
+        Function{u"LOWER", 1, 1, &F::ChangeText},
+        Function{u"LTRIM", 1, 1, &F::ChangeText},
+        Function{u"RTRIM", 1, 1, &F::ChangeText},
+        Function{u"REPLACE", 3, 3, &F::ChangeText},
+        Function{u"REPLICATE", 2, 2, &F::Replicate},
+        Function{u"ABS", 1, 1, &F::Abs},
+        Function{u"ROUND", 2, 3, &F::Round},
+        Function{u"DATEADD", 2, 2, &F::DateAdd},
+        Function{u"DATEDIFF", 2, 2, &F::DateDiff},
+        Function{u"YEAR", 1, 1, &F::DatePart},
+        Function{u"MONTH", 1, 1, &F::DatePart},
+        Function{u"DAY", 1, 1, &F::DatePart},
+        Function{u"COUNT", 0, 1, &F::Count},
+        Function{u"SUM", 1, 1, &F::Sum},
+        Function{u"AVG", 1, 1, &F::Average},
+        Function{u"MIN", 1, 1, &F::Extreme},
+        Function{u"MAX", 1, 1, &F::Extreme},
+    };
+    const auto* found = std::find_if(kFunctions.begin(), kFunctions.end(),
+                                     [&](const Function& f) { return name == QStringView(f.name); });
+    return found == kFunctions.end() ? nullptr : found;
+}
+
+Typed FunctionTranslator::Translate(const Expression& call) {
+    const Function* function = Find(call.text);
+    if (!function)
+        throw ServerError(Fault::UnknownFunction, {call.text});
+    if (call.distinct && call.text != "COUNT"_L1)
+        throw ServerError(Fault::IncorrectSyntaxNearKeyword, {u"distinct"_s});
+    const int count = static_cast<int>(call.arguments.size());
+    const bool starMisplaced = call.star && call.text != "COUNT"_L1;
+    if (count < function->least || count > function->most || starMisplaced)
+        throw ServerError(Fault::ArgumentCount, {call.text.toLower(), QString::number(function->least)});
+    return (this->*function->handler)(call);
+}
+
+Typed FunctionTranslator::Argument(const Expression& call, size_t number) {
+    return mExpressions.Translate(*call.arguments[number]);
+}
+
+Typed FunctionTranslator::TextArgument(const Expression& call, size_t number) {
+    return mExpressions.MeetAs(Argument(call, number), SqlType::Text());
+}
+
+Typed FunctionTranslator::WholeArgument(const Expression& call, size_t number) {
+    return mExpressions.ConvertTo(Argument(call, number), SqlType::BigInt(), ConversionPlace::Expression);
+}
+
+Typed FunctionTranslator::DateArgument(const Expression& call, size_t number) {
+    const Typed value = Argument(call, number);
+    return value.type.IsDate() ? value : mExpressions.MeetAs(value, SqlType::DateTime());
+}
+
+Typed FunctionTranslator::NumberArgument(const Expression& call, size_t number) {
+    const Typed value = Argument(call, number);
+    if (value.type.IsDate())
+        throw ServerError(Fault::InvalidOperand, {value.type.Name(), call.text.toLower()});
+    return value.type.IsText() ? mExpressions.ConvertTo(value, SqlType::Float(), ConversionPlace::Expression)
+                               : value;
+}
+
+Typed FunctionTranslator::Call(const QString& name, const SqlType& type,
+                               const std::vector<Typed>& arguments) {
+    QStringList texts;
+    for (const Typed& argument : arguments)
+        texts << argument.sql;
+    return ExpressionTranslator::Compose(name + u'(' + texts.join(u", "_s) + u')', type, arguments);
+}
+
+Typed FunctionTranslator::Concat(const Expression& call) {
+    std::vector<Typed> texts;
+    for (size_t i = 0; i < call.arguments.size(); ++i)
+        texts.push_back(TextArgument(call, i));
+    return Call(u"tv_concat"_s, SqlType::Text(), texts);
+}
+
+Typed FunctionTranslator::Coalesce(const Expression& call) {
+    std::vector<Typed> values;
+    SqlType common;
+    for (size_t i = 0; i < call.arguments.size(); ++i) {
+        values.push_back(Argument(call, i));
+        common = CommonType(common, values.back().type);
+    }
+    for (Typed& value : values)
+        value = mExpressions.MeetAs(value, common);
+    return Call(u"coalesce"_s, common, values);
+}
+
+Typed FunctionTranslator::NullIf(const Expression& call) {
+    const Typed value = Argument(call, 0);
+    const Typed other = Argument(call, 1);
+    const SqlType common = CommonType(value.type, other.type);
+    const QString left = mExpressions.Collated(mExpressions.MeetAs(value, common));
+    const QString right = mExpressions.MeetAs(other, common).sql;
+    return ExpressionTranslator::Compose(u"(CASE WHEN "_s + left + u" = "_s + right + u" THEN NULL ELSE "_s +
+                                             value.sql + u" END)"_s,
+                                         value.type, {&value, &other});
+}
+
+Typed FunctionTranslator::GetDate(const Expression&) {
+    return mExpressions.Clock();
+}
+
+Typed FunctionTranslator::SessionUser(const Expression&) {
+    constexpr int kLongestName = 128;
+    return {u"tv_user()"_s, {SqlType::Kind::NVarChar, kLongestName, 0, 0}};
+}
+
+Typed FunctionTranslator::Len(const Expression& call) {
+    return Call(u"tv_len"_s, SqlType::Int(), {TextArgument(call, 0)});
+}
+
+Typed FunctionTranslator::Part(const Expression& call) {
+    return Call(u"tv_"_s + call.text.toLower(), SqlType::Text(),
+                {TextArgument(call, 0), WholeArgument(call, 1)});
+}
+
+Typed FunctionTranslator::Substring(const Expression& call) {
+    return Call(u"tv_substring"_s, SqlType::Text(),
+                {TextArgument(call, 0), WholeArgument(call, 1), WholeArgument(call, 2)});
+}
+
+Typed FunctionTranslator::ChangeText(const Expression& call) {
+    std::vector<Typed> texts;
+    for (size_t i = 0; i < call.arguments.size(); ++i)
+        texts.push_back(TextArgument(call, i));
+    return Call(u"tv_"_s + call.text.toLower(), SqlType::Text(), texts);
+}
+
+Typed FunctionTranslator::Replicate(const Expression& call) {
+    return Call(u"tv_replicate"_s, SqlType::Text(), {TextArgument(call, 0), WholeArgument(call, 1)});
+}
+
+Typed FunctionTranslator::Abs(const Expression& call) {
+    const Typed value = NumberArgument(call, 0);
+    return mExpressions.InBounds(Call(u"abs"_s, value.type, {value}));
+}
+
+Typed FunctionTranslator::Round(const Expression& call) {
+    const Typed value = NumberArgument(call, 0);
+    std::vector<Typed> arguments = {value, WholeArgument(call, 1)};
+    if (call.arguments.size() > 2)
+        arguments.push_back(WholeArgument(call, 2));
+    return mExpressions.InBounds(Call(u"tv_round"_s, value.type, arguments));
+}
+
+QString FunctionTranslator::DatePartName(const Expression& call) const {
+    static const QHash<QString, QString> kParts = {
+        {u"year"_s, u"year"_s}, {u"yyyy"_s, u"year"_s}, {u"yy"_s, u"year"_s}, {u"month"_s, u"month"_s},
+        {u"mm"_s, u"month"_s},  {u"m"_s, u"month"_s},   {u"day"_s, u"day"_s}, {u"dd"_s, u"day"_s},
+        {u"d"_s, u"day"_s},     {u"hour"_s, u"hour"_s}, {u"hh"_s, u"hour"_s}, {u"minute"_s, u"minute"_s},
+        {u"mi"_s, u"minute"_s}, {u"n"_s, u"minute"_s},
+    };
+    const QString part = kParts.value(call.path.value(0).toLower());
+    if (part.isEmpty())
+        throw ServerError(Fault::UnknownDatePart, {call.path.value(0), call.text.toLower()});
+    return u'\'' + part + u'\'';
+}
+
+Typed FunctionTranslator::DateAdd(const Expression& call) {
+    const Typed part{DatePartName(call), SqlType::Text()};
+    const Typed date = DateArgument(call, 1);
+    return Call(u"tv_dateadd"_s, date.type, {part, WholeArgument(call, 0), date});
+}
+
+Typed FunctionTranslator::DateDiff(const Expression& call) {
+    const Typed part{DatePartName(call), SqlType::Text()};
+    return Call(u"tv_datediff"_s, SqlType::Int(), {part, DateArgument(call, 0), DateArgument(call, 1)});
+}
+
+Typed FunctionTranslator::DatePart(const Expression& call) {
+    const Typed part{u'\'' + call.text.toLower() + u'\'', SqlType::Text()};
+    return Call(u"tv_datepart"_s, SqlType::Int(), {part, DateArgument(call, 0)});
+}
+
+Typed FunctionTranslator::AggregateArgument(const Expression& call) {
+    if (!mExpressions.aggregatesAllowed)
+        throw ServerError(Fault::AggregateInWhere);
+    Typed value = Argument(call, 0);
+    mExpressions.sawAggregate = true;
+    value.looseColumn.clear();
+    return value;
+}
+
+Typed FunctionTranslator::Count(const Expression& call) {
+    if (call.star == !call.arguments.empty())
+        throw ServerError(Fault::ArgumentCount, {u"count"_s, u"1"_s});
+    if (call.star) {
+        if (!mExpressions.aggregatesAllowed)
+            throw ServerError(Fault::AggregateInWhere);
+        mExpressions.sawAggregate = true;
+        return {u"count(*)"_s, SqlType::Int()};
+    }
+    const Typed value = AggregateArgument(call);
+    const QString distinct = call.distinct ? u"DISTINCT "_s + mExpressions.Collated(value) : value.sql;
+    return {u"count("_s + distinct + u')', SqlType::Int()};
+}
+
+Typed FunctionTranslator::ExactSum(const Typed& value) const {
+    return {u"tv_sum("_s + value.sql + u", "_s + QString::number(value.type.scale) + u')',
+            value.type,
+            false,
+            {},
+            {}};
+}
+
+Typed FunctionTranslator::Sum(const Expression& call) {
+    const Typed value = AggregateArgument(call);
+    if (!value.type.IsNumber() || value.type.kind == SqlType::Kind::Bit)
+        throw ServerError(Fault::InvalidOperand, {value.type.Name(), u"sum"_s});
+    if (value.type.kind == SqlType::Kind::Money)
+        return ExactSum(value);
+    Typed sum = Call(u"sum"_s, value.type, {value});
+    if (value.type.kind == SqlType::Kind::Decimal) {
+        sum = ExactSum(value);
+        sum.type = SqlType::Decimal(38, value.type.scale);
+    } else if (value.type.kind == SqlType::Kind::Int) {
+        return mExpressions.InBounds(sum);
+    }
+    return sum;
+}
+
+Typed FunctionTranslator::Average(const Expression& call) {
+    const Typed value = AggregateArgument(call);
+    if (!value.type.IsNumber() || value.type.kind == SqlType::Kind::Bit)
+        throw ServerError(Fault::InvalidOperand, {value.type.Name(), u"avg"_s});
+    const QString count = u" / count("_s + value.sql + u')';
+    // Kept: the average of whole numbers is a whole number, its decimals cut.
+    if (value.type.IsWhole())
+        return {u"(sum("_s + value.sql + u')' + count + u')', value.type};
+    if (!value.type.IsFixed())
+        return Call(u"avg"_s, value.type, {value});
+    const int scale =
+        value.type.kind == SqlType::Kind::Money ? 4 : std::max(value.type.scale, kLeastAverageScale);
+    const SqlType type = value.type.kind == SqlType::Kind::Money ? value.type : SqlType::Decimal(38, scale);
+    return {u"tv_round("_s + ExactSum(value).sql + count + u", "_s + QString::number(scale) + u')',
+            type,
+            false,
+            {},
+            {}};
+}
+
+Typed FunctionTranslator::Extreme(const Expression& call) {
+    const Typed value = AggregateArgument(call);
+    return {call.text.toLower() + u'(' + mExpressions.Collated(value) + u')', value.type};
+}

@@ -1,0 +1,210 @@
+#include "trial/translate/QueryTranslator.h"
+
+#include "trial/sqlite/FileSchema.h"
+#include "tsql/ServerError.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+TranslatedQuery QueryTranslator::Translate(const Query& query, const ItemChange& change) {
+    std::vector<Core> cores;
+    Scope scope(mOuter);
+    for (const SelectCore& core : query.cores) {
+        scope = Scope(mOuter);
+        cores.push_back(TranslateCore(core, scope));
+        if (cores.back().items.size() != cores.front().items.size())
+            throw ServerError(Fault::UnionLengths);
+    }
+    TranslatedQuery result;
+    for (size_t column = 0; column < cores.front().items.size(); ++column)
+        result.columns.push_back(MeetInColumn(column, cores, change));
+    QStringList texts;
+    for (const Core& core : cores)
+        texts << CoreText(core, cores.size() > 1);
+    result.sql = texts.join(u" UNION ALL "_s) + TranslateOrder(query, cores, scope);
+    if (cores.size() == 1)
+        result.sql += cores.front().limit;
+    return result;
+}
+
+ResultColumn QueryTranslator::MeetInColumn(size_t column, std::vector<Core>& cores,
+                                           const ItemChange& change) {
+    SqlType common;
+    for (const Core& core : cores)
+        common = CommonType(common, core.items[column].value.type);
+    ExpressionTranslator expressions(mState, nullptr);
+    for (Core& core : cores) {
+        Typed& value = core.items[column].value;
+        value = expressions.MeetAs(value, common);
+        if (change)
+            value = change(column, value);
+    }
+    const Item& first = cores.front().items[column];
+    return {first.name, change ? first.value.type : common};
+}
+
+QString QueryTranslator::CoreText(const Core& core, bool inUnion) {
+    ExpressionTranslator expressions(mState, nullptr);
+    QStringList items;
+    for (size_t i = 0; i < core.items.size(); ++i) {
+        const Typed& value = core.items[i].value;
+        items << (core.distinct ? expressions.Collated(value) : value.sql) + u" AS c"_s +
+                     QString::number(i + 1);
+    }
+    const QString text =
+        (core.distinct ? u"SELECT DISTINCT "_s : u"SELECT "_s) + items.join(u", "_s) + core.rest;
+    if (core.limit.isEmpty() || !inUnion)
+        return text;
+    return u"SELECT * FROM ("_s + text + core.limit + u')';
+}
+
+QueryTranslator::Core QueryTranslator::TranslateCore(const SelectCore& core, Scope& scope) {
+    Core result;
+    result.distinct = core.distinct;
+    result.rest = TranslateSources(core, scope);
+    ExpressionTranslator expressions(mState, &scope);
+    if (core.where)
+        result.rest += u" WHERE "_s + expressions.Translate(*core.where).sql;
+    QStringList keys;
+    for (const ExpressionPtr& key : core.groupBy) {
+        const Typed value = expressions.Translate(*key);
+        keys << expressions.Collated(value);
+        scope.groupKeys << value.sql;
+    }
+    if (!keys.isEmpty())
+        result.rest += u" GROUP BY "_s + keys.join(u", "_s);
+    expressions.aggregatesAllowed = true;
+    result.items = TranslateItems(core, scope, expressions);
+    QString loose;
+    for (const Item& item : result.items)
+        loose = loose.isEmpty() ? item.value.looseColumn : loose;
+    if (core.having) {
+        const Typed having = expressions.Translate(*core.having);
+        result.rest += u" HAVING "_s + having.sql;
+        loose = loose.isEmpty() ? having.looseColumn : loose;
+    }
+    result.grouped = !keys.isEmpty() || core.having || expressions.sawAggregate;
+    if (!loose.isEmpty() && result.grouped)
+        throw ServerError(Fault::NotGrouped, {loose});
+    if (core.top) {
+        ExpressionTranslator count(mState, nullptr);
+        const Typed top =
+            count.ConvertTo(count.Translate(*core.top), SqlType::BigInt(), ConversionPlace::Expression);
+        result.limit = u" LIMIT "_s + top.sql;
+    }
+    return result;
+}
+
+QString QueryTranslator::TranslateSources(const SelectCore& core, Scope& scope) {
+    QString text;
+    for (const TableSource& source : core.sources) {
+        const QString joint = text.isEmpty() ? u" FROM "_s : source.leftJoin ? u" LEFT JOIN "_s : u" JOIN "_s;
+        text += joint +
+                (source.query ? AddDerivedTable(scope, source) : AddTable(scope, source.name, source.alias));
+        if (source.on)
+            text += u" ON "_s + ExpressionTranslator(mState, &scope).Translate(*source.on).sql;
+    }
+    return text;
+}
+
+QString QueryTranslator::AddTable(Scope& scope, const ObjectName& name, const QString& alias) {
+    const Table* table = mState.catalog.FindTable(name, mState.database);
+    if (!table)
+        throw ServerError(Fault::InvalidObject, {name.written});
+    ScopeSource source;
+    source.exposedName = alias.isEmpty() ? table->definition.name.object : alias;
+    source.tableKey = alias.isEmpty() ? ObjectKey(name, mState.database) : QString();
+    source.alias = NewAlias();
+    for (const ColumnDefinition& column : table->definition.columns)
+        source.columns.push_back({column.name, column.type, QuotedName(column.name), true});
+    const QString text = QuotedName(table->NameInFile()) + u" AS "_s + source.alias;
+    scope.Add(std::move(source));
+    return text;
+}
+
+QString QueryTranslator::AddDerivedTable(Scope& scope, const TableSource& derived) {
+    const TranslatedQuery query = QueryTranslator(mState, mOuter).Translate(*derived.query);
+    ScopeSource source;
+    source.exposedName = derived.alias;
+    source.alias = NewAlias();
+    for (size_t i = 0; i < query.columns.size(); ++i)
+        source.columns.push_back(
+            {query.columns[i].name, query.columns[i].type, u'c' + QString::number(i + 1), false});
+    const QString text = u'(' + query.sql + u") AS "_s + source.alias;
+    scope.Add(std::move(source));
+    return text;
+}
+
+std::vector<QueryTranslator::Item> QueryTranslator::TranslateItems(const SelectCore& core, const Scope& scope,
+                                                                   ExpressionTranslator& expressions) {
+    std::vector<Item> items;
+    for (const SelectItem& item : core.items) {
+        if (item.star)
+            AddStar(items, item, scope);
+        else
+            items.push_back({expressions.Translate(*item.value), ItemName(item)});
+    }
+    return items;
+}
+
+void QueryTranslator::AddStar(std::vector<Item>& items, const SelectItem& star, const Scope& scope) const {
+    for (const ScopeSource* source : scope.Starred(star.path, mState.database)) {
+        for (const ScopeColumn& column : source->columns)
+            items.push_back(
+                {{source->alias + u'.' + column.nameInFile, column.type, column.tableColumn, {}, column.name},
+                 column.name});
+    }
+}
+
+QString QueryTranslator::ItemName(const SelectItem& item) {
+    if (!item.alias.isEmpty())
+        return item.alias;
+    // The server gives no name to an expression.
+    return item.value->kind == Expression::Kind::Column ? item.value->path.last() : QString();
+}
+
+QString QueryTranslator::TranslateOrder(const Query& query, const std::vector<Core>& cores,
+                                        const Scope& scope) {
+    QStringList keys;
+    for (const OrderItem& item : query.orderBy)
+        keys << TranslateOrderItem(item, cores, scope) + (item.descending ? u" DESC"_s : QString());
+    return keys.isEmpty() ? QString() : u" ORDER BY "_s + keys.join(u", "_s);
+}
+
+QString QueryTranslator::TranslateOrderItem(const OrderItem& order, const std::vector<Core>& cores,
+                                            const Scope& scope) {
+    const Expression& value = *order.value;
+    const auto& items = cores.front().items;
+    const auto byPosition = [&](size_t column) {
+        Typed key = items[column].value;
+        key.sql = QString::number(column + 1);
+        return ExpressionTranslator(mState, &scope).Collated(key);
+    };
+    if (value.kind == Expression::Kind::Column && value.path.size() == 1) {
+        for (size_t i = 0; i < items.size(); ++i) {
+            if (items[i].name.compare(value.path.first(), Qt::CaseInsensitive) == 0)
+                return byPosition(i);
+        }
+    }
+    if (value.kind == Expression::Kind::Number) {
+        const size_t position = value.text.toUInt();
+        if (position < 1 || position > items.size())
+            throw ServerError(Fault::OrderPosition, {value.text});
+        return byPosition(position - 1);
+    }
+    if (cores.size() > 1)
+        throw ServerError(Fault::OrderInUnion);
+    ExpressionTranslator expressions(mState, &scope);
+    expressions.aggregatesAllowed = true;
+    const Typed key = expressions.Translate(value);
+    const bool selected =
+        std::any_of(items.begin(), items.end(), [&](const Item& item) { return item.value.sql == key.sql; });
+    if (cores.front().distinct && !selected)
+        throw ServerError(Fault::OrderNotSelected);
+    if (cores.front().grouped && !key.looseColumn.isEmpty())
+        throw ServerError(Fault::OrderNotGrouped, {key.looseColumn});
+    return expressions.Collated(key);
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "text/RunTimeError.h"
+#include "tsql/Convert.h"
+#include "tsql/SqlType.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+/// One column of a result: its name as the server gives it and its declared type.
+struct ResultColumn {
+    QString name;
+    SqlType type;
+};
+
+/// A parameter that a procedure declares; it is SQLite's parameter of the same number, from 1.
+struct DeclaredParameter {
+    /// With "@".
+    QString name;
+    SqlType type;
+};
+
+/// A statement of the server's language as SQLite runs it.
+struct Translation {
+    QString sql;
+    bool writes = false;
+    /// Of a SELECT; empty for all others.
+    std::vector<ResultColumn> columns;
+    /// Texts of the statement itself. They are bound like parameters, so no quote of theirs can be misread.
+    /// The first one is parameter `firstConstant`.
+    std::vector<Cell> constants;
+    int firstConstant = 1;
+    /// A refusal: where the statement brings a row, the command fails with this.
+    std::optional<RunTimeError> refusal = {};
+    /// The number of the parameter that gets the present time; 0 for a statement without GETDATE().
+    int clock = 0;
+    /// The rows of an INSERT that holds literals only: the statement runs once for each, with the row's
+    /// values as parameters from 1.
+    std::vector<std::vector<Cell>> rows;
+};
+
+/// An expression in SQLite's language.
+struct Typed {
+    QString sql;
+    SqlType type;
+    /// A column of a table, which brings its collation along.
+    bool tableColumn = false;
+    /// The value, where it is known already.
+    std::optional<Cell> constant = {};
+    /// The name of a column that stands outside of every aggregate and of every GROUP BY key; empty for none.
+    QString looseColumn = {};
+    /// Of a sum or difference: its terms, for a longer sum to go on with. SQLite reads only so many
+    /// parentheses inside one another.
+    QString terms = {};
+};

@@ -1,0 +1,65 @@
+#include "OutputGround.h"
+#include "report/output/CsvJob.h"
+#include "support/CaseName.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray CsvOf(const std::shared_ptr<const RowData>& rows) {
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(u"rows.csv"_s);
+    EXPECT_EQ(CsvJob(*rows, file).Finish(), QString());
+    return ReadFile(file);
+}
+
+} // namespace
+
+TEST(CsvJob, TellsOfAFolderThatIsNotThere) {
+    EXPECT_FALSE(CsvJob(*Rows({u"A"_s}), u"/no/such/folder/rows.csv"_s).Finish().isEmpty());
+}
+
+TEST(CsvJob, TellsOfAFullDiskAndLeavesTheFileThatWasThere) {
+    const QTemporaryDir folder;
+    const QString file = WriteFile(folder, u"rows.csv"_s, "before");
+    {
+        const FullDisk full;
+        EXPECT_FALSE(CsvJob(*Rows({u"A"_s}), file).Finish().isEmpty());
+    }
+    EXPECT_EQ(ReadFile(file), "before");
+}
+
+TEST(CsvJob, WritesHeadAndRowsAsUtf8WithItsMark) {
+    EXPECT_EQ(CsvOf(Rows({u"Name"_s, u"Amount"_s, u"Date"_s}, {{u"PEÑA"_s, Decimal{u"12.5000"_s}, Value()}})),
+              "\xEF\xBB\xBFName,Amount,Date\r\nPE\xC3\x91"
+              "A,12.5,\r\n");
+}
+
+namespace {
+
+struct Quoted {
+    std::string name;
+    QString text;
+    QString csv;
+};
+
+class CsvCell : public testing::TestWithParam<Quoted> {};
+
+} // namespace
+
+TEST_P(CsvCell, IsQuotedWhereItMustBe) {
+    EXPECT_EQ(CsvOf(Rows({u"A"_s, u"B"_s}, {{GetParam().text, 1}})),
+              "\xEF\xBB\xBF" + u"A,B\r\n%1,1\r\n"_s.arg(GetParam().csv).toUtf8());
+}
+
+INSTANTIATE_TEST_SUITE_P(Texts, CsvCell,
+                         testing::Values(Quoted{"Plain", u"HC 100"_s, u"HC 100"_s},
+                                         Quoted{"Comma", u"DELA CRUZ, JUAN"_s, u"\"DELA CRUZ, JUAN\""_s},
+                                         Quoted{"Semicolon", u"a;b"_s, u"\"a;b\""_s},
+                                         Quoted{"Quote", u"3/4\" tube"_s, u"\"3/4\"\" tube\""_s},
+                                         Quoted{"LineBreak", u"a\nb"_s, u"\"a\nb\""_s},
+                                         Quoted{"BlankAtTheEdge", u" a"_s, u"\" a\""_s},
+                                         Quoted{"Apostrophe", u"O'BRIEN"_s, u"O'BRIEN"_s}),
+                         CaseName());
