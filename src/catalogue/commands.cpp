@@ -1,30 +1,31 @@
 #include "catalogue/commands.h"
 
-using namespace Qt::StringLiterals;
+#include "gateway/CommandText.h"
 
 QString ExactRevenueCommand(const QString& code) {
-    return u"Clinical_Area..spEarCare_SearchRevenue '1','"_s + code + u"'"_s;
+    return CommandText(u"Clinical_Area..spEarCare_SearchRevenue '1','{}'", {code});
 }
 
 QString PartialRevenueCommand(const QString& text) {
-    return u"Clinical_Area..spEarCare_SearchRevenue '2','"_s + text + u"'"_s;
+    return CommandText(u"Clinical_Area..spEarCare_SearchRevenue '2','{}'", {text});
 }
 
 QString RevenueListQuery() {
-    return u"Clinical_Area..spEarCare_SearchRevenue '0','##'"_s;
+    return CommandText(u"Clinical_Area..spEarCare_SearchRevenue '0','##'");
 }
 
 QString RatesCommand(const QString& revenueID) {
-    return u"Hemodialysis..spKidney_Rates '"_s + revenueID + u"'"_s;
+    return CommandText(u"Hemodialysis..spKidney_Rates '{}'", {revenueID});
 }
 
 QString UltraExamsCommand() {
     // Kept: the first heading is misspelled.
-    return u"select ultraexam as UtraExam, ultraexamid as UltraExamId from build_file..tbcoultraexam"_s;
+    return CommandText(
+        u"select ultraexam as UtraExam, ultraexamid as UltraExamId from build_file..tbcoultraexam");
 }
 
 QString SearchUltraExamCommand(const QString& text) {
     // Kept: no blank stands behind "like".
-    return u"select ultraexam, ultraexamid from build_file..tbcoultraexam where ultraexam like'"_s + text +
-           u"%'"_s;
+    return CommandText(
+        u"select ultraexam, ultraexamid from build_file..tbcoultraexam where ultraexam like'{}%'", {text});
 }

@@ -1,25 +1,25 @@
 #include "nursing/commands.h"
 
-using namespace Qt::StringLiterals;
+#include "gateway/CommandText.h"
 
 QString NurseRequestCommand() {
-    return u"Clinical_Area..spEarCare_NurseRequest"_s;
+    return CommandText(u"Clinical_Area..spEarCare_NurseRequest");
 }
 
 QString RoomClassCommand(const QString& roomId) {
     // Kept: a blank follows the quote.
-    return u"Select RoomClassID from build_file..tbCoRoom Where RoomID = '"_s + roomId + u"' "_s;
+    return CommandText(u"Select RoomClassID from build_file..tbCoRoom Where RoomID = '{}' ", {roomId});
 }
 
 QString LoadExamCommand(const QString& idNum) {
     // Kept: the second letter is a capital here.
-    return u"CLinical_Area..spEarCare_LoadExamEntry '"_s + idNum + u"'"_s;
+    return CommandText(u"CLinical_Area..spEarCare_LoadExamEntry '{}'", {idNum});
 }
 
 QString RevokeNurseRequestCommand(const QString& requestNumber, const QString& employeeCode) {
-    return u"RADIOLOGY..spRadio_RevokeNurseRequest '"_s + requestNumber + u"','"_s + employeeCode + u"'"_s;
+    return CommandText(u"RADIOLOGY..spRadio_RevokeNurseRequest '{}','{}'", {requestNumber, employeeCode});
 }
 
 QString CheckPendingCommand() {
-    return u"RADIOLOGY..spRadio_CheckPending 'HC'"_s;
+    return CommandText(u"RADIOLOGY..spRadio_CheckPending 'HC'");
 }

@@ -1,7 +1,7 @@
 #include "shell/commands.h"
 
-using namespace Qt::StringLiterals;
+#include "gateway/CommandText.h"
 
 QString HospitalRecordCommand() {
-    return u"select * from PATIENT_DATA..tbhospitalInfo"_s;
+    return CommandText(u"select * from PATIENT_DATA..tbhospitalInfo");
 }
