@@ -21,18 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The report types by their numbers. The second one has no report.
-enum ReportNumber {
-    kAudit = 1,
-    kIncome = 2,
-    kOutIncome = 3,
-    kInIncome = 4,
-    kCashIncome = 5,
-    kStatistics = 6,
-    kInCompany = 7,
-    kOutCompany = 8
-};
-
 DatePicker* NewDayPicker(const QString& name, QWidget* parent) {
     DatePicker* picker = NewDatePicker(name, parent);
     picker->SetRequired();
@@ -46,10 +34,10 @@ QString DateText(const DatePicker& picker) {
 }
 
 /// The values are let go before the report shows, which may stand for hours.
-void Present(const QString& file, std::vector<Value> values, const QString& title) {
-    OpenReport(ProgramDirectory() + file, values);
+void Present(const PeriodReport& report, std::vector<Value> values) {
+    OpenReport(ProgramDirectory() + report.file.toString(), values);
     values.clear();
-    ShowReport(false, title, false);
+    ShowReport(false, report.title.toString(), false);
 }
 
 } // namespace
@@ -96,9 +84,9 @@ void frmReportRange::Wire() {
 void frmReportRange::Form_Load() {
     MoveTo(5500, 3000);
     // Kept: the reports of the other types go without a title of their own.
-    if (storedType == kAudit)
+    if (storedType == ::ReportType::Audit)
         setWindowTitle(u"Audit Report"_s);
-    else if (storedType == kIncome)
+    else if (storedType == ::ReportType::Income)
         setWindowTitle(u"Income Report"_s);
     dtpStartDate->SetValue(Today());
     dtpEndDate->SetValue(Today());
@@ -121,24 +109,15 @@ void frmReportRange::cmdView_Click() {
 
 /// A type without a report shows nothing.
 void frmReportRange::RunRoutine() {
-    switch (storedType) {
-    case kAudit:
-        return PrintAudit();
-    case kOutIncome:
-        return PrintOutIncome();
-    case kInIncome:
-        return PrintInIncome();
-    case kCashIncome:
-        return PrintCashIncome();
-    case kStatistics:
-        return PrintStatistics();
-    case kInCompany:
-        return PrintInCompany();
-    case kOutCompany:
-        return PrintOutCompany();
-    default:
+    const PeriodReport* report = FindPeriodReport(storedType);
+    if (!report)
         return;
-    }
+    std::vector<Value> values = RangeValues();
+    if (!report->patientType.isEmpty())
+        values.insert(values.begin(), report->patientType.toString());
+    if (report->namesUser)
+        values.emplace_back(gCurrentUser->EmployeeCode());
+    Present(*report, std::move(values));
 }
 
 /// Reads both days, and answers what every report of a period is given.
@@ -146,41 +125,4 @@ std::vector<Value> frmReportRange::RangeValues() {
     mStartDate = DateText(*dtpStartDate);
     mEndDate = DateText(*dtpEndDate);
     return {mStartDate, mEndDate, gHospitalName, gHospitalAddress};
-}
-
-/// The same behind the patient type, for the reports that are made for one type alone.
-std::vector<Value> frmReportRange::RangeValuesOf(const QString& patientType) {
-    std::vector<Value> values = RangeValues();
-    values.insert(values.begin(), patientType);
-    return values;
-}
-
-void frmReportRange::PrintAudit() {
-    std::vector<Value> values = RangeValues();
-    values.emplace_back(gCurrentUser->EmployeeCode());
-    Present(u"/Reports/AuditReport.RPT"_s, std::move(values), u"Audit Report"_s);
-}
-
-void frmReportRange::PrintOutIncome() {
-    Present(u"\\Reports\\IncomeReport.RPT"_s, RangeValuesOf(u"O"_s), u"Out-Patient Income Report"_s);
-}
-
-void frmReportRange::PrintInIncome() {
-    Present(u"/Reports/IncomeReport.RPT"_s, RangeValuesOf(u"I"_s), u"In-Patient Income Report"_s);
-}
-
-void frmReportRange::PrintCashIncome() {
-    Present(u"\\Reports\\IncomeReportCash.RPT"_s, RangeValues(), u"Cash Patient Income Report"_s);
-}
-
-void frmReportRange::PrintStatistics() {
-    Present(u"/Reports/StatisticsReport.RPT"_s, RangeValues(), u"Monthly Statistical Report"_s);
-}
-
-void frmReportRange::PrintInCompany() {
-    Present(u"\\Reports\\CompanyReport.RPT"_s, RangeValuesOf(u"I"_s), u"In-Patient Company Report"_s);
-}
-
-void frmReportRange::PrintOutCompany() {
-    Present(u"\\Reports\\CompanyReport.RPT"_s, RangeValuesOf(u"O"_s), u"Out-Patient Company Report"_s);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "gateway/Value.h"
+#include "reports/PeriodReports.h"
 #include "toolkit/Form.h"
 
 #include <QString>
@@ -22,7 +23,7 @@ class frmReportRange : public Form {
     frmReportRange();
 
     /// Which report the screen shows. It outlives the screen, and may be set while the screen stands.
-    static void SetReportType(int type) { storedType = type; }
+    static void SetReportType(::ReportType type) { storedType = type; }
     // Kept: the property answers 0 whatever was stored.
     static int ReportType() { return 0; }
 
@@ -38,17 +39,9 @@ class frmReportRange : public Form {
     void cmdView_Click();
 
     void RunRoutine();
-    void PrintAudit();
-    void PrintOutIncome();
-    void PrintInIncome();
-    void PrintCashIncome();
-    void PrintStatistics();
-    void PrintInCompany();
-    void PrintOutCompany();
     std::vector<Value> RangeValues();
-    std::vector<Value> RangeValuesOf(const QString& patientType);
 
-    inline static int storedType = 0;
+    inline static ::ReportType storedType = ::ReportType::None;
 
     DatePicker* dtpStartDate;
     DatePicker* dtpEndDate;

@@ -186,37 +186,37 @@ void frmMain::mnuExit_Click() {
     UnloadMain();
 }
 
-void frmMain::OpenReportRange(int type) {
+void frmMain::OpenReportRange(ReportType type) {
     frmReportRange::SetReportType(type);
     Screens::Get<frmReportRange>().Show();
 }
 
 void frmMain::mnuReportAudit_Click() {
-    OpenReportRange(1);
+    OpenReportRange(ReportType::Audit);
 }
 
 void frmMain::mnuOPDIncome_Click() {
-    OpenReportRange(3);
+    OpenReportRange(ReportType::OutPatientIncome);
 }
 
 void frmMain::mnuIPDIncomeReport_Click() {
-    OpenReportRange(4);
+    OpenReportRange(ReportType::InPatientIncome);
 }
 
 void frmMain::mnuCashIncome_Click() {
-    OpenReportRange(5);
+    OpenReportRange(ReportType::CashIncome);
 }
 
 void frmMain::mnuReportMonthly_Click() {
-    OpenReportRange(6);
+    OpenReportRange(ReportType::Statistics);
 }
 
 void frmMain::mnuIn_Click() {
-    OpenReportRange(7);
+    OpenReportRange(ReportType::InPatientCompany);
 }
 
 void frmMain::mnuOut_Click() {
-    OpenReportRange(8);
+    OpenReportRange(ReportType::OutPatientCompany);
 }
 
 void frmMain::mnuCensus_Click() {

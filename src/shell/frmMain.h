@@ -5,6 +5,7 @@
 #include <QMainWindow>
 
 class PendingMonitor;
+enum class ReportType;
 class StatusPanel;
 struct MenuEntry;
 
@@ -78,7 +79,7 @@ class frmMain : public QMainWindow, private Workspace {
     void mSetup_Click();
     void mnuAbout_Click();
     void OpenPostCharges(const QString& patientType);
-    void OpenReportRange(int type);
+    void OpenReportRange(ReportType type);
     void AskAndClose();
 
     QMdiArea* mArea = nullptr;

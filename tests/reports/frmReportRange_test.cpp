@@ -18,7 +18,7 @@ namespace {
 class ReportRangeTest : public PeriodGround {
   protected:
     static frmReportRange& Open(int type) {
-        frmReportRange::SetReportType(type);
+        frmReportRange::SetReportType(static_cast<ReportType>(type));
         auto& screen = Screens::Get<frmReportRange>();
         screen.Show();
         return screen;
@@ -46,7 +46,7 @@ struct ReportCase {
     std::vector<QString> values;
 };
 
-class PeriodReport : public ReportRangeTest, public testing::WithParamInterface<ReportCase> {};
+class EveryPeriodReport : public ReportRangeTest, public testing::WithParamInterface<ReportCase> {};
 
 } // namespace
 
@@ -87,7 +87,7 @@ TEST_F(ReportRangeTest, OnlyTheFirstTwoTypesHaveATitleOfTheirOwn) {
 }
 
 TEST_F(ReportRangeTest, ReadingTheTypeGivesZeroWhateverWasStored) {
-    frmReportRange::SetReportType(6);
+    frmReportRange::SetReportType(ReportType::Statistics);
     EXPECT_EQ(frmReportRange::ReportType(), 0);
 }
 
@@ -101,7 +101,7 @@ TEST_F(ReportRangeTest, ATypeSetWhileTheScreenStandsCountsAndTheTitleStays) {
     EXPECT_EQ(shown->title, u"In-Patient Income Report"_s);
 }
 
-TEST_P(PeriodReport, LetsItsValuesGoBeforeTheReportShows) {
+TEST_P(EveryPeriodReport, LetsItsValuesGoBeforeTheReportShows) {
     const ReportCase& report = GetParam();
     PutTemplate(QFileInfo(QString(report.path).replace(u'\\', u'/')).fileName(), 0);
     // A text of its own, not a literal's: nobody else holds it.
@@ -113,7 +113,7 @@ TEST_P(PeriodReport, LetsItsValuesGoBeforeTheReportShows) {
     EXPECT_FALSE(held);
 }
 
-TEST_P(PeriodReport, TakesItsValuesInOrder) {
+TEST_P(EveryPeriodReport, TakesItsValuesInOrder) {
     const ReportCase& report = GetParam();
     PutTemplate(QFileInfo(QString(report.path).replace(u'\\', u'/')).fileName(),
                 int(report.values.size()) + 1);
@@ -131,7 +131,7 @@ TEST_P(PeriodReport, TakesItsValuesInOrder) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Types, PeriodReport,
+    Types, EveryPeriodReport,
     testing::Values(ReportCase{"Audit",
                                1,
                                u"/Reports/AuditReport.RPT"_s,
