@@ -24,7 +24,6 @@
 #include "toolkit/EndProcess.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/Screens.h"
-#include "toolkit/ShowModal.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -70,7 +69,7 @@ void frmMain::Form_Load() {
         UnloadMain();
         EndProcess();
     }
-    BringBack(*this);
+    activateWindow();
     TakeConnection();
     ReadHospitalRecord();
     CreateWardComponents();

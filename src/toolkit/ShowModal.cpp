@@ -4,9 +4,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QTimer>
-
-#include <chrono>
 
 namespace {
 
@@ -34,20 +31,11 @@ FocusKeeper::FocusKeeper()
 
 FocusKeeper::~FocusKeeper() {
     if (mWindow && mWindow->isVisible())
-        BringBack(*mWindow);
+        mWindow->activateWindow();
     if (!mFocus || !mFocus->isVisible())
         return;
     mFocus->setFocus(Qt::ActiveWindowFocusReason);
     FocusReturned(mFocus);
-}
-
-void BringBack(QWidget& window) {
-    constexpr std::chrono::milliseconds kMoment(250);
-    window.activateWindow();
-    QTimer::singleShot(kMoment, &window, [&window] {
-        if (window.isVisible() && !QApplication::activeWindow())
-            window.activateWindow();
-    });
 }
 
 bool ShowModal(QDialog& dialog) {

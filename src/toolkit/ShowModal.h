@@ -23,9 +23,5 @@ class FocusKeeper {
     QPointer<QWidget> mFocus;
 };
 
-/// Activates a window of the program after a modal one. A desktop may lose the request while the modal window
-/// is still going: where no window of the program is active a moment later, it is asked for once more.
-void BringBack(QWidget& window);
-
 /// Runs a dialogue of one of the suite's components over the active window. True when it was accepted.
 bool ShowModal(QDialog& dialog);

@@ -1,7 +1,6 @@
 #include "support/ScreenTest.h"
 #include "toolkit/ShowModal.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
 #include <QTest>
@@ -45,16 +44,6 @@ TEST_F(ShowModalTest, GivesTheActiveWindowAndTheFocusBack) {
     ShowModal(dialog);
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
     EXPECT_TRUE(second->hasFocus());
-}
-
-TEST_F(ShowModalTest, IsAskedForAgainWhereTheDesktopHasLostTheRequest) {
-    QTimer::singleShot(0, &dialog, &QDialog::accept);
-    ShowModal(dialog);
-    QWidget other;
-    Activate(other);
-    other.hide();
-    ASSERT_EQ(QApplication::activeWindow(), nullptr);
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
 }
 
 TEST_F(ShowModalTest, TwoInARowGiveTheFocusBackWhereTheFirstHadTakenItFrom) {
