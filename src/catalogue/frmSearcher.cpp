@@ -17,6 +17,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -128,10 +130,26 @@ void frmSearcher::txtSearchStr_GotFocus() {
 void frmSearcher::txtSearchStr_KeyPress(int& keyAscii) {
     if (keyAscii == Key::kEscape)
         return;
+    if (!txtSearchStr->hasFocus())
+        return SearchBehindThePaste();
     if (PutInto(*txtSearchStr, keyAscii))
         keyAscii = 0;
     BindExams(SearchUltraExamCommand(txtSearchStr->text()));
     grdDispWindow->setFocus();
+}
+
+/// The key that pastes has searched and left the box. The characters of the text come to it all the same, one
+/// right behind the other, and are searched for once they stand there.
+void frmSearcher::SearchBehindThePaste() {
+    if (std::exchange(mSearchDue, true))
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            mSearchDue = false;
+            BindExams(SearchUltraExamCommand(txtSearchStr->text()));
+        },
+        Qt::QueuedConnection);
 }
 
 /// Empty for a list without rows, whose current row is that of the headings.

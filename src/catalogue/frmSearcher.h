@@ -27,6 +27,7 @@ class frmSearcher : public Form {
 
     void txtSearchStr_GotFocus();
     void txtSearchStr_KeyPress(int& keyAscii);
+    void SearchBehindThePaste();
     void cmdSelect_Click();
     void cmdCancel_Click();
 
@@ -41,4 +42,5 @@ class frmSearcher : public Form {
     QPushButton* cmdCancel;
     /// Kept: true from the load on, and read by nothing.
     bool mLoaded = false;
+    bool mSearchDue = false;
 };

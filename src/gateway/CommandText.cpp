@@ -2,8 +2,6 @@
 
 #include <stdexcept>
 
-using namespace Qt::StringLiterals;
-
 QString CommandText(QStringView text, const QStringList& arguments) {
     constexpr QStringView kPlace = u"{}";
     QString composed;

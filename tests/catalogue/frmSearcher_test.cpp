@@ -4,8 +4,11 @@
 #include "support/ScreenTest.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Screens.h"
+#include "toolkit/TextBox.h"
 
 #include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -90,6 +93,20 @@ TEST_F(frmSearcherTest, EachKeySearchesWithItAndLeavesTheBox) {
     EXPECT_TRUE(Grid(screen).hasFocus());
     EXPECT_EQ(Grid(screen).Cells().Rows(), 2);
     EXPECT_TRUE(Screens::IsLoaded<frmSearcher>()) << "the key itself picks nothing";
+}
+
+TEST_F(frmSearcherTest, APastedTextIsSearchedForOnceAsAWhole) {
+    const auto& screen = Open();
+    QGuiApplication::clipboard()->setText(u"kub"_s + QString(1 << 20, u'x'));
+    const QString whole = u"kub"_s + QString(Text(screen).maxLength() - 3, u'x');
+    ExpectSearch(u""_s, All());
+    ExpectSearch(whole, Found({}));
+    qobject_cast<TextBox*>(&Text(screen))->paste();
+    RunEvents();
+    QGuiApplication::clipboard()->clear();
+    EXPECT_EQ(Text(screen).text(), whole);
+    EXPECT_TRUE(gateway.IsDone());
+    EXPECT_TRUE(Screens::IsLoaded<frmSearcher>()) << "none of its characters picks";
 }
 
 TEST_F(frmSearcherTest, BackspaceSearchesWithoutTheLastLetter) {

@@ -86,3 +86,8 @@ TEST_F(PlainDriverTest, IsAskedWhatItWouldSendWhereItCannotBeTold) {
     EXPECT_EQ(FailureOf(*mGateway, u"spX {d '2026-01-01'}"_s).text, u"Incorrect syntax near '{'."_s);
     EXPECT_EQ(FailureOf(*mGateway, u"spX ?"_s).text, u"spX ?"_s);
 }
+
+TEST_F(PlainDriverTest, MayPutNothingBehindATextEither) {
+    mGateway = Connect(u"Adding driver"_s);
+    EXPECT_EQ(FailureOf(*mGateway, u"spX 12"_s).text, u"Incorrect syntax near '2'."_s);
+}

@@ -25,8 +25,11 @@ QString FreshHospital() {
     if (QFile::exists(path))
         return path;
     folder.mkpath(u"."_s);
-    for (const QString& old : folder.entryList({program.fileName() + u"-*.db"_s}, QDir::Files))
-        QFile::remove(folder.filePath(old));
+    // Another shard of the program may have put today's there meanwhile and be copying it.
+    for (const QString& old : folder.entryList({program.fileName() + u"-*.db"_s}, QDir::Files)) {
+        if (folder.filePath(old) != path)
+            QFile::remove(folder.filePath(old));
+    }
     // Made in a folder of its own and moved into place.
     const QTemporaryDir making(folder.filePath(u"making-XXXXXX"_s));
     const QString made = making.filePath(u"hospital.db"_s);

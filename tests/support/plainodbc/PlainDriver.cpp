@@ -8,7 +8,8 @@
 
 // An ODBC driver of the tests' own that reaches no server: it refuses every command, and the text of its
 // error is the command as a server would have got it. Braces are escapes to it and are taken out, unless it
-// was told not to look for them. On a data source whose name begins with "Deaf" it cannot be told.
+// was told not to look for them. On a data source whose name begins with "Deaf" it cannot be told; on one
+// that begins with "Adding" it cannot be told either, and puts a remark behind every command.
 
 namespace {
 
@@ -16,6 +17,7 @@ using Text = std::u16string;
 
 struct Connection {
     bool deaf = false;
+    bool adding = false;
 };
 
 struct Statement {
@@ -87,7 +89,9 @@ SQLRETURN SQLGetConnectAttrW(SQLHDBC, SQLINTEGER, SQLPOINTER value, SQLINTEGER, 
 
 SQLRETURN SQLConnectW(SQLHDBC connection, SQLWCHAR* name, SQLSMALLINT length, SQLWCHAR*, SQLSMALLINT,
                       SQLWCHAR*, SQLSMALLINT) {
-    static_cast<Connection*>(connection)->deaf = TextOf(name, length).starts_with(u"Deaf");
+    auto& opened = *static_cast<Connection*>(connection);
+    opened.adding = TextOf(name, length).starts_with(u"Adding");
+    opened.deaf = opened.adding || TextOf(name, length).starts_with(u"Deaf");
     return SQL_SUCCESS;
 }
 
@@ -120,9 +124,12 @@ SQLRETURN SQLGetStmtAttrW(SQLHSTMT statement, SQLINTEGER attribute, SQLPOINTER v
     return SQL_SUCCESS;
 }
 
-SQLRETURN SQLNativeSqlW(SQLHDBC, SQLWCHAR* command, SQLINTEGER length, SQLWCHAR* sent, SQLINTEGER size,
-                        SQLINTEGER* sentLength) {
-    *sentLength = Write(WithoutBraces(TextOf(command, length)), sent, size);
+SQLRETURN SQLNativeSqlW(SQLHDBC connection, SQLWCHAR* command, SQLINTEGER length, SQLWCHAR* sent,
+                        SQLINTEGER size, SQLINTEGER* sentLength) {
+    Text whole = WithoutBraces(TextOf(command, length));
+    if (static_cast<Connection*>(connection)->adding)
+        whole += u" --";
+    *sentLength = Write(whole, sent, size);
     return SQL_SUCCESS;
 }
 
