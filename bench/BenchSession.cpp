@@ -32,7 +32,8 @@ std::shared_ptr<BenchSession> SignOnTo(const QString& hospital) {
 }
 
 void SetUpProgram(const QString& folder) {
-    SetProgramDirectory(folder);
+    // Stands to the end of the process.
+    static const auto directory = ProgramDirectorySeam().Replace([folder] { return folder; });
     if (const QString failure = ProvideDepartment(); !failure.isEmpty())
         GiveUp(failure);
     RegisterSuite(folder);

@@ -177,6 +177,6 @@ void BenchFinder(BenchTable& table) {
     finder.MeasureSorting();
     finder.MeasureMemory();
     Screens::Clear();
-    ResetShared();
-    ResetPatientContext();
+    gConnection = nullptr;
+    gCurrentUser = {};
 }

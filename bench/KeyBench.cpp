@@ -65,5 +65,6 @@ void BenchKeys(BenchTable& table) {
     }
     table.AddLimit(u"a key in the charge grid, median of %1"_s.arg(kKeys), Median(times), 1.0, u"ms"_s);
     Screens::Clear();
-    ResetShared();
+    gConnection = nullptr;
+    gCurrentUser = {};
 }

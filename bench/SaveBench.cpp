@@ -109,5 +109,6 @@ void BenchSave(BenchTable& table) {
     const auto session = SignOnTo(CopyOfTrialHospital(folder, u"ours.db"_s));
     MeasurePosting(table, *session, folder);
     MeasureAssessment(table, *session, folder);
-    ResetShared();
+    gConnection = nullptr;
+    gCurrentUser = {};
 }

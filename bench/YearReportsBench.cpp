@@ -326,5 +326,6 @@ void BenchYearReports(BenchTable& table, const QString& only) {
     reports.MeasureLedger();
     reports.CompareWithTool();
     gReport = nullptr;
-    ResetShared();
+    gConnection = nullptr;
+    gCurrentUser = {};
 }

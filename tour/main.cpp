@@ -136,7 +136,10 @@ int main(int argc, char** argv) {
         return ExitCode(failure);
     // The tour works on a hospital of its own; what was keyed in the user's trial hospital stays untouched.
     const QTemporaryDir hospitalFolder;
-    SetSaveFileAnswer([](const QString&) { return u"%1/%2.pdf"_s.arg(tourFolder, slipName); });
+    const auto saving =
+        SaveDialogSeam().Replace([](QWidget*, const QString&, const QString&, const QString&) {
+            return u"%1/%2.pdf"_s.arg(tourFolder, slipName);
+        });
     RegisterSuite(hospitalFolder.path());
     RegisterScreens();
     std::printf("The tour of a charge, an assessment, the reports and a request:\n");

@@ -19,15 +19,6 @@ constexpr int kLocationID = 10;
 constexpr int kCount = 13;
 } // namespace Column
 
-/// The departments that a charge line treats in a way of their own.
-namespace Department {
-inline const QString kDoctorsFee = QStringLiteral("MD");
-inline const QString kEarCare = QStringLiteral("HC");
-inline const QString kMedicines = QStringLiteral("HB");
-inline const QString kSupplies = QStringLiteral("HD");
-inline const QString kPackage = QStringLiteral("YP");
-} // namespace Department
-
 /// Everything in which the two charge screens' ways of keying differ. What is not named here is the same on
 /// both.
 struct ChargeGridDifferences {

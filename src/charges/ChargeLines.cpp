@@ -1,6 +1,7 @@
 #include "charges/ChargeLines.h"
 
 #include "catalogue/clsRevenueCode.h"
+#include "components/DepartmentCodes.h"
 #include "text/Format.h"
 #include "text/RunTimeError.h"
 #include "text/Trim.h"

@@ -2,6 +2,7 @@
 
 #include "charges/ChargeColumns.h"
 #include "charges/commands.h"
+#include "components/DepartmentCodes.h"
 #include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/frmSearchPatient.h"
@@ -47,7 +48,8 @@ void ForEachItem(const QString& packageCode, const std::function<void(const Pack
 StockCardEntry EntryOf(const PackageItem& item, const QString& referenceNumber,
                        const PackagePatient& patient) {
     // Kept: what is compared with "HD" is the item and not its centre, so the entry is "PH" in practice.
-    const QString source = item.itemID == Department::kSupplies ? u"CS"_s : u"PH"_s;
+    const QString source =
+        item.itemID == Department::kSupplies ? Department::kCentralSupply : Department::kPharmacy;
     return {.hospitalNumber = patient.hospitalNumber,
             .idNumber = patient.admissionNumber,
             .itemID = item.itemID,

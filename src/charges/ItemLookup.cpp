@@ -1,6 +1,7 @@
 #include "charges/ItemLookup.h"
 
 #include "charges/ChargeLines.h"
+#include "components/DepartmentCodes.h"
 #include "components/shared.h"
 #include "patients/PatientContext.h"
 #include "text/Format.h"

@@ -38,12 +38,6 @@ QString AssessmentCommand(const AssessmentLine& line) {
          line.hospitalNumber, line.visitNumber, line.requestingDoctorCode, line.requestingDoctorName});
 }
 
-QString ClearAssessmentPrintCommand() {
-    // Kept: the same table as a posting empties, with a small "delete"; the text is what the server has
-    // always been sent.
-    return CommandText(u"delete Clinical_Area..tbEarCareChargePrint");
-}
-
 QString GlobalDumpChargeSlipCommand(const AssessmentPrintLine& line) {
     return CommandText(u"Clinical_Area..spEarCare_GlobalDumpChargeSlip '{}','{}','{}','{}','{}','{}'",
                        {line.code, line.particular, line.quantity, line.price, line.amount, line.userCode});

@@ -7,7 +7,7 @@
 
 /// The charge slip counter.
 QString ChargeSlipCounterCommand();
-/// Empties the print table, which all workstations share.
+/// Empties the print table, which all workstations share, for a posting.
 QString ClearChargePrintCommand();
 
 /// One charge as it is posted to the patient's account.
@@ -59,9 +59,6 @@ struct AssessmentLine {
     QString requestingDoctorName;
 };
 QString AssessmentCommand(const AssessmentLine& line);
-
-/// Empties the print table before an assessment slip is put into it.
-QString ClearAssessmentPrintCommand();
 
 /// One line of the assessment slip as it is printed.
 struct AssessmentPrintLine {

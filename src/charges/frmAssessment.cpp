@@ -4,10 +4,13 @@
 #include "charges/commands.h"
 #include "charges/ExpandPackage.h"
 #include "charges/RequestingDoctor.h"
+#include "components/DepartmentCodes.h"
 #include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/frmCashWalkIn.h"
 #include "patients/PatientContext.h"
+#include "reports/commands.h"
+#include "reports/ReportFiles.h"
 #include "reports/Reports.h"
 #include "text/Format.h"
 #include "text/Trim.h"
@@ -17,7 +20,6 @@
 #include "toolkit/Keys.h"
 #include "toolkit/MousePointer.h"
 #include "toolkit/MsgBox.h"
-#include "toolkit/ProgramFiles.h"
 #include "toolkit/Screens.h"
 
 #include <QGroupBox>
@@ -81,10 +83,6 @@ bool frmAssessment::PatientTypeOn(int index) const {
 
 void frmAssessment::EnableExams() {
     fraExams->setEnabled(true);
-}
-
-void frmAssessment::SetBox(const QString& name, const QString& text) {
-    SetTextOf(*this, name, text);
 }
 
 void frmAssessment::optType_Click(size_t index) {
@@ -180,7 +178,7 @@ bool frmAssessment::SaveAssessment(QString& number) {
 
 void frmAssessment::FillPrintTable() {
     CommandGateway& connection = *gCurrentUser->SQLConnection();
-    connection.ExecuteNoResult(ClearAssessmentPrintCommand());
+    connection.ExecuteNoResult(EmptyChargePrintCommand());
     for (int row = 1; row < mGrid->Cells().Rows(); ++row) {
         const AssessmentPrintLine line{.code = mGrid->Text(row, Column::kCode),
                                        .particular = mGrid->Text(row, Column::kParticular),
@@ -197,7 +195,7 @@ void frmAssessment::FillPrintTable() {
 }
 
 void frmAssessment::PrintSlip() {
-    OpenReport(ProgramDirectory() + u"/Reports/AssessmentSlip.RPT"_s,
+    OpenReport(PathOf(ReportFile::kAssessmentSlip),
                {gSlipNumber, txtSname->text(), txtHospNum->text(), txtIdnum->text(), u"OPD"_s,
                 gCurrentUser->EmployeeName()});
     ShowReport(true, u"Print ChargeSlip"_s, false);

@@ -15,7 +15,7 @@ class QRadioButton;
 
 /// "Assessment Entry": writes what a cash patient has to pay as a numbered assessment, and prints the slip
 /// that the patient carries to the cashier. Nothing is posted to an account.
-class frmAssessment : public Form, public CashTarget {
+class frmAssessment : public Form, public CashTarget, private CashPatientBoxes {
     Q_OBJECT
 
   public:
@@ -36,7 +36,7 @@ class frmAssessment : public Form, public CashTarget {
 
     bool PatientTypeOn(int index) const override;
     void EnableExams() override;
-    void SetBox(const QString& name, const QString& text) override;
+    const CashPatientBoxes& Boxes() const override { return *this; }
 
   protected:
     void Form_Load() override;
@@ -70,10 +70,7 @@ class frmAssessment : public Form, public CashTarget {
     /// Ends the patient's work; the next one gets a fresh screen.
     void LeavePatient();
 
-    QLineEdit* txtSname;
     QPushButton* cmdSearch;
-    QLineEdit* txtHospNum;
-    QLineEdit* txtIdnum;
     std::array<QRadioButton*, 3> optType;
     QLineEdit* txtDoctorID;
     QLineEdit* txtDoctor;

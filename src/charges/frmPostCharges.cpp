@@ -4,10 +4,13 @@
 #include "charges/commands.h"
 #include "charges/ExpandPackage.h"
 #include "charges/RequestingDoctor.h"
+#include "components/DepartmentCodes.h"
 #include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/frmSearchPatient.h"
+#include "patients/LoadPatient.h"
 #include "patients/PatientContext.h"
+#include "reports/ChargeSlip.h"
 #include "reports/Reports.h"
 #include "text/Clock.h"
 #include "text/Format.h"
@@ -18,7 +21,6 @@
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/MousePointer.h"
-#include "toolkit/ProgramFiles.h"
 #include "toolkit/Screens.h"
 #include "toolkit/SendKeys.h"
 
@@ -72,8 +74,8 @@ QString frmPostCharges::FinderText() const {
     return txtLastName->text();
 }
 
-void frmPostCharges::SetBox(const QString& name, const QString& text) {
-    SetTextOf(*this, name, text);
+void frmPostCharges::LoadPick() {
+    LoadForPost({.name = *this, .info = *this});
 }
 
 void frmPostCharges::Picked() {
@@ -180,10 +182,13 @@ bool frmPostCharges::SaveCharges() {
 
 void frmPostCharges::PrintSlip() {
     SlipPatientName = txtLastName->text() + u", "_s + txtFirstName->text() + u" "_s + txtMiddleName->text();
-    OpenReport(ProgramDirectory() + u"/Reports/Charge_Slip.RPT"_s,
-               {gSlipNumber, Format(Now(), u"mm/dd/yyyy"), SlipPatientName, txtId->text(), txtPno->text(),
-                txtRoom->text(), Format(Now(), u"hh:mm:ss AM/PM"), gAccountNumber, gStationName,
-                gCurrentUser->EmployeeName()});
+    OpenChargeSlip({.number = gSlipNumber,
+                    .patientName = SlipPatientName,
+                    .admissionNumber = txtId->text(),
+                    .hospitalNumber = txtPno->text(),
+                    .room = txtRoom->text(),
+                    .account = gAccountNumber,
+                    .station = gStationName});
     ShowReport(true, u"Print ChargeSlip"_s, false);
 }
 

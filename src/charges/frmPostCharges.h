@@ -40,8 +40,17 @@ class frmPostCharges : public Form, public FinderTarget, private PatientNameBoxe
     /// The lines, for a ward's request that fills them.
     ChargeGrid& Charges() { return *mGrid; }
 
+    /// The boxes that a ward's request fills.
+    struct RequestBoxes {
+        const PatientNameBoxes& name;
+        const HospitalInfoBoxes& info;
+        QLineEdit* txtDocID;
+        QLineEdit* txtRequestingDoc;
+    };
+    RequestBoxes Boxes() const { return {*this, *this, txtDocID, txtRequestingDoc}; }
+
     QString FinderText() const override;
-    void SetBox(const QString& name, const QString& text) override;
+    void LoadPick() override;
     void Picked() override;
 
   protected:

@@ -71,21 +71,3 @@ inline bool gSlipTableCleared = false;
 /// nothing.
 inline int gLineCount = 0;
 inline int gLineCount2 = 0;
-
-/// Brings every variable above back to what a fresh process has.
-inline void ResetShared() {
-    for (QString* text : {&gIniPath, &gDeptCode, &gDeptDesc, &gDeptCodeCopy, &gDeptDescCopy, &gHospitalName,
-                          &gHospitalAddress, &gHospitalTin, &gCompanyName, &gChargeMode, &gSlipNumber,
-                          &gStockSection, &gCashSearchText})
-        text->clear();
-    gByGeneric = gUseGenericList = gSlipTableCleared = false;
-    gLineCount = gLineCount2 = 0;
-    gConnection = nullptr;
-    gCurrentUser = {};
-    gPersonFinder = {};
-    gListing = {};
-    gStockItem = {};
-    gStockList = gStockListBasic = {};
-    gDiagnosisCodes = {};
-    gResultView = gStatement = gWardRequest = gWardResults = gWardConfinement = gWardConfinementResults = {};
-}

@@ -50,10 +50,6 @@ QString ChargesByPatientCommand(const QString& idNumber) {
     return CommandText(u"Hemodialysis..spKidney_ChargesbyPatient '{}'", {idNumber});
 }
 
-QString EmptyChargePrintCommand() {
-    return CommandText(u"delete Clinical_Area..tbEarCareChargePrint");
-}
-
 QString SaveDuplicateLineCommand(const DuplicateLine& line) {
     return CommandText(u"Hemodialysis..spKidney_SaveChargePrint '{}','{}','{}','{}','{}'",
                        {line.code, line.amount, line.quantity, line.revenueCode, line.description});

@@ -55,9 +55,6 @@ QString ReprintChargeSlipCommand(const QString& slipNumber);
 /// The unit's charges of an admission or visit.
 QString ChargesByPatientCommand(const QString& idNumber);
 
-/// Empties the print table, whoever's lines are in it.
-QString EmptyChargePrintCommand();
-
 /// One line of a slip's duplicate.
 struct DuplicateLine {
     /// The revenue code and the item's code without anything between them.

@@ -3,6 +3,7 @@
 #include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "maintenance/commands.h"
+#include "reports/ReportFiles.h"
 #include "reports/Reports.h"
 #include "text/IsDate.h"
 #include "text/Trim.h"
@@ -11,7 +12,6 @@
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
-#include "toolkit/ProgramFiles.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -248,7 +248,7 @@ void frmAssessStatus::cmdPrint_Click() {
             lines.Fields(field).TextOrEmpty();
     }
     lines.Close();
-    OpenReport(ProgramDirectory() + u"/Reports/ReprintAssesSlip.RPT"_s,
+    OpenReport(PathOf(ReportFile::kAssessmentDuplicate),
                {number, name, hospitalNumber, visitNumber, u"CASH"_s, gCurrentUser->EmployeeName()});
     ShowReport(false, u"Re-Print Assessment Slip"_s, false);
 }

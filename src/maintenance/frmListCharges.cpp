@@ -1,10 +1,13 @@
 #include "maintenance/frmListCharges.h"
 
+#include "components/DepartmentCodes.h"
 #include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "maintenance/commands.h"
 #include "patients/frmSearchPatient.h"
+#include "patients/LoadPatient.h"
 #include "patients/PatientContext.h"
+#include "reports/ChargeSlip.h"
 #include "reports/Reports.h"
 #include "text/Clock.h"
 #include "text/Format.h"
@@ -16,7 +19,6 @@
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/MsgBox.h"
-#include "toolkit/ProgramFiles.h"
 #include "toolkit/Screens.h"
 #include "toolkit/SendKeys.h"
 
@@ -46,7 +48,7 @@ constexpr int kReprint = 0;
 
 /// The departments whose lines are services, matched to the letter. Every other line is a stock item.
 bool IsService(const QString& department) {
-    return department == u"HC"_s || department == u"MD"_s;
+    return department == Department::kEarCare || department == Department::kDoctorsFee;
 }
 
 } // namespace
@@ -58,7 +60,7 @@ class frmListCharges::Target : public FinderTarget {
 
     QString FinderText() const override { return mScreen.txtLastName->text(); }
 
-    void SetBox(const QString& name, const QString& text) override { SetTextOf(mScreen, name, text); }
+    void LoadPick() override { LoadForList({.name = mScreen, .info = mScreen}); }
 
     void Picked() override {
         FlexCells& cells = mScreen.mshflexList->Cells();
@@ -184,10 +186,13 @@ void frmListCharges::ReprintSlip() {
     gCurrentUser->SQLConnection()->ExecuteNoResult(ReprintChargeSlipCommand(slipNumber));
     const QString name = Trim(txtLastName->text()) + u", "_s + Trim(txtFirstName->text()) + u" "_s +
                          Trim(txtMiddleName->text());
-    OpenReport(ProgramDirectory() + u"/Reports/Charge_Slip.RPT"_s,
-               {slipNumber, Format(Now(), u"mm/dd/yyyy"), name, txtId->text(), txtPno->text(),
-                txtRoom->text(), Format(Now(), u"hh:mm:ss AM/PM"), gAccountNumber, gStationName,
-                gCurrentUser->EmployeeName()});
+    OpenChargeSlip({.number = slipNumber,
+                    .patientName = name,
+                    .admissionNumber = txtId->text(),
+                    .hospitalNumber = txtPno->text(),
+                    .room = txtRoom->text(),
+                    .account = gAccountNumber,
+                    .station = gStationName});
     ShowReport(false, u"RE-Print ChargeSlip"_s, false);
 }
 
@@ -225,7 +230,8 @@ void frmListCharges::CancelCharge() {
 void frmListCharges::CancelStockItem(const QString& department) {
     const QString moment = Format(Now(), u"mm/dd/yyyy hh:mm:ss AM/PM");
     // Kept: a line of HC never comes here, so the entry is "PH".
-    const QString source = department == u"HC"_s ? u"CS"_s : u"PH"_s;
+    const QString source =
+        department == Department::kEarCare ? Department::kCentralSupply : Department::kPharmacy;
     StockCardEntry entry = {.hospitalNumber = txtPno->text(),
                             .idNumber = txtId->text(),
                             .itemID = CurrentText(Column::kItem),

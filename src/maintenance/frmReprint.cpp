@@ -4,17 +4,15 @@
 #include "gateway/CommandGateway.h"
 #include "maintenance/commands.h"
 #include "patients/OutpatientSearch.h"
-#include "report/output/ChoosePrinter.h"
-#include "report/output/PrintJob.h"
-#include "report/ReportEngine.h"
+#include "reports/ChargeSlip.h"
+#include "reports/commands.h"
+#include "reports/ReportFiles.h"
 #include "reports/Reports.h"
-#include "text/Clock.h"
 #include "text/Format.h"
 #include "text/UCase.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/MousePointer.h"
-#include "toolkit/ProgramFiles.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -50,8 +48,6 @@ constexpr std::array kHeadings = {Heading{u"REF. #", 1000},  Heading{u"DATE", 20
                                   Heading{u"CODE", 1000},    Heading{u"DESCRIPTION", 3000},
                                   Heading{u"QTY", 1000},     Heading{u"AMOUNT", 1000},
                                   Heading{u"ENCODER", 1000}, Heading{u"REVENUEID", 500}};
-
-constexpr int kPrinterError = 482;
 
 /// A number of the list; nothing is shown for zero.
 QString NumberText(const Value& value, QStringView pattern) {
@@ -221,9 +217,13 @@ void frmReprint::cmdPrint_Click() {
     SetMousePointer(MousePointer::Default);
     const QString name =
         txtLastName->text() + u", "_s + txtFirstName->text() + u" "_s + txtMiddleName->text();
-    OpenReport(ProgramDirectory() + u"/Reports/Charge_Slip.RPT"_s,
-               {mSlipNo, Format(Now(), u"mm/dd/yyyy"), name, txtIDNum->text(), txtHospNum->text(), mRoomId,
-                Format(Now(), u"hh:mm:ss AM/PM"), mCompany, u"HEMODIALYSIS"_s, gCurrentUser->EmployeeName()});
+    OpenChargeSlip({.number = mSlipNo,
+                    .patientName = name,
+                    .admissionNumber = txtIDNum->text(),
+                    .hospitalNumber = txtHospNum->text(),
+                    .room = mRoomId,
+                    .account = mCompany,
+                    .station = u"HEMODIALYSIS"_s});
     ShowReport(false, u"Print ChargeSlip"_s, false);
 }
 
@@ -235,40 +235,31 @@ QString frmReprint::IssuerName() const {
     return issuer.Fields(u"LastName").ToText() + u", "_s + issuer.Fields(u"FirstName").ToText();
 }
 
-/// Fills what the older layout prints, each by its name in upper case. Fields of other names keep what the
-/// template has.
-void frmReprint::SetFormulaTexts() const {
-    for (ParameterField& formula : gReport->ParameterFields()) {
-        const QString name = UCase(formula.Name());
-        if (name == u"TITLE"_s)
-            formula.SetCurrentValue(UCase(gHospitalName) + u" CC NO. "_s + mSlipNo);
-        else if (name == u"PATIENT"_s)
-            formula.SetCurrentValue(mPatientName);
-        else if (name == u"COMPANY"_s)
-            formula.SetCurrentValue(mCompany);
-        else if (name == u"ADMNO"_s)
-            formula.SetCurrentValue(mIdNum);
-        else if (name == u"ISSUER"_s)
-            formula.SetCurrentValue(IssuerName());
-        else if (name == u"REMARKS"_s)
-            formula.SetCurrentValue(u"/"_s);
-        else if (name == u"USERID"_s)
-            formula.SetCurrentValue(gCurrentUser->EmployeeCode());
-        else if (name == u"CHARGEDATE"_s)
-            formula.SetCurrentValue(mSlipDate);
-    }
+/// What the older layout prints, by the name of the formula. One of another name keeps what the template has.
+std::optional<QString> frmReprint::FormulaText(const QString& formula) const {
+    if (formula == u"TITLE"_s)
+        return UCase(gHospitalName) + u" CC NO. "_s + mSlipNo;
+    if (formula == u"PATIENT"_s)
+        return mPatientName;
+    if (formula == u"COMPANY"_s)
+        return mCompany;
+    if (formula == u"ADMNO"_s)
+        return mIdNum;
+    if (formula == u"ISSUER"_s)
+        return IssuerName();
+    if (formula == u"REMARKS"_s)
+        return u"/"_s;
+    if (formula == u"USERID"_s)
+        return gCurrentUser->EmployeeCode();
+    if (formula == u"CHARGEDATE"_s)
+        return mSlipDate;
+    return {};
 }
 
 void frmReprint::PrintDirect(QPrinter& printer) {
     cmdPrint_Click();
-    gReport = ReportEngine().OpenReport(ProgramDirectory() + u"\\ChargeSlip.rpt"_s, kOpenOption);
-    for (ReportTable& table : gReport->Tables())
-        SetTableLogOn(table, u"REPORTS"_s);
-    SetFormulaTexts();
-    const auto pages = gReport->Document();
-    printer.setPageLayout(pages->Paper());
-    const QString problem = PrintAtOnce(*pages, printer);
-    if (!problem.isEmpty())
-        throw RunTimeError(kPrinterError, problem);
+    OpenReportOn(u"REPORTS"_s, PathOf(ReportFile::kOlderChargeSlip),
+                 [this](const QString& formula) { return FormulaText(formula); });
+    PrintReport(printer);
     gReport = {};
 }

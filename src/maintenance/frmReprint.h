@@ -3,6 +3,8 @@
 #include "patients/PatientFrames.h"
 #include "toolkit/Form.h"
 
+#include <optional>
+
 class FlexGrid;
 class QGroupBox;
 class QHBoxLayout;
@@ -49,7 +51,7 @@ class frmReprint : public Form, private SearchPatientBoxes {
     QString CurrentText(int column) const;
     void WriteLinesOfSlip();
     QString IssuerName() const;
-    void SetFormulaTexts() const;
+    std::optional<QString> FormulaText(const QString& formula) const;
 
     FlexGrid* grdTable;
     QPushButton* cmdPrint;

@@ -6,9 +6,8 @@
 #include "gateway/CommandGateway.h"
 #include "nursing/commands.h"
 #include "patients/PatientContext.h"
-#include "report/ReportEngine.h"
-#include "report/viewer/ReportViewer.h"
 #include "reports/frmReport.h"
+#include "reports/ReportFiles.h"
 #include "reports/Reports.h"
 #include "text/Format.h"
 #include "text/IsDate.h"
@@ -18,17 +17,16 @@
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
-#include "toolkit/ProgramFiles.h"
 #include "toolkit/Screens.h"
 #include "toolkit/Twips.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include <array>
-#include <memory>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -163,13 +161,13 @@ QString frmNursingRequest::CurrentText(int column) const {
 }
 
 void frmNursingRequest::grdRequest_DblClick() {
-    auto& charges = Screens::Get<frmPostCharges>();
+    const HospitalInfoBoxes& info = Screens::Get<frmPostCharges>().Boxes().info;
     // Kept: the patient's letter is read and decides nothing; every patient's id number goes the same way.
     // NOLINTNEXTLINE(bugprone-branch-clone)
     if (CurrentText(QueueColumn::kPatientLetter) == u"I"_s)
-        charges.SetBox(u"txtId"_s, CurrentText(QueueColumn::kIdNumber));
+        info.txtId->setText(CurrentText(QueueColumn::kIdNumber));
     else
-        charges.SetBox(u"txtId"_s, CurrentText(QueueColumn::kIdNumber));
+        info.txtId->setText(CurrentText(QueueColumn::kIdNumber));
     ProcessRequest();
 }
 
@@ -182,19 +180,20 @@ void frmNursingRequest::grdRequest_KeyPress(int& keyAscii) {
 void frmNursingRequest::ProcessRequest() {
     const QString roomClass = RoomClassOf(Trim(CurrentText(QueueColumn::kRoomId)));
     auto& charges = Screens::Get<frmPostCharges>();
-    charges.SetBox(u"txtPno"_s, CurrentText(QueueColumn::kHospitalNumber));
-    charges.SetBox(u"txtId"_s, CurrentText(QueueColumn::kIdNumber));
-    charges.SetBox(u"txtLastName"_s, CurrentText(QueueColumn::kLastName));
-    charges.SetBox(u"txtFirstName"_s, CurrentText(QueueColumn::kFirstName));
-    charges.SetBox(u"txtMiddleName"_s, CurrentText(QueueColumn::kMiddleName));
-    charges.SetBox(u"txtRoom"_s, CurrentText(QueueColumn::kRoomId));
-    charges.SetBox(u"txtDateAdmitted"_s, CurrentText(QueueColumn::kAdmissionDate));
-    charges.SetBox(u"txtDocID"_s, CurrentText(QueueColumn::kDoctorId));
-    charges.SetBox(u"txtRequestingDoc"_s, CurrentText(QueueColumn::kRequestingDoctor));
-    charges.SetBox(u"txtAge"_s, CurrentText(QueueColumn::kAge));
-    charges.SetBox(u"txtDob"_s, DateText(CurrentText(QueueColumn::kBirthDate)));
+    const auto& [name, info, txtDocID, txtRequestingDoc] = charges.Boxes();
+    info.txtPno->setText(CurrentText(QueueColumn::kHospitalNumber));
+    info.txtId->setText(CurrentText(QueueColumn::kIdNumber));
+    name.txtLastName->setText(CurrentText(QueueColumn::kLastName));
+    name.txtFirstName->setText(CurrentText(QueueColumn::kFirstName));
+    name.txtMiddleName->setText(CurrentText(QueueColumn::kMiddleName));
+    info.txtRoom->setText(CurrentText(QueueColumn::kRoomId));
+    info.txtDateAdmitted->setText(CurrentText(QueueColumn::kAdmissionDate));
+    txtDocID->setText(CurrentText(QueueColumn::kDoctorId));
+    txtRequestingDoc->setText(CurrentText(QueueColumn::kRequestingDoctor));
+    name.txtAge->setText(CurrentText(QueueColumn::kAge));
+    name.txtDob->setText(DateText(CurrentText(QueueColumn::kBirthDate)));
     gRoomClass = roomClass;
-    charges.SetBox(u"txtSex"_s, CurrentText(QueueColumn::kSex) == u"M"_s ? u"MALE"_s : u"FEMALE"_s);
+    name.txtSex->setText(CurrentText(QueueColumn::kSex) == u"M"_s ? u"MALE"_s : u"FEMALE"_s);
     LoadExam(CurrentText(QueueColumn::kIdNumber));
     FlexCells& lines = charges.Charges().Cells();
     lines.SetRows(lines.Rows() + 1);
@@ -234,20 +233,9 @@ void frmNursingRequest::Command1_Click() {
 }
 
 void frmNursingRequest::PrintConsultation(const QString& strRequestNum) {
-    gReport = ReportEngine().OpenReport(ProgramDirectory() + u"\\RadioConsultation.rpt"_s, kOpenOption);
-    for (ReportTable& table : gReport->Tables())
-        SetTableLogOn(table, u"RADIOLOGY"_s);
-    for (ParameterField& field : gReport->ParameterFields()) {
-        if (field.Name().toUpper() == u"@REQUESTNUM"_s)
-            field.SetCurrentValue(strRequestNum);
-    }
-    auto window = std::make_unique<frmReport>();
-    window->setWindowTitle(u"Consultation Form"_s);
-    window->crvReport->EnableGroupTree(false);
-    window->crvReport->SetSwitch258(true);
-    window->crvReport->SetReportSource(gReport.Shared());
-    window->crvReport->ViewReport();
-    // A screen that was shown modally deletes itself when its loop has ended.
-    window.release()->ShowModal();
+    OpenReportOn(u"RADIOLOGY"_s, PathOf(ReportFile::kConsultation), [&strRequestNum](const QString& name) {
+        return name == u"@REQUESTNUM"_s ? std::optional(strRequestNum) : std::nullopt;
+    });
+    ViewReport(u"Consultation Form"_s, false, ViewerSwitch::Switch258).release()->ShowModal();
     gReport = nullptr;
 }

@@ -1,8 +1,15 @@
 #pragma once
 
-#include <QString>
-
 #include <functional>
+
+class QLineEdit;
+
+/// The boxes of a cash patient; an assessment has them as its own.
+struct CashPatientBoxes {
+    QLineEdit* txtSname;
+    QLineEdit* txtHospNum;
+    QLineEdit* txtIdnum;
+};
 
 /// What the list of cash patients needs of the assessment that waits for it.
 class CashTarget {
@@ -13,8 +20,8 @@ class CashTarget {
     virtual bool PatientTypeOn(int index) const = 0;
     /// Lets lines be keyed.
     virtual void EnableExams() = 0;
-    /// Fills one of the assessment's boxes by its name. Raises 91 for a name that it does not have.
-    virtual void SetBox(const QString& name, const QString& text) = 0;
+    /// The boxes that tell whom the assessment is for.
+    virtual const CashPatientBoxes& Boxes() const = 0;
 };
 
 /// Answers the waiting assessment, which a first touch creates.

@@ -1,7 +1,5 @@
 #include "patients/FinderTarget.h"
 
-#include "text/RunTimeError.h"
-
 #include <QHash>
 
 namespace {
@@ -14,20 +12,13 @@ QHash<QString, FinderTargetSource>& Sources() {
 } // namespace
 
 void RegisterFinderTarget(const QString& chargeMode, FinderTargetSource source) {
-    Sources().insert(chargeMode, std::move(source));
+    if (source)
+        Sources().insert(chargeMode, std::move(source));
+    else
+        Sources().remove(chargeMode);
 }
 
-void ForgetFinderTargets() {
-    Sources().clear();
-}
-
-bool HasFinderTarget(const QString& chargeMode) {
-    return Sources().contains(chargeMode);
-}
-
-FinderTarget& FinderTargetOf(const QString& chargeMode) {
+FinderTarget* FinderTargetOf(const QString& chargeMode) {
     const auto source = Sources().constFind(chargeMode);
-    if (source == Sources().constEnd())
-        throw RunTime::Error(RunTime::kObjectNotSet);
-    return (*source)();
+    return source == Sources().constEnd() ? nullptr : &(*source)();
 }

@@ -11,8 +11,8 @@ class FinderTarget {
 
     /// The text of the field that the first search uses.
     virtual QString FinderText() const = 0;
-    /// Fills one of the screen's boxes by its name. Raises 91 for a name that it does not have.
-    virtual void SetBox(const QString& name, const QString& text) = 0;
+    /// Runs the screen's load routine over its boxes, which closes the finder.
+    virtual void LoadPick() = 0;
     /// Called when a pick has been loaded and the finder has closed.
     virtual void Picked() = 0;
 };
@@ -20,14 +20,8 @@ class FinderTarget {
 /// Answers the waiting screen, which a first touch creates.
 using FinderTargetSource = std::function<FinderTarget&()>;
 
-/// Enters the screen that waits in a charge mode ("Post", "List", "Ledger").
+/// Enters the screen that waits in a charge mode ("Post", "List", "Ledger"); an empty source strikes it out.
 void RegisterFinderTarget(const QString& chargeMode, FinderTargetSource source);
 
-/// Strikes all screens out again.
-void ForgetFinderTargets();
-
-/// Whether a screen waits in that mode.
-bool HasFinderTarget(const QString& chargeMode);
-
-/// The screen that waits in the mode. Raises 91 when there is none.
-FinderTarget& FinderTargetOf(const QString& chargeMode);
+/// The screen that waits in the mode; null when there is none.
+FinderTarget* FinderTargetOf(const QString& chargeMode);

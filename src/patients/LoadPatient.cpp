@@ -3,7 +3,6 @@
 #include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "patients/commands.h"
-#include "patients/FinderTarget.h"
 #include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
 #include "text/Clock.h"
@@ -13,6 +12,7 @@
 #include "text/RunTimeError.h"
 #include "toolkit/Screens.h"
 
+#include <QLineEdit>
 #include <QRadioButton>
 
 #include <limits>
@@ -63,10 +63,10 @@ void ReadVisitDoctors() {
     gDoctor3 = rows.Fields(u"DoctorID3").TextOrEmpty();
 }
 
-void SetNames(FinderTarget& target, const PatientRecord& patient) {
-    target.SetBox(u"txtLastName"_s, CutTrailingBlanks(patient.LastName));
-    target.SetBox(u"txtFirstName"_s, CutTrailingBlanks(patient.FirstName));
-    target.SetBox(u"txtMiddleName"_s, CutTrailingBlanks(patient.MiddleName));
+template <class Boxes> void SetNames(const Boxes& boxes, const PatientRecord& patient) {
+    boxes.txtLastName->setText(CutTrailingBlanks(patient.LastName));
+    boxes.txtFirstName->setText(CutTrailingBlanks(patient.FirstName));
+    boxes.txtMiddleName->setText(CutTrailingBlanks(patient.MiddleName));
 }
 
 /// Kept: account, station and company come from the admission side, for a visit too: the patient master
@@ -94,91 +94,90 @@ bool OpenAdmission() {
     return gPersonFinder->ValidateAdmission(gIDNumber);
 }
 
-void LoadVisitForCharges(FinderTarget& target) {
+void LoadVisitForCharges(const ChargedPatientBoxes& boxes) {
     if (!OpenVisit())
         return;
     OutPatientVisit& visit = gPersonFinder->PatientClass().clsOutPatient;
     const PatientRecord& patient = visit.Patient();
     const AdmissionRecord& admission = gPersonFinder->Admission();
-    SetNames(target, patient);
-    target.SetBox(u"txtSex"_s, patient.Sex.ToText());
-    target.SetBox(u"txtDob"_s, patient.BirthDate.ToText());
+    SetNames(boxes.name, patient);
+    boxes.name.txtSex->setText(patient.Sex.ToText());
+    boxes.name.txtDob->setText(patient.BirthDate.ToText());
     SetAccount(admission);
-    target.SetBox(u"txtAge"_s, patient.Age.ToText());
-    target.SetBox(u"txtPno"_s, patient.HospitalNumber.ToText());
-    target.SetBox(u"txtId"_s, gIDNumber);
-    target.SetBox(u"txtRoom"_s, u"OPD"_s);
-    target.SetBox(u"txtDateAdmitted"_s, DateText(visit.AdmissionDate()));
+    boxes.name.txtAge->setText(patient.Age.ToText());
+    boxes.info.txtPno->setText(patient.HospitalNumber.ToText());
+    boxes.info.txtId->setText(gIDNumber);
+    boxes.info.txtRoom->setText(u"OPD"_s);
+    boxes.info.txtDateAdmitted->setText(DateText(visit.AdmissionDate()));
     gDaysConfined = DaysSince(visit.AdmissionDate());
     gDoctor1 = admission.AttendingDoctor1->completename;
-    target.SetBox(u"txtDoctor"_s, gDoctor1.ToText());
+    boxes.info.txtDoctor->setText(gDoctor1.ToText());
     // Kept: the class of the admission side takes the place of the "A" of every visit.
     gRoomClass = admission.Room->roomclassid.ToText();
 }
 
-void LoadAdmissionForCharges(FinderTarget& target) {
+void LoadAdmissionForCharges(const ChargedPatientBoxes& boxes) {
     if (!OpenAdmission())
         return;
     const AdmissionRecord& admission = gPersonFinder->Admission();
-    SetNames(target, *admission.Patient);
-    target.SetBox(u"txtSex"_s, admission.Patient->Sex.ToText());
-    target.SetBox(u"txtDob"_s, admission.Patient->BirthDate.ToText());
+    SetNames(boxes.name, *admission.Patient);
+    boxes.name.txtSex->setText(admission.Patient->Sex.ToText());
+    boxes.name.txtDob->setText(admission.Patient->BirthDate.ToText());
     SetAccount(admission);
-    target.SetBox(u"txtAge"_s, admission.Age.ToText());
-    target.SetBox(u"txtPno"_s, admission.HospitalNumber.ToText());
-    target.SetBox(u"txtId"_s, admission.IDNumber.ToText());
-    target.SetBox(u"txtRoom"_s, admission.Room->RoomID.ToText());
-    target.SetBox(u"txtDateAdmitted"_s, DateText(admission.AdmissionDate));
+    boxes.name.txtAge->setText(admission.Age.ToText());
+    boxes.info.txtPno->setText(admission.HospitalNumber.ToText());
+    boxes.info.txtId->setText(admission.IDNumber.ToText());
+    boxes.info.txtRoom->setText(admission.Room->RoomID.ToText());
+    boxes.info.txtDateAdmitted->setText(DateText(admission.AdmissionDate));
     gDaysConfined = DaysSince(admission.AdmissionDate);
     gDoctor1 = admission.AttendingDoctor1->completename;
-    target.SetBox(u"txtDoctor"_s, gDoctor1.ToText());
+    boxes.info.txtDoctor->setText(gDoctor1.ToText());
     gRoomClass = admission.Room->roomclassid.ToText();
     // Kept: the name stays on the screen; the shared variable goes over to the code.
     gDoctor1 = admission.AttendingDoctor1->Code;
     gDoctor2Code = admission.AttendingDoctor2->Code;
 }
 
-void LoadVisitForLedger(FinderTarget& target) {
+void LoadVisitForLedger(const SearchPatientBoxes& boxes) {
     if (!OpenVisit())
         return;
     const PatientRecord& patient = gPersonFinder->PatientClass().clsOutPatient.Patient();
-    SetNames(target, patient);
-    target.SetBox(u"txtHospNum"_s, patient.HospitalNumber.ToText());
-    target.SetBox(u"txtIDNum"_s, gIDNumber);
+    SetNames(boxes, patient);
+    boxes.txtHospNum->setText(patient.HospitalNumber.ToText());
+    boxes.txtIDNum->setText(gIDNumber);
     gRoomClass = gPersonFinder->Admission().Room->roomclassid.ToText();
 }
 
-void LoadAdmissionForLedger(FinderTarget& target) {
+void LoadAdmissionForLedger(const SearchPatientBoxes& boxes) {
     if (!OpenAdmission())
         return;
     const AdmissionRecord& admission = gPersonFinder->Admission();
-    SetNames(target, *admission.Patient);
-    target.SetBox(u"txtHospNum"_s, admission.HospitalNumber.ToText());
-    target.SetBox(u"txtIDNum"_s, admission.IDNumber.ToText());
+    SetNames(boxes, *admission.Patient);
+    boxes.txtHospNum->setText(admission.HospitalNumber.ToText());
+    boxes.txtIDNum->setText(admission.IDNumber.ToText());
     gRoomID = admission.Room->RoomID.ToText();
     gAdmissionDate = DateText(admission.AdmissionDate);
 }
 
-using LoadPath = void (*)(FinderTarget&);
-
 /// Any type but "I" is treated as out-patient here.
-void Load(const QString& chargeMode, LoadPath inPatient, LoadPath outPatient) {
+template <class Boxes>
+void Load(const Boxes& boxes, void (*inPatient)(const Boxes&), void (*outPatient)(const Boxes&)) {
     ReadVisitDoctors();
-    const LoadPath path = gPatientType == u"I"_s ? inPatient : outPatient;
-    path(FinderTargetOf(chargeMode));
+    const auto path = gPatientType == u"I"_s ? inPatient : outPatient;
+    path(boxes);
     Screens::Unload<frmSearchPatient>();
 }
 
 } // namespace
 
-void LoadForPost() {
-    Load(u"Post"_s, LoadAdmissionForCharges, LoadVisitForCharges);
+void LoadForPost(const ChargedPatientBoxes& boxes) {
+    Load(boxes, LoadAdmissionForCharges, LoadVisitForCharges);
 }
 
-void LoadForList() {
-    Load(u"List"_s, LoadAdmissionForCharges, LoadVisitForCharges);
+void LoadForList(const ChargedPatientBoxes& boxes) {
+    Load(boxes, LoadAdmissionForCharges, LoadVisitForCharges);
 }
 
-void LoadForLedger() {
-    Load(u"Ledger"_s, LoadAdmissionForLedger, LoadVisitForLedger);
+void LoadForLedger(const SearchPatientBoxes& boxes) {
+    Load(boxes, LoadAdmissionForLedger, LoadVisitForLedger);
 }

@@ -48,15 +48,3 @@ inline QString gUltraExamID;
 inline QString gCashSearchCopy;
 /// The hits of the cash patient list while they go into its grid; closed before and after.
 inline RowSet gCashRecordset;
-
-/// Brings the patient in hand back to what a fresh process has.
-inline void ResetPatientContext() {
-    for (QString* text :
-         {&gPatientType, &gHospitalNumber, &gIDNumber, &gRoomClass, &gStationName, &gAccountNumber, &gCompany,
-          &gAdmissionDate, &gDischargeDate, &gRoomID, &gCashSearchCopy, &gUltraExam, &gUltraExamID})
-        text->clear();
-    gCashRecordset = RowSet();
-    for (Value* value : {&gDoctor1, &gDoctor2, &gDoctor3, &gDoctor2Code})
-        *value = QString();
-    gDaysConfined = 0;
-}

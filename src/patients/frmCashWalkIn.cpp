@@ -187,9 +187,10 @@ void frmCashWalkIn::MSHFlexCash_DblClick() {
     gIDNumber = idNumber;
     CashTarget& assessment = WaitingCashTarget();
     assessment.EnableExams();
-    assessment.SetBox(u"txtSname"_s, cells.TextMatrix(row, Column::kName));
-    assessment.SetBox(u"txtHospNum"_s, gHospitalNumber);
-    assessment.SetBox(u"txtIdnum"_s, idNumber);
+    const CashPatientBoxes& boxes = assessment.Boxes();
+    boxes.txtSname->setText(cells.TextMatrix(row, Column::kName));
+    boxes.txtHospNum->setText(gHospitalNumber);
+    boxes.txtIdnum->setText(idNumber);
     TakeRoomClass(idNumber, cells);
     Unload();
 }

@@ -136,8 +136,8 @@ void frmSearchPatient::Form_Unload() {
 }
 
 void frmSearchPatient::RefillFromTarget() {
-    if (HasFinderTarget(gChargeMode))
-        Fill(FinderTargetOf(gChargeMode).FinderText());
+    if (const FinderTarget* target = FinderTargetOf(gChargeMode))
+        Fill(target->FinderText());
 }
 
 void frmSearchPatient::Fill(const QString& text) {
@@ -187,8 +187,8 @@ void frmSearchPatient::ListView1_Click() {
 /// Kept: the answer is not read. A text in the waiting screen's field that the server refuses fails here.
 void frmSearchPatient::RepeatCommandOfTarget() {
     RowSet rows;
-    if (HasFinderTarget(gChargeMode)) {
-        const QString command = GetPatientCommand(gPatientType, FinderTargetOf(gChargeMode).FinderText());
+    if (const FinderTarget* target = FinderTargetOf(gChargeMode)) {
+        const QString command = GetPatientCommand(gPatientType, target->FinderText());
         rows = gCurrentUser->SQLConnection()->Open(command, CursorType::Dynamic, LockType::Optimistic);
     }
     rows.Close();
@@ -210,15 +210,10 @@ void frmSearchPatient::ListView1_DblClick() {
 }
 
 void frmSearchPatient::LoadTarget() {
-    const QString mode = gChargeMode;
-    if (mode == u"Post"_s)
-        LoadForPost();
-    else if (mode == u"List"_s)
-        LoadForList();
-    else
-        LoadForLedger();
+    FinderTarget& target = *FinderTargetOf(gChargeMode);
+    target.LoadPick();
     // The finder is closed by now; this screen is only waiting to be deleted.
-    FinderTargetOf(mode).Picked();
+    target.Picked();
 }
 
 void frmSearchPatient::ListView1_KeyPress(int& keyAscii) {

@@ -34,7 +34,6 @@ constexpr std::array kHeadings = {u"Hospital #", u"Last Name", u"First Name", u"
 constexpr int kMale = 0;
 constexpr int kFemale = 1;
 constexpr int kNoCivilStatus = 6;
-constexpr int kInvalidPropertyValue = 380;
 
 /// The entry of the civil status list for a record's code; raises 380 for a code that has none.
 int CivilStatusIndex(const Value& code, int entries) {
@@ -42,7 +41,7 @@ int CivilStatusIndex(const Value& code, int entries) {
         return kNoCivilStatus;
     const qint64 index = code.ToInteger();
     if (index < 0 || index >= entries)
-        throw RunTimeError(kInvalidPropertyValue, u"Invalid property value"_s);
+        throw RunTime::Error(RunTime::kInvalidPropertyValue);
     return int(index);
 }
 

@@ -1,12 +1,17 @@
 #include "reports/Reports.h"
 
 #include "components/shared.h"
+#include "report/output/PrintJob.h"
 #include "report/ReportEngine.h"
+#include "report/viewer/ReportViewer.h"
+#include "reports/frmReport.h"
 #include "reports/frmReportviewer.h"
+#include "text/UCase.h"
 #include "toolkit/MousePointer.h"
 
+#include <QPrinter>
+
 #include <algorithm>
-#include <memory>
 
 void OpenReport(const QString& path, const std::vector<Value>& values) {
     const size_t given = values.size();
@@ -33,6 +38,39 @@ void ShowReport(bool showGroupTree, const QString& title, bool directPrint) {
     // A screen that was shown modally deletes itself when its loop has ended.
     viewer.release()->ShowModal();
     SetMousePointer(callers);
+}
+
+void OpenReportOn(const QString& database, const QString& path, const ParameterText& textOf) {
+    gReport = ReportEngine().OpenReport(path, kOpenOption);
+    for (ReportTable& table : gReport->Tables())
+        SetTableLogOn(table, database);
+    if (!textOf)
+        return;
+    for (ParameterField& field : gReport->ParameterFields()) {
+        if (const std::optional<QString> text = textOf(UCase(field.Name())))
+            field.SetCurrentValue(*text);
+    }
+}
+
+std::unique_ptr<frmReport> ViewReport(const QString& title, bool showGroupTree, ViewerSwitch viewerSwitch) {
+    auto window = std::make_unique<frmReport>();
+    window->setWindowTitle(title);
+    window->crvReport->EnableGroupTree(showGroupTree);
+    if (viewerSwitch == ViewerSwitch::Switch258)
+        window->crvReport->SetSwitch258(true);
+    else
+        window->crvReport->SetSwitch259(true);
+    window->crvReport->SetReportSource(gReport.Shared());
+    window->crvReport->ViewReport();
+    return window;
+}
+
+void PrintReport(QPrinter& printer) {
+    const auto pages = gReport->Document();
+    printer.setPageLayout(pages->Paper());
+    const QString problem = PrintAtOnce(*pages, printer);
+    if (!problem.isEmpty())
+        throw RunTimeError(RunTime::kPrinterError, problem);
 }
 
 void SetTableLogOn(ReportTable& table, const QString& databaseName) {

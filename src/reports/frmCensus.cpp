@@ -1,20 +1,16 @@
 #include "reports/frmCensus.h"
 
-#include "report/ReportEngine.h"
-#include "report/viewer/ReportViewer.h"
 #include "reports/frmReport.h"
+#include "reports/ReportFiles.h"
 #include "reports/Reports.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Look.h"
-#include "toolkit/ProgramFiles.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QVBoxLayout>
-
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -70,18 +66,8 @@ void frmCensus::cmdView_Click() {
 
 void frmCensus::PrintCensus() {
     const bool byStation = optCensus[kByStation]->isChecked();
-    gReport = ReportEngine().OpenReport(
-        ProgramDirectory() + (byStation ? u"\\Reports\\CensusStation.rpt"_s : u"\\Reports\\CensusAll.rpt"_s),
-        kOpenOption);
-    for (ReportTable& table : gReport->Tables())
-        SetTableLogOn(table, u"PATIENT_DATA"_s);
-    auto window = std::make_unique<frmReport>();
-    window->crvReport->EnableGroupTree(byStation);
-    window->crvReport->SetSwitch259(true);
-    window->crvReport->SetReportSource(gReport.Shared());
-    window->crvReport->ViewReport();
-    window->setWindowTitle(u"Census Report"_s);
-    // The window goes on showing what it has, and deletes itself when it is closed.
-    window.release()->Show();
+    OpenReportOn(u"PATIENT_DATA"_s,
+                 PathOf(byStation ? ReportFile::kCensusByStation : ReportFile::kCensusByName));
+    ViewReport(u"Census Report"_s, byStation, ViewerSwitch::Switch259).release()->Show();
     gReport = nullptr;
 }

@@ -2,14 +2,15 @@
 
 #include "components/shared.h"
 #include "patients/frmSearchPatient.h"
+#include "patients/LoadPatient.h"
 #include "patients/PatientContext.h"
+#include "reports/ReportFiles.h"
 #include "reports/Reports.h"
 #include "text/IsNumeric.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
 #include "toolkit/MousePointer.h"
-#include "toolkit/ProgramFiles.h"
 #include "toolkit/Screens.h"
 #include "toolkit/SendKeys.h"
 #include "toolkit/Workspace.h"
@@ -86,8 +87,8 @@ QString frmLedger::FinderText() const {
     return txtIDNum->text();
 }
 
-void frmLedger::SetBox(const QString& name, const QString& text) {
-    SetTextOf(*this, name, text);
+void frmLedger::LoadPick() {
+    LoadForLedger(*this);
 }
 
 void frmLedger::cmbPatientCode_Click() {
@@ -122,6 +123,6 @@ std::vector<Value> frmLedger::LedgerValues() const {
 }
 
 void frmLedger::PrintLedger() {
-    OpenReport(ProgramDirectory() + u"\\Reports\\Orvandelle_Ledger.rpt"_s, LedgerValues());
+    OpenReport(PathOf(ReportFile::kLedger), LedgerValues());
     ShowReport(false, u"Patients Ledger!"_s, false);
 }

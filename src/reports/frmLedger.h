@@ -21,7 +21,7 @@ class frmLedger : public Form, public FinderTarget, private SearchPatientBoxes {
     frmLedger();
 
     QString FinderText() const override;
-    void SetBox(const QString& name, const QString& text) override;
+    void LoadPick() override;
     void Picked() override {}
 
   protected:

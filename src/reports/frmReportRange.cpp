@@ -1,6 +1,7 @@
 #include "reports/frmReportRange.h"
 
 #include "components/shared.h"
+#include "reports/ReportFiles.h"
 #include "reports/Reports.h"
 #include "text/Clock.h"
 #include "text/Format.h"
@@ -9,7 +10,6 @@
 #include "toolkit/Look.h"
 #include "toolkit/MousePointer.h"
 #include "toolkit/MsgBox.h"
-#include "toolkit/ProgramFiles.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -35,7 +35,7 @@ QString DateText(const DatePicker& picker) {
 
 /// The values are let go before the report shows, which may stand for hours.
 void Present(const PeriodReport& report, std::vector<Value> values) {
-    OpenReport(ProgramDirectory() + report.file.toString(), values);
+    OpenReport(PathOf(report.file), values);
     values.clear();
     ShowReport(false, report.title.toString(), false);
 }

@@ -6,6 +6,9 @@
 /// is Latin-1; a character outside it is written as "?". Nothing is cached. A file that cannot be created,
 /// opened, read or written raises 75 with the path in the text.
 
+/// The file's name; it stands in the program's folder.
+inline constexpr QStringView kConfigFileName = u"tarvenaux.ini";
+
 /// Creates the file empty if there is none. Always True: a file that cannot be created raises.
 bool EnsureConfigFile();
 

@@ -15,7 +15,7 @@
 using namespace Qt::StringLiterals;
 
 void Main() {
-    gIniPath = ProgramDirectory() + u"\\tarvenaux.ini"_s;
+    gIniPath = ProgramDirectory() + u'\\' + kConfigFileName.toString();
     EnsureConfigFile();
     LoadDepartment();
     if (!InitComponents())

@@ -2,8 +2,6 @@
 
 #include <QDateTime>
 
-#include <utility>
-
 namespace {
 
 DateTime MachineClock() {
@@ -15,18 +13,17 @@ DateTime MachineClock() {
         .value_or(DateTime());
 }
 
-std::function<DateTime()> currentClock = MachineClock;
-
 } // namespace
 
 DateTime Now() {
-    return currentClock();
+    return ClockSeam()();
 }
 
 DateTime Today() {
     return Now().DateOnly();
 }
 
-void SetClock(std::function<DateTime()> clock) {
-    currentClock = clock ? std::move(clock) : MachineClock;
+Seam<DateTime()>& ClockSeam() {
+    static Seam<DateTime()> seam(MachineClock);
+    return seam;
 }

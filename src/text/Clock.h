@@ -1,8 +1,7 @@
 #pragma once
 
 #include "text/DateTime.h"
-
-#include <functional>
+#include "text/Seam.h"
 
 /// The workstation's present date and time. Every date that a screen sends or prints comes from here.
 DateTime Now();
@@ -10,5 +9,5 @@ DateTime Now();
 /// The workstation's present date at midnight.
 DateTime Today();
 
-/// Puts another clock in place of the machine's own; an empty function brings the machine's clock back.
-void SetClock(std::function<DateTime()> clock);
+/// Where Now comes from: the machine's clock. Reports ask it beside the user interface's thread too.
+Seam<DateTime()>& ClockSeam();

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array<std::pair<int, const char*>, 14> kTexts = {{
+constexpr std::array<std::pair<int, const char*>, 18> kTexts = {{
     {RunTime::kOverflow, "Overflow"},
     {RunTime::kOutOfMemory, "Out of memory"},
     {RunTime::kSubscriptOutOfRange, "Subscript out of range"},
@@ -16,7 +16,9 @@ constexpr std::array<std::pair<int, const char*>, 14> kTexts = {{
     {RunTime::kPathFileAccess, "Path/File access error"},
     {RunTime::kObjectNotSet, "Object variable or With block variable not set"},
     {RunTime::kInvalidUseOfNull, "Invalid use of Null"},
+    {RunTime::kInvalidPropertyValue, "Invalid property value"},
     {RunTime::kCannotCreateObject, "ActiveX component can't create object"},
+    {RunTime::kPrinterError, "Printer error"},
     {RunTime::kNoCurrentRecord,
      "Either BOF or EOF is True, or the current record has been deleted. Requested "
      "operation requires a current record."},
@@ -26,6 +28,8 @@ constexpr std::array<std::pair<int, const char*>, 14> kTexts = {{
     {RunTime::kItemNotFound,
      "Item cannot be found in the collection corresponding to the requested name or ordinal."},
     {RunTime::kObjectClosed, "Operation is not allowed when the object is closed."},
+    {RunTime::kInvalidRow, "Invalid Row value"},
+    {RunTime::kInvalidCol, "Invalid Col value"},
     {RunTime::kRowChanged,
      "Row cannot be located for updating. Some values may have been changed since it was "
      "last read."},

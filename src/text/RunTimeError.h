@@ -36,11 +36,15 @@ constexpr int kFileNotFound = 53;
 constexpr int kPathFileAccess = 75;
 constexpr int kObjectNotSet = 91;
 constexpr int kInvalidUseOfNull = 94;
+constexpr int kInvalidPropertyValue = 380;
 constexpr int kCannotCreateObject = 429;
+constexpr int kPrinterError = 482;
 constexpr int kNoCurrentRecord = 3021;
 constexpr int kNotUpdatable = 3251;
 constexpr int kItemNotFound = 3265;
 constexpr int kObjectClosed = 3704;
+constexpr int kInvalidRow = 30009;
+constexpr int kInvalidCol = 30010;
 constexpr int kRowChanged = -2147217864;
 
 /// The run-time's text for one of its numbers; empty for a number that it does not know.

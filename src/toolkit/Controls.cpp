@@ -1,6 +1,5 @@
 #include "toolkit/Controls.h"
 
-#include "text/RunTimeError.h"
 #include "toolkit/DatePicker.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/TextBox.h"
@@ -104,11 +103,4 @@ QHBoxLayout* RightAligned(const QList<QWidget*>& controls) {
 void SetTabOrder(const QList<QWidget*>& order) {
     for (qsizetype i = 1; i < order.size(); ++i)
         QWidget::setTabOrder(order[i - 1], order[i]);
-}
-
-void SetTextOf(const QWidget& screen, const QString& box, const QString& text) {
-    auto* found = screen.findChild<QLineEdit*>(box);
-    if (!found)
-        throw RunTime::Error(RunTime::kObjectNotSet);
-    found->setText(text);
 }

@@ -55,6 +55,3 @@ QHBoxLayout* RightAligned(const QList<QWidget*>& controls);
 
 /// The order of work: Tab walks the controls as they are listed.
 void SetTabOrder(const QList<QWidget*>& order);
-
-/// Fills one of a screen's text boxes by its name. Raises 91 when the screen has none of that name.
-void SetTextOf(const QWidget& screen, const QString& box, const QString& text);

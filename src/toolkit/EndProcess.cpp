@@ -1,22 +1,18 @@
 #include "toolkit/EndProcess.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <unistd.h>
-#include <utility>
-
-namespace {
-
-std::function<void()> endInstead;
-
-} // namespace
 
 void EndProcess() {
-    if (endInstead)
-        endInstead();
-    std::fflush(nullptr);
-    _exit(0);
+    EndProcessSeam()();
+    std::abort();
 }
 
-void SetEndOfProcess(std::function<void()> end) {
-    endInstead = std::move(end);
+Seam<void()>& EndProcessSeam() {
+    static Seam<void()> seam([] {
+        std::fflush(nullptr);
+        _exit(0);
+    });
+    return seam;
 }

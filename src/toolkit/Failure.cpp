@@ -18,7 +18,6 @@ namespace {
 constexpr int kFailed = 1;
 
 bool ending = false;
-Failure::Handler failureHandler;
 
 /// Nothing is flushed, destroyed or asked: whatever was being done has failed, and what the database has
 /// answered already stands.
@@ -33,6 +32,17 @@ Failure::Handler failureHandler;
     box.setTextFormat(Qt::PlainText);
     box.exec();
     LeaveProcess();
+}
+
+void ShowOnceAndLeave(const std::exception_ptr& failure, bool inPaint) {
+    if (ending)
+        return;
+    ending = true;
+    const QString text = Failure::TextOf(failure);
+    if (inPaint)
+        QTimer::singleShot(0, qApp, [text] { ShowAndLeave(text); });
+    else
+        ShowAndLeave(text);
 }
 
 } // namespace
@@ -50,26 +60,16 @@ QString Failure::TextOf(const std::exception_ptr& failure) {
 }
 
 void Failure::End(const std::exception_ptr& failure, bool inPaint) noexcept {
-    if (failureHandler) {
-        failureHandler(failure);
-        return;
-    }
-    if (ending)
-        return;
-    ending = true;
-    const QString text = TextOf(failure);
-    if (inPaint)
-        QTimer::singleShot(0, qApp, [text] { ShowAndLeave(text); });
-    else
-        ShowAndLeave(text);
+    EndSeam()(failure, inPaint);
 }
 
 bool Failure::IsEnding() {
     return ending;
 }
 
-void Failure::SetHandler(Handler newHandler) {
-    failureHandler = std::move(newHandler);
+Seam<void(const std::exception_ptr&, bool)>& Failure::EndSeam() {
+    static Seam<void(const std::exception_ptr&, bool)> seam(ShowOnceAndLeave);
+    return seam;
 }
 
 void Failure::InstallTerminateHandler() {

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "text/Seam.h"
+
 #include <QString>
 
 #include <exception>
-#include <functional>
 
 /// The one end of every failure that no handler traps: its text in a critical message box, then the end of
 /// the process with exit code 1, without any more of the program's code running. The text goes nowhere else:
@@ -20,9 +21,8 @@ bool IsEnding();
 /// The text shown for a failure: "Run-time error '3021':" and the description.
 QString TextOf(const std::exception_ptr& failure);
 
-/// Takes failures in place of the box and the end of the process, for tests; empty brings the real end back.
-using Handler = std::function<void(const std::exception_ptr& failure)>;
-void SetHandler(Handler handler);
+/// What End does with a failure: the box, then the end of the process.
+Seam<void(const std::exception_ptr& failure, bool inPaint)>& EndSeam();
 
 /// Makes an exception that no event dispatch sees end the process the same way; without the box where none
 /// can open, as from a static constructor or beside the user interface's thread.

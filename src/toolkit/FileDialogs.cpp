@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-SaveFileAnswer currentAnswer = nullptr;
-
 /// Tells files by their names alone. The toolkit's own provider opens a file whose name does not tell its
 /// kind, and the close behind it would take the locks along that the process holds on the hospital's file.
 class NamesOnly : public QFileIconProvider {
@@ -28,12 +26,8 @@ QString& LastFolder() {
     return folder;
 }
 
-} // namespace
-
-QString AskSaveFile(QWidget* parent, const QString& title, const QString& suggestedName,
+QString AskInDialog(QWidget* parent, const QString& title, const QString& suggestedName,
                     const QString& filter) {
-    if (currentAnswer)
-        return currentAnswer(suggestedName);
     NamesOnly names;
     // The window looks at its first folder before it can be told how, so that is one in which no hospital
     // lies.
@@ -51,6 +45,14 @@ QString AskSaveFile(QWidget* parent, const QString& title, const QString& sugges
     return dialog.selectedFiles().value(0);
 }
 
-void SetSaveFileAnswer(SaveFileAnswer answer) {
-    currentAnswer = answer;
+} // namespace
+
+QString AskSaveFile(QWidget* parent, const QString& title, const QString& suggestedName,
+                    const QString& filter) {
+    return SaveDialogSeam()(parent, title, suggestedName, filter);
+}
+
+Seam<QString(QWidget*, const QString&, const QString&, const QString&)>& SaveDialogSeam() {
+    static Seam<QString(QWidget*, const QString&, const QString&, const QString&)> seam(AskInDialog);
+    return seam;
 }

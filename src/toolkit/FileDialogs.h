@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/Seam.h"
+
 #include <QString>
 
 class QWidget;
@@ -9,6 +11,6 @@ class QWidget;
 QString AskSaveFile(QWidget* parent, const QString& title, const QString& suggestedName,
                     const QString& filter);
 
-/// Answers in place of the dialogue, for tests and the tour; null brings the dialogue back.
-using SaveFileAnswer = QString (*)(const QString& suggestedName);
-void SetSaveFileAnswer(SaveFileAnswer answer);
+/// What asks: the toolkit's own dialogue. The tour saves without one.
+Seam<QString(QWidget* parent, const QString& title, const QString& suggestedName, const QString& filter)>&
+SaveDialogSeam();

@@ -8,9 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kInvalidRow = 30009;
-constexpr int kInvalidCol = 30010;
-
 bool IsAmount(const Value& value) {
     return std::holds_alternative<Decimal>(value.Get()) || std::holds_alternative<double>(value.Get());
 }
@@ -24,17 +21,17 @@ FlexCells::FlexCells(QObject* parent)
 
 void FlexCells::CheckRow(int row) const {
     if (row < 0 || row >= mRows)
-        throw RunTimeError(kInvalidRow, u"Invalid Row value"_s);
+        throw RunTime::Error(RunTime::kInvalidRow);
 }
 
 void FlexCells::CheckCol(int col) const {
     if (col < 0 || col >= mCols)
-        throw RunTimeError(kInvalidCol, u"Invalid Col value"_s);
+        throw RunTime::Error(RunTime::kInvalidCol);
 }
 
 void FlexCells::SetRows(int rows) {
     if (rows < 1)
-        throw RunTimeError(kInvalidRow, u"Invalid Row value"_s);
+        throw RunTime::Error(RunTime::kInvalidRow);
     if (rows > mRows && !mBound)
         AppendRows(rows);
     else if (rows != mRows)
@@ -43,7 +40,7 @@ void FlexCells::SetRows(int rows) {
 
 void FlexCells::SetCols(int cols) {
     if (cols < 1)
-        throw RunTimeError(kInvalidCol, u"Invalid Col value"_s);
+        throw RunTime::Error(RunTime::kInvalidCol);
     if (cols != mCols)
         Resize(mRows, cols);
 }

@@ -46,11 +46,6 @@ class FocusTracker : public QObject {
 
     QWidget* Last() const { return mLast; }
 
-    void Reset() {
-        mLast = nullptr;
-        mHolds.clear();
-    }
-
   private:
     FocusTracker()
         : QObject(qApp) {
@@ -110,8 +105,4 @@ QWidget* FocusOwner() {
 
 QWidget* LastFocus() {
     return FocusTracker::Instance().Last();
-}
-
-void ResetFocusTracking() {
-    FocusTracker::Instance().Reset();
 }

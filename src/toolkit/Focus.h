@@ -44,6 +44,3 @@ QWidget* FocusOwner();
 
 /// The control that raised its GotFocus last, shown or not; null when it is gone.
 QWidget* LastFocus();
-
-/// Forgets which control had the focus last. For tests, which run one after another in one process.
-void ResetFocusTracking();

@@ -16,8 +16,6 @@ const QString kDefaultTitle = u"TARVEN"_s;
 
 namespace {
 
-MessageSeam* currentSeam = nullptr;
-
 QMessageBox::Icon IconOf(MsgIcon icon) {
     switch (icon) {
     case MsgIcon::Critical:
@@ -72,11 +70,7 @@ void MakeRoomForTitle(QMessageBox& box) {
         grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
-} // namespace
-
-MsgAnswer MsgBox(const Message& message) {
-    if (currentSeam)
-        return currentSeam->Show(message);
+MsgAnswer ShowBox(const Message& message) {
     const FocusKeeper keeper;
     // A screen that was just unloaded may still count as the active window; it would take the box along.
     QWidget* owner = QApplication::activeWindow();
@@ -102,8 +96,13 @@ MsgAnswer MsgBox(const Message& message) {
     return answers.back();
 }
 
-MessageSeam* SetMessageSeam(MessageSeam* seam) {
-    MessageSeam* before = currentSeam;
-    currentSeam = seam;
-    return before;
+} // namespace
+
+MsgAnswer MsgBox(const Message& message) {
+    return MessageSeam()(message);
+}
+
+Seam<MsgAnswer(const Message&)>& MessageSeam() {
+    static Seam<MsgAnswer(const Message&)> seam(ShowBox);
+    return seam;
 }

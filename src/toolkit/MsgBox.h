@@ -1,5 +1,7 @@
 #pragma once
 
+#include "text/Seam.h"
+
 #include <QString>
 
 enum class MsgIcon { None, Critical, Question, Exclamation, Information };
@@ -23,12 +25,5 @@ struct Message {
 /// Closing the box answers Ok, Cancel or No, whichever it has.
 MsgAnswer MsgBox(const Message& message);
 
-/// Stands between the callers of MsgBox and the screen, so that a test can answer and see what was asked.
-class MessageSeam {
-  public:
-    virtual ~MessageSeam() = default;
-    virtual MsgAnswer Show(const Message& message) = 0;
-};
-
-/// Puts a seam in place of the real boxes; null brings the real ones back. Answers the seam before.
-MessageSeam* SetMessageSeam(MessageSeam* seam);
+/// What shows the box and waits.
+Seam<MsgAnswer(const Message& message)>& MessageSeam();

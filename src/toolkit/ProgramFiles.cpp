@@ -8,8 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString replacedDirectory;
-
 /// The entry of the folder with that name, in any letter case. The folder ends with a slash; the empty one is
 /// the working directory.
 QString FindEntry(const QString& folder, const QString& name) {
@@ -34,11 +32,12 @@ bool IsBelowProgramDirectory(const QString& path) {
 } // namespace
 
 QString ProgramDirectory() {
-    return replacedDirectory.isEmpty() ? QCoreApplication::applicationDirPath() : replacedDirectory;
+    return ProgramDirectorySeam()();
 }
 
-void SetProgramDirectory(const QString& directory) {
-    replacedDirectory = directory;
+Seam<QString()>& ProgramDirectorySeam() {
+    static Seam<QString()> seam(QCoreApplication::applicationDirPath);
+    return seam;
 }
 
 QString ResolveFile(const QString& path) {

@@ -1,14 +1,15 @@
 #pragma once
 
 #include "text/RunTimeError.h"
+#include "text/Seam.h"
 
 #include <QString>
 
 /// The directory of the program file, without a slash at its end. tarvenaux.ini and Reports/ stand in it.
 QString ProgramDirectory();
 
-/// Lets a test keep its files elsewhere; empty brings the program's own directory back.
-void SetProgramDirectory(const QString& directory);
+/// Which directory that is.
+Seam<QString()>& ProgramDirectorySeam();
 
 /// The file that a path of the system names. The system's paths are written with either slash and in any
 /// letter case: both slashes part folders, and where no file bears the name to the letter, one that differs

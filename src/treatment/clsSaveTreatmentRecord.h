@@ -55,8 +55,6 @@ class SharedTreatmentRecord {
     }
 
     bool Exists() const { return mRecord != nullptr; }
-    /// Brings it back to what a fresh process has. For tests.
-    void Reset() { mRecord.reset(); }
 
   private:
     std::unique_ptr<clsSaveTreatmentRecord> mRecord;

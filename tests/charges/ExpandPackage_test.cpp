@@ -182,7 +182,9 @@ TEST_F(ExpandPackageTest, FinderWithInPatientOnMakesTheEntryAnInPatients) {
 
 TEST_F(ExpandPackageTest, EachEntryBearsTheTimeOfItsOwn) {
     int second = 0;
-    SetClock([&second] { return DateTime::FromFields({2026, 11, 21, 13, 5, second++, 0}).value(); });
+    const auto clock = ClockSeam().Replace([&second] {
+        return DateTime::FromFields({2026, 11, 21, 13, 5, second++, 0}).value();
+    });
     gateway.Expect(kItems, PackageRows(kTwoItems));
     ExpectLink(u"M0002"_s);
     ExpectLink(u"S0011"_s);

@@ -62,21 +62,13 @@ class RecordingGateway : public CommandGateway {
 };
 
 /// Keeps what the message boxes say, and presses Ok.
-class RecordingMessages : public MessageSeam {
-  public:
-    RecordingMessages()
-        : mBefore(SetMessageSeam(this)) {}
-    ~RecordingMessages() override { SetMessageSeam(mBefore); }
-
+struct RecordingMessages {
     QStringList texts;
-
-    MsgAnswer Show(const Message& message) override {
-        texts << message.text;
-        return MsgAnswer::Ok;
-    }
-
-  private:
-    MessageSeam* mBefore;
+    const Seam<MsgAnswer(const Message&)>::Replacement boxes =
+        MessageSeam().Replace([this](const Message& message) {
+            texts << message.text;
+            return MsgAnswer::Ok;
+        });
 };
 
 /// What a test calls by another name on the two charge screens.
@@ -97,8 +89,8 @@ inline const TwinScreen& PostChargesTwin() {
                                  .form = []() -> Form& { return Screens::Get<frmPostCharges>(); },
                                  .letKeyLines =
                                      [] {
-                                         Screens::Get<frmPostCharges>().SetBox(QStringLiteral("txtFirstName"),
-                                                                               QStringLiteral("JUAN"));
+                                         Find<QLineEdit>(Screens::Get<frmPostCharges>(), "txtFirstName")
+                                             .setText(QStringLiteral("JUAN"));
                                      },
                                  .save = [] { return Screens::Get<frmPostCharges>().SaveCharges(); },
                                  .nameBox = "txtLastName",

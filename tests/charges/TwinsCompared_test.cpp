@@ -4,6 +4,7 @@
 #include "reports/Reports.h"
 #include "support/AwaitWork.h"
 #include "support/CaseName.h"
+#include "support/ProgramDirectoryAt.h"
 #include "toolkit/ProgramFiles.h"
 
 #include <QApplication>
@@ -181,7 +182,7 @@ QString Actions(TwinGround& on) {
 }
 
 QString SlipPrinted(TwinGround& on) {
-    SetProgramDirectory(QStringLiteral(TARVEN_SOURCE_DIR));
+    const auto directory = ProgramDirectoryAt(QStringLiteral(TARVEN_SOURCE_DIR));
     SetReportConnector([](const ReportLogOn&) { return std::make_unique<RecordingGateway>(); });
     on.PutPatient();
     on.PutLine(u"HC"_s);

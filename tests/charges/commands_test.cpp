@@ -47,7 +47,6 @@ TEST(ChargeCommands, PrintedLineEndsInO) {
 
 TEST(ChargeCommands, AssessmentCounterAndPrintTable) {
     EXPECT_COMMAND(AssessmentCounterCommand(), u"SELECT AssessmentNum FROM BILLING..tbAssessmentNum"_s);
-    EXPECT_COMMAND(ClearAssessmentPrintCommand(), u"delete Clinical_Area..tbEarCareChargePrint"_s);
 }
 
 TEST(ChargeCommands, AssessedLineBearsTheFixedDepartment) {

@@ -228,7 +228,9 @@ TEST_F(SaveChargesTest, EachLineBearsTheTimeOfItsOwnPosting) {
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
     PutLine(2, {u"XR"_s, u"X7"_s, u"CHEST"_s, u"1"_s, u"350.00"_s});
     int seconds = 0;
-    SetClock([&seconds] { return DateTime::FromFields({2026, 11, 21, 13, 5, seconds++, 0}).value(); });
+    const auto clock = ClockSeam().Replace([&seconds] {
+        return DateTime::FromFields({2026, 11, 21, 13, 5, seconds++, 0}).value();
+    });
     ExpectCounter();
     for (const auto& [line, second] : {std::pair(1, u"00"_s), std::pair(2, u"01"_s)}) {
         QString posting = line == 1 ? Posting(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s)

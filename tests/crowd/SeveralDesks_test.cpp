@@ -2,6 +2,7 @@
 #include "suite/SignOn.h"
 #include "suite/TrialHospital.h"
 #include "support/CaseName.h"
+#include "support/FixedClock.h"
 #include "support/PrintQt.h"
 #include "support/process/ChildProcess.h"
 #include "support/process/FileLocks.h"
@@ -291,7 +292,7 @@ TEST_F(ManyTries, OfTwentyAtOneMomentOneIsLookedAt) {
     for (int i = 0; i < 3; ++i)
         TrySignOn(hospital, u"NURSE"_s, u"wrong"_s, {u"HC"_s});
     // The wait that the three have brought is over, here and in the processes that are started from here.
-    SetClock([later = Now().AddDays(1)] { return later; });
+    const auto clock = FixedClock(Now().AddDays(1));
     int gate[2] = {};
     ASSERT_EQ(::pipe(gate), 0);
     std::vector<pid_t> tries;
@@ -310,7 +311,6 @@ TEST_F(ManyTries, OfTwentyAtOneMomentOneIsLookedAt) {
     }
     ::close(gate[0]);
     ::close(gate[1]);
-    SetClock({});
     int lookedAt = 0;
     for (const pid_t one : tries) {
         int status = 0;

@@ -234,18 +234,20 @@ TEST_F(Rights, NoSourceNamesAnObjectThatWasNotCollected) {
 // A screen may point a report's tables at another database. Then they must stand there already, or what is
 // sent would not be what was read here.
 TEST(RightsOfTemplates, AreThoseOfTheDatabaseThatTheirScreenPointsThemAt) {
-    static const QRegularExpression pointed(u"SetTableLogOn\\(table, u\"(\\w+)\"_s\\)"_s);
-    static const QRegularExpression opened(u"ReportEngine\\(\\)\\.OpenReport\\([^;]*;"_s);
-    static const QRegularExpression named(u"\\w+\\.rpt"_s, QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression pointed(u"OpenReportOn\\(u\"(\\w+)\"_s,[^;]*;"_s);
+    static const QRegularExpression file(u"ReportFile::(k\\w+)"_s);
     static const QRegularExpression location(u"location=\"(\\w+)\\."_s);
+    const QString files = ReadFile(u"src/reports/ReportFiles.h"_s);
     int seen = 0;
     for (const QString& path : FilesBelow(u"src"_s, {u"*.cpp"_s})) {
-        const QString source = ReadFile(path);
-        const QString database = pointed.match(source).captured(1);
-        for (auto names = named.globalMatch(opened.match(source).captured()); names.hasNext();) {
-            const QString file = u"Reports/"_s + names.next().captured();
-            for (auto tables = location.globalMatch(ReadFile(file)); tables.hasNext(); ++seen)
-                EXPECT_EQ(tables.next().captured(1), database) << file.toStdString();
+        for (auto calls = pointed.globalMatch(ReadFile(path)); calls.hasNext();) {
+            const auto call = calls.next();
+            for (auto names = file.globalMatch(call.captured()); names.hasNext();) {
+                const QRegularExpression name(names.next().captured(1) + u" = u\".*\\b(\\w+\\.rpt)\""_s);
+                const QString report = u"Reports/"_s + name.match(files).captured(1);
+                for (auto tables = location.globalMatch(ReadFile(report)); tables.hasNext(); ++seen)
+                    EXPECT_EQ(tables.next().captured(1), call.captured(1)) << report.toStdString();
+            }
         }
     }
     EXPECT_GE(seen, 6);

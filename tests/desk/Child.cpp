@@ -2,9 +2,9 @@
 #include "shell/Main.h"
 #include "shell/RegisterScreens.h"
 #include "suite/RegisterSuite.h"
+#include "support/ProgramDirectoryAt.h"
 #include "toolkit/Application.h"
 #include "toolkit/Failure.h"
-#include "toolkit/ProgramFiles.h"
 
 #include <cstdio>
 
@@ -21,7 +21,7 @@ int main(int argc, char** argv) {
     int argumentCount = 1;
     const Application application(argumentCount, argv);
     const QString programFolder = QString::fromLocal8Bit(argv[1]);
-    SetProgramDirectory(programFolder);
+    const auto directory = ProgramDirectoryAt(programFolder);
     const Probe probe;
     try {
         RegisterSuite(programFolder + u"/data"_s);

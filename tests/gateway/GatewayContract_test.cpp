@@ -3,7 +3,6 @@
 #include "support/PrintQt.h"
 #include "support/smallhospital/GatewayTexts.h"
 #include "support/smallhospital/SmallHospital.h"
-#include "text/Clock.h"
 #include "text/RunTimeError.h"
 
 using namespace Qt::StringLiterals;

@@ -1,5 +1,5 @@
+#include "support/FixedClock.h"
 #include "support/hospital/HospitalTest.h"
-#include "text/Clock.h"
 
 using namespace Qt::StringLiterals;
 
@@ -192,7 +192,7 @@ TEST_F(Cancellation, EachReprintIsRecordedWithItsTimeUserAndCount) {
     Post(u"HC"_s, u"HC001"_s, u"1"_s, u"2800.00"_s, u"HEMODIALYSIS TREATMENT"_s, u"H9002C"_s);
     Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9002C'"_s);
     Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9001C'"_s);
-    SetClock([] { return DateTime::FromMilliseconds(Moment().Milliseconds() + 60'000); });
+    const auto clock = FixedClock(DateTime::FromMilliseconds(Moment().Milliseconds() + 60'000));
     RunAs(u"CLERK"_s, u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9001C'"_s);
     EXPECT_EQ(
         Rows(u"SELECT AuditDate, UserID, Times FROM BILLING..tbAuditTrail WHERE RefNum = 'H9001C' ORDER BY "

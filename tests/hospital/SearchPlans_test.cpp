@@ -2,7 +2,6 @@
 #include "hospital/HospitalScripts.h"
 #include "support/hospital/HospitalTest.h"
 #include "support/PrintQt.h"
-#include "text/Clock.h"
 
 using namespace Qt::StringLiterals;
 

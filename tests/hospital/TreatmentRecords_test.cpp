@@ -1,6 +1,7 @@
 #include "components/shared.h"
 #include "support/CaseName.h"
 #include "support/FakeComponents.h"
+#include "support/FreshVariables.h"
 #include "support/hospital/HospitalTest.h"
 #include "treatment/clsSaveTreatmentRecord.h"
 #include "treatment/FieldNames.h"
@@ -23,14 +24,14 @@ class TreatmentRecords : public HospitalTest {
   protected:
     TreatmentRecords() {
         ResetShared();
-        gTreatmentRecord.Reset();
+        gTreatmentRecord = {};
         const auto user = std::make_shared<FakeCurrentUser>();
         user->connection = mGateway.get();
         gCurrentUser = user;
     }
     ~TreatmentRecords() override {
         ResetShared();
-        gTreatmentRecord.Reset();
+        gTreatmentRecord = {};
     }
 
     static void Save() { gTreatmentRecord->SaveDialysisTreatmentRecord(); }
@@ -148,7 +149,7 @@ TEST_F(TreatmentRecords, FreshSystemSavesAnEmptyRecord) {
 TEST_F(TreatmentRecords, QuoteInAnyFieldFailsAndKeepsNothing) {
     const QString before = Count(u"1 = 1"_s);
     for (const TreatmentProperty& property : TreatmentProperties()) {
-        gTreatmentRecord.Reset();
+        gTreatmentRecord = {};
         ((*gTreatmentRecord).*property.write)(u"O'BRIEN"_s);
         EXPECT_THROW(Save(), RunTimeError) << property.name.toStdString();
     }

@@ -43,7 +43,7 @@ class ListChargesGround : public ScreenTest {
         gStationName = QStringLiteral("STATION 3");
         personFinder->FillAdmission();
     }
-    ~ListChargesGround() override { ForgetFinderTargets(); }
+    ~ListChargesGround() override { RegisterFinderTarget(QStringLiteral("List"), {}); }
 
     frmListCharges& Open() {
         auto& screen = Screens::Get<frmListCharges>();

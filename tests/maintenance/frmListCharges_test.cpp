@@ -35,7 +35,7 @@ concept HasOperationsOfATarget = requires(Screen& screen) {
     screen.FinderText();
 }
 || requires(Screen& screen) {
-    screen.SetBox(QString(), QString());
+    screen.LoadPick();
 };
 
 static_assert(!HasOperationsOfATarget<frmListCharges>, "Get_Charges is its one public operation");
@@ -148,16 +148,6 @@ TEST_F(frmListChargesTest, TabOfTheNameArrivesInTheFinderAndReachesTheRows) {
     RunEvents();
     EXPECT_TRUE(Find<ListView>(Screens::Get<frmSearchPatient>(), "ListView1").hasFocus());
     Screens::Clear();
-}
-
-TEST_F(frmListChargesTest, BoxThatThereIsNotFails) {
-    Open();
-    try {
-        ListChargesTarget().SetBox(u"txtNone"_s, u"X"_s);
-        ADD_FAILURE();
-    } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.Number(), RunTime::kObjectNotSet);
-    }
 }
 
 TEST_F(frmListChargesTest, OutPatientsAreSoughtAfterAClickOnTheirType) {

@@ -1,6 +1,7 @@
 #include "components/shared.h"
 #include "nursing/commands.h"
 #include "support/CommandTexts.h"
+#include "support/FreshVariables.h"
 
 #include <gtest/gtest.h>
 

@@ -184,7 +184,7 @@ TEST_F(ProcessRequestTest, WhatARequestDoesNotTellStaysThatOfTheFormerPatient) {
     for (const auto& [name, text] : texts)
         *text = u"former "_s + name;
     gDoctor1 = u"former doctor"_s;
-    Charges().SetBox(u"txtDoctor"_s, u"DR. FORMER"_s);
+    Find<QLineEdit>(Charges(), "txtDoctor").setText(u"DR. FORMER"_s);
     Process(OfCruz(), twoExams);
     for (const auto& [name, text] : texts)
         EXPECT_EQ(*text, u"former "_s + name);
@@ -233,7 +233,7 @@ TEST_F(ProcessRequestTest, WithExamsTheGridGainsOneRowBehindThem) {
 
 TEST_F(ProcessRequestTest, WithoutExamsAnOpenEditorStaysVisible) {
     Charges().Show();
-    Charges().SetBox(u"txtFirstName"_s, u"JUAN"_s);
+    Find<QLineEdit>(Charges(), "txtFirstName").setText(u"JUAN"_s);
     Find<FlexGrid>(Charges(), "grdTable").setFocus();
     ASSERT_TRUE(Editor().isVisible());
     Process(OfCruz(), {});
@@ -242,7 +242,7 @@ TEST_F(ProcessRequestTest, WithoutExamsAnOpenEditorStaysVisible) {
 
 TEST_F(ProcessRequestTest, WithExamsAnOpenEditorIsHidden) {
     Charges().Show();
-    Charges().SetBox(u"txtFirstName"_s, u"JUAN"_s);
+    Find<QLineEdit>(Charges(), "txtFirstName").setText(u"JUAN"_s);
     Find<FlexGrid>(Charges(), "grdTable").setFocus();
     ASSERT_TRUE(Editor().isVisible());
     Find<QPushButton>(Charges(), "cmdPrint").setFocus();
@@ -410,7 +410,7 @@ TEST_F(ProcessModally, TheChargeScreenComesToTheFrontOfTheScreenThatWasInUse) {
 
 TEST_F(ProcessModally, TheChargeScreenThatWasInUseTakesTheRequest) {
     Charges().Show();
-    Charges().SetBox(u"txtFirstName"_s, u"JUAN"_s);
+    Find<QLineEdit>(Charges(), "txtFirstName").setText(u"JUAN"_s);
     Find<FlexGrid>(Charges(), "grdTable").setFocus();
     ASSERT_TRUE(Editor().hasFocus());
     Lines().SetTextMatrix(1, 1, u"OLD"_s);

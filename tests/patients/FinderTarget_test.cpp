@@ -9,41 +9,37 @@ namespace {
 
 class FinderTargetTest : public testing::Test {
   protected:
-    ~FinderTargetTest() override { ForgetFinderTargets(); }
+    ~FinderTargetTest() override {
+        RegisterFinderTarget(u"Somebody"_s, {});
+        RegisterFinderTarget(u"Exact"_s, {});
+    }
 };
 
 TEST_F(FinderTargetTest, ModeThatNobodyRegisteredHasNoTarget) {
-    EXPECT_FALSE(HasFinderTarget(u"Nobody"_s));
-    try {
-        FinderTargetOf(u"Nobody"_s);
-        FAIL() << "nothing was raised";
-    } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.Number(), RunTime::kObjectNotSet);
-    }
+    EXPECT_EQ(FinderTargetOf(u"Nobody"_s), nullptr);
 }
 
 TEST_F(FinderTargetTest, RegisteredModeAnswersItsScreenAtEachAsking) {
-    FakeFinderTarget first;
-    FakeFinderTarget second;
+    FakeFinderTarget first(u"Post"_s);
+    FakeFinderTarget second(u"Post"_s);
     FakeFinderTarget* now = &first;
     RegisterFinderTarget(u"Somebody"_s, [&]() -> FinderTarget& { return *now; });
-    EXPECT_TRUE(HasFinderTarget(u"Somebody"_s));
-    EXPECT_EQ(&FinderTargetOf(u"Somebody"_s), &first);
+    EXPECT_EQ(FinderTargetOf(u"Somebody"_s), &first);
     now = &second;
-    EXPECT_EQ(&FinderTargetOf(u"Somebody"_s), &second);
+    EXPECT_EQ(FinderTargetOf(u"Somebody"_s), &second);
 }
 
 TEST_F(FinderTargetTest, ModesAreToldApartToTheLetter) {
     RegisterFinderTarget(u"Exact"_s, []() -> FinderTarget& { throw RunTime::Error(RunTime::kObjectNotSet); });
-    EXPECT_FALSE(HasFinderTarget(u"exact"_s));
-    EXPECT_FALSE(HasFinderTarget(u"Exact "_s));
+    EXPECT_EQ(FinderTargetOf(u"exact"_s), nullptr);
+    EXPECT_EQ(FinderTargetOf(u"Exact "_s), nullptr);
 }
 
-TEST_F(FinderTargetTest, ForgottenModeHasNoTarget) {
-    FakeFinderTarget target;
+TEST_F(FinderTargetTest, ModeThatWasStruckOutHasNoTarget) {
+    FakeFinderTarget target(u"Post"_s);
     RegisterFinderTarget(u"Somebody"_s, [&]() -> FinderTarget& { return target; });
-    ForgetFinderTargets();
-    EXPECT_FALSE(HasFinderTarget(u"Somebody"_s));
+    RegisterFinderTarget(u"Somebody"_s, {});
+    EXPECT_EQ(FinderTargetOf(u"Somebody"_s), nullptr);
 }
 
 } // namespace

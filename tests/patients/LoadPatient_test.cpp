@@ -6,7 +6,6 @@
 #include "patients/PatientContext.h"
 #include "support/CaseName.h"
 #include "support/ScreenTest.h"
-#include "text/Clock.h"
 #include "text/RunTimeError.h"
 #include "toolkit/Screens.h"
 
@@ -42,7 +41,6 @@ class RewritingPersonFinder : public FakePersonFinder {
 
 struct LoadCase {
     const char* name;
-    void (*load)();
 };
 
 } // namespace
@@ -50,8 +48,6 @@ struct LoadCase {
 class LoadPatientTest : public ScreenTest {
   protected:
     LoadPatientTest() {
-        for (const QString& mode : {u"Post"_s, u"List"_s, u"Ledger"_s})
-            RegisterFinderTarget(mode, [this, mode]() -> FinderTarget& { return targets[mode]; });
         personFinder->FillAdmission();
         gHospitalNumber = u"100085"_s;
         gIDNumber = u"104233"_s;
@@ -63,7 +59,6 @@ class LoadPatientTest : public ScreenTest {
             *value = u"former"_s;
         gDaysConfined = 77;
     }
-    ~LoadPatientTest() override { ForgetFinderTargets(); }
 
     void ExpectVisitRows(std::vector<std::vector<Value>> rows) {
         gateway.Expect(OutPatientCommand(gIDNumber),
@@ -78,29 +73,29 @@ class LoadPatientTest : public ScreenTest {
         ExpectVisitRows({{u"D001"_s, u"D002"_s, u"D003"_s}});
     }
 
-    static int NumberRaisedBy(void (*load)()) {
+    static int NumberRaisedBy(FinderTarget& target) {
         try {
-            load();
+            target.LoadPick();
         } catch (const RunTimeError& error) {
             return error.Number();
         }
         return 0;
     }
 
-    std::map<QString, FakeFinderTarget> targets;
+    void LoadForLedger() { targets[u"Ledger"_s].LoadPick(); }
+
+    FakeFinderTargets targets;
 };
 
 /// What the three routines have in common.
 class LoadAnyTest : public LoadPatientTest, public testing::WithParamInterface<LoadCase> {
   protected:
     FakeFinderTarget& Target() { return targets[QString::fromLatin1(GetParam().name)]; }
-    void Load() { GetParam().load(); }
+    void Load() { Target().LoadPick(); }
 };
 
 INSTANTIATE_TEST_SUITE_P(Modes, LoadAnyTest,
-                         testing::Values(LoadCase{"Post", LoadForPost}, LoadCase{"List", LoadForList},
-                                         LoadCase{"Ledger", LoadForLedger}),
-                         CaseName());
+                         testing::Values(LoadCase{"Post"}, LoadCase{"List"}, LoadCase{"Ledger"}), CaseName());
 
 TEST_P(LoadAnyTest, VisitIsReadWithADynamicOptimisticCursorForInPatientsToo) {
     InPatient();
@@ -277,7 +272,8 @@ TEST_P(LoadAnyTest, NumbersGoToThePatientMasterByReference) {
     Load();
     EXPECT_EQ(gIDNumber, u"VA104233"_s);
     EXPECT_EQ(gHospitalNumber, u"H100085P"_s);
-    EXPECT_EQ(Target().boxes[GetParam().load == LoadForLedger ? u"txtIDNum"_s : u"txtId"_s], u"VA104233"_s);
+    EXPECT_EQ(Target().boxes[GetParam().name == std::string("Ledger") ? u"txtIDNum"_s : u"txtId"_s],
+              u"VA104233"_s);
 }
 
 TEST_P(LoadAnyTest, ScreenIsNotToldOfAPickByTheRoutineItself) {
@@ -289,22 +285,21 @@ TEST_P(LoadAnyTest, ScreenIsNotToldOfAPickByTheRoutineItself) {
 TEST_P(LoadAnyTest, MissingRoomFails) {
     personFinder->admission.Room = nullptr;
     InPatient();
-    EXPECT_EQ(NumberRaisedBy(GetParam().load), RunTime::kObjectNotSet);
+    EXPECT_EQ(NumberRaisedBy(Target()), RunTime::kObjectNotSet);
     OutPatient();
-    EXPECT_EQ(NumberRaisedBy(GetParam().load), RunTime::kObjectNotSet);
+    EXPECT_EQ(NumberRaisedBy(Target()), RunTime::kObjectNotSet);
 }
 
 TEST_P(LoadAnyTest, NullNameFails) {
     personFinder->FirstName = Value();
     OutPatient();
-    EXPECT_EQ(NumberRaisedBy(GetParam().load), RunTime::kInvalidUseOfNull);
+    EXPECT_EQ(NumberRaisedBy(Target()), RunTime::kInvalidUseOfNull);
 }
 
 /// The two charge screens, which are filled field for field alike.
 class LoadForChargesTest : public LoadAnyTest {};
 
-INSTANTIATE_TEST_SUITE_P(Modes, LoadForChargesTest,
-                         testing::Values(LoadCase{"Post", LoadForPost}, LoadCase{"List", LoadForList}),
+INSTANTIATE_TEST_SUITE_P(Modes, LoadForChargesTest, testing::Values(LoadCase{"Post"}, LoadCase{"List"}),
                          CaseName());
 
 TEST_P(LoadForChargesTest, InPatientFillsTheScreen) {
@@ -340,7 +335,7 @@ TEST_P(LoadForChargesTest, BoxesAreFilledInThisOrder) {
 TEST_P(LoadForChargesTest, WhatWasWrittenBeforeAMissingMemberStays) {
     personFinder->admission.Room->Station->Description = Value();
     InPatient();
-    EXPECT_EQ(NumberRaisedBy(GetParam().load), RunTime::kInvalidUseOfNull);
+    EXPECT_EQ(NumberRaisedBy(Target()), RunTime::kInvalidUseOfNull);
     EXPECT_EQ(Target().order, (std::vector<QString>{u"txtLastName"_s, u"txtFirstName"_s, u"txtMiddleName"_s,
                                                     u"txtSex"_s, u"txtDob"_s}));
     EXPECT_EQ(gAccountNumber, u"500123"_s);
@@ -467,21 +462,21 @@ TEST_P(LoadForChargesTest, MoreDaysThanTheCounterHoldsOverflow) {
     EXPECT_EQ(gDaysConfined, 32767);
     personFinder->admission.AdmissionDate = today.AddDays(-32768);
     InPatient();
-    EXPECT_EQ(NumberRaisedBy(GetParam().load), RunTime::kOverflow);
+    EXPECT_EQ(NumberRaisedBy(Target()), RunTime::kOverflow);
 }
 
 TEST_P(LoadForChargesTest, MissingFirstDoctorFails) {
     personFinder->admission.AttendingDoctor1 = nullptr;
     InPatient();
-    EXPECT_EQ(NumberRaisedBy(GetParam().load), RunTime::kObjectNotSet);
+    EXPECT_EQ(NumberRaisedBy(Target()), RunTime::kObjectNotSet);
 }
 
 TEST_P(LoadForChargesTest, MissingSecondDoctorFailsForInPatientsAlone) {
     personFinder->admission.AttendingDoctor2 = nullptr;
     OutPatient();
-    EXPECT_EQ(NumberRaisedBy(GetParam().load), 0);
+    EXPECT_EQ(NumberRaisedBy(Target()), 0);
     InPatient();
-    EXPECT_EQ(NumberRaisedBy(GetParam().load), RunTime::kObjectNotSet);
+    EXPECT_EQ(NumberRaisedBy(Target()), RunTime::kObjectNotSet);
 }
 
 TEST_F(LoadPatientTest, LedgerInPatientFillsTheScreen) {

@@ -44,12 +44,10 @@ class SearchPatientGround : public ScreenTest {
         for (const QString& mode :
              {QStringLiteral("Post"), QStringLiteral("List"), QStringLiteral("Ledger")}) {
             targets[mode].finderText = mode + QStringLiteral(" text");
-            RegisterFinderTarget(mode, [this, mode]() -> FinderTarget& { return targets[mode]; });
         }
         personFinder->FillAdmission();
         gPatientType = QStringLiteral("I");
     }
-    ~SearchPatientGround() override { ForgetFinderTargets(); }
 
     /// The finder of a mode, opened over those patients and active.
     frmSearchPatient& Open(const QString& mode, const std::vector<Patient>& patients) {
@@ -123,7 +121,7 @@ class SearchPatientGround : public ScreenTest {
     }
 
     FakeWorkspace workspace;
-    std::map<QString, FakeFinderTarget> targets;
+    FakeFinderTargets targets;
     const std::vector<Patient> three = {
         {QStringLiteral("300"), QStringLiteral("A3"), QStringLiteral("CRUZ")},
         {QStringLiteral("100"), QStringLiteral("A1"), QStringLiteral("SANTOS")},

@@ -90,7 +90,7 @@ TEST_F(PickTest, PickGoesByTheModeOfItsMoment) {
 TEST_F(PickTest, WaitingScreenIsAskedForAfreshAtThePick) {
     const auto& finder = Open(u"Post"_s, three);
     // The screen that opened the finder was closed meanwhile; a fresh one has an empty field.
-    FakeFinderTarget fresh;
+    FakeFinderTarget fresh(u"Post"_s);
     RegisterFinderTarget(u"Post"_s, [&fresh]() -> FinderTarget& { return fresh; });
     ExpectList(u""_s, three);
     ExpectLoad(u"A1"_s);

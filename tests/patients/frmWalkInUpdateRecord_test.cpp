@@ -1,5 +1,5 @@
 #include "patients/WalkInUpdateGround.h"
-#include "text/Clock.h"
+#include "support/FixedClock.h"
 #include "text/RunTimeError.h"
 
 #include <QApplication>
@@ -50,11 +50,9 @@ class WalkInRecordTest : public WalkInUpdateTest {
 class WalkInRecordBoxesTest : public WalkInRecordTest {
   protected:
     WalkInRecordBoxesTest() {
-        scripted = SetMessageSeam(nullptr);
         QObject::connect(&answering, &QTimer::timeout, &answering, [this] { Answer(); });
         answering.start();
     }
-    ~WalkInRecordBoxesTest() override { SetMessageSeam(scripted); }
 
     /// Presses the mouse on the save and lets it go, at the latest when a box stands before the screen.
     void SaveByTheMouse(const Form& screen) {
@@ -84,7 +82,7 @@ class WalkInRecordBoxesTest : public WalkInRecordTest {
         box->accept();
     }
 
-    MessageSeam* scripted;
+    const Seam<MsgAnswer(const Message&)>::Replacement mBoxes = MessageSeam().Replace(MessageSeam().Own());
     QTimer answering;
     std::function<void()> release;
 };
@@ -217,7 +215,7 @@ TEST_F(WalkInRecordTest, NewBirthDateBringsTheAgeByCalendarYears) {
 }
 
 TEST_F(WalkInRecordTest, InfantOfAFewWeeksIsOneYearOldInJanuary) {
-    SetClock([] { return *DateTime::FromFields({.year = 2027, .month = 1, .day = 4}); });
+    const auto clock = FixedClock(*DateTime::FromFields({.year = 2027, .month = 1, .day = 4}));
     const auto& screen = Open();
     GoToRecord(screen);
     Picker(screen).setFocus();

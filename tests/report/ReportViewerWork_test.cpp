@@ -259,7 +259,7 @@ TEST_F(ViewerWorkTest, AKeyCannotBeginASecondJob) {
 TEST_F(ViewerWorkTest, ThePrintersPagesAreToldWhenPrintingIsCancelled) {
     View();
     SlowDown();
-    SetPrinterChooser([this](QPrinter& printer) {
+    const auto printing = PrintDialogSeam().Replace([this](QPrinter& printer, int, QWidget*) {
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(programDirectory.filePath(u"paper.pdf"_s));
         return true;

@@ -262,7 +262,7 @@ TEST_F(ReportViewerTest, AFailureToSaveIsToldAndLeavesTheViewer) {
 TEST_F(ReportViewerTest, PrintsOnTheChosenPrinter) {
     View();
     const QString file = programDirectory.filePath(u"paper.pdf"_s);
-    SetPrinterChooser([&](QPrinter& printer) {
+    const auto printing = PrintDialogSeam().Replace([&](QPrinter& printer, int, QWidget*) {
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(file);
         printer.setPrintRange(QPrinter::PageRange);
@@ -276,7 +276,7 @@ TEST_F(ReportViewerTest, PrintsOnTheChosenPrinter) {
 TEST_F(ReportViewerTest, PrintsNothingWhenTheClerkGivesUp) {
     View();
     int asked = 0;
-    SetPrinterChooser([&](QPrinter& printer) {
+    const auto printing = PrintDialogSeam().Replace([&](QPrinter& printer, int, QWidget*) {
         ++asked;
         printer.setOutputFileName(programDirectory.filePath(u"paper.pdf"_s));
         return false;
@@ -288,7 +288,7 @@ TEST_F(ReportViewerTest, PrintsNothingWhenTheClerkGivesUp) {
 
 TEST_F(ReportViewerTest, AFailureToPrintIsTold) {
     View();
-    SetPrinterChooser([](QPrinter& printer) {
+    const auto printing = PrintDialogSeam().Replace([](QPrinter& printer, int, QWidget*) {
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(u"/no/such/folder/paper.pdf"_s);
         return true;

@@ -1,8 +1,8 @@
 #include "components/ReportConnector.h"
 #include "report/Report.h"
 #include "report/template/TemplateReader.h"
+#include "support/FixedClock.h"
 #include "support/report/ReportFixture.h"
-#include "text/Clock.h"
 
 #include <gmock/gmock.h>
 
@@ -32,9 +32,10 @@ class ReportTest : public testing::Test {
     ReportTest() {
         database.Set(u"tbLines"_s, Rows({u"A"_s}, {{1}, {2}}));
         database.Set(u"tbhospitalInfo"_s, Rows({u"company"_s}, {{u"HOSPITAL"_s}}));
-        SetClock([] { return DateTime::FromFields({2026, 11, 21, 10, 30, 15, 0}).value(); });
     }
-    ~ReportTest() override { SetClock({}); }
+
+    const Seam<DateTime()>::Replacement clock =
+        FixedClock(*DateTime::FromFields({2026, 11, 21, 10, 30, 15, 0}));
 
     void LogOn() {
         for (ReportTable& table : report.Tables())

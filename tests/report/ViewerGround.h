@@ -25,16 +25,13 @@ class ReportViewerTest : public ScreenTest {
         viewer->setWindowTitle(QStringLiteral("Census Report"));
         viewer->resize(800, 400);
         AnsweredFile().clear();
-        SetSaveFileAnswer([](const QString& suggested) {
+    }
+
+    const Seam<QString(QWidget*, const QString&, const QString&, const QString&)>::Replacement saving =
+        SaveDialogSeam().Replace([](QWidget*, const QString&, const QString& suggested, const QString&) {
             SuggestedFile() = suggested;
             return AnsweredFile();
         });
-    }
-
-    ~ReportViewerTest() override {
-        SetSaveFileAnswer(nullptr);
-        SetPrinterChooser({});
-    }
 
     /// What the dialogue for a file's name answers, and what it was offered.
     static QString& AnsweredFile() {

@@ -2,6 +2,7 @@
 #include "hospital/HospitalScripts.h"
 #include "report/ReportEngine.h"
 #include "reports/Reports.h"
+#include "support/ProgramDirectoryAt.h"
 #include "support/report/ReportFixture.h"
 #include "support/ScreenTest.h"
 #include "toolkit/ProgramFiles.h"
@@ -23,11 +24,11 @@ struct ChargeLine {
 class ChargeSlip : public ScreenTest {
   protected:
     ChargeSlip() {
-        SetProgramDirectory(QStringLiteral(TARVEN_SOURCE_DIR));
         database.Set(u"tbhospitalInfo"_s,
                      Rows({u"company"_s, u"Address1"_s}, {{u"SAMPAGUITA GENERAL HOSPITAL"_s,
                                                            u"128 Rizal Avenue, San Isidro, Nueva Ecija"_s}}));
     }
+    const Seam<QString()>::Replacement directory = ProgramDirectoryAt(QStringLiteral(TARVEN_SOURCE_DIR));
     ~ChargeSlip() override { gReport = nullptr; }
 
     QString TextOf(const std::vector<ChargeLine>& lines, const std::vector<Value>& parameters) {

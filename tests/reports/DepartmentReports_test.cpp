@@ -1,7 +1,7 @@
 #include "report/output/PdfJob.h"
 #include "ReportsTest.h"
 #include "support/CaseName.h"
-#include "text/Clock.h"
+#include "support/FixedClock.h"
 
 using namespace Qt::StringLiterals;
 
@@ -178,7 +178,7 @@ TEST_F(ReportRows, OfTwoItemsWithoutACodeGoByTheirDescription) {
 
 TEST_F(ReportRows, OfTheAuditShowEachActWithWhatItMoved) {
     const DateTime day = Day(2027, 1, 5);
-    SetClock([] { return *DateTime::FromFields({.year = 2027, .month = 1, .day = 5, .hour = 11}); });
+    const auto clock = FixedClock(*DateTime::FromFields({.year = 2027, .month = 1, .day = 5, .hour = 11}));
     Run(u"Clinical_Area..spEarCare_Append_Charging '100050','700124','01/05/2027 10:15:07 "
         "AM','HC','D','HC001','1', 'H9001C','2800.50','NURSE','W201','D005','', 'I','HEMODIALYSIS'"_s);
     const QString clerk = u"CLERK"_s;
@@ -205,7 +205,7 @@ TEST_F(ReportRows, OfTheAuditShowEachActWithWhatItMoved) {
 
 TEST_F(ReportRows, OfTheAuditShowLastWhatWasDoneBeforeUsersWereRecorded) {
     const DateTime day = Day(2027, 1, 5);
-    SetClock([] { return *DateTime::FromFields({.year = 2027, .month = 1, .day = 5, .hour = 11}); });
+    const auto clock = FixedClock(*DateTime::FromFields({.year = 2027, .month = 1, .day = 5, .hour = 11}));
     Run(u"Clinical_Area..spEarCare_Append_Charging '100050','700124','01/05/2027 10:15:07 "
         "AM','HC','D','HC001','1', 'H9001C','2800.50','NURSE','W201','D005','', 'I','HEMODIALYSIS'"_s);
     Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9001C'"_s);
@@ -285,7 +285,7 @@ TEST_F(ReportRows, OfAReprintNameThePatientOfTheUnitsOwnSlip) {
     Run(u"Clinical_Area..spEarCare_Append_Charging '100050','700124','01/06/2027 10:15:07 "
         u"AM','HC','D','HC001',"
         "'1','H9001C','10.00','NURSE','W201','D005','','I','HEMODIALYSIS'"_s);
-    SetClock([] { return *DateTime::FromFields({.year = 2027, .month = 1, .day = 5, .hour = 11}); });
+    const auto clock = FixedClock(*DateTime::FromFields({.year = 2027, .month = 1, .day = 5, .hour = 11}));
     Run(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H9001C'"_s);
     const DateTime day = Day(2027, 1, 5);
     const QString text = TextOf(u"AuditReport.RPT"_s, {day, day, kHospital, kAddress, u"LAB"_s});
@@ -293,7 +293,7 @@ TEST_F(ReportRows, OfAReprintNameThePatientOfTheUnitsOwnSlip) {
 }
 
 TEST_F(ReportRows, OfACompanyCountTheSlipsThatWerePostedInThePeriod) {
-    SetClock([] { return *DateTime::FromFields({.year = 2027, .month = 1, .day = 6, .hour = 11}); });
+    const auto clock = FixedClock(*DateTime::FromFields({.year = 2027, .month = 1, .day = 6, .hour = 11}));
     Run(u"Clinical_Area..spEarCare_Append_Charging '100050','700124','01/05/2027 10:15:07 "
         u"AM','HC','D','HC001',"
         "'1','H9001C','2800.50','NURSE','W201','D005','','I','HEMODIALYSIS'"_s);
@@ -325,7 +325,7 @@ TEST_F(ReportRows, ShowQuantitiesWithTheDecimalsTheyHave) {
 class CashLine : public ReportRows {
   protected:
     void Assess(const QString& paid, const QString& revoked) {
-        SetClock([] { return *DateTime::FromFields({.year = 2027, .month = 1, .day = 5, .hour = 8}); });
+        const auto clock = FixedClock(*DateTime::FromFields({.year = 2027, .month = 1, .day = 5, .hour = 8}));
         Run(u"Clinical_Area..spEarCare_Assessment '9001','ZZTEST, "
             u"ANA','HC001','HC','1','100.25','HC','NURSE',"
             "'W000003','','D001',''"_s);

@@ -4,7 +4,6 @@
 #include "reports/Reports.h"
 #include "support/report/ReportFixture.h"
 #include "support/ScreenTest.h"
-#include "toolkit/ProgramFiles.h"
 #include "trial/EmbeddedGateway.h"
 
 using namespace Qt::StringLiterals;

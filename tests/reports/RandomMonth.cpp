@@ -3,7 +3,6 @@
 #include "charges/commands.h"
 #include "maintenance/commands.h"
 #include "suite/LiveConnection.h"
-#include "text/Clock.h"
 #include "text/Format.h"
 
 using namespace Qt::StringLiterals;
@@ -50,7 +49,6 @@ bool RandomMonth::IsInMonth() const {
 
 void RandomMonth::SetTime(int day, int second) {
     mNow = DateTime::FromMilliseconds(FirstDay().AddDays(day).Milliseconds() + qint64(second) * 1000);
-    SetClock([now = mNow] { return now; });
 }
 
 QString RandomMonth::Moment() const {

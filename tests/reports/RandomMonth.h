@@ -1,7 +1,7 @@
 #pragma once
 
 #include "suite/StockItem.h"
-#include "text/DateTime.h"
+#include "text/Clock.h"
 #include "trial/EmbeddedGateway.h"
 
 #include <QString>
@@ -118,6 +118,7 @@ class RandomMonth {
     std::mt19937 mRandom;
     StockItem mStock;
     DateTime mNow;
+    const Seam<DateTime()>::Replacement mClock = ClockSeam().Replace([this] { return mNow; });
     std::vector<Account> mAccounts;
     std::vector<Charge> mCharges;
     std::vector<Assessment> mAssessments;

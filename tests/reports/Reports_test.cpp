@@ -201,7 +201,7 @@ TEST_F(ReportRoutines, GroupTreeAndDirectPrintChangeNothing) {
               SmallTemplate(u"<group by=\"A\"><header height=\"5\"/><detail height=\"5\"/></group>"_s));
     OpenReport(programDirectory.path() + u"/Groups.RPT"_s, {});
     int printed = 0;
-    SetPrinterChooser([&printed](QPrinter&) {
+    const auto printing = PrintDialogSeam().Replace([&printed](QPrinter&, int, QWidget*) {
         ++printed;
         return false;
     });
@@ -220,7 +220,6 @@ TEST_F(ReportRoutines, GroupTreeAndDirectPrintChangeNothing) {
         Press(pages, Qt::Key_P, Qt::ControlModifier);
         EXPECT_EQ(printed, 1) << "paper is made with the print button alone";
     });
-    SetPrinterChooser({});
     EXPECT_TRUE(shown);
     EXPECT_EQ(printed, 1);
 }

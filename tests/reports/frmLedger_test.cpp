@@ -31,7 +31,7 @@ class LedgerTest : public PeriodGround {
         gChargeMode = u"Ledger"_s;
         PutTemplate(u"Orvandelle_Ledger.rpt"_s, 12);
     }
-    ~LedgerTest() override { ForgetFinderTargets(); }
+    ~LedgerTest() override { RegisterFinderTarget(u"Ledger"_s, {}); }
 
     static frmLedger& Open() {
         auto& screen = Screens::Get<frmLedger>();

@@ -1,7 +1,7 @@
 #include "PeriodGround.h"
 #include "reports/frmReportRange.h"
 #include "support/CaseName.h"
-#include "text/Clock.h"
+#include "support/FixedClock.h"
 #include "text/Format.h"
 #include "toolkit/DatePicker.h"
 
@@ -240,7 +240,7 @@ TEST_F(ReportRangeTest, AFreshScreenStartsAtToday) {
     Open(6);
     SetRange(Day(2026, 1, 1), Day(2026, 1, 31));
     Screens::Unload<frmReportRange>();
-    SetClock([] { return DateTime::FromFields({2026, 11, 22, 23, 59, 59, 0}).value(); });
+    const auto clock = FixedClock(*DateTime::FromFields({2026, 11, 22, 23, 59, 59, 0}));
     Open(6);
     EXPECT_EQ(Start().Value(), Day(2026, 11, 22));
     EXPECT_EQ(End().Value(), Day(2026, 11, 22));

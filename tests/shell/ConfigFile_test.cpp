@@ -1,6 +1,7 @@
 #include "components/shared.h"
 #include "shell/ConfigFile.h"
 #include "support/CaseName.h"
+#include "support/FreshVariables.h"
 #include "support/PrintQt.h"
 #include "text/RunTimeError.h"
 

@@ -92,14 +92,13 @@ struct BlankCase {
 class BlankDepartment : public MainTest, public testing::WithParamInterface<BlankCase> {};
 
 /// Writes down the message boxes between the other events of the start.
-class RecordingMessages : public MessageSeam {
+class RecordingMessages {
   public:
     explicit RecordingMessages(QStringList& record)
-        : mRecord(record)
-        , mBefore(SetMessageSeam(this)) {}
-    ~RecordingMessages() override { SetMessageSeam(mBefore); }
+        : mRecord(record) {}
 
-    MsgAnswer Show(const Message& message) override {
+  private:
+    MsgAnswer Show(const Message& message) {
         EXPECT_EQ(message.icon, MsgIcon::None);
         EXPECT_EQ(message.title, QString());
         EXPECT_EQ(message.buttons, MsgButtons::Ok);
@@ -107,9 +106,9 @@ class RecordingMessages : public MessageSeam {
         return MsgAnswer::Ok;
     }
 
-  private:
     QStringList& mRecord;
-    MessageSeam* mBefore;
+    const Seam<MsgAnswer(const Message&)>::Replacement mBoxes =
+        MessageSeam().Replace([this](const Message& message) { return Show(message); });
 };
 
 TEST_P(BlankDepartment, AsksForTheSetupAndEndsWhateverTheUserDoesThere) {
@@ -233,9 +232,9 @@ class StartDeathTest : public MainTest {
 
     /// The program as its main function runs it, with a user who closes every box and cancels the setup.
     [[noreturn]] static void RunProgram() {
-        SetMessageSeam(nullptr);
-        Failure::SetHandler({});
-        SetEndOfProcess({});
+        const auto boxes = MessageSeam().Replace(MessageSeam().Own());
+        const auto failures = Failure::EndSeam().Replace(Failure::EndSeam().Own());
+        const auto ending = EndProcessSeam().Replace(EndProcessSeam().Own());
         Closer closer;
         try {
             Main();

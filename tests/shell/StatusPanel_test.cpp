@@ -13,13 +13,13 @@ namespace {
 class StatusPanelTest : public testing::Test {
   protected:
     StatusPanelTest() { SetTime(10); }
-    ~StatusPanelTest() override { SetClock({}); }
 
-    static void SetTime(int hour, int day = 21) {
-        SetClock([hour, day] {
-            return *DateTime::FromFields({.year = 2026, .month = 11, .day = day, .hour = hour, .minute = 5});
-        });
+    void SetTime(int hour, int day = 21) {
+        now = *DateTime::FromFields({.year = 2026, .month = 11, .day = day, .hour = hour, .minute = 5});
     }
+
+    DateTime now;
+    const Seam<DateTime()>::Replacement clock = ClockSeam().Replace([this] { return now; });
 
     /// Lets the panel's clock tick now.
     static void Tick(const StatusPanel& panel) {

@@ -2,7 +2,7 @@
 #include "suite/LiveConnection.h"
 #include "suite/Passwords.h"
 #include "suite/SuiteTest.h"
-#include "text/Clock.h"
+#include "support/FixedClock.h"
 
 #include <QComboBox>
 #include <QDirIterator>
@@ -122,10 +122,10 @@ TEST_F(CurrentUserTest, TellsTheUserWhatFailedInHisNameSinceHeLastSignedOn) {
     FakeSource desk(u"Trial hospital"_s, Path());
     desk.workstation = u"DESK2"_s;
     TrySignOn(desk, u"NURSE"_s, u"nurse"_s, {u"HC"_s});
-    SetClock([] { return Moment().AddDays(1); });
+    const auto nextDay = FixedClock(Moment().AddDays(1));
     TrySignOn(desk, u"NURSE"_s, u"wrong"_s, {u"HC"_s});
     TrySignOn(desk, u"NURSE"_s, u"wrong"_s, {u"HC"_s});
-    SetClock([] { return Moment().AddDays(2); });
+    const auto dayAfter = FixedClock(Moment().AddDays(2));
     std::vector<std::unique_ptr<DataSource>> sources;
     auto source = std::make_unique<FakeSource>(u"Trial hospital"_s, Path());
     source->workstation = u"DESK1"_s;

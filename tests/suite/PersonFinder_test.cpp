@@ -1,7 +1,6 @@
 #include "suite/PersonFinder.h"
 #include "suite/SuiteTest.h"
 #include "support/CaseName.h"
-#include "text/Clock.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,5 @@
 #include "suite/SignOnDialog.h"
 #include "suite/SuiteTest.h"
-#include "text/Clock.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -287,7 +286,6 @@ TEST_F(SignOnDialogTest, TheDataSourceChosenIsTheOneSignedOnTo) {
 
 TEST_F(SignOnDialogTest, WaitsWhereTheHospitalAsksForItAndGoesOnByItself) {
     first->workstation = u"DESK1"_s;
-    SetClock({});
     for (int i = 0; i < 3; ++i)
         TrySignOn(*first, u"NURSE"_s, u"wrong"_s, {.deptCode = u"HC"_s, .waited = true});
     Open();

@@ -2,7 +2,7 @@
 #include "suite/SignOn.h"
 #include "suite/SuiteTest.h"
 #include "support/CaseName.h"
-#include "text/Clock.h"
+#include "support/FixedClock.h"
 
 using namespace Qt::StringLiterals;
 
@@ -187,7 +187,7 @@ TEST_F(SignOnTrailOfAHospital, TellsTheUserWhatFailedInHisName) {
     Try(u"CLERK"_s, u"wrong"_s, true);
     const auto user = Try(u"CLERK"_s, u"clerk"_s, true).user;
     EXPECT_EQ(user, nullptr) << "three have failed at this workstation";
-    SetClock([] { return Moment().AddDays(1); });
+    const auto clock = FixedClock(Moment().AddDays(1));
     EXPECT_EQ(Try(u"CLERK"_s, u"clerk"_s).user->failed->count, 1);
     const auto failed = Try(u"NURSE"_s, u"nurse"_s).user->failed;
     ASSERT_TRUE(failed);

@@ -1,8 +1,6 @@
 #include "suite/SuiteTest.h"
 
 #include "suite/LiveConnection.h"
-#include "toolkit/Failure.h"
-#include "toolkit/Focus.h"
 #include "trial/EmbeddedGateway.h"
 #include "trial/HospitalEngine.h"
 
@@ -11,14 +9,10 @@
 #include <QTimer>
 
 SuiteTest::SuiteTest() {
-    ResetFocusTracking();
     SetLiveConnection(mGateway.get());
-    Failure::SetHandler(
-        [](const std::exception_ptr& failure) { ADD_FAILURE() << Failure::TextOf(failure).toStdString(); });
 }
 
 SuiteTest::~SuiteTest() {
-    Failure::SetHandler({});
     SetLiveConnection(nullptr);
 }
 

@@ -5,6 +5,7 @@
 #include "support/PrintQt.h"
 #include "support/ScreenTest.h"
 #include "support/ScriptedMessages.h"
+#include "toolkit/Failure.h"
 
 #include <QDialog>
 #include <QObject>
@@ -21,6 +22,10 @@ class SuiteTest : public HospitalTest {
     ~SuiteTest() override;
 
     ScriptedMessages messages;
+    const Seam<void(const std::exception_ptr&, bool)>::Replacement failures =
+        Failure::EndSeam().Replace([](const std::exception_ptr& failure, bool) {
+            ADD_FAILURE() << Failure::TextOf(failure).toStdString();
+        });
 };
 
 /// Answers the next modal dialogue of a component when its event loop runs; fails the test when none has come

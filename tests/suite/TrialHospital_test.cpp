@@ -1,8 +1,8 @@
 #include "suite/SignOn.h"
 #include "suite/TrialHospital.h"
+#include "support/FixedClock.h"
 #include "support/PrintQt.h"
 #include "support/process/ChildProcess.h"
-#include "text/Clock.h"
 #include "text/RunTimeError.h"
 
 #include <QDir>
@@ -34,11 +34,8 @@ int ErrorOf(const std::function<void()>& action) {
 
 class TrialHospitalTest : public testing::Test {
   protected:
-    TrialHospitalTest() {
-        SetClock([] { return *DateTime::FromFields({.year = 2026, .month = 11, .day = 21, .hour = 10}); });
-    }
-    ~TrialHospitalTest() override { SetClock({}); }
-
+    const Seam<DateTime()>::Replacement clock =
+        FixedClock(*DateTime::FromFields({.year = 2026, .month = 11, .day = 21, .hour = 10}));
     QTemporaryDir home;
     TrialHospital hospital{home.filePath(u"share/TARVEN"_s)};
 };
@@ -86,7 +83,7 @@ TEST_F(TrialHospitalTest, MadeAnewItKnowsWhoFailedToSignOn) {
         TrySignOn(hospital, u"NURSE"_s, u"wrong"_s, {u"HC"_s});
     hospital.MakeAnew({});
     EXPECT_EQ(TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).wait.count(), 2);
-    SetClock([] { return *DateTime::FromFields({.year = 2026, .month = 11, .day = 21, .hour = 11}); });
+    const auto later = FixedClock(*DateTime::FromFields({.year = 2026, .month = 11, .day = 21, .hour = 11}));
     const auto user = TrySignOn(hospital, u"NURSE"_s, u"nurse"_s, {u"HC"_s}).user;
     ASSERT_NE(user, nullptr);
     ASSERT_TRUE(user->failed);

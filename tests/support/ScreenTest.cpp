@@ -2,11 +2,9 @@
 
 #include "components/shared.h"
 #include "patients/PatientContext.h"
-#include "text/Clock.h"
-#include "toolkit/Failure.h"
+#include "support/FreshVariables.h"
 #include "toolkit/Focus.h"
 #include "toolkit/MousePointer.h"
-#include "toolkit/ProgramFiles.h"
 #include "toolkit/Screens.h"
 
 #include <QApplication>
@@ -17,10 +15,6 @@ using namespace Qt::StringLiterals;
 ScreenTest::ScreenTest() {
     ResetShared();
     ResetPatientContext();
-    ResetFocusTracking();
-    SetClock([] { return DateTime::FromFields({2026, 11, 21, 10, 30, 15, 0}).value(); });
-    SetProgramDirectory(programDirectory.path());
-    Failure::SetHandler([this](const std::exception_ptr& raised) { failure = raised; });
     user->connection = &gateway;
     gCurrentUser = user;
     gConnection = &gateway;
@@ -36,9 +30,6 @@ ScreenTest::~ScreenTest() {
         ADD_FAILURE() << Failure::TextOf(failure).toStdString();
     Screens::Clear();
     SetMousePointer(MousePointer::Default);
-    Failure::SetHandler({});
-    SetProgramDirectory({});
-    SetClock({});
     ResetShared();
     ResetPatientContext();
 }

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "support/FakeComponents.h"
+#include "support/FixedClock.h"
 #include "support/PrintQt.h"
+#include "support/ProgramDirectoryAt.h"
 #include "support/ScriptedGateway.h"
 #include "support/ScriptedMessages.h"
+#include "toolkit/Failure.h"
 
 #include <QTemporaryDir>
 #include <QWidget>
@@ -32,6 +35,13 @@ class ScreenTest : public testing::Test {
     std::shared_ptr<FakeStockList> stockListBasic = std::make_shared<FakeStockList>();
     std::shared_ptr<FakePersonFinder> personFinder = std::make_shared<FakePersonFinder>();
     std::exception_ptr failure;
+
+  private:
+    const Seam<DateTime()>::Replacement mClock =
+        FixedClock(*DateTime::FromFields({2026, 11, 21, 10, 30, 15, 0}));
+    const Seam<QString()>::Replacement mDirectory = ProgramDirectoryAt(programDirectory.path());
+    const Seam<void(const std::exception_ptr&, bool)>::Replacement mFailures =
+        Failure::EndSeam().Replace([this](const std::exception_ptr& raised, bool) { failure = raised; });
 };
 
 /// The control of that name and kind inside a screen; fails the test when there is none.

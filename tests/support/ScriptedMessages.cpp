@@ -2,11 +2,7 @@
 
 #include <gtest/gtest.h>
 
-ScriptedMessages::ScriptedMessages()
-    : mBefore(SetMessageSeam(this)) {}
-
 ScriptedMessages::~ScriptedMessages() {
-    SetMessageSeam(mBefore);
     for (const Step& step : mSteps)
         ADD_FAILURE() << "no such message box: " << step.message.text.toStdString();
 }

@@ -1,6 +1,6 @@
 #include "support/CaseName.h"
+#include "support/FixedClock.h"
 #include "support/PrintQt.h"
-#include "text/Clock.h"
 #include "text/Format.h"
 #include "text/IsDate.h"
 
@@ -17,10 +17,8 @@ struct ParseCase {
 
 class ParseDateTest : public testing::TestWithParam<ParseCase> {
   protected:
-    void SetUp() override {
-        SetClock([] { return *DateTime::FromFields({2026, 11, 21, 10, 0, 0, 0}); });
-    }
-    void TearDown() override { SetClock({}); }
+    const Seam<DateTime()>::Replacement clock =
+        FixedClock(*DateTime::FromFields({2026, 11, 21, 10, 0, 0, 0}));
 };
 
 TEST_P(ParseDateTest, ReadsDatesByTheRunTimesRules) {

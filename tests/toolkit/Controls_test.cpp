@@ -114,17 +114,3 @@ TEST(Controls, TabWalksTheOrderOfWork) {
 }
 
 } // namespace
-
-TEST(SetTextOf, FillsTheBoxOfThatNameAndRaises91WhereThereIsNone) {
-    QWidget screen;
-    NewShownBox(u"txtRoom"_s, &screen);
-    const QLineEdit* doctor = NewShownBox(u"txtDoctor"_s, &screen);
-    SetTextOf(screen, u"txtDoctor"_s, u"REYES, ANA"_s);
-    EXPECT_EQ(doctor->text(), u"REYES, ANA"_s);
-    try {
-        SetTextOf(screen, u"txtNobody"_s, u"x"_s);
-        ADD_FAILURE() << "no error";
-    } catch (const RunTimeError& error) {
-        EXPECT_EQ(error.Number(), RunTime::kObjectNotSet);
-    }
-}

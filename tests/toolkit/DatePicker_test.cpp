@@ -1,7 +1,7 @@
 #include "support/CaseName.h"
+#include "support/FixedClock.h"
 #include "support/PrintQt.h"
 #include "support/ScreenTest.h"
-#include "text/Clock.h"
 #include "text/Format.h"
 #include "toolkit/Calendar.h"
 #include "toolkit/Controls.h"
@@ -49,7 +49,6 @@ class EscapeWindow : public QWidget {
 class DatePickerTest : public testing::Test {
   protected:
     DatePickerTest() {
-        SetClock([] { return Day(2026, 11, 21); });
         auto* layout = new QHBoxLayout(&window);
         before = new QLineEdit(&window);
         picker = NewDatePicker(u"dtpDay"_s, &window);
@@ -60,10 +59,9 @@ class DatePickerTest : public testing::Test {
         Activate(window);
         picker->setFocus();
     }
-    ~DatePickerTest() override {
-        QGuiApplication::clipboard()->clear();
-        SetClock({});
-    }
+    const Seam<DateTime()>::Replacement clock = FixedClock(Day(2026, 11, 21));
+
+    ~DatePickerTest() override { QGuiApplication::clipboard()->clear(); }
 
     void Paste(const QString& text) {
         QGuiApplication::clipboard()->setText(text);

@@ -265,10 +265,9 @@ TEST(Failure, ItsTextIsTheRunTimesNumberAndDescription) {
 
 TEST(Failure, AHandlerTakesFailuresInPlaceOfTheEnd) {
     int taken = 0;
-    Failure::SetHandler([&taken](const std::exception_ptr&) { ++taken; });
+    const auto failures = Failure::EndSeam().Replace([&taken](const std::exception_ptr&, bool) { ++taken; });
     QTimer::singleShot(0, qApp, [] { throw RunTime::Error(RunTime::kNoCurrentRecord); });
     QCoreApplication::processEvents();
-    Failure::SetHandler({});
     EXPECT_EQ(taken, 1);
     EXPECT_FALSE(Failure::IsEnding());
 }

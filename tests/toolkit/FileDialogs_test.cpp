@@ -86,9 +86,9 @@ TEST(FileDialogs, TheWindowOpensNoFileOfTheFolderThatItShows) {
 }
 
 TEST(FileDialogs, AnAnswerTakesThePlaceOfTheDialogue) {
-    SetSaveFileAnswer([](const QString& name) { return u"/somewhere/"_s + name; });
+    const auto saving = SaveDialogSeam().Replace([](QWidget*, const QString&, const QString& name,
+                                                    const QString&) { return u"/somewhere/"_s + name; });
     EXPECT_EQ(AskSaveFile(nullptr, {}, u"a.csv"_s, {}), u"/somewhere/a.csv"_s);
-    SetSaveFileAnswer(nullptr);
 }
 
 } // namespace

@@ -404,7 +404,7 @@ TEST_F(FormLife, AMessageBoxBehindAModalScreenOutlivesIt) {
         modal.Unload();
     });
     Screens::Get<FormA>().ShowModal();
-    SetMessageSeam(nullptr);
+    const auto boxes = MessageSeam().Replace(MessageSeam().Own());
     Inside([] {
         auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         ASSERT_NE(message, nullptr);
@@ -413,7 +413,6 @@ TEST_F(FormLife, AMessageBoxBehindAModalScreenOutlivesIt) {
         message->accept();
     });
     EXPECT_EQ(MsgBox({.text = u"Restart Program."_s}), MsgAnswer::Ok);
-    SetMessageSeam(&messages);
 }
 
 TEST_F(FormLife, AScreenThatIsDestroyedWithTheMainWindowIsForgotten) {
@@ -613,7 +612,7 @@ TEST_F(FormLife, AScreenShownBeforeAModalOneDoesNotKeepTheReturnFromIt) {
 TEST_F(FormLife, AMessageBoxActivatesNothing) {
     Screens::Get<FormA>().Show();
     TakeEvents();
-    SetMessageSeam(nullptr);
+    const auto boxes = MessageSeam().Replace(MessageSeam().Own());
     Inside([] {
         auto* message = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         ASSERT_NE(message, nullptr);
@@ -621,7 +620,6 @@ TEST_F(FormLife, AMessageBoxActivatesNothing) {
         message->accept();
     });
     MsgBox({.text = u"Item does not exists."_s});
-    SetMessageSeam(&messages);
     Activate(workspace);
     RunEvents();
     EXPECT_EQ(TakeEvents(), QStringList());

@@ -1,5 +1,6 @@
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
+#include "support/ProgramDirectoryAt.h"
 #include "toolkit/ProgramFiles.h"
 
 #include <QCoreApplication>
@@ -30,22 +31,20 @@ struct PathCase {
 
 class ResolveFileTest : public testing::TestWithParam<PathCase> {
   protected:
-    ~ResolveFileTest() override { SetProgramDirectory({}); }
-
     QTemporaryDir folder;
 };
 
 TEST_P(ResolveFileTest, FindsTheFile) {
-    SetProgramDirectory(folder.path());
+    const auto directory = ProgramDirectoryAt(folder.path());
     WriteFile(folder.path() + GetParam().file);
     EXPECT_EQ(ResolveFile(ProgramDirectory() + GetParam().asked), folder.path() + GetParam().file);
 }
 
 TEST_P(ResolveFileTest, FindsItBelowAProgramDirectoryThatBearsABackslash) {
-    const QString directory = folder.path() + u"/ward\\Hemo Dialysis"_s;
-    SetProgramDirectory(directory);
-    WriteFile(directory + GetParam().file);
-    EXPECT_EQ(ResolveFile(ProgramDirectory() + GetParam().asked), directory + GetParam().file);
+    const QString path = folder.path() + u"/ward\\Hemo Dialysis"_s;
+    const auto directory = ProgramDirectoryAt(path);
+    WriteFile(path + GetParam().file);
+    EXPECT_EQ(ResolveFile(ProgramDirectory() + GetParam().asked), path + GetParam().file);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -62,10 +61,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 class ProgramFiles : public testing::Test {
   protected:
-    ProgramFiles() { SetProgramDirectory(folder.path()); }
-    ~ProgramFiles() override { SetProgramDirectory({}); }
-
     QTemporaryDir folder;
+    const Seam<QString()>::Replacement directory = ProgramDirectoryAt(folder.path());
 };
 
 TEST_F(ProgramFiles, AnExactNameStandsBeforeOneInAnotherLetterCase) {
@@ -93,7 +90,7 @@ TEST_F(ProgramFiles, APathFromTheWorkingDirectoryStaysOne) {
 }
 
 TEST_F(ProgramFiles, AFolderWhoseNameBeginsLikeTheProgramsIsAnother) {
-    SetProgramDirectory(folder.filePath(u"Hemo"_s));
+    const auto hemo = ProgramDirectoryAt(folder.filePath(u"Hemo"_s));
     WriteFile(folder.filePath(u"Hemo/2/Notes.txt"_s));
     WriteFile(folder.filePath(u"Hemo2/Letters.txt"_s));
     EXPECT_EQ(ResolveFile(folder.filePath(u"Hemo2/notes.txt"_s)), folder.filePath(u"Hemo2/notes.txt"_s));
@@ -101,9 +98,9 @@ TEST_F(ProgramFiles, AFolderWhoseNameBeginsLikeTheProgramsIsAnother) {
     EXPECT_EQ(ResolveFile(folder.filePath(u"hemo2\\letters.txt"_s)), folder.filePath(u"Hemo2/Letters.txt"_s));
 }
 
-TEST_F(ProgramFiles, TheDirectoryIsTheProgramsOwnUnlessATestKeepsItsFilesElsewhere) {
+TEST_F(ProgramFiles, TheDirectoryIsTheProgramsOwn) {
     EXPECT_EQ(ProgramDirectory(), folder.path());
-    SetProgramDirectory({});
+    const auto own = ProgramDirectorySeam().Replace(ProgramDirectorySeam().Own());
     EXPECT_EQ(ProgramDirectory(), QCoreApplication::applicationDirPath());
     EXPECT_FALSE(ProgramDirectory().endsWith(u'/'));
 }

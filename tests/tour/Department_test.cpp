@@ -1,6 +1,6 @@
 #include "driver/Department.h"
 #include "support/PrintQt.h"
-#include "toolkit/ProgramFiles.h"
+#include "support/ProgramDirectoryAt.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,9 +14,6 @@ namespace {
 
 class Department : public testing::Test {
   protected:
-    Department() { SetProgramDirectory(mFolder.path()); }
-    ~Department() override { SetProgramDirectory({}); }
-
     QString Path() const { return mFolder.filePath(u"tarvenaux.ini"_s); }
     QByteArray Content() const {
         QFile file(Path());
@@ -25,6 +22,7 @@ class Department : public testing::Test {
     }
 
     QTemporaryDir mFolder;
+    const Seam<QString()>::Replacement mDirectory = ProgramDirectoryAt(mFolder.path());
 };
 
 TEST_F(Department, IsWrittenWhereTheFileIsMissing) {
@@ -42,7 +40,7 @@ TEST_F(Department, OfAUserStaysAsItIs) {
 }
 
 TEST_F(Department, ThatCannotBeWrittenIsTold) {
-    SetProgramDirectory(mFolder.filePath(u"gone"_s));
+    const auto directory = ProgramDirectoryAt(mFolder.filePath(u"gone"_s));
     EXPECT_TRUE(ProvideDepartment().startsWith(u"cannot write "_s)) << ProvideDepartment().toStdString();
 }
 

@@ -1,5 +1,6 @@
 #include "components/shared.h"
 #include "support/FakeComponents.h"
+#include "support/FreshVariables.h"
 #include "support/PrintQt.h"
 #include "support/ScriptedGateway.h"
 #include "text/RunTimeError.h"
@@ -37,13 +38,13 @@ class TreatmentRecordTest : public testing::Test {
   protected:
     TreatmentRecordTest() {
         ResetShared();
-        gTreatmentRecord.Reset();
+        gTreatmentRecord = {};
         user->connection = &gateway;
         gCurrentUser = user;
     }
     ~TreatmentRecordTest() override {
         ResetShared();
-        gTreatmentRecord.Reset();
+        gTreatmentRecord = {};
     }
 
     void ExpectLoad(std::shared_ptr<const RowData> rows) {

@@ -1,3 +1,4 @@
+#include "support/FixedClock.h"
 #include "support/PrintQt.h"
 #include "support/process/ChildProcess.h"
 #include "support/smallhospital/GatewayTexts.h"
@@ -26,8 +27,6 @@ const QString kAdd = u"Clinical_Area..spAddCharge '1002','1','2.50','11/21/2026'
 
 class EmbeddedGatewayTest : public testing::Test {
   protected:
-    ~EmbeddedGatewayTest() override { SetClock({}); }
-
     EmbeddedGateway& Gateway() { return hospital.Gateway(); }
     int Number(CommandGateway& gateway, const QString& command) {
         return RowTexts(gateway, command)[0].toInt();
@@ -135,13 +134,13 @@ TEST_F(EmbeddedGatewayTest, WhatIsNoPlainStatementIsRefused) {
 
 TEST_F(EmbeddedGatewayTest, TheClockIsThePrograms) {
     const DateTime moment = *DateTime::FromFields({2026, 11, 21, 23, 59, 59, 999});
-    SetClock([moment] { return moment; });
+    const auto clock = FixedClock(moment);
     EXPECT_EQ(Gateway().Execute(u"select getdate() as d"_s).Fields(u"d"), Value(moment));
 }
 
 TEST_F(EmbeddedGatewayTest, AllStatementsOfOneCommandBearOneTime) {
     int asked = 0;
-    SetClock([&asked] { return DateTime::FromMilliseconds(++asked); });
+    const auto clock = ClockSeam().Replace([&asked] { return DateTime::FromMilliseconds(++asked); });
     Gateway().ExecuteNoResult(kAdd);
     EXPECT_EQ(asked, 1);
 }
@@ -334,7 +333,7 @@ TEST_F(EmbeddedGatewayTest, AWriterKilledInsideACommandLeavesTheAnsweredOnes) {
         EmbeddedGateway gateway(hospital.Path());
         int commands = 0;
         // The clock is read when the command already holds the write lock.
-        SetClock([&commands] {
+        const auto clock = ClockSeam().Replace([&commands] {
             if (++commands > kAnswered)
                 KillThisProcess();
             return DateTime();

@@ -490,11 +490,10 @@ TEST_F(LinkedHospital, IsNarrowedWithItsLogWhereItLies) {
 }
 
 TEST_F(LinkedHospital, IsAskedForItsDiskWhereItLies) {
-    SetFileSystemOf([this](const QString& path) {
+    const auto fileSystem = FileSystemSeam().Replace([this](const QString& path) {
         return QByteArray(path.startsWith(elsewhere.path()) ? "nfs4" : "ext4");
     });
     EXPECT_EQ(OpenFailure().number, 5120);
-    SetFileSystemOf({});
 }
 
 TEST_F(LinkedHospital, IsCheckedWhenItsLastUserDidNotCloseIt) {
@@ -513,12 +512,11 @@ TEST_F(LinkedHospital, IsMadeAnewInItsPlace) {
 
 TEST_F(HospitalFileTest, OnANetworkDriveNothingIsMadeAndNothingOpened) {
     Create();
-    SetFileSystemOf([](const QString&) { return QByteArray("cifs"); });
+    const auto fileSystem = FileSystemSeam().Replace([](const QString&) { return QByteArray("cifs"); });
     EXPECT_EQ(OpenFailure().number, 5120);
     EXPECT_EQ(FailureOf([this] { HospitalFile::Replace(Path(), scripts); }).number, 5120);
     QFile::remove(Path());
     EXPECT_EQ(FailureOf([this] { HospitalFile::Create(Path(), scripts); }).number, 5120);
-    SetFileSystemOf({});
     EXPECT_EQ(Files(), QStringList());
 }
 

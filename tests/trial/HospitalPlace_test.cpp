@@ -16,8 +16,6 @@ namespace {
 
 class HospitalPlace : public testing::Test {
   protected:
-    ~HospitalPlace() override { SetFileSystemOf({}); }
-
     QString Path() const { return folder.filePath(u"hospital.db"_s); }
     void Make(const QString& path, mode_t mode) const {
         QFile file(path);
@@ -82,7 +80,7 @@ TEST_F(HospitalPlace, TheHomeFolderItselfIsNoPlace) {
 
 TEST_F(HospitalPlace, AFileOnANetworkDriveIsRefusedInWords) {
     QString asked;
-    SetFileSystemOf([&asked](const QString& path) {
+    const auto fileSystem = FileSystemSeam().Replace([&asked](const QString& path) {
         asked = path;
         return QByteArray("nfs4");
     });

@@ -14,11 +14,6 @@ namespace {
 /// A file's trail, on a clock of the test's own.
 class SignOnTrailTest : public testing::Test {
   protected:
-    SignOnTrailTest() {
-        SetClock([this] { return now; });
-    }
-    ~SignOnTrailTest() override { SetClock({}); }
-
     SignOnTrail At(const QString& workstation) { return {database, workstation}; }
     /// Begins a try, when its wait is over.
     void Begin(SignOnTrail& trail, const QString& user) {
@@ -38,6 +33,7 @@ class SignOnTrailTest : public testing::Test {
     void Pass(seconds time) { now = DateTime::FromMilliseconds(now.Milliseconds() + time.count() * 1000); }
 
     DateTime now = *DateTime::FromFields({.year = 2026, .month = 11, .day = 20, .hour = 8, .minute = 15});
+    const Seam<DateTime()>::Replacement clock = ClockSeam().Replace([this] { return now; });
     QTemporaryDir folder;
     SqliteDatabase database{folder.filePath(u"t.db"_s), SqliteDatabase::Mode::New};
 };

@@ -1,8 +1,8 @@
 #include "support/CaseName.h"
+#include "support/FixedClock.h"
 #include "support/PrintQt.h"
 #include "support/smallhospital/GatewayTexts.h"
 #include "support/smallhospital/SmallHospital.h"
-#include "text/Clock.h"
 #include "text/RunTimeError.h"
 #include "trial/translate/StatementTranslator.h"
 
@@ -19,8 +19,7 @@ DateTime Moment() {
 /// A hospital of its own for each test, since these write.
 class WritingStatement : public testing::Test {
   protected:
-    WritingStatement() { SetClock(Moment); }
-    ~WritingStatement() override { SetClock({}); }
+    const Seam<DateTime()>::Replacement clock = FixedClock(Moment());
 
     CommandGateway& Gateway() { return hospital.Gateway(); }
     void Run(const QString& command) { Gateway().ExecuteNoResult(command); }

@@ -1,10 +1,10 @@
 #include "shell/Main.h"
 #include "shell/RegisterScreens.h"
 #include "suite/RegisterSuite.h"
+#include "support/ProgramDirectoryAt.h"
 #include "toolkit/Application.h"
 #include "toolkit/Failure.h"
 #include "toolkit/FileDialogs.h"
-#include "toolkit/ProgramFiles.h"
 #include "workstation/Scripts.h"
 
 #include <QFileInfo>
@@ -24,7 +24,7 @@ constexpr int kScriptFailed = 70;
 QString programFolder;
 
 /// A file of that name in the program's folder; one that was saved before keeps its content.
-QString FreeFile(const QString& name) {
+QString FreeFile(QWidget*, const QString&, const QString& name, const QString&) {
     const QFileInfo wanted(programFolder + u'/' + name);
     QString file = wanted.filePath();
     for (int copy = 2; QFileInfo::exists(file); ++copy)
@@ -57,8 +57,8 @@ int main(int argc, char** argv) {
     int argumentCount = 1;
     const Application application(argumentCount, argv);
     programFolder = QString::fromLocal8Bit(argv[2]);
-    SetProgramDirectory(programFolder);
-    SetSaveFileAnswer(FreeFile);
+    const auto directory = ProgramDirectoryAt(programFolder);
+    const auto saving = SaveDialogSeam().Replace(FreeFile);
     RegisterSuite(programFolder + u"/data"_s);
     RegisterScreens();
     Driver clerk;

@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -20,14 +19,7 @@ constexpr QFile::Permissions kOwnersFolder = kOwnersFile | QFile::ExeOwner;
 constexpr QFile::Permissions kOthers = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
                                        QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
 
-std::function<QByteArray(const QString&)>& FileSystemAnswer() {
-    static std::function<QByteArray(const QString&)> answer;
-    return answer;
-}
-
 QByteArray FileSystemOf(const QString& path) {
-    if (FileSystemAnswer())
-        return FileSystemAnswer()(path);
     return QStorageInfo(QFileInfo(path).absolutePath()).fileSystemType();
 }
 
@@ -68,7 +60,7 @@ bool IsNetworkFileSystem(const QByteArray& kind) {
 }
 
 void RequireLocalDisk(const QString& path) {
-    const QByteArray kind = FileSystemOf(path);
+    const QByteArray kind = FileSystemSeam()(path);
     if (IsNetworkFileSystem(kind))
         throw ServerError(
             Fault::CannotOpen,
@@ -100,6 +92,7 @@ void KeepFolderPrivate(const QString& path) {
     Narrow(path, kOwnersFolder);
 }
 
-void SetFileSystemOf(std::function<QByteArray(const QString&)> answer) {
-    FileSystemAnswer() = std::move(answer);
+Seam<QByteArray(const QString&)>& FileSystemSeam() {
+    static Seam<QByteArray(const QString&)> seam(FileSystemOf);
+    return seam;
 }

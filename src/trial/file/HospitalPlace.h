@@ -1,9 +1,9 @@
 #pragma once
 
+#include "text/Seam.h"
+
 #include <QByteArray>
 #include <QString>
-
-#include <functional>
 
 // Where a hospital's file may lie, and who may read it. Nothing here opens the file, its log or its index: a
 // handle beside SQLite's own would take SQLite's locks along when it is closed.
@@ -38,6 +38,5 @@ void KeepFolderPrivate(const QString& path);
 /// Whether a kind of file system, by the system's name for it, lies on another machine.
 bool IsNetworkFileSystem(const QByteArray& kind);
 
-/// Puts another answer in place of the system's own to what kind of file system a path lies on; an empty
-/// function brings the system's back.
-void SetFileSystemOf(std::function<QByteArray(const QString& path)> answer);
+/// The system's name for the kind of file system that a path lies on.
+Seam<QByteArray(const QString& path)>& FileSystemSeam();

@@ -2,7 +2,6 @@
 
 #include "hospital/HospitalScripts.h"
 #include "support/hospital/FreshHospital.h"
-#include "text/Clock.h"
 
 #include <QFile>
 #include <QScopeGuard>
@@ -16,13 +15,8 @@ constexpr QStringView kUser = u"NURSE";
 } // namespace
 
 HospitalTest::HospitalTest() {
-    SetClock(Moment);
     QFile::copy(FreshHospital(), Path());
     mGateway = SignOn(kUser.toString());
-}
-
-HospitalTest::~HospitalTest() {
-    SetClock({});
 }
 
 DateTime HospitalTest::Moment() {

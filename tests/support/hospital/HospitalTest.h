@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/FixedClock.h"
 #include "support/PrintQt.h"
 #include "text/DateTime.h"
 #include "text/RunTimeError.h"
@@ -18,7 +19,6 @@
 class HospitalTest : public testing::Test {
   protected:
     HospitalTest();
-    ~HospitalTest() override;
 
     /// Every row of the answer, each cell as the workstation shows it; Null is "NULL".
     std::vector<QStringList> Rows(const QString& command);
@@ -38,6 +38,7 @@ class HospitalTest : public testing::Test {
     std::unique_ptr<EmbeddedGateway> mGateway;
 
   private:
+    const Seam<DateTime()>::Replacement mClock = FixedClock(Moment());
     QTemporaryDir mFolder;
 };
 

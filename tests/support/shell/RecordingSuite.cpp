@@ -4,7 +4,6 @@
 #include "components/ComponentRegistry.h"
 #include "components/ReportConnector.h"
 #include "shell/frmMain.h"
-#include "toolkit/EndProcess.h"
 
 #include <QApplication>
 #include <QFile>
@@ -184,7 +183,6 @@ QStringList StartTest::ClassesOfMainLoad() {
 }
 
 StartTest::StartTest() {
-    SetEndOfProcess([] { throw ProcessEnded(); });
     const auto registerAs = [this](const QString& className, auto make) {
         RegisterComponent(className, [this, className, make](const QString& server) {
             record << u"create %1 [%2]"_s.arg(className, server);
@@ -213,7 +211,6 @@ StartTest::StartTest() {
 }
 
 StartTest::~StartTest() {
-    SetEndOfProcess({});
     SetReportTimeout({});
     for (const QString& className : ClassesOfInitComponents() + ClassesOfMainLoad())
         RegisterComponent(className, {});

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/ScreenTest.h"
+#include "toolkit/EndProcess.h"
 
 #include <QStringList>
 
@@ -63,4 +64,7 @@ class StartTest : public ScreenTest {
     bool personFinderConnects = true;
     bool stockItemConnects = true;
     bool stockListConnects = true;
+
+  private:
+    const Seam<void()>::Replacement mEnding = EndProcessSeam().Replace([] { throw ProcessEnded(); });
 };

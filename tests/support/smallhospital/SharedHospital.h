@@ -1,8 +1,8 @@
 #pragma once
 
+#include "support/FixedClock.h"
 #include "support/smallhospital/GatewayTexts.h"
 #include "support/smallhospital/SmallHospital.h"
-#include "text/Clock.h"
 
 #include <gtest/gtest.h>
 
@@ -21,8 +21,7 @@ inline Value MomentOf(const DateTime::Fields& fields) {
 /// 21 November 2026, 14:02:03.456.
 class SharedHospital : public testing::Test {
   protected:
-    SharedHospital() { SetClock(Moment); }
-    ~SharedHospital() override { SetClock({}); }
+    const Seam<DateTime()>::Replacement clock = FixedClock(Moment());
 
     static DateTime Moment() { return *DateTime::FromFields({2026, 11, 21, 14, 2, 3, 456}); }
 

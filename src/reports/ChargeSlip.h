@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+/// What a charge slip shows above its lines, which stand in the print table.
+struct ChargeSlip {
+    QString number;
+    QString patientName;
+    QString admissionNumber;
+    QString hospitalNumber;
+    QString room;
+    QString account;
+    QString station;
+};
+
+/// Opens the slip into gReport. It bears today's date, the time, and the name of the user who is signed on.
+void OpenChargeSlip(const ChargeSlip& slip);
