@@ -19,12 +19,12 @@ const Value& ValueOf(const ParameterField& field) {
 
 } // namespace
 
-Report::Report(ReportTemplate report, QString path)
+Report::Report(std::shared_ptr<const ReportTemplate> report, QString path)
     : mPath(std::move(path))
     , mTemplate(std::move(report)) {
-    for (const ReportTableEntry& table : mTemplate.tables)
+    for (const ReportTableEntry& table : mTemplate->tables)
         mTables.emplace_back(table.name, table.location);
-    for (const ReportParameter& parameter : mTemplate.parameters)
+    for (const ReportParameter& parameter : mTemplate->parameters)
         mFields.emplace_back(parameter);
 }
 
@@ -41,14 +41,14 @@ ReportOrder Report::Order() {
     });
     ReportOrder order;
     order.report = mTemplate;
-    order.data.now = Now();
+    order.values.now = Now();
     for (const ParameterField& field : mFields)
-        order.data.parameters.push_back(ValueOf(field));
-    for (const ReportQuery& query : mTemplate.queries)
+        order.values.parameters.push_back(ValueOf(field));
+    for (const ReportQuery& query : mTemplate->queries)
         order.commands << ComposeQuery(query);
     order.logOn = TakeLogOn();
     // A copy of its own: the logon's texts are overwritten afterwards.
-    order.data.user = QString(order.logOn.user.constData(), order.logOn.user.size());
+    order.values.user = QString(order.logOn.user.constData(), order.logOn.user.size());
     return order;
 }
 

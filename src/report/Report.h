@@ -13,14 +13,14 @@
 class Report {
   public:
     /// `path` is what the caller opened it by.
-    explicit Report(ReportTemplate report, QString path = {});
+    explicit Report(std::shared_ptr<const ReportTemplate> report, QString path = {});
     Report(const Report&) = delete;
     Report& operator=(const Report&) = delete;
 
     /// The path that it was opened by, as the caller wrote it.
     const QString& Path() const { return mPath; }
     /// The template's file.
-    const QString& File() const { return mTemplate.file; }
+    const QString& File() const { return mTemplate->file; }
     /// In the template's order.
     std::vector<ReportTable>& Tables() { return mTables; }
     /// In the template's order.
@@ -41,7 +41,7 @@ class Report {
     ReportLogOn TakeLogOn();
 
     QString mPath;
-    ReportTemplate mTemplate;
+    std::shared_ptr<const ReportTemplate> mTemplate;
     std::vector<ReportTable> mTables;
     std::vector<ParameterField> mFields;
     std::shared_ptr<const ReportDocument> mDocument;

@@ -26,8 +26,9 @@ bool ReportFetch::IsCancelled() const {
 }
 
 std::shared_ptr<const ReportDocument> ReportFetch::Run() {
+    QueryRows queries;
     try {
-        FetchRows();
+        queries = FetchRows();
     } catch (...) {
         // What a command says that was given up is no failure of the report.
         if (IsCancelled())
@@ -36,21 +37,23 @@ std::shared_ptr<const ReportDocument> ReportFetch::Run() {
     }
     if (IsCancelled())
         return nullptr;
-    return std::make_shared<const ReportDocument>(std::move(mOrder.report), std::move(mOrder.data));
+    return std::make_shared<const ReportDocument>(mOrder.report, mOrder.values, queries);
 }
 
-void ReportFetch::FetchRows() {
+QueryRows ReportFetch::FetchRows() {
+    QueryRows queries;
     if (IsCancelled())
-        return;
+        return queries;
     Connect();
     const auto closed = qScopeGuard([this] { Disconnect(); });
     for (qsizetype i = 0; i < mOrder.commands.size() && !IsCancelled(); ++i) {
         const RowSet rows = mGateway->Execute(mOrder.commands[i]);
         if (rows.State() == RowSet::Status::Closed)
-            throw TemplateError(mOrder.report.file, mOrder.report.queries[static_cast<size_t>(i)].line,
+            throw TemplateError(mOrder.report->file, mOrder.report->queries[static_cast<size_t>(i)].line,
                                 u"The query gives no rows at all."_s);
-        mOrder.data.queries.push_back(rows.Data());
+        queries.push_back(rows.Data());
     }
+    return queries;
 }
 
 void ReportFetch::Connect() {

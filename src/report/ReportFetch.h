@@ -1,8 +1,8 @@
 #pragma once
 
 #include "components/ReportConnector.h"
-#include "report/pages/ReportData.h"
 #include "report/pages/ReportDocument.h"
+#include "report/pages/ReportValues.h"
 #include "report/template/ReportTemplate.h"
 
 #include <QStringList>
@@ -12,12 +12,11 @@
 
 class CommandGateway;
 
-/// What the rows of a report are asked for with. It shares nothing with the report that it comes from, so the
-/// rows may be fetched on another thread.
+/// What the rows of a report are asked for with. All that it shares with the report that it comes from is the
+/// template, which nobody changes, so the rows may be fetched on another thread.
 struct ReportOrder {
-    ReportTemplate report;
-    /// The values of the parameters and the moment; the rows are still to come.
-    ReportData data;
+    std::shared_ptr<const ReportTemplate> report;
+    ReportValues values;
     /// A complete command for each query of the template.
     QStringList commands;
     /// Of the report's own connection. The texts are overwritten when the connection stands, or when the
@@ -49,7 +48,7 @@ class ReportFetch {
   private:
     void Connect();
     void Disconnect();
-    void FetchRows();
+    QueryRows FetchRows();
 
     ReportOrder mOrder;
     mutable std::mutex mMutex;

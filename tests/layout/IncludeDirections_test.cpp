@@ -2,6 +2,7 @@
 #include <QFile>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <gmock/gmock.h>
 #include <map>
 #include <set>
@@ -9,7 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-// Rooms include downwards only.
+// Rooms include downwards only, and in the engine of reports no two files need each other.
 
 namespace {
 
@@ -54,11 +55,57 @@ std::string FolderOf(const QString& path) {
     return path.left(path.lastIndexOf(u'/')).toStdString();
 }
 
+QString SourceFolder() {
+    return QString::fromLatin1(TARVEN_SOURCE_DIR) + u"/src/"_s;
+}
+
+QStringList IncludesOf(const QString& path) {
+    static const QRegularExpression pattern(u"^#include \"([^\"]+)\""_s, QRegularExpression::MultilineOption);
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+    QStringList includes;
+    auto found = pattern.globalMatch(QString::fromUtf8(file.readAll()));
+    while (found.hasNext())
+        includes << found.next().captured(1);
+    return includes;
+}
+
+/// Without its ending: a header and its source are one.
+QString UnitOf(const QString& path) {
+    return path.left(path.lastIndexOf(u'.'));
+}
+
+/// What each unit below the folder includes, itself aside.
+std::map<QString, std::set<QString>> UnitsBelow(const QString& folder) {
+    std::map<QString, std::set<QString>> units;
+    QDirIterator files(SourceFolder() + folder, {u"*.h"_s, u"*.cpp"_s}, QDir::Files,
+                       QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString path = files.next();
+        const QString unit = UnitOf(path.mid(SourceFolder().size()));
+        for (const QString& include : IncludesOf(path)) {
+            if (UnitOf(include) != unit)
+                units[unit].insert(UnitOf(include));
+        }
+    }
+    return units;
+}
+
+/// Takes units away that include none of the others, until there are none such: what is left over goes in
+/// circles, or includes what does.
+std::map<QString, std::set<QString>> CirclesAmong(std::map<QString, std::set<QString>> units) {
+    const auto stands = [&units](const QString& unit) { return units.contains(unit); };
+    const auto needsNone = [&](const auto& unit) { return std::ranges::none_of(unit.second, stands); };
+    for (auto unit = std::ranges::find_if(units, needsNone); unit != units.end();
+         unit = std::ranges::find_if(units, needsNone))
+        units.erase(unit);
+    return units;
+}
+
 } // namespace
 
 TEST(IncludeDirections, OfEveryRoomGoDownwards) {
-    const QString root = QString::fromLatin1(TARVEN_SOURCE_DIR) + u"/src/"_s;
-    static const QRegularExpression pattern(u"^#include \"([^\"]+)\""_s, QRegularExpression::MultilineOption);
+    const QString root = SourceFolder();
     QDirIterator files(root, {u"*.h"_s, u"*.cpp"_s}, QDir::Files, QDirIterator::Subdirectories);
     int seen = 0;
     while (files.hasNext()) {
@@ -67,11 +114,7 @@ TEST(IncludeDirections, OfEveryRoomGoDownwards) {
             continue;
         const std::string room = FolderOf(path.mid(root.size()));
         ASSERT_TRUE(Allowed().contains(room)) << "a room without rules: " << room;
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        auto includes = pattern.globalMatch(QString::fromUtf8(file.readAll()));
-        while (includes.hasNext()) {
-            const QString include = includes.next().captured(1);
+        for (const QString& include : IncludesOf(path)) {
             // Generated headers and moc files stand without a folder.
             if (!include.contains(u'/'))
                 continue;
@@ -82,4 +125,13 @@ TEST(IncludeDirections, OfEveryRoomGoDownwards) {
         }
     }
     EXPECT_GT(seen, 100);
+}
+
+TEST(IncludeDirections, OfTheReportEngineFormNoCircle) {
+    const auto units = UnitsBelow(u"report"_s);
+    EXPECT_GT(units.size(), 20U);
+    for (const auto& [unit, includes] : CirclesAmong(units)) {
+        for (const QString& include : includes)
+            ADD_FAILURE() << unit.toStdString() << " includes " << include.toStdString();
+    }
 }

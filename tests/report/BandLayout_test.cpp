@@ -79,7 +79,7 @@ TEST_F(BandLayoutTest, PutsTextsWhereTheirAlignmentSays) {
          u"align=\"right\">{A}</text>"
          "<text x=\"10\" y=\"0\" width=\"40\" align=\"center\">{A}</text>"_s);
     const LaidBand laid = Laid();
-    const double width = fonts.Of(Band().cells.at(0).style).Width(u"12.00");
+    const double width = fonts.Of(Style()).Width(u"12.00");
     const double left = MillimetresToPoints(10) + kCellPadding;
     const double right = MillimetresToPoints(50) - kCellPadding;
     EXPECT_NEAR(laid.cells[0].lines.at(0).start.x(), left, 0.01);

@@ -38,7 +38,7 @@ TEST_F(FetchThreadTest, MakesThePagesOnAThreadOfItsOwnAndTellsOnThisOne) {
     QObject::connect(&fetch, &FetchThread::Finished, &fetch, [&] { told = QThread::currentThread(); });
     EXPECT_TRUE(finished.wait());
     EXPECT_EQ(told, QThread::currentThread());
-    EXPECT_EQ(fetch.Result()->PageText(1).simplified(), u"one"_s);
+    EXPECT_EQ(PageText(*fetch.Result(), 1).simplified(), u"one"_s);
 }
 
 TEST_F(FetchThreadTest, TheConnectionIsMadeUsedAndClosedOnThatThread) {

@@ -4,6 +4,7 @@
 #include "support/report/ReportFixture.h"
 
 #include <gmock/gmock.h>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
@@ -23,10 +24,11 @@ class FlowTest : public testing::Test {
   protected:
     std::vector<FlowItem> Build(const QString& parts, std::vector<std::vector<Value>> rows,
                                 double room = 1000) {
-        report = ReadTemplate(u"t"_s, SmallTemplate(parts));
-        data.queries = {Rows({u"Ward"_s, u"Patient"_s, u"Text"_s}, std::move(rows))};
-        ResolveFields(report, data);
-        return BuildFlow(report, data, fonts, room);
+        queries = {Rows({u"Ward"_s, u"Patient"_s, u"Text"_s}, std::move(rows))};
+        report.emplace(ReadTemplate(u"t"_s, SmallTemplate(parts)), ReportValues{}, queries);
+        Flow flow = BuildFlow(*report, *queries.front(), fonts, room);
+        sums = std::move(flow.sums);
+        return std::move(flow.items);
     }
 
     /// Each item as the millimetres of its height, which tell the bands of kGroups apart, and its rows.
@@ -39,8 +41,11 @@ class FlowTest : public testing::Test {
         return told;
     }
 
-    ReportTemplate report;
-    ReportData data;
+    TextPlace Place(const FlowItem& item) const { return PlaceOf(item, *report, *queries.front(), sums); }
+
+    QueryRows queries;
+    std::optional<BoundTemplate> report;
+    ReportSums sums;
     ReportFonts fonts;
 };
 
@@ -90,10 +95,28 @@ TEST_F(FlowTest, AFooterShowsItsLastRowAndAHeaderItsFirst) {
     const auto items = Build(u"<group by=\"Ward\"><header height=\"2\"/><footer height=\"3\"/></group>"_s,
                              {{1, 1, 1}, {1, 1, 1}, {1, 1, 1}});
     ASSERT_EQ(items.size(), 2U);
-    EXPECT_EQ(PlaceOf(items[0], report, data).row, 0U);
-    EXPECT_EQ(PlaceOf(items[1], report, data).row, 2U);
-    EXPECT_EQ(PlaceOf(items[1], report, data).firstRow, 0U);
-    EXPECT_EQ(PlaceOf(items[1], report, data).endRow, 3U);
+    EXPECT_EQ(Place(items[0]).row, 0U);
+    EXPECT_EQ(Place(items[1]).row, 2U);
+    EXPECT_EQ(Place(items[1]).firstRow, 0U);
+    EXPECT_EQ(Place(items[1]).endRow, 3U);
+}
+
+TEST_F(FlowTest, AddsUpForEachBandWhatItShows) {
+    const QString sum = u"<text x=\"0\" y=\"0\" width=\"90\">{sum %1}</text>"_s;
+    const auto items = Build(u"<group by=\"Ward\"><header height=\"9\">"_s + sum.arg(u"Patient"_s) +
+                                 u"</header><footer height=\"9\">"_s + sum.arg(u"Text"_s) +
+                                 u"</footer></group><report-footer height=\"9\">"_s + sum.arg(u"Text"_s) +
+                                 u"</report-footer>"_s,
+                             {{1, 1, 10}, {1, 2, 20}, {2, 3, 30}});
+    const auto sumOf = [&](size_t item, size_t column) {
+        return sums.Of(column, items.at(item).firstRow, items.at(item).endRow).ToDouble();
+    };
+    ASSERT_EQ(items.size(), 5U);
+    EXPECT_EQ(sumOf(0, 1), 3);
+    EXPECT_EQ(sumOf(1, 2), 30);
+    EXPECT_EQ(sumOf(2, 1), 3);
+    EXPECT_EQ(sumOf(3, 2), 30);
+    EXPECT_EQ(sumOf(4, 2), 60);
 }
 
 TEST_F(FlowTest, CarriesTheKeepsOfTheBands) {

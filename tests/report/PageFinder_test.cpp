@@ -82,7 +82,7 @@ TEST(FindText, FindsOnThePageOfATallCellThatShowsTheText) {
         const QString text = u"line %1."_s.arg(i);
         const auto found = FindText(*document, text, std::nullopt);
         ASSERT_TRUE(found.has_value()) << i;
-        EXPECT_TRUE(document->PageText(found->position.page).contains(text)) << i;
+        EXPECT_TRUE(PageText(*document, found->position.page).contains(text)) << i;
         const QRectF page(QPointF(), document->PageSize());
         EXPECT_TRUE(page.contains(found->box)) << i;
         EXPECT_EQ(FindText(*document, text, found->position)->position.page, found->position.page) << i;
@@ -91,7 +91,7 @@ TEST(FindText, FindsOnThePageOfATallCellThatShowsTheText) {
 
 TEST(FindText, FindsATextThatGoesOverThePagesEndWhereItBegins) {
     const auto document = OneTallCell();
-    const auto lines = document->PageText(1).count(u'\n');
+    const auto lines = PageText(*document, 1).count(u'\n');
     const QString text = u"line %1.\nline %2."_s.arg(lines).arg(lines + 1);
     EXPECT_EQ(FindText(*document, text, std::nullopt)->position.page, 1);
     EXPECT_EQ(FindText(*document, text, CellPosition{1, 0})->position.page, 1);

@@ -1,9 +1,5 @@
 #include "report/pages/ReportDocument.h"
-#include "report/template/TemplateAttributes.h"
-#include "report/template/TemplateReader.h"
 #include "support/report/ReportFixture.h"
-
-#include <QPainter>
 
 #include <gmock/gmock.h>
 
@@ -25,39 +21,19 @@ QString Detail() {
     return QString::fromLatin1(kDetail);
 }
 
-/// The page as an image of a dot for each point.
-QImage Painted(const ReportDocument& document, int page) {
-    QImage image(document.PageSize().toSize(), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    document.PaintPage(painter, page);
-    return image;
-}
-
-bool HasInk(const QImage& image, const QRectF& millimetres) {
-    const double unit = MillimetresToPoints(1);
-    for (int y = int(millimetres.top() * unit); y < int(millimetres.bottom() * unit); ++y) {
-        for (int x = int(millimetres.left() * unit); x < int(millimetres.right() * unit); ++x) {
-            if (image.pixelColor(x, y) != QColor(Qt::white))
-                return true;
-        }
-    }
-    return false;
-}
-
 } // namespace
 
 TEST(ReportDocument, HasOnePageWithoutRows) {
     const auto document = SmallDocument(Detail(), Numbered(0));
     EXPECT_EQ(document->PageCount(), 1);
-    EXPECT_EQ(document->PageText(1), QString());
+    EXPECT_EQ(PageText(*document, 1), QString());
 }
 
 TEST(ReportDocument, FillsPagesWithRows) {
     const auto document = SmallDocument(Detail(), Numbered(23));
     EXPECT_EQ(document->PageCount(), 3);
-    EXPECT_EQ(document->PageText(1), u"1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n"_s);
-    EXPECT_EQ(document->PageText(3), u"21\n22\n23\n"_s);
+    EXPECT_EQ(PageText(*document, 1), u"1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n"_s);
+    EXPECT_EQ(PageText(*document, 3), u"21\n22\n23\n"_s);
 }
 
 TEST(ReportDocument, KnowsThePageCountOnTheFirstPage) {
@@ -67,17 +43,16 @@ TEST(ReportDocument, KnowsThePageCountOnTheFirstPage) {
             u"<page-footer height=\"10\"><text x=\"0\" y=\"5\" width=\"90\">end of {page}</text></page-footer>"_s,
         Numbered(9));
     EXPECT_EQ(document->PageCount(), 2);
-    EXPECT_EQ(document->PageText(1), u"Page 1 of 2\n1\n2\n3\n4\n5\n6\n7\n8\nend of 1\n"_s);
-    EXPECT_EQ(document->PageText(2), u"Page 2 of 2\n9\nend of 2\n"_s);
+    EXPECT_EQ(PageText(*document, 1), u"Page 1 of 2\n1\n2\n3\n4\n5\n6\n7\n8\nend of 1\n"_s);
+    EXPECT_EQ(PageText(*document, 2), u"Page 2 of 2\n9\nend of 2\n"_s);
 }
 
 TEST(ReportDocument, LeavesOutWhatIsForSeveralPagesOnASinglePage) {
     const auto document = SmallDocument(
-        u"<page-header height=\"10\"><text x=\"0\" y=\"0\" width=\"90\" show=\"several-pages\" border=\"all\">Page {page}</text></page-header>"_s +
+        u"<page-header height=\"10\"><text x=\"0\" y=\"0\" width=\"90\" show=\"several-pages\">Page {page}</text></page-header>"_s +
             Detail(),
         Numbered(1));
-    EXPECT_EQ(document->PageText(1), u"1\n"_s);
-    EXPECT_FALSE(HasInk(Painted(*document, 1), QRectF(0, 0, 100, 9)));
+    EXPECT_EQ(PageText(*document, 1), u"1\n"_s);
 }
 
 TEST(ReportDocument, SumsAndCountsByGroupAndReport) {
@@ -87,7 +62,7 @@ TEST(ReportDocument, SumsAndCountsByGroupAndReport) {
         "<footer height=\"5\"><text x=\"0\" y=\"0\" width=\"90\">up to {A}: {sum A}</text></footer></group>"
         "<report-footer height=\"5\"><text x=\"0\" y=\"0\" width=\"90\">{count}: {sum A}</text></report-footer>"_s,
         Numbered(6));
-    EXPECT_EQ(document->PageText(1), u"G0 has 4\nup to 4: 10\nG1 has 2\nup to 6: 11\n6: 21\n"_s);
+    EXPECT_EQ(PageText(*document, 1), u"G0 has 4\nup to 4: 10\nG1 has 2\nup to 6: 11\n6: 21\n"_s);
 }
 
 TEST(ReportDocument, RepeatsTheHeadsOfAGroupThatGoesOn) {
@@ -95,8 +70,8 @@ TEST(ReportDocument, RepeatsTheHeadsOfAGroupThatGoesOn) {
         u"<group by=\"Group\"><header height=\"30\"><text x=\"0\" y=\"0\" width=\"90\">{Group}</text></header>"_s +
             Detail().replace(u"height=\"10\""_s, u"height=\"30\""_s) + u"</group>"_s,
         Numbered(4));
-    EXPECT_EQ(document->PageText(1), u"G0\n1\n2\n"_s);
-    EXPECT_EQ(document->PageText(2), u"G0\n3\n4\n"_s);
+    EXPECT_EQ(PageText(*document, 1), u"G0\n1\n2\n"_s);
+    EXPECT_EQ(PageText(*document, 2), u"G0\n3\n4\n"_s);
 }
 
 TEST(ReportDocument, ListsItsGroupsWithTheirPages) {
@@ -117,7 +92,7 @@ TEST(ReportDocument, ALongTextMovesTheRowsBelow) {
         {{u"one"_s, 1}, {u"a name that goes over several lines of its narrow cell"_s, 1}, {u"three"_s, 1}});
     const auto document =
         SmallDocument(u"<detail height=\"5\"><text x=\"0\" y=\"0\" width=\"25\">{A}</text></detail>"_s, rows);
-    EXPECT_EQ(document->PageText(1),
+    EXPECT_EQ(PageText(*document, 1),
               u"one\na name that\ngoes over\nseveral lines of\nits narrow cell\nthree\n"_s);
 }
 
@@ -131,7 +106,7 @@ TEST(ReportDocument, ABandTallerThanAPageGoesOnWithoutLosingALine) {
                       Rows({u"A"_s}, {{lines.join(u'\n')}, {u"next"_s}}));
     ASSERT_GT(document->PageCount(), 1);
     for (int page = 1; page <= document->PageCount(); ++page)
-        text += document->PageText(page);
+        text += PageText(*document, page);
     EXPECT_EQ(text, lines.join(u'\n') + u"\nnext\n"_s);
 }
 
@@ -160,63 +135,6 @@ TEST(ReportDocument, RefusesAPageHeaderOrFooterThatHasGrownOverThePage) {
     }
 }
 
-TEST(ReportDocument, PaintsWhereTheTemplateSays) {
-    const auto document =
-        SmallDocument(u"<detail height=\"50\"><text x=\"10\" y=\"10\" width=\"30\">{A}</text><box x=\"60\" "
-                      u"y=\"10\" width=\"20\" height=\"10\" fill=\"black\"/>"
-                      "<line x1=\"10\" y1=\"40\" x2=\"30\" y2=\"40\"/></detail>"_s,
-                      Rows({u"A"_s}, {{u"WWW"_s}}));
-    const QImage page = Painted(*document, 1);
-    EXPECT_TRUE(HasInk(page, QRectF(10, 10, 10, 5)));
-    EXPECT_TRUE(HasInk(page, QRectF(62, 12, 10, 5)));
-    EXPECT_TRUE(HasInk(page, QRectF(10, 39, 20, 2)));
-    EXPECT_FALSE(HasInk(page, QRectF(0, 21, 100, 17)));
-    EXPECT_FALSE(HasInk(page, QRectF(0, 0, 100, 9)));
-    EXPECT_FALSE(HasInk(page, QRectF(32, 10, 25, 5)));
-}
-
-TEST(ReportDocument, PutsThePageFooterAtTheBottomOfAPageThatIsNotFull) {
-    const auto document = SmallDocument(
-        Detail() +
-            u"<page-footer height=\"10\"><text x=\"0\" y=\"5\" width=\"90\">WWW</text></page-footer>"_s,
-        Numbered(1));
-    const QImage page = Painted(*document, 1);
-    EXPECT_TRUE(HasInk(page, QRectF(0, 94, 50, 5)));
-    EXPECT_FALSE(HasInk(page, QRectF(0, 11, 50, 80)));
-}
-
-TEST(ReportDocument, PaintsEachPieceOfATallBandOnItsOwnPage) {
-    QString lines;
-    for (int i = 1; i <= 40; ++i)
-        lines += u"W\n"_s;
-    const auto document = SmallDocument(
-        u"<page-footer height=\"10\"/><detail height=\"5\"><text x=\"0\" y=\"0\" width=\"90\">{A}</text></detail>"_s,
-        Rows({u"A"_s}, {{lines}}));
-    ASSERT_EQ(document->PageCount(), 2);
-    EXPECT_FALSE(HasInk(Painted(*document, 1), QRectF(0, 90, 100, 9)))
-        << "the first piece must not run into the footer";
-    EXPECT_TRUE(HasInk(Painted(*document, 2), QRectF(0, 0, 10, 4)));
-}
-
-TEST(ReportDocument, PaintsPicturesAndFilledCells) {
-    const QTemporaryDir folder;
-    QImage image(4, 4, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    ASSERT_TRUE(image.save(folder.filePath(u"logo.png"_s)));
-    const ReportTemplate report = ReadTemplate(
-        folder.filePath(u"t.rpt"_s),
-        SmallTemplate(
-            u"<report-header height=\"50\"><image x=\"10\" y=\"10\" width=\"10\" height=\"10\" "
-            u"file=\"logo.png\"/>"
-            "<text x=\"50\" y=\"10\" width=\"20\" height=\"10\" fill=\"blue\"></text></report-header>"_s));
-    ReportData data;
-    data.queries = {Rows({u"A"_s})};
-    const QImage page = Painted(ReportDocument(report, data), 1);
-    const int middle = int(MillimetresToPoints(15));
-    EXPECT_EQ(page.pixelColor(middle, middle), QColor(Qt::red));
-    EXPECT_EQ(page.pixelColor(int(MillimetresToPoints(60)), middle), QColor(Qt::blue));
-}
-
 TEST(ReportDocument, RefusesFieldsThatTheRowsDoNotHave) {
     EXPECT_EQ(TextOfFailure([] {
                   SmallDocument(
@@ -224,14 +142,4 @@ TEST(ReportDocument, RefusesFieldsThatTheRowsDoNotHave) {
                       Numbered(1));
               }),
               u"small.rpt, line 3: The rows have no field \"Nobody\"."_s);
-}
-
-TEST(PageText, PutsTextsOfOneHeightIntoOneLineAndAmountsUnderEachOther) {
-    const auto document = SmallDocument(
-        u"<detail height=\"5\"><text x=\"40\" y=\"0\" width=\"30\" align=\"right\">{A}</text><text x=\"0\" y=\"0.5\" width=\"30\">{B}</text></detail>"_s,
-        Rows({u"A"_s, u"B"_s}, {{u"1,250.00"_s, u"left"_s}, {u"5.00"_s, u"other"_s}}));
-    const QStringList lines = document->PageText(1).split(u'\n');
-    ASSERT_EQ(lines.size(), 3);
-    EXPECT_TRUE(lines[0].startsWith(u"left "_s) && lines[0].endsWith(u" 1,250.00"_s));
-    EXPECT_EQ(lines[0].size(), lines[1].size());
 }

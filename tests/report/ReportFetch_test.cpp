@@ -31,7 +31,7 @@ class ReportFetchTest : public testing::Test {
 
 TEST_F(ReportFetchTest, MakesThePagesOfTheOrdersRowsAndClosesItsConnection) {
     ReportFetch fetch(Order());
-    EXPECT_EQ(fetch.Run()->PageText(1).simplified(), u"one two"_s);
+    EXPECT_EQ(PageText(*fetch.Run(), 1).simplified(), u"one two"_s);
     EXPECT_EQ(database.commands.size(), 2);
     EXPECT_EQ(database.open, 0);
 }

@@ -17,6 +17,11 @@ struct Summed {
 
 class ReportSumsTest : public testing::TestWithParam<Summed> {};
 
+/// The sum of one column over a run of rows.
+Value SumOf(const RowData& rows, size_t column, quint32 first, quint32 end) {
+    return ReportSums(rows, {column}, {{first, end}}).Of(column, first, end);
+}
+
 } // namespace
 
 TEST_P(ReportSumsTest, IsExact) {
@@ -24,7 +29,7 @@ TEST_P(ReportSumsTest, IsExact) {
     for (const Value& cell : GetParam().cells)
         rows.push_back({u"x"_s, cell});
     const auto data = Rows({u"a"_s, u"b"_s}, rows);
-    EXPECT_EQ(ReportSums().Of(*data, 1, 0, data->RowCount()), Value(Decimal{GetParam().sum}));
+    EXPECT_EQ(SumOf(*data, 1, 0, quint32(data->RowCount())), Value(Decimal{GetParam().sum}));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -47,18 +52,37 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(ReportSums, TakesInTheRowsAskedForOnly) {
     const auto rows = Rows({u"a"_s}, {{Value(1)}, {Value(10)}, {Value(100)}, {Value(1000)}});
-    EXPECT_EQ(ReportSums().Of(*rows, 0, 1, 3), Value(Decimal{u"110.0000"_s}));
+    EXPECT_EQ(SumOf(*rows, 0, 1, 3), Value(Decimal{u"110.0000"_s}));
 }
 
 TEST(ReportSums, RunsOfOneColumnAndColumnsOfOneRunStayApart) {
     const auto rows = Rows({u"a"_s, u"b"_s}, {{Value(1), Value(2)}, {Value(10), Value(20)}});
-    ReportSums sums;
-    for (int again = 0; again < 2; ++again) {
-        EXPECT_EQ(sums.Of(*rows, 0, 0, 1), Value(Decimal{u"1.0000"_s}));
-        EXPECT_EQ(sums.Of(*rows, 0, 0, 2), Value(Decimal{u"11.0000"_s}));
-        EXPECT_EQ(sums.Of(*rows, 0, 1, 2), Value(Decimal{u"10.0000"_s}));
-        EXPECT_EQ(sums.Of(*rows, 1, 0, 2), Value(Decimal{u"22.0000"_s}));
-    }
+    const ReportSums sums(*rows, {1, 0}, {{0, 1}, {1, 2}, {0, 2}, {0, 2}});
+    EXPECT_EQ(sums.Of(0, 0, 1), Value(Decimal{u"1.0000"_s}));
+    EXPECT_EQ(sums.Of(0, 0, 2), Value(Decimal{u"11.0000"_s}));
+    EXPECT_EQ(sums.Of(0, 1, 2), Value(Decimal{u"10.0000"_s}));
+    EXPECT_EQ(sums.Of(1, 0, 2), Value(Decimal{u"22.0000"_s}));
+}
+
+TEST(ReportSums, RunsWithinEachOther) {
+    const auto rows = Rows({u"a"_s}, {{Value(1)}, {Value(10)}, {Value(100)}, {Value(1000)}, {Value(10000)}});
+    const ReportSums sums(*rows, {0}, {{0, 5}, {1, 4}, {1, 2}, {2, 4}, {4, 5}});
+    EXPECT_EQ(sums.Of(0, 0, 5), Value(Decimal{u"11111.0000"_s}));
+    EXPECT_EQ(sums.Of(0, 1, 4), Value(Decimal{u"1110.0000"_s}));
+    EXPECT_EQ(sums.Of(0, 1, 2), Value(Decimal{u"10.0000"_s}));
+    EXPECT_EQ(sums.Of(0, 2, 4), Value(Decimal{u"1100.0000"_s}));
+    EXPECT_EQ(sums.Of(0, 4, 5), Value(Decimal{u"10000.0000"_s}));
+}
+
+TEST(ReportSums, ARunWithoutRowsIsNothing) {
+    EXPECT_EQ(SumOf(*Rows({u"a"_s}, {{Value(1)}, {Value(10)}}), 0, 1, 1), Value(Decimal{u"0.0000"_s}));
+}
+
+TEST(ReportSums, AnOverflowIsRaisedForItsOwnRunOnly) {
+    const auto rows = Rows({u"a"_s}, {{Value(1e15)}, {Value(1)}});
+    const ReportSums sums(*rows, {0}, {{0, 1}, {1, 2}});
+    EXPECT_EQ(sums.Of(0, 1, 2), Value(Decimal{u"1.0000"_s}));
+    EXPECT_THROW(sums.Of(0, 0, 1), RunTimeError);
 }
 
 TEST(ReportSums, ASumBeyondAnyAccountIsAnOverflow) {
@@ -75,7 +99,7 @@ TEST(ReportSums, ASumBeyondAnyAccountIsAnOverflow) {
             cells.push_back({cell});
         const auto rows = Rows({u"a"_s}, cells);
         try {
-            ReportSums().Of(*rows, 0, 0, rows->RowCount());
+            SumOf(*rows, 0, 0, quint32(rows->RowCount()));
             ADD_FAILURE() << i;
         } catch (const RunTimeError& error) {
             EXPECT_EQ(error.Number(), RunTime::kOverflow) << i;
@@ -85,5 +109,5 @@ TEST(ReportSums, ASumBeyondAnyAccountIsAnOverflow) {
 
 TEST(ReportSums, TheSmallestSumOfAllIsShown) {
     const auto rows = Rows({u"a"_s}, {{Decimal{u"-922337203685477.5807"_s}}, {Decimal{u"-0.0001"_s}}});
-    EXPECT_EQ(ReportSums().Of(*rows, 0, 0, 2), Value(Decimal{u"-922337203685477.5808"_s}));
+    EXPECT_EQ(SumOf(*rows, 0, 0, 2), Value(Decimal{u"-922337203685477.5808"_s}));
 }

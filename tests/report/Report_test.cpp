@@ -119,7 +119,7 @@ TEST_F(ReportTest, NamesTheUserOfItsLogOnAlsoWhenTheLogOnIsForgotten) {
     QString user = u"AN"_s;
     user += u'A';
     named.Tables()[0].SetLogOnInfo(u"SERVER"_s, u"PASSWORD"_s, user, u"secret"_s);
-    EXPECT_EQ(named.Document()->PageText(1).trimmed(), u"by ANA"_s);
+    EXPECT_EQ(PageText(*named.Document(), 1).trimmed(), u"by ANA"_s);
 }
 
 TEST_F(ReportTest, ForgetsItsLogOnsWithTheRowsFetched) {
@@ -156,7 +156,7 @@ TEST_F(ReportTest, KeepsATextOfItsOwnForTheLogOnAndOverwritesIt) {
 TEST_F(ReportTest, ShowsRowsParametersNamedQueriesAndItsMoment) {
     LogOn();
     FillIn();
-    EXPECT_EQ(report.Document()->PageText(1).simplified(),
+    EXPECT_EQ(PageText(*report.Document(), 1).simplified(),
               u"HOSPITAL ANA 1 11/21/2026 10:30:15 AM 2 11/21/2026 10:30:15 AM"_s);
 }
 

@@ -52,7 +52,7 @@ constexpr auto kWhole = R"(<?xml version="1.0"?>
 )";
 
 ReportTemplate Whole() {
-    return ReadTemplate(u"whole.rpt"_s, kWhole);
+    return *ReadTemplate(u"whole.rpt"_s, kWhole);
 }
 
 } // namespace
@@ -68,7 +68,7 @@ TEST(TemplateReader, ReadsPaperAndMargins) {
 }
 
 TEST(TemplateReader, ReadsPaperOfAnySize) {
-    const ReportTemplate report = ReadTemplate(u"t"_s, SmallTemplate({}));
+    const ReportTemplate report = *ReadTemplate(u"t"_s, SmallTemplate({}));
     EXPECT_NEAR(report.PageSize().width(), MillimetresToPoints(100), 1);
     EXPECT_NEAR(report.PageSize().height(), MillimetresToPoints(100), 1);
 }
@@ -151,7 +151,7 @@ TEST(TemplateReader, ReadsPicturesFromTheFolderOfTheTemplate) {
     QImage image(2, 2, QImage::Format_RGB32);
     image.fill(Qt::red);
     ASSERT_TRUE(image.save(folder.filePath(u"logo.png"_s)));
-    const ReportTemplate report = ReadTemplate(
+    const ReportTemplate report = *ReadTemplate(
         folder.filePath(u"t.rpt"_s),
         SmallTemplate(
             u"<page-header height=\"9\"><image x=\"1\" y=\"1\" width=\"8\" height=\"8\" file=\"logo.png\"/></page-header>"_s));

@@ -121,7 +121,7 @@ TEST(AssessmentSlipOverTheEmbeddedHospital, PrintsWhatTheTwoDumpCommandsHaveLeft
         table.SetLogOnInfo(u"TRIAL"_s, u"PASSWORD"_s, {}, {});
     for (size_t i = 0; i < kAssessmentParameters.size(); ++i)
         report->ParameterFields()[i].AddCurrentValue(kAssessmentParameters[i]);
-    const QString text = report->Document()->PageText(1).simplified();
+    const QString text = PageText(*report->Document(), 1).simplified();
     SetReportConnector({});
     EXPECT_TRUE(text.startsWith(u"NUESTRA SEÑORA HOSPITAL ASSESSMENT SLIP San Isidro 5017"_s))
         << text.toStdString();

@@ -121,7 +121,7 @@ TEST(ChargeSlipOverTheEmbeddedHospital, PrintsWhatTheSavesHavePutIntoThePrintTab
         table.SetLogOnInfo(u"TRIAL"_s, u"PASSWORD"_s, {}, {});
     for (size_t i = 0; i < kChargeParameters.size(); ++i)
         report->ParameterFields()[i].AddCurrentValue(kChargeParameters[i]);
-    const QString text = report->Document()->PageText(1).simplified();
+    const QString text = PageText(*report->Document(), 1).simplified();
     SetReportConnector({});
     EXPECT_TRUE(text.startsWith(u"NUESTRA SEÑORA HOSPITAL CHARGE SLIP San Isidro H1042C"_s))
         << text.toStdString();

@@ -50,7 +50,7 @@ TEST_F(OlderChargeSlip, PrintsThePrintTablePointedAtTheReportsDatabase) {
         SetTableLogOn(table, u"REPORTS"_s);
     for (ParameterField& field : report->ParameterFields())
         field.SetCurrentValue(u"<"_s + field.Name() + u">"_s);
-    EXPECT_EQ(report->Document()->PageText(1).simplified(),
+    EXPECT_EQ(PageText(*report->Document(), 1).simplified(),
               u"<TITLE> Patient Admission No. Date <PATIENT> <ADMNO> <CHARGEDATE> Company Remarks <COMPANY> "
               "<REMARKS> Dept. Code Particulars Quantity Amount HC HCHC001 TREATMENT 1 3,500.00 MD MD0142 "
               "DOCTOR 1,500.50 TOTAL AMOUNT 5,000.50 <ISSUER> <USERID> Issued by Printed by"_s);

@@ -83,7 +83,7 @@ TEST_F(RadioConsultation, OverTheEmbeddedHospitalShowsTheRequest) {
     const auto document = gReport->Document();
     SetReportConnector({});
     ASSERT_EQ(document->PageCount(), 1);
-    const QString text = document->PageText(1).simplified();
+    const QString text = PageText(*document, 1).simplified();
     for (const QStringView column : {u"LastName", u"HospNum", u"IDNum", u"ItemDesc", u"Requesting Nurse",
                                      u"Requesting Doctor", u"RoomID", u"RequestNum"})
         EXPECT_TRUE(text.contains(first.Fields(column).ToText().trimmed()))

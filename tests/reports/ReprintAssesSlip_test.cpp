@@ -137,7 +137,7 @@ class ReprintAssesSlipOverTheEmbeddedHospital : public testing::Test {
         parameters[0] = number;
         for (size_t i = 0; i < parameters.size(); ++i)
             report->ParameterFields()[i].AddCurrentValue(parameters[i]);
-        return report->Document()->PageText(1).simplified();
+        return PageText(*report->Document(), 1).simplified();
     }
 
   private:

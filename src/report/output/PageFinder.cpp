@@ -6,8 +6,8 @@
 
 namespace {
 
-QRectF BoxOf(const ReportDocument& document, const PageBand& band, size_t cell) {
-    QRectF box = document.LayOut(band).cells[cell].box.translated(band.x, band.y - band.top);
+QRectF BoxOf(const PageBand& band, const LaidCell& cell) {
+    QRectF box = cell.box.translated(band.x, band.y - band.top);
     if (band.isPiece) {
         box.setTop(std::max(box.top(), band.y));
         box.setBottom(std::min(box.bottom(), band.y + band.height));
@@ -38,21 +38,24 @@ bool IsInPiece(const LaidCell& cell, const PageBand& band, const QStringMatcher&
     return found >= 0 && found < end;
 }
 
-bool IsIn(const ReportDocument& document, const PageBand& band, size_t cell, const QStringMatcher& matcher) {
+/// Texts are put in place only where that tells what a piece shows: most are not the one looked for.
+bool IsIn(const PageBand& band, size_t cell, const QStringMatcher& matcher, ReportFonts& fonts) {
     if (band.isPiece)
-        return IsInPiece(document.LayOut(band).cells[cell], band, matcher);
-    const ReportCell& designed = band.band->cells[cell];
-    const bool shown = !designed.onlySeveralPages || document.PageCount() > 1;
-    return shown && matcher.indexIn(TextOf(designed, band.place)) >= 0;
+        return IsInPiece(LayOutBand(*band.band, band.place, fonts).cells[cell], band, matcher);
+    const BoundCell& bound = band.band->cells[cell];
+    const bool shown = !bound.read->onlySeveralPages || band.place.pages > 1;
+    return shown && matcher.indexIn(TextOf(bound, band.place)) >= 0;
 }
 
 std::optional<FoundText> FindOnPage(const ReportDocument& document, const QStringMatcher& matcher,
-                                    CellPosition from) {
+                                    CellPosition from, ReportFonts& fonts) {
     size_t number = 0;
     for (const PageBand& band : document.BandsOf(from.page)) {
         for (size_t i = 0; i < band.band->cells.size(); ++i, ++number) {
-            if (number >= from.cell && IsIn(document, band, i, matcher))
-                return FoundText{{from.page, number}, BoxOf(document, band, i)};
+            if (number < from.cell || !IsIn(band, i, matcher, fonts))
+                continue;
+            const LaidBand laid = LayOutBand(*band.band, band.place, fonts);
+            return FoundText{{from.page, number}, BoxOf(band, laid.cells[i])};
         }
     }
     return std::nullopt;
@@ -71,7 +74,7 @@ FindJob::FindJob(const ReportDocument& document, const QString& text,
 bool FindJob::Step() {
     if (mMatcher.pattern().isEmpty())
         return false;
-    mFound = FindOnPage(mDocument, mMatcher, mFrom);
+    mFound = FindOnPage(mDocument, mMatcher, mFrom, mFonts);
     mFrom = {mFrom.page % mDocument.PageCount() + 1, 0};
     return !mFound && StepIsDone();
 }

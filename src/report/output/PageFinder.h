@@ -1,6 +1,7 @@
 #pragma once
 
 #include "report/output/ReportJob.h"
+#include "report/pages/ReportFont.h"
 
 #include <QRectF>
 #include <QString>
@@ -38,6 +39,7 @@ class FindJob : public ReportJob {
 
   private:
     const ReportDocument& mDocument;
+    ReportFonts mFonts;
     QStringMatcher mMatcher;
     CellPosition mFrom;
     std::optional<FoundText> mFound;

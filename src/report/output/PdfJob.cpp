@@ -1,6 +1,7 @@
 #include "report/output/PdfJob.h"
 
 #include "report/pages/PagedPaint.h"
+#include "report/pages/PaintPage.h"
 #include "report/pages/ReportDocument.h"
 
 using namespace Qt::StringLiterals;
@@ -33,7 +34,7 @@ bool PdfJob::Step() {
     const bool begun = Done() == 0 ? Begin() : mWriter->newPage();
     if (!begun)
         return End(u"The pages cannot be painted."_s);
-    mDocument.PaintPage(mPainter, Done() + 1);
+    PaintPage(mPainter, mDocument, Done() + 1, mFonts);
     if (StepIsDone())
         return true;
     const bool ended = mPainter.end();

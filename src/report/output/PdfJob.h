@@ -2,6 +2,7 @@
 
 #include "report/output/ReportJob.h"
 #include "report/output/WholeFile.h"
+#include "report/pages/ReportFont.h"
 
 #include <QPainter>
 #include <QPdfWriter>
@@ -24,6 +25,7 @@ class PdfJob : public ReportJob {
 
     const ReportDocument& mDocument;
     QString mTitle;
+    ReportFonts mFonts;
     WholeFile mFile;
     // The painter ends before the writer, and the writer before its file.
     std::optional<QPdfWriter> mWriter;

@@ -1,6 +1,7 @@
 #include "report/output/PrintJob.h"
 
 #include "report/pages/PagedPaint.h"
+#include "report/pages/PaintPage.h"
 #include "report/pages/ReportDocument.h"
 
 #include <QPrinter>
@@ -56,7 +57,7 @@ bool PrintJob::Step() {
     };
     if (!BeginPage(page))
         return refused();
-    mDocument.PaintPage(mPainter, mFirst + page);
+    PaintPage(mPainter, mDocument, mFirst + page, mFonts);
     if (StepIsDone())
         return true;
     return mPainter.end() ? false : refused();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "report/output/ReportJob.h"
+#include "report/pages/ReportFont.h"
 
 #include <QPainter>
 
@@ -31,6 +32,7 @@ class PrintJob : public ReportJob {
     std::shared_ptr<QPrinter> mPrinter;
     int mFirst;
     int mPages;
+    ReportFonts mFonts;
     QPainter mPainter;
 };
 

@@ -71,23 +71,24 @@ double BandGrowth::At(double y) const {
     return pushed;
 }
 
-LaidBand LayOutBand(const ReportBand& band, const TextPlace& place, ReportFonts& fonts) {
+LaidBand LayOutBand(const BoundBand& band, const TextPlace& place, ReportFonts& fonts) {
     LaidBand laid;
-    laid.band = &band;
+    laid.band = band.read;
     laid.cells.reserve(band.cells.size());
     std::vector<std::vector<QString>> texts;
     texts.reserve(band.cells.size());
     std::vector<WrappedCell> wrapped;
-    for (const ReportCell& cell : band.cells) {
+    for (const BoundCell& bound : band.cells) {
+        const ReportCell& cell = *bound.read;
         const bool shown = !cell.onlySeveralPages || place.pages > 1;
         const ReportFont& font = fonts.Of(cell.style);
-        laid.cells.push_back({&cell, &font, cell.box, shown ? TextOf(cell, place) : QString(), {}});
+        laid.cells.push_back({&cell, &font, cell.box, shown ? TextOf(bound, place) : QString(), {}});
         texts.push_back(font.Wrap(laid.cells.back().text, cell.box.width() - 2 * kCellPadding));
         if (const double growth = GrowthOf(cell, font, texts.back().size()); growth > 0)
             wrapped.push_back({texts.size() - 1, growth});
     }
-    laid.growth = CollectGrowth(band, wrapped);
-    laid.height = band.height + laid.growth.At(band.height);
+    laid.growth = CollectGrowth(*band.read, wrapped);
+    laid.height = band.read->height + laid.growth.At(band.read->height);
     for (size_t i = 0; i < texts.size(); ++i) {
         LaidCell& cell = laid.cells[i];
         const double top = cell.box.top();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "report/pages/BoundTemplate.h"
 #include "report/pages/CellText.h"
 #include "report/pages/ReportFont.h"
 #include "report/template/ReportTemplate.h"
@@ -55,7 +56,7 @@ constexpr double kCellPadding = 1;
 
 /// Puts the texts of a band in place. A text that takes more lines than its cell has room for makes the cell
 /// taller and pushes down what stands below it.
-LaidBand LayOutBand(const ReportBand& band, const TextPlace& place, ReportFonts& fonts);
+LaidBand LayOutBand(const BoundBand& band, const TextPlace& place, ReportFonts& fonts);
 
 /// Where a band that is too tall for a page can be cut without cutting a line of text: the heights, from the
 /// band's top, at which its pieces end. No piece is higher than `room`.

@@ -1,5 +1,7 @@
 #include "report/pages/BandMeasure.h"
 
+#include "report/pages/FormatValue.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -17,9 +19,9 @@ constexpr double kNameSlack = 1.15;
 /// Beyond this the run-time writes numbers with an exponent.
 constexpr double kLargestPlain = 1e15;
 
-bool DependsOnRow(const TextPiece& piece) {
-    return piece.kind == TextPiece::Kind::Sum || piece.kind == TextPiece::Kind::Count ||
-           (piece.kind == TextPiece::Kind::Field && !piece.query);
+bool DependsOnRow(const BoundPiece& piece) {
+    return piece.kind == BoundPiece::Kind::Sum || piece.kind == BoundPiece::Kind::Count ||
+           piece.kind == BoundPiece::Kind::Field;
 }
 
 /// What a pattern writes at most besides the digits before the point and the commas between them.
@@ -72,28 +74,29 @@ double WidestDate(const ReportFont& font, const QString& format) {
 
 } // namespace
 
-BandMeasure::BandMeasure(const ReportBand& band, const TextPlace& place, ReportFonts& fonts)
+BandMeasure::BandMeasure(const BoundBand& band, const TextPlace& place, ReportFonts& fonts)
     : mBand(band)
     , mFonts(fonts) {
-    for (const ReportCell& cell : band.cells)
+    for (const BoundCell& cell : band.cells)
         Prepare(cell, place);
 }
 
-void BandMeasure::Prepare(const ReportCell& cell, const TextPlace& place) {
-    const ReportFont& font = mFonts.Of(cell.style);
-    Check check{.cell = &cell, .font = &font, .width = cell.box.width() - 2 * kCellPadding};
+void BandMeasure::Prepare(const BoundCell& cell, const TextPlace& place) {
+    const QString& format = cell.read->format;
+    const ReportFont& font = mFonts.Of(cell.read->style);
+    Check check{.cell = &cell, .font = &font, .width = cell.read->box.width() - 2 * kCellPadding};
     if (std::none_of(cell.text.begin(), cell.text.end(), DependsOnRow)) {
         mAlwaysWraps |= Wraps(check, place);
         return;
     }
     check.safeDigits = qsizetype(check.width / font.WidestDigit());
-    const TextPiece& piece = cell.text.front();
-    check.isColumn = cell.text.size() == 1 && piece.kind == TextPiece::Kind::Field;
+    const BoundPiece& piece = cell.text.front();
+    check.isColumn = cell.text.size() == 1 && piece.kind == BoundPiece::Kind::Field;
     if (check.isColumn) {
-        check.column = piece.number;
-        check.hasNumberFormat = IsNumberFormat(cell.format);
-        check.fixedPart = FixedPart(cell.format);
-        check.datesFit = WidestDate(font, cell.format) <= check.width;
+        check.column = piece.column;
+        check.hasNumberFormat = IsNumberFormat(format);
+        check.fixedPart = FixedPart(format);
+        check.datesFit = WidestDate(font, format) <= check.width;
     } else if (cell.text.size() == 1 && check.safeDigits >= kLongestSum) {
         // A sum that has room at its longest need not be added up to know that it does not wrap.
         return;
@@ -102,7 +105,7 @@ void BandMeasure::Prepare(const ReportCell& cell, const TextPlace& place) {
 }
 
 double BandMeasure::HeightAt(const TextPlace& place) const {
-    const RowData& rows = place.data.Rows();
+    const RowData& rows = place.rows;
     const bool hasRow = place.row < rows.RowCount();
     const auto grows = [&](const Check& check) {
         if (check.isColumn && !(hasRow && MayWrap(check, rows.Cell(place.row, check.column))))
@@ -111,7 +114,7 @@ double BandMeasure::HeightAt(const TextPlace& place) const {
     };
     if (mAlwaysWraps || std::any_of(mChecks.begin(), mChecks.end(), grows))
         return LayOutBand(mBand, place, mFonts).height;
-    return mBand.height;
+    return mBand.read->height;
 }
 
 bool BandMeasure::Wraps(const Check& check, const TextPlace& place) {
@@ -119,7 +122,7 @@ bool BandMeasure::Wraps(const Check& check, const TextPlace& place) {
 }
 
 bool BandMeasure::MayWrap(const Check& check, const Value& value) {
-    const QString& format = check.cell->format;
+    const QString& format = check.cell->read->format;
     const auto numberMayWrap = [&](qsizetype digits) {
         return LongestNumber(digits, check.fixedPart) > check.safeDigits;
     };

@@ -9,7 +9,7 @@
 /// cannot.
 class BandMeasure {
   public:
-    BandMeasure(const ReportBand& band, const TextPlace& place, ReportFonts& fonts);
+    BandMeasure(const BoundBand& band, const TextPlace& place, ReportFonts& fonts);
 
     /// The band's height in points.
     double HeightAt(const TextPlace& place) const;
@@ -17,7 +17,7 @@ class BandMeasure {
   private:
     /// A cell whose text changes with the rows.
     struct Check {
-        const ReportCell* cell = nullptr;
+        const BoundCell* cell = nullptr;
         const ReportFont* font = nullptr;
         double width = 0;
         /// A cell that shows one column and nothing else.
@@ -32,11 +32,11 @@ class BandMeasure {
         bool datesFit = false;
     };
 
-    void Prepare(const ReportCell& cell, const TextPlace& place);
+    void Prepare(const BoundCell& cell, const TextPlace& place);
     static bool MayWrap(const Check& check, const Value& value);
     static bool Wraps(const Check& check, const TextPlace& place);
 
-    const ReportBand& mBand;
+    const BoundBand& mBand;
     ReportFonts& mFonts;
     std::vector<Check> mChecks;
     bool mAlwaysWraps = false;

@@ -1,14 +1,17 @@
 #pragma once
 
-#include "report/pages/ReportData.h"
-#include "report/template/ReportTemplate.h"
+#include "gateway/RowSet.h"
+#include "report/pages/BoundTemplate.h"
+#include "report/pages/ReportSums.h"
 
 #include <QString>
-#include <QStringView>
 
 /// Where in the report a text stands.
 struct TextPlace {
-    const ReportData& data;
+    /// The report's rows.
+    const RowData& rows;
+    /// With those of the rows below, where the text shows a sum.
+    const ReportSums& sums;
     /// The row whose fields are shown; any number where there are no rows.
     size_t row = 0;
     /// The rows that sums and counts take in, the last one excluded.
@@ -18,13 +21,5 @@ struct TextPlace {
     int pages = 1;
 };
 
-/// The text that a cell shows at that place.
-QString TextOf(const ReportCell& cell, const TextPlace& place);
-
-/// A value in a cell's format. A format with a 0 or # in it is one for numbers, any other one for dates; an
-/// empty one gives the run-time's own text. Null gives the empty text, and a text that is neither number nor
-/// date stays as it is.
-QString FormatValue(const Value& value, QStringView format);
-
-/// Whether a format is one for numbers.
-bool IsNumberFormat(QStringView format);
+/// The text that a cell shows at that place. Raises 6 for a sum that is beyond any account.
+QString TextOf(const BoundCell& cell, const TextPlace& place);

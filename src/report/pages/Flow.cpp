@@ -1,8 +1,11 @@
 #include "report/pages/Flow.h"
 
 #include "report/pages/BandMeasure.h"
+#include "report/pages/BandNumbers.h"
 
 #include <algorithm>
+#include <optional>
+#include <set>
 
 namespace {
 
@@ -24,33 +27,18 @@ bool SameGroup(const Value& a, const Value& b) {
            WithoutTrailingBlanks(*left).compare(WithoutTrailingBlanks(*right), Qt::CaseInsensitive) == 0;
 }
 
-/// Numbers of the bands by their order.
-struct BandNumbers {
-    explicit BandNumbers(size_t groups)
-        : mGroups(static_cast<quint16>(groups)) {}
-    static constexpr quint16 kReportHeader = 0;
-    quint16 Header(size_t level) const { return static_cast<quint16>(1 + level); }
-    quint16 Detail() const { return static_cast<quint16>(1 + mGroups); }
-    quint16 Footer(size_t level) const { return static_cast<quint16>(1 + 2 * mGroups - level); }
-    quint16 ReportFooter() const { return static_cast<quint16>(2 + 2 * mGroups); }
-    bool IsFooter(quint16 band) const { return band > Detail(); }
-
-  private:
-    quint16 mGroups;
-};
-
 class FlowBuilder {
   public:
-    FlowBuilder(const ReportTemplate& report, const RowData& rows)
+    FlowBuilder(const BoundTemplate& report, const RowData& rows)
         : mReport(report)
         , mRows(rows)
-        , mBands(BandsInOrder(report))
-        , mNumbers(report.groups.size())
-        , mOpen(report.groups.size()) {}
+        , mGroups(report.Read().groups)
+        , mNumbers(mGroups.size())
+        , mOpen(mGroups.size()) {}
 
     std::vector<FlowItem> Build() {
         const auto count = static_cast<quint32>(mRows.RowCount());
-        const size_t groups = mReport.groups.size();
+        const size_t groups = mGroups.size();
         mItems.reserve(count + 2);
         Add(BandNumbers::kReportHeader, 0, count, 0);
         for (quint32 row = 0; row < count; ++row) {
@@ -77,18 +65,18 @@ class FlowBuilder {
     size_t ChangedLevel(quint32 row) const {
         if (row == 0)
             return 0;
-        for (size_t level = 0; level < mReport.groups.size(); ++level) {
-            const size_t column = mReport.groups[level].column;
+        for (size_t level = 0; level < mGroups.size(); ++level) {
+            const size_t column = mReport.GroupColumns()[level];
             if (!SameGroup(mRows.Cell(row - 1, column), mRows.Cell(row, column)))
                 return level;
         }
-        return mReport.groups.size();
+        return mGroups.size();
     }
 
     void Add(quint16 number, quint32 firstRow, quint32 endRow, size_t depth) {
-        const ReportBand* band = mBands[number];
-        if (!band)
+        if (!mReport.Bands()[number])
             return;
+        const ReportBand* band = mReport.Bands()[number]->read;
         if (band->keepWithPrevious && !mItems.empty())
             mItems.back().keepWithNext = true;
         mItems.push_back({.firstRow = firstRow,
@@ -101,68 +89,115 @@ class FlowBuilder {
     void Open(size_t level, quint32 row) {
         mOpen[level] = {static_cast<quint32>(mItems.size()), row};
         Add(mNumbers.Header(level), row, row, level);
-        if (const auto& header = mReport.groups[level].header) {
+        if (const auto& header = mGroups[level].header) {
             mItems.back().isHead = true;
             mItems.back().repeats = header->repeats;
         }
     }
 
     void Close(size_t changed, quint32 row) {
-        for (size_t level = mReport.groups.size(); level-- > changed;) {
+        for (size_t level = mGroups.size(); level-- > changed;) {
             const OpenGroup& open = mOpen[level];
             Add(mNumbers.Footer(level), open.firstRow, row, level + 1);
             if (open.firstItem == mItems.size())
                 continue;
             FlowItem& first = mItems[open.firstItem];
-            if (mReport.groups[level].header)
+            if (mGroups[level].header)
                 first.endRow = row;
             // Where a group and one within it begin with the same item, the larger one counts.
-            if (mReport.groups[level].keepTogether)
+            if (mGroups[level].keepTogether)
                 first.keepEnd = static_cast<quint32>(mItems.size());
         }
     }
 
-    const ReportTemplate& mReport;
+    const BoundTemplate& mReport;
     const RowData& mRows;
-    std::vector<const ReportBand*> mBands;
+    const std::vector<ReportGroup>& mGroups;
     BandNumbers mNumbers;
     std::vector<OpenGroup> mOpen;
     std::vector<FlowItem> mItems;
 };
 
-/// Measures the items; true when one of them is too tall for a page.
-bool Measure(std::vector<FlowItem>& items, const ReportTemplate& report, const ReportData& data,
-             ReportFonts& fonts, double room) {
-    const TextPlace anywhere{.data = data, .page = kWidestPageNumber, .pages = kWidestPageNumber};
-    std::vector<std::optional<BandMeasure>> measures;
-    for (const ReportBand* band : BandsInOrder(report)) {
-        if (band)
-            measures.emplace_back(std::in_place, *band, anywhere, fonts);
-        else
-            measures.emplace_back();
+std::vector<size_t> SummedColumns(const BoundBand& band) {
+    std::vector<size_t> columns;
+    for (const BoundCell& cell : band.cells) {
+        for (const BoundPiece& piece : cell.text) {
+            if (piece.kind == BoundPiece::Kind::Sum)
+                columns.push_back(piece.column);
+        }
     }
-    double tallest = 0;
-    for (FlowItem& item : items) {
-        const double height = measures[item.band]->HeightAt(PlaceOf(item, report, data));
-        item.height = float(height);
-        tallest = std::max(tallest, height);
-    }
-    return tallest > room;
+    return columns;
 }
 
-/// Parts the items that are too tall for a page.
-std::vector<FlowItem> Cut(const std::vector<FlowItem>& items, const ReportTemplate& report,
-                          const ReportData& data, ReportFonts& fonts, double room) {
-    const std::vector<const ReportBand*> bands = BandsInOrder(report);
-    std::vector<FlowItem> pieces;
-    std::vector<quint32> newNumbers;
+/// What the bands of the items add up.
+ReportSums SumsOf(const std::vector<FlowItem>& items, const BoundTemplate& report, const RowData& rows) {
+    std::set<size_t> columns;
+    std::vector<bool> adds;
+    for (const std::optional<BoundBand>& band : report.Bands()) {
+        const std::vector<size_t> summed = band ? SummedColumns(*band) : std::vector<size_t>();
+        columns.insert(summed.begin(), summed.end());
+        adds.push_back(!summed.empty());
+    }
+    std::vector<RowRun> runs;
     for (const FlowItem& item : items) {
-        newNumbers.push_back(static_cast<quint32>(pieces.size()));
-        if (double(item.height) <= room) {
-            pieces.push_back(item);
-            continue;
+        if (adds[item.band])
+            runs.push_back({item.firstRow, item.endRow});
+    }
+    return {rows, {columns.begin(), columns.end()}, std::move(runs)};
+}
+
+/// Gives the items their heights, and parts those that are too tall for a page.
+class FlowMeasure {
+  public:
+    FlowMeasure(const BoundTemplate& report, const RowData& rows, const ReportSums& sums, ReportFonts& fonts)
+        : mReport(report)
+        , mRows(rows)
+        , mSums(sums)
+        , mFonts(fonts) {}
+
+    /// Answers the greatest of the heights.
+    double Measure(std::vector<FlowItem>& items) const {
+        const TextPlace anywhere{
+            .rows = mRows, .sums = mSums, .page = kWidestPageNumber, .pages = kWidestPageNumber};
+        std::vector<std::optional<BandMeasure>> measures;
+        for (const std::optional<BoundBand>& band : mReport.Bands()) {
+            if (band)
+                measures.emplace_back(std::in_place, *band, anywhere, mFonts);
+            else
+                measures.emplace_back();
         }
-        const LaidBand laid = LayOutBand(*bands[item.band], PlaceOf(item, report, data), fonts);
+        double tallest = 0;
+        for (FlowItem& item : items) {
+            const double height = measures[item.band]->HeightAt(Place(item));
+            item.height = float(height);
+            tallest = std::max(tallest, height);
+        }
+        return tallest;
+    }
+
+    std::vector<FlowItem> Cut(const std::vector<FlowItem>& items, double room) const {
+        std::vector<FlowItem> pieces;
+        std::vector<quint32> newNumbers;
+        for (const FlowItem& item : items) {
+            newNumbers.push_back(static_cast<quint32>(pieces.size()));
+            if (double(item.height) <= room)
+                pieces.push_back(item);
+            else
+                AddPieces(pieces, item, room);
+        }
+        newNumbers.push_back(static_cast<quint32>(pieces.size()));
+        for (FlowItem& piece : pieces) {
+            if (piece.keepEnd != 0)
+                piece.keepEnd = newNumbers[piece.keepEnd];
+        }
+        return pieces;
+    }
+
+  private:
+    TextPlace Place(const FlowItem& item) const { return PlaceOf(item, mReport, mRows, mSums); }
+
+    void AddPieces(std::vector<FlowItem>& pieces, const FlowItem& item, double room) const {
+        const LaidBand laid = LayOutBand(*mReport.Bands()[item.band], Place(item), mFonts);
         double top = 0;
         for (const double bottom : CutsOf(laid, room)) {
             FlowItem piece = item;
@@ -174,41 +209,32 @@ std::vector<FlowItem> Cut(const std::vector<FlowItem>& items, const ReportTempla
             top = bottom;
         }
     }
-    newNumbers.push_back(static_cast<quint32>(pieces.size()));
-    for (FlowItem& piece : pieces) {
-        if (piece.keepEnd != 0)
-            piece.keepEnd = newNumbers[piece.keepEnd];
-    }
-    return pieces;
-}
+
+    const BoundTemplate& mReport;
+    const RowData& mRows;
+    const ReportSums& mSums;
+    ReportFonts& mFonts;
+};
 
 } // namespace
 
-std::vector<const ReportBand*> BandsInOrder(const ReportTemplate& report) {
-    const auto pointer = [](const std::optional<ReportBand>& band) { return band ? &*band : nullptr; };
-    std::vector<const ReportBand*> bands{pointer(report.reportHeader)};
-    for (const ReportGroup& group : report.groups)
-        bands.push_back(pointer(group.header));
-    bands.push_back(pointer(report.detail));
-    for (auto group = report.groups.rbegin(); group != report.groups.rend(); ++group)
-        bands.push_back(pointer(group->footer));
-    bands.push_back(pointer(report.reportFooter));
-    return bands;
+TextPlace PlaceOf(const FlowItem& item, const BoundTemplate& report, const RowData& rows,
+                  const ReportSums& sums) {
+    const bool footer = BandNumbers(report.GroupColumns().size()).IsFooter(item.band);
+    return {.rows = rows,
+            .sums = sums,
+            .row = footer && item.endRow > item.firstRow ? item.endRow - 1 : item.firstRow,
+            .firstRow = item.firstRow,
+            .endRow = item.endRow,
+            .page = kWidestPageNumber,
+            .pages = kWidestPageNumber};
 }
 
-TextPlace PlaceOf(const FlowItem& item, const ReportTemplate& report, const ReportData& data) {
-    const bool footer = BandNumbers(report.groups.size()).IsFooter(item.band);
-    TextPlace place{.data = data, .page = kWidestPageNumber, .pages = kWidestPageNumber};
-    place.row = footer && item.endRow > item.firstRow ? item.endRow - 1 : item.firstRow;
-    place.firstRow = item.firstRow;
-    place.endRow = item.endRow;
-    return place;
-}
-
-std::vector<FlowItem> BuildFlow(const ReportTemplate& report, const ReportData& data, ReportFonts& fonts,
-                                double room) {
-    std::vector<FlowItem> items = FlowBuilder(report, data.Rows()).Build();
-    if (Measure(items, report, data, fonts, room))
-        return Cut(items, report, data, fonts, room);
-    return items;
+Flow BuildFlow(const BoundTemplate& report, const RowData& rows, ReportFonts& fonts, double room) {
+    std::vector<FlowItem> items = FlowBuilder(report, rows).Build();
+    ReportSums sums = SumsOf(items, report, rows);
+    const FlowMeasure measure(report, rows, sums, fonts);
+    if (measure.Measure(items) > room)
+        items = measure.Cut(items, room);
+    return {std::move(items), std::move(sums)};
 }

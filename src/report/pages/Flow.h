@@ -1,23 +1,27 @@
 #pragma once
 
 #include "report/pages/BandLayout.h"
+#include "report/pages/BoundTemplate.h"
 #include "report/pages/Pagination.h"
-#include "report/pages/ReportData.h"
+#include "report/pages/ReportSums.h"
 
 #include <vector>
 
-/// The bands of a template in the order in which they print, by which FlowItem::band counts: the report's
-/// header, the headers of the groups, the detail, the footers of the groups from the innermost, the report's
-/// footer. Null for a band that the template does not have.
-std::vector<const ReportBand*> BandsInOrder(const ReportTemplate& report);
+/// A report's rows as the sequence of bands that runs down its pages.
+struct Flow {
+    /// Each with its height; FlowItem::band counts as BandNumbers do.
+    std::vector<FlowItem> items;
+    /// What the bands among them add up.
+    ReportSums sums;
+};
 
-/// The report's rows as the sequence of bands that runs down its pages, each with its height. `room` is the
-/// height of a page's body in points: a band higher than that comes in pieces.
-std::vector<FlowItem> BuildFlow(const ReportTemplate& report, const ReportData& data, ReportFonts& fonts,
-                                double room);
+/// `room` is the height of a page's body in points: a band higher than that comes in pieces. Raises 6 where a
+/// sum has to be written to know how high its band is, and is beyond any account.
+Flow BuildFlow(const BoundTemplate& report, const RowData& rows, ReportFonts& fonts, double room);
 
 /// Stands for page numbers while bands are measured, before there are pages.
 constexpr int kWidestPageNumber = 8888;
 
-/// Where the texts of an item stand; its page numbers are the widest.
-TextPlace PlaceOf(const FlowItem& item, const ReportTemplate& report, const ReportData& data);
+/// Where the texts of an item stand; its page numbers are the widest. The place refers to rows and sums.
+TextPlace PlaceOf(const FlowItem& item, const BoundTemplate& report, const RowData& rows,
+                  const ReportSums& sums);

@@ -25,10 +25,10 @@ qsizetype ColumnOf(const LaidCell& cell, const LaidLine& line, double bandX) {
     return std::max<qsizetype>(0, std::lround((bandX + cell.box.right()) / kColumn) - line.text.size());
 }
 
-std::vector<PlacedText> Collect(const ReportDocument& document, int page) {
+std::vector<PlacedText> Collect(const ReportDocument& document, int page, ReportFonts& fonts) {
     std::vector<PlacedText> texts;
     for (const PageBand& band : document.BandsOf(page)) {
-        const LaidBand laid = document.LayOut(band);
+        const LaidBand laid = LayOutBand(*band.band, band.place, fonts);
         for (const LaidCell& cell : laid.cells) {
             for (const LaidLine& line : cell.lines) {
                 if (!line.text.isEmpty() && band.Shows(line))
@@ -53,8 +53,8 @@ QString LineOf(std::vector<PlacedText> texts) {
 
 } // namespace
 
-QString TextOfPage(const ReportDocument& document, int page) {
-    std::vector<PlacedText> texts = Collect(document, page);
+QString TextOfPage(const ReportDocument& document, int page, ReportFonts& fonts) {
+    std::vector<PlacedText> texts = Collect(document, page, fonts);
     std::stable_sort(texts.begin(), texts.end(),
                      [](const PlacedText& a, const PlacedText& b) { return a.baseline < b.baseline; });
     QString lines;

@@ -1,23 +1,22 @@
 #pragma once
 
 #include "report/pages/BandLayout.h"
+#include "report/pages/BoundTemplate.h"
+#include "report/pages/Flow.h"
 #include "report/pages/Pagination.h"
-#include "report/pages/ReportData.h"
-#include "report/pages/ReportFont.h"
-#include "report/template/ReportTemplate.h"
+#include "report/pages/ReportValues.h"
 
 #include <QPageLayout>
 #include <QSizeF>
 #include <QString>
 
+#include <memory>
 #include <vector>
-
-class QPainter;
 
 /// A band, or a piece of one, where it stands on a page. Lengths are in points from the page's top left
 /// corner.
 struct PageBand {
-    const ReportBand* band = nullptr;
+    const BoundBand* band = nullptr;
     TextPlace place;
     double x = 0;
     double y = 0;
@@ -40,49 +39,44 @@ struct GroupEntry {
     int page = 1;
 };
 
-/// A report with its rows, spread over pages. Pages count from 1. Nothing that it shows changes any more, but
-/// it remembers fonts and sums as they are asked for: whoever holds it, one thread at a time may use it.
+/// A report with its rows, spread over pages. Pages count from 1. It is whole once it is made: nothing of it
+/// changes any more, and nothing is filled in as it is asked for, so any number of threads may read it at
+/// once. Faces are not among what it holds; whoever lays its bands out or paints them brings his own.
 class ReportDocument {
   public:
-    /// Raises the template's error with file and line for a field that the rows do not have, and for a page
-    /// header or page footer whose texts have grown so far that no row has room between them.
-    ReportDocument(ReportTemplate report, ReportData data);
+    /// `values` has a value for each parameter and `queries` rows for each query of the template. Raises the
+    /// template's error with file and line for a field that the rows do not have, and for a page header or
+    /// page footer whose texts have grown so far that no row has room between them.
+    ReportDocument(std::shared_ptr<const ReportTemplate> report, const ReportValues& values,
+                   const QueryRows& queries);
     ReportDocument(const ReportDocument&) = delete;
     ReportDocument& operator=(const ReportDocument&) = delete;
 
     int PageCount() const { return static_cast<int>(mPages.size()); }
     /// In points.
-    QSizeF PageSize() const { return mReport.PageSize(); }
+    QSizeF PageSize() const { return mReport.Read().PageSize(); }
     /// The paper without margins, for printers.
-    const QPageLayout& Paper() const { return mReport.paper; }
+    const QPageLayout& Paper() const { return mReport.Read().paper; }
     /// The rows of the report's main query.
-    const RowData& Rows() const { return mData.Rows(); }
+    const RowData& Rows() const { return *mRows; }
 
-    /// What stands on a page, from top to bottom.
+    /// What stands on a page, from top to bottom. It refers to the document, which must outlive it.
     std::vector<PageBand> BandsOf(int page) const;
-    /// A band of BandsOf with its texts in place.
-    LaidBand LayOut(const PageBand& band) const;
-    /// Paints a page with a painter whose unit is the point and whose origin is the page's top left corner,
-    /// whatever the device is.
-    void PaintPage(QPainter& painter, int page) const;
-    /// The texts of a page as lines of plain text, roughly where they stand.
-    QString PageText(int page) const;
     /// The groups that have a header, in the order in which they print.
     std::vector<GroupEntry> Groups() const;
 
   private:
-    double MeasureEdge(const std::optional<ReportBand>& band) const;
+    ReportDocument(BoundTemplate report, std::shared_ptr<const RowData> rows, ReportFonts fonts);
+
     double RoomBetweenEdges() const;
-    void AddEdge(std::vector<PageBand>& bands, const std::optional<ReportBand>& band, int page, double y,
+    void AddEdge(std::vector<PageBand>& bands, const std::optional<BoundBand>& band, int page, double y,
                  double height) const;
     void AddItem(std::vector<PageBand>& bands, const FlowItem& item, int page, double& y) const;
 
-    ReportTemplate mReport;
-    ReportData mData;
-    mutable ReportFonts mFonts;
-    std::vector<const ReportBand*> mBands;
-    double mHeaderHeight = 0;
-    double mFooterHeight = 0;
-    std::vector<FlowItem> mItems;
-    std::vector<PageSpan> mPages;
+    const BoundTemplate mReport;
+    const std::shared_ptr<const RowData> mRows;
+    const double mHeaderHeight;
+    const double mFooterHeight;
+    const Flow mFlow;
+    const std::vector<PageSpan> mPages;
 };

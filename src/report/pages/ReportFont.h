@@ -65,7 +65,8 @@ class ReportFont {
 /// characters, which would paint as boxes, are left out.
 QString WithoutControls(const QString& text);
 
-/// The faces of one report, each measured once.
+/// The faces that one reader of reports has needed, each measured once. They belong to the thread that
+/// measures them; faces that it has handed out live as long as it does.
 class ReportFonts {
   public:
     const ReportFont& Of(const CellStyle& style);

@@ -3,6 +3,7 @@
 #include "text/RunTimeError.h"
 #include "text/Val.h"
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -18,29 +19,26 @@ constexpr double kMostUnits = 9e18;
 /// Adds up without leaving the range of the whole numbers unseen.
 class Units {
   public:
+    Units() = default;
+    explicit Units(double number) {
+        const double units = std::round(number * kUnit);
+        mFits = std::fabs(units) < kMostUnits;
+        mUnits = mFits ? qint64(units) : 0;
+    }
+
     void Add(qint64 units) { mFits &= !__builtin_add_overflow(mUnits, units, &mUnits); }
     void TimesTen() { mFits &= !__builtin_mul_overflow(mUnits, qint64(10), &mUnits); }
-    /// Raises 6 when the number has not fitted.
-    qint64 Get() const {
-        if (!mFits)
-            throw RunTime::Error(RunTime::kOverflow);
-        return mUnits;
-    }
+    void Negate() { mUnits = mFits ? -mUnits : 0; }
+    qint64 Get() const { return mUnits; }
+    bool Fits() const { return mFits; }
 
   private:
     qint64 mUnits = 0;
     bool mFits = true;
 };
 
-qint64 ToUnits(double number) {
-    const double units = std::round(number * kUnit);
-    if (!(std::fabs(units) < kMostUnits))
-        throw RunTime::Error(RunTime::kOverflow);
-    return qint64(units);
-}
-
 /// The digits of an exact decimal, without the way over a double, which is inexact and slow.
-qint64 ToUnits(const QString& decimal) {
+Units ToUnits(const QString& decimal) {
     Units units;
     int decimals = -1;
     for (const QChar c : decimal) {
@@ -54,33 +52,65 @@ qint64 ToUnits(const QString& decimal) {
     }
     for (int i = decimals < 0 ? 0 : decimals; i < kDecimals; ++i)
         units.TimesTen();
-    return decimal.startsWith(u'-') ? -units.Get() : units.Get();
+    if (decimal.startsWith(u'-'))
+        units.Negate();
+    return units;
 }
 
-qint64 ToUnits(const Value& value) {
+Units ToUnits(const Value& value) {
     if (const auto* decimal = std::get_if<Decimal>(&value.Get()))
         return ToUnits(decimal->text);
     if (const auto* text = std::get_if<QString>(&value.Get()))
-        return ToUnits(Val(*text));
-    return value.IsNull() ? 0 : ToUnits(value.ToDouble());
+        return Units(Val(*text));
+    return value.IsNull() ? Units() : Units(value.ToDouble());
 }
 
-Value AddUp(const RowData& rows, size_t column, size_t firstRow, size_t endRow) {
-    Units sum;
-    for (size_t row = firstRow; row < endRow; ++row)
-        sum.Add(ToUnits(rows.Cell(row, column)));
-    const QString all = QString::number(sum.Get());
+Decimal ToDecimal(qint64 units) {
+    const QString all = QString::number(units);
     const bool negative = all.startsWith(u'-');
     const QString digits = all.sliced(negative ? 1 : 0).rightJustified(kDecimals + 1, u'0');
-    return Decimal{(negative ? u"-"_s : QString()) + digits.chopped(kDecimals) + u'.' +
-                   digits.last(kDecimals)};
+    return {(negative ? u"-"_s : QString()) + digits.chopped(kDecimals) + u'.' + digits.last(kDecimals)};
 }
 
 } // namespace
 
-const Value& ReportSums::Of(const RowData& rows, size_t column, size_t firstRow, size_t endRow) {
-    Value& sum = mKnown[{column, firstRow, endRow}];
-    if (sum.IsNull())
-        sum = AddUp(rows, column, firstRow, endRow);
-    return sum;
+ReportSums::ReportSums(const RowData& rows, std::vector<size_t> columns, std::vector<RowRun> runs)
+    : mColumns(std::move(columns))
+    , mRuns(std::move(runs)) {
+    std::ranges::sort(mRuns);
+    const auto spare = std::ranges::unique(mRuns);
+    mRuns.erase(spare.begin(), spare.end());
+    mSums.resize(mColumns.size() * mRuns.size());
+    for (size_t i = 0; i < mColumns.size(); ++i)
+        AddUp(rows, mColumns[i], mSums.data() + i * mRuns.size());
+}
+
+/// Reads each cell once, for all runs that it lies in.
+void ReportSums::AddUp(const RowData& rows, size_t column, Sum* sums) const {
+    std::vector<size_t> open;
+    size_t next = 0;
+    for (size_t row = 0; row < rows.RowCount(); ++row) {
+        for (; next < mRuns.size() && mRuns[next].first == row; ++next)
+            open.push_back(next);
+        std::erase_if(open, [&](size_t run) { return mRuns[run].end <= row; });
+        if (open.empty())
+            continue;
+        const Units units = ToUnits(rows.Cell(row, column));
+        for (const size_t run : open) {
+            Sum& sum = sums[run];
+            sum.fits &= units.Fits() && !__builtin_add_overflow(sum.units, units.Get(), &sum.units);
+        }
+    }
+}
+
+Value ReportSums::Of(size_t column, size_t firstRow, size_t endRow) const {
+    const RowRun run{static_cast<quint32>(firstRow), static_cast<quint32>(endRow)};
+    const auto at = std::ranges::lower_bound(mRuns, run);
+    const auto of = std::ranges::find(mColumns, column);
+    Q_ASSERT(at != mRuns.end() && *at == run && of != mColumns.end());
+    const Sum& sum = mSums[static_cast<size_t>(of - mColumns.begin()) * mRuns.size() +
+                           static_cast<size_t>(at - mRuns.begin())];
+    if (!sum.fits)
+        throw RunTime::Error(RunTime::kOverflow);
+    return ToDecimal(sum.units);
 }

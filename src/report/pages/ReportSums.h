@@ -1,20 +1,47 @@
 #pragma once
 
 #include "gateway/RowSet.h"
+#include "gateway/Value.h"
 
-#include <array>
-#include <map>
+#include <QtGlobal>
 
-/// The sums of a report's columns over runs of its rows. Each is added up once: a page that is painted again
-/// asks for its sums again, and those of a long report take in all its rows.
+#include <compare>
+#include <cstddef>
+#include <vector>
+
+/// A run of rows, the last one excluded.
+struct RowRun {
+    quint32 first = 0;
+    quint32 end = 0;
+    std::strong_ordering operator<=>(const RowRun&) const = default;
+};
+
+/// The sums of a report's columns over runs of its rows, all added up when it is made, each cell read once.
 class ReportSums {
   public:
-    /// The sum of a column over rows, the last one excluded, to the fourth decimal: what an exact decimal has
+    /// No sums at all.
+    ReportSums() = default;
+    /// The sums of each of the columns over each of the runs, which may lie within each other.
+    ReportSums(const RowData& rows, std::vector<size_t> columns, std::vector<RowRun> runs);
+
+    /// The sum of one of the columns over one of the runs, to the fourth decimal: what an exact decimal has
     /// behind it is cut. Null counts nothing, and a text counts as Val reads it. Raises 6 for a sum that is
-    /// beyond any account. The rows must be the same at every call.
-    const Value& Of(const RowData& rows, size_t column, size_t firstRow, size_t endRow);
+    /// beyond any account.
+    Value Of(size_t column, size_t firstRow, size_t endRow) const;
 
   private:
-    /// By column, first row and end row.
-    std::map<std::array<size_t, 3>, Value> mKnown;
+    /// A sum in ten-thousandths, as the server keeps money.
+    struct Sum {
+        qint64 units = 0;
+        /// False for one that does not go into whole numbers of 64 bits.
+        bool fits = true;
+    };
+
+    void AddUp(const RowData& rows, size_t column, Sum* sums) const;
+
+    std::vector<size_t> mColumns;
+    /// In order.
+    std::vector<RowRun> mRuns;
+    /// Of each column one for each run.
+    std::vector<Sum> mSums;
 };

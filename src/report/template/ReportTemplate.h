@@ -14,7 +14,8 @@
 #include <optional>
 #include <vector>
 
-/// What a template file says, as read. Lengths are in points, 72 to the inch, and lines count from 1.
+/// What a template file says, as read; nothing of it changes any more. Lengths are in points, 72 to the inch,
+/// and lines count from 1.
 
 /// A page body lower than this, in points, holds no line of text.
 constexpr double kLeastBody = 20;
@@ -63,7 +64,7 @@ struct TextPiece {
     QString text;
     /// The named query that a field belongs to; nothing for the report's rows.
     std::optional<size_t> query;
-    /// The number of the parameter, or of the column once the rows are there.
+    /// The number of the parameter.
     size_t number = 0;
 };
 
@@ -137,7 +138,6 @@ struct ReportGroup {
     int line = 0;
     /// A change in this column of the rows begins a new group.
     QString by;
-    size_t column = 0;
     bool keepTogether = false;
     std::optional<ReportBand> header;
     std::optional<ReportBand> footer;

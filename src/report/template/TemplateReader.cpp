@@ -52,7 +52,7 @@ class TemplateReader {
         mReport.file = file;
     }
 
-    ReportTemplate Read() {
+    std::shared_ptr<const ReportTemplate> Read() {
         if (!mXml.NextChild() || mXml.Name() != "report"_L1)
             mXml.Fail(u"A template begins with <report>."_s);
         const int line = mXml.Line();
@@ -61,7 +61,7 @@ class TemplateReader {
             ReadPart();
         mXml.Finish();
         CheckWhole(line);
-        return std::move(mReport);
+        return std::make_shared<const ReportTemplate>(std::move(mReport));
     }
 
   private:
@@ -274,7 +274,7 @@ class TemplateReader {
 
 } // namespace
 
-ReportTemplate ReadTemplate(const QString& file, const QByteArray& content) {
+std::shared_ptr<const ReportTemplate> ReadTemplate(const QString& file, const QByteArray& content) {
     return TemplateReader(file, content).Read();
 }
 

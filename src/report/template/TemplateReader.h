@@ -5,9 +5,11 @@
 #include <QByteArray>
 #include <QString>
 
+#include <memory>
+
 /// Reads a template's content. Every mistake in it raises an error that names the file and the line. Pictures
 /// are read from the folder of the file; `file` itself is not opened.
-ReportTemplate ReadTemplate(const QString& file, const QByteArray& content);
+std::shared_ptr<const ReportTemplate> ReadTemplate(const QString& file, const QByteArray& content);
 
 /// Whether a text is Database.owner.table, as a table's location must be. The owner may be left out between
 /// the two dots; a part may stand in brackets.

@@ -1,5 +1,7 @@
 #include "report/viewer/PageView.h"
 
+#include "report/pages/PageText.h"
+#include "report/pages/PaintPage.h"
 #include "report/pages/ReportDocument.h"
 
 #include <QAccessible>
@@ -126,7 +128,7 @@ void PageView::SetCurrentPage(int page) {
     mCurrentPage = page;
     setAccessibleName(u"Report, page %1 of %2"_s.arg(page).arg(mDocument->PageCount()));
     if (QAccessible::isActive())
-        setAccessibleDescription(mDocument->PageText(page));
+        setAccessibleDescription(TextOfPage(*mDocument, page, mFonts));
     Q_EMIT PageChanged(page);
 }
 
@@ -161,10 +163,10 @@ void PageView::paintEvent(QPaintEvent* event) {
     const int first = PageAt(offset + event->rect().top());
     const int last = PageAt(offset + event->rect().bottom());
     for (int page = first; page <= last; ++page)
-        PaintPage(painter, page);
+        PaintSheet(painter, page);
 }
 
-void PageView::PaintPage(QPainter& painter, int page) const {
+void PageView::PaintSheet(QPainter& painter, int page) {
     const QSize pixels = PagePixels();
     const int left =
         std::max(kGap, (viewport()->width() - pixels.width()) / 2) - horizontalScrollBar()->value();
@@ -177,7 +179,7 @@ void PageView::PaintPage(QPainter& painter, int page) const {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(sheet.topLeft());
     painter.scale(mScale, mScale);
-    mDocument->PaintPage(painter, page);
+    PaintPage(painter, *mDocument, page, mFonts);
     if (mFound && mFound->position.page == page)
         PaintFound(painter);
     painter.restore();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "report/output/PageFinder.h"
+#include "report/pages/ReportFont.h"
 
 #include <QAbstractScrollArea>
 
@@ -59,10 +60,11 @@ class PageView : public QAbstractScrollArea {
     int PageTop(int page) const;
     int PageAt(int y) const;
     void SetCurrentPage(int page);
-    void PaintPage(QPainter& painter, int page) const;
+    void PaintSheet(QPainter& painter, int page);
     void PaintFound(QPainter& painter) const;
 
     std::shared_ptr<const ReportDocument> mDocument;
+    ReportFonts mFonts;
     Fit mFit = Fit::Width;
     /// Pixels to the point.
     double mScale = 1;

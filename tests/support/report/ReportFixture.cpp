@@ -1,6 +1,7 @@
 #include "ReportFixture.h"
 
 #include "components/ReportConnector.h"
+#include "report/pages/PageText.h"
 #include "report/template/TemplateReader.h"
 #include "report/viewer/FetchThread.h"
 
@@ -71,10 +72,13 @@ QByteArray SmallTemplate(const QString& parts) {
 std::shared_ptr<const ReportDocument> SmallDocument(const QString& parts,
                                                     const std::shared_ptr<const RowData>& rows,
                                                     const std::vector<Value>& parameters) {
-    ReportData data;
-    data.queries = {rows};
-    data.parameters = parameters;
-    return std::make_shared<const ReportDocument>(ReadTemplate(u"small.rpt"_s, SmallTemplate(parts)), data);
+    return std::make_shared<const ReportDocument>(ReadTemplate(u"small.rpt"_s, SmallTemplate(parts)),
+                                                  ReportValues{parameters, {}}, QueryRows{rows});
+}
+
+QString PageText(const ReportDocument& document, int page) {
+    ReportFonts fonts;
+    return TextOfPage(document, page, fonts);
 }
 
 ReportDatabase::ReportDatabase() {
@@ -134,8 +138,10 @@ std::optional<FoundText> FindText(const ReportDocument& document, const QString&
 
 QString TextOfPages(const ReportDocument& document) {
     QString text;
+    ReportFonts fonts;
     for (int page = 1; page <= document.PageCount(); ++page)
-        text += u"--- page %1 of %2\n"_s.arg(page).arg(document.PageCount()) + document.PageText(page);
+        text +=
+            u"--- page %1 of %2\n"_s.arg(page).arg(document.PageCount()) + TextOfPage(document, page, fonts);
     return text;
 }
 

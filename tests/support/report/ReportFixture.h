@@ -24,6 +24,9 @@ std::shared_ptr<const ReportDocument> SmallDocument(const QString& parts,
                                                     const std::shared_ptr<const RowData>& rows,
                                                     const std::vector<Value>& parameters = {});
 
+/// The texts of a page, read with faces of its own.
+QString PageText(const ReportDocument& document, int page);
+
 /// Stands in for the database of reports while it lives: answers each command whose text has a fragment in it
 /// with the rows set for that fragment, and writes down what was asked and how it was logged on. What it has
 /// written down may be read when no rows are being fetched.

@@ -1,4 +1,6 @@
-#include "report/pages/PagePainter.h"
+#include "report/pages/PaintPage.h"
+
+#include "report/pages/ReportDocument.h"
 
 #include <QPainter>
 #include <QPen>
@@ -7,10 +9,27 @@ namespace {
 
 constexpr double kBorderThickness = 0.5;
 
-} // namespace
+class PagePainter {
+  public:
+    PagePainter(QPainter& painter, ReportFonts& fonts)
+        : mPainter(painter)
+        , mFonts(fonts) {}
 
-PagePainter::PagePainter(QPainter& painter)
-    : mPainter(painter) {}
+    void Paint(const ReportDocument& document, int page);
+
+  private:
+    void Paint(const PageBand& band);
+    void Paint(const LaidBand& laid);
+    void PaintMarks(const LaidBand& laid);
+    void PaintCell(const LaidCell& cell);
+    void PaintScaled(const LaidLine& line, double scale);
+    void PaintBorder(const CellStyle& style, const QRectF& box);
+    void SetPen(const QColor& color, double thickness);
+
+    QPainter& mPainter;
+    ReportFonts& mFonts;
+    const ReportFont* mFont = nullptr;
+};
 
 void PagePainter::Paint(const ReportDocument& document, int page) {
     for (const PageBand& band : document.BandsOf(page)) {
@@ -19,14 +38,18 @@ void PagePainter::Paint(const ReportDocument& document, int page) {
             mPainter.save();
             mPainter.setClipRect(QRectF(0, 0, document.PageSize().width(), band.height), Qt::IntersectClip);
             mPainter.translate(0, -band.top);
-            Paint(document.LayOut(band));
+            Paint(band);
             mPainter.restore();
             mFont = nullptr;
         } else {
-            Paint(document.LayOut(band));
+            Paint(band);
         }
         mPainter.translate(-band.x, -band.y);
     }
+}
+
+void PagePainter::Paint(const PageBand& band) {
+    Paint(LayOutBand(*band.band, band.place, mFonts));
 }
 
 void PagePainter::Paint(const LaidBand& laid) {
@@ -104,4 +127,10 @@ void PagePainter::PaintBorder(const CellStyle& style, const QRectF& box) {
 
 void PagePainter::SetPen(const QColor& color, double thickness) {
     mPainter.setPen(QPen(color, thickness));
+}
+
+} // namespace
+
+void PaintPage(QPainter& painter, const ReportDocument& document, int page, ReportFonts& fonts) {
+    PagePainter(painter, fonts).Paint(document, page);
 }
