@@ -1,6 +1,6 @@
 #include "toolkit/MsgBox.h"
 
-#include "toolkit/ShowModal.h"
+#include "toolkit/ModalStack.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -77,7 +77,7 @@ void MakeRoomForTitle(QMessageBox& box) {
 MsgAnswer MsgBox(const Message& message) {
     if (currentSeam)
         return currentSeam->Show(message);
-    const FocusKeeper keeper;
+    const ModalStack::Frame frame;
     // A screen that was just unloaded may still count as the active window; it would take the box along.
     QWidget* owner = QApplication::activeWindow();
     QMessageBox box(owner && owner->isVisible() ? owner : nullptr);
