@@ -1,16 +1,15 @@
 #include "toolkit/Form.h"
 
 #include "toolkit/Keys.h"
+#include "toolkit/ModalStack.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/Screens.h"
-#include "toolkit/ShowModal.h"
 #include "toolkit/Twips.h"
 #include "toolkit/Workspace.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QEventLoop>
 #include <QKeyEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -25,9 +24,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QPointer<Form> activeForm;
-
-/// The screen that a modal screen's handler showed behind its unloading, before the modal loop came back.
-QPointer<Form> shownInPlace;
 
 /// The screens inside the main window, in the order in which the clerk came to them last. The area itself
 /// knows only the order in which they were made, and would bring a screen to the front that he has not been
@@ -59,8 +55,8 @@ constexpr Qt::WindowFlags kModalFlags = Qt::Dialog | Qt::WindowTitleHint | Qt::W
 const QWidget* WindowBelow() {
     if (const QWidget* active = QApplication::activeWindow())
         return active;
-    if (const QWidget* modal = QApplication::activeModalWidget())
-        return modal;
+    if (const QWidget* top = ModalStack::Top())
+        return top;
     return Workspace::Current() ? Workspace::Current()->Area()->window() : nullptr;
 }
 
@@ -104,7 +100,7 @@ void Form::Load() {
 void Form::Show() {
     Load();
     Workspace* workspace = Workspace::Current();
-    if (workspace && !mSubWindow && !mModalLoop && !mStandAlone)
+    if (workspace && !mSubWindow && !IsModal() && !mStandAlone)
         PutInside(*workspace->Area());
     if (mStandAlone && !isVisible()) {
         adjustSize();
@@ -118,7 +114,7 @@ void Form::Show() {
         raise();
         activateWindow();
     }
-    shownInPlace = this;
+    ModalStack::Shown(*this);
     Activate();
 }
 
@@ -131,7 +127,7 @@ void Form::PutInside(QMdiArea& area) {
         action->setShortcuts({});
     connect(&area, &QMdiArea::subWindowActivated, this, [this](const QMdiSubWindow* sub) {
         // Under a modal screen another one may come to the front, but nobody has gone to it yet.
-        if (sub && sub == mSubWindow && !QApplication::activeModalWidget())
+        if (sub && sub == mSubWindow && !ModalStack::Covers(window()))
             Activate();
     });
     if (mPlaced)
@@ -143,34 +139,37 @@ void Form::PutInside(QMdiArea& area) {
 Form* Form::BackFrom(Form* before) {
     if (before && !before->mUnloading)
         return before;
-    return QApplication::activeModalWidget() ? nullptr : LastVisited();
+    return ModalStack::Top() ? nullptr : LastVisited();
+}
+
+bool Form::IsModal() const {
+    return ModalStack::FrameOf(*this) != nullptr;
+}
+
+void Form::OpenOver(const QWidget* owner) {
+    setWindowFlags(kModalFlags);
+    setWindowModality(Qt::ApplicationModal);
+    adjustSize();
+    winId();
+    KeepBarEmpty(*this);
+    if (owner)
+        windowHandle()->setTransientParent(owner->window()->windowHandle());
+    CenterOver(*this, owner);
+    show();
+    activateWindow();
 }
 
 void Form::ShowModal() {
     Load();
-    const QPointer<Form> before = activeForm;
     {
-        FocusKeeper keeper;
-        const QWidget* owner = WindowBelow();
-        setWindowFlags(kModalFlags);
-        setWindowModality(Qt::ApplicationModal);
-        adjustSize();
-        winId();
-        KeepBarEmpty(*this);
-        if (owner)
-            windowHandle()->setTransientParent(owner->window()->windowHandle());
-        CenterOver(*this, owner);
-        QEventLoop loop;
-        mModalLoop = &loop;
-        show();
-        activateWindow();
+        ModalStack::ScreenFrame frame(*this);
+        OpenOver(WindowBelow());
         Activate();
         if (!mUnloading)
-            loop.exec();
-        mModalLoop = nullptr;
-        if (shownInPlace)
-            keeper.KeepWindowOnly();
-        else if (Form* back = BackFrom(before))
+            frame.Run();
+        if (ModalStack::ShownInPlace())
+            frame.KeepWindowOnly();
+        else if (Form* back = BackFrom(frame.Before()))
             back->Activate();
     }
     deleteLater();
@@ -205,11 +204,10 @@ void Form::Leave() {
     ForgetVisit(this);
     if (activeForm == this)
         activeForm = nullptr;
-    if (mModalLoop) {
+    if (ModalStack::ScreenFrame* frame = ModalStack::FrameOf(*this)) {
         hide();
-        // ShowModal deletes the screen when its loop has come back.
-        shownInPlace = nullptr;
-        mModalLoop->quit();
+        // ShowModal deletes the screen when its frame has ended.
+        frame->Close();
         return;
     }
     if (mSubWindow)
@@ -239,8 +237,7 @@ void Form::Activate() {
 
 void Form::WindowCameToFront(const QWindow* front) {
     // The area tells of its own screens; a window that stands beside it is left without its telling.
-    const QWidget* modal = QApplication::activeModalWidget();
-    const bool isMine = front && front == window()->windowHandle() && (!modal || modal == window());
+    const bool isMine = front && front == window()->windowHandle() && !ModalStack::Covers(window());
     if (isMine && isVisible() && (!mSubWindow || mSubWindow->mdiArea()->currentSubWindow() == mSubWindow))
         Activate();
 }

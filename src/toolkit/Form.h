@@ -4,7 +4,6 @@
 #include <QWidget>
 
 class QAbstractButton;
-class QEventLoop;
 class QMdiArea;
 class QMdiSubWindow;
 class QWindow;
@@ -39,10 +38,9 @@ class Form : public QWidget {
     void MoveTo(int leftTwips, int topTwips);
 
     /// Asked by tests only.
-    bool IsModal() const { return mModalLoop != nullptr; }
+    bool IsModal() const;
 
-    /// The screen of the program that was activated last and still stands; null when none does. Asked by
-    /// tests only.
+    /// The screen of the program that was activated last and still stands; null when none does.
     static Form* Active();
 
   protected:
@@ -75,13 +73,13 @@ class Form : public QWidget {
     void Activate();
     void WindowCameToFront(const QWindow* front);
     void Leave();
+    void OpenOver(const QWidget* owner);
     void PutInside(QMdiArea& area);
     void LeaveArea(QMdiArea& area);
 
     bool mLoaded = false;
     bool mStandAlone = false;
     bool mUnloading = false;
-    QEventLoop* mModalLoop = nullptr;
     QAbstractButton* mCloseButton = nullptr;
     QPointer<QMdiSubWindow> mSubWindow;
     QPoint mPlace;

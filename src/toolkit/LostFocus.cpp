@@ -1,6 +1,7 @@
 #include "toolkit/LostFocus.h"
 
 #include "toolkit/Focus.h"
+#include "toolkit/ModalStack.h"
 
 #include <QApplication>
 #include <QMdiArea>
@@ -61,8 +62,7 @@ QWidget* HeirIn(QWidget* screen) {
 void GiveFocus() {
     // A window that is not active yet gets the focus by the window system, where its screen has put it.
     QWidget* window = QApplication::activeWindow();
-    const QWidget* modal = QApplication::activeModalWidget();
-    if (!window || (modal && modal != window) || QApplication::activePopupWidget() ||
+    if (!window || ModalStack::Covers(window) || QApplication::activePopupWidget() ||
         !IsLost(QApplication::focusWidget()))
         return;
     if (QWidget* heir = HeirIn(ScreenOf(window)))

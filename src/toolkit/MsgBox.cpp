@@ -1,6 +1,6 @@
 #include "toolkit/MsgBox.h"
 
-#include "toolkit/ShowModal.h"
+#include "toolkit/ModalStack.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -71,7 +71,7 @@ void MakeRoomForTitle(QMessageBox& box) {
 }
 
 MsgAnswer ShowBox(const Message& message) {
-    const FocusKeeper keeper;
+    const ModalStack::Frame frame;
     // A screen that was just unloaded may still count as the active window; it would take the box along.
     QWidget* owner = QApplication::activeWindow();
     QMessageBox box(owner && owner->isVisible() ? owner : nullptr);

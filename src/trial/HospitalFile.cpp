@@ -17,6 +17,7 @@
 #include <chrono>
 #include <cstring>
 #include <fcntl.h>
+#include <optional>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -49,16 +50,28 @@ QString Digest(const std::vector<Script>& scripts, QLatin1StringView folder) {
     throw ServerError(Fault::CannotOpen, {path, QString::fromLocal8Bit(std::strerror(errno))});
 }
 
+/// A folder that is open for as long as this lives.
+class OpenFolder {
+  public:
+    explicit OpenFolder(const QString& path)
+        : mHandle(::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY)) {
+        if (mHandle < 0)
+            RaiseSystem(path);
+    }
+    OpenFolder(const OpenFolder&) = delete;
+    OpenFolder& operator=(const OpenFolder&) = delete;
+    ~OpenFolder() { ::close(mHandle); }
+
+    int Handle() const { return mHandle; }
+
+  private:
+    int mHandle;
+};
+
 /// Makes sure that a folder knows its files after a power failure too.
 void FlushFolder(const QString& path) {
-    const int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY);
-    if (folder < 0)
-        RaiseSystem(path);
-    const bool flushed = ::fsync(folder) == 0;
-    const int reason = errno;
-    ::close(folder);
-    errno = reason;
-    if (!flushed)
+    const OpenFolder folder(path);
+    if (::fsync(folder.Handle()) != 0)
         RaiseSystem(path);
 }
 
@@ -133,7 +146,7 @@ class Hold {
             // without one can the mode be left. It takes the journal along, which would else be played into
             // the file that comes in this one's place.
             mFile->RunForValue(u"PRAGMA journal_mode = DELETE"_s);
-            mFile->Run(u"BEGIN EXCLUSIVE"_s);
+            mLock.emplace(*mFile, Transaction::Kind::Exclusive);
         } catch (const RunTimeError& error) {
             if (error.Number() == static_cast<int>(Fault::LockTimeout))
                 throw ServerError(Fault::InUse, {path});
@@ -160,12 +173,13 @@ class Hold {
     void Release() {
         if (!mFile)
             return;
-        mFile->Run(u"ROLLBACK"_s);
+        mLock.reset();
         mFile->RunForValue(u"PRAGMA journal_mode = WAL"_s);
     }
 
   private:
     std::unique_ptr<SqliteDatabase> mFile;
+    std::optional<Transaction> mLock;
 };
 
 /// The machine whose process holds the lock, where it is not this one. Such a process is not waited for: a
@@ -179,49 +193,78 @@ QString OtherMachine(const QLockFile& lock) {
                : QString();
 }
 
-/// Two workstations that start at the same time make one hospital: the second one waits and finds it made.
-void Lock(QLockFile& lock, const QString& path, const HospitalFile::Progress& progress) {
+/// The right to make a hospital's file, which one process has at a time. Two workstations that start at the
+/// same time make one hospital: the second one waits and finds it made.
+class MakingLock {
+  public:
+    /// Raises 5120 where the lock cannot be had.
+    MakingLock(const QString& path, const HospitalFile::Progress& progress)
+        : mFile(path + u".lock"_s) {
+        mFile.setStaleLockTime(0);
+        const auto begin = Clock::now();
+        while (!mFile.tryLock(static_cast<int>(kOneWait.count()))) {
+            RequireWorthWaiting(path, Clock::now() - begin);
+            if (progress)
+                progress(0, 0, u"Another workstation is making the hospital."_s);
+        }
+    }
+
+  private:
     using Clock = std::chrono::steady_clock;
-    lock.setStaleLockTime(0);
-    const auto begin = Clock::now();
-    while (!lock.tryLock(static_cast<int>(kOneWait.count()))) {
-        if (lock.error() != QLockFile::LockFailedError)
+
+    /// Raises why nobody waits for the lock any longer.
+    void RequireWorthWaiting(const QString& path, Clock::duration waited) const {
+        if (mFile.error() != QLockFile::LockFailedError)
             throw ServerError(Fault::CannotOpen, {path, u"its folder cannot be written to"_s});
-        const QString machine = OtherMachine(lock);
-        if (!machine.isEmpty() && Clock::now() > begin + kWaitForAnotherMachine)
+        const QString machine = OtherMachine(mFile);
+        if (!machine.isEmpty() && waited > kWaitForAnotherMachine)
             throw ServerError(Fault::CannotOpen,
                               {path, u"a process of the machine %1 was making it and has left %2.lock; where "
                                      "nobody is making it, remove that file"_s.arg(machine, path)});
-        if (Clock::now() > begin + kLongestWait)
+        if (waited > kLongestWait)
             throw ServerError(Fault::CannotOpen, {path, u"another process is still making it"_s});
-        if (progress)
-            progress(0, 0, u"Another workstation is making the hospital."_s);
     }
-}
 
-/// Makes the whole hospital in a file beside the path.
-QString MakeBeside(const QString& path, const std::vector<Script>& scripts,
-                   const HospitalFile::Progress& progress) {
-    const QString unfinished = path + u".new"_s;
-    RemoveWithCompanions(unfinished);
-    try {
-        MakePrivateFile(unfinished);
-        RunScripts(unfinished, scripts, progress);
-    } catch (...) {
-        RemoveWithCompanions(unfinished);
-        throw;
+    QLockFile mFile;
+};
+
+/// A hospital's file that is made beside its place; it is gone with this unless it has appeared there.
+class UnfinishedHospital {
+  public:
+    UnfinishedHospital(const QString& path, const std::vector<Script>& scripts,
+                       const HospitalFile::Progress& progress)
+        : mPath(path)
+        , mUnfinished{path + u".new"_s} {
+        RemoveWithCompanions(mUnfinished.path);
+        MakePrivateFile(mUnfinished.path);
+        RunScripts(mUnfinished.path, scripts, progress);
     }
-    return unfinished;
-}
 
-/// Gives a whole hospital its name, in one step.
-void Appear(const QString& finished, const QString& path) {
-    // The journal of a hospital that was deleted by hand must not be played into the new one.
-    RemoveCompanions(path);
-    if (::rename(QFile::encodeName(finished).constData(), QFile::encodeName(path).constData()) != 0)
-        RaiseSystem(path);
-    FlushFolder(QFileInfo(path).absolutePath());
-}
+    const QString& Path() const { return mUnfinished.path; }
+
+    /// Gives the whole hospital its name, in one step.
+    void Appear() {
+        // The journal of a hospital that was deleted by hand must not be played into the new one.
+        RemoveCompanions(mPath);
+        if (::rename(QFile::encodeName(Path()).constData(), QFile::encodeName(mPath).constData()) != 0)
+            RaiseSystem(mPath);
+        FlushFolder(QFileInfo(mPath).absolutePath());
+    }
+
+  private:
+    /// Removed at the end, also where its making fails.
+    struct File {
+        QString path;
+        explicit File(const QString& name)
+            : path(name) {}
+        File(const File&) = delete;
+        File& operator=(const File&) = delete;
+        ~File() { RemoveWithCompanions(path); }
+    };
+
+    QString mPath;
+    File mUnfinished;
+};
 
 /// Where the hospital named by a path lies. Raises 5120 where none may lie.
 QString PlaceOf(const QString& path) {
@@ -238,32 +281,25 @@ void HospitalFile::Create(const QString& name, const std::vector<Script>& script
     if (QFile::exists(path))
         throw RunTimeError(RunTime::kPathFileAccess,
                            RunTime::TextOf(RunTime::kPathFileAccess) + u": "_s + path);
-    QLockFile lock(path + u".lock"_s);
-    Lock(lock, path, progress);
+    const MakingLock lock(path, progress);
     if (!QFile::exists(path))
-        Appear(MakeBeside(path, scripts, progress), path);
+        UnfinishedHospital(path, scripts, progress).Appear();
 }
 
 void HospitalFile::Replace(const QString& name, const std::vector<Script>& scripts,
                            const Progress& progress) {
     const QString path = PlaceOf(name);
-    QLockFile lock(path + u".lock"_s);
-    Lock(lock, path, progress);
+    const MakingLock lock(path, progress);
     if (!QFile::exists(path))
-        return Appear(MakeBeside(path, scripts, progress), path);
+        return UnfinishedHospital(path, scripts, progress).Appear();
     RequireOrdinaryFile(path);
     // Told before the user has waited for the making.
     Hold(path).Release();
-    const QString finished = MakeBeside(path, scripts, progress);
-    try {
-        // Held until the new file stands in its place, so that nobody opens the old one at the last moment.
-        Hold held(path);
-        held.CarryTrailInto(finished);
-        Appear(finished, path);
-    } catch (...) {
-        RemoveWithCompanions(finished);
-        throw;
-    }
+    UnfinishedHospital next(path, scripts, progress);
+    // Held until the new file stands in its place, so that nobody opens the old one at the last moment.
+    Hold held(path);
+    held.CarryTrailInto(next.Path());
+    next.Appear();
 }
 
 std::unique_ptr<EmbeddedGateway> HospitalFile::Open(const QString& name, const std::vector<Script>& scripts) {

@@ -13,19 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Ends a statement's run however the block around it ends.
-class RunGuard {
-  public:
-    explicit RunGuard(SqliteStatement& statement)
-        : mStatement(statement) {}
-    RunGuard(const RunGuard&) = delete;
-    RunGuard& operator=(const RunGuard&) = delete;
-    ~RunGuard() { mStatement.Reset(); }
-
-  private:
-    SqliteStatement& mStatement;
-};
-
 QByteArrayView ColumnText(sqlite3_stmt* row, int column) {
     const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(row, column));
     return {bytes, sqlite3_column_bytes(row, column)};
@@ -128,7 +115,7 @@ void PreparedCommand::RunStep(Step& step, const std::vector<Cell>& values, const
                               CommandResult& result) {
     if (step.translation.writes)
         return WriteRows(step, values, now, result);
-    const RunGuard guard(step.statement);
+    const StatementRun run(step.statement);
     Bind(step, values, now);
     if (step.translation.refusal) {
         if (step.statement.Step())
@@ -147,16 +134,16 @@ void PreparedCommand::RunStep(Step& step, const std::vector<Cell>& values, const
 void PreparedCommand::WriteRows(Step& step, const std::vector<Cell>& values, const Cell& now,
                                 CommandResult& result) {
     result.rowsAffected = 0;
-    const auto run = [&](const std::vector<Cell>& row) {
-        const RunGuard guard(step.statement);
+    const auto write = [&](const std::vector<Cell>& row) {
+        const StatementRun run(step.statement);
         Bind(step, row, now);
         step.statement.Step();
         result.rowsAffected += mDatabase.Changes();
     };
     if (step.translation.rows.empty())
-        return run(values);
+        return write(values);
     for (const auto& row : step.translation.rows)
-        run(row);
+        write(row);
 }
 
 void PreparedCommand::Bind(Step& step, const std::vector<Cell>& values, const Cell& now) {

@@ -79,16 +79,22 @@ InsertStatement CommandParser::ParseInsert() {
         mCursor.ExpectOperator(u")");
     }
     if (mCursor.Is(u"select")) {
-        insert.query = std::make_unique<Query>(QueryParser(mCursor).ParseQuery());
+        insert.source = QueryParser(mCursor).ParseQuery();
         return insert;
     }
     mCursor.Expect(u"values");
-    do {
-        insert.rows.push_back(ParseRow());
-    } while (mCursor.AcceptOperator(u","));
-    if (insert.rows.size() > kMostRows)
-        throw ServerError(Fault::TooManyRows);
+    insert.source = ParseRows();
     return insert;
+}
+
+ValueRows CommandParser::ParseRows() {
+    ValueRows rows;
+    do {
+        rows.push_back(ParseRow());
+    } while (mCursor.AcceptOperator(u","));
+    if (rows.size() > kMostRows)
+        throw ServerError(Fault::TooManyRows);
+    return rows;
 }
 
 std::vector<ExpressionPtr> CommandParser::ParseRow() {

@@ -20,6 +20,7 @@ class CommandParser {
   private:
     ProcedureCall ParseCall();
     InsertStatement ParseInsert();
+    ValueRows ParseRows();
     std::vector<ExpressionPtr> ParseRow();
     UpdateStatement ParseUpdate();
     DeleteStatement ParseDelete();

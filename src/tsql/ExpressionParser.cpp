@@ -10,8 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Kind = Expression::Kind;
-
 // What is higher could overflow the stack of whoever walks through it.
 constexpr int kHighestTree = 300;
 constexpr int kDefaultCastLength = 30;
@@ -36,36 +34,35 @@ bool IsReservedFunction(const Token& token) {
     return token.Is(u"coalesce") || token.Is(u"nullif") || token.Is(u"left") || token.Is(u"right");
 }
 
+/// How high a node stands, told by the parts that it takes in.
+class Height {
+  public:
+    /// Gives the part back, or raises 191 where a node above it would be too high.
+    ExpressionPtr Over(ExpressionPtr part) {
+        mHeight = std::max(mHeight, part->height + 1);
+        if (mHeight > kHighestTree)
+            throw ServerError(Fault::TooDeep);
+        return part;
+    }
+    operator int() const { return mHeight; }
+
+  private:
+    int mHeight = 1;
+};
+
+ExpressionPtr Made(Expression::Node node, int height = 1) {
+    return std::make_unique<Expression>(Expression{std::move(node), height});
+}
+
+/// A node with a part on either side.
+template <class Node> ExpressionPtr Joined(Node node, ExpressionPtr left, ExpressionPtr right) {
+    Height height;
+    node.left = height.Over(std::move(left));
+    node.right = height.Over(std::move(right));
+    return Made(std::move(node), height);
+}
+
 } // namespace
-
-ExpressionPtr ExpressionParser::NewNode(Kind kind, const QString& text) const {
-    auto node = std::make_unique<Expression>();
-    node->kind = kind;
-    node->text = text;
-    return node;
-}
-
-ExpressionPtr ExpressionParser::Leaf(Kind kind) {
-    auto node = NewNode(kind, mCursor.Current().Content());
-    node->national = mCursor.Current().national;
-    mCursor.Advance();
-    return node;
-}
-
-void ExpressionParser::Append(Expression& parent, ExpressionPtr child) const {
-    parent.depth = std::max(parent.depth, child->depth + 1);
-    if (parent.depth > kHighestTree)
-        throw ServerError(Fault::TooDeep);
-    parent.arguments.push_back(std::move(child));
-}
-
-ExpressionPtr ExpressionParser::Join(Kind kind, const QString& text, ExpressionPtr left,
-                                     ExpressionPtr right) const {
-    auto node = NewNode(kind, text);
-    Append(*node, std::move(left));
-    Append(*node, std::move(right));
-    return node;
-}
 
 ExpressionPtr ExpressionParser::Value(ExpressionPtr expression) const {
     if (expression->IsCondition())
@@ -89,15 +86,19 @@ ExpressionPtr ExpressionParser::ParseCondition() {
 
 ExpressionPtr ExpressionParser::ParseOr() {
     ExpressionPtr left = ParseAnd();
-    while (mCursor.Accept(u"or"))
-        left = Join(Kind::Or, {}, Condition(std::move(left)), Condition(ParseAnd()));
+    while (mCursor.Accept(u"or")) {
+        ExpressionPtr right = Condition(ParseAnd());
+        left = Joined(OrNode(), Condition(std::move(left)), std::move(right));
+    }
     return left;
 }
 
 ExpressionPtr ExpressionParser::ParseAnd() {
     ExpressionPtr left = ParseNot();
-    while (mCursor.Accept(u"and"))
-        left = Join(Kind::And, {}, Condition(std::move(left)), Condition(ParseNot()));
+    while (mCursor.Accept(u"and")) {
+        ExpressionPtr right = Condition(ParseNot());
+        left = Joined(AndNode(), Condition(std::move(left)), std::move(right));
+    }
     return left;
 }
 
@@ -108,75 +109,93 @@ ExpressionPtr ExpressionParser::ParseNot() {
     ExpressionPtr inner = ParsePredicate();
     if (!negated)
         return inner;
-    auto node = NewNode(Kind::Not);
-    Append(*node, Condition(std::move(inner)));
-    return node;
+    Height height;
+    NotNode node{height.Over(Condition(std::move(inner)))};
+    return Made(std::move(node), height);
 }
 
 ExpressionPtr ExpressionParser::ParsePredicate() {
     if (mCursor.Is(u"exists"))
         return ParseExists();
     ExpressionPtr left = ParseSum();
-    if (IsComparison(mCursor.Current())) {
-        left = Value(std::move(left));
-        const QString sign = StandardSign(mCursor.Current().written);
-        mCursor.Advance();
-        return Join(Kind::Comparison, sign, std::move(left), ParseValue());
-    }
+    if (IsComparison(mCursor.Current()))
+        return ParseComparison(Value(std::move(left)));
     if (mCursor.Is(u"is"))
         return ParseIsNull(Value(std::move(left)));
     const bool negated = mCursor.Is(u"not") && !left->IsCondition();
     if (negated)
         mCursor.Advance();
-    ExpressionPtr node;
-    if (mCursor.Is(u"in")) {
-        node = ParseIn(Value(std::move(left)));
-    } else if (mCursor.Accept(u"like")) {
-        node = Join(Kind::Like, {}, Value(std::move(left)), ParseValue());
-    } else if (mCursor.Accept(u"between")) {
-        node = Join(Kind::Between, {}, Value(std::move(left)), ParseValue());
-        mCursor.Expect(u"and");
-        Append(*node, ParseValue());
-    } else {
-        if (negated)
-            mCursor.RaiseSyntax();
-        return left;
-    }
-    node->negated = negated;
-    return node;
+    if (mCursor.Is(u"in"))
+        return ParseIn(Value(std::move(left)), negated);
+    if (mCursor.Accept(u"like"))
+        return ParseLike(std::move(left), negated);
+    if (mCursor.Accept(u"between"))
+        return ParseBetween(std::move(left), negated);
+    if (negated)
+        mCursor.RaiseSyntax();
+    return left;
+}
+
+ExpressionPtr ExpressionParser::ParseComparison(ExpressionPtr left) {
+    ComparisonNode node;
+    node.sign = StandardSign(mCursor.Current().written);
+    mCursor.Advance();
+    return Joined(std::move(node), std::move(left), ParseValue());
 }
 
 ExpressionPtr ExpressionParser::ParseIsNull(ExpressionPtr left) {
     mCursor.Expect(u"is");
-    auto node = NewNode(Kind::IsNull);
-    node->negated = mCursor.Accept(u"not");
+    IsNullNode node;
+    node.negated = mCursor.Accept(u"not");
     mCursor.Expect(u"null");
-    Append(*node, std::move(left));
-    return node;
+    Height height;
+    node.value = height.Over(std::move(left));
+    return Made(std::move(node), height);
 }
 
-ExpressionPtr ExpressionParser::ParseIn(ExpressionPtr left) {
+ExpressionPtr ExpressionParser::ParseIn(ExpressionPtr left, bool negated) {
     mCursor.Expect(u"in");
-    auto node = NewNode(Kind::In);
-    Append(*node, std::move(left));
+    Height height;
+    left = height.Over(std::move(left));
+    if (mCursor.IsOperator(u"(") && mCursor.Ahead(1).Is(u"select"))
+        return Made(InQueryNode{std::move(left), ParseSubquery(), negated}, height);
     mCursor.ExpectOperator(u"(");
-    if (mCursor.Is(u"select")) {
-        node->query = std::make_unique<Query>(QueryParser(mCursor).ParseSubquery());
-    } else {
-        do {
-            Append(*node, ParseValue());
-        } while (mCursor.AcceptOperator(u","));
-    }
+    InListNode node{std::move(left), {}, negated};
+    do {
+        node.list.push_back(height.Over(ParseValue()));
+    } while (mCursor.AcceptOperator(u","));
     mCursor.ExpectOperator(u")");
-    return node;
+    return Made(std::move(node), height);
+}
+
+ExpressionPtr ExpressionParser::ParseLike(ExpressionPtr left, bool negated) {
+    ExpressionPtr pattern = ParseValue();
+    Height height;
+    LikeNode node;
+    node.text = height.Over(Value(std::move(left)));
+    node.pattern = height.Over(std::move(pattern));
+    node.negated = negated;
+    return Made(std::move(node), height);
+}
+
+ExpressionPtr ExpressionParser::ParseBetween(ExpressionPtr left, bool negated) {
+    ExpressionPtr low = ParseValue();
+    Height height;
+    BetweenNode node;
+    node.value = height.Over(Value(std::move(left)));
+    node.low = height.Over(std::move(low));
+    mCursor.Expect(u"and");
+    node.high = height.Over(ParseValue());
+    node.negated = negated;
+    return Made(std::move(node), height);
 }
 
 ExpressionPtr ExpressionParser::ParseSum() {
     ExpressionPtr left = ParseProduct();
     while (mCursor.IsOperator(u"+") || mCursor.IsOperator(u"-")) {
-        const QString sign = mCursor.Current().written.toString();
-        mCursor.Advance();
-        left = Join(Kind::Arithmetic, sign, Value(std::move(left)), Value(ParseProduct()));
+        const QChar sign = TakeSign();
+        ExpressionPtr right = Value(ParseProduct());
+        left = Joined(ArithmeticNode{sign, {}, {}}, Value(std::move(left)), std::move(right));
     }
     return left;
 }
@@ -184,11 +203,17 @@ ExpressionPtr ExpressionParser::ParseSum() {
 ExpressionPtr ExpressionParser::ParseProduct() {
     ExpressionPtr left = ParseSigned();
     while (mCursor.IsOperator(u"*") || mCursor.IsOperator(u"/") || mCursor.IsOperator(u"%")) {
-        const QString sign = mCursor.Current().written.toString();
-        mCursor.Advance();
-        left = Join(Kind::Arithmetic, sign, Value(std::move(left)), Value(ParseSigned()));
+        const QChar sign = TakeSign();
+        ExpressionPtr right = Value(ParseSigned());
+        left = Joined(ArithmeticNode{sign, {}, {}}, Value(std::move(left)), std::move(right));
     }
     return left;
+}
+
+QChar ExpressionParser::TakeSign() {
+    const QChar sign = mCursor.Current().written.front();
+    mCursor.Advance();
+    return sign;
 }
 
 ExpressionPtr ExpressionParser::ParseSigned() {
@@ -205,27 +230,27 @@ ExpressionPtr ExpressionParser::ParseSigned() {
     inner = Value(std::move(inner));
     if (!negative)
         return inner;
-    auto node = NewNode(Kind::Negate);
-    Append(*node, std::move(inner));
-    return node;
+    Height height;
+    NegationNode node{height.Over(std::move(inner))};
+    return Made(std::move(node), height);
 }
 
 ExpressionPtr ExpressionParser::ParsePrimary() {
     const Token& token = mCursor.Current();
     switch (token.kind) {
     case TokenKind::Number:
-        return Leaf(Kind::Number);
+        return Leaf(NumberNode{token.Content()});
     case TokenKind::Text:
-        return Leaf(Kind::Text);
+        return ParseText();
     case TokenKind::Parameter:
-        return Leaf(Kind::Parameter);
+        return Leaf(ParameterNode{token.Content()});
     default:
         break;
     }
     if (token.IsOperator(u"("))
         return ParseParentheses();
     if (token.Is(u"null"))
-        return Leaf(Kind::Null);
+        return Leaf(NullNode());
     if (token.Is(u"case"))
         return ParseCase();
     if (token.Is(u"convert"))
@@ -238,109 +263,115 @@ ExpressionPtr ExpressionParser::ParsePrimary() {
     return ParseColumn();
 }
 
+ExpressionPtr ExpressionParser::Leaf(Expression::Node node) {
+    mCursor.Advance();
+    return Made(std::move(node));
+}
+
+ExpressionPtr ExpressionParser::ParseText() {
+    return Leaf(TextNode{mCursor.Current().Content(), mCursor.Current().national});
+}
+
 ExpressionPtr ExpressionParser::ParseParentheses() {
-    mCursor.Enter();
+    const TokenCursor::Level level(mCursor);
+    if (mCursor.Ahead(1).Is(u"select"))
+        return Made(SubqueryNode{ParseSubquery()});
     mCursor.ExpectOperator(u"(");
-    ExpressionPtr inner;
-    if (mCursor.Is(u"select")) {
-        inner = NewNode(Kind::Subquery);
-        inner->query = std::make_unique<Query>(QueryParser(mCursor).ParseSubquery());
-    } else {
-        inner = ParseOr();
-    }
+    ExpressionPtr inner = ParseOr();
     mCursor.ExpectOperator(u")");
-    mCursor.Leave();
     return inner;
+}
+
+std::unique_ptr<Query> ExpressionParser::ParseSubquery() {
+    mCursor.ExpectOperator(u"(");
+    auto query = std::make_unique<Query>(QueryParser(mCursor).ParseSubquery());
+    mCursor.ExpectOperator(u")");
+    return query;
 }
 
 ExpressionPtr ExpressionParser::ParseExists() {
     mCursor.Expect(u"exists");
-    auto node = NewNode(Kind::Exists);
-    mCursor.ExpectOperator(u"(");
-    node->query = std::make_unique<Query>(QueryParser(mCursor).ParseSubquery());
-    mCursor.ExpectOperator(u")");
-    return node;
+    return Made(ExistsNode{ParseSubquery()});
 }
 
 ExpressionPtr ExpressionParser::ParseCase() {
-    mCursor.Enter();
+    const TokenCursor::Level level(mCursor);
     mCursor.Expect(u"case");
-    auto node = NewNode(Kind::Case);
-    if (!mCursor.Is(u"when")) {
-        node->hasOperand = true;
-        Append(*node, ParseValue());
-    }
+    Height height;
+    CaseNode node;
+    if (!mCursor.Is(u"when"))
+        node.operand = height.Over(ParseValue());
     do {
+        CaseBranch branch;
         mCursor.Expect(u"when");
-        Append(*node, node->hasOperand ? ParseValue() : ParseCondition());
+        branch.when = height.Over(node.operand ? ParseValue() : ParseCondition());
         mCursor.Expect(u"then");
-        Append(*node, ParseValue());
+        branch.then = height.Over(ParseValue());
+        node.branches.push_back(std::move(branch));
     } while (mCursor.Is(u"when"));
-    if (mCursor.Accept(u"else")) {
-        node->hasElse = true;
-        Append(*node, ParseValue());
-    }
+    if (mCursor.Accept(u"else"))
+        node.otherwise = height.Over(ParseValue());
     mCursor.Expect(u"end");
-    mCursor.Leave();
-    return node;
+    return Made(std::move(node), height);
 }
 
 ExpressionPtr ExpressionParser::ParseCast() {
-    mCursor.Enter();
+    const TokenCursor::Level level(mCursor);
     mCursor.Expect(u"cast");
     mCursor.ExpectOperator(u"(");
-    auto node = NewNode(Kind::Cast);
-    Append(*node, ParseValue());
+    Height height;
+    CastNode node;
+    node.value = height.Over(ParseValue());
     mCursor.Expect(u"as");
-    node->type = ParseType(kDefaultCastLength);
+    node.type = ParseType(kDefaultCastLength);
     mCursor.ExpectOperator(u")");
-    mCursor.Leave();
-    return node;
+    return Made(std::move(node), height);
 }
 
 ExpressionPtr ExpressionParser::ParseConvert() {
-    mCursor.Enter();
+    const TokenCursor::Level level(mCursor);
     mCursor.Expect(u"convert");
     mCursor.ExpectOperator(u"(");
-    auto node = NewNode(Kind::Cast);
-    node->type = ParseType(kDefaultCastLength);
+    Height height;
+    CastNode node;
+    node.type = ParseType(kDefaultCastLength);
     mCursor.ExpectOperator(u",");
-    Append(*node, ParseValue());
+    node.value = height.Over(ParseValue());
     if (mCursor.AcceptOperator(u","))
-        node->style = mCursor.ExpectWholeNumber();
+        node.style = mCursor.ExpectWholeNumber();
     mCursor.ExpectOperator(u")");
-    mCursor.Leave();
-    return node;
+    return Made(std::move(node), height);
 }
 
 ExpressionPtr ExpressionParser::ParseCall() {
-    mCursor.Enter();
-    auto node = NewNode(Kind::Call, mCursor.Current().written.toString().toUpper());
+    const TokenCursor::Level level(mCursor);
+    Height height;
+    CallNode node;
+    node.name = mCursor.Current().written.toString().toUpper();
     mCursor.Advance();
     mCursor.ExpectOperator(u"(");
-    if (node->text == "DATEADD"_L1 || node->text == "DATEDIFF"_L1) {
-        node->path << mCursor.ExpectName();
+    if (node.name == "DATEADD"_L1 || node.name == "DATEDIFF"_L1) {
+        node.datePart = mCursor.ExpectName();
         mCursor.ExpectOperator(u",");
     }
     if (mCursor.AcceptOperator(u"*")) {
-        node->star = true;
+        node.star = true;
     } else if (!mCursor.IsOperator(u")")) {
-        node->distinct = mCursor.Accept(u"distinct");
+        node.distinct = mCursor.Accept(u"distinct");
         do {
-            Append(*node, ParseValue());
+            node.arguments.push_back(height.Over(ParseValue()));
         } while (mCursor.AcceptOperator(u","));
     }
     mCursor.ExpectOperator(u")");
-    mCursor.Leave();
-    return node;
+    return Made(std::move(node), height);
 }
 
 ExpressionPtr ExpressionParser::ParseColumn() {
-    auto node = NewNode(Kind::Column);
-    node->path << mCursor.ExpectName();
+    ColumnNode node;
+    node.path << mCursor.ExpectName();
     while (mCursor.AcceptOperator(u"."))
-        node->path << (mCursor.IsOperator(u".") ? QString() : mCursor.ExpectName());
-    return node;
+        node.path << (mCursor.IsOperator(u".") ? QString() : mCursor.ExpectName());
+    return Made(std::move(node));
 }
 
 ExpressionPtr ExpressionParser::ParseLiteral() {
@@ -349,11 +380,11 @@ ExpressionPtr ExpressionParser::ParseLiteral() {
     if (number && (token.kind == TokenKind::Number || mCursor.IsOperator(u"-") || mCursor.IsOperator(u"+")))
         return ParseSigned();
     if (token.Is(u"null"))
-        return Leaf(Kind::Null);
+        return Leaf(NullNode());
     // The server takes a bare word in a call for a text.
     if (token.kind != TokenKind::Text && !mCursor.IsName())
         mCursor.RaiseSyntax();
-    return Leaf(Kind::Text);
+    return ParseText();
 }
 
 SqlType ExpressionParser::ParseType(int defaultLength) {

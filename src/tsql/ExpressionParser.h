@@ -23,8 +23,11 @@ class ExpressionParser {
     ExpressionPtr ParseAnd();
     ExpressionPtr ParseNot();
     ExpressionPtr ParsePredicate();
+    ExpressionPtr ParseComparison(ExpressionPtr left);
     ExpressionPtr ParseIsNull(ExpressionPtr left);
-    ExpressionPtr ParseIn(ExpressionPtr left);
+    ExpressionPtr ParseIn(ExpressionPtr left, bool negated);
+    ExpressionPtr ParseLike(ExpressionPtr left, bool negated);
+    ExpressionPtr ParseBetween(ExpressionPtr left, bool negated);
     ExpressionPtr ParseSum();
     ExpressionPtr ParseProduct();
     ExpressionPtr ParseSigned();
@@ -37,11 +40,13 @@ class ExpressionParser {
     ExpressionPtr ParseCall();
     ExpressionPtr ParseColumn();
 
-    ExpressionPtr NewNode(Expression::Kind kind, const QString& text = {}) const;
-    ExpressionPtr Leaf(Expression::Kind kind);
-    void Append(Expression& parent, ExpressionPtr child) const;
-    ExpressionPtr Join(Expression::Kind kind, const QString& text, ExpressionPtr left,
-                       ExpressionPtr right) const;
+    ExpressionPtr ParseText();
+    /// The node of the piece that stands here, which is taken.
+    ExpressionPtr Leaf(Expression::Node node);
+    /// The sign of the arithmetic that stands here.
+    QChar TakeSign();
+    std::unique_ptr<Query> ParseSubquery();
+
     /// Gives the value back, or raises the syntax error for a condition.
     ExpressionPtr Value(ExpressionPtr expression) const;
     ExpressionPtr Condition(ExpressionPtr expression) const;

@@ -28,11 +28,10 @@ Query QueryParser::ParseQuery() {
 }
 
 Query QueryParser::ParseSubquery() {
-    mCursor.Enter();
+    const TokenCursor::Level level(mCursor);
     Query query = ParseQuery();
     if (!query.orderBy.empty() && !query.cores.back().top)
         throw ServerError(Fault::OrderByInSubquery);
-    mCursor.Leave();
     return query;
 }
 
@@ -73,20 +72,23 @@ bool QueryParser::BeginsStar() const {
 }
 
 SelectItem QueryParser::ParseItem() {
-    SelectItem item;
-    if (BeginsStar()) {
-        while (!mCursor.AcceptOperator(u"*")) {
-            item.path << mCursor.ExpectName();
-            mCursor.ExpectOperator(u".");
-            if (mCursor.AcceptOperator(u"."))
-                item.path << QString();
-        }
-        item.star = true;
-        return item;
-    }
+    if (BeginsStar())
+        return ParseStar();
+    SelectedValue item;
     item.value = ExpressionParser(mCursor).ParseValue();
     item.alias = ParseAlias();
     return item;
+}
+
+SelectedStar QueryParser::ParseStar() {
+    SelectedStar star;
+    while (!mCursor.AcceptOperator(u"*")) {
+        star.path << mCursor.ExpectName();
+        mCursor.ExpectOperator(u".");
+        if (mCursor.AcceptOperator(u"."))
+            star.path << QString();
+    }
+    return star;
 }
 
 QString QueryParser::ParseAlias() {
@@ -113,9 +115,8 @@ void QueryParser::ParseSources(SelectCore& core) {
             return;
         mCursor.Expect(u"join");
         TableSource source = ParseSource();
-        source.leftJoin = left;
         mCursor.Expect(u"on");
-        source.on = ExpressionParser(mCursor).ParseCondition();
+        source.join = Join{left, ExpressionParser(mCursor).ParseCondition()};
         core.sources.push_back(std::move(source));
     }
 }
@@ -123,14 +124,14 @@ void QueryParser::ParseSources(SelectCore& core) {
 TableSource QueryParser::ParseSource() {
     TableSource source;
     if (mCursor.AcceptOperator(u"(")) {
-        source.query = std::make_unique<Query>(ParseSubquery());
+        source.rows = std::make_unique<Query>(ParseSubquery());
         mCursor.ExpectOperator(u")");
         source.alias = ParseAlias();
         if (source.alias.isEmpty())
             mCursor.RaiseSyntax();
         return source;
     }
-    source.name = mCursor.ExpectObjectName();
+    source.rows = mCursor.ExpectObjectName();
     source.alias = ParseAlias();
     return source;
 }

@@ -18,6 +18,7 @@ class QueryParser {
     /// Whether "*" or "alias.*" stands here, which only the piece behind the last dot tells from a column.
     bool BeginsStar() const;
     SelectItem ParseItem();
+    SelectedStar ParseStar();
     TableSource ParseSource();
     void ParseSources(SelectCore& core);
     void ParseGrouping(SelectCore& core);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tsql/Convert.h"
 #include "tsql/SqlType.h"
 
 #include <QString>
@@ -26,83 +27,190 @@ struct ObjectName {
     QString written;
 };
 
-/// An expression or a condition. `arguments` are its parts in the order in which they are written.
-struct Expression {
-    enum class Kind {
-        Null,
-        /// `text` is the content.
-        Text,
-        /// `text` is the number as written.
-        Number,
-        /// `text` is the name with "@".
-        Parameter,
-        /// `path` is the name's parts, the column last.
-        Column,
-        Negate,
-        /// `text` is one of + - * / %.
-        Arithmetic,
-        /// A function; `text` is its name in capitals.
-        Call,
-        /// CAST and CONVERT to `type`, with `style`.
-        Cast,
-        /// CASE: condition and value by turns; with `hasElse`, the value of ELSE last. With `hasOperand`, the
-        /// operand comes first and values to compare it with stand for the conditions.
-        Case,
-        /// A query that stands for one value.
-        Subquery,
-        // Conditions from here on.
-        /// `text` is one of = <> < <= > >=.
-        Comparison,
-        And,
-        Or,
-        Not,
-        IsNull,
-        Like,
-        Between,
-        /// A value in a list of values, or in the rows of a query.
-        In,
-        Exists,
-    };
+// The nodes of an expression. Each owns its parts; a part that is always written is never null.
 
-    Kind kind = Kind::Null;
+/// The literal NULL.
+struct NullNode {};
+
+/// A text in quotes.
+struct TextNode {
     QString text;
-    QStringList path;
-    std::vector<ExpressionPtr> arguments;
-    std::unique_ptr<Query> query;
-    SqlType type;
-    int style = -1;
-    bool hasElse = false;
-    bool hasOperand = false;
-    /// NOT in front of LIKE, BETWEEN, IN or behind IS; DISTINCT in an aggregate.
-    bool negated = false;
-    bool distinct = false;
-    /// COUNT(*).
-    bool star = false;
     /// N'…'.
     bool national = false;
-    /// The height of the tree.
-    int depth = 1;
-
-    bool IsCondition() const { return kind >= Kind::Comparison; }
 };
 
-/// One item of a select list: a value with or without a name, or "*", or "alias.*".
-struct SelectItem {
-    ExpressionPtr value;
-    QString alias;
-    bool star = false;
-    /// The alias in front of ".*".
+/// A number as written, without a sign.
+struct NumberNode {
+    QString written;
+};
+
+struct ParameterNode {
+    /// With "@".
+    QString name;
+};
+
+struct ColumnNode {
+    /// The name's parts, the column last.
     QStringList path;
+};
+
+struct NegationNode {
+    ExpressionPtr operand;
+};
+
+struct ArithmeticNode {
+    /// One of + - * / %.
+    QChar sign;
+    ExpressionPtr left;
+    ExpressionPtr right;
+};
+
+/// A call of a function, an aggregate included.
+struct CallNode {
+    /// In capitals.
+    QString name;
+    /// Of DATEADD and DATEDIFF, as written; empty for all others.
+    QString datePart;
+    /// With DISTINCT in front of the arguments.
+    bool distinct = false;
+    /// With "*" in place of arguments.
+    bool star = false;
+    std::vector<ExpressionPtr> arguments;
+};
+
+/// CAST and CONVERT.
+struct CastNode {
+    ExpressionPtr value;
+    SqlType type;
+    int style = kDefaultStyle;
+};
+
+struct CaseBranch {
+    /// A condition, or a value to compare the operand with.
+    ExpressionPtr when;
+    ExpressionPtr then;
+};
+
+struct CaseNode {
+    /// Null where the branches have conditions.
+    ExpressionPtr operand;
+    std::vector<CaseBranch> branches;
+    /// Null without ELSE.
+    ExpressionPtr otherwise;
+};
+
+/// A query that stands for one value.
+struct SubqueryNode {
+    std::unique_ptr<Query> query;
+};
+
+// Conditions from here on. Those with `negated` have a NOT of their own, as in NOT LIKE and IS NOT NULL.
+
+struct ComparisonNode {
+    /// One of = <> < <= > >=.
+    QString sign;
+    ExpressionPtr left;
+    ExpressionPtr right;
+};
+
+struct AndNode {
+    ExpressionPtr left;
+    ExpressionPtr right;
+};
+
+struct OrNode {
+    ExpressionPtr left;
+    ExpressionPtr right;
+};
+
+struct NotNode {
+    ExpressionPtr condition;
+};
+
+struct IsNullNode {
+    ExpressionPtr value;
+    bool negated = false;
+};
+
+struct LikeNode {
+    ExpressionPtr text;
+    ExpressionPtr pattern;
+    bool negated = false;
+};
+
+struct BetweenNode {
+    ExpressionPtr value;
+    ExpressionPtr low;
+    ExpressionPtr high;
+    bool negated = false;
+};
+
+struct InListNode {
+    ExpressionPtr value;
+    std::vector<ExpressionPtr> list;
+    bool negated = false;
+};
+
+struct InQueryNode {
+    ExpressionPtr value;
+    std::unique_ptr<Query> query;
+    bool negated = false;
+};
+
+struct ExistsNode {
+    std::unique_ptr<Query> query;
+};
+
+/// An expression or a condition: one of the nodes.
+struct Expression {
+    using Node =
+        std::variant<NullNode, TextNode, NumberNode, ParameterNode, ColumnNode, NegationNode, ArithmeticNode,
+                     CallNode, CastNode, CaseNode, SubqueryNode, ComparisonNode, AndNode, OrNode, NotNode,
+                     IsNullNode, LikeNode, BetweenNode, InListNode, InQueryNode, ExistsNode>;
+
+    Node node;
+    /// Of the tree, queries inside it left out: 1 for a node without parts.
+    int height = 1;
+
+    /// The node, if it is of that kind; else null.
+    template <class Kind> const Kind* As() const { return std::get_if<Kind>(&node); }
+    bool IsCondition() const {
+        return IsOneOf<ComparisonNode, AndNode, OrNode, NotNode, IsNullNode, LikeNode, BetweenNode,
+                       InListNode, InQueryNode, ExistsNode>();
+    }
+
+  private:
+    template <class... Kinds> bool IsOneOf() const { return (std::holds_alternative<Kinds>(node) || ...); }
+};
+
+/// "*" or "alias.*" in a select list.
+struct SelectedStar {
+    /// The alias in front of ".*"; empty for all sources.
+    QStringList path;
+};
+
+/// A value in a select list.
+struct SelectedValue {
+    ExpressionPtr value;
+    /// Empty where the text gives it no name.
+    QString alias;
+};
+
+using SelectItem = std::variant<SelectedValue, SelectedStar>;
+
+/// How a source is joined to those in front of it.
+struct Join {
+    bool left = false;
+    ExpressionPtr condition;
 };
 
 /// A table or derived table in FROM.
 struct TableSource {
-    ObjectName name;
-    std::unique_ptr<Query> query;
+    std::variant<ObjectName, std::unique_ptr<Query>> rows;
+    /// Empty for a table that keeps its own name.
     QString alias;
-    bool leftJoin = false;
-    /// The condition of a join; null for the first source.
-    ExpressionPtr on;
+    /// Nothing for the first source.
+    std::optional<Join> join;
 };
 
 /// One SELECT, without the ORDER BY behind it.
@@ -131,13 +239,14 @@ struct SelectStatement {
     Query query;
 };
 
+/// The rows behind VALUES.
+using ValueRows = std::vector<std::vector<ExpressionPtr>>;
+
 struct InsertStatement {
     ObjectName table;
     /// Empty where the text names no columns.
     QStringList columns;
-    /// The rows of VALUES, or a query.
-    std::vector<std::vector<ExpressionPtr>> rows;
-    std::unique_ptr<Query> query;
+    std::variant<ValueRows, Query> source;
 };
 
 struct Assignment {

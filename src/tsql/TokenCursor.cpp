@@ -73,9 +73,11 @@ ObjectName TokenCursor::ExpectObjectName() {
     return name;
 }
 
-void TokenCursor::Enter() {
-    if (++mNesting > kDeepest)
+TokenCursor::Level::Level(TokenCursor& cursor)
+    : mCursor(cursor) {
+    if (cursor.mNesting >= kDeepest)
         throw ServerError(Fault::TooDeep);
+    ++cursor.mNesting;
 }
 
 int TokenCursor::ExpectWholeNumber() {

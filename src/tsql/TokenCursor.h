@@ -43,9 +43,18 @@ class TokenCursor {
     /// The content of a text in single quotes.
     QString ExpectText();
 
-    /// Counts one level of nesting in a text; raises 191 where it goes too deep. Each Enter has its Leave.
-    void Enter();
-    void Leave() { --mNesting; }
+    /// One level of nesting in a text, for as long as it is read.
+    class Level {
+      public:
+        /// Raises 191 where it goes too deep.
+        explicit Level(TokenCursor& cursor);
+        Level(const Level&) = delete;
+        Level& operator=(const Level&) = delete;
+        ~Level() { --mCursor.mNesting; }
+
+      private:
+        TokenCursor& mCursor;
+    };
 
     /// Raises the error for a piece that cannot stand here.
     [[noreturn]] void RaiseSyntax() const;

@@ -78,8 +78,8 @@ QStringList TouchedColumns(const Statement& statement) {
     QStringList columns;
     if (const auto* update = std::get_if<UpdateStatement>(&statement))
         for (const Assignment& assignment : update->assignments)
-            if (assignment.value->kind == Expression::Kind::Column &&
-                assignment.value->path.last().compare(assignment.column, Qt::CaseInsensitive) == 0)
+            if (const auto* value = assignment.value->As<ColumnNode>();
+                value && value->path.last().compare(assignment.column, Qt::CaseInsensitive) == 0)
                 columns << assignment.column.toCaseFolded();
     return columns;
 }

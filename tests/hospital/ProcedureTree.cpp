@@ -18,10 +18,7 @@ class Walk {
 
     void Over(const SelectStatement& select) const { Over(select.query); }
     void Over(const InsertStatement& insert) const {
-        for (const auto& row : insert.rows)
-            OverAll(row);
-        if (insert.query)
-            Over(*insert.query);
+        std::visit([this](const auto& source) { Over(source); }, insert.source);
     }
     void Over(const UpdateStatement& update) const {
         for (const Assignment& assignment : update.assignments)
@@ -32,6 +29,10 @@ class Walk {
     void Over(const RefusalStatement& refusal) const { Over(refusal.condition); }
 
   private:
+    void Over(const ValueRows& rows) const {
+        for (const auto& row : rows)
+            Over(row);
+    }
     void Over(const Query& query) const {
         for (const SelectCore& core : query.cores)
             Over(core);
@@ -41,30 +42,57 @@ class Walk {
     void Over(const SelectCore& core) const {
         Over(core.top);
         for (const SelectItem& item : core.items)
-            Over(item.value);
+            if (const auto* value = std::get_if<SelectedValue>(&item))
+                Over(value->value);
         for (const TableSource& source : core.sources) {
-            if (source.query)
-                Over(*source.query);
-            else
-                table(source.name);
-            Over(source.on);
+            std::visit([this](const auto& rows) { Over(rows); }, source.rows);
+            if (source.join)
+                Over(source.join->condition);
         }
         Over(core.where);
-        OverAll(core.groupBy);
+        Over(core.groupBy);
         Over(core.having);
     }
+    void Over(const ObjectName& name) const { table(name); }
+    void Over(const std::unique_ptr<Query>& query) const { Over(*query); }
     void Over(const ExpressionPtr& part) const {
         if (!part)
             return;
         expression(*part);
-        OverAll(part->arguments);
-        if (part->query)
-            Over(*part->query);
+        std::visit([this](const auto& node) { Over(node); }, part->node);
     }
-    void OverAll(const std::vector<ExpressionPtr>& parts) const {
+    void Over(const std::vector<ExpressionPtr>& parts) const {
         for (const ExpressionPtr& part : parts)
             Over(part);
     }
+    template <class... Parts> void OverEach(const Parts&... parts) const { (Over(parts), ...); }
+
+    void Over(const NullNode&) const {}
+    void Over(const TextNode&) const {}
+    void Over(const NumberNode&) const {}
+    void Over(const ParameterNode&) const {}
+    void Over(const ColumnNode&) const {}
+    void Over(const NegationNode& node) const { Over(node.operand); }
+    void Over(const ArithmeticNode& node) const { OverEach(node.left, node.right); }
+    void Over(const CallNode& node) const { Over(node.arguments); }
+    void Over(const CastNode& node) const { Over(node.value); }
+    void Over(const CaseNode& node) const {
+        Over(node.operand);
+        for (const CaseBranch& branch : node.branches)
+            OverEach(branch.when, branch.then);
+        Over(node.otherwise);
+    }
+    void Over(const SubqueryNode& node) const { Over(node.query); }
+    void Over(const ComparisonNode& node) const { OverEach(node.left, node.right); }
+    void Over(const AndNode& node) const { OverEach(node.left, node.right); }
+    void Over(const OrNode& node) const { OverEach(node.left, node.right); }
+    void Over(const NotNode& node) const { Over(node.condition); }
+    void Over(const IsNullNode& node) const { Over(node.value); }
+    void Over(const LikeNode& node) const { OverEach(node.text, node.pattern); }
+    void Over(const BetweenNode& node) const { OverEach(node.value, node.low, node.high); }
+    void Over(const InListNode& node) const { OverEach(node.value, node.list); }
+    void Over(const InQueryNode& node) const { OverEach(node.value, node.query); }
+    void Over(const ExistsNode& node) const { Over(node.query); }
 };
 
 void Run(const Walk& walk, const Statement& statement) {

@@ -1,4 +1,6 @@
 #include "support/ScreenTest.h"
+#include "text/RunTimeError.h"
+#include "toolkit/Focus.h"
 #include "toolkit/ShowModal.h"
 
 #include <QDialog>
@@ -67,6 +69,17 @@ TEST_F(ShowModalTest, LeavesAControlThatWasHiddenMeanwhile) {
     ShowModal(dialog);
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
     EXPECT_FALSE(second->hasFocus());
+}
+
+TEST_F(ShowModalTest, AGotFocusThatFailsBehindItReachesTheTop) {
+    auto* box = new QLineEdit(&dialog);
+    OnGotFocus(second, [] { throw RunTime::Error(RunTime::kInvalidUseOfNull); });
+    QTimer::singleShot(0, &dialog, [&] {
+        EXPECT_TRUE(QTest::qWaitFor([box] { return box->hasFocus(); }));
+        dialog.accept();
+    });
+    EXPECT_TRUE(ShowModal(dialog));
+    EXPECT_EQ(TakeFailure(), RunTime::kInvalidUseOfNull);
 }
 
 TEST_F(ShowModalTest, OutlivesTheWindowThatItWasOpenedOver) {

@@ -34,12 +34,20 @@ struct BadCommand {
 
 class CommandFailure : public testing::TestWithParam<BadCommand> {};
 
+/// A literal as it is written, texts without quotes.
+QString Written(const Expression& value) {
+    if (const auto* text = value.As<TextNode>())
+        return text->text;
+    if (const auto* number = value.As<NumberNode>())
+        return number->written;
+    if (const auto* negation = value.As<NegationNode>())
+        return u'-' + Written(*negation->operand);
+    return value.As<NullNode>() ? u"null"_s : u"no literal"_s;
+}
+
 QString Described(const CallArgument& argument) {
-    const Expression& value = *argument.value;
     const QString name = argument.name.isEmpty() ? QString() : argument.name + u'=';
-    if (value.kind == Expression::Kind::Null)
-        return name + u"null"_s;
-    return name + (value.kind == Expression::Kind::Negate ? u"-"_s + value.arguments[0]->text : value.text);
+    return name + Written(*argument.value);
 }
 
 } // namespace

@@ -49,7 +49,7 @@ TEST(ScriptTable, ColumnsKeysAndDefaults) {
     EXPECT_EQ(table.columns[1].name, u"a b"_s);
     EXPECT_EQ(table.columns[1].type, SqlType::Text(20));
     ASSERT_TRUE(table.columns[1].defaultValue);
-    EXPECT_EQ(table.columns[1].defaultValue->text, u"x"_s);
+    EXPECT_EQ(std::get<TextNode>(table.columns[1].defaultValue->node).text, u"x"_s);
     EXPECT_EQ(table.columns[2].type, SqlType::Decimal(9, 2));
     EXPECT_EQ(table.columns[3].type, SqlType::Text());
     ASSERT_EQ(table.keys.size(), 2U);
@@ -76,8 +76,8 @@ TEST(ScriptProcedure, ParametersAndBodyWithoutItsFrame) {
     ASSERT_EQ(procedure.parameters.size(), 3U);
     EXPECT_EQ(procedure.parameters[0].name, u"@a"_s);
     EXPECT_FALSE(procedure.parameters[0].defaultValue);
-    EXPECT_EQ(procedure.parameters[1].defaultValue->kind, Expression::Kind::Negate);
-    EXPECT_EQ(procedure.parameters[2].defaultValue->kind, Expression::Kind::Null);
+    EXPECT_TRUE(procedure.parameters[1].defaultValue->As<NegationNode>());
+    EXPECT_TRUE(procedure.parameters[2].defaultValue->As<NullNode>());
     ASSERT_EQ(procedure.body.size(), 2U);
     EXPECT_TRUE(std::holds_alternative<DeleteStatement>(procedure.body[0]));
     EXPECT_TRUE(std::holds_alternative<SelectStatement>(procedure.body[1]));

@@ -37,9 +37,24 @@ class Units {
     bool mFits = true;
 };
 
+/// A number without a look at its range, for texts that are too short to leave it.
+class ShortUnits {
+  public:
+    void Add(qint64 units) { mUnits += units; }
+    void TimesTen() { mUnits *= 10; }
+    void Negate() { mUnits = -mUnits; }
+    qint64 Get() const { return mUnits; }
+
+  private:
+    qint64 mUnits = 0;
+};
+
+/// This many digits and the decimals fit into 64 bits.
+constexpr qsizetype kShortText = 14;
+
 /// The digits of an exact decimal, without the way over a double, which is inexact and slow.
-Units ToUnits(const QString& decimal) {
-    Units units;
+template <class Number> Number DigitsOf(const QString& decimal) {
+    Number units;
     int decimals = -1;
     for (const QChar c : decimal) {
         if (c == u'.') {
@@ -54,6 +69,14 @@ Units ToUnits(const QString& decimal) {
         units.TimesTen();
     if (decimal.startsWith(u'-'))
         units.Negate();
+    return units;
+}
+
+Units ToUnits(const QString& decimal) {
+    if (decimal.size() > kShortText)
+        return DigitsOf<Units>(decimal);
+    Units units;
+    units.Add(DigitsOf<ShortUnits>(decimal).Get());
     return units;
 }
 

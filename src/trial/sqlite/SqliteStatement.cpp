@@ -42,13 +42,9 @@ bool SqliteStatement::Step() {
         return true;
     if (code == SQLITE_DONE)
         return false;
-    // Reset first: it frees the locks, and a rollback may follow.
-    try {
-        mDatabase.Raise(code);
-    } catch (...) {
-        Reset();
-        throw;
-    }
+    // A run that failed frees its locks, since a rollback may follow.
+    const StatementRun failed(*this);
+    mDatabase.Raise(code);
 }
 
 void SqliteStatement::Reset() {

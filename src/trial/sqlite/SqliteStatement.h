@@ -14,16 +14,30 @@ class SqliteStatement {
     void Bind(int number, const Cell& value);
     /// Whether a row came.
     bool Step();
-    /// Ends the run; the statement may be run again.
-    void Reset();
     sqlite3_stmt* Handle() const { return mHandle.get(); }
 
   private:
+    friend class StatementRun;
     struct Finalize {
         void operator()(sqlite3_stmt* statement) const;
     };
 
+    void Reset();
+
     SqliteDatabase& mDatabase;
     std::unique_ptr<sqlite3_stmt, Finalize> mHandle;
     int mParameterCount = 0;
+};
+
+/// One run of a statement: it is ended however the block around it ends, and the statement may be run again.
+class StatementRun {
+  public:
+    explicit StatementRun(SqliteStatement& statement)
+        : mStatement(statement) {}
+    StatementRun(const StatementRun&) = delete;
+    StatementRun& operator=(const StatementRun&) = delete;
+    ~StatementRun() { mStatement.Reset(); }
+
+  private:
+    SqliteStatement& mStatement;
 };

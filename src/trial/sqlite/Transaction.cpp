@@ -4,9 +4,25 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString BeginText(Transaction::Kind kind) {
+    switch (kind) {
+    case Transaction::Kind::Reading:
+        return u"BEGIN"_s;
+    case Transaction::Kind::Writing:
+        return u"BEGIN IMMEDIATE"_s;
+    case Transaction::Kind::Exclusive:
+        return u"BEGIN EXCLUSIVE"_s;
+    }
+    return {};
+}
+
+} // namespace
+
 Transaction::Transaction(SqliteDatabase& database, Kind kind)
     : mDatabase(database) {
-    mDatabase.Run(kind == Kind::Writing ? u"BEGIN IMMEDIATE"_s : u"BEGIN"_s);
+    mDatabase.Run(BeginText(kind));
 }
 
 Transaction::~Transaction() {

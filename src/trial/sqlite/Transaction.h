@@ -10,6 +10,8 @@ class Transaction {
         Reading,
         /// Holds the write lock from its beginning.
         Writing,
+        /// Lets nobody else read the file either.
+        Exclusive,
     };
 
     Transaction(SqliteDatabase& database, Kind kind);

@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Kind = Expression::Kind;
-
 QString RealText(double value) {
     QString text = QString::number(value, 'g', 17);
     if (!text.contains(u'.') && !text.contains(u'e'))
@@ -28,6 +26,41 @@ Cell Negative(const Cell& value) {
         return -*whole;
     const auto* real = std::get_if<double>(&value);
     return real ? Cell(-*real) : value;
+}
+
+/// The values of literals; nothing for any other node.
+struct LiteralReader {
+    std::optional<Typed> operator()(const NullNode&) const { return Typed{{}, {}, false, Cell(), {}}; }
+    std::optional<Typed> operator()(const TextNode& text) const {
+        const auto kind = text.national ? SqlType::Kind::NVarChar : SqlType::Kind::VarChar;
+        const SqlType type{kind, static_cast<int>(text.text.size()), 0, 0};
+        return Typed{{}, type, false, text.text.toUtf8(), {}};
+    }
+    std::optional<Typed> operator()(const NumberNode& number) const {
+        const auto [value, type] = NumberLiteral(number.written);
+        return Typed{{}, type, false, value, {}};
+    }
+    std::optional<Typed> operator()(const NegationNode& negation) const {
+        auto inner = std::visit(*this, negation.operand->node);
+        if (!inner || !inner->type.IsNumber())
+            return std::nullopt;
+        inner->constant = Negative(*inner->constant);
+        return inner;
+    }
+    template <class Node> std::optional<Typed> operator()(const Node&) const { return std::nullopt; }
+};
+
+/// The conditions of a chain in the order in which they are written; it grows to the left.
+template <class Chain> std::vector<const Expression*> LinksOf(const Chain& chain) {
+    std::vector<const Expression*> links;
+    const Expression* rest = nullptr;
+    for (const Chain* at = &chain; at; at = rest->As<Chain>()) {
+        links.push_back(at->right.get());
+        rest = at->left.get();
+    }
+    links.push_back(rest);
+    std::reverse(links.begin(), links.end());
+    return links;
 }
 
 } // namespace
@@ -66,6 +99,10 @@ Typed ExpressionTranslator::Constant(const Cell& value, const SqlType& type) {
             known.push_back(value);
     }
     return constant;
+}
+
+Typed ExpressionTranslator::Known(const Typed& literal) {
+    return Constant(*literal.constant, literal.type);
 }
 
 Typed ExpressionTranslator::Clock() {
@@ -109,109 +146,57 @@ QString ExpressionTranslator::Collated(const Typed& value) const {
 }
 
 std::optional<Typed> ExpressionTranslator::Literal(const Expression& expression) {
-    switch (expression.kind) {
-    case Kind::Null:
-        return Typed{u"NULL"_s, {}, false, Cell(), {}};
-    case Kind::Text: {
-        const auto kind = expression.national ? SqlType::Kind::NVarChar : SqlType::Kind::VarChar;
-        const SqlType type{kind, static_cast<int>(expression.text.size()), 0, 0};
-        return Typed{{}, type, false, expression.text.toUtf8(), {}};
-    }
-    case Kind::Number: {
-        const auto [value, type] = NumberLiteral(expression.text);
-        return Typed{{}, type, false, value, {}};
-    }
-    case Kind::Negate: {
-        auto inner = Literal(*expression.arguments[0]);
-        if (!inner || !inner->type.IsNumber())
-            return std::nullopt;
-        inner->constant = Negative(*inner->constant);
-        return inner;
-    }
-    default:
-        return std::nullopt;
-    }
+    return std::visit(LiteralReader(), expression.node);
 }
 
 Typed ExpressionTranslator::Translate(const Expression& expression) {
-    if (const auto literal = Literal(expression))
-        return Constant(*literal->constant, literal->type);
-    Typed result = TranslateNode(expression);
+    Typed result = std::visit([this](const auto& node) { return Make(node); }, expression.node);
     if (mScope && mScope->groupKeys.contains(result.sql))
         result.looseColumn.clear();
     return result;
 }
 
-Typed ExpressionTranslator::TranslateNode(const Expression& expression) {
-    switch (expression.kind) {
-    case Kind::Parameter:
-        return TranslateParameter(expression.text);
-    case Kind::Column:
-        return TranslateColumn(expression);
-    case Kind::Negate:
-        return TranslateNegation(expression);
-    case Kind::Arithmetic:
-        return TranslateArithmetic(expression);
-    case Kind::Call:
-        return FunctionTranslator(*this).Translate(expression);
-    case Kind::Cast:
-        return ConvertTo(Translate(*expression.arguments[0]), expression.type, ConversionPlace::Expression,
-                         expression.style);
-    case Kind::Case:
-        return TranslateCase(expression);
-    case Kind::Subquery:
-        return TranslateSubquery(expression);
-    case Kind::Comparison:
-        return TranslateComparison(expression);
-    case Kind::And:
-    case Kind::Or:
-    case Kind::Not:
-        return TranslateLogic(expression);
-    case Kind::IsNull:
-        return TranslateIsNull(expression);
-    case Kind::Like:
-        return TranslateLike(expression);
-    case Kind::Between:
-        return TranslateBetween(expression);
-    case Kind::In:
-        return TranslateIn(expression);
-    case Kind::Exists:
-        return TranslateExists(expression);
-    case Kind::Null:
-    case Kind::Text:
-    case Kind::Number:
-        break;
-    }
-    return {};
+Typed ExpressionTranslator::Make(const NullNode&) {
+    return Constant(Cell(), {});
 }
 
-Typed ExpressionTranslator::TranslateParameter(const QString& name) {
+Typed ExpressionTranslator::Make(const TextNode& text) {
+    return Known(*LiteralReader()(text));
+}
+
+Typed ExpressionTranslator::Make(const NumberNode& number) {
+    return Known(*LiteralReader()(number));
+}
+
+Typed ExpressionTranslator::Make(const ParameterNode& parameter) {
     for (size_t i = 0; i < mState.parameters.size(); ++i) {
-        if (mState.parameters[i].name.compare(name, Qt::CaseInsensitive) == 0)
+        if (mState.parameters[i].name.compare(parameter.name, Qt::CaseInsensitive) == 0)
             return {u'?' + QString::number(i + 1), mState.parameters[i].type};
     }
-    throw ServerError(Fault::UndeclaredVariable, {name});
+    throw ServerError(Fault::UndeclaredVariable, {parameter.name});
 }
 
-Typed ExpressionTranslator::TranslateColumn(const Expression& expression) {
+Typed ExpressionTranslator::Make(const ColumnNode& column) {
     if (mScope)
-        return mScope->Resolve(expression.path, mState.database);
-    throw ServerError(Fault::InvalidColumn, {expression.path.last()});
+        return mScope->Resolve(column.path, mState.database);
+    throw ServerError(Fault::InvalidColumn, {column.path.last()});
 }
 
-Typed ExpressionTranslator::TranslateNegation(const Expression& expression) {
-    const Typed inner = Translate(*expression.arguments[0]);
+Typed ExpressionTranslator::Make(const NegationNode& negation) {
+    if (const auto literal = LiteralReader()(negation))
+        return Known(*literal);
+    const Typed inner = Translate(*negation.operand);
     if (!inner.type.IsNumber() && !inner.type.IsNull())
         throw ServerError(Fault::InvalidOperand, {inner.type.Name(), u"minus"_s});
     // With the blank, since two signs in a row would begin a comment.
     return InBounds(Compose(u"(- "_s + inner.sql + u')', inner.type, {&inner}));
 }
 
-Typed ExpressionTranslator::TranslateArithmetic(const Expression& expression) {
-    const Typed left = Translate(*expression.arguments[0]);
-    const Typed right = Translate(*expression.arguments[1]);
+Typed ExpressionTranslator::Make(const ArithmeticNode& arithmetic) {
+    const Typed left = Translate(*arithmetic.left);
+    const Typed right = Translate(*arithmetic.right);
     const SqlType common = CommonType(left.type, right.type);
-    const QChar sign = expression.text[0];
+    const QChar sign = arithmetic.sign;
     if (common.IsText()) {
         if (sign != u'+')
             throw ServerError(Fault::InvalidOperand, {common.Name(), OperatorName(sign)});
@@ -249,43 +234,48 @@ Typed ExpressionTranslator::InBounds(Typed result) {
     return ConvertTo(result, type, ConversionPlace::Expression);
 }
 
-Typed ExpressionTranslator::TranslateCase(const Expression& expression) {
-    const auto& arguments = expression.arguments;
-    const size_t first = expression.hasOperand ? 1 : 0;
-    const size_t end = arguments.size() - (expression.hasElse ? 1 : 0);
+Typed ExpressionTranslator::Make(const CallNode& call) {
+    return FunctionTranslator(*this).Translate(call);
+}
+
+Typed ExpressionTranslator::Make(const CastNode& cast) {
+    return ConvertTo(Translate(*cast.value), cast.type, ConversionPlace::Expression, cast.style);
+}
+
+Typed ExpressionTranslator::Make(const CaseNode& choice) {
     std::vector<Typed> parts;
     std::vector<Typed> values;
     SqlType common;
-    for (size_t i = first; i < end; i += 2) {
-        Typed condition = Translate(*arguments[i]);
-        if (expression.hasOperand)
-            condition = Compare(u"="_s, Translate(*arguments[0]), condition);
+    for (const CaseBranch& branch : choice.branches) {
+        Typed condition = Translate(*branch.when);
+        if (choice.operand)
+            condition = Compare(u"="_s, Translate(*choice.operand), condition);
         parts.push_back(condition);
-        values.push_back(Translate(*arguments[i + 1]));
+        values.push_back(Translate(*branch.then));
         common = CommonType(common, values.back().type);
     }
-    if (expression.hasElse) {
-        values.push_back(Translate(*arguments.back()));
+    if (choice.otherwise) {
+        values.push_back(Translate(*choice.otherwise));
         common = CommonType(common, values.back().type);
     }
     QString sql = u"(CASE"_s;
     for (size_t i = 0; i < parts.size(); ++i)
         sql += u" WHEN "_s + parts[i].sql + u" THEN "_s + MeetAs(values[i], common).sql;
-    if (expression.hasElse)
+    if (choice.otherwise)
         sql += u" ELSE "_s + MeetAs(values.back(), common).sql;
     parts.insert(parts.end(), values.begin(), values.end());
     return Compose(sql + u" END)"_s, common, parts);
 }
 
-Typed ExpressionTranslator::TranslateSubquery(const Expression& expression) {
-    const TranslatedQuery query = QueryTranslator(mState, mScope).Translate(*expression.query);
+Typed ExpressionTranslator::Make(const SubqueryNode& subquery) {
+    const TranslatedQuery query = QueryTranslator(mState, mScope).Translate(*subquery.query);
     if (query.columns.size() != 1)
         throw ServerError(Fault::UnionLengths);
     return {u'(' + query.sql + u')', query.columns[0].type};
 }
 
-Typed ExpressionTranslator::TranslateComparison(const Expression& expression) {
-    return Compare(expression.text, Translate(*expression.arguments[0]), Translate(*expression.arguments[1]));
+Typed ExpressionTranslator::Make(const ComparisonNode& comparison) {
+    return Compare(comparison.sign, Translate(*comparison.left), Translate(*comparison.right));
 }
 
 Typed ExpressionTranslator::Compare(const QString& sign, const Typed& left, const Typed& right) {
@@ -297,23 +287,27 @@ Typed ExpressionTranslator::Compare(const QString& sign, const Typed& left, cons
     return Compose(u"("_s + first + u' ' + sign + u' ' + b.sql + u')', {}, {&left, &right});
 }
 
-Typed ExpressionTranslator::TranslateLogic(const Expression& expression) {
-    if (expression.kind == Kind::Not)
-        return Negated(true, Translate(*expression.arguments[0]));
-    // A chain of ANDs grows to the left; read as one it needs one pair of parentheses.
-    std::vector<const Expression*> parts;
-    const Expression* rest = &expression;
-    for (; rest->kind == expression.kind; rest = rest->arguments[0].get())
-        parts.insert(parts.begin(), rest->arguments[1].get());
-    parts.insert(parts.begin(), rest);
+Typed ExpressionTranslator::Make(const AndNode& both) {
+    return MakeChain(both, u" AND "_s);
+}
+
+Typed ExpressionTranslator::Make(const OrNode& either) {
+    return MakeChain(either, u" OR "_s);
+}
+
+template <class Chain> Typed ExpressionTranslator::MakeChain(const Chain& chain, const QString& word) {
+    // Read as one it needs one pair of parentheses.
     std::vector<Typed> conditions;
     QStringList texts;
-    for (const Expression* part : parts) {
-        conditions.push_back(Translate(*part));
+    for (const Expression* link : LinksOf(chain)) {
+        conditions.push_back(Translate(*link));
         texts << conditions.back().sql;
     }
-    return Compose(u'(' + texts.join(expression.kind == Kind::And ? u" AND "_s : u" OR "_s) + u')', {},
-                   conditions);
+    return Compose(u'(' + texts.join(word) + u')', {}, conditions);
+}
+
+Typed ExpressionTranslator::Make(const NotNode& inverse) {
+    return Negated(true, Translate(*inverse.condition));
 }
 
 Typed ExpressionTranslator::Negated(bool negated, Typed condition) {
@@ -322,61 +316,59 @@ Typed ExpressionTranslator::Negated(bool negated, Typed condition) {
     return condition;
 }
 
-Typed ExpressionTranslator::TranslateIsNull(const Expression& expression) {
-    const Typed inner = Translate(*expression.arguments[0]);
-    return Compose(u"("_s + inner.sql + (expression.negated ? u" IS NOT NULL)"_s : u" IS NULL)"_s), {},
-                   {&inner});
+Typed ExpressionTranslator::Make(const IsNullNode& test) {
+    const Typed value = Translate(*test.value);
+    return Compose(u"("_s + value.sql + (test.negated ? u" IS NOT NULL)"_s : u" IS NULL)"_s), {}, {&value});
 }
 
-Typed ExpressionTranslator::TranslateLike(const Expression& expression) {
-    const Typed text = MeetAs(Translate(*expression.arguments[0]), SqlType::Text());
-    const Typed pattern = MeetAs(Translate(*expression.arguments[1]), SqlType::Text());
-    return Negated(expression.negated,
+Typed ExpressionTranslator::Make(const LikeNode& like) {
+    const Typed text = MeetAs(Translate(*like.text), SqlType::Text());
+    const Typed pattern = MeetAs(Translate(*like.pattern), SqlType::Text());
+    return Negated(like.negated,
                    Compose(u"tv_like("_s + text.sql + u", "_s + pattern.sql + u')', {}, {&text, &pattern}));
 }
 
-Typed ExpressionTranslator::TranslateBetween(const Expression& expression) {
-    const Typed value = Translate(*expression.arguments[0]);
-    const Typed low = Compare(u">="_s, value, Translate(*expression.arguments[1]));
-    const Typed high = Compare(u"<="_s, value, Translate(*expression.arguments[2]));
-    return Negated(expression.negated,
+Typed ExpressionTranslator::Make(const BetweenNode& between) {
+    const Typed value = Translate(*between.value);
+    const Typed low = Compare(u">="_s, value, Translate(*between.low));
+    const Typed high = Compare(u"<="_s, value, Translate(*between.high));
+    return Negated(between.negated,
                    Compose(u'(' + low.sql + u" AND "_s + high.sql + u')', {}, {&low, &high}));
 }
 
-Typed ExpressionTranslator::TranslateIn(const Expression& expression) {
-    const Typed left = Translate(*expression.arguments[0]);
-    if (expression.query)
-        return TranslateInQuery(expression, left);
+Typed ExpressionTranslator::Make(const InListNode& in) {
+    const Typed left = Translate(*in.value);
     std::vector<Typed> values;
     SqlType common = left.type;
-    for (size_t i = 1; i < expression.arguments.size(); ++i) {
-        values.push_back(Translate(*expression.arguments[i]));
+    for (const ExpressionPtr& value : in.list) {
+        values.push_back(Translate(*value));
         common = CommonType(common, values.back().type);
     }
     QStringList texts;
     for (const Typed& value : values)
         texts << MeetAs(value, common).sql;
     values.push_back(left);
-    return Negated(expression.negated, Compose(u"("_s + Collated(MeetAs(left, common)) + u" IN ("_s +
-                                                   texts.join(u", "_s) + u"))"_s,
-                                               {}, values));
+    return Negated(in.negated, Compose(u"("_s + Collated(MeetAs(left, common)) + u" IN ("_s +
+                                           texts.join(u", "_s) + u"))"_s,
+                                       {}, values));
 }
 
-Typed ExpressionTranslator::TranslateInQuery(const Expression& expression, const Typed& left) {
-    QueryTranslator translator(mState, mScope);
+Typed ExpressionTranslator::Make(const InQueryNode& in) {
+    const Typed left = Translate(*in.value);
     SqlType common = left.type;
-    const TranslatedQuery query = translator.Translate(*expression.query, [&](size_t, const Typed& item) {
-        common = CommonType(left.type, item.type);
-        return MeetAs(item, common);
-    });
+    const TranslatedQuery query =
+        QueryTranslator(mState, mScope).Translate(*in.query, [&](size_t, const Typed& item) {
+            common = CommonType(left.type, item.type);
+            return MeetAs(item, common);
+        });
     if (query.columns.size() != 1)
         throw ServerError(Fault::UnionLengths);
     return Negated(
-        expression.negated,
+        in.negated,
         Compose(u"("_s + Collated(MeetAs(left, common)) + u" IN ("_s + query.sql + u"))"_s, {}, {&left}));
 }
 
-Typed ExpressionTranslator::TranslateExists(const Expression& expression) {
-    const TranslatedQuery query = QueryTranslator(mState, mScope).Translate(*expression.query);
+Typed ExpressionTranslator::Make(const ExistsNode& exists) {
+    const TranslatedQuery query = QueryTranslator(mState, mScope).Translate(*exists.query);
     return {u"EXISTS ("_s + query.sql + u')', {}};
 }

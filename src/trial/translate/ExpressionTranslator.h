@@ -59,22 +59,31 @@ class ExpressionTranslator {
     bool sawAggregate = false;
 
   private:
-    Typed TranslateNode(const Expression& expression);
-    Typed TranslateParameter(const QString& name);
-    Typed TranslateColumn(const Expression& expression);
-    Typed TranslateNegation(const Expression& expression);
-    Typed TranslateArithmetic(const Expression& expression);
+    Typed Known(const Typed& literal);
+    Typed Make(const NullNode& null);
+    Typed Make(const TextNode& text);
+    Typed Make(const NumberNode& number);
+    Typed Make(const ParameterNode& parameter);
+    Typed Make(const ColumnNode& column);
+    Typed Make(const NegationNode& negation);
+    Typed Make(const ArithmeticNode& arithmetic);
+    Typed Make(const CallNode& call);
+    Typed Make(const CastNode& cast);
+    Typed Make(const CaseNode& choice);
+    Typed Make(const SubqueryNode& subquery);
+    Typed Make(const ComparisonNode& comparison);
+    Typed Make(const AndNode& both);
+    Typed Make(const OrNode& either);
+    Typed Make(const NotNode& inverse);
+    Typed Make(const IsNullNode& test);
+    Typed Make(const LikeNode& like);
+    Typed Make(const BetweenNode& between);
+    Typed Make(const InListNode& in);
+    Typed Make(const InQueryNode& in);
+    Typed Make(const ExistsNode& exists);
+    /// A chain of ANDs or ORs, read as one.
+    template <class Chain> Typed MakeChain(const Chain& chain, const QString& word);
     Typed Calculate(QChar sign, const Typed& left, const Typed& right);
-    Typed TranslateCase(const Expression& expression);
-    Typed TranslateSubquery(const Expression& expression);
-    Typed TranslateComparison(const Expression& expression);
-    Typed TranslateLogic(const Expression& expression);
-    Typed TranslateIsNull(const Expression& expression);
-    Typed TranslateLike(const Expression& expression);
-    Typed TranslateBetween(const Expression& expression);
-    Typed TranslateIn(const Expression& expression);
-    Typed TranslateInQuery(const Expression& expression, const Typed& left);
-    Typed TranslateExists(const Expression& expression);
     Typed Compare(const QString& sign, const Typed& left, const Typed& right);
     static Typed Negated(bool negated, Typed condition);
 

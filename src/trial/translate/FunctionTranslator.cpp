@@ -52,40 +52,40 @@ const FunctionTranslator::Function* FunctionTranslator::Find(const QString& name
     return found == kFunctions.end() ? nullptr : found;
 }
 
-Typed FunctionTranslator::Translate(const Expression& call) {
-    const Function* function = Find(call.text);
+Typed FunctionTranslator::Translate(const CallNode& call) {
+    const Function* function = Find(call.name);
     if (!function)
-        throw ServerError(Fault::UnknownFunction, {call.text});
-    if (call.distinct && call.text != "COUNT"_L1)
+        throw ServerError(Fault::UnknownFunction, {call.name});
+    if (call.distinct && call.name != "COUNT"_L1)
         throw ServerError(Fault::IncorrectSyntaxNearKeyword, {u"distinct"_s});
     const int count = static_cast<int>(call.arguments.size());
-    const bool starMisplaced = call.star && call.text != "COUNT"_L1;
+    const bool starMisplaced = call.star && call.name != "COUNT"_L1;
     if (count < function->least || count > function->most || starMisplaced)
-        throw ServerError(Fault::ArgumentCount, {call.text.toLower(), QString::number(function->least)});
+        throw ServerError(Fault::ArgumentCount, {call.name.toLower(), QString::number(function->least)});
     return (this->*function->handler)(call);
 }
 
-Typed FunctionTranslator::Argument(const Expression& call, size_t number) {
+Typed FunctionTranslator::Argument(const CallNode& call, size_t number) {
     return mExpressions.Translate(*call.arguments[number]);
 }
 
-Typed FunctionTranslator::TextArgument(const Expression& call, size_t number) {
+Typed FunctionTranslator::TextArgument(const CallNode& call, size_t number) {
     return mExpressions.MeetAs(Argument(call, number), SqlType::Text());
 }
 
-Typed FunctionTranslator::WholeArgument(const Expression& call, size_t number) {
+Typed FunctionTranslator::WholeArgument(const CallNode& call, size_t number) {
     return mExpressions.ConvertTo(Argument(call, number), SqlType::BigInt(), ConversionPlace::Expression);
 }
 
-Typed FunctionTranslator::DateArgument(const Expression& call, size_t number) {
+Typed FunctionTranslator::DateArgument(const CallNode& call, size_t number) {
     const Typed value = Argument(call, number);
     return value.type.IsDate() ? value : mExpressions.MeetAs(value, SqlType::DateTime());
 }
 
-Typed FunctionTranslator::NumberArgument(const Expression& call, size_t number) {
+Typed FunctionTranslator::NumberArgument(const CallNode& call, size_t number) {
     const Typed value = Argument(call, number);
     if (value.type.IsDate())
-        throw ServerError(Fault::InvalidOperand, {value.type.Name(), call.text.toLower()});
+        throw ServerError(Fault::InvalidOperand, {value.type.Name(), call.name.toLower()});
     return value.type.IsText() ? mExpressions.ConvertTo(value, SqlType::Float(), ConversionPlace::Expression)
                                : value;
 }
@@ -98,14 +98,14 @@ Typed FunctionTranslator::Call(const QString& name, const SqlType& type,
     return ExpressionTranslator::Compose(name + u'(' + texts.join(u", "_s) + u')', type, arguments);
 }
 
-Typed FunctionTranslator::Concat(const Expression& call) {
+Typed FunctionTranslator::Concat(const CallNode& call) {
     std::vector<Typed> texts;
     for (size_t i = 0; i < call.arguments.size(); ++i)
         texts.push_back(TextArgument(call, i));
     return Call(u"tv_concat"_s, SqlType::Text(), texts);
 }
 
-Typed FunctionTranslator::Coalesce(const Expression& call) {
+Typed FunctionTranslator::Coalesce(const CallNode& call) {
     std::vector<Typed> values;
     SqlType common;
     for (size_t i = 0; i < call.arguments.size(); ++i) {
@@ -117,7 +117,7 @@ Typed FunctionTranslator::Coalesce(const Expression& call) {
     return Call(u"coalesce"_s, common, values);
 }
 
-Typed FunctionTranslator::NullIf(const Expression& call) {
+Typed FunctionTranslator::NullIf(const CallNode& call) {
     const Typed value = Argument(call, 0);
     const Typed other = Argument(call, 1);
     const SqlType common = CommonType(value.type, other.type);
@@ -128,46 +128,46 @@ Typed FunctionTranslator::NullIf(const Expression& call) {
                                          value.type, {&value, &other});
 }
 
-Typed FunctionTranslator::GetDate(const Expression&) {
+Typed FunctionTranslator::GetDate(const CallNode&) {
     return mExpressions.Clock();
 }
 
-Typed FunctionTranslator::SessionUser(const Expression&) {
+Typed FunctionTranslator::SessionUser(const CallNode&) {
     constexpr int kLongestName = 128;
     return {u"tv_user()"_s, {SqlType::Kind::NVarChar, kLongestName, 0, 0}};
 }
 
-Typed FunctionTranslator::Len(const Expression& call) {
+Typed FunctionTranslator::Len(const CallNode& call) {
     return Call(u"tv_len"_s, SqlType::Int(), {TextArgument(call, 0)});
 }
 
-Typed FunctionTranslator::Part(const Expression& call) {
-    return Call(u"tv_"_s + call.text.toLower(), SqlType::Text(),
+Typed FunctionTranslator::Part(const CallNode& call) {
+    return Call(u"tv_"_s + call.name.toLower(), SqlType::Text(),
                 {TextArgument(call, 0), WholeArgument(call, 1)});
 }
 
-Typed FunctionTranslator::Substring(const Expression& call) {
+Typed FunctionTranslator::Substring(const CallNode& call) {
     return Call(u"tv_substring"_s, SqlType::Text(),
                 {TextArgument(call, 0), WholeArgument(call, 1), WholeArgument(call, 2)});
 }
 
-Typed FunctionTranslator::ChangeText(const Expression& call) {
+Typed FunctionTranslator::ChangeText(const CallNode& call) {
     std::vector<Typed> texts;
     for (size_t i = 0; i < call.arguments.size(); ++i)
         texts.push_back(TextArgument(call, i));
-    return Call(u"tv_"_s + call.text.toLower(), SqlType::Text(), texts);
+    return Call(u"tv_"_s + call.name.toLower(), SqlType::Text(), texts);
 }
 
-Typed FunctionTranslator::Replicate(const Expression& call) {
+Typed FunctionTranslator::Replicate(const CallNode& call) {
     return Call(u"tv_replicate"_s, SqlType::Text(), {TextArgument(call, 0), WholeArgument(call, 1)});
 }
 
-Typed FunctionTranslator::Abs(const Expression& call) {
+Typed FunctionTranslator::Abs(const CallNode& call) {
     const Typed value = NumberArgument(call, 0);
     return mExpressions.InBounds(Call(u"abs"_s, value.type, {value}));
 }
 
-Typed FunctionTranslator::Round(const Expression& call) {
+Typed FunctionTranslator::Round(const CallNode& call) {
     const Typed value = NumberArgument(call, 0);
     std::vector<Typed> arguments = {value, WholeArgument(call, 1)};
     if (call.arguments.size() > 2)
@@ -175,36 +175,36 @@ Typed FunctionTranslator::Round(const Expression& call) {
     return mExpressions.InBounds(Call(u"tv_round"_s, value.type, arguments));
 }
 
-QString FunctionTranslator::DatePartName(const Expression& call) const {
+QString FunctionTranslator::DatePartName(const CallNode& call) const {
     static const QHash<QString, QString> kParts = {
         {u"year"_s, u"year"_s}, {u"yyyy"_s, u"year"_s}, {u"yy"_s, u"year"_s}, {u"month"_s, u"month"_s},
         {u"mm"_s, u"month"_s},  {u"m"_s, u"month"_s},   {u"day"_s, u"day"_s}, {u"dd"_s, u"day"_s},
         {u"d"_s, u"day"_s},     {u"hour"_s, u"hour"_s}, {u"hh"_s, u"hour"_s}, {u"minute"_s, u"minute"_s},
         {u"mi"_s, u"minute"_s}, {u"n"_s, u"minute"_s},
     };
-    const QString part = kParts.value(call.path.value(0).toLower());
+    const QString part = kParts.value(call.datePart.toLower());
     if (part.isEmpty())
-        throw ServerError(Fault::UnknownDatePart, {call.path.value(0), call.text.toLower()});
+        throw ServerError(Fault::UnknownDatePart, {call.datePart, call.name.toLower()});
     return u'\'' + part + u'\'';
 }
 
-Typed FunctionTranslator::DateAdd(const Expression& call) {
+Typed FunctionTranslator::DateAdd(const CallNode& call) {
     const Typed part{DatePartName(call), SqlType::Text()};
     const Typed date = DateArgument(call, 1);
     return Call(u"tv_dateadd"_s, date.type, {part, WholeArgument(call, 0), date});
 }
 
-Typed FunctionTranslator::DateDiff(const Expression& call) {
+Typed FunctionTranslator::DateDiff(const CallNode& call) {
     const Typed part{DatePartName(call), SqlType::Text()};
     return Call(u"tv_datediff"_s, SqlType::Int(), {part, DateArgument(call, 0), DateArgument(call, 1)});
 }
 
-Typed FunctionTranslator::DatePart(const Expression& call) {
-    const Typed part{u'\'' + call.text.toLower() + u'\'', SqlType::Text()};
+Typed FunctionTranslator::DatePart(const CallNode& call) {
+    const Typed part{u'\'' + call.name.toLower() + u'\'', SqlType::Text()};
     return Call(u"tv_datepart"_s, SqlType::Int(), {part, DateArgument(call, 0)});
 }
 
-Typed FunctionTranslator::AggregateArgument(const Expression& call) {
+Typed FunctionTranslator::AggregateArgument(const CallNode& call) {
     if (!mExpressions.aggregatesAllowed)
         throw ServerError(Fault::AggregateInWhere);
     Typed value = Argument(call, 0);
@@ -213,7 +213,7 @@ Typed FunctionTranslator::AggregateArgument(const Expression& call) {
     return value;
 }
 
-Typed FunctionTranslator::Count(const Expression& call) {
+Typed FunctionTranslator::Count(const CallNode& call) {
     if (call.star == !call.arguments.empty())
         throw ServerError(Fault::ArgumentCount, {u"count"_s, u"1"_s});
     if (call.star) {
@@ -235,7 +235,7 @@ Typed FunctionTranslator::ExactSum(const Typed& value) const {
             {}};
 }
 
-Typed FunctionTranslator::Sum(const Expression& call) {
+Typed FunctionTranslator::Sum(const CallNode& call) {
     const Typed value = AggregateArgument(call);
     if (!value.type.IsNumber() || value.type.kind == SqlType::Kind::Bit)
         throw ServerError(Fault::InvalidOperand, {value.type.Name(), u"sum"_s});
@@ -251,7 +251,7 @@ Typed FunctionTranslator::Sum(const Expression& call) {
     return sum;
 }
 
-Typed FunctionTranslator::Average(const Expression& call) {
+Typed FunctionTranslator::Average(const CallNode& call) {
     const Typed value = AggregateArgument(call);
     if (!value.type.IsNumber() || value.type.kind == SqlType::Kind::Bit)
         throw ServerError(Fault::InvalidOperand, {value.type.Name(), u"avg"_s});
@@ -271,7 +271,7 @@ Typed FunctionTranslator::Average(const Expression& call) {
             {}};
 }
 
-Typed FunctionTranslator::Extreme(const Expression& call) {
+Typed FunctionTranslator::Extreme(const CallNode& call) {
     const Typed value = AggregateArgument(call);
-    return {call.text.toLower() + u'(' + mExpressions.Collated(value) + u')', value.type};
+    return {call.name.toLower() + u'(' + mExpressions.Collated(value) + u')', value.type};
 }

@@ -10,10 +10,10 @@ class FunctionTranslator {
         : mExpressions(expressions) {}
 
     /// Raises 195 for a function that the server has not, or that the hospital's scripts do without.
-    Typed Translate(const Expression& call);
+    Typed Translate(const CallNode& call);
 
   private:
-    using Handler = Typed (FunctionTranslator::*)(const Expression& call);
+    using Handler = Typed (FunctionTranslator::*)(const CallNode& call);
     struct Function {
         const char16_t* name;
         int least;
@@ -22,36 +22,36 @@ class FunctionTranslator {
     };
     static const Function* Find(const QString& name);
 
-    Typed Concat(const Expression& call);
-    Typed Coalesce(const Expression& call);
-    Typed NullIf(const Expression& call);
-    Typed GetDate(const Expression& call);
-    Typed SessionUser(const Expression& call);
-    Typed Len(const Expression& call);
-    Typed Part(const Expression& call);
-    Typed Substring(const Expression& call);
-    Typed ChangeText(const Expression& call);
-    Typed Replicate(const Expression& call);
-    Typed Abs(const Expression& call);
-    Typed Round(const Expression& call);
-    Typed DateAdd(const Expression& call);
-    Typed DateDiff(const Expression& call);
-    Typed DatePart(const Expression& call);
-    Typed Count(const Expression& call);
-    Typed Sum(const Expression& call);
-    Typed Average(const Expression& call);
-    Typed Extreme(const Expression& call);
+    Typed Concat(const CallNode& call);
+    Typed Coalesce(const CallNode& call);
+    Typed NullIf(const CallNode& call);
+    Typed GetDate(const CallNode& call);
+    Typed SessionUser(const CallNode& call);
+    Typed Len(const CallNode& call);
+    Typed Part(const CallNode& call);
+    Typed Substring(const CallNode& call);
+    Typed ChangeText(const CallNode& call);
+    Typed Replicate(const CallNode& call);
+    Typed Abs(const CallNode& call);
+    Typed Round(const CallNode& call);
+    Typed DateAdd(const CallNode& call);
+    Typed DateDiff(const CallNode& call);
+    Typed DatePart(const CallNode& call);
+    Typed Count(const CallNode& call);
+    Typed Sum(const CallNode& call);
+    Typed Average(const CallNode& call);
+    Typed Extreme(const CallNode& call);
 
-    Typed Argument(const Expression& call, size_t number);
-    Typed TextArgument(const Expression& call, size_t number);
-    Typed WholeArgument(const Expression& call, size_t number);
-    Typed DateArgument(const Expression& call, size_t number);
-    Typed NumberArgument(const Expression& call, size_t number);
+    Typed Argument(const CallNode& call, size_t number);
+    Typed TextArgument(const CallNode& call, size_t number);
+    Typed WholeArgument(const CallNode& call, size_t number);
+    Typed DateArgument(const CallNode& call, size_t number);
+    Typed NumberArgument(const CallNode& call, size_t number);
     /// The argument of an aggregate; raises 147 where none may stand.
-    Typed AggregateArgument(const Expression& call);
+    Typed AggregateArgument(const CallNode& call);
     Typed ExactSum(const Typed& value) const;
     /// The date part's name as the engine's functions know it, in quotes; raises 155.
-    QString DatePartName(const Expression& call) const;
+    QString DatePartName(const CallNode& call) const;
     /// "name(argument, argument …)".
     static Typed Call(const QString& name, const SqlType& type, const std::vector<Typed>& arguments);
 

@@ -101,11 +101,15 @@ QueryTranslator::Core QueryTranslator::TranslateCore(const SelectCore& core, Sco
 QString QueryTranslator::TranslateSources(const SelectCore& core, Scope& scope) {
     QString text;
     for (const TableSource& source : core.sources) {
-        const QString joint = text.isEmpty() ? u" FROM "_s : source.leftJoin ? u" LEFT JOIN "_s : u" JOIN "_s;
-        text += joint +
-                (source.query ? AddDerivedTable(scope, source) : AddTable(scope, source.name, source.alias));
-        if (source.on)
-            text += u" ON "_s + ExpressionTranslator(mState, &scope).Translate(*source.on).sql;
+        if (source.join)
+            text += source.join->left ? u" LEFT JOIN "_s : u" JOIN "_s;
+        else
+            text += u" FROM "_s;
+        const auto* name = std::get_if<ObjectName>(&source.rows);
+        text += name ? AddTable(scope, *name, source.alias)
+                     : AddDerivedTable(scope, *std::get<std::unique_ptr<Query>>(source.rows), source.alias);
+        if (source.join)
+            text += u" ON "_s + ExpressionTranslator(mState, &scope).Translate(*source.join->condition).sql;
     }
     return text;
 }
@@ -125,10 +129,10 @@ QString QueryTranslator::AddTable(Scope& scope, const ObjectName& name, const QS
     return text;
 }
 
-QString QueryTranslator::AddDerivedTable(Scope& scope, const TableSource& derived) {
-    const TranslatedQuery query = QueryTranslator(mState, mOuter).Translate(*derived.query);
+QString QueryTranslator::AddDerivedTable(Scope& scope, const Query& rows, const QString& alias) {
+    const TranslatedQuery query = QueryTranslator(mState, mOuter).Translate(rows);
     ScopeSource source;
-    source.exposedName = derived.alias;
+    source.exposedName = alias;
     source.alias = NewAlias();
     for (size_t i = 0; i < query.columns.size(); ++i)
         source.columns.push_back(
@@ -142,15 +146,15 @@ std::vector<QueryTranslator::Item> QueryTranslator::TranslateItems(const SelectC
                                                                    ExpressionTranslator& expressions) {
     std::vector<Item> items;
     for (const SelectItem& item : core.items) {
-        if (item.star)
-            AddStar(items, item, scope);
+        if (const auto* star = std::get_if<SelectedStar>(&item))
+            AddStar(items, *star, scope);
         else
-            items.push_back({expressions.Translate(*item.value), ItemName(item)});
+            items.push_back(TranslateItem(std::get<SelectedValue>(item), expressions));
     }
     return items;
 }
 
-void QueryTranslator::AddStar(std::vector<Item>& items, const SelectItem& star, const Scope& scope) const {
+void QueryTranslator::AddStar(std::vector<Item>& items, const SelectedStar& star, const Scope& scope) const {
     for (const ScopeSource* source : scope.Starred(star.path, mState.database)) {
         for (const ScopeColumn& column : source->columns)
             items.push_back(
@@ -159,11 +163,14 @@ void QueryTranslator::AddStar(std::vector<Item>& items, const SelectItem& star, 
     }
 }
 
-QString QueryTranslator::ItemName(const SelectItem& item) {
-    if (!item.alias.isEmpty())
-        return item.alias;
+QueryTranslator::Item QueryTranslator::TranslateItem(const SelectedValue& item,
+                                                     ExpressionTranslator& expressions) {
+    Item result{expressions.Translate(*item.value), item.alias};
     // The server gives no name to an expression.
-    return item.value->kind == Expression::Kind::Column ? item.value->path.last() : QString();
+    const auto* column = item.value->As<ColumnNode>();
+    if (result.name.isEmpty() && column)
+        result.name = column->path.last();
+    return result;
 }
 
 QString QueryTranslator::TranslateOrder(const Query& query, const std::vector<Core>& cores,
@@ -183,16 +190,16 @@ QString QueryTranslator::TranslateOrderItem(const OrderItem& order, const std::v
         key.sql = QString::number(column + 1);
         return ExpressionTranslator(mState, &scope).Collated(key);
     };
-    if (value.kind == Expression::Kind::Column && value.path.size() == 1) {
+    if (const auto* column = value.As<ColumnNode>(); column && column->path.size() == 1) {
         for (size_t i = 0; i < items.size(); ++i) {
-            if (items[i].name.compare(value.path.first(), Qt::CaseInsensitive) == 0)
+            if (items[i].name.compare(column->path.first(), Qt::CaseInsensitive) == 0)
                 return byPosition(i);
         }
     }
-    if (value.kind == Expression::Kind::Number) {
-        const size_t position = value.text.toUInt();
+    if (const auto* number = value.As<NumberNode>()) {
+        const size_t position = number->written.toUInt();
         if (position < 1 || position > items.size())
-            throw ServerError(Fault::OrderPosition, {value.text});
+            throw ServerError(Fault::OrderPosition, {number->written});
         return byPosition(position - 1);
     }
     if (cores.size() > 1)

@@ -47,11 +47,11 @@ class QueryTranslator {
     ResultColumn MeetInColumn(size_t column, std::vector<Core>& cores, const ItemChange& change);
     QString CoreText(const Core& core, bool inUnion);
     QString TranslateSources(const SelectCore& core, Scope& scope);
-    QString AddDerivedTable(Scope& scope, const TableSource& source);
+    QString AddDerivedTable(Scope& scope, const Query& rows, const QString& alias);
     std::vector<Item> TranslateItems(const SelectCore& core, const Scope& scope,
                                      ExpressionTranslator& expressions);
-    void AddStar(std::vector<Item>& items, const SelectItem& star, const Scope& scope) const;
-    static QString ItemName(const SelectItem& item);
+    void AddStar(std::vector<Item>& items, const SelectedStar& star, const Scope& scope) const;
+    static Item TranslateItem(const SelectedValue& item, ExpressionTranslator& expressions);
     QString TranslateOrder(const Query& query, const std::vector<Core>& cores, const Scope& scope);
     QString TranslateOrderItem(const OrderItem& order, const std::vector<Core>& cores, const Scope& scope);
     QString NewAlias() { return u't' + QString::number(++mState.aliases); }

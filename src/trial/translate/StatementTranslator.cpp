@@ -14,7 +14,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 bool IsClock(const Expression& expression) {
-    return expression.kind == Expression::Kind::Call && expression.text == "GETDATE"_L1;
+    const auto* call = expression.As<CallNode>();
+    return call && call->name == "GETDATE"_L1;
 }
 
 } // namespace
@@ -58,9 +59,10 @@ void StatementTranslator::Make(const InsertStatement& insert) {
     mOut.writes = true;
     const QString head =
         u"INSERT INTO "_s + QuotedName(table.NameInFile()) + u" ("_s + names.join(u", "_s) + u") "_s;
-    if (insert.query)
-        mOut.sql = head + SelectText(insert, targets, defaults);
-    else if (!TakeLiteralRows(insert, targets, defaults, head))
+    const auto* rows = std::get_if<ValueRows>(&insert.source);
+    if (!rows)
+        mOut.sql = head + SelectText(std::get<Query>(insert.source), targets, defaults);
+    else if (!TakeLiteralRows(*rows, targets, defaults, head))
         mOut.sql = head + ValuesText(insert, targets, defaults);
 }
 
@@ -96,7 +98,7 @@ StatementTranslator::DefaultTargets(const std::vector<Target>& written, const Ta
     return defaults;
 }
 
-bool StatementTranslator::TakeLiteralRows(const InsertStatement& insert, const std::vector<Target>& targets,
+bool StatementTranslator::TakeLiteralRows(const ValueRows& valueRows, const std::vector<Target>& targets,
                                           const std::vector<Target>& defaults, const QString& head) {
     ExpressionTranslator expressions(mState, nullptr);
     std::vector<std::vector<Cell>> rows;
@@ -106,7 +108,7 @@ bool StatementTranslator::TakeLiteralRows(const InsertStatement& insert, const s
             row.push_back(Convert(*literal->constant, literal->type, target->type, ConversionPlace::Column));
         return literal.has_value();
     };
-    for (const auto& values : insert.rows) {
+    for (const auto& values : valueRows) {
         if (values.size() != targets.size())
             return false;
         auto& row = rows.emplace_back();
@@ -142,7 +144,7 @@ QString StatementTranslator::ValuesText(const InsertStatement& insert, const std
                                         const std::vector<Target>& defaults) {
     ExpressionTranslator expressions(mState, nullptr);
     QStringList rows;
-    for (const auto& values : insert.rows) {
+    for (const auto& values : std::get<ValueRows>(insert.source)) {
         if (values.size() != targets.size()) {
             if (insert.columns.isEmpty())
                 throw ServerError(Fault::ValueListLength);
@@ -159,11 +161,11 @@ QString StatementTranslator::ValuesText(const InsertStatement& insert, const std
     return u"VALUES "_s + rows.join(u", "_s);
 }
 
-QString StatementTranslator::SelectText(const InsertStatement& insert, const std::vector<Target>& targets,
+QString StatementTranslator::SelectText(const Query& source, const std::vector<Target>& targets,
                                         const std::vector<Target>& defaults) {
     ExpressionTranslator expressions(mState, nullptr);
     const TranslatedQuery query =
-        QueryTranslator(mState, nullptr).Translate(*insert.query, [&](size_t column, const Typed& item) {
+        QueryTranslator(mState, nullptr).Translate(source, [&](size_t column, const Typed& item) {
             return column < targets.size() ? Assigned(expressions, item, targets[column]) : item;
         });
     if (query.columns.size() != targets.size())

@@ -31,11 +31,11 @@ class StatementTranslator {
     const Table& Find(const ObjectName& name) const;
     std::vector<Target> Targets(const InsertStatement& insert, const Table& table) const;
     std::vector<Target> DefaultTargets(const std::vector<Target>& written, const Table& table) const;
-    bool TakeLiteralRows(const InsertStatement& insert, const std::vector<Target>& targets,
+    bool TakeLiteralRows(const ValueRows& valueRows, const std::vector<Target>& targets,
                          const std::vector<Target>& defaults, const QString& head);
     QString ValuesText(const InsertStatement& insert, const std::vector<Target>& targets,
                        const std::vector<Target>& defaults);
-    QString SelectText(const InsertStatement& insert, const std::vector<Target>& targets,
+    QString SelectText(const Query& source, const std::vector<Target>& targets,
                        const std::vector<Target>& defaults);
     Typed Assigned(ExpressionTranslator& expressions, const Typed& value, Target target) const;
     QString WhereText(const ExpressionPtr& where, const Scope& scope);
