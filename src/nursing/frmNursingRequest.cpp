@@ -15,12 +15,11 @@
 #include "text/Trim.h"
 #include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
-#include "toolkit/Keys.h"
 #include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
+#include "toolkit/Picker.h"
 #include "toolkit/ProgramFiles.h"
 #include "toolkit/Screens.h"
-#include "toolkit/Twips.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -53,18 +52,36 @@ constexpr int kPatientLetter = 23;
 constexpr int kRequestNumber = 24;
 } // namespace QueueColumn
 
-/// The headers of the first columns. The blanks behind a header are room for what stands below it.
-const QString kHeaderLine = QStringLiteral(
-    "   |Hospnum|IDNum    |LastName                  |Firstname                  |Middlename   "
-    "            |ItemID|ItemDesc                                    |Requesting Nurse ");
-constexpr std::array kHidden = {1, 5, 6, 8, 10, 11, 12, 13, 14, 15, 16, 17, 19, 20, 21, 23};
-constexpr int kNurse = 9;
-constexpr int kNurseWidth = 2100;
-constexpr int kRemarks = 22;
-constexpr int kRemarksWidth = 5000;
+/// The blanks behind a heading are room for what stands below it. The columns behind the headings show under
+/// the names of their fields: the nurse, the room, the remarks and the number.
+constexpr std::array<GridColumn, 25> kQueueColumns = {
+    {{u"   ", GridColumn::kAsHeading},
+     {u"Hospnum", 0},
+     {u"IDNum    ", GridColumn::kAsHeading},
+     {u"LastName                  ", GridColumn::kAsHeading},
+     {u"Firstname                  ", GridColumn::kAsHeading},
+     {u"Middlename               ", 0},
+     {u"ItemID", 0},
+     {u"ItemDesc                                    ", GridColumn::kAsHeading},
+     {u"Requesting Nurse ", 0},
+     {.width = 2100},
+     {.width = 0},
+     {.width = 0},
+     {.width = 0},
+     {.width = 0},
+     {.width = 0},
+     {.width = 0},
+     {.width = 0},
+     {.width = 0},
+     {},
+     {.width = 0},
+     {.width = 0},
+     {.width = 0},
+     {.width = 5000},
+     {.width = 0},
+     {}}};
 
 constexpr QSize kListSize(12000, 4800);
-constexpr int kCellMargin = 8;
 
 /// A date as the charge screen shows it; a text that names none stays as it is.
 QString DateText(const QString& text) {
@@ -98,11 +115,7 @@ void frmNursingRequest::Layout() {
     auto* hint = new QLabel(u"Double-click on the patient you want to process."_s, this);
     hint->setObjectName(u"Label3"_s);
     grdRequest = NewList(u"grdRequest"_s, u"Pending Requests"_s, kListSize, this);
-    grdRequest->Cells().SetFormatString(kHeaderLine);
-    const QStringList headers = kHeaderLine.split(u'|');
-    for (int col = 0; col < int(headers.size()); ++col)
-        grdRequest->SetColWidth(col, kTwipsPerPixel *
-                                         (fontMetrics().horizontalAdvance(headers[col]) + kCellMargin));
+    grdRequest->SetColumns(kQueueColumns);
 
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(Space::kNormal);
@@ -125,8 +138,7 @@ QHBoxLayout* frmNursingRequest::LayoutActions() {
 }
 
 void frmNursingRequest::Wire() {
-    connect(grdRequest, &FlexGrid::DblClick, this, &frmNursingRequest::grdRequest_DblClick);
-    OnKeyPress(grdRequest, [this](int& key) { grdRequest_KeyPress(key); });
+    WirePicker({.list = grdRequest, .pick = [this] { grdRequest_DblClick(); }});
     connect(Command1, &QPushButton::clicked, this, &frmNursingRequest::Command1_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmNursingRequest::cmdCancel_Click);
     connect(cmdClose, &QPushButton::clicked, this, &Form::Unload);
@@ -147,55 +159,38 @@ void frmNursingRequest::LoadRequests() {
         cells.SetRows(2);
         cells.SetRow(1);
     }
-    SetWidths();
-}
-
-void frmNursingRequest::SetWidths() {
-    for (const int col : kHidden)
-        grdRequest->SetColWidth(col, 0);
-    grdRequest->SetColWidth(kNurse, kNurseWidth);
-    grdRequest->SetColWidth(kRemarks, kRemarksWidth);
-}
-
-QString frmNursingRequest::CurrentText(int column) const {
-    const FlexCells& cells = grdRequest->Cells();
-    return cells.TextMatrix(cells.Row(), column);
 }
 
 void frmNursingRequest::grdRequest_DblClick() {
     auto& charges = Screens::Get<frmPostCharges>();
     // Kept: the patient's letter is read and decides nothing; every patient's id number goes the same way.
     // NOLINTNEXTLINE(bugprone-branch-clone)
-    if (CurrentText(QueueColumn::kPatientLetter) == u"I"_s)
-        charges.SetBox(u"txtId"_s, CurrentText(QueueColumn::kIdNumber));
+    if (grdRequest->CurrentText(QueueColumn::kPatientLetter) == u"I"_s)
+        charges.SetBox(u"txtId"_s, grdRequest->CurrentText(QueueColumn::kIdNumber));
     else
-        charges.SetBox(u"txtId"_s, CurrentText(QueueColumn::kIdNumber));
+        charges.SetBox(u"txtId"_s, grdRequest->CurrentText(QueueColumn::kIdNumber));
     ProcessRequest();
-}
-
-void frmNursingRequest::grdRequest_KeyPress(int& keyAscii) {
-    if (keyAscii == Key::kEnter)
-        grdRequest_DblClick();
 }
 
 /// Neither the patient type nor the charge mode changes; both stay as the last menu entry set them.
 void frmNursingRequest::ProcessRequest() {
-    const QString roomClass = RoomClassOf(Trim(CurrentText(QueueColumn::kRoomId)));
+    const QString roomClass = RoomClassOf(Trim(grdRequest->CurrentText(QueueColumn::kRoomId)));
     auto& charges = Screens::Get<frmPostCharges>();
-    charges.SetBox(u"txtPno"_s, CurrentText(QueueColumn::kHospitalNumber));
-    charges.SetBox(u"txtId"_s, CurrentText(QueueColumn::kIdNumber));
-    charges.SetBox(u"txtLastName"_s, CurrentText(QueueColumn::kLastName));
-    charges.SetBox(u"txtFirstName"_s, CurrentText(QueueColumn::kFirstName));
-    charges.SetBox(u"txtMiddleName"_s, CurrentText(QueueColumn::kMiddleName));
-    charges.SetBox(u"txtRoom"_s, CurrentText(QueueColumn::kRoomId));
-    charges.SetBox(u"txtDateAdmitted"_s, CurrentText(QueueColumn::kAdmissionDate));
-    charges.SetBox(u"txtDocID"_s, CurrentText(QueueColumn::kDoctorId));
-    charges.SetBox(u"txtRequestingDoc"_s, CurrentText(QueueColumn::kRequestingDoctor));
-    charges.SetBox(u"txtAge"_s, CurrentText(QueueColumn::kAge));
-    charges.SetBox(u"txtDob"_s, DateText(CurrentText(QueueColumn::kBirthDate)));
+    charges.SetBox(u"txtPno"_s, grdRequest->CurrentText(QueueColumn::kHospitalNumber));
+    charges.SetBox(u"txtId"_s, grdRequest->CurrentText(QueueColumn::kIdNumber));
+    charges.SetBox(u"txtLastName"_s, grdRequest->CurrentText(QueueColumn::kLastName));
+    charges.SetBox(u"txtFirstName"_s, grdRequest->CurrentText(QueueColumn::kFirstName));
+    charges.SetBox(u"txtMiddleName"_s, grdRequest->CurrentText(QueueColumn::kMiddleName));
+    charges.SetBox(u"txtRoom"_s, grdRequest->CurrentText(QueueColumn::kRoomId));
+    charges.SetBox(u"txtDateAdmitted"_s, grdRequest->CurrentText(QueueColumn::kAdmissionDate));
+    charges.SetBox(u"txtDocID"_s, grdRequest->CurrentText(QueueColumn::kDoctorId));
+    charges.SetBox(u"txtRequestingDoc"_s, grdRequest->CurrentText(QueueColumn::kRequestingDoctor));
+    charges.SetBox(u"txtAge"_s, grdRequest->CurrentText(QueueColumn::kAge));
+    charges.SetBox(u"txtDob"_s, DateText(grdRequest->CurrentText(QueueColumn::kBirthDate)));
     gRoomClass = roomClass;
-    charges.SetBox(u"txtSex"_s, CurrentText(QueueColumn::kSex) == u"M"_s ? u"MALE"_s : u"FEMALE"_s);
-    LoadExam(CurrentText(QueueColumn::kIdNumber));
+    charges.SetBox(u"txtSex"_s,
+                   grdRequest->CurrentText(QueueColumn::kSex) == u"M"_s ? u"MALE"_s : u"FEMALE"_s);
+    LoadExam(grdRequest->CurrentText(QueueColumn::kIdNumber));
     FlexCells& lines = charges.Charges().Cells();
     lines.SetRows(lines.Rows() + 1);
     Unload();
@@ -223,14 +218,14 @@ void frmNursingRequest::cmdCancel_Click() {
                 .buttons = MsgButtons::YesNo,
                 .defaultAnswer = MsgAnswer::No}) != MsgAnswer::Yes)
         return;
-    gCurrentUser->SQLConnection()->ExecuteNoResult(
-        RevokeNurseRequestCommand(CurrentText(QueueColumn::kRequestNumber), gCurrentUser->EmployeeCode()));
+    gCurrentUser->SQLConnection()->ExecuteNoResult(RevokeNurseRequestCommand(
+        grdRequest->CurrentText(QueueColumn::kRequestNumber), gCurrentUser->EmployeeCode()));
     MsgBox({.text = u"Request has been revoked."_s, .icon = MsgIcon::Information});
     LoadRequests();
 }
 
 void frmNursingRequest::Command1_Click() {
-    PrintConsultation(Trim(CurrentText(QueueColumn::kRequestNumber)));
+    PrintConsultation(Trim(grdRequest->CurrentText(QueueColumn::kRequestNumber)));
 }
 
 void frmNursingRequest::PrintConsultation(const QString& strRequestNum) {
