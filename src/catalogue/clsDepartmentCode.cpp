@@ -4,7 +4,17 @@
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Screens.h"
 
+#include <array>
+
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// As wide as the dialogue has them.
+constexpr std::array<GridColumn, 3> kDepartmentColumns = {
+    {{}, {.heading = u"Description"}, {.heading = u"Code"}}};
+
+} // namespace
 
 void clsDepartmentCode::Class_Initialize() {
     mCodes = {u""_s, u"HS"_s, u"CS"_s, u"CT"_s, u"LB"_s, u"PH"_s, u"PT"_s, u"US"_s, u"XR"_s};
@@ -26,8 +36,7 @@ bool clsDepartmentCode::PickDepartment() const {
     auto& search = Screens::Get<frmSearch>();
     FlexCells& cells = search.grdDispWindow->Cells();
     cells.SetRows(static_cast<int>(mCodes.size()));
-    cells.SetTextMatrix(0, 1, u"Description"_s);
-    cells.SetTextMatrix(0, 2, u"Code"_s);
+    search.grdDispWindow->SetColumns(kDepartmentColumns);
     for (size_t i = 1; i < mCodes.size(); ++i) {
         cells.SetTextMatrix(static_cast<int>(i), 1, mNames[i]);
         cells.SetTextMatrix(static_cast<int>(i), 2, mCodes[i]);

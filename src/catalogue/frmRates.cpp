@@ -16,11 +16,15 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kRateColumns = 8;
+/// The rates show under the names of their fields.
+constexpr std::array<GridColumn, 8> kRateColumns = {
+    {{.width = 300}, {}, {.width = 3000}, {}, {}, {}, {}, {}}};
 constexpr int kRatesWidth = 9900;
 constexpr int kRatesHeight = 4500;
 
@@ -79,9 +83,8 @@ void frmRates::Wire() {
 }
 
 void frmRates::Form_Load() {
-    grdRates->Cells().SetCols(kRateColumns);
-    grdRates->SetColWidth(0, 300);
-    grdRates->SetColWidth(2, 3000);
+    grdRates->Cells().SetCols(int(kRateColumns.size()));
+    grdRates->SetColumns(kRateColumns);
 }
 
 void frmRates::Form_Activate() {

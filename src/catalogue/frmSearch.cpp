@@ -2,11 +2,11 @@
 
 #include "components/shared.h"
 #include "gateway/CommandGateway.h"
-#include "text/UCase.h"
 #include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Focus.h"
 #include "toolkit/Keys.h"
+#include "toolkit/Picker.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -15,14 +15,18 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The fields behind the first two show under their own names, which have to fit.
+/// The fields show under their own names; the first two are what one picks by.
+constexpr std::array kPickColumns = {GridColumn{.width = 200}, GridColumn{.width = 4150},
+                                     GridColumn{.width = 1500}};
+/// However many fields stand behind them, their names have to fit.
 constexpr int kFurtherWidth = 1500;
 
-constexpr int kColumns = 3;
 constexpr QSize kListSize(6600, 4000);
 
 } // namespace
@@ -68,7 +72,7 @@ QHBoxLayout* frmSearch::LayoutSearch() {
 QGroupBox* frmSearch::LayoutRecords() {
     QGroupBox* records = NewFrame({}, u"Records List"_s, this);
     grdDispWindow = NewList(u"grdDispWindow"_s, u"Records List"_s, kListSize, records);
-    grdDispWindow->Cells().SetCols(kColumns);
+    grdDispWindow->Cells().SetCols(int(kPickColumns.size()));
     auto* layout = new QVBoxLayout(records);
     layout->addWidget(grdDispWindow);
     return records;
@@ -90,13 +94,16 @@ QHBoxLayout* frmSearch::LayoutActions() {
 void frmSearch::Wire() {
     connect(txtSearchStr, &QLineEdit::textChanged, this, &frmSearch::txtSearchStr_Change);
     connect(grdDispWindow, &FlexGrid::RowColChange, this, &frmSearch::grdDispWindow_RowColChange);
-    connect(grdDispWindow, &FlexGrid::DblClick, this, &frmSearch::SelectIfEnabled);
     connect(cmdSelect, &QPushButton::clicked, this, &frmSearch::cmdSelect_Click);
     SetCloseButton(cmdCancel);
     connect(cmdCancel, &QPushButton::clicked, this, &frmSearch::cmdCancel_Click);
+    WirePicker({.list = grdDispWindow,
+                .pick = [this] { cmdSelect_Click(); },
+                .button = cmdSelect,
+                .box = txtSearchStr,
+                .enter = [this] { PickTopVisibleRow(); },
+                .markFirst = [this] { GoToTopVisibleRow(); }});
     OnKeyDown(txtSearchStr, [this](int keyCode) { return txtSearchStr_KeyDown(keyCode); });
-    OnKeyPress(txtSearchStr, [this](int& key) { txtSearchStr_KeyPress(key); });
-    OnKeyPress(grdDispWindow, [this](int& key) { grdDispWindow_KeyPress(key); });
     OnGotFocus(txtSearchStr, [this] { txtSearchStr->selectAll(); });
 }
 
@@ -117,10 +124,8 @@ void frmSearch::Form_Load() {
     if (cells.Rows() >= 2)
         cells.SetRow(1);
     cells.SetCol(1);
-    grdDispWindow->SetColWidth(0, 200);
-    grdDispWindow->SetColWidth(1, 4150);
-    grdDispWindow->SetColWidth(2, 1500);
-    for (int col = 3; col < cells.Cols(); ++col)
+    grdDispWindow->SetColumns(kPickColumns);
+    for (int col = int(kPickColumns.size()); col < cells.Cols(); ++col)
         grdDispWindow->SetColWidth(col, kFurtherWidth);
     mRow = cells.Row();
 }
@@ -145,22 +150,16 @@ void frmSearch::FillGrid(const QString& text) {
 }
 
 bool frmSearch::txtSearchStr_KeyDown(int keyCode) {
-    if (keyCode == Key::kDown) {
-        GoToTopVisibleRow();
-        grdDispWindow->setFocus();
-        return true;
-    }
     if (keyCode != Key::kEnter)
         mSearchDue = true;
     return false;
 }
 
-void frmSearch::txtSearchStr_KeyPress(int& keyAscii) {
-    keyAscii = UCase(QChar(keyAscii)).unicode();
-    if (keyAscii == Key::kEnter && grdDispWindow->Cells().Rows() >= 2) {
-        GoToTopVisibleRow();
-        cmdSelect_Click();
-    }
+void frmSearch::PickTopVisibleRow() {
+    if (grdDispWindow->Cells().Rows() < 2)
+        return;
+    GoToTopVisibleRow();
+    cmdSelect_Click();
 }
 
 void frmSearch::txtSearchStr_Change() {
@@ -183,22 +182,11 @@ void frmSearch::grdDispWindow_RowColChange() {
     mRow = cells.Row();
     // What the program writes itself searches for nothing.
     mSearchDue = false;
-    txtSearchStr->setText(cells.TextMatrix(mRow, 1));
-}
-
-void frmSearch::grdDispWindow_KeyPress(int& keyAscii) {
-    if (keyAscii == Key::kEnter)
-        SelectIfEnabled();
-}
-
-void frmSearch::SelectIfEnabled() {
-    if (cmdSelect->isEnabled())
-        cmdSelect_Click();
+    txtSearchStr->setText(grdDispWindow->CurrentText(1));
 }
 
 void frmSearch::cmdSelect_Click() {
-    const FlexCells& cells = grdDispWindow->Cells();
-    mResultCode = cells.TextMatrix(cells.Row(), 2);
+    mResultCode = grdDispWindow->CurrentText(2);
     mValid = true;
     Unload();
 }

@@ -51,17 +51,15 @@ class frmSearch : public Form {
     QHBoxLayout* LayoutActions();
     void Wire();
 
-    void txtSearchStr_KeyPress(int& keyAscii);
     bool txtSearchStr_KeyDown(int keyCode);
     void txtSearchStr_Change();
     void grdDispWindow_RowColChange();
-    void grdDispWindow_KeyPress(int& keyAscii);
     void cmdSelect_Click();
     void cmdCancel_Click();
 
     void FillGrid(const QString& text);
     void GoToTopVisibleRow();
-    void SelectIfEnabled();
+    void PickTopVisibleRow();
 
     inline static QString mResultCode;
     inline static bool mValid = false;

@@ -9,6 +9,7 @@
 #include "toolkit/Focus.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
+#include "toolkit/Picker.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -17,6 +18,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <array>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -25,7 +27,8 @@ namespace {
 
 constexpr int kExam = 1;
 constexpr int kExamId = 2;
-constexpr int kExaminationColumns = 3;
+constexpr std::array kExaminationColumns = {GridColumn{.width = 100}, GridColumn{.width = 4200},
+                                            GridColumn{.width = 1500}};
 constexpr QSize kExaminationListSize(6400, 3800);
 
 RowSet OpenExams(const QString& command) {
@@ -90,12 +93,7 @@ QHBoxLayout* frmSearcher::LayoutActions() {
 void frmSearcher::Wire() {
     OnGotFocus(txtSearchStr, [this] { txtSearchStr_GotFocus(); });
     OnKeyPress(txtSearchStr, [this](int& key) { txtSearchStr_KeyPress(key); });
-    connect(grdDispWindow, &FlexGrid::DblClick, this, &frmSearcher::cmdSelect_Click);
-    OnKeyPress(grdDispWindow, [this](int& key) {
-        // Any key picks; Escape is the screen's and leaves it.
-        if (key != Key::kEscape)
-            cmdSelect_Click();
-    });
+    WirePicker({.list = grdDispWindow, .pick = [this] { cmdSelect_Click(); }, .keys = PickKeys::Any});
     connect(cmdSelect, &QPushButton::clicked, this, &frmSearcher::cmdSelect_Click);
     SetCloseButton(cmdCancel);
     connect(cmdCancel, &QPushButton::clicked, this, &frmSearcher::cmdCancel_Click);
@@ -103,11 +101,10 @@ void frmSearcher::Wire() {
 
 void frmSearcher::Form_Load() {
     FlexCells& cells = grdDispWindow->Cells();
-    cells.SetCols(kExaminationColumns);
-    grdDispWindow->SetColWidth(0, 100);
-    grdDispWindow->SetColWidth(kExam, 4200);
-    grdDispWindow->SetColWidth(kExamId, 1500);
-    // Kept: the names of the fields take the place of these headings as soon as the list is bound.
+    cells.SetCols(int(kExaminationColumns.size()));
+    grdDispWindow->SetColumns(kExaminationColumns);
+    // Kept: the names of the fields take the place of these headings as soon as the list is bound, so they
+    // are no part of the columns.
     cells.SetTextMatrix(0, kExam, u"Ultra Exam"_s);
     cells.SetTextMatrix(0, kExamId, u"Ultra ExamID"_s);
     BindExams(UltraExamsCommand());
@@ -152,17 +149,13 @@ void frmSearcher::SearchBehindThePaste() {
         Qt::QueuedConnection);
 }
 
-/// Empty for a list without rows, whose current row is that of the headings.
-QString frmSearcher::CurrentText(int column) const {
-    const FlexCells& cells = grdDispWindow->Cells();
-    return cells.Row() == 0 ? QString() : cells.TextMatrix(cells.Row(), column);
-}
-
 void frmSearcher::cmdSelect_Click() {
     RowSet exams = OpenExams(UltraExamsCommand());
     if (!exams.Eof()) {
-        gUltraExam = CurrentText(kExam);
-        gUltraExamID = CurrentText(kExamId);
+        // In a list without rows the current row is that of the headings; nothing is picked there.
+        const bool isEmpty = grdDispWindow->Cells().Row() == 0;
+        gUltraExam = isEmpty ? QString() : grdDispWindow->CurrentText(kExam);
+        gUltraExamID = isEmpty ? QString() : grdDispWindow->CurrentText(kExamId);
     }
     exams.Close();
     Unload();

@@ -32,7 +32,6 @@ class frmSearcher : public Form {
     void cmdCancel_Click();
 
     void BindExams(const QString& command);
-    QString CurrentText(int column) const;
 
     QLineEdit* txtSearchStr;
     /// Kept: nothing asks whether it is on.

@@ -13,14 +13,28 @@
 #include <QLineEdit>
 #include <QScrollBar>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int kRows = 9;
-constexpr int kFixedWidth = 200;
-constexpr int kNormalWidth = 1000;
-constexpr int kParticularWidth = 4000;
+
+/// What the grid shows of the columns, in their places.
+std::array<GridColumn, Column::kCount> GridColumnsOf(const ChargeGridDifferences& screen) {
+    std::array<GridColumn, Column::kCount> shown;
+    for (const ChargeColumn& column : ChargeColumns(screen))
+        shown[size_t(column.column)] = {
+            .heading = column.heading, .width = column.width, .alignment = column.alignment};
+    return shown;
+}
+
+/// How the editor aligns a column's text: as the grid does.
+Qt::Alignment AlignmentOf(const ChargeGridDifferences& screen, int col) {
+    const Qt::Alignment alignment = GridColumnsOf(screen)[size_t(col)].alignment;
+    return alignment ? alignment : Qt::AlignLeft;
+}
 
 } // namespace
 
@@ -86,20 +100,7 @@ void ChargeGrid::SetupGrid() {
     const bool isCut = cells.Rows() > kRows;
     cells.SetCols(Column::kCount);
     cells.SetRows(kRows);
-    const ChargeGridDifferences& differences = mLines.Differences();
-    for (int col = 0; col < Column::kCount; ++col)
-        grdTable->SetColWidth(col, col <= Column::kAmount ? kNormalWidth : 0);
-    grdTable->SetColWidth(0, kFixedWidth);
-    grdTable->SetColWidth(Column::kParticular, kParticularWidth);
-    cells.SetTextMatrix(0, Column::kDepartment, u"Department"_s);
-    cells.SetTextMatrix(0, Column::kCode, u"Code"_s);
-    cells.SetTextMatrix(0, Column::kParticular, u"Particular"_s);
-    cells.SetTextMatrix(0, differences.quantityCol, u"Quantity"_s);
-    cells.SetTextMatrix(0, differences.priceCol, u"Price"_s);
-    cells.SetTextMatrix(0, Column::kAmount, u"Amount"_s);
-    cells.SetTextMatrix(0, Column::kWithItems, u"With Items"_s);
-    for (const int col : {differences.quantityCol, differences.priceCol, Column::kAmount})
-        cells.SetAlignment(col, Qt::AlignRight);
+    grdTable->SetColumns(GridColumnsOf(mLines.Differences()));
     FollowCutGrid();
     if (isCut)
         ComputeTotal();
@@ -197,10 +198,7 @@ void ChargeGrid::TakeCell() {
     txtEntry->setText(cells.Text());
     mEditorRow = cells.Row();
     mEditorCol = cells.Col();
-    const ChargeGridDifferences& differences = mLines.Differences();
-    const bool isNumber = mEditorCol == differences.quantityCol || mEditorCol == differences.priceCol ||
-                          mEditorCol == Column::kAmount;
-    txtEntry->setAlignment(isNumber ? Qt::AlignRight : Qt::AlignLeft);
+    txtEntry->setAlignment(AlignmentOf(mLines.Differences(), mEditorCol));
     PlaceEditor();
 }
 
@@ -327,7 +325,7 @@ void ChargeGrid::DepartmentStep() {
     if (!Revenue)
         Revenue = std::make_unique<clsRevenueCode>();
     const int cutLines = mCutLines;
-    const bool isValid = Revenue->ValidateRevenue(Cells().TextMatrix(Cells().Row(), Column::kDepartment));
+    const bool isValid = Revenue->ValidateRevenue(Cells().CurrentText(Column::kDepartment));
     // The list of departments has cut the keyed line off: what was picked is written over no charge that
     // stands.
     if (mCutLines != cutLines) {

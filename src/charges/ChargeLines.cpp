@@ -23,14 +23,12 @@ ChargeLines::ChargeLines(FlexCells& cells, const ChargeGridDifferences& differen
     , mDifferences(differences) {}
 
 void ChargeLines::ResetColumns() {
-    ColLocked = mDifferences.locked;
-    ColChecked = {};
-    ColChecked[Column::kCode] = true;
-    ColInput = {};
-    ColInput[Column::kDepartment] = Input::UpperCase;
-    ColInput[Column::kCode] = Input::UpperCase;
-    ColInput[Subscript(mDifferences.quantityCol)] = Input::Number;
-    ColInput[Subscript(mDifferences.priceCol)] = Input::Price;
+    for (const ChargeColumn& column : ChargeColumns(mDifferences)) {
+        const size_t col = Subscript(column.column);
+        ColLocked[col] = column.locked;
+        ColChecked[col] = column.checked;
+        ColInput[col] = column.input;
+    }
 }
 
 size_t ChargeLines::Subscript(int col) {
@@ -41,15 +39,14 @@ size_t ChargeLines::Subscript(int col) {
 
 void ChargeLines::SetAmountLock() {
     if (mDifferences.amountClosedOnHC)
-        SetLocked(Column::kAmount,
-                  mCells.TextMatrix(mCells.Row(), Column::kDepartment) == Department::kEarCare);
+        SetLocked(Column::kAmount, mCells.CurrentText(Column::kDepartment) == Department::kEarCare);
 }
 
 int ChargeLines::FilterKey(int keyAscii) const {
     switch (ColInput[Subscript(mCells.Col())]) {
-    case Input::UpperCase:
+    case ChargeInput::UpperCase:
         return UCase(QChar(keyAscii)).unicode();
-    case Input::Number:
+    case ChargeInput::Number:
         return keyAscii >= u' ' && !kQuantityKeys.contains(QChar(keyAscii)) ? 0 : keyAscii;
     default:
         return keyAscii;
@@ -57,15 +54,14 @@ int ChargeLines::FilterKey(int keyAscii) const {
 }
 
 bool ChargeLines::OnDoctorsFeeLine() const {
-    return mCells.TextMatrix(mCells.Row(), Column::kDepartment) == Department::kDoctorsFee;
+    return mCells.CurrentText(Column::kDepartment) == Department::kDoctorsFee;
 }
 
 bool ChargeLines::PassesOverOnFocus() const {
-    const int row = mCells.Row();
     if (mCells.Col() == mDifferences.priceCol)
-        return mCells.TextMatrix(row, Column::kZeroPrice) == u"N"_s;
+        return mCells.CurrentText(Column::kZeroPrice) == u"N"_s;
     if (mCells.Col() == Column::kAmount)
-        return mCells.TextMatrix(row, mDifferences.amountJumpCol) == u"Y"_s;
+        return mCells.CurrentText(mDifferences.amountJumpCol) == u"Y"_s;
     return false;
 }
 
@@ -131,7 +127,7 @@ void ChargeLines::RewriteAsAmount() {
 }
 
 bool ChargeLines::Check_Code(const QString& strCode) const {
-    const QString department = Trim(mCells.TextMatrix(mCells.Row(), Column::kDepartment));
+    const QString department = Trim(mCells.CurrentText(Column::kDepartment));
     // Kept: the last line is left out, however many lines there are; CheckDuplicateExam sees it afterwards.
     for (int row = 1; row <= mCells.Rows() - 2; ++row) {
         if (row != mCells.Row() && Trim(mCells.TextMatrix(row, Column::kDepartment)) == department &&
@@ -144,7 +140,7 @@ bool ChargeLines::Check_Code(const QString& strCode) const {
 bool ChargeLines::CheckDuplicateExam(int& row, QString& department, QString& code) const {
     // Kept: the department is compared with the current line's own, so a code is refused on any other line,
     // under whatever department it stands there.
-    const bool sameDepartment = mCells.TextMatrix(mCells.Row(), Column::kDepartment) == department;
+    const bool sameDepartment = mCells.CurrentText(Column::kDepartment) == department;
     for (int other = 1; other < mCells.Rows(); ++other) {
         if (other != row && sameDepartment && mCells.TextMatrix(other, Column::kCode) == code)
             return true;

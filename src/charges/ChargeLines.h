@@ -13,9 +13,6 @@ class FlexCells;
 /// where the next cell lies, what a line amounts to, which lines are duplicates.
 class ChargeLines {
   public:
-    /// What a column does with a character key.
-    enum class Input { Any = 0, UpperCase = 1, Number = 2, Price = 3 };
-
     ChargeLines(FlexCells& cells, const ChargeGridDifferences& differences);
 
     const ChargeGridDifferences& Differences() const { return mDifferences; }
@@ -71,5 +68,5 @@ class ChargeLines {
     const ChargeGridDifferences& mDifferences;
     std::array<bool, Column::kCount> ColLocked{};
     std::array<bool, Column::kCount> ColChecked{};
-    std::array<Input, Column::kCount> ColInput{};
+    std::array<ChargeInput, Column::kCount> ColInput{};
 };

@@ -138,8 +138,7 @@ void ItemLookup::TakeDrug(QString& code, Item& item) const {
 }
 
 void ItemLookup::SearchServices(QString& code, Item& item) {
-    Resumed(code,
-            [this] { gListing->SetOtherSectionID(mCells.TextMatrix(mCells.Row(), Column::kDepartment)); });
+    Resumed(code, [this] { gListing->SetOtherSectionID(mCells.CurrentText(Column::kDepartment)); });
     if (mLines.Differences().servicesOfHC)
         Resumed(code, [] { gListing->SetOtherSectionID(Department::kEarCare); });
     bool listed = false;
@@ -207,7 +206,7 @@ bool ItemLookup::LookupSupply(QString& code) {
 
 ItemLookup::Item ItemLookup::FindSupply(QString& code) const {
     Item item;
-    const QString section = mCells.TextMatrix(mCells.Row(), Column::kLocationID);
+    const QString section = mCells.CurrentText(Column::kLocationID);
     if (!IsNumeric(code)) {
         Resumed(code, [] { gStockList->SetDrugsORCSR(false); });
         Resumed(code, [&] { code = gStockList->ShowList(code, false, section); });

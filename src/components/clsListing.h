@@ -45,6 +45,14 @@ struct CivilStatusListing {
     QString CivilStatus;
 };
 
+/// What the last search of each listing has found; empty before.
+struct ListingRecords {
+    DoctorListing doctor;
+    OtherRevenueListing otherRevenue;
+    AddressListing address;
+    CivilStatusListing civilStatus;
+};
+
 /// The code pickers, ListingLib.clsListing.
 class clsListing : public Component {
   public:
@@ -66,9 +74,9 @@ class clsListing : public Component {
     /// `code` receives the code found. Raises 9 for a number that is no listing's.
     virtual bool SearchListing(QString& code, int kind) = 0;
 
-    /// What the last search of each listing has found; empty before.
-    virtual const DoctorListing& DoctorRecord() const = 0;
-    virtual const OtherRevenueListing& OtherRevenueRecord() const = 0;
-    virtual const AddressListing& AddressRecord() const = 0;
-    virtual const CivilStatusListing& CivilStatusRecord() const = 0;
+    virtual const ListingRecords& Records() const = 0;
+    const DoctorListing& DoctorRecord() const { return Records().doctor; }
+    const OtherRevenueListing& OtherRevenueRecord() const { return Records().otherRevenue; }
+    const AddressListing& AddressRecord() const { return Records().address; }
+    const CivilStatusListing& CivilStatusRecord() const { return Records().civilStatus; }
 };

@@ -9,9 +9,9 @@
 #include "text/Trim.h"
 #include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
-#include "toolkit/Keys.h"
 #include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
+#include "toolkit/Picker.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -24,6 +24,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <array>
 #include <chrono>
 
 using namespace Qt::StringLiterals;
@@ -38,9 +39,29 @@ constexpr int kStatus = 7;
 constexpr int kRevenueCode = 8;
 } // namespace Column
 
+using AssessmentColumns = std::array<GridColumn, 10>;
+/// The list shows under the names of its fields.
+constexpr AssessmentColumns kColumnsAtLoad = {{{.width = 250},
+                                               {.width = 0},
+                                               {.width = 3000},
+                                               {.width = 1000},
+                                               {.width = 4000},
+                                               {.width = 1000},
+                                               {.width = 1000},
+                                               {.width = 1250},
+                                               {.width = 0},
+                                               {.width = 0}}};
 /// A searched list gives the patients' names more room and leaves out the third field.
-constexpr std::array kWidthsAtLoad = {250, 0, 3000, 1000, 4000, 1000, 1000, 1250, 0, 0};
-constexpr std::array kWidthsAfterSearch = {250, 0, 4000, 0, 3250, 1250, 1000, 1250, 0, 0};
+constexpr AssessmentColumns kColumnsAfterSearch = {{{.width = 250},
+                                                    {.width = 0},
+                                                    {.width = 4000},
+                                                    {.width = 0},
+                                                    {.width = 3250},
+                                                    {.width = 1250},
+                                                    {.width = 1000},
+                                                    {.width = 1250},
+                                                    {.width = 0},
+                                                    {.width = 0}}};
 
 constexpr QSize kListSize(11900, 5200);
 constexpr std::chrono::milliseconds kBlinkInterval(500);
@@ -121,10 +142,14 @@ QHBoxLayout* frmAssessStatus::LayoutActions() {
 }
 
 void frmAssessStatus::Wire() {
-    OnKeyPress(txtSearch, [this](int& key) { txtSearch_KeyPress(key); });
+    WirePicker({.list = grdTable,
+                .pick = [this] { cmdRevoke_Click(); },
+                .button = cmdRevoke,
+                .box = txtSearch,
+                .capitals = false,
+                .enter = [this] { txtSearch_Enter(); },
+                .downToList = false});
     connect(grdTable, &FlexGrid::RowColChange, this, &frmAssessStatus::grdTable_RowColChange);
-    connect(grdTable, &FlexGrid::DblClick, this, &frmAssessStatus::grdTable_DblClick);
-    OnKeyPress(grdTable, [this](int& key) { grdTable_KeyPress(key); });
     connect(cmdRevoke, &QPushButton::clicked, this, &frmAssessStatus::cmdRevoke_Click);
     connect(cmdPrint, &QPushButton::clicked, this, &frmAssessStatus::cmdPrint_Click);
     connect(cmdClose, &QPushButton::clicked, this, &Form::Unload);
@@ -134,7 +159,7 @@ void frmAssessStatus::Wire() {
 void frmAssessStatus::Form_Load() {
     // Kept: the two buttons are enabled until the clerk first moves, whatever the first row holds.
     BindList(QString());
-    SetWidths(kWidthsAtLoad);
+    grdTable->SetColumns(kColumnsAtLoad);
     Timer1->start();
 }
 
@@ -162,41 +187,15 @@ void frmAssessStatus::RebindList(const QString& lastName) {
         grdTable_RowColChange();
 }
 
-void frmAssessStatus::SetWidths(const std::array<int, 10>& twips) {
-    for (size_t col = 0; col < twips.size(); ++col)
-        grdTable->SetColWidth(int(col), twips[col]);
-}
-
-QString frmAssessStatus::CurrentText(int column) const {
-    const FlexCells& cells = grdTable->Cells();
-    return cells.TextMatrix(cells.Row(), column);
-}
-
-void frmAssessStatus::txtSearch_KeyPress(int& keyAscii) {
-    if (keyAscii != Key::kEnter)
-        return;
+void frmAssessStatus::txtSearch_Enter() {
     RebindList(txtSearch->text());
-    SetWidths(kWidthsAfterSearch);
+    grdTable->SetColumns(kColumnsAfterSearch);
 }
 
 void frmAssessStatus::grdTable_RowColChange() {
-    const bool enabled = MayBeActedOn(CurrentText(Column::kStatus));
+    const bool enabled = MayBeActedOn(grdTable->CurrentText(Column::kStatus));
     cmdRevoke->setEnabled(enabled);
     cmdPrint->setEnabled(enabled);
-}
-
-void frmAssessStatus::grdTable_DblClick() {
-    RevokeIfEnabled();
-}
-
-void frmAssessStatus::grdTable_KeyPress(int& keyAscii) {
-    if (keyAscii == Key::kEnter)
-        RevokeIfEnabled();
-}
-
-void frmAssessStatus::RevokeIfEnabled() {
-    if (cmdRevoke->isEnabled())
-        cmdRevoke_Click();
 }
 
 void frmAssessStatus::cmdRevoke_Click() {
@@ -204,12 +203,13 @@ void frmAssessStatus::cmdRevoke_Click() {
                 .icon = MsgIcon::Question,
                 .buttons = MsgButtons::YesNo}) != MsgAnswer::Yes)
         return;
-    const QString reference = CurrentText(Column::kReference);
+    const QString reference = grdTable->CurrentText(Column::kReference);
     if (!reference.isEmpty())
         RevokeEveryLineOf(reference);
     else
-        gCurrentUser->SQLConnection()->ExecuteNoResult(AssessRevokeCommand(
-            CurrentText(Column::kAssessmentNumber), reference, CurrentText(Column::kRevenueCode)));
+        gCurrentUser->SQLConnection()->ExecuteNoResult(
+            AssessRevokeCommand(grdTable->CurrentText(Column::kAssessmentNumber), reference,
+                                grdTable->CurrentText(Column::kRevenueCode)));
     // Kept: it says so too where the reference had no lines and nothing was revoked.
     MsgBox({.text = u"Assessment has been revoked."_s, .icon = MsgIcon::Information});
     // Kept: the search text and its column widths stay over the list of all.
@@ -231,7 +231,7 @@ void frmAssessStatus::RevokeEveryLineOf(const QString& reference) {
 }
 
 void frmAssessStatus::cmdPrint_Click() {
-    const QString reference = Trim(CurrentText(Column::kReference));
+    const QString reference = Trim(grdTable->CurrentText(Column::kReference));
     RowSet lines = gCurrentUser->SQLConnection()->Open(AssessmentSlipCommand(reference), CursorType::Dynamic,
                                                        LockType::ReadOnly, CursorLocation::Client);
     QString number;

@@ -36,19 +36,14 @@ class frmAssessStatus : public Form {
     QHBoxLayout* LayoutActions();
     void Wire();
 
-    void txtSearch_KeyPress(int& keyAscii);
+    void txtSearch_Enter();
     void grdTable_RowColChange();
-    void grdTable_DblClick();
-    void grdTable_KeyPress(int& keyAscii);
     void cmdRevoke_Click();
     void cmdPrint_Click();
     void Timer1_Timer();
 
     void BindList(const QString& lastName);
     void RebindList(const QString& lastName);
-    void SetWidths(const std::array<int, 10>& twips);
-    QString CurrentText(int column) const;
-    void RevokeIfEnabled();
     void RevokeEveryLineOf(const QString& reference);
 
     QLabel* Picture1;

@@ -19,12 +19,15 @@
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/MsgBox.h"
+#include "toolkit/Picker.h"
 #include "toolkit/Screens.h"
 #include "toolkit/SendKeys.h"
 
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -40,9 +43,14 @@ constexpr int kSlip = 6;
 constexpr int kChargeLine = 9;
 } // namespace Column
 
-constexpr int kColumns = 8;
-constexpr std::array kWidths = {1, 500, 800, 3500, 800, 900, 1800, 2000};
-const QString kFormatString = u"  |<Dept. |<Item. #|< Item   Description    |<QTY|<Amount |<ChargeSlip #"_s;
+constexpr std::array kChargesColumns = {GridColumn{u"  ", 1},
+                                        GridColumn{u"Dept. ", 500, {}, Qt::AlignLeft},
+                                        GridColumn{u"Item. #", 800, {}, Qt::AlignLeft},
+                                        GridColumn{u" Item   Description    ", 3500, {}, Qt::AlignLeft},
+                                        GridColumn{u"QTY", 800, {}, Qt::AlignLeft},
+                                        GridColumn{u"Amount ", 900, {}, Qt::AlignLeft},
+                                        GridColumn{u"ChargeSlip #", 1800, {}, Qt::AlignLeft},
+                                        GridColumn{.width = 2000}};
 
 constexpr int kReprint = 0;
 
@@ -95,7 +103,7 @@ void frmListCharges::Wire() {
     for (int index = 0; index < int(cmdOption.size()); ++index)
         connect(cmdOption[size_t(index)], &QPushButton::clicked, this,
                 [this, index] { cmdOption_Click(index); });
-    connect(mshflexList, &FlexGrid::DblClick, this, &frmListCharges::mshflexList_DblClick);
+    WirePicker({.list = mshflexList, .pick = [this] { CancelCharge(); }, .keys = PickKeys::None});
 }
 
 void frmListCharges::Form_Load() {
@@ -132,23 +140,12 @@ void frmListCharges::cmdOption_Click(int index) {
         CancelCharge();
 }
 
-void frmListCharges::mshflexList_DblClick() {
-    CancelCharge();
-}
-
-QString frmListCharges::CurrentText(int column) const {
-    const FlexCells& cells = mshflexList->Cells();
-    return cells.TextMatrix(cells.Row(), column);
-}
-
 void frmListCharges::PutUpGrid() {
     FlexCells& cells = mshflexList->Cells();
     cells.Clear();
     cells.SetRows(2);
-    cells.SetFormatString(kFormatString);
-    cells.SetCols(kColumns);
-    for (size_t col = 0; col < kWidths.size(); ++col)
-        mshflexList->SetColWidth(int(col), kWidths[col]);
+    cells.SetCols(int(kChargesColumns.size()));
+    mshflexList->SetColumns(kChargesColumns);
 }
 
 void frmListCharges::EnableOptions() {
@@ -181,7 +178,7 @@ void frmListCharges::Get_Charges() {
 }
 
 void frmListCharges::ReprintSlip() {
-    const QString slipNumber = Trim(CurrentText(Column::kSlip));
+    const QString slipNumber = Trim(mshflexList->CurrentText(Column::kSlip));
     // The database is told first: a slip that fails to print counts as printed again.
     gCurrentUser->SQLConnection()->ExecuteNoResult(ReprintChargeSlipCommand(slipNumber));
     const QString name = Trim(txtLastName->text()) + u", "_s + Trim(txtFirstName->text()) + u" "_s +
@@ -199,8 +196,9 @@ void frmListCharges::ReprintSlip() {
 /// Whether nothing is left of the current line. A line that the database does not know counts as standing.
 bool frmListCharges::IsTakenBack() const {
     RowSet left = gCurrentUser->SQLConnection()->Open(
-        VerifyChargesCommand(txtId->text(), CurrentText(Column::kItem), CurrentText(Column::kSlip),
-                             CurrentText(Column::kDepartment)),
+        VerifyChargesCommand(txtId->text(), mshflexList->CurrentText(Column::kItem),
+                             mshflexList->CurrentText(Column::kSlip),
+                             mshflexList->CurrentText(Column::kDepartment)),
         CursorType::ForwardOnly, LockType::Optimistic);
     const bool isTakenBack = !left.Eof() && left.Fields(u"Amount").ToDouble() <= 0;
     if (isTakenBack)
@@ -219,7 +217,7 @@ void frmListCharges::CancelCharge() {
                 .icon = MsgIcon::Question,
                 .buttons = MsgButtons::YesNo}) != MsgAnswer::Yes)
         return;
-    const QString department = CurrentText(Column::kDepartment);
+    const QString department = mshflexList->CurrentText(Column::kDepartment);
     if (IsService(department))
         CancelService(department);
     else
@@ -234,14 +232,14 @@ void frmListCharges::CancelStockItem(const QString& department) {
         department == Department::kEarCare ? Department::kCentralSupply : Department::kPharmacy;
     StockCardEntry entry = {.hospitalNumber = txtPno->text(),
                             .idNumber = txtId->text(),
-                            .itemID = CurrentText(Column::kItem),
+                            .itemID = mshflexList->CurrentText(Column::kItem),
                             .moment = moment,
-                            .referenceNumber = CurrentText(Column::kSlip),
-                            .quantity = Val(CurrentText(Column::kQuantity)),
+                            .referenceNumber = mshflexList->CurrentText(Column::kSlip),
+                            .quantity = Val(mshflexList->CurrentText(Column::kQuantity)),
                             .position7 = 0,
-                            .amount = Val(ToText(Val(CurrentText(Column::kAmount)) * -1)),
+                            .amount = Val(ToText(Val(mshflexList->CurrentText(Column::kAmount)) * -1)),
                             .userCode = gCurrentUser->EmployeeCode(),
-                            .chargeLine = CurrentText(Column::kChargeLine),
+                            .chargeLine = mshflexList->CurrentText(Column::kChargeLine),
                             .room = txtRoom->text(),
                             .position15 = 1,
                             .position16 = source,
@@ -259,13 +257,13 @@ void frmListCharges::CancelService(const QString& department) {
     gCurrentUser->SQLConnection()->ExecuteNoResult(
         UpdateChargingCommand({.hospitalNumber = txtPno->text(),
                                .idNumber = txtId->text(),
-                               .itemID = CurrentText(Column::kItem),
-                               .amount = CurrentText(Column::kAmount),
-                               .quantity = CurrentText(Column::kQuantity),
+                               .itemID = mshflexList->CurrentText(Column::kItem),
+                               .amount = mshflexList->CurrentText(Column::kAmount),
+                               .quantity = mshflexList->CurrentText(Column::kQuantity),
                                .moment = moment,
                                .department = department,
                                .userCode = gCurrentUser->EmployeeCode(),
                                .patientType = gPatientType,
                                .room = room,
-                               .slipNumber = CurrentText(Column::kSlip)}));
+                               .slipNumber = mshflexList->CurrentText(Column::kSlip)}));
 }

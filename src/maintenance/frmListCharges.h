@@ -50,9 +50,7 @@ class frmListCharges : public Form, private PatientNameBoxes, private HospitalIn
     void txtLastName_KeyPress(int& keyAscii);
     void cmdList_Click();
     void cmdOption_Click(int index);
-    void mshflexList_DblClick();
 
-    QString CurrentText(int column) const;
     void PutUpGrid();
     void EnableOptions();
     void ShowOptions(bool shown);

@@ -13,6 +13,7 @@
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/MousePointer.h"
+#include "toolkit/Picker.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -38,21 +39,36 @@ constexpr int kEncoder = 7;
 constexpr int kRevenueCode = 8;
 } // namespace ReprintColumn
 
-struct Heading {
-    const char16_t* text;
-    int width;
-};
-
-/// Of the columns from 1 on.
-constexpr std::array kHeadings = {Heading{u"REF. #", 1000},  Heading{u"DATE", 2000},
-                                  Heading{u"CODE", 1000},    Heading{u"DESCRIPTION", 3000},
-                                  Heading{u"QTY", 1000},     Heading{u"AMOUNT", 1000},
-                                  Heading{u"ENCODER", 1000}, Heading{u"REVENUEID", 500}};
+constexpr std::array kReprintColumns = {GridColumn{.width = 250},
+                                        GridColumn{u"REF. #", 1000, u"RefNum"},
+                                        GridColumn{u"DATE", 2000, u"TransDate"},
+                                        GridColumn{u"CODE", 1000, u"ItemID"},
+                                        GridColumn{u"DESCRIPTION", 3000, u"Description"},
+                                        GridColumn{u"QTY", 1000, u"Quantity", Qt::AlignRight},
+                                        GridColumn{u"AMOUNT", 1000, u"Amount", Qt::AlignRight},
+                                        GridColumn{u"ENCODER", 1000, u"UserId"},
+                                        GridColumn{u"REVENUEID", 500, u"RevenueID"}};
 
 /// A number of the list; nothing is shown for zero.
 QString NumberText(const Value& value, QStringView pattern) {
     const double number = value.ToDouble();
     return number == 0 ? QString() : Format(number, pattern);
+}
+
+/// What a column shows of its field. All but the description raise 94 for a Null.
+QString ShownText(int col, const Value& field) {
+    switch (col) {
+    case ReprintColumn::kDate:
+        return Format(field.ToDate(), u"mm/dd/yyyy hh:mmAM/PM");
+    case ReprintColumn::kDescription:
+        return field.TextOrEmpty();
+    case ReprintColumn::kQuantity:
+        return NumberText(field, u"0");
+    case ReprintColumn::kAmount:
+        return NumberText(field, u"0.00");
+    default:
+        return field.ToText();
+    }
 }
 
 } // namespace
@@ -66,7 +82,8 @@ void frmReprint::Wire() {
     OnKeyPress(cmbPatientCode, [this](int& key) { cmbPatientCode_KeyPress(key); });
     OnKeyPress(txtIDNum, [this](int& key) { txtIDNum_KeyPress(key); });
     connect(grdTable, &FlexGrid::RowColChange, this, &frmReprint::grdTable_RowColChange);
-    connect(grdTable, &FlexGrid::DblClick, this, &frmReprint::grdTable_DblClick);
+    WirePicker(
+        {.list = grdTable, .pick = [this] { cmdPrint_Click(); }, .keys = PickKeys::None, .button = cmdPrint});
     connect(cmdPrint, &QPushButton::clicked, this, &frmReprint::cmdPrint_Click);
     connect(cmdClose, &QPushButton::clicked, this, &Form::Unload);
 }
@@ -75,6 +92,8 @@ void frmReprint::Form_Load() {
     cmbPatientCode->addItem(u"Inpatient"_s);
     cmbPatientCode->addItem(u"Outpatient"_s);
     cmbPatientCode->setCurrentIndex(kInPatient);
+    // The headings come with the first patient.
+    grdTable->Cells().SetCols(int(kReprintColumns.size()));
 }
 
 void frmReprint::Form_Activate() {
@@ -147,12 +166,8 @@ bool frmReprint::FindOutPatient() {
 }
 
 void frmReprint::PutUpGrid() {
-    FlexCells& cells = grdTable->Cells();
-    cells.Clear();
-    for (size_t i = 0; i < kHeadings.size(); ++i)
-        grdTable->SetColWidth(int(i) + 1, kHeadings[i].width);
-    for (size_t i = 0; i < kHeadings.size(); ++i)
-        cells.SetTextMatrix(0, int(i) + 1, QString::fromUtf16(kHeadings[i].text));
+    grdTable->Cells().Clear();
+    grdTable->SetColumns(kReprintColumns);
 }
 
 void frmReprint::LoadCharges() {
@@ -165,31 +180,14 @@ void frmReprint::LoadCharges() {
     FlexCells& cells = grdTable->Cells();
     for (int row = 1; !charges.Eof(); ++row, charges.MoveNext()) {
         cells.SetRows(row + 1);
-        cells.SetTextMatrix(row, ReprintColumn::kSlip, charges.Fields(u"RefNum").ToText());
-        cells.SetTextMatrix(row, ReprintColumn::kDate,
-                            Format(charges.Fields(u"TransDate").ToDate(), u"mm/dd/yyyy hh:mmAM/PM"));
-        cells.SetTextMatrix(row, ReprintColumn::kItem, charges.Fields(u"ItemID").ToText());
-        cells.SetTextMatrix(row, ReprintColumn::kDescription, charges.Fields(u"Description").TextOrEmpty());
-        cells.SetTextMatrix(row, ReprintColumn::kQuantity, NumberText(charges.Fields(u"Quantity"), u"0"));
-        cells.SetTextMatrix(row, ReprintColumn::kAmount, NumberText(charges.Fields(u"Amount"), u"0.00"));
-        cells.SetTextMatrix(row, ReprintColumn::kEncoder, charges.Fields(u"UserId").ToText());
-        cells.SetTextMatrix(row, ReprintColumn::kRevenueCode, charges.Fields(u"RevenueID").ToText());
+        for (int col = ReprintColumn::kSlip; col <= ReprintColumn::kRevenueCode; ++col)
+            cells.SetTextMatrix(row, col, ShownText(col, charges.Fields(kReprintColumns[size_t(col)].field)));
     }
     cmdPrint->setEnabled(true);
 }
 
-QString frmReprint::CurrentText(int column) const {
-    const FlexCells& cells = grdTable->Cells();
-    return cells.TextMatrix(cells.Row(), column);
-}
-
 void frmReprint::grdTable_RowColChange() {
-    cmdPrint->setEnabled(!CurrentText(ReprintColumn::kSlip).isEmpty());
-}
-
-void frmReprint::grdTable_DblClick() {
-    if (cmdPrint->isEnabled())
-        cmdPrint_Click();
+    cmdPrint->setEnabled(!grdTable->CurrentText(ReprintColumn::kSlip).isEmpty());
 }
 
 void frmReprint::WriteLinesOfSlip() {
@@ -209,9 +207,9 @@ void frmReprint::WriteLinesOfSlip() {
 }
 
 void frmReprint::cmdPrint_Click() {
-    mSlipNo = CurrentText(ReprintColumn::kSlip);
-    mSlipDate = Format(Value(CurrentText(ReprintColumn::kDate)).ToDate(), u"mm/dd/yyyy");
-    mEncoder = CurrentText(ReprintColumn::kEncoder);
+    mSlipNo = grdTable->CurrentText(ReprintColumn::kSlip);
+    mSlipDate = Format(Value(grdTable->CurrentText(ReprintColumn::kDate)).ToDate(), u"mm/dd/yyyy");
+    mEncoder = grdTable->CurrentText(ReprintColumn::kEncoder);
     SetMousePointer(MousePointer::Wait);
     WriteLinesOfSlip();
     SetMousePointer(MousePointer::Default);

@@ -41,14 +41,12 @@ class frmReprint : public Form, private SearchPatientBoxes {
     void cmbPatientCode_KeyPress(int& keyAscii);
     void txtIDNum_KeyPress(int& keyAscii);
     void grdTable_RowColChange();
-    void grdTable_DblClick();
     void cmdPrint_Click();
 
     bool FindInPatient();
     bool FindOutPatient();
     void LoadCharges();
     void PutUpGrid();
-    QString CurrentText(int column) const;
     void WriteLinesOfSlip();
     QString IssuerName() const;
     std::optional<QString> FormulaText(const QString& formula) const;

@@ -17,10 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kReprintColumns = 9;
-constexpr int kQuantity = 5;
-constexpr int kAmount = 6;
-constexpr int kFixedColumnWidth = 250;
 constexpr QSize kReprintListSize(11100, 3800);
 
 } // namespace
@@ -43,10 +39,6 @@ void frmReprint::Layout() {
 QGroupBox* frmReprint::LayoutCharges() {
     QGroupBox* frame2 = NewFrame(u"Frame2"_s, u"Charges"_s, this);
     grdTable = NewList(u"grdTable"_s, u"Charges"_s, kReprintListSize, frame2);
-    grdTable->Cells().SetCols(kReprintColumns);
-    grdTable->SetColWidth(0, kFixedColumnWidth);
-    for (const int number : {kQuantity, kAmount})
-        grdTable->Cells().SetAlignment(number, Qt::AlignRight);
     auto* layout = new QVBoxLayout(frame2);
     layout->addWidget(grdTable);
     return frame2;

@@ -14,11 +14,10 @@
 #include "text/Trim.h"
 #include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
-#include "toolkit/Keys.h"
 #include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
+#include "toolkit/Picker.h"
 #include "toolkit/Screens.h"
-#include "toolkit/Twips.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -51,18 +50,36 @@ constexpr int kPatientLetter = 23;
 constexpr int kRequestNumber = 24;
 } // namespace QueueColumn
 
-/// The headers of the first columns. The blanks behind a header are room for what stands below it.
-const QString kHeaderLine = QStringLiteral(
-    "   |Hospnum|IDNum    |LastName                  |Firstname                  |Middlename   "
-    "            |ItemID|ItemDesc                                    |Requesting Nurse ");
-constexpr std::array kHidden = {1, 5, 6, 8, 10, 11, 12, 13, 14, 15, 16, 17, 19, 20, 21, 23};
-constexpr int kNurse = 9;
-constexpr int kNurseWidth = 2100;
-constexpr int kRemarks = 22;
-constexpr int kRemarksWidth = 5000;
+/// The blanks behind a heading are room for what stands below it. The columns behind the headings show under
+/// the names of their fields: the nurse, the room, the remarks and the number.
+constexpr std::array<GridColumn, 25> kQueueColumns = {
+    {{u"   ", GridColumn::kAsHeading},
+     {u"Hospnum", 0},
+     {u"IDNum    ", GridColumn::kAsHeading},
+     {u"LastName                  ", GridColumn::kAsHeading},
+     {u"Firstname                  ", GridColumn::kAsHeading},
+     {u"Middlename               ", 0},
+     {u"ItemID", 0},
+     {u"ItemDesc                                    ", GridColumn::kAsHeading},
+     {u"Requesting Nurse ", 0},
+     {.width = 2100},
+     {.width = 0},
+     {.width = 0},
+     {.width = 0},
+     {.width = 0},
+     {.width = 0},
+     {.width = 0},
+     {.width = 0},
+     {.width = 0},
+     {},
+     {.width = 0},
+     {.width = 0},
+     {.width = 0},
+     {.width = 5000},
+     {.width = 0},
+     {}}};
 
 constexpr QSize kListSize(12000, 4800);
-constexpr int kCellMargin = 8;
 
 /// A date as the charge screen shows it; a text that names none stays as it is.
 QString DateText(const QString& text) {
@@ -96,11 +113,7 @@ void frmNursingRequest::Layout() {
     auto* hint = new QLabel(u"Double-click on the patient you want to process."_s, this);
     hint->setObjectName(u"Label3"_s);
     grdRequest = NewList(u"grdRequest"_s, u"Pending Requests"_s, kListSize, this);
-    grdRequest->Cells().SetFormatString(kHeaderLine);
-    const QStringList headers = kHeaderLine.split(u'|');
-    for (int col = 0; col < int(headers.size()); ++col)
-        grdRequest->SetColWidth(col, kTwipsPerPixel *
-                                         (fontMetrics().horizontalAdvance(headers[col]) + kCellMargin));
+    grdRequest->SetColumns(kQueueColumns);
 
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(Space::kNormal);
@@ -123,8 +136,7 @@ QHBoxLayout* frmNursingRequest::LayoutActions() {
 }
 
 void frmNursingRequest::Wire() {
-    connect(grdRequest, &FlexGrid::DblClick, this, &frmNursingRequest::grdRequest_DblClick);
-    OnKeyPress(grdRequest, [this](int& key) { grdRequest_KeyPress(key); });
+    WirePicker({.list = grdRequest, .pick = [this] { grdRequest_DblClick(); }});
     connect(Command1, &QPushButton::clicked, this, &frmNursingRequest::Command1_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmNursingRequest::cmdCancel_Click);
     connect(cmdClose, &QPushButton::clicked, this, &Form::Unload);
@@ -145,56 +157,38 @@ void frmNursingRequest::LoadRequests() {
         cells.SetRows(2);
         cells.SetRow(1);
     }
-    SetWidths();
-}
-
-void frmNursingRequest::SetWidths() {
-    for (const int col : kHidden)
-        grdRequest->SetColWidth(col, 0);
-    grdRequest->SetColWidth(kNurse, kNurseWidth);
-    grdRequest->SetColWidth(kRemarks, kRemarksWidth);
-}
-
-QString frmNursingRequest::CurrentText(int column) const {
-    const FlexCells& cells = grdRequest->Cells();
-    return cells.TextMatrix(cells.Row(), column);
 }
 
 void frmNursingRequest::grdRequest_DblClick() {
     const HospitalInfoBoxes& info = Screens::Get<frmPostCharges>().Boxes().info;
     // Kept: the patient's letter is read and decides nothing; every patient's id number goes the same way.
     // NOLINTNEXTLINE(bugprone-branch-clone)
-    if (CurrentText(QueueColumn::kPatientLetter) == u"I"_s)
-        info.txtId->setText(CurrentText(QueueColumn::kIdNumber));
+    if (grdRequest->CurrentText(QueueColumn::kPatientLetter) == u"I"_s)
+        info.txtId->setText(grdRequest->CurrentText(QueueColumn::kIdNumber));
     else
-        info.txtId->setText(CurrentText(QueueColumn::kIdNumber));
+        info.txtId->setText(grdRequest->CurrentText(QueueColumn::kIdNumber));
     ProcessRequest();
-}
-
-void frmNursingRequest::grdRequest_KeyPress(int& keyAscii) {
-    if (keyAscii == Key::kEnter)
-        grdRequest_DblClick();
 }
 
 /// Neither the patient type nor the charge mode changes; both stay as the last menu entry set them.
 void frmNursingRequest::ProcessRequest() {
-    const QString roomClass = RoomClassOf(Trim(CurrentText(QueueColumn::kRoomId)));
+    const QString roomClass = RoomClassOf(Trim(grdRequest->CurrentText(QueueColumn::kRoomId)));
     auto& charges = Screens::Get<frmPostCharges>();
     const auto& [name, info, txtDocID, txtRequestingDoc] = charges.Boxes();
-    info.txtPno->setText(CurrentText(QueueColumn::kHospitalNumber));
-    info.txtId->setText(CurrentText(QueueColumn::kIdNumber));
-    name.txtLastName->setText(CurrentText(QueueColumn::kLastName));
-    name.txtFirstName->setText(CurrentText(QueueColumn::kFirstName));
-    name.txtMiddleName->setText(CurrentText(QueueColumn::kMiddleName));
-    info.txtRoom->setText(CurrentText(QueueColumn::kRoomId));
-    info.txtDateAdmitted->setText(CurrentText(QueueColumn::kAdmissionDate));
-    txtDocID->setText(CurrentText(QueueColumn::kDoctorId));
-    txtRequestingDoc->setText(CurrentText(QueueColumn::kRequestingDoctor));
-    name.txtAge->setText(CurrentText(QueueColumn::kAge));
-    name.txtDob->setText(DateText(CurrentText(QueueColumn::kBirthDate)));
+    info.txtPno->setText(grdRequest->CurrentText(QueueColumn::kHospitalNumber));
+    info.txtId->setText(grdRequest->CurrentText(QueueColumn::kIdNumber));
+    name.txtLastName->setText(grdRequest->CurrentText(QueueColumn::kLastName));
+    name.txtFirstName->setText(grdRequest->CurrentText(QueueColumn::kFirstName));
+    name.txtMiddleName->setText(grdRequest->CurrentText(QueueColumn::kMiddleName));
+    info.txtRoom->setText(grdRequest->CurrentText(QueueColumn::kRoomId));
+    info.txtDateAdmitted->setText(grdRequest->CurrentText(QueueColumn::kAdmissionDate));
+    txtDocID->setText(grdRequest->CurrentText(QueueColumn::kDoctorId));
+    txtRequestingDoc->setText(grdRequest->CurrentText(QueueColumn::kRequestingDoctor));
+    name.txtAge->setText(grdRequest->CurrentText(QueueColumn::kAge));
+    name.txtDob->setText(DateText(grdRequest->CurrentText(QueueColumn::kBirthDate)));
     gRoomClass = roomClass;
-    name.txtSex->setText(CurrentText(QueueColumn::kSex) == u"M"_s ? u"MALE"_s : u"FEMALE"_s);
-    LoadExam(CurrentText(QueueColumn::kIdNumber));
+    name.txtSex->setText(grdRequest->CurrentText(QueueColumn::kSex) == u"M"_s ? u"MALE"_s : u"FEMALE"_s);
+    LoadExam(grdRequest->CurrentText(QueueColumn::kIdNumber));
     FlexCells& lines = charges.Charges().Cells();
     lines.SetRows(lines.Rows() + 1);
     Unload();
@@ -222,14 +216,14 @@ void frmNursingRequest::cmdCancel_Click() {
                 .buttons = MsgButtons::YesNo,
                 .defaultAnswer = MsgAnswer::No}) != MsgAnswer::Yes)
         return;
-    gCurrentUser->SQLConnection()->ExecuteNoResult(
-        RevokeNurseRequestCommand(CurrentText(QueueColumn::kRequestNumber), gCurrentUser->EmployeeCode()));
+    gCurrentUser->SQLConnection()->ExecuteNoResult(RevokeNurseRequestCommand(
+        grdRequest->CurrentText(QueueColumn::kRequestNumber), gCurrentUser->EmployeeCode()));
     MsgBox({.text = u"Request has been revoked."_s, .icon = MsgIcon::Information});
     LoadRequests();
 }
 
 void frmNursingRequest::Command1_Click() {
-    PrintConsultation(Trim(CurrentText(QueueColumn::kRequestNumber)));
+    PrintConsultation(Trim(grdRequest->CurrentText(QueueColumn::kRequestNumber)));
 }
 
 void frmNursingRequest::PrintConsultation(const QString& strRequestNum) {

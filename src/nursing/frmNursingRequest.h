@@ -29,12 +29,9 @@ class frmNursingRequest : public Form {
     void Wire();
 
     void LoadRequests();
-    void SetWidths();
     void ProcessRequest();
-    QString CurrentText(int column) const;
 
     void grdRequest_DblClick();
-    void grdRequest_KeyPress(int& keyAscii);
     void cmdCancel_Click();
     void Command1_Click();
 

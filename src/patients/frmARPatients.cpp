@@ -6,8 +6,8 @@
 #include "text/Trim.h"
 #include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
-#include "toolkit/Keys.h"
 #include "toolkit/Look.h"
+#include "toolkit/Picker.h"
 
 #include <QComboBox>
 #include <QGroupBox>
@@ -24,13 +24,14 @@ namespace {
 
 constexpr int kAdmissionNumber = 2;
 // Kept: the first heading belongs to the narrow fixed column, so each one stands a column before what it
-// names.
-constexpr QStringView kFormat =
-    u"Hospital Num | Adm. Num | Patient Name | Billing Date | Charging Status | Discharge Date ";
-constexpr std::array kColumnWidths = {100, 1200, 1200, 3000, 1800};
-constexpr int kLastColumn = 5;
-/// The field behind the last heading shows under its own name, for which the usual width is too narrow.
-constexpr int kUnheadedColumn = 6;
+// names. The field behind the last heading shows under its own name, for which the usual width is too narrow.
+constexpr std::array kARColumns = {GridColumn{u"Hospital Num ", 100},
+                                   GridColumn{u" Adm. Num ", 1200},
+                                   GridColumn{u" Patient Name ", 1200},
+                                   GridColumn{u" Billing Date ", 3000},
+                                   GridColumn{u" Charging Status ", 1800},
+                                   GridColumn{u" Discharge Date ", 1800},
+                                   GridColumn{.width = 1800}};
 constexpr QSize kARListSize(11600, 3600);
 
 } // namespace
@@ -85,8 +86,13 @@ QHBoxLayout* frmARPatients::LayoutActions() {
 }
 
 void frmARPatients::Wire() {
-    OnKeyPress(txtSearch, [this](int& key) { txtSearch_KeyPress(key); });
-    connect(grdTable, &FlexGrid::DblClick, this, &frmARPatients::cmdSelect_Click);
+    WirePicker({.list = grdTable,
+                .pick = [this] { cmdSelect_Click(); },
+                .keys = PickKeys::None,
+                .box = txtSearch,
+                .capitals = false,
+                .enter = [this] { Search(); },
+                .downToList = false});
     connect(cmdSelect, &QPushButton::clicked, this, &frmARPatients::cmdSelect_Click);
     connect(cmdClose, &QPushButton::clicked, this, &Form::Unload);
 }
@@ -94,20 +100,7 @@ void frmARPatients::Wire() {
 void frmARPatients::Form_Load() {
     // Kept: the choice of what to search by is not sent; the hospital finds the text in any of the three.
     cmbSearch->setCurrentText(u"LastName"_s);
-    PutUpGrid();
-}
-
-void frmARPatients::PutUpGrid() {
-    grdTable->Cells().SetFormatString(kFormat.toString());
-    for (size_t col = 0; col < kColumnWidths.size(); ++col)
-        grdTable->SetColWidth(int(col), kColumnWidths[col]);
-    for (const int col : {kLastColumn, kUnheadedColumn})
-        grdTable->SetColWidth(col, 1800);
-}
-
-void frmARPatients::txtSearch_KeyPress(int& keyAscii) {
-    if (keyAscii == Key::kEnter)
-        Search();
+    grdTable->SetColumns(kARColumns);
 }
 
 void frmARPatients::Search() {
@@ -117,14 +110,12 @@ void frmARPatients::Search() {
                                CursorType::Dynamic, LockType::ReadOnly, CursorLocation::Client);
     if (mFound.RecordCount() <= 0)
         return;
-    PutUpGrid();
     grdTable->Cells().Bind(mFound.Data());
     mFound.Close();
 }
 
 void frmARPatients::cmdSelect_Click() {
-    const FlexCells& cells = grdTable->Cells();
     mValid = true;
-    mResultCode = cells.TextMatrix(cells.Row(), kAdmissionNumber);
+    mResultCode = grdTable->CurrentText(kAdmissionNumber);
     Unload();
 }

@@ -49,11 +49,9 @@ class frmARPatients : public Form {
     QHBoxLayout* LayoutActions();
     void Wire();
 
-    void txtSearch_KeyPress(int& keyAscii);
     void cmdSelect_Click();
 
     void Search();
-    void PutUpGrid();
 
     inline static QString mPatientRecord;
     inline static Value mResultCode = QString();

@@ -11,6 +11,7 @@
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/MousePointer.h"
+#include "toolkit/Picker.h"
 #include "toolkit/Screens.h"
 
 #include <QComboBox>
@@ -36,17 +37,10 @@ constexpr auto kTypeKeys = "WOI"_L1;
 constexpr auto kTypeLetters = "COI"_L1;
 
 constexpr int kNumber = 1;
-/// A column of the list: its heading, its width in twips and the field that it shows.
-struct ListColumn {
-    QStringView heading;
-    int width;
-    QStringView field;
-};
-constexpr std::array<ListColumn, 5> kColumns = {{{u"", 200, u""},
-                                                 {u"Adm #", 1000, u"HospNum"},
-                                                 {u"Last Name", 2500, u"LastName"},
-                                                 {u"First Name", 2500, u"FirstName"},
-                                                 {u"Middle Name", 2500, u"MiddleName"}}};
+constexpr std::array kCashColumns = {GridColumn{.width = 200}, GridColumn{u"Adm #", 1000, u"HospNum"},
+                                     GridColumn{u"Last Name", 2500, u"LastName"},
+                                     GridColumn{u"First Name", 2500, u"FirstName"},
+                                     GridColumn{u"Middle Name", 2500, u"MiddleName"}};
 constexpr QSize kCashListSize(8950, 3600);
 
 } // namespace
@@ -98,15 +92,17 @@ void frmCashPatients::Layout() {
 
 void frmCashPatients::Wire() {
     connect(cmbPatientType, &QComboBox::currentIndexChanged, this, &frmCashPatients::cmbPatientType_Click);
-    connect(grdTable, &FlexGrid::DblClick, this, &frmCashPatients::grdTable_DblClick);
+    WirePicker({.list = grdTable,
+                .pick = [this] { cmdSelect_Click(); },
+                .button = cmdSelect,
+                .box = txtSearch,
+                .enter = [this] { txtSearch_Enter(); },
+                .markFirst = [this] { grdTable->Cells().SetRow(1); }});
     connect(cmdSelect, &QPushButton::clicked, this, &frmCashPatients::cmdSelect_Click);
     connect(cmdAdd, &QPushButton::clicked, this, &frmCashPatients::cmdAdd_Click);
     SetCloseButton(cmdClose);
     connect(cmdClose, &QPushButton::clicked, this, &frmCashPatients::cmdClose_Click);
     OnKeyPress(cmbPatientType, [this](int& key) { cmbPatientType_KeyPress(key); });
-    OnKeyDown(txtSearch, [this](int keyCode) { return txtSearch_KeyDown(keyCode); });
-    OnKeyPress(txtSearch, [this](int& key) { txtSearch_KeyPress(key); });
-    OnKeyPress(grdTable, [this](int& key) { grdTable_KeyPress(key); });
 }
 
 void frmCashPatients::Form_Load() {
@@ -140,18 +136,7 @@ void frmCashPatients::cmbPatientType_KeyPress(int& keyAscii) {
         txtSearch->setFocus();
 }
 
-bool frmCashPatients::txtSearch_KeyDown(int keyCode) {
-    if (keyCode != Key::kDown)
-        return false;
-    grdTable->Cells().SetRow(1);
-    grdTable->setFocus();
-    return true;
-}
-
-void frmCashPatients::txtSearch_KeyPress(int& keyAscii) {
-    keyAscii = UCase(QChar(keyAscii)).unicode();
-    if (keyAscii != Key::kEnter)
-        return;
+void frmCashPatients::txtSearch_Enter() {
     switch (cmbPatientType->currentIndex()) {
     case kOutPatient:
         FindOutPatient();
@@ -182,12 +167,8 @@ void frmCashPatients::ResetGrid() {
     FlexCells& cells = grdTable->Cells();
     cells.Clear();
     cells.SetRows(2);
-    cells.SetCols(static_cast<int>(kColumns.size()));
-    for (int col = 0; col < cells.Cols(); ++col) {
-        const ListColumn& column = kColumns[static_cast<size_t>(col)];
-        grdTable->SetColWidth(col, column.width);
-        cells.SetTextMatrix(0, col, column.heading.toString());
-    }
+    cells.SetCols(static_cast<int>(kCashColumns.size()));
+    grdTable->SetColumns(kCashColumns);
     cmdSelect->setEnabled(false);
 }
 
@@ -211,20 +192,10 @@ void frmCashPatients::FillGrid(const RowSet& found) {
     FlexCells& cells = grdTable->Cells();
     cells.SetRows(static_cast<int>(rows->RowCount()) + 1);
     for (int col = kNumber; col < cells.Cols(); ++col) {
-        const size_t field = found.ColumnNumber(kColumns[static_cast<size_t>(col)].field);
+        const size_t field = found.ColumnNumber(kCashColumns[static_cast<size_t>(col)].field);
         for (size_t row = 0; row < rows->RowCount(); ++row)
             cells.SetTextMatrix(static_cast<int>(row) + 1, col, rows->Cell(row, field).ToText());
     }
-}
-
-void frmCashPatients::grdTable_DblClick() {
-    if (cmdSelect->isEnabled())
-        cmdSelect_Click();
-}
-
-void frmCashPatients::grdTable_KeyPress(int& keyAscii) {
-    if (keyAscii == Key::kEnter)
-        grdTable_DblClick();
 }
 
 void frmCashPatients::cmdSelect_Click() {
@@ -232,7 +203,7 @@ void frmCashPatients::cmdSelect_Click() {
     PatientType = QString(kTypeLetters[type]);
     Valid = true;
     if (type == kWalkIn)
-        ResultCode = grdTable->Cells().TextMatrix(grdTable->Cells().Row(), kNumber);
+        ResultCode = grdTable->CurrentText(kNumber);
     Unload();
 }
 

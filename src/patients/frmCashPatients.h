@@ -52,10 +52,7 @@ class frmCashPatients : public Form {
 
     void cmbPatientType_Click();
     void cmbPatientType_KeyPress(int& keyAscii);
-    bool txtSearch_KeyDown(int keyCode);
-    void txtSearch_KeyPress(int& keyAscii);
-    void grdTable_DblClick();
-    void grdTable_KeyPress(int& keyAscii);
+    void txtSearch_Enter();
     void cmdSelect_Click();
     void cmdClose_Click();
     void cmdAdd_Click();

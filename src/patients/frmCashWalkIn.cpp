@@ -12,6 +12,7 @@
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
+#include "toolkit/Picker.h"
 #include "toolkit/Screens.h"
 
 #include <QHBoxLayout>
@@ -33,8 +34,13 @@ constexpr int kName = 3;
 constexpr int kAdmission = 5;
 } // namespace Column
 
-constexpr int kWalkInColumns = 6;
-constexpr std::array kWalkInColumnWidths = {1, 1200, 1000, 3000, 1000, 1};
+/// The list before there are hits; the hits show under the names of their fields, as wide as these.
+constexpr std::array kWalkInColumns = {GridColumn{u" ", 1},
+                                       GridColumn{u"HOSP. #", 1200, {}, Qt::AlignLeft},
+                                       GridColumn{u"PATIENT NAME                  ", 1000, {}, Qt::AlignLeft},
+                                       GridColumn{u"ADM. DATE ", 3000, {}, Qt::AlignLeft},
+                                       GridColumn{u"", 1000},
+                                       GridColumn{.width = 1}};
 constexpr QSize kWalkInListSize(6450, 3600);
 
 /// A patient type of the assessment, and how its patients are listed.
@@ -81,13 +87,13 @@ bool IsOutsideTheRooms(const QString& idNumber) {
     return idNumber.isEmpty() || Trim(idNumber).endsWith(u'B') || !IsNumeric(gHospitalNumber);
 }
 
-void TakeRoomClass(const QString& idNumber, const FlexCells& cells) {
+void TakeRoomClass(const QString& idNumber, const FlexGrid& hits) {
     if (IsOutsideTheRooms(idNumber)) {
         gRoomClass = u"A"_s;
         return;
     }
     // A copy: the patient master rewrites the number that it is given.
-    QString admission = cells.TextMatrix(cells.Row(), Column::kAdmission);
+    QString admission = hits.CurrentText(Column::kAdmission);
     // Kept: an admission that is not found leaves the class of the patient before.
     if (gPersonFinder->ValidateAdmission(admission))
         gRoomClass = gPersonFinder->Admission().Room->roomclassid.ToText();
@@ -130,11 +136,11 @@ void frmCashWalkIn::Layout() {
 
 void frmCashWalkIn::Wire() {
     connect(cmdSearch, &QPushButton::clicked, this, &frmCashWalkIn::cmdSearch_Click);
-    connect(MSHFlexCash, &FlexGrid::DblClick, this, &frmCashWalkIn::MSHFlexCash_DblClick);
     connect(cmdRegister, &QPushButton::clicked, this, &frmCashWalkIn::cmdRegister_Click);
     connect(Command1, &QPushButton::clicked, this, &Form::Unload);
     OnKeyPress(txtCash, [this](int& key) { txtCash_KeyPress(key); });
-    OnKeyPress(MSHFlexCash, [this](int& key) { MSHFlexCash_KeyPress(key); });
+    // Kept: any key picks. The box remembers its text before it searches, so its keys are the screen's own.
+    WirePicker({.list = MSHFlexCash, .pick = [this] { MSHFlexCash_DblClick(); }, .keys = PickKeys::Any});
 }
 
 void frmCashWalkIn::Form_Load() {
@@ -142,10 +148,8 @@ void frmCashWalkIn::Form_Load() {
     FlexCells& cells = MSHFlexCash->Cells();
     cells.Clear();
     cells.SetRows(2);
-    cells.SetCols(kWalkInColumns);
-    cells.SetFormatString(u" |<HOSP. #|<PATIENT NAME                  |<ADM. DATE |"_s);
-    for (int col = 0; col < kWalkInColumns; ++col)
-        MSHFlexCash->SetColWidth(col, kWalkInColumnWidths[size_t(col)]);
+    cells.SetCols(int(kWalkInColumns.size()));
+    MSHFlexCash->SetColumns(kWalkInColumns);
     cmdSearch_Click();
 }
 
@@ -180,25 +184,17 @@ void frmCashWalkIn::cmdSearch_Click() {
 }
 
 void frmCashWalkIn::MSHFlexCash_DblClick() {
-    const FlexCells& cells = MSHFlexCash->Cells();
-    const int row = cells.Row();
-    gHospitalNumber = cells.TextMatrix(row, Column::kHospitalNumber);
-    const QString idNumber = cells.TextMatrix(row, Column::kIdNumber);
+    gHospitalNumber = MSHFlexCash->CurrentText(Column::kHospitalNumber);
+    const QString idNumber = MSHFlexCash->CurrentText(Column::kIdNumber);
     gIDNumber = idNumber;
     CashTarget& assessment = WaitingCashTarget();
     assessment.EnableExams();
     const CashPatientBoxes& boxes = assessment.Boxes();
-    boxes.txtSname->setText(cells.TextMatrix(row, Column::kName));
+    boxes.txtSname->setText(MSHFlexCash->CurrentText(Column::kName));
     boxes.txtHospNum->setText(gHospitalNumber);
     boxes.txtIdnum->setText(idNumber);
-    TakeRoomClass(idNumber, cells);
+    TakeRoomClass(idNumber, *MSHFlexCash);
     Unload();
-}
-
-void frmCashWalkIn::MSHFlexCash_KeyPress(int& keyAscii) {
-    // Kept: any key picks, whichever it is; Escape is the screen's and leaves it.
-    if (keyAscii != Key::kEscape)
-        MSHFlexCash_DblClick();
 }
 
 void frmCashWalkIn::cmdRegister_Click() {

@@ -25,7 +25,6 @@ class frmCashWalkIn : public Form {
     void txtCash_KeyPress(int& keyAscii);
     void cmdSearch_Click();
     void MSHFlexCash_DblClick();
-    void MSHFlexCash_KeyPress(int& keyAscii);
     void cmdRegister_Click();
 
     QLineEdit* txtCash;

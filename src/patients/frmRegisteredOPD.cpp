@@ -5,12 +5,11 @@
 #include "patients/commands.h"
 #include "text/Format.h"
 #include "text/Trim.h"
-#include "text/UCase.h"
 #include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
-#include "toolkit/Keys.h"
 #include "toolkit/Look.h"
 #include "toolkit/MousePointer.h"
+#include "toolkit/Picker.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -29,18 +28,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kRegistrationNumber = 1;
-
-/// A column of the list: its heading and its width in twips.
-struct RegisteredColumn {
-    const char16_t* heading;
-    int width;
-};
-constexpr std::array kRegisteredColumns = {RegisteredColumn{u"", 200},
-                                           RegisteredColumn{u"Adm #", 1000},
-                                           RegisteredColumn{u"Last Name", 2000},
-                                           RegisteredColumn{u"First Name", 2000},
-                                           RegisteredColumn{u"Middle Name", 2000},
-                                           RegisteredColumn{u"Adm. Date", 1500}};
+constexpr std::array kRegisteredColumns = {GridColumn{.width = 200},         GridColumn{u"Adm #", 1000},
+                                           GridColumn{u"Last Name", 2000},   GridColumn{u"First Name", 2000},
+                                           GridColumn{u"Middle Name", 2000}, GridColumn{u"Adm. Date", 1500}};
 constexpr QSize kRegisteredListSize(9200, 3600);
 
 } // namespace
@@ -97,11 +87,13 @@ QHBoxLayout* frmRegisteredOPD::LayoutActions() {
 }
 
 void frmRegisteredOPD::Wire() {
-    OnKeyDown(txtSearch, [this](int keyCode) { return txtSearch_KeyDown(keyCode); });
-    OnKeyPress(txtSearch, [this](int& key) { txtSearch_KeyPress(key); });
+    WirePicker({.list = grdTable,
+                .pick = [this] { cmdSelect_Click(); },
+                .button = cmdSelect,
+                .box = txtSearch,
+                .enter = [this] { Search(); },
+                .markFirst = [this] { grdTable->Cells().SetRow(1); }});
     connect(chkCurrent, &QCheckBox::clicked, this, &frmRegisteredOPD::Search);
-    connect(grdTable, &FlexGrid::DblClick, this, &frmRegisteredOPD::grdTable_DblClick);
-    OnKeyPress(grdTable, [this](int& key) { grdTable_KeyPress(key); });
     connect(cmdSelect, &QPushButton::clicked, this, &frmRegisteredOPD::cmdSelect_Click);
     SetCloseButton(cmdClose);
     connect(cmdClose, &QPushButton::clicked, this, &frmRegisteredOPD::cmdClose_Click);
@@ -112,28 +104,13 @@ void frmRegisteredOPD::Form_Load() {
     ResultCode = QString();
     Valid = false;
     setWindowTitle(PatientRecord);
-    grdTable->Cells().SetCols(int(kRegisteredColumns.size()));
     EmptyGrid();
-    SetWidths();
+    grdTable->SetColumns(kRegisteredColumns);
     cmdSelect->setEnabled(false);
 }
 
 void frmRegisteredOPD::Form_Activate() {
     txtSearch->setFocus();
-}
-
-bool frmRegisteredOPD::txtSearch_KeyDown(int keyCode) {
-    if (keyCode != Key::kDown)
-        return false;
-    grdTable->Cells().SetRow(1);
-    grdTable->setFocus();
-    return true;
-}
-
-void frmRegisteredOPD::txtSearch_KeyPress(int& keyAscii) {
-    keyAscii = UCase(QChar(keyAscii)).unicode();
-    if (keyAscii == Key::kEnter)
-        Search();
 }
 
 void frmRegisteredOPD::Search() {
@@ -148,8 +125,7 @@ void frmRegisteredOPD::Search() {
     } else {
         grdTable->SetRedraw(false);
         grdTable->Cells().Bind(found.Data());
-        SetWidths();
-        SetHeadings();
+        grdTable->SetColumns(kRegisteredColumns);
         grdTable->SetRedraw(true);
         cmdSelect->setEnabled(true);
     }
@@ -160,33 +136,12 @@ void frmRegisteredOPD::Search() {
 void frmRegisteredOPD::EmptyGrid() {
     grdTable->Cells().Clear();
     grdTable->Cells().SetRows(2);
-    SetHeadings();
-}
-
-void frmRegisteredOPD::SetWidths() {
-    for (size_t col = 0; col < kRegisteredColumns.size(); ++col)
-        grdTable->SetColWidth(int(col), kRegisteredColumns[col].width);
-}
-
-void frmRegisteredOPD::SetHeadings() {
-    for (size_t col = 1; col < kRegisteredColumns.size(); ++col)
-        grdTable->Cells().SetTextMatrix(0, int(col), QString::fromUtf16(kRegisteredColumns[col].heading));
-}
-
-void frmRegisteredOPD::grdTable_DblClick() {
-    if (cmdSelect->isEnabled())
-        cmdSelect_Click();
-}
-
-void frmRegisteredOPD::grdTable_KeyPress(int& keyAscii) {
-    if (keyAscii == Key::kEnter)
-        grdTable_DblClick();
+    grdTable->Cells().SetColumns(kRegisteredColumns);
 }
 
 void frmRegisteredOPD::cmdSelect_Click() {
-    const FlexCells& cells = grdTable->Cells();
     Valid = true;
-    ResultCode = cells.TextMatrix(cells.Row(), kRegistrationNumber);
+    ResultCode = grdTable->CurrentText(kRegistrationNumber);
     Unload();
 }
 

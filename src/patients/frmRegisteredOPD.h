@@ -47,17 +47,11 @@ class frmRegisteredOPD : public Form {
     QHBoxLayout* LayoutActions();
     void Wire();
 
-    bool txtSearch_KeyDown(int keyCode);
-    void txtSearch_KeyPress(int& keyAscii);
-    void grdTable_DblClick();
-    void grdTable_KeyPress(int& keyAscii);
     void cmdSelect_Click();
     void cmdClose_Click();
 
     void Search();
     void EmptyGrid();
-    void SetWidths();
-    void SetHeadings();
 
     inline static Value mPatientType = QString();
 

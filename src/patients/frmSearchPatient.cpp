@@ -7,12 +7,11 @@
 #include "patients/LoadPatient.h"
 #include "patients/PatientContext.h"
 #include "text/RunTimeError.h"
-#include "text/UCase.h"
 #include "toolkit/Controls.h"
-#include "toolkit/Keys.h"
 #include "toolkit/ListView.h"
 #include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
+#include "toolkit/Picker.h"
 #include "toolkit/Screens.h"
 #include "toolkit/SendKeys.h"
 #include "toolkit/Twips.h"
@@ -26,13 +25,22 @@
 #include <QRadioButton>
 #include <QTimer>
 
+#include <array>
 #include <chrono>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int kIdNumber = 1;
 constexpr int kBillingDate = 4;
+/// Of the first columns, which are read without a guard.
+constexpr size_t kUnguarded = 3;
+constexpr std::array kFinderColumns = {GridColumn{u"HOSPITAL #", 1300, u"hospital #"},
+                                       GridColumn{u"ADMISSION #", 1300, u"Admission #"},
+                                       GridColumn{u"PATIENT NAME", 2200, u"Patient Name"},
+                                       GridColumn{u"ADMISSION DATE", 1800, u"admission date"},
+                                       GridColumn{u"BILLING DATE", 1800, u"Billing Date"}};
 constexpr int kListWidth = 8900;
 constexpr int kListHeight = 4200;
 constexpr std::chrono::milliseconds kTimerInterval(500);
@@ -45,11 +53,12 @@ RowSet OpenPatients(const QString& text) {
                                                LockType::Optimistic);
 }
 
-/// The first three columns are read without a guard: a Null in them raises 94.
-void CheckUnguarded(const RowData& rows, const std::vector<size_t>& columns) {
+/// A Null in a column without a guard raises 94; a column that is not there raises 3265.
+void CheckUnguarded(const RowData& rows) {
+    const std::vector<size_t> fields = FieldNumbers(rows, kFinderColumns);
     for (size_t row = 0; row < rows.RowCount(); ++row) {
-        for (size_t i = 0; i < 3; ++i) {
-            if (rows.Cell(row, columns[i]).IsNull())
+        for (size_t i = 0; i < kUnguarded; ++i) {
+            if (rows.Cell(row, fields[i]).IsNull())
                 throw RunTime::Error(RunTime::kInvalidUseOfNull);
         }
     }
@@ -111,19 +120,18 @@ void frmSearchPatient::Wire() {
     connect(cmdSearch, &QPushButton::clicked, this, &frmSearchPatient::cmdSearch_Click);
     connect(ListView1, &ListView::ColumnClick, this, &frmSearchPatient::ListView1_ColumnClick);
     connect(ListView1, &ListView::Click, this, &frmSearchPatient::ListView1_Click);
-    connect(ListView1, &ListView::DblClick, this, &frmSearchPatient::ListView1_DblClick);
-    OnKeyPress(txtLastName, [this](int& key) { txtLastName_KeyPress(key); });
-    OnKeyPress(ListView1, [this](int& key) { ListView1_KeyPress(key); });
+    // Kept: any key picks.
+    WirePicker({.list = ListView1,
+                .pick = [this] { ListView1_DblClick(); },
+                .keys = PickKeys::Any,
+                .box = txtLastName,
+                .enter = [this] { txtLastName_Enter(); },
+                .downToList = false});
 }
 
 void frmSearchPatient::Form_Load() {
     MoveTo(3500, 1000);
-    ListView1->ClearColumns();
-    ListView1->AddColumn(u"HOSPITAL #"_s, 1300);
-    ListView1->AddColumn(u"ADMISSION #"_s, 1300);
-    ListView1->AddColumn(u"PATIENT NAME"_s, 2200);
-    ListView1->AddColumn(u"ADMISSION DATE"_s, 1800);
-    ListView1->AddColumn(u"BILLING DATE"_s, 1800);
+    ListView1->SetColumns(kFinderColumns);
     RefillFromTarget();
     // Kept: the timer runs and nothing listens to it; the list is never refreshed on a clock.
     if (gChargeMode == u"Post"_s || gChargeMode == u"List"_s)
@@ -143,12 +151,8 @@ void frmSearchPatient::RefillFromTarget() {
 void frmSearchPatient::Fill(const QString& text) {
     RowSet rows = OpenPatients(text);
     if (!rows.Eof()) {
-        const std::vector<size_t> columns = {
-            rows.ColumnNumber(u"hospital #"), rows.ColumnNumber(u"Admission #"),
-            rows.ColumnNumber(u"Patient Name"), rows.ColumnNumber(u"admission date"),
-            rows.ColumnNumber(u"Billing Date")};
-        CheckUnguarded(*rows.Data(), columns);
-        ListView1->SetRows(rows.Data(), columns);
+        CheckUnguarded(*rows.Data());
+        ListView1->SetRows(rows.Data());
     }
     rows.Close();
 }
@@ -158,12 +162,9 @@ void frmSearchPatient::cmdSearch_Click() {
     Fill(txtLastName->text());
 }
 
-void frmSearchPatient::txtLastName_KeyPress(int& keyAscii) {
-    keyAscii = UCase(QChar(keyAscii)).unicode();
-    if (keyAscii == Key::kEnter) {
-        SendTab();
-        cmdSearch_Click();
-    }
+void frmSearchPatient::txtLastName_Enter() {
+    SendTab();
+    cmdSearch_Click();
 }
 
 void frmSearchPatient::ListView1_ColumnClick(int column) {
@@ -174,8 +175,8 @@ void frmSearchPatient::ListView1_ColumnClick(int column) {
 }
 
 void frmSearchPatient::TakeSelectedRow() {
-    gHospitalNumber = ListView1->SelectedText();
-    gIDNumber = ListView1->SelectedSubItem(1);
+    gHospitalNumber = ListView1->CurrentText(0);
+    gIDNumber = ListView1->CurrentText(kIdNumber);
 }
 
 void frmSearchPatient::ListView1_Click() {
@@ -197,7 +198,7 @@ void frmSearchPatient::RepeatCommandOfTarget() {
 void frmSearchPatient::ListView1_DblClick() {
     TakeSelectedRow();
     RepeatCommandOfTarget();
-    if (!ListView1->SelectedSubItem(kBillingDate).isEmpty()) {
+    if (!ListView1->CurrentText(kBillingDate).isEmpty()) {
         MsgBox(
             {.text =
                  u"Patient's Account has already been closed, If you have charges to adjust, pls. notify the "
@@ -214,12 +215,6 @@ void frmSearchPatient::LoadTarget() {
     target.LoadPick();
     // The finder is closed by now; this screen is only waiting to be deleted.
     target.Picked();
-}
-
-void frmSearchPatient::ListView1_KeyPress(int& keyAscii) {
-    // Kept: any key picks, whichever it is; Escape is the screen's and leaves it.
-    if (keyAscii != Key::kEscape)
-        ListView1_DblClick();
 }
 
 FinderQuestion::~FinderQuestion() {

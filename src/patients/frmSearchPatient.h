@@ -39,11 +39,10 @@ class frmSearchPatient : public Form {
     void Wire();
 
     void cmdSearch_Click();
-    void txtLastName_KeyPress(int& keyAscii);
+    void txtLastName_Enter();
     void ListView1_ColumnClick(int column);
     void ListView1_Click();
     void ListView1_DblClick();
-    void ListView1_KeyPress(int& keyAscii);
 
     void Fill(const QString& text);
     void TakeSelectedRow();

@@ -7,12 +7,12 @@
 #include "text/DateDiff.h"
 #include "text/Format.h"
 #include "text/RunTimeError.h"
-#include "text/UCase.h"
 #include "text/Val.h"
 #include "toolkit/DatePicker.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/MsgBox.h"
+#include "toolkit/Picker.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -28,8 +28,9 @@ namespace {
 enum Tab { kList, kRecord };
 
 constexpr int kHospitalNumber = 1;
-constexpr std::array kUpdateColumnWidths = {0, 1500, 2250, 2250, 2250};
-constexpr std::array kHeadings = {u"Hospital #", u"Last Name", u"First Name", u"Middle Name"};
+constexpr std::array kUpdateColumns = {GridColumn{.width = 0}, GridColumn{u"Hospital #", 1500},
+                                       GridColumn{u"Last Name", 2250}, GridColumn{u"First Name", 2250},
+                                       GridColumn{u"Middle Name", 2250}};
 
 constexpr int kMale = 0;
 constexpr int kFemale = 1;
@@ -53,10 +54,11 @@ frmWalkInUpdate::frmWalkInUpdate() {
 }
 
 void frmWalkInUpdate::Wire() {
-    OnKeyDown(txtSearch, [this](int keyCode) { return txtSearch_KeyDown(keyCode); });
-    OnKeyPress(txtSearch, [this](int& key) { txtSearch_KeyPress(key); });
-    connect(grdTable, &FlexGrid::DblClick, this, &frmWalkInUpdate::grdTable_DblClick);
-    OnKeyPress(grdTable, [this](int& key) { grdTable_KeyPress(key); });
+    WirePicker({.list = grdTable,
+                .pick = [this] { cmdEdit_Click(); },
+                .button = cmdEdit,
+                .box = txtSearch,
+                .enter = [this] { ListWalkIns(); }});
     connect(cmdEdit, &QPushButton::clicked, this, &frmWalkInUpdate::cmdEdit_Click);
     connect(cmdClose, &QPushButton::clicked, this, &Form::Unload);
     WireRecord();
@@ -98,49 +100,21 @@ void frmWalkInUpdate::Form_Activate() {
     txtSearch->setFocus();
 }
 
-bool frmWalkInUpdate::txtSearch_KeyDown(int keyCode) {
-    if (keyCode != Key::kDown)
-        return false;
-    grdTable->setFocus();
-    return true;
-}
-
-void frmWalkInUpdate::txtSearch_KeyPress(int& keyAscii) {
-    keyAscii = UCase(QChar(keyAscii)).unicode();
-    if (keyAscii == Key::kEnter)
-        ListWalkIns();
-}
-
 void frmWalkInUpdate::ListWalkIns() {
     RowSet found =
         gConnection->Open(ListWalkInCommand(Format(cmbSearchBy->currentIndex(), u"0"), txtSearch->text()),
                           CursorType::Dynamic, LockType::Optimistic, CursorLocation::Client);
     cmdEdit->setEnabled(!found.Eof());
     grdTable->SetRedraw(false);
-    FlexCells& cells = grdTable->Cells();
-    cells.Bind(found.Data());
+    grdTable->Cells().Bind(found.Data());
     found.Close();
-    for (size_t col = 0; col < kUpdateColumnWidths.size(); ++col)
-        grdTable->SetColWidth(int(col), kUpdateColumnWidths[col]);
-    for (size_t i = 0; i < kHeadings.size(); ++i)
-        cells.SetTextMatrix(0, int(i) + 1, QString::fromUtf16(kHeadings[i]));
+    grdTable->SetColumns(kUpdateColumns);
     grdTable->SetRedraw(true);
     txtSearch->setFocus();
 }
 
-void frmWalkInUpdate::grdTable_DblClick() {
-    if (cmdEdit->isEnabled())
-        cmdEdit_Click();
-}
-
-void frmWalkInUpdate::grdTable_KeyPress(int& keyAscii) {
-    if (keyAscii == Key::kEnter)
-        grdTable_DblClick();
-}
-
 void frmWalkInUpdate::cmdEdit_Click() {
-    const FlexCells& cells = grdTable->Cells();
-    LoadRecord(cells.TextMatrix(cells.Row(), kHospitalNumber));
+    LoadRecord(grdTable->CurrentText(kHospitalNumber));
     ssWalkIn->setCurrentIndex(kRecord);
     // Where Enter sets out from; the number is not what the clerk came to change.
     txtLastName->setFocus();

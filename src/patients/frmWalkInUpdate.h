@@ -34,10 +34,6 @@ class frmWalkInUpdate : public Form {
     void Wire();
     void WireRecord();
 
-    bool txtSearch_KeyDown(int keyCode);
-    void txtSearch_KeyPress(int& keyAscii);
-    void grdTable_DblClick();
-    void grdTable_KeyPress(int& keyAscii);
     void cmdEdit_Click();
     void dtpBirthDate_Change();
     void txtZipCode_KeyPress(int& keyAscii);

@@ -11,7 +11,22 @@
 
 using namespace Qt::StringLiterals;
 
-/// Where the rows of a listing come from and how its list looks.
+namespace {
+
+QString ListedText(const RowSet& row, QStringView field) {
+    return row.Fields(field).TextOrEmpty();
+}
+
+void TakeListedService(const RowSet& row, OtherRevenueListing& service) {
+    service.ResultCode = ListedText(row, u"ItemID");
+    service.OtherRevenue = ListedText(row, u"OtherRevenue");
+    for (size_t i = 0; i < service.Rates.size(); ++i)
+        service.Rates[i] = row.Fields(u"Rate%1"_s.arg(QChar(u'A' + int(i)))).ToDouble();
+}
+
+} // namespace
+
+/// Where the rows of a listing come from, how its list looks and what is kept of a row.
 struct Listing::Source {
     int kind;
     QString title;
@@ -19,7 +34,9 @@ struct Listing::Source {
     QString command;
     QString codeField;
     QString order;
-    std::vector<PickColumn> columns;
+    std::vector<GridColumn> columns;
+    /// Keeps a row of it as what the last search has found.
+    void (*take)(const RowSet& row, ListingRecords& records);
 
     static const std::vector<Source>& All();
 
@@ -36,41 +53,48 @@ const std::vector<Listing::Source>& Listing::Source::All() {
          u"SELECT ZipCode, Town, Province FROM build_file..tbCoAddress WHERE ZipCode <> ''"_s,
          u"ZipCode"_s,
          u"Town, Province"_s,
-         {{u"Code"_s, 1000, u"ZipCode"_s},
-          {u"Town"_s, 3000, u"Town"_s},
-          {u"Province"_s, 3000, u"Province"_s}}},
+         {{u"Code", 1000, u"ZipCode"}, {u"Town", 3000, u"Town"}, {u"Province", 3000, u"Province"}},
+         [](const RowSet& row, ListingRecords& records) {
+             records.address = {ListedText(row, u"ZipCode"), ListedText(row, u"Town"),
+                                ListedText(row, u"Province")};
+         }},
         {ListingKind::kDoctor,
          u"Doctors"_s,
          u"SELECT DoctorID, LastName, FirstName, MiddleName, Specialty FROM build_file..tbCoDoctor WHERE "
          "DoctorID <> ''"_s,
          u"DoctorID"_s,
          u"LastName, FirstName"_s,
-         {{u"Code"_s, 1000, u"DoctorID"_s},
-          {u"Last Name"_s, 2200, u"LastName"_s},
-          {u"First Name"_s, 2200, u"FirstName"_s},
-          {u"Specialty"_s, 2800, u"Specialty"_s}}},
+         {{u"Code", 1000, u"DoctorID"},
+          {u"Last Name", 2200, u"LastName"},
+          {u"First Name", 2200, u"FirstName"},
+          {u"Specialty", 2800, u"Specialty"}},
+         [](const RowSet& row, ListingRecords& records) {
+             records.doctor = {ListedText(row, u"DoctorID"), ListedText(row, u"LastName"),
+                               ListedText(row, u"FirstName"), ListedText(row, u"MiddleName")};
+         }},
         {ListingKind::kCivilStatus,
          u"Civil Status"_s,
          u"SELECT CivilStatusID, CivilStatus FROM build_file..tbCoCivilStatus WHERE CivilStatusID <> ''"_s,
          u"CivilStatusID"_s,
          u"CivilStatusID"_s,
-         {{u"Code"_s, 1000, u"CivilStatusID"_s}, {u"Civil Status"_s, 3000, u"CivilStatus"_s}}},
+         {{u"Code", 1000, u"CivilStatusID"}, {u"Civil Status", 3000, u"CivilStatus"}},
+         [](const RowSet& row, ListingRecords& records) {
+             records.civilStatus = {ListedText(row, u"CivilStatusID"), ListedText(row, u"CivilStatus")};
+         }},
         {ListingKind::kOtherRevenue,
          u"Services"_s,
          u"SELECT ItemID, OtherRevenue, RateA, RateB, RateC, RateD, RateE, RateF, RateG, RateH FROM "
          "build_file..tbCoOtherRevenue WHERE RevenueID = "_s,
          u"ItemID"_s,
          u"OtherRevenue"_s,
-         {{u"Code"_s, 1200, u"ItemID"_s}, {u"Service"_s, 5200, u"OtherRevenue"_s}}},
+         {{u"Code", 1200, u"ItemID"}, {u"Service", 5200, u"OtherRevenue"}},
+         [](const RowSet& row, ListingRecords& records) { TakeListedService(row, records.otherRevenue); }},
     };
     return sources;
 }
 
 void Listing::Initialize_Classes() {
-    mDoctor = {};
-    mOtherRevenue = {};
-    mAddress = {};
-    mCivilStatus = {};
+    mRecords = {};
 }
 
 Listing::Source Listing::SourceOf(int kind) const {
@@ -98,7 +122,7 @@ bool Listing::SearchListing(QString& code, int kind) {
     if (!code.isEmpty()) {
         const RowSet exact = Connection().Execute(source.ByCode(code));
         if (!exact.Eof()) {
-            Take(kind, exact);
+            source.take(exact, mRecords);
             code = exact.Fields(source.codeField).ToText();
             return true;
         }
@@ -115,7 +139,7 @@ bool Listing::SearchListing(QString& code, int kind) {
         return false;
     for (size_t row = 0; row < dialog.PickedRow(); ++row)
         rows.MoveNext();
-    Take(kind, rows);
+    source.take(rows, mRecords);
     code = rows.Fields(source.codeField).ToText();
     return true;
 }
@@ -125,24 +149,4 @@ bool Listing::IsStockText(const QString& text) const {
                             SqlLiteral(text) + u" OR LEFT(ItemName, LEN("_s + SqlLiteral(text) + u")) = "_s +
                             SqlLiteral(text);
     return !Connection().Execute(command).Eof();
-}
-
-void Listing::Take(int kind, const RowSet& row) {
-    const auto text = [&row](QStringView field) { return row.Fields(field).TextOrEmpty(); };
-    switch (kind) {
-    case ListingKind::kAddress:
-        mAddress = {text(u"ZipCode"), text(u"Town"), text(u"Province")};
-        break;
-    case ListingKind::kDoctor:
-        mDoctor = {text(u"DoctorID"), text(u"LastName"), text(u"FirstName"), text(u"MiddleName")};
-        break;
-    case ListingKind::kCivilStatus:
-        mCivilStatus = {text(u"CivilStatusID"), text(u"CivilStatus")};
-        break;
-    case ListingKind::kOtherRevenue:
-        mOtherRevenue.ResultCode = text(u"ItemID");
-        mOtherRevenue.OtherRevenue = text(u"OtherRevenue");
-        for (size_t i = 0; i < mOtherRevenue.Rates.size(); ++i)
-            mOtherRevenue.Rates[i] = row.Fields(u"Rate%1"_s.arg(QChar(u'A' + int(i)))).ToDouble();
-    }
 }

@@ -20,10 +20,7 @@ class Listing : public clsListing {
     /// matches: it was keyed for the stock.
     bool SearchListing(QString& code, int kind) override;
 
-    const DoctorListing& DoctorRecord() const override { return mDoctor; }
-    const OtherRevenueListing& OtherRevenueRecord() const override { return mOtherRevenue; }
-    const AddressListing& AddressRecord() const override { return mAddress; }
-    const CivilStatusListing& CivilStatusRecord() const override { return mCivilStatus; }
+    const ListingRecords& Records() const override { return mRecords; }
 
   private:
     struct Source;
@@ -31,12 +28,8 @@ class Listing : public clsListing {
     CommandGateway& Connection() const;
     Source SourceOf(int kind) const;
     bool IsStockText(const QString& text) const;
-    void Take(int kind, const class RowSet& row);
 
     CommandGateway* mConnection = nullptr;
     QString mOtherSectionID;
-    DoctorListing mDoctor;
-    OtherRevenueListing mOtherRevenue;
-    AddressListing mAddress;
-    CivilStatusListing mCivilStatus;
+    ListingRecords mRecords;
 };

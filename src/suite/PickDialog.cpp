@@ -1,10 +1,10 @@
 #include "suite/PickDialog.h"
 
-#include "text/RunTimeError.h"
 #include "text/UCase.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Keys.h"
 #include "toolkit/ListView.h"
+#include "toolkit/Picker.h"
 #include "toolkit/Twips.h"
 
 #include <QGridLayout>
@@ -23,18 +23,6 @@ constexpr int kListHeight = 4800;
 constexpr int kScrollBarWidth = 500;
 // Stands in no name and no code.
 constexpr QChar kCellMark = u'\n';
-
-/// The columns' numbers in the data; a column that it lacks raises 3265.
-std::vector<size_t> FieldsOf(const RowData& rows, const std::vector<PickColumn>& columns) {
-    std::vector<size_t> fields;
-    for (const PickColumn& column : columns) {
-        const auto field = rows.Find(column.field);
-        if (!field)
-            throw RunTime::Error(RunTime::kItemNotFound);
-        fields.push_back(*field);
-    }
-    return fields;
-}
 
 /// How well a row answers a search text: not at all, with every word of it somewhere, or with a column that
 /// begins with it.
@@ -70,8 +58,8 @@ QString SearchText(const RowData& rows, size_t row, const std::vector<size_t>& f
 
 } // namespace
 
-bool AnyRowMatches(const RowData& rows, const std::vector<PickColumn>& columns, const QString& text) {
-    const std::vector<size_t> fields = FieldsOf(rows, columns);
+bool AnyRowMatches(const RowData& rows, std::span<const GridColumn> columns, const QString& text) {
+    const std::vector<size_t> fields = FieldNumbers(rows, columns);
     const Wanted wanted(text);
     for (size_t row = 0; row < rows.RowCount(); ++row) {
         if (wanted.In(SearchText(rows, row, fields)) != Match::None)
@@ -80,14 +68,13 @@ bool AnyRowMatches(const RowData& rows, const std::vector<PickColumn>& columns, 
     return false;
 }
 
-PickDialog::PickDialog(const QString& title, std::vector<PickColumn> columns,
+PickDialog::PickDialog(const QString& title, std::span<const GridColumn> columns,
                        std::shared_ptr<const RowData> rows, const QString& text)
-    : mColumns(std::move(columns))
-    , mFields(FieldsOf(*rows, mColumns))
+    : mFields(FieldNumbers(*rows, columns))
     , mRows(std::move(rows)) {
     for (size_t row = 0; row < mRows->RowCount(); ++row)
         mSearchTexts.push_back(SearchText(*mRows, row, mFields));
-    Layout(title);
+    Layout(title, columns);
     Filter(text);
     if (mShown.empty())
         Filter({});
@@ -96,7 +83,7 @@ PickDialog::PickDialog(const QString& title, std::vector<PickColumn> columns,
     Wire();
 }
 
-void PickDialog::Layout(const QString& title) {
+void PickDialog::Layout(const QString& title, std::span<const GridColumn> columns) {
     setObjectName(u"PickDialog"_s);
     setWindowTitle(title);
     txtPick = NewTextBox(u"txtPick"_s, this);
@@ -104,11 +91,10 @@ void PickDialog::Layout(const QString& title) {
     lstPick->setObjectName(u"lstPick"_s);
     lstPick->setAccessibleName(title);
     lstPick->ShowAmounts();
+    lstPick->SetColumns(columns);
     int width = kScrollBarWidth;
-    for (const PickColumn& column : mColumns) {
-        lstPick->AddColumn(column.header, column.width);
+    for (const GridColumn& column : columns)
         width += column.width;
-    }
     lstPick->setMinimumSize(TwipsToPixels(width), TwipsToPixels(kListHeight));
     cmdPick = NewButton(u"cmdPick"_s, u"&Select"_s, this);
     cmdPick->setDefault(true);
@@ -123,19 +109,17 @@ void PickDialog::Layout(const QString& title) {
 
 void PickDialog::Wire() {
     connect(txtPick, &QLineEdit::textChanged, this, &PickDialog::Filter);
-    connect(lstPick, &ListView::DblClick, this, &PickDialog::Pick);
     connect(lstPick->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &PickDialog::lstPick_RowChange);
     connect(cmdPick, &QPushButton::clicked, this, &PickDialog::Pick);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     OnKeyDown(txtPick, [this](int keyCode) { return txtPick_KeyDown(keyCode); });
-    UpperCaseKeys(txtPick);
-    OnKeyPress(lstPick, [this](int& keyAscii) {
-        if (keyAscii == Key::kEnter) {
-            keyAscii = 0;
-            Pick();
-        }
-    });
+    WirePicker({.list = lstPick,
+                .pick = [this] { Pick(); },
+                .button = cmdPick,
+                .keepsEnter = true,
+                .box = txtPick,
+                .downToList = false});
 }
 
 void PickDialog::lstPick_RowChange() {
@@ -159,7 +143,7 @@ void PickDialog::Filter(const QString& text) {
         const auto first = mRows->cells.begin() + static_cast<std::ptrdiff_t>(row * width);
         shown->cells.insert(shown->cells.end(), first, first + static_cast<std::ptrdiff_t>(width));
     }
-    lstPick->SetRows(shown, mFields);
+    lstPick->SetRows(shown);
     // All rows are as good as none: an Enter that comes too early must not take the first one of them.
     if (text.trimmed().isEmpty())
         lstPick->setCurrentIndex({});

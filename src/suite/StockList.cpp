@@ -8,9 +8,16 @@
 #include "text/RunTimeError.h"
 #include "toolkit/ShowModal.h"
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr std::array kStockColumns = {
+    GridColumn{u"Code", 1200, u"ItemID"}, GridColumn{u"Item", 3600, u"ItemName"},
+    GridColumn{u"Generic Name", 3000, u"GenericName"}, GridColumn{u"Unit", 900, u"Unit"},
+    GridColumn{u"Price", 1100, u"SellingPriceIn"}};
 
 QString SectionCommand(const QString& section) {
     return u"SELECT ItemID, ItemName, GenericName, Unit, SellingPriceIn FROM INVENTORY..tbInvMaster WHERE SectionID = "_s +
@@ -46,13 +53,7 @@ QString StockList::ShowList(const QString& text, bool, const QString& section) {
             return Picked(text, exact.Fields(u"ItemID").ToText());
     }
     const auto rows = Connection().Execute(SectionCommand(section) + u" ORDER BY ItemName"_s).Data();
-    PickDialog dialog(u"Stock Items"_s,
-                      {{u"Code"_s, 1200, u"ItemID"_s},
-                       {u"Item"_s, 3600, u"ItemName"_s},
-                       {u"Generic Name"_s, 3000, u"GenericName"_s},
-                       {u"Unit"_s, 900, u"Unit"_s},
-                       {u"Price"_s, 1100, u"SellingPriceIn"_s}},
-                      rows, text);
+    PickDialog dialog(u"Stock Items"_s, kStockColumns, rows, text);
     if (!ShowModal(dialog))
         return text;
     return Picked(text, rows->Cell(dialog.PickedRow(), 0).ToText());

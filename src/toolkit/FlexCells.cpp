@@ -12,6 +12,14 @@ bool IsAmount(const Value& value) {
     return std::holds_alternative<Decimal>(value.Get()) || std::holds_alternative<double>(value.Get());
 }
 
+/// The last column with a heading or an alignment; -1 for none.
+int LastTold(std::span<const GridColumn> columns) {
+    int last = int(columns.size()) - 1;
+    while (last >= 0 && columns[size_t(last)].heading.isNull() && !columns[size_t(last)].alignment)
+        --last;
+    return last;
+}
+
 } // namespace
 
 FlexCells::FlexCells(QObject* parent)
@@ -98,8 +106,8 @@ QString FlexCells::TextMatrix(int row, int col) const {
     if (row > 0)
         return col == 0 ? QString() : mBound->Cell(size_t(row) - 1, size_t(col) - 1).TextOrEmpty();
     const Column& column = mColumns[size_t(col)];
-    if (column.hasFormatHeader)
-        return column.formatHeader;
+    if (column.hasHeading)
+        return column.heading;
     return col == 0 ? QString() : mBound->columns[size_t(col) - 1];
 }
 
@@ -160,24 +168,25 @@ void FlexCells::Bind(std::shared_ptr<const RowData> rows) {
     Q_EMIT CurrentMoved();
 }
 
-void FlexCells::SetFormatString(const QString& format) {
-    const QStringList parts = format.split(u'|');
-    SetCols(qMax(mCols, int(parts.size())));
-    for (int col = 0; col < int(parts.size()); ++col) {
-        Column& column = mColumns[size_t(col)];
-        QString header = parts[col];
-        const QChar lead = header.isEmpty() ? QChar() : header.front();
-        if (lead == u'<' || lead == u'^' || lead == u'>') {
-            column.alignment = lead == u'<'   ? Qt::AlignLeft
-                               : lead == u'^' ? Qt::AlignHCenter
-                                              : Qt::AlignRight;
-            header.remove(0, 1);
-        }
-        column.formatHeader = header;
-        column.hasFormatHeader = true;
-        if (!mBound)
-            SetTextMatrix(0, col, header);
+void FlexCells::SetColumns(std::span<const GridColumn> columns) {
+    if (!mBound)
+        SetCols(qMax(mCols, LastTold(columns) + 1));
+    for (size_t i = 0; i < columns.size(); ++i) {
+        if (!columns[i].heading.isNull())
+            SetHeading(int(i), columns[i].heading.toString());
+        if (columns[i].alignment)
+            SetAlignment(int(i), columns[i].alignment);
     }
+}
+
+void FlexCells::SetHeading(int col, const QString& heading) {
+    CheckCol(col);
+    mColumns[size_t(col)].heading = heading;
+    mColumns[size_t(col)].hasHeading = true;
+    if (mBound)
+        Q_EMIT headerDataChanged(Qt::Horizontal, qMax(col - 1, 0), qMax(col - 1, 0));
+    else
+        SetTextMatrix(0, col, heading);
 }
 
 void FlexCells::SetHeaderBold(int col, bool bold) {

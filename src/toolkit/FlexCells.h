@@ -1,11 +1,13 @@
 #pragma once
 
 #include "gateway/RowSet.h"
+#include "toolkit/GridColumn.h"
 
 #include <QAbstractTableModel>
 #include <QString>
 
 #include <memory>
+#include <span>
 #include <vector>
 
 /// The cells of a grid, without a window: rows and columns counted with the fixed ones (row 0 holds the
@@ -49,6 +51,9 @@ class FlexCells : public QAbstractTableModel {
     void SetTextMatrix(int row, int col, const QString& text);
     /// The current cell's text.
     QString Text() const { return TextMatrix(mRow, mCol); }
+    /// The current row's text in a column. There is always a current row; in a grid without lines it is that
+    /// of the headers.
+    QString CurrentText(int col) const { return TextMatrix(mRow, col); }
     /// Sets the current cell's text.
     void SetText(const QString& text) { SetTextMatrix(mRow, mCol, text); }
 
@@ -60,17 +65,15 @@ class FlexCells : public QAbstractTableModel {
     /// Empties every cell, the headers too; sizes stay.
     void Clear();
     /// Shows the rows of a result: one column more than it has fields, one row more than it has rows, the
-    /// field names as headers where the format string gives none. The current cell becomes the first one.
+    /// field names as headers where SetColumns gave none. The current cell becomes the first one.
     void Bind(std::shared_ptr<const RowData> rows);
-    /// Header texts and alignments in the run-time's form: columns parted by "|", each text led by "<" for
-    /// left, "^" for the centre or ">" for right. Grows the grid to as many columns.
-    void SetFormatString(const QString& format);
+    /// Headings and alignments of the columns from the fixed one on; they stand over a binding too. Grows the
+    /// grid until it has every column with a heading or an alignment. A grid that is bound has the columns of
+    /// its result: a heading or an alignment for one that it lacks raises 30010.
+    void SetColumns(std::span<const GridColumn> columns);
 
     /// Shows the header of a column in bold type or not.
     void SetHeaderBold(int col, bool bold);
-    /// Aligns a column, its header included. Without it texts stand on the left, amounts of a result on the
-    /// right.
-    void SetAlignment(int col, Qt::Alignment alignment);
 
     // The view's reading: its rows and columns are those without the fixed ones, which are its headers.
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -84,8 +87,8 @@ class FlexCells : public QAbstractTableModel {
 
   private:
     struct Column {
-        QString formatHeader;
-        bool hasFormatHeader = false;
+        QString heading;
+        bool hasHeading = false;
         bool headerBold = false;
         Qt::Alignment alignment = {};
     };
@@ -99,7 +102,11 @@ class FlexCells : public QAbstractTableModel {
     /// by row.
     void AppendRows(int rows);
     void Resize(int rows, int cols);
+    void SetHeading(int col, const QString& heading);
     void ClampCurrent();
+    /// Aligns a column, its header included. Without it texts stand on the left, amounts of a result on the
+    /// right.
+    void SetAlignment(int col, Qt::Alignment alignment);
     Qt::Alignment AlignmentOf(int row, int col) const;
 
     int mRows = 2;

@@ -59,11 +59,24 @@ FlexGrid::FlexGrid(QWidget* parent)
     FollowCells();
 }
 
+void FlexGrid::SetColumns(std::span<const GridColumn> columns) {
+    mCells->SetColumns(columns);
+    for (size_t i = 0; i < columns.size(); ++i) {
+        if (const auto width = WidthOf(columns[i], *this))
+            KeepWidth(int(i), *width);
+    }
+    ApplyWidths();
+}
+
 void FlexGrid::SetColWidth(int col, int twips) {
+    KeepWidth(col, twips);
+    ApplyWidths();
+}
+
+void FlexGrid::KeepWidth(int col, int twips) {
     if (size_t(col) >= mWidths.size())
         mWidths.resize(size_t(col) + 1, kDefaultWidth);
     mWidths[size_t(col)] = twips;
-    ApplyWidths();
 }
 
 int FlexGrid::ColWidth(int col) const {

@@ -21,7 +21,13 @@ class FlexGrid : public ClickTable {
     FlexCells& Cells() { return *mCells; }
     const FlexCells& Cells() const { return *mCells; }
 
-    /// Column widths in twips; 0 hides the column. They outlive a binding.
+    /// The columns from the fixed one on: their headings and alignments as FlexCells has them, and their
+    /// widths. All of them outlive a binding.
+    void SetColumns(std::span<const GridColumn> columns);
+    /// The current row's text in a column, as FlexCells has it.
+    QString CurrentText(int col) const { return mCells->CurrentText(col); }
+
+    /// The width of one column in twips, for a column that no table knows; 0 hides it.
     void SetColWidth(int col, int twips);
     /// 960 for a column whose width nobody has set.
     int ColWidth(int col) const;
@@ -59,6 +65,7 @@ class FlexGrid : public ClickTable {
 
   private:
     void FollowCells();
+    void KeepWidth(int col, int twips);
     void ApplyWidths();
     void ShowHeaders();
     void StepOutOfHiddenColumn();

@@ -41,16 +41,18 @@ bool Before(const Value& a, const Value& b) {
 
 } // namespace
 
-void ListRows::SetHeaders(std::vector<QString> headers) {
+void ListRows::SetColumns(std::span<const GridColumn> columns) {
     beginResetModel();
-    mHeaders = std::move(headers);
+    mColumns.assign(columns.begin(), columns.end());
+    mFields.clear();
     endResetModel();
 }
 
-void ListRows::SetRows(std::shared_ptr<const RowData> rows, std::vector<size_t> columns) {
+void ListRows::SetRows(std::shared_ptr<const RowData> rows) {
+    std::vector<size_t> fields = FieldNumbers(*rows, mColumns);
     beginResetModel();
     mRows = std::move(rows);
-    mColumns = std::move(columns);
+    mFields = std::move(fields);
     mOrder.resize(mRows->RowCount());
     std::iota(mOrder.begin(), mOrder.end(), 0);
     endResetModel();
@@ -79,7 +81,7 @@ void ListRows::Sort(size_t column, Qt::SortOrder order) {
 }
 
 void ListRows::CheckColumn(size_t column) const {
-    if (column >= mColumns.size())
+    if (column >= mFields.size())
         throw RunTime::Error(RunTime::kSubscriptOutOfRange);
 }
 
@@ -101,16 +103,19 @@ int ListRows::rowCount(const QModelIndex& parent) const {
 }
 
 int ListRows::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : int(mHeaders.size());
+    return parent.isValid() ? 0 : int(mColumns.size());
 }
 
 QVariant ListRows::data(const QModelIndex& index, int role) const {
-    if (size_t(index.column()) >= mColumns.size())
+    const auto column = size_t(index.column());
+    if (column >= mFields.size())
         return {};
-    const Value& value = ValueAt(mOrder[size_t(index.row())], size_t(index.column()));
+    const Value& value = ValueAt(mOrder[size_t(index.row())], column);
     const bool isAmount = mShowAmounts && std::holds_alternative<Decimal>(value.Get());
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return isAmount ? Format(value.ToDouble(), u"#,##0.00") : value.TextOrEmpty();
+    if (role == Qt::TextAlignmentRole && mColumns[column].alignment)
+        return QVariant::fromValue(mColumns[column].alignment | Qt::AlignVCenter);
     if (role == Qt::TextAlignmentRole && isAmount)
         return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
     if (role == Qt::DecorationRole && index.column() == 0)
@@ -120,9 +125,11 @@ QVariant ListRows::data(const QModelIndex& index, int role) const {
 
 QVariant ListRows::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole)
-        return mHeaders[size_t(section)];
-    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(Qt::AlignLeft | Qt::AlignVCenter);
+        return mColumns[size_t(section)].heading.toString();
+    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole) {
+        const Qt::Alignment alignment = mColumns[size_t(section)].alignment;
+        return QVariant::fromValue((alignment ? alignment : Qt::AlignLeft) | Qt::AlignVCenter);
+    }
     return {};
 }
 
@@ -150,24 +157,21 @@ void ListView::AddSortKey(int column) {
     auto* key = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_0 + column)), this);
     key->setContext(Qt::WidgetShortcut);
     connect(key, &QShortcut::activated, this, [this, column] {
-        if (column <= int(mHeaders.size()))
+        if (column <= mModel->columnCount())
             Q_EMIT ColumnClick(column);
     });
 }
 
-void ListView::ClearColumns() {
-    mHeaders.clear();
-    mModel->SetHeaders(mHeaders);
+void ListView::SetColumns(std::span<const GridColumn> columns) {
+    mModel->SetColumns(columns);
+    for (size_t i = 0; i < columns.size(); ++i) {
+        if (const auto width = WidthOf(columns[i], *this))
+            setColumnWidth(int(i), TwipsToPixels(*width));
+    }
 }
 
-void ListView::AddColumn(const QString& header, int widthTwips) {
-    mHeaders.push_back(header);
-    mModel->SetHeaders(mHeaders);
-    setColumnWidth(int(mHeaders.size()) - 1, TwipsToPixels(widthTwips));
-}
-
-void ListView::SetRows(std::shared_ptr<const RowData> rows, std::vector<size_t> columns) {
-    mModel->SetRows(std::move(rows), std::move(columns));
+void ListView::SetRows(std::shared_ptr<const RowData> rows) {
+    mModel->SetRows(std::move(rows));
     if (mSortKey >= 0)
         mModel->Sort(size_t(mSortKey), mSortOrder);
     RowsChanged();
@@ -192,7 +196,7 @@ void ListView::focusInEvent(QFocusEvent* event) {
     ClickTable::focusInEvent(event);
 }
 
-QString ListView::SelectedSubItem(int column) const {
+QString ListView::CurrentText(int column) const {
     const QModelIndex current = currentIndex();
     if (!current.isValid())
         throw RunTime::Error(RunTime::kObjectNotSet);

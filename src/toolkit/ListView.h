@@ -2,11 +2,13 @@
 
 #include "gateway/RowSet.h"
 #include "toolkit/ClickTable.h"
+#include "toolkit/GridColumn.h"
 
 #include <QAbstractTableModel>
 #include <QIcon>
 
 #include <memory>
+#include <span>
 #include <vector>
 
 /// The rows of a ListView: a result's rows, some of its columns, in a sort order of its own. Nothing is
@@ -17,9 +19,10 @@ class ListRows : public QAbstractTableModel {
   public:
     using QAbstractTableModel::QAbstractTableModel;
 
-    void SetHeaders(std::vector<QString> headers);
-    /// The rows in the result's order; `columns` says which of its columns stands under each header.
-    void SetRows(std::shared_ptr<const RowData> rows, std::vector<size_t> columns);
+    void SetColumns(std::span<const GridColumn> columns);
+    /// The rows in the result's order, under each heading the column's field. Raises 3265 for a field that
+    /// the result lacks, and shows what it showed before.
+    void SetRows(std::shared_ptr<const RowData> rows);
     void ClearRows();
     /// Sorts by one column, keeping rows that are equal in their order. Dates go by time, numbers by size,
     /// all else by text. Raises 9 for a column that the rows do not have.
@@ -40,11 +43,12 @@ class ListRows : public QAbstractTableModel {
     void CheckColumn(size_t column) const;
     /// The selected row stays the same record when the order changes.
     void KeepPersistentIndexes(const std::vector<quint32>& before);
-    const Value& ValueAt(size_t row, size_t column) const { return mRows->Cell(row, mColumns[column]); }
+    const Value& ValueAt(size_t row, size_t column) const { return mRows->Cell(row, mFields[column]); }
 
-    std::vector<QString> mHeaders;
+    std::vector<GridColumn> mColumns;
     std::shared_ptr<const RowData> mRows;
-    std::vector<size_t> mColumns;
+    /// Of each column, once there are rows.
+    std::vector<size_t> mFields;
     std::vector<quint32> mOrder;
     QIcon mIcon;
     bool mShowAmounts = false;
@@ -58,22 +62,21 @@ class ListView : public ClickTable {
   public:
     explicit ListView(QWidget* parent = nullptr);
 
-    void ClearColumns();
-    void AddColumn(const QString& header, int widthTwips);
+    /// The columns in place of any others, from the first one on; each shows its field.
+    void SetColumns(std::span<const GridColumn> columns);
     void SetRowIcon(const QIcon& icon) { mModel->SetRowIcon(icon); }
     /// For a list with prices: decimals show as amounts, aligned on the right.
     void ShowAmounts() { mModel->ShowAmounts(); }
 
-    /// Shows the rows in place of any others, in the result's order unless a sort was set before.
-    void SetRows(std::shared_ptr<const RowData> rows, std::vector<size_t> columns);
+    /// Shows the rows in place of any others, in the result's order unless a sort was set before. Raises 3265
+    /// for a column whose field the result lacks.
+    void SetRows(std::shared_ptr<const RowData> rows);
     void ClearRows();
     int RowCount() const { return mModel->rowCount(); }
 
-    /// The selected row's first cell. Raises 91 when no row is selected, as in an empty list.
-    QString SelectedText() const { return SelectedSubItem(0); }
-    /// The selected row's cell in a column counted from 0, the row's text being 0. Raises 91 likewise, and 9
-    /// for a column that the rows do not have.
-    QString SelectedSubItem(int column) const;
+    /// The current row's text in a column counted from 0. Raises 91 when no row is marked, as in an empty
+    /// list, and 9 for a column that there is not.
+    QString CurrentText(int column) const;
 
     Qt::SortOrder SortOrder() const { return mSortOrder; }
     /// Takes effect with the next SetSortKey.
@@ -96,7 +99,6 @@ class ListView : public ClickTable {
     void AddSortKey(int column);
 
     ListRows* mModel;
-    std::vector<QString> mHeaders;
     Qt::SortOrder mSortOrder = Qt::AscendingOrder;
     int mSortKey = -1;
 };

@@ -67,7 +67,7 @@ TEST_F(ListingTest, ATextThatIsNoCodeStartsTheList) {
     QString text = u"ÑAG"_s;
     const OnDialog pick([](QDialog& dialog) {
         EXPECT_EQ(Find<QLineEdit>(dialog, "txtPick").text(), u"ÑAG"_s);
-        EXPECT_EQ(Find<ListView>(dialog, "lstPick").SelectedText(), u"D990"_s);
+        EXPECT_EQ(Find<ListView>(dialog, "lstPick").CurrentText(0), u"D990"_s);
         Press(Find<QLineEdit>(dialog, "txtPick"), Qt::Key_Return);
     });
     EXPECT_TRUE(listing.SearchListing(text, ListingKind::kDoctor));

@@ -8,15 +8,16 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <array>
 #include <memory>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const std::vector<PickColumn> kColumns = {{u"Code"_s, 1000, u"DoctorID"_s},
-                                          {u"Last Name"_s, 2200, u"LastName"_s},
-                                          {u"First Name"_s, 2200, u"FirstName"_s}};
+constexpr std::array kColumns = {GridColumn{u"Code", 1000, u"DoctorID"},
+                                 GridColumn{u"Last Name", 2200, u"LastName"},
+                                 GridColumn{u"First Name", 2200, u"FirstName"}};
 
 std::shared_ptr<const RowData> Doctors() {
     return Rows({u"DoctorID"_s, u"LastName"_s, u"FirstName"_s, u"Specialty"_s},
@@ -67,7 +68,7 @@ TEST_F(PickDialogTest, AnEnterThatComesTooEarlyPicksNothingWhereNothingWasKeyedO
         Press(Box(), Qt::Key_Return);
         EXPECT_TRUE(dialog->isVisible()) << text.toStdString();
         Press(Box(), Qt::Key_Down);
-        EXPECT_EQ(List().SelectedText(), u"D001"_s) << "the first arrow marks the first row";
+        EXPECT_EQ(List().CurrentText(0), u"D001"_s) << "the first arrow marks the first row";
         Press(Box(), Qt::Key_Return);
         EXPECT_EQ(dialog->result(), QDialog::Accepted);
         EXPECT_EQ(dialog->PickedRow(), 0U);
@@ -76,7 +77,7 @@ TEST_F(PickDialogTest, AnEnterThatComesTooEarlyPicksNothingWhereNothingWasKeyedO
 
 TEST_F(PickDialogTest, ATextThatIsTakenBackTakesTheMarkBackToo) {
     Open(u"MARIA"_s);
-    EXPECT_EQ(List().SelectedText(), u"D005"_s);
+    EXPECT_EQ(List().CurrentText(0), u"D005"_s);
     Box().selectAll();
     Press(Box(), Qt::Key_Backspace);
     EXPECT_EQ(Codes(), kAll);
@@ -87,7 +88,7 @@ TEST_F(PickDialogTest, TheListMarksItsFirstRowWhenTheClerkComesToIt) {
     Open(u"QQ"_s);
     Press(Box(), Qt::Key_Tab);
     ASSERT_TRUE(List().hasFocus());
-    EXPECT_EQ(List().SelectedText(), u"D001"_s);
+    EXPECT_EQ(List().CurrentText(0), u"D001"_s);
     EXPECT_TRUE(List().selectionModel()->isRowSelected(0));
 }
 
@@ -133,15 +134,15 @@ TEST_F(PickDialogTest, TypedLettersAreUpperCase) {
 TEST_F(PickDialogTest, UpAndDownMoveTheMarkWhileTheTextKeepsTheFocus) {
     Open(u"D00"_s);
     Press(Box(), Qt::Key_Up);
-    EXPECT_EQ(List().SelectedText(), u"D001"_s);
+    EXPECT_EQ(List().CurrentText(0), u"D001"_s);
     Press(Box(), Qt::Key_Down);
     Press(Box(), Qt::Key_Down);
-    EXPECT_EQ(List().SelectedText(), u"D004"_s);
+    EXPECT_EQ(List().CurrentText(0), u"D004"_s);
     Press(Box(), Qt::Key_Up);
-    EXPECT_EQ(List().SelectedText(), u"D003"_s);
+    EXPECT_EQ(List().CurrentText(0), u"D003"_s);
     for (int i = 0; i < 9; ++i)
         Press(Box(), Qt::Key_Down);
-    EXPECT_EQ(List().SelectedText(), u"D009"_s);
+    EXPECT_EQ(List().CurrentText(0), u"D009"_s);
     EXPECT_TRUE(Box().hasFocus());
 }
 

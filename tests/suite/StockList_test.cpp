@@ -49,7 +49,7 @@ TEST_F(StockListTest, OffersTheItemsOfTheSectionAlone) {
     const OnDialog look([](QDialog& dialog) {
         auto& rows = Find<ListView>(dialog, "lstPick");
         ASSERT_EQ(rows.RowCount(), 1);
-        EXPECT_EQ(rows.SelectedText(), u"Q002"_s);
+        EXPECT_EQ(rows.CurrentText(0), u"Q002"_s);
         EXPECT_EQ(rows.model()->index(0, 4).data().toString(), u"0.00"_s);
         dialog.reject();
     });

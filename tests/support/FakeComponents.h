@@ -70,12 +70,13 @@ class FakeListing : public clsListing {
     std::deque<bool> answers;
     /// Raised by the next search.
     std::optional<RunTimeError> failure;
-    /// Raised by a reading of the service's record.
+    /// Raised by a reading of a record.
     mutable ComingFailure recordFailure;
-    DoctorListing doctor;
-    OtherRevenueListing service;
-    AddressListing address;
-    CivilStatusListing civilStatus;
+    ListingRecords records;
+    DoctorListing& doctor = records.doctor;
+    OtherRevenueListing& service = records.otherRevenue;
+    AddressListing& address = records.address;
+    CivilStatusListing& civilStatus = records.civilStatus;
 
     void SetMTS_Server(const QString& server) override { mtsServer = server; }
     void SetSearchMode(bool search) override { searchMode = search; }
@@ -84,13 +85,10 @@ class FakeListing : public clsListing {
     void SetOtherSectionID(const QString& id) override { section = id; }
     void Initialize_Classes() override { ++initialized; }
     bool SearchListing(QString& code, int kind) override;
-    const DoctorListing& DoctorRecord() const override { return doctor; }
-    const OtherRevenueListing& OtherRevenueRecord() const override {
+    const ListingRecords& Records() const override {
         recordFailure.Call();
-        return service;
+        return records;
     }
-    const AddressListing& AddressRecord() const override { return address; }
-    const CivilStatusListing& CivilStatusRecord() const override { return civilStatus; }
 };
 
 /// A stock item component over items that the test sets.

@@ -6,6 +6,7 @@
 
 #include <QFont>
 
+#include <array>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -25,6 +26,13 @@ int ErrorOf(const std::function<void()>& action) {
 
 std::shared_ptr<const RowData> TwoPatients() {
     return Rows({u"HospNum"_s, u"Name"_s}, {{u"100085"_s, u"DELA CRUZ, JUAN"_s}, {u"100090"_s, Value()}});
+}
+
+constexpr std::array kNumberAlone = {GridColumn{}, GridColumn{.heading = u"Hospital #"}};
+
+/// Columns of which the last one alone is aligned.
+std::array<GridColumn, 3> ThirdOn(Qt::Alignment alignment) {
+    return {GridColumn{}, GridColumn{}, GridColumn{.alignment = alignment}};
 }
 
 Qt::Alignment AlignmentOf(const FlexCells& cells, int row, int col) {
@@ -193,9 +201,12 @@ TEST(FlexCells, ALineAddedToABoundGridIsEmptyAndKeepsTheOthers) {
     EXPECT_EQ(cells.TextMatrix(3, 1), QString());
 }
 
-TEST(FlexCells, AFormatStringSetsHeadersAndAlignmentsAndGrowsTheGrid) {
+TEST(FlexCells, ColumnsSetHeadersAndAlignmentsAndGrowTheGrid) {
     FlexCells cells;
-    cells.SetFormatString(u"|<Code|^Item|>Amount|Remarks"_s);
+    cells.SetColumns(std::array{GridColumn{}, GridColumn{.heading = u"Code", .alignment = Qt::AlignLeft},
+                                GridColumn{.heading = u"Item", .alignment = Qt::AlignHCenter},
+                                GridColumn{.heading = u"Amount", .alignment = Qt::AlignRight},
+                                GridColumn{.heading = u"Remarks"}});
     EXPECT_EQ(cells.Cols(), 5);
     EXPECT_EQ(cells.TextMatrix(0, 0), QString());
     EXPECT_EQ(cells.TextMatrix(0, 1), u"Code"_s);
@@ -206,24 +217,45 @@ TEST(FlexCells, AFormatStringSetsHeadersAndAlignmentsAndGrowsTheGrid) {
     EXPECT_EQ(AlignmentOf(cells, 1, 4), Qt::AlignLeft | Qt::AlignVCenter);
 }
 
-TEST(FlexCells, AFormatStringNeverCutsColumnsOff) {
+TEST(FlexCells, ColumnsNeverCutOthersOffAndGrowForNoneThatTellsNothing) {
     FlexCells cells;
     cells.SetCols(6);
-    cells.SetFormatString(u"|Code"_s);
+    cells.SetColumns(kNumberAlone);
     EXPECT_EQ(cells.Cols(), 6);
+    FlexCells narrow;
+    narrow.SetColumns(std::array{GridColumn{}, GridColumn{.heading = u"Code"}, GridColumn{.width = 900}});
+    EXPECT_EQ(narrow.Cols(), 2);
+    narrow.SetColumns(std::array{GridColumn{}, GridColumn{}, GridColumn{.alignment = Qt::AlignRight}});
+    EXPECT_EQ(narrow.Cols(), 3);
+    EXPECT_EQ(narrow.TextMatrix(0, 1), u"Code"_s) << "a column without a heading keeps its own";
 }
 
-TEST(FlexCells, HeadersOfTheFormatStringStandBeforeFieldNames) {
+TEST(FlexCells, HeadersOfTheColumnsStandBeforeFieldNames) {
     FlexCells cells;
-    cells.SetFormatString(u"|Hospital #|"_s);
+    cells.SetColumns(
+        std::array{GridColumn{}, GridColumn{.heading = u"Hospital #"}, GridColumn{.heading = u""}});
     cells.Bind(TwoPatients());
     EXPECT_EQ(cells.TextMatrix(0, 1), u"Hospital #"_s);
-    EXPECT_EQ(cells.TextMatrix(0, 2), QString()) << "an empty header of the format string stays empty";
+    EXPECT_EQ(cells.TextMatrix(0, 2), QString()) << "an empty heading stays empty";
     FlexCells boundFirst;
     boundFirst.Bind(TwoPatients());
-    boundFirst.SetFormatString(u"|Hospital #"_s);
+    int told = 0;
+    QObject::connect(&boundFirst, &QAbstractItemModel::headerDataChanged, &boundFirst, [&told] { ++told; });
+    boundFirst.SetColumns(kNumberAlone);
+    EXPECT_EQ(told, 1) << "the view shows the new heading";
     EXPECT_EQ(boundFirst.TextMatrix(0, 1), u"Hospital #"_s);
     EXPECT_EQ(boundFirst.TextMatrix(0, 2), u"Name"_s);
+}
+
+TEST(FlexCells, TheCurrentRowIsReadByItsColumn) {
+    FlexCells cells;
+    cells.Bind(TwoPatients());
+    cells.SetCell(2, 1);
+    EXPECT_EQ(cells.CurrentText(2), cells.TextMatrix(2, 2));
+    EXPECT_EQ(cells.Col(), 1);
+    FlexCells withoutLines;
+    withoutLines.Bind(Rows({u"Number"_s, u"Name"_s}));
+    EXPECT_EQ(withoutLines.CurrentText(2), u"Name"_s) << "the headers are the current row";
 }
 
 TEST(FlexCells, AnAlignmentIsToldForTheHeaderAndForEveryRow) {
@@ -239,11 +271,11 @@ TEST(FlexCells, AnAlignmentIsToldForTheHeaderAndForEveryRow) {
             told +=
                 u"%1,%2 to %3,%4"_s.arg(first.row()).arg(first.column()).arg(last.row()).arg(last.column());
         });
-    cells.SetAlignment(2, Qt::AlignRight);
+    cells.SetColumns(ThirdOn(Qt::AlignRight));
     EXPECT_EQ(headers, 1);
     EXPECT_EQ(told, u"0,1 to 2,1"_s);
     cells.SetRows(1);
-    cells.SetAlignment(2, Qt::AlignLeft);
+    cells.SetColumns(ThirdOn(Qt::AlignLeft));
     EXPECT_EQ(told, u"0,1 to 2,1"_s) << "there is no row to tell of";
 }
 
@@ -257,7 +289,7 @@ TEST(FlexCells, AmountsOfABindingStandOnTheRightUnlessAnAlignmentIsSet) {
     EXPECT_EQ(AlignmentOf(cells, 1, 4) & Qt::AlignHorizontal_Mask, Qt::AlignLeft);
     EXPECT_EQ(cells.TextMatrix(1, 2), u"10.005"_s)
         << "the cell holds the number as the run-time turns it into a text";
-    cells.SetAlignment(2, Qt::AlignHCenter);
+    cells.SetColumns(ThirdOn(Qt::AlignHCenter));
     EXPECT_EQ(AlignmentOf(cells, 1, 2) & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
 }
 
@@ -325,8 +357,7 @@ INSTANTIATE_TEST_SUITE_P(
                     OutsideCase{"NoRows", [](FlexCells& c) { c.SetRows(0); }, 30009},
                     OutsideCase{"NoColumns", [](FlexCells& c) { c.SetCols(0); }, 30010},
                     OutsideCase{"BoldRight", [](FlexCells& c) { c.SetHeaderBold(3, true); }, 30010},
-                    OutsideCase{"AlignmentRight", [](FlexCells& c) { c.SetAlignment(3, Qt::AlignLeft); },
-                                30010}),
+                    OutsideCase{"CurrentRight", [](FlexCells& c) { c.CurrentText(3); }, 30010}),
     CaseName());
 
 TEST(FlexCells, ReadingOutsideABoundGridRaisesToo) {
@@ -334,6 +365,17 @@ TEST(FlexCells, ReadingOutsideABoundGridRaisesToo) {
     cells.Bind(TwoPatients());
     EXPECT_EQ(ErrorOf([&cells] { cells.TextMatrix(3, 1); }), 30009);
     EXPECT_EQ(ErrorOf([&cells] { cells.TextMatrix(1, 3); }), 30010);
+}
+
+TEST(FlexCells, ABoundGridGrowsForNoColumn) {
+    for (const GridColumn& missing :
+         {GridColumn{.heading = u"Address"}, GridColumn{.alignment = Qt::AlignRight}}) {
+        FlexCells cells;
+        cells.Bind(TwoPatients());
+        const std::array columns = {GridColumn{}, GridColumn{}, GridColumn{}, missing};
+        EXPECT_EQ(ErrorOf([&] { cells.SetColumns(columns); }), 30010);
+        EXPECT_EQ(cells.Cols(), 3);
+    }
 }
 
 } // namespace

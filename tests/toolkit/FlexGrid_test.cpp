@@ -11,6 +11,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include <array>
 #include <functional>
 
 using namespace Qt::StringLiterals;
@@ -74,6 +75,33 @@ TEST_F(FlexGridTest, WidthsAreInTwipsAndZeroHidesTheColumn) {
     EXPECT_EQ(grid->ColWidth(2), 4000);
     grid->SetColWidth(3, 500);
     EXPECT_FALSE(grid->isColumnHidden(2));
+}
+
+TEST_F(FlexGridTest, ColumnsHaveTheirWidthsOrKeepThem) {
+    grid->SetColWidth(1, 1000);
+    grid->SetColumns(std::array{GridColumn{}, GridColumn{.heading = u"Code"}, GridColumn{u"Name", 4000},
+                                GridColumn{.width = 0}, GridColumn{.width = 700}});
+    EXPECT_EQ(grid->ColWidth(0), 960);
+    EXPECT_EQ(grid->ColWidth(1), 1000);
+    EXPECT_EQ(grid->columnWidth(1), TwipsToPixels(4000));
+    EXPECT_TRUE(grid->isColumnHidden(2));
+    EXPECT_EQ(grid->ColWidth(4), 700) << "for a column that a binding may bring";
+    EXPECT_EQ(grid->Cells().TextMatrix(0, 2), u"Name"_s);
+}
+
+TEST_F(FlexGridTest, AColumnAsWideAsItsHeadingHoldsItsBlanksToo) {
+    grid->SetColumns(std::array{GridColumn{}, GridColumn{u"Name", GridColumn::kAsHeading},
+                                GridColumn{u"Name      ", GridColumn::kAsHeading}});
+    const int text = grid->fontMetrics().horizontalAdvance(u"Name"_s);
+    const int blanks = grid->fontMetrics().horizontalAdvance(u"      "_s);
+    EXPECT_GT(grid->columnWidth(0), text);
+    EXPECT_EQ(grid->columnWidth(1), grid->columnWidth(0) + blanks);
+}
+
+TEST_F(FlexGridTest, TheCurrentRowIsReadByItsColumn) {
+    grid->Cells().SetTextMatrix(1, 2, u"GAUZE"_s);
+    grid->Cells().SetCell(1, 1);
+    EXPECT_EQ(grid->CurrentText(2), u"GAUZE"_s);
 }
 
 TEST_F(FlexGridTest, AColumnThatNobodySetHasTheDefaultWidth) {

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -19,6 +20,9 @@ namespace {
 DateTime On(int year, int month, int day, int hour = 0) {
     return *DateTime::FromFields({.year = year, .month = month, .day = day, .hour = hour});
 }
+
+constexpr std::array kPatientColumns = {GridColumn{u"HOSPITAL #", 1300, u"Number"},
+                                        GridColumn{u"PATIENT NAME", 2200, u"name"}};
 
 /// A window with a text box, a list of two columns and a button, in this order of tabs.
 class ListViewTest : public ScreenTest {
@@ -31,17 +35,16 @@ class ListViewTest : public ScreenTest {
         layout->addWidget(box);
         layout->addWidget(list);
         layout->addWidget(button);
-        list->AddColumn(u"HOSPITAL #"_s, 1300);
-        list->AddColumn(u"PATIENT NAME"_s, 2200);
+        list->SetColumns(kPatientColumns);
         window.resize(600, 500);
         box->setFocus();
         Activate(window);
     }
 
     void ShowPatients() {
-        list->SetRows(Rows({u"name"_s, u"number"_s},
-                           {{u"SANTOS"_s, u"100090"_s}, {u"CRUZ"_s, u"100085"_s}, {u"REYES"_s, u"100085"_s}}),
-                      {1, 0});
+        list->SetRows(
+            Rows({u"name"_s, u"number"_s},
+                 {{u"SANTOS"_s, u"100090"_s}, {u"CRUZ"_s, u"100085"_s}, {u"REYES"_s, u"100085"_s}}));
     }
 
     QStringList Names() const {
@@ -83,10 +86,30 @@ TEST_F(ListViewTest, HeadersStandOnTheLeft) {
               Qt::AlignLeft | Qt::AlignVCenter);
 }
 
-TEST_F(ListViewTest, ClearedColumnsAreReplacedByNewOnes) {
-    list->ClearColumns();
-    EXPECT_EQ(list->model()->columnCount(), 0);
-    list->AddColumn(u"SLIP #"_s, 1000);
+TEST_F(ListViewTest, AColumnIsAlignedWithItsHeading) {
+    list->SetColumns(std::array{GridColumn{.heading = u"QTY", .field = u"qty", .alignment = Qt::AlignRight},
+                                GridColumn{.heading = u"ITEM", .field = u"item"}});
+    list->SetRows(Rows({u"qty"_s, u"item"_s}, {{u"3"_s, u"GAUZE"_s}}));
+    const auto right = Qt::AlignRight | Qt::AlignVCenter;
+    EXPECT_EQ(list->model()->headerData(0, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::Alignment>(),
+              right);
+    EXPECT_EQ(list->model()->index(0, 0).data(Qt::TextAlignmentRole).value<Qt::Alignment>(), right);
+    EXPECT_FALSE(list->model()->index(0, 1).data(Qt::TextAlignmentRole).isValid());
+}
+
+TEST_F(ListViewTest, AFieldThatTheRowsLackRaises3265AndTheRowsBeforeStay) {
+    ShowPatients();
+    try {
+        list->SetRows(Rows({u"number"_s}, {{u"1"_s}}));
+        FAIL() << "nothing was raised";
+    } catch (const RunTimeError& error) {
+        EXPECT_EQ(error.Number(), RunTime::kItemNotFound);
+    }
+    EXPECT_EQ(Names(), (QStringList{u"SANTOS"_s, u"CRUZ"_s, u"REYES"_s}));
+}
+
+TEST_F(ListViewTest, ColumnsAreReplacedByNewOnes) {
+    list->SetColumns(std::array{GridColumn{u"SLIP #", 1000}});
     EXPECT_EQ(list->model()->columnCount(), 1);
     EXPECT_EQ(list->model()->headerData(0, Qt::Horizontal).toString(), u"SLIP #"_s);
     EXPECT_EQ(list->columnWidth(0), TwipsToPixels(1000));
@@ -94,8 +117,8 @@ TEST_F(ListViewTest, ClearedColumnsAreReplacedByNewOnes) {
 
 TEST_F(ListViewTest, TheFirstRowIsSelectedWhenRowsArrive) {
     ShowPatients();
-    EXPECT_EQ(list->SelectedText(), u"100090"_s);
-    EXPECT_EQ(list->SelectedSubItem(1), u"SANTOS"_s);
+    EXPECT_EQ(list->CurrentText(0), u"100090"_s);
+    EXPECT_EQ(list->CurrentText(1), u"SANTOS"_s);
 }
 
 TEST_F(ListViewTest, AnEmptyListHasNoSelectedRowAndRaises91) {
@@ -105,14 +128,14 @@ TEST_F(ListViewTest, AnEmptyListHasNoSelectedRowAndRaises91) {
             list->ClearRows();
         }
         try {
-            list->SelectedText();
+            list->CurrentText(0);
             FAIL() << "nothing was raised";
         } catch (const RunTimeError& error) {
             EXPECT_EQ(error.Number(), 91);
         }
     }
-    list->SetRows(Rows({u"number"_s, u"name"_s}), {0, 1});
-    EXPECT_THROW(list->SelectedSubItem(1), RunTimeError);
+    list->SetRows(Rows({u"number"_s, u"name"_s}));
+    EXPECT_THROW(list->CurrentText(1), RunTimeError);
 }
 
 TEST_F(ListViewTest, AColumnThatTheRowsDoNotHaveRaises9) {
@@ -126,16 +149,16 @@ TEST_F(ListViewTest, AColumnThatTheRowsDoNotHaveRaises9) {
         return 0;
     };
     for (const int column : {-1, 2}) {
-        EXPECT_EQ(number([&] { list->SelectedSubItem(column); }), RunTime::kSubscriptOutOfRange) << column;
+        EXPECT_EQ(number([&] { list->CurrentText(column); }), RunTime::kSubscriptOutOfRange) << column;
         EXPECT_EQ(number([&] { list->SetSortKey(column); }), RunTime::kSubscriptOutOfRange) << column;
     }
-    EXPECT_EQ(list->SelectedSubItem(1), u"SANTOS"_s);
+    EXPECT_EQ(list->CurrentText(1), u"SANTOS"_s);
 }
 
 TEST_F(ListViewTest, AClickSelectsTheRowAndIsTold) {
     ShowPatients();
     QStringList selected;
-    QObject::connect(list, &ListView::Click, list, [&] { selected.push_back(list->SelectedSubItem(1)); });
+    QObject::connect(list, &ListView::Click, list, [&] { selected.push_back(list->CurrentText(1)); });
     ClickRow(2);
     EXPECT_EQ(selected, QStringList{u"REYES"_s});
 }
@@ -145,7 +168,7 @@ TEST_F(ListViewTest, AClickBelowTheRowsKeepsTheSelectedRow) {
     ClickRow(1);
     QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier,
                       QPoint(10, list->viewport()->height() - 5));
-    EXPECT_EQ(list->SelectedSubItem(1), u"CRUZ"_s);
+    EXPECT_EQ(list->CurrentText(1), u"CRUZ"_s);
 }
 
 TEST_F(ListViewTest, AClickOnAnEmptyListIsToldToo) {
@@ -198,7 +221,8 @@ TEST_F(ListViewTest, EqualRowsKeepTheirOrderInBothDirections) {
     std::vector<std::vector<Value>> patients;
     for (int i = 0; i < 90; ++i)
         patients.push_back({u"STATION %1"_s.arg(i % 3), u"%1"_s.arg(i, 3, 10, QChar(u'0'))});
-    list->SetRows(Rows({u"station"_s, u"number"_s}, patients), {0, 1});
+    list->SetColumns(std::array{GridColumn{.field = u"station"}, GridColumn{.field = u"number"}});
+    list->SetRows(Rows({u"station"_s, u"number"_s}, patients));
     for (const Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
         list->SetSortOrder(order);
         list->SetSortKey(0);
@@ -214,12 +238,12 @@ TEST_F(ListViewTest, TheSelectedRecordStaysSelectedWhenTheOrderChanges) {
     ShowPatients();
     ClickRow(2);
     list->SetSortKey(1);
-    EXPECT_EQ(list->SelectedSubItem(1), u"REYES"_s);
+    EXPECT_EQ(list->CurrentText(1), u"REYES"_s);
     EXPECT_EQ(list->currentIndex().row(), 1);
     EXPECT_TRUE(list->selectionModel()->isRowSelected(1, {}));
     list->SetSortOrder(Qt::DescendingOrder);
     list->SetSortKey(0);
-    EXPECT_EQ(list->SelectedSubItem(1), u"REYES"_s);
+    EXPECT_EQ(list->CurrentText(1), u"REYES"_s);
     EXPECT_EQ(list->currentIndex().row(), 2);
 }
 
@@ -227,7 +251,7 @@ TEST_F(ListViewTest, RowsThatArriveLaterFollowTheSort) {
     list->SetSortKey(1);
     ShowPatients();
     EXPECT_EQ(Names(), (QStringList{u"CRUZ"_s, u"REYES"_s, u"SANTOS"_s}));
-    EXPECT_EQ(list->SelectedSubItem(1), u"CRUZ"_s);
+    EXPECT_EQ(list->CurrentText(1), u"CRUZ"_s);
 }
 
 struct SortCase {
@@ -243,12 +267,12 @@ TEST_P(ListViewSort, PutsTheCellsInThisOrder) {
     for (size_t i = wanted.size(); i-- > 0;)
         cells.push_back({wanted[i]});
     ListView list;
-    list.AddColumn(u"column"_s, 1000);
-    list.SetRows(Rows({u"column"_s}, cells), {0});
+    list.SetColumns(std::array{GridColumn{.field = u"column"}});
+    list.SetRows(Rows({u"column"_s}, cells));
     list.SetSortKey(0);
     for (size_t row = 0; row < wanted.size(); ++row) {
         list.setCurrentIndex(list.model()->index(int(row), 0));
-        EXPECT_EQ(list.SelectedText(), wanted[row].TextOrEmpty()) << "row " << row;
+        EXPECT_EQ(list.CurrentText(0), wanted[row].TextOrEmpty()) << "row " << row;
     }
 }
 
@@ -268,7 +292,8 @@ INSTANTIATE_TEST_SUITE_P(
     CaseName());
 
 TEST_F(ListViewTest, DecimalsShowAsTheirText) {
-    list->SetRows(Rows({u"hospital #"_s}, {{Decimal{u"100085"_s}}}), {0});
+    list->SetColumns(std::array{GridColumn{.field = u"hospital #"}});
+    list->SetRows(Rows({u"hospital #"_s}, {{Decimal{u"100085"_s}}}));
     const QAbstractItemModel& rows = *list->model();
     EXPECT_EQ(rows.data(rows.index(0, 0)).toString(), u"100085"_s);
     EXPECT_FALSE(rows.data(rows.index(0, 0), Qt::TextAlignmentRole).isValid());
@@ -276,18 +301,19 @@ TEST_F(ListViewTest, DecimalsShowAsTheirText) {
 
 TEST_F(ListViewTest, DecimalsOfAListWithPricesShowAsAmountsOnTheRightAndReadAsTheyAre) {
     list->ShowAmounts();
-    list->SetRows(Rows({u"item"_s, u"price"_s}, {{u"GAUZE"_s, Decimal{u"1250.5000"_s}}}), {0, 1});
+    list->SetColumns(std::array{GridColumn{.field = u"item"}, GridColumn{.field = u"price"}});
+    list->SetRows(Rows({u"item"_s, u"price"_s}, {{u"GAUZE"_s, Decimal{u"1250.5000"_s}}}));
     const QModelIndex price = list->model()->index(0, 1);
     EXPECT_EQ(price.data().toString(), u"1,250.50"_s);
     EXPECT_EQ(price.data(Qt::TextAlignmentRole).value<Qt::Alignment>(), Qt::AlignRight | Qt::AlignVCenter);
-    EXPECT_EQ(list->SelectedSubItem(1), u"1250.5"_s);
+    EXPECT_EQ(list->CurrentText(1), u"1250.5"_s);
     EXPECT_FALSE(list->model()->index(0, 0).data(Qt::TextAlignmentRole).isValid());
 }
 
 TEST_F(ListViewTest, NullsShowAndReadAsEmpty) {
-    list->SetRows(Rows({u"number"_s, u"date"_s}, {{u"1"_s, Value()}}), {0, 1});
+    list->SetRows(Rows({u"number"_s, u"name"_s}, {{u"1"_s, Value()}}));
     EXPECT_EQ(list->model()->index(0, 1).data().toString(), QString());
-    EXPECT_EQ(list->SelectedSubItem(1), QString());
+    EXPECT_EQ(list->CurrentText(1), QString());
 }
 
 TEST_F(ListViewTest, TheIconStandsInTheFirstColumnOfEachRow) {
@@ -318,14 +344,14 @@ TEST_F(ListViewTest, ArrowKeysMoveTheSelectedRow) {
     ShowPatients();
     list->setFocus();
     Press(*list, Qt::Key_Down);
-    EXPECT_EQ(list->SelectedSubItem(1), u"CRUZ"_s);
+    EXPECT_EQ(list->CurrentText(1), u"CRUZ"_s);
 }
 
 TEST_F(ListViewTest, TypingALetterSearchesNothing) {
     ShowPatients();
     list->setFocus();
     Type(*list, u"R"_s);
-    EXPECT_EQ(list->SelectedSubItem(1), u"SANTOS"_s);
+    EXPECT_EQ(list->CurrentText(1), u"SANTOS"_s);
 }
 
 TEST_F(ListViewTest, CtrlWithADigitSortsByThatColumnAsAClickOnItsHeadingDoes) {

@@ -15,6 +15,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -66,8 +68,8 @@ QWidget* NewFilledList(QWidget* parent) {
 
 QWidget* NewRows(QWidget* parent) {
     auto* list = new ListView(parent);
-    list->AddColumn(u"Name"_s, 2000);
-    list->SetRows(Rows({u"Name"_s}, {{u"CRUZ"_s}, {u"DIAZ"_s}}), {0});
+    list->SetColumns(std::array{GridColumn{u"Name", 2000, u"Name"}});
+    list->SetRows(Rows({u"Name"_s}, {{u"CRUZ"_s}, {u"DIAZ"_s}}));
     list->selectRow(0);
     return list;
 }
