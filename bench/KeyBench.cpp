@@ -48,7 +48,7 @@ void BenchKeys(BenchTable& table) {
     const QTemporaryDir folder;
     const auto session = SignOnTo(CopyOfTrialHospital(folder, u"keys.db"_s));
     auto& screen = Screens::Get<frmPostCharges>();
-    screen.SetBox(u"txtFirstName"_s, u"JUAN"_s);
+    screen.Boxes().name.txtFirstName->setText(u"JUAN"_s);
     screen.Show();
     screen.activateWindow();
     QCoreApplication::processEvents();

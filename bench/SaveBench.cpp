@@ -4,12 +4,15 @@
 #include "charges/ChargeColumns.h"
 #include "charges/frmAssessment.h"
 #include "charges/frmPostCharges.h"
+#include "components/DepartmentCodes.h"
 #include "components/shared.h"
 #include "RecordedStatements.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Screens.h"
 #include "trial/HospitalEngine.h"
 #include "trial/sqlite/SqlFunctions.h"
+
+#include <QLineEdit>
 
 #include <functional>
 
@@ -71,10 +74,10 @@ void Measure(BenchTable& table, const BenchSession& session, const QTemporaryDir
 
 void MeasurePosting(BenchTable& table, const BenchSession& session, const QTemporaryDir& folder) {
     auto& screen = Screens::Get<frmPostCharges>();
-    screen.SetBox(u"txtPno"_s, u"100284"_s);
-    screen.SetBox(u"txtId"_s, u"700107"_s);
-    screen.SetBox(u"txtRoom"_s, u"P306"_s);
-    screen.SetBox(u"txtDoctor"_s, u"DR. BENEDICTO QUIOGUE"_s);
+    screen.Boxes().info.txtPno->setText(u"100284"_s);
+    screen.Boxes().info.txtId->setText(u"700107"_s);
+    screen.Boxes().info.txtRoom->setText(u"P306"_s);
+    screen.Boxes().info.txtDoctor->setText(u"DR. BENEDICTO QUIOGUE"_s);
     FillGrid(screen, kPostChargesDifferences.quantityCol, kPostChargesDifferences.priceCol);
     Measure(table, session, folder,
             {.label = u"50-line posting, 103 commands"_s,
@@ -87,7 +90,7 @@ void MeasurePosting(BenchTable& table, const BenchSession& session, const QTempo
 
 void MeasureAssessment(BenchTable& table, const BenchSession& session, const QTemporaryDir& folder) {
     auto& screen = Screens::Get<frmAssessment>();
-    screen.SetBox(u"txtSname"_s, u"DE GUZMAN, CARMELITA PERALTA"_s);
+    screen.Boxes().txtSname->setText(u"DE GUZMAN, CARMELITA PERALTA"_s);
     FillGrid(screen, kAssessmentDifferences.quantityCol, kAssessmentDifferences.priceCol);
     Measure(
         table, session, folder,

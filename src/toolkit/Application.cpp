@@ -1,6 +1,7 @@
 #include "toolkit/Application.h"
 
 #include "toolkit/Failure.h"
+#include "toolkit/Focus.h"
 #include "toolkit/Look.h"
 #include "toolkit/LostFocus.h"
 #include "toolkit/TypeAhead.h"
@@ -15,6 +16,7 @@ Application::Application(int& argc, char** argv)
     setOrganizationName(QStringLiteral("TARVEN"));
     setApplicationName(QStringLiteral("Hemodialysis"));
     ApplyLook(*this);
+    FollowFocus();
     CatchLostFocus();
     KeepTypedAhead();
 }

@@ -103,6 +103,10 @@ QWidget* FocusOwner() {
     return nullptr;
 }
 
+void FollowFocus() {
+    FocusTracker::Instance();
+}
+
 QWidget* LastFocus() {
     return FocusTracker::Instance().Last();
 }

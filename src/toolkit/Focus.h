@@ -42,5 +42,8 @@ void FocusReturned(QWidget* control);
 /// tell of it. Null for none.
 QWidget* FocusOwner();
 
+/// Begins to follow the focus; the application does it at its start.
+void FollowFocus();
+
 /// The control that raised its GotFocus last, shown or not; null when it is gone.
 QWidget* LastFocus();

@@ -19,19 +19,19 @@ using RegisterScreensTest = ScreenTest;
 TEST_F(RegisterScreensTest, ThePostingScreenWaitsInModePost) {
     RegisterScreens();
     EXPECT_FALSE(Screens::IsLoaded<frmPostCharges>()) << "registering touches no screen";
-    EXPECT_EQ(&FinderTargetOf(u"Post"_s), static_cast<FinderTarget*>(&Screens::Get<frmPostCharges>()));
+    EXPECT_EQ(FinderTargetOf(u"Post"_s), static_cast<FinderTarget*>(&Screens::Get<frmPostCharges>()));
 }
 
 TEST_F(RegisterScreensTest, TheListOfChargesWaitsInModeList) {
     RegisterScreens();
     EXPECT_FALSE(Screens::IsLoaded<frmListCharges>()) << "registering touches no screen";
-    EXPECT_EQ(&FinderTargetOf(u"List"_s), &ListChargesTarget());
+    EXPECT_EQ(FinderTargetOf(u"List"_s), &ListChargesTarget());
 }
 
 TEST_F(RegisterScreensTest, TheLedgerWaitsInModeLedger) {
     RegisterScreens();
     EXPECT_FALSE(Screens::IsLoaded<frmLedger>()) << "registering touches no screen";
-    EXPECT_EQ(&FinderTargetOf(u"Ledger"_s), static_cast<FinderTarget*>(&Screens::Get<frmLedger>()));
+    EXPECT_EQ(FinderTargetOf(u"Ledger"_s), static_cast<FinderTarget*>(&Screens::Get<frmLedger>()));
 }
 
 TEST_F(RegisterScreensTest, TheAssessmentWaitsForACashPatient) {
@@ -42,8 +42,8 @@ TEST_F(RegisterScreensTest, TheAssessmentWaitsForACashPatient) {
 
 TEST_F(RegisterScreensTest, NoScreenWaitsInAnotherMode) {
     RegisterScreens();
-    EXPECT_FALSE(HasFinderTarget(u"post"_s));
-    EXPECT_FALSE(HasFinderTarget(QString()));
+    EXPECT_EQ(FinderTargetOf(u"post"_s), nullptr);
+    EXPECT_EQ(FinderTargetOf(QString()), nullptr);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "suite/SignOnDialog.h"
 #include "suite/SuiteTest.h"
+#include "text/Clock.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -286,6 +287,7 @@ TEST_F(SignOnDialogTest, TheDataSourceChosenIsTheOneSignedOnTo) {
 
 TEST_F(SignOnDialogTest, WaitsWhereTheHospitalAsksForItAndGoesOnByItself) {
     first->workstation = u"DESK1"_s;
+    const auto runningClock = ClockSeam().Replace(ClockSeam().Own());
     for (int i = 0; i < 3; ++i)
         TrySignOn(*first, u"NURSE"_s, u"wrong"_s, {.deptCode = u"HC"_s, .waited = true});
     Open();
