@@ -2,9 +2,10 @@
 add_library(tarven_warnings INTERFACE)
 target_compile_options(tarven_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
-  -Wunused -Wold-style-cast -Wduplicated-cond -Wlogical-op -Wformat=2
+  -Wunused -Wold-style-cast -Wformat=2
+  $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wlogical-op>
   # A joined file is no header, though the compiler takes the files in it for headers.
-  $<$<BOOL:${CMAKE_UNITY_BUILD}>:-Wno-subobject-linkage>
+  $<$<AND:$<CXX_COMPILER_ID:GNU>,$<BOOL:${CMAKE_UNITY_BUILD}>>:-Wno-subobject-linkage>
   $<$<BOOL:${TARVEN_WERROR}>:-Werror>)
 target_compile_definitions(tarven_warnings INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_CONTEXTLESS_CONNECT QT_NO_FOREACH

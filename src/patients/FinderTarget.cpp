@@ -11,9 +11,9 @@ QHash<QString, FinderTargetSource>& Sources() {
 
 } // namespace
 
-void RegisterFinderTarget(const QString& chargeMode, FinderTargetSource source) {
+void RegisterFinderTarget(const QString& chargeMode, const FinderTargetSource& source) {
     if (source)
-        Sources().insert(chargeMode, std::move(source));
+        Sources().insert(chargeMode, source);
     else
         Sources().remove(chargeMode);
 }

@@ -21,7 +21,7 @@ class FinderTarget {
 using FinderTargetSource = std::function<FinderTarget&()>;
 
 /// Enters the screen that waits in a charge mode ("Post", "List", "Ledger"); an empty source strikes it out.
-void RegisterFinderTarget(const QString& chargeMode, FinderTargetSource source);
+void RegisterFinderTarget(const QString& chargeMode, const FinderTargetSource& source);
 
 /// The screen that waits in the mode; null when there is none.
 FinderTarget* FinderTargetOf(const QString& chargeMode);

@@ -37,7 +37,7 @@ class Form : public QWidget {
     /// Places the screen inside the main window, measured in twips from its top left corner.
     void MoveTo(int leftTwips, int topTwips);
 
-    /// Asked by tests only.
+    /// Whether the screen stands on the stack of modal windows.
     bool IsModal() const;
 
     /// The screen of the program that was activated last and still stands; null when none does.

@@ -24,7 +24,7 @@ ReportDocument::ReportDocument(std::shared_ptr<const ReportTemplate> report, con
                                const QueryRows& queries)
     : ReportDocument(BoundTemplate(std::move(report), values, queries), queries.front(), ReportFonts()) {}
 
-ReportDocument::ReportDocument(BoundTemplate report, std::shared_ptr<const RowData> rows, ReportFonts fonts)
+ReportDocument::ReportDocument(BoundTemplate report, std::shared_ptr<const RowData> rows, ReportFonts&& fonts)
     : mReport(std::move(report))
     , mRows(std::move(rows))
     , mHeaderHeight(EdgeHeight(mReport.PageHeader(), *mRows, fonts))

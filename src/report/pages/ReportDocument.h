@@ -66,7 +66,7 @@ class ReportDocument {
     std::vector<GroupEntry> Groups() const;
 
   private:
-    ReportDocument(BoundTemplate report, std::shared_ptr<const RowData> rows, ReportFonts fonts);
+    ReportDocument(BoundTemplate report, std::shared_ptr<const RowData> rows, ReportFonts&& fonts);
 
     double RoomBetweenEdges() const;
     void AddEdge(std::vector<PageBand>& bands, const std::optional<BoundBand>& band, int page, double y,
