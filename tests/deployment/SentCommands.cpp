@@ -151,6 +151,14 @@ QStringList FilesThatSay(const QString& word) {
     const QRegularExpression whole(u"\\b%1\\b"_s.arg(QRegularExpression::escape(word)));
     QStringList files;
     for (const auto& [path, source] : Sources().asKeyValueRange()) {
+        // A template is named there once, and said by its constant from then on.
+        if (path.endsWith(u"/ReportFiles.h"_s)) {
+            const QRegularExpression constant(
+                u"(k\\w+) = u\".*\\b%1\\b"_s.arg(QRegularExpression::escape(word)));
+            for (auto named = constant.globalMatch(source); named.hasNext();)
+                files << FilesThatSay(named.next().captured(1));
+            continue;
+        }
         for (qsizetype i = source.count(whole); i > 0; --i)
             files << QFileInfo(path).fileName();
     }

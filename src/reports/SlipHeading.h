@@ -3,7 +3,7 @@
 #include <QString>
 
 /// What a charge slip shows above its lines, which stand in the print table.
-struct ChargeSlip {
+struct SlipHeading {
     QString number;
     QString patientName;
     QString admissionNumber;
@@ -14,4 +14,4 @@ struct ChargeSlip {
 };
 
 /// Opens the slip into gReport. It bears today's date, the time, and the name of the user who is signed on.
-void OpenChargeSlip(const ChargeSlip& slip);
+void OpenChargeSlip(const SlipHeading& slip);
