@@ -1,24 +1,22 @@
 #include "reports/PeriodReports.h"
 
-#include "reports/ReportFiles.h"
-
 #include <algorithm>
 #include <array>
 
 namespace {
 
-constexpr PeriodReport PrintAudit{ReportType::Audit, ReportFile::kAudit, u"Audit Report", {}, true};
-constexpr PeriodReport PrintOutIncome{ReportType::OutPatientIncome, ReportFile::kOutPatientIncome,
+constexpr PeriodReport PrintAudit{ReportType::Audit, u"/Reports/AuditReport.RPT", u"Audit Report", {}, true};
+constexpr PeriodReport PrintOutIncome{ReportType::OutPatientIncome, u"\\Reports\\IncomeReport.RPT",
                                       u"Out-Patient Income Report", u"O"};
-constexpr PeriodReport PrintInIncome{ReportType::InPatientIncome, ReportFile::kInPatientIncome,
+constexpr PeriodReport PrintInIncome{ReportType::InPatientIncome, u"/Reports/IncomeReport.RPT",
                                      u"In-Patient Income Report", u"I"};
-constexpr PeriodReport PrintCashIncome{ReportType::CashIncome, ReportFile::kCashIncome,
+constexpr PeriodReport PrintCashIncome{ReportType::CashIncome, u"\\Reports\\IncomeReportCash.RPT",
                                        u"Cash Patient Income Report"};
-constexpr PeriodReport PrintStatistics{ReportType::Statistics, ReportFile::kStatistics,
+constexpr PeriodReport PrintStatistics{ReportType::Statistics, u"/Reports/StatisticsReport.RPT",
                                        u"Monthly Statistical Report"};
-constexpr PeriodReport PrintInCompany{ReportType::InPatientCompany, ReportFile::kCompany,
+constexpr PeriodReport PrintInCompany{ReportType::InPatientCompany, u"\\Reports\\CompanyReport.RPT",
                                       u"In-Patient Company Report", u"I"};
-constexpr PeriodReport PrintOutCompany{ReportType::OutPatientCompany, ReportFile::kCompany,
+constexpr PeriodReport PrintOutCompany{ReportType::OutPatientCompany, u"\\Reports\\CompanyReport.RPT",
                                        u"Out-Patient Company Report", u"O"};
 
 constexpr std::array kPeriodReports = {PrintAudit,      PrintOutIncome, PrintInIncome,  PrintCashIncome,

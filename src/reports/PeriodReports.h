@@ -19,7 +19,7 @@ enum class ReportType {
 /// One report that asks for its first and its last day.
 struct PeriodReport {
     ReportType type;
-    /// One of ReportFile.
+    /// The template below the program's folder, with the stroke that the suite has always written.
     QStringView file;
     QStringView title;
     /// The patient type that stands before the days, for a report that is made for one type alone.

@@ -4,7 +4,8 @@
 
 #include <QStringView>
 
-/// The templates, below the program's folder, each with the stroke that the suite has always written.
+/// The templates, below the program's folder, each with the stroke that the suite has always written. Those
+/// of a period stand in the table of PeriodReports.
 namespace ReportFile {
 constexpr QStringView kChargeSlip = u"/Reports/Charge_Slip.RPT";
 /// The older layout, which stands beside the program.
@@ -12,12 +13,6 @@ constexpr QStringView kOlderChargeSlip = u"\\ChargeSlip.rpt";
 constexpr QStringView kAssessmentSlip = u"/Reports/AssessmentSlip.RPT";
 constexpr QStringView kAssessmentDuplicate = u"/Reports/ReprintAssesSlip.RPT";
 constexpr QStringView kConsultation = u"\\RadioConsultation.rpt";
-constexpr QStringView kAudit = u"/Reports/AuditReport.RPT";
-constexpr QStringView kOutPatientIncome = u"\\Reports\\IncomeReport.RPT";
-constexpr QStringView kInPatientIncome = u"/Reports/IncomeReport.RPT";
-constexpr QStringView kCashIncome = u"\\Reports\\IncomeReportCash.RPT";
-constexpr QStringView kStatistics = u"/Reports/StatisticsReport.RPT";
-constexpr QStringView kCompany = u"\\Reports\\CompanyReport.RPT";
 constexpr QStringView kCensusByName = u"\\Reports\\CensusAll.rpt";
 constexpr QStringView kCensusByStation = u"\\Reports\\CensusStation.rpt";
 constexpr QStringView kLedger = u"\\Reports\\Orvandelle_Ledger.rpt";

@@ -190,34 +190,6 @@ void frmMain::OpenReportRange(ReportType type) {
     Screens::Get<frmReportRange>().Show();
 }
 
-void frmMain::mnuReportAudit_Click() {
-    OpenReportRange(ReportType::Audit);
-}
-
-void frmMain::mnuOPDIncome_Click() {
-    OpenReportRange(ReportType::OutPatientIncome);
-}
-
-void frmMain::mnuIPDIncomeReport_Click() {
-    OpenReportRange(ReportType::InPatientIncome);
-}
-
-void frmMain::mnuCashIncome_Click() {
-    OpenReportRange(ReportType::CashIncome);
-}
-
-void frmMain::mnuReportMonthly_Click() {
-    OpenReportRange(ReportType::Statistics);
-}
-
-void frmMain::mnuIn_Click() {
-    OpenReportRange(ReportType::InPatientCompany);
-}
-
-void frmMain::mnuOut_Click() {
-    OpenReportRange(ReportType::OutPatientCompany);
-}
-
 void frmMain::mnuCensus_Click() {
     Screens::Get<frmCensus>().Show();
 }
@@ -281,9 +253,9 @@ void frmMain::Toolbar1_ButtonMenuClick(const QString& key) {
     else if (key == u"Outpatient"_s)
         mnuOutTransaction_Click();
     else if (key == u"Audit"_s)
-        mnuReportAudit_Click();
+        OpenReportRange(ReportType::Audit);
     else if (key == u"Opd"_s)
-        mnuOPDIncome_Click();
+        OpenReportRange(ReportType::OutPatientIncome);
     else if (key == u"IPD"_s)
-        mnuIPDIncomeReport_Click();
+        OpenReportRange(ReportType::InPatientIncome);
 }

@@ -63,13 +63,6 @@ class frmMain : public QMainWindow, private Workspace {
     void mnuInTransactionEntry_Click();
     void mnuOutTransaction_Click();
     void mnuExit_Click();
-    void mnuReportAudit_Click();
-    void mnuOPDIncome_Click();
-    void mnuIPDIncomeReport_Click();
-    void mnuCashIncome_Click();
-    void mnuReportMonthly_Click();
-    void mnuIn_Click();
-    void mnuOut_Click();
     void mnuCensus_Click();
     void mnuLedger_Click();
     void mnuMLedger_Click();

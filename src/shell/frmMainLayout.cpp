@@ -99,6 +99,9 @@ void frmMain::AddMenuEntry(const MenuEntry& entry) {
         action->setShortcut(QKeySequence(QString::fromLatin1(entry.shortcut)));
     if (entry.click)
         connect(action, &QAction::triggered, this, entry.click);
+    if (entry.report != ReportType::None)
+        connect(action, &QAction::triggered, this,
+                [this, report = entry.report] { OpenReportRange(report); });
     if (parent)
         parent->addAction(action);
     else
