@@ -31,7 +31,7 @@ TEST(ChoosePrinter, TheWindowOpensNoFileOfTheHospitalsFolder) {
     SmallHospital hospital;
     hospital.Gateway().Execute(u"select * from Clinical_Area..tbSlip"_s);
     ASSERT_TRUE(IsHeldOpen(hospital.Path()));
-    QTimer::singleShot(0, qApp, [&hospital] {
+    QTimer::singleShot(0, qApp, [] {
         auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
         for (const auto* box : dialog->findChildren<QLineEdit*>())

@@ -101,8 +101,7 @@ ReportSums::ReportSums(const RowData& rows, std::vector<size_t> columns, std::ve
     : mColumns(std::move(columns))
     , mRuns(std::move(runs)) {
     std::ranges::sort(mRuns);
-    const auto spare = std::ranges::unique(mRuns);
-    mRuns.erase(spare.begin(), spare.end());
+    mRuns.erase(std::unique(mRuns.begin(), mRuns.end()), mRuns.end());
     mSums.resize(mColumns.size() * mRuns.size());
     for (size_t i = 0; i < mColumns.size(); ++i)
         AddUp(rows, mColumns[i], mSums.data() + i * mRuns.size());
