@@ -11,7 +11,8 @@ install(FILES Reports/RadioConsultation.rpt Reports/ChargeSlip.rpt DESTINATION $
 install(CODE "
   set(commands \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR})
   file(MAKE_DIRECTORY \${commands})
-  file(CREATE_LINK ../${program_folder}/tarven-hemodialysis \${commands}/tarven-hemodialysis SYMBOLIC)")
+  file(RELATIVE_PATH program /${CMAKE_INSTALL_BINDIR} /${program_folder}/tarven-hemodialysis)
+  file(CREATE_LINK \${program} \${commands}/tarven-hemodialysis SYMBOLIC)")
 
 install(DIRECTORY docs/manual DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES README.md CHANGELOG.md LICENSE docs/deployment.md docs/templates.md DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -10,10 +10,10 @@
 #include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Look.h"
+#include "toolkit/ModalStack.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/Picker.h"
 
-#include <QApplication>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -255,7 +255,7 @@ void frmAssessStatus::cmdPrint_Click() {
 
 void frmAssessStatus::Timer1_Timer() {
     // A message box holds the blink.
-    if (qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+    if (qobject_cast<QMessageBox*>(ModalStack::Top()))
         return;
     Picture1->setPixmap(ImageList1[mPhase ? 0 : 1]);
     mPhase = !mPhase;

@@ -110,6 +110,7 @@ void frmARPatients::Search() {
                                CursorType::Dynamic, LockType::ReadOnly, CursorLocation::Client);
     if (mFound.RecordCount() <= 0)
         return;
+    grdTable->SetColumns(kARColumns);
     grdTable->Cells().Bind(mFound.Data());
     mFound.Close();
 }

@@ -211,10 +211,12 @@ void frmSearchPatient::ListView1_DblClick() {
 }
 
 void frmSearchPatient::LoadTarget() {
-    FinderTarget& target = *FinderTargetOf(gChargeMode);
-    target.LoadPick();
+    FinderTarget* target = FinderTargetOf(gChargeMode);
+    if (!target)
+        throw RunTime::Error(RunTime::kObjectNotSet);
+    target->LoadPick();
     // The finder is closed by now; this screen is only waiting to be deleted.
-    target.Picked();
+    target->Picked();
 }
 
 FinderQuestion::~FinderQuestion() {

@@ -22,6 +22,7 @@
 #include "shell/StatusPanel.h"
 #include "shell/version.h"
 #include "toolkit/EndProcess.h"
+#include "toolkit/ModalStack.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/Screens.h"
 
@@ -69,7 +70,7 @@ void frmMain::Form_Load() {
         UnloadMain();
         EndProcess();
     }
-    activateWindow();
+    ModalStack::Activate(*this);
     TakeConnection();
     ReadHospitalRecord();
     CreateWardComponents();

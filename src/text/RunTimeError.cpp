@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::array<std::pair<int, const char*>, 18> kTexts = {{
+constexpr std::array<std::pair<int, const char*>, 17> kTexts = {{
     {RunTime::kOverflow, "Overflow"},
     {RunTime::kOutOfMemory, "Out of memory"},
     {RunTime::kSubscriptOutOfRange, "Subscript out of range"},
@@ -18,7 +18,6 @@ constexpr std::array<std::pair<int, const char*>, 18> kTexts = {{
     {RunTime::kInvalidUseOfNull, "Invalid use of Null"},
     {RunTime::kInvalidPropertyValue, "Invalid property value"},
     {RunTime::kCannotCreateObject, "ActiveX component can't create object"},
-    {RunTime::kPrinterError, "Printer error"},
     {RunTime::kNoCurrentRecord,
      "Either BOF or EOF is True, or the current record has been deleted. Requested "
      "operation requires a current record."},

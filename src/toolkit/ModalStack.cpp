@@ -5,8 +5,10 @@
 #include "toolkit/Form.h"
 
 #include <QApplication>
+#include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <vector>
 
 namespace {
@@ -52,7 +54,7 @@ ModalStack::Frame::~Frame() {
 
 void ModalStack::Frame::GiveBack() const {
     if (mWindow && mWindow->isVisible())
-        mWindow->activateWindow();
+        Activate(*mWindow);
     if (!mFocus || !mFocus->isVisible())
         return;
     mFocus->setFocus(Qt::ActiveWindowFocusReason);
@@ -94,6 +96,15 @@ ModalStack::ScreenFrame* ModalStack::FrameOf(const Form& screen) {
         return &frame->mScreen == &screen;
     });
     return found == Frames().end() ? nullptr : *found;
+}
+
+void ModalStack::Activate(QWidget& window) {
+    constexpr std::chrono::milliseconds kMoment(250);
+    window.activateWindow();
+    QTimer::singleShot(kMoment, &window, [&window] {
+        if (window.isVisible() && !QApplication::activeWindow() && !Covers(&window))
+            window.activateWindow();
+    });
 }
 
 void ModalStack::Shown(Form& screen) {

@@ -7,7 +7,8 @@
 class Form;
 
 /// The modal windows that stand open, one over the other: screens, dialogues of the suite's components,
-/// message boxes. Each has its frame, which is made before the window is shown and ends when it has closed.
+/// message boxes. Each has its frame, which is made before the window is shown and ends when it has closed;
+/// the frames of screens are a list besides, since a screen asks from where the clerk came.
 class ModalStack {
   public:
     /// The frame of a dialogue or a message box. It remembers the active window and the control with the
@@ -60,6 +61,11 @@ class ModalStack {
     static bool Covers(const QWidget* window);
     /// The frame of a screen that stands on the stack; null for any other screen.
     static ScreenFrame* FrameOf(const Form& screen);
+
+    /// Activates a window of the program after a modal one. A desktop may lose the request while the modal
+    /// window is still going: where no window of the program is active a moment later, it is asked for once
+    /// more, unless another modal window has come over it by then.
+    static void Activate(QWidget& window);
 
     /// A screen that is not modal was shown.
     static void Shown(Form& screen);

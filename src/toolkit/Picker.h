@@ -15,7 +15,7 @@ enum class PickKeys {
 };
 
 /// How one picks from a list: what the screens with a list do alike, and by their names the points in which
-/// one of them differs. Escape is the screen's, which leaves by its close button.
+/// one of them differs. Escape is the screen's.
 struct Picker {
     ClickTable* list = nullptr;
     /// What a double click in the list does, and the keys below.

@@ -45,7 +45,7 @@ TEST(ChargeCommands, PrintedLineEndsInO) {
                    u"Clinical_Area..spEarCare_SaveChargePrint '1','2','3','4','5', 'O'"_s);
 }
 
-TEST(ChargeCommands, AssessmentCounterAndPrintTable) {
+TEST(ChargeCommands, AssessmentCounter) {
     EXPECT_COMMAND(AssessmentCounterCommand(), u"SELECT AssessmentNum FROM BILLING..tbAssessmentNum"_s);
 }
 

@@ -242,6 +242,7 @@ TEST(RightsOfTemplates, AreThoseOfTheDatabaseThatTheirScreenPointsThemAt) {
     for (const QString& path : FilesBelow(u"src"_s, {u"*.cpp"_s})) {
         for (auto calls = pointed.globalMatch(ReadFile(path)); calls.hasNext();) {
             const auto call = calls.next();
+            EXPECT_TRUE(call.captured().contains(u"ReportFile::k"_s)) << path.toStdString();
             for (auto names = file.globalMatch(call.captured()); names.hasNext();) {
                 const QRegularExpression name(names.next().captured(1) + u" = u\".*\\b(\\w+\\.rpt)\""_s);
                 const QString report = u"Reports/"_s + name.match(files).captured(1);

@@ -75,8 +75,6 @@ TEST(MaintenanceCommands, ChargesOfAPatient) {
                    u"Hemodialysis..spKidney_ChargesbyPatient '104233'"_s);
 }
 
-TEST(MaintenanceCommands, PrintTableIsEmptiedWhole) {}
-
 TEST(MaintenanceCommands, LineOfADuplicate) {
     EXPECT_COMMAND(SaveDuplicateLineCommand({.code = u"HCHC001"_s,
                                              .amount = u"2800.00"_s,

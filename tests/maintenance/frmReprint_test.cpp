@@ -126,6 +126,16 @@ TEST_F(frmReprintTest, GridHasItsWidths) {
     EXPECT_EQ(widths, (std::vector<int>{1000, 2000, 1000, 3000, 1000, 1000, 1000, 500}));
 }
 
+TEST_F(frmReprintTest, NumbersStandOnTheRight) {
+    OpenPatient({line});
+    const auto& cells = Grid().Cells();
+    for (int col = 1; col < cells.Cols(); ++col) {
+        const auto alignment =
+            cells.data(cells.index(0, col - 1), Qt::TextAlignmentRole).value<Qt::Alignment>();
+        EXPECT_EQ(alignment.testFlag(Qt::AlignRight), col == 5 || col == 6) << col;
+    }
+}
+
 TEST_F(frmReprintTest, NullDescriptionAndZeroNumbersAreEmpty) {
     ReprintLine bare = line;
     bare.description = Value();

@@ -1,6 +1,5 @@
 #include "support/PrintQt.h"
 #include "support/ScreenTest.h"
-#include "text/RunTimeError.h"
 #include "toolkit/Controls.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Twips.h"

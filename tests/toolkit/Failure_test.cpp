@@ -263,7 +263,7 @@ TEST(Failure, ItsTextIsTheRunTimesNumberAndDescription) {
     EXPECT_EQ(Failure::TextOf(std::make_exception_ptr(7)), u"Unknown failure"_s);
 }
 
-TEST(Failure, AHandlerTakesFailuresInPlaceOfTheEnd) {
+TEST(Failure, AStandInTakesFailuresInPlaceOfTheEnd) {
     int taken = 0;
     const auto failures = Failure::EndSeam().Replace([&taken](const std::exception_ptr&, bool) { ++taken; });
     QTimer::singleShot(0, qApp, [] { throw RunTime::Error(RunTime::kNoCurrentRecord); });

@@ -3,6 +3,7 @@
 #include "toolkit/Focus.h"
 #include "toolkit/ShowModal.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QLineEdit>
 #include <QTest>
@@ -46,6 +47,30 @@ TEST_F(ShowModalTest, GivesTheActiveWindowAndTheFocusBack) {
     ShowModal(dialog);
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
     EXPECT_TRUE(second->hasFocus());
+}
+
+TEST_F(ShowModalTest, WindowIsAskedForAgainWhereTheDesktopHasLostTheRequest) {
+    QTimer::singleShot(0, &dialog, &QDialog::accept);
+    ShowModal(dialog);
+    QWidget other;
+    Activate(other);
+    other.hide();
+    ASSERT_EQ(QApplication::activeWindow(), nullptr);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
+}
+
+TEST_F(ShowModalTest, WindowIsNotAskedForAgainUnderTheNextModalWindow) {
+    QTimer::singleShot(0, &dialog, &QDialog::accept);
+    ShowModal(dialog);
+    QDialog next;
+    next.setAttribute(Qt::WA_ShowWithoutActivating);
+    next.setModal(true);
+    next.show();
+    QWidget other;
+    Activate(other);
+    other.hide();
+    QTest::qWait(400);
+    EXPECT_FALSE(window->isActiveWindow());
 }
 
 TEST_F(ShowModalTest, TwoInARowGiveTheFocusBackWhereTheFirstHadTakenItFrom) {

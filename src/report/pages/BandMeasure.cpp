@@ -98,7 +98,7 @@ void BandMeasure::Prepare(const BoundCell& cell, const TextPlace& place) {
         check.fixedPart = FixedPart(format);
         check.datesFit = WidestDate(font, format) <= check.width;
     } else if (cell.text.size() == 1 && check.safeDigits >= kLongestSum) {
-        // A sum that has room at its longest need not be added up to know that it does not wrap.
+        // A sum that has room at its longest need not be written out to know that it does not wrap.
         return;
     }
     mChecks.push_back(check);

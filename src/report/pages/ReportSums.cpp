@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -129,7 +130,8 @@ Value ReportSums::Of(size_t column, size_t firstRow, size_t endRow) const {
     const RowRun run{static_cast<quint32>(firstRow), static_cast<quint32>(endRow)};
     const auto at = std::ranges::lower_bound(mRuns, run);
     const auto of = std::ranges::find(mColumns, column);
-    Q_ASSERT(at != mRuns.end() && *at == run && of != mColumns.end());
+    if (at == mRuns.end() || *at != run || of == mColumns.end())
+        throw std::logic_error("A sum is asked for that was not added up.");
     const Sum& sum = mSums[static_cast<size_t>(of - mColumns.begin()) * mRuns.size() +
                            static_cast<size_t>(at - mRuns.begin())];
     if (!sum.fits)
