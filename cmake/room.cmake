@@ -25,6 +25,7 @@ function(tarven_tests name)
   add_executable(${name} ${sources})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${T_LINK} GTest::gmock tarven_warnings)
+  tarven_reads(${name} test)
   target_compile_definitions(${name} PRIVATE TARVEN_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
                                              TARVEN_BUILD_DIR="${PROJECT_BINARY_DIR}")
   set(leaks leaks.txt)
