@@ -32,9 +32,14 @@ constexpr std::chrono::minutes kLongestWait(10);
 constexpr std::chrono::seconds kWaitForAnotherMachine(3);
 constexpr std::chrono::milliseconds kOneWait(50);
 
-/// What the scripts of one folder say, whatever their comments and blanks.
+/// How values lie in the file; another number when that changes, so that no file is read in a form that it
+/// has not.
+constexpr auto kForm = "2"_L1;
+
+/// What the scripts of one folder say, whatever their comments and blanks, and the form of the values.
 QString Digest(const std::vector<Script>& scripts, QLatin1StringView folder) {
     QCryptographicHash hash(QCryptographicHash::Sha256);
+    hash.addData(QByteArrayView(kForm));
     for (const Script& script : scripts) {
         if (!script.name.startsWith(folder))
             continue;

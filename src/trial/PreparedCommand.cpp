@@ -3,7 +3,7 @@
 #include "text/Clock.h"
 #include "trial/sqlite/Transaction.h"
 #include "tsql/DateText.h"
-#include "tsql/Decimals.h"
+#include "tsql/Units.h"
 
 #include <array>
 #include <sqlite3.h>
@@ -18,6 +18,12 @@ QByteArrayView ColumnText(sqlite3_stmt* row, int column) {
     return {bytes, sqlite3_column_bytes(row, column)};
 }
 
+Units ColumnUnits(sqlite3_stmt* row, int column, const SqlType& type) {
+    return ReadUnits(type.IsWide() ? Cell(ColumnText(row, column).toByteArray())
+                                   : Cell(qint64(sqlite3_column_int64(row, column))),
+                     type);
+}
+
 Value ColumnValue(sqlite3_stmt* row, int column, const SqlType& type) {
     if (sqlite3_column_type(row, column) == SQLITE_NULL)
         return {};
@@ -29,7 +35,7 @@ Value ColumnValue(sqlite3_stmt* row, int column, const SqlType& type) {
         return static_cast<qint64>(sqlite3_column_int64(row, column));
     case SqlType::Kind::Money:
     case SqlType::Kind::Decimal:
-        return Decimal{QString::fromLatin1(DecimalText(sqlite3_column_double(row, column), type.scale))};
+        return Decimal{QString::fromLatin1(UnitsText(ColumnUnits(row, column, type), type.scale))};
     case SqlType::Kind::Float:
         return sqlite3_column_double(row, column);
     case SqlType::Kind::Date:
@@ -46,13 +52,13 @@ class RepeatedValues {
   public:
     Value Read(sqlite3_stmt* row, int column, const SqlType& type) {
         const int stored = sqlite3_column_type(row, column);
-        if (stored == SQLITE_INTEGER || stored == SQLITE_NULL || type.kind == SqlType::Kind::Float)
+        const bool units = stored == SQLITE_INTEGER && type.IsFixed();
+        if (stored == SQLITE_NULL || (stored != SQLITE_TEXT && !units))
             return ColumnValue(row, column, type);
-        const double number = stored == SQLITE_FLOAT ? sqlite3_column_double(row, column) : 0;
+        const qint64 number = units ? sqlite3_column_int64(row, column) : 0;
         const QByteArrayView bytes =
-            stored == SQLITE_FLOAT
-                ? QByteArrayView(reinterpret_cast<const char*>(&number), qsizetype(sizeof number))
-                : ColumnText(row, column);
+            units ? QByteArrayView(reinterpret_cast<const char*>(&number), qsizetype(sizeof number))
+                  : ColumnText(row, column);
         Known& known = mKnown[qHash(bytes) % kSlots];
         if (known.value.IsNull() || known.stored != stored || known.bytes != bytes)
             known = {stored, bytes.toByteArray(), ColumnValue(row, column, type)};

@@ -12,6 +12,7 @@ namespace {
 /// The value of a literal, as the parameter's type holds it.
 Cell LiteralValue(const Expression& expression, const SqlType& type) {
     const auto literal = ExpressionTranslator::Literal(expression);
+    RequireConvertible(literal->type, type, false);
     return Convert(*literal->constant, literal->type, type, ConversionPlace::Parameter);
 }
 

@@ -1,5 +1,8 @@
 #include "tsql/ArithmeticType.h"
 
+#include "tsql/ServerError.h"
+#include "tsql/Units.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -7,7 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kMostDigits = 38;
 constexpr int kLeastScale = 6;
 
 SqlType FittedDecimal(int precision, int scale) {
@@ -32,8 +34,10 @@ SqlType DecimalResult(QChar sign, const SqlType& a, const SqlType& b) {
         return FittedDecimal(std::min(a.precision - a.scale, b.precision - b.scale) + scale, scale);
     }
     default: {
+        // Here the digits before the point keep their places, and those behind it have the rest.
         const int scale = std::max(a.scale, b.scale);
-        return FittedDecimal(whole + scale + 1, scale);
+        const int precision = std::min(whole + scale + 1, kMostDigits);
+        return SqlType::Decimal(precision, std::min(scale, kMostDigits - whole));
     }
     }
 }
@@ -41,30 +45,51 @@ SqlType DecimalResult(QChar sign, const SqlType& a, const SqlType& b) {
 } // namespace
 
 SqlType ArithmeticType(QChar sign, const SqlType& left, const SqlType& right) {
-    if (left.IsNull() || right.IsNull())
-        return left.IsNull() ? right : left;
     const SqlType& higher = left.kind >= right.kind ? left : right;
-    if (higher.kind == SqlType::Kind::Decimal)
+    const bool withNull = left.IsNull() || right.IsNull();
+    if (higher.kind == SqlType::Kind::Decimal && !withNull)
         return DecimalResult(sign, left, right);
-    return higher.kind == SqlType::Kind::Bit ? SqlType::Int() : higher;
+    if (higher.kind == SqlType::Kind::Bit)
+        return SqlType::Int();
+    return higher.IsWhole() ? AnyWhole(higher) : higher;
+}
+
+SqlType SumType(const SqlType& type) {
+    return type.kind == SqlType::Kind::Money ? type : SqlType::Decimal(kMostDigits, type.scale);
+}
+
+SqlType AverageType(const SqlType& type) {
+    return type.kind == SqlType::Kind::Money
+               ? type
+               : SqlType::Decimal(kMostDigits, std::max(type.scale, kLeastScale));
 }
 
 std::pair<Cell, SqlType> NumberLiteral(const QString& text) {
-    if (text.contains(u'e', Qt::CaseInsensitive))
-        return {text.toDouble(), SqlType::Float()};
-    bool whole = false;
-    const qint64 number = text.toLongLong(&whole);
-    if (whole) {
-        const bool fits = number <= std::numeric_limits<qint32>::max();
-        SqlType type = fits ? SqlType::Int() : SqlType::BigInt();
-        // Beside a decimal a literal counts with the digits that it has, not with those that an int may have.
-        type.precision = static_cast<int>(QString::number(number).size());
-        return {number, type};
+    if (text.contains(u'e', Qt::CaseInsensitive)) {
+        bool fits = false;
+        const double number = text.toDouble(&fits);
+        if (!fits)
+            throw ServerError(Fault::FloatOutOfRange, {text});
+        return {number, SqlType::Float()};
     }
     const qsizetype point = text.indexOf(u'.');
     const int scale = point < 0 ? 0 : static_cast<int>(text.size() - point - 1);
-    const int digits = static_cast<int>(text.size()) - (point < 0 ? 0 : 1);
-    return {text.toDouble(), SqlType::Decimal(std::max(digits, 1), scale)};
+    // A literal counts with the digits that it has, not with those that its type may have.
+    qsizetype zeros = 0;
+    while (zeros < text.size() && text[zeros] == u'0')
+        ++zeros;
+    const int whole = static_cast<int>((point < 0 ? text.size() : point) - zeros);
+    const int digits = std::max(whole + scale, 1);
+    const auto units = digits > kMostDigits ? std::nullopt : ReadFixed(text.toLatin1(), scale).units;
+    if (!units)
+        throw ServerError(Fault::NumberTooLong, {text});
+    if (point < 0 && *units <= std::numeric_limits<qint32>::max()) {
+        SqlType type = SqlType::Int();
+        type.precision = digits;
+        return {static_cast<qint64>(*units), type};
+    }
+    const SqlType type = SqlType::Decimal(digits, scale);
+    return {UnitsCell(*units, type).value_or(Cell()), type};
 }
 
 QString OperatorName(QChar sign) {

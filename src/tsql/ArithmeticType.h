@@ -12,8 +12,12 @@
 /// other's type.
 SqlType ArithmeticType(QChar sign, const SqlType& left, const SqlType& right);
 
-/// The value and type of a number as written: int or bigint for whole ones, decimal with a point, float with
-/// an exponent.
+/// The types of SUM and AVG of money or decimals.
+SqlType SumType(const SqlType& type);
+SqlType AverageType(const SqlType& type);
+
+/// The value and type of a number as written: int for whole ones, decimal with a point or beyond an int,
+/// float with an exponent. Raises 168 and 1007 for a float or decimal beyond all of its kind.
 std::pair<Cell, SqlType> NumberLiteral(const QString& text);
 
 /// The operator's name in the server's error texts, "add" for "+".

@@ -3,6 +3,7 @@
 #include "tsql/DateText.h"
 #include "tsql/Decimals.h"
 #include "tsql/ServerError.h"
+#include "tsql/Units.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,7 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kMoneyLimit = 922337203685477.5807;
 // Days from the run-time's day 0 to the server's, 1900-01-01.
 constexpr int kDaysToServerZero = 2;
 // The server's calendar, from 1753-01-01 until before 10000-01-01, in days from 1900-01-01.
@@ -57,7 +57,15 @@ class Conversion {
 
     static const QByteArray& TextOf(const Cell& value) { return std::get<QByteArray>(value); }
 
-    static double NumberOf(const Cell& value) {
+    /// A date is its days since 1900-01-01.
+    double NumberOf(const Cell& value) const {
+        if (mFrom.IsDate()) {
+            const qint64 sinceZero =
+                FromStored(TextOf(value)).Milliseconds() - kDaysToServerZero * DateTime::kDay;
+            return double(sinceZero) / double(DateTime::kDay);
+        }
+        if (mFrom.IsFixed())
+            return UnitsToDouble(ReadUnits(value, mFrom), mFrom.scale);
         const auto* whole = std::get_if<qint64>(&value);
         return whole ? double(*whole) : std::get<double>(value);
     }
@@ -70,9 +78,20 @@ class Conversion {
         if (mFrom.IsWhole())
             return QByteArray::number(std::get<qint64>(value));
         if (mFrom.kind == SqlType::Kind::Float)
-            return QByteArray::number(NumberOf(value), 'g', 6);
+            return FloatToText(std::get<double>(value));
+        const Units units = ReadUnits(value, mFrom);
         // Kept: the server shows money with two decimals unless it is asked otherwise.
-        return DecimalText(NumberOf(value), mFrom.kind == SqlType::Kind::Money ? 2 : mFrom.scale);
+        return mFrom.kind == SqlType::Kind::Money ? UnitsText(*Rescaled(units, mFrom.scale, 2), 2)
+                                                  : UnitsText(units, mFrom.scale);
+    }
+
+    /// Six digits; an exponent has three.
+    static QByteArray FloatToText(double number) {
+        QByteArray text = QByteArray::number(number, 'g', 6);
+        const qsizetype exponent = text.indexOf('e');
+        if (exponent >= 0 && text.size() - exponent == 4)
+            text.insert(exponent + 2, '0');
+        return text;
     }
 
     QByteArray DateToText(DateTime moment) const {
@@ -91,16 +110,30 @@ class Conversion {
             return text;
         const qint64 count = CountCharacters(text);
         if (count > mTo.length) {
-            if (!mFrom.IsText() && mPlace != ConversionPlace::Parameter)
-                RaiseOverflow();
+            if (mFrom.IsNumber() && mPlace != ConversionPlace::Parameter)
+                return Padded(TooShortFor(text));
             const QByteArray kept = FirstCharacters(text, mTo.length);
             const bool onlyBlanksLost = text.sliced(kept.size()).trimmed().isEmpty();
             if (mPlace == ConversionPlace::Column && !onlyBlanksLost)
                 throw ServerError(Fault::TextTruncated);
             return kept;
         }
+        return Padded(text);
+    }
+
+    /// What a number becomes that its text has no room for.
+    QByteArray TooShortFor(const QByteArray& text) const {
+        const bool national = mTo.kind == SqlType::Kind::NVarChar;
+        if (mFrom.kind == SqlType::Kind::Int && !national)
+            return "*";
+        if (mFrom.kind == SqlType::Kind::Bit)
+            return FirstCharacters(text, mTo.length);
+        RaiseOverflow();
+    }
+
+    QByteArray Padded(QByteArray text) const {
         if (mTo.kind == SqlType::Kind::Char)
-            text.append(mTo.length - count, ' ');
+            text.append(mTo.length - CountCharacters(text), ' ');
         return text;
     }
 
@@ -143,44 +176,66 @@ class Conversion {
     }
 
     Cell ToFixed(const Cell& value) const {
-        const double exact = mFrom.IsText() ? TextToFixed(TextOf(value)) : NumberOf(value);
-        const double number = RoundToScale(exact, mTo.scale);
-        const double limit =
-            mTo.kind == SqlType::Kind::Money ? kMoneyLimit : std::pow(10.0, mTo.precision - mTo.scale);
-        if (std::fabs(number) >= limit)
+        const auto units = UnitsOf(value);
+        const auto fixed = units ? UnitsCell(*units, mTo) : std::nullopt;
+        if (!fixed)
             RaiseOverflow();
-        return number;
+        return *fixed;
     }
 
-    double TextToFixed(const QByteArray& text) const {
-        QByteArray digits = text.trimmed();
-        if (mTo.kind == SqlType::Kind::Money) {
-            if (digits.isEmpty())
-                return 0;
-            digits.replace(",", "");
-            const qsizetype currency = digits.startsWith('-') || digits.startsWith('+') ? 1 : 0;
-            if (digits.size() > currency && digits[currency] == '$')
-                digits.remove(currency, 1);
-        }
-        const auto number = ReadNumber(digits, false);
-        if (!number && mTo.kind == SqlType::Kind::Money)
+    /// The value in units of the new type; nothing where they would be too many.
+    std::optional<Units> UnitsOf(const Cell& value) const {
+        if (mFrom.IsText())
+            return TextToUnits(TextOf(value));
+        if (mFrom.IsFixed() || mFrom.IsWhole())
+            return Rescaled(ReadUnits(value, mFrom), mFrom.scale, mTo.scale);
+        return DoubleToUnits(NumberOf(value), mTo.scale);
+    }
+
+    std::optional<Units> TextToUnits(const QByteArray& text) const {
+        const bool money = mTo.kind == SqlType::Kind::Money;
+        const QByteArray digits = money ? WithoutMoneySigns(text) : text.trimmed();
+        // Kept: what is left of "-", "." or "$" is no money, and the server calls it 0.
+        if (money && (digits.isEmpty() || digits == "-" || digits == "+" || digits == "."))
+            return 0;
+        const FixedText read = ReadFixed(digits, mTo.scale);
+        if (!read.isNumber && money)
             Raise(Fault::TextToMoney);
-        if (!number)
+        if (!read.isNumber)
             RaiseNoNumber();
-        return *number;
+        return read.units;
+    }
+
+    static QByteArray WithoutMoneySigns(const QByteArray& text) {
+        QByteArray digits = text.trimmed();
+        digits.replace(",", "");
+        const qsizetype currency = digits.startsWith('-') || digits.startsWith('+') ? 1 : 0;
+        if (digits.size() > currency && digits[currency] == '$')
+            digits.remove(currency, 1);
+        return digits;
     }
 
     Cell ToWhole(const Cell& value) const {
         if (mFrom.IsText())
             return TextToWhole(TextOf(value));
+        if (mFrom.IsDate() || mFrom.kind == SqlType::Kind::Float)
+            return RealToWhole(NumberOf(value));
+        const Units units = ReadUnits(value, mFrom);
         if (mTo.kind == SqlType::Kind::Bit)
-            return qint64(NumberOf(value) != 0);
-        if (const auto* whole = std::get_if<qint64>(&value))
-            return InRange(*whole);
+            return qint64(units != 0);
         // Kept: the server rounds money to a whole number and cuts the decimals of everything else.
-        const double number = NumberOf(value);
-        const double whole =
-            mFrom.kind == SqlType::Kind::Money ? RoundToScale(number, 0) : std::trunc(number);
+        const Units cut = mFrom.kind == SqlType::Kind::Money ? units : CutBehind(units, mFrom.scale, 0);
+        const auto whole = UnitsCell(*Rescaled(cut, mFrom.scale, 0), SqlType::Money());
+        if (!whole)
+            RaiseOverflow();
+        return InRange(std::get<qint64>(*whole));
+    }
+
+    Cell RealToWhole(double number) const {
+        if (mTo.kind == SqlType::Kind::Bit)
+            return qint64(number != 0);
+        // From noon on a moment counts as the next day.
+        const double whole = mFrom.IsDate() ? std::floor(number + 0.5) : std::trunc(number);
         if (!(std::fabs(whole) < 9.2e18))
             RaiseOverflow();
         return InRange(static_cast<qint64>(whole));
@@ -224,6 +279,15 @@ class Conversion {
 
 } // namespace
 
+void RequireConvertible(const SqlType& from, const SqlType& to, bool asked) {
+    const bool dayAndNumber = (from.kind == SqlType::Kind::Date && to.IsNumber()) ||
+                              (from.IsNumber() && to.kind == SqlType::Kind::Date);
+    if (dayAndNumber)
+        throw ServerError(asked ? Fault::ExplicitConversion : Fault::OperandClash, {from.Name(), to.Name()});
+    if (from.kind == SqlType::Kind::DateTime && to.IsNumber() && !asked)
+        throw ServerError(Fault::ImplicitConversion, {from.Name(), to.Name()});
+}
+
 Cell Convert(const Cell& value, const SqlType& from, const SqlType& to, ConversionPlace place, int style) {
     return Conversion(from, to, place, style).Run(value);
 }
@@ -238,11 +302,15 @@ bool SameForm(const SqlType& from, const SqlType& to) {
         return fits && (to.kind != SqlType::Kind::Char ||
                         (from.kind == SqlType::Kind::Char && from.length == to.length));
     }
-    if (from.kind == SqlType::Kind::Decimal && to.kind == SqlType::Kind::Decimal)
-        return from.scale <= to.scale && from.precision - from.scale <= to.precision - to.scale;
+    if (to.kind == SqlType::Kind::Decimal) {
+        const bool units = from.kind == SqlType::Kind::Decimal || from.kind == SqlType::Kind::Int ||
+                           from.kind == SqlType::Kind::Bit;
+        return units && from.scale == to.scale && from.precision <= to.precision &&
+               from.IsWide() == to.IsWide();
+    }
     if (from.IsWhole() && to.IsWhole())
         return from.kind <= to.kind;
-    return from.kind == to.kind || (from.IsNumber() && to.kind == SqlType::Kind::Float);
+    return from.kind == to.kind;
 }
 
 qint64 CountCharacters(QByteArrayView text) {

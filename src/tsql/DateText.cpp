@@ -119,7 +119,9 @@ class DateReader {
         const bool marked = IsMark(mAt + 1, "/-.");
         if (IsNumber(mAt) && marked && !IsWord(mAt + 2))
             return ReadNumericDate();
-        if (IsNumber(mAt) && !marked && !IsWord(mAt + 1))
+        // In "2026 21 Nov" the year's number is no run of digits that stands for a date of its own.
+        const bool namedBehind = IsNumber(mAt + 1) && IsWord(mAt + 2) && !IsHalfOfDay(mAt + 2);
+        if (IsNumber(mAt) && !marked && !IsWord(mAt + 1) && !namedBehind)
             return ReadRunOfDigits();
         return ReadNamedMonth();
     }
@@ -176,8 +178,14 @@ class DateReader {
             named = true;
             ++mAt;
         }
-        if (!named || numbers.size() != 2)
+        if (!named || numbers.empty())
             return false;
+        if (numbers.size() == 1) {
+            // A month and its year alone mean the first day.
+            SetYear(numbers[0]);
+            mFields.day = 1;
+            return numbers[0].text.size() == 4;
+        }
         const bool yearFirst = numbers[0].text.size() == 4;
         SetYear(numbers[yearFirst ? 0 : 1]);
         mFields.day = numbers[yearFirst ? 1 : 0].number;

@@ -32,9 +32,9 @@ struct ServerDate {
 };
 
 /// Reads a text as the server does in its usual settings (language us_english): "mm/dd/yyyy" with "/", "-" or
-/// ".", "yyyy-mm-dd", "yyyymmdd", a year alone, month names before or behind the day, each with or without a
-/// time "hh:mm[:ss[.fff]] [AM|PM]", and a time alone, which lies on 1900-01-01. A blank text is 1900-01-01.
-/// Two-digit years up to 49 lie in the 2000s.
+/// ".", "yyyy-mm-dd", "yyyymmdd", a year alone, month names before or behind the day, or with a year alone,
+/// each with or without a time "hh:mm[:ss[.fff]] [AM|PM]", and a time alone, which lies on 1900-01-01. A
+/// blank text is 1900-01-01. Two-digit years up to 49 lie in the 2000s.
 ServerDate ReadServerDate(QByteArrayView text);
 
 /// A moment as CONVERT writes it in one of the server's styles: 0 and 100 "Nov 21 2026  2:02PM", 101

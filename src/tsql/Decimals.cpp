@@ -1,7 +1,5 @@
 #include "tsql/Decimals.h"
 
-#include <QtGlobal>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -35,7 +33,33 @@ double WholeUnits(double value, int scale, double offset) {
     return std::floor(units + nudge + offset);
 }
 
-/// Digits, point and sign are where they may be; the C library would also take "inf", "nan" and hexadecimals.
+} // namespace
+
+double RoundToScale(double value, int scale) {
+    if (scale < 0)
+        return RoundLeftOfPoint(value, -scale);
+    if (!HasDigitsBehind(value, scale))
+        return value;
+    const double rounded = WholeUnits(value, scale, 0.5) / Power(scale);
+    return value < 0 && rounded != 0 ? -rounded : rounded;
+}
+
+double TruncateToScale(double value, int scale) {
+    if (scale < 0)
+        return std::trunc(value / Power(-scale)) * Power(-scale);
+    if (!HasDigitsBehind(value, scale))
+        return value;
+    const double cut = WholeUnits(value, scale, 0.0) / Power(scale);
+    return value < 0 && cut != 0 ? -cut : cut;
+}
+
+std::optional<qint64> NearUnits(double value, int scale) {
+    if (!HasDigitsBehind(value, scale))
+        return std::nullopt;
+    const auto units = static_cast<qint64>(WholeUnits(value, scale, 0.5));
+    return value < 0 ? -units : units;
+}
+
 bool IsPlainNumber(QByteArrayView text, bool withExponent) {
     qsizetype i = 0;
     const auto digits = [&] {
@@ -58,45 +82,6 @@ bool IsPlainNumber(QByteArrayView text, bool withExponent) {
             return false;
     }
     return found > 0 && i == text.size();
-}
-
-} // namespace
-
-double RoundToScale(double value, int scale) {
-    if (scale < 0)
-        return RoundLeftOfPoint(value, -scale);
-    if (!HasDigitsBehind(value, scale))
-        return value;
-    const double rounded = WholeUnits(value, scale, 0.5) / Power(scale);
-    return value < 0 && rounded != 0 ? -rounded : rounded;
-}
-
-double TruncateToScale(double value, int scale) {
-    if (scale < 0)
-        return std::trunc(value / Power(-scale)) * Power(-scale);
-    if (!HasDigitsBehind(value, scale))
-        return value;
-    const double cut = WholeUnits(value, scale, 0.0) / Power(scale);
-    return value < 0 && cut != 0 ? -cut : cut;
-}
-
-QByteArray DecimalText(double value, int scale) {
-    if (!HasDigitsBehind(value, scale))
-        return QByteArray::number(value, 'f', scale);
-    auto units = static_cast<quint64>(WholeUnits(value, scale, 0.5));
-    std::array<char, 40> digits{};
-    char* begin = digits.end();
-    int written = 0;
-    while (units > 0 || written <= scale) {
-        if (written == scale && scale > 0)
-            *--begin = '.';
-        *--begin = static_cast<char>('0' + units % 10);
-        units /= 10;
-        ++written;
-    }
-    if (value < 0 && WholeUnits(value, scale, 0.5) > 0)
-        *--begin = '-';
-    return {begin, digits.end() - begin};
 }
 
 std::optional<double> ReadNumber(QByteArrayView text, bool withExponent) {

@@ -49,6 +49,8 @@ constexpr std::array kTexts = std::to_array<FaultText>({
     {Fault::UnknownDatePart, "42000", "'%1' is not a recognized %2 option."},
     {Fault::IncorrectSyntaxNearKeyword, "42000", "Incorrect syntax near the keyword '%1'."},
     {Fault::ArgumentCount, "42000", "The %1 function requires %2 argument(s)."},
+    {Fault::FloatOutOfRange, "42000",
+     "The floating point value '%1' is out of the range of computer representation (8 bytes)."},
     {Fault::TooDeep, "42000",
      "Some part of your SQL statement is nested too deeply. Rewrite the query or break "
      "it up into smaller queries."},
@@ -72,6 +74,9 @@ constexpr std::array kTexts = std::to_array<FaultText>({
     {Fault::ConversionFailed, "22018",
      "Conversion failed when converting the %1 value '%2' to data type %3."},
     {Fault::TextOverflow, "22003", "The conversion of the %1 value '%2' overflowed an %3 column."},
+    {Fault::ImplicitConversion, "42000",
+     "Implicit conversion from data type %1 to %2 is not allowed. Use the CONVERT function to run this "
+     "query."},
     {Fault::DuplicateColumn, "42000",
      "The column name '%1' is specified more than once in the SET clause or column list "
      "of an INSERT. A column cannot be assigned more than one value in the same clause."},
@@ -81,6 +86,11 @@ constexpr std::array kTexts = std::to_array<FaultText>({
     {Fault::UnknownCollation, "42000", "Invalid collation '%1'."},
     {Fault::NullNotAllowed, "23000",
      "Cannot insert the value NULL into column '%1', table '%2'; column does not allow nulls."},
+    {Fault::DateAddOverflow, "22007", "Adding a value to a '%1' column caused an overflow."},
+    {Fault::ExplicitConversion, "42000", "Explicit conversion from data type %1 to %2 is not allowed."},
+    {Fault::DateDiffOverflow, "22003",
+     "The datediff function resulted in an overflow. The number of dateparts separating two date/time "
+     "instances is too large. Try to use datediff with a less precise datepart."},
     {Fault::IdentityInsert, "23000",
      "Cannot insert explicit value for identity column in table '%1' when "
      "IDENTITY_INSERT is set to OFF."},
@@ -93,6 +103,8 @@ constexpr std::array kTexts = std::to_array<FaultText>({
     {Fault::OtherVersion, "HY000",
      "The hospital's file '%1' was made by another version of this program and cannot be "
      "used by this one."},
+    {Fault::NumberTooLong, "42000",
+     "The number '%1' is out of the range for numeric representation (maximum precision 38)."},
     {Fault::NamedTwice, "42000", "The correlation name '%1' is specified multiple times in a FROM clause."},
     {Fault::OrderByInSubquery, "42000",
      "The ORDER BY clause is invalid in views, inline functions, derived tables, subqueries, and "

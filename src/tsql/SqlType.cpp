@@ -74,6 +74,12 @@ QString CollationName() {
     return u"SQL_Latin1_General_CP1_CI_AS"_s;
 }
 
+SqlType AnyWhole(const SqlType& type) {
+    return type.kind == SqlType::Kind::Bit   ? SqlType::Bit()
+           : type.kind == SqlType::Kind::Int ? SqlType::Int()
+                                             : SqlType::BigInt();
+}
+
 SqlType CommonType(const SqlType& a, const SqlType& b) {
     if (a.IsText() && b.IsText()) {
         SqlType wider = std::max(a.kind, b.kind) == a.kind ? a : b;
@@ -86,6 +92,8 @@ SqlType CommonType(const SqlType& a, const SqlType& b) {
     }
     const SqlType& higher = a.kind >= b.kind ? a : b;
     const SqlType& lower = a.kind >= b.kind ? b : a;
+    if (higher.IsWhole())
+        return AnyWhole(higher);
     if (higher.kind != SqlType::Kind::Decimal || !lower.IsNumber())
         return higher;
     const int scale = std::max(a.scale, b.scale);

@@ -27,6 +27,9 @@ struct SqlType {
     /// The length of a text that may be of any length.
     static constexpr int kUnbounded = -1;
 
+    /// The most digits that a whole number of 64 bits holds, whichever they are.
+    static constexpr int kNarrowDigits = 18;
+
     Kind kind = Kind::Null;
     /// Characters of a text.
     int length = kUnbounded;
@@ -54,6 +57,8 @@ struct SqlType {
     bool IsWhole() const { return kind == Kind::Bit || kind == Kind::Int || kind == Kind::BigInt; }
     /// Money and decimal: a fixed number of digits behind the point.
     bool IsFixed() const { return kind == Kind::Money || kind == Kind::Decimal; }
+    /// A decimal whose units a whole number of 64 bits may not hold.
+    bool IsWide() const { return kind == Kind::Decimal && precision > kNarrowDigits; }
     bool IsNumber() const { return IsWhole() || IsFixed() || kind == Kind::Float; }
     bool IsDate() const { return kind == Kind::Date || kind == Kind::DateTime; }
 
@@ -69,6 +74,9 @@ struct SqlType {
 
 /// The name of the hospital's collation, in its scripts and in its file.
 QString CollationName();
+
+/// The type of a whole number whose digits are not known: the same kind with all the digits that it may have.
+SqlType AnyWhole(const SqlType& type);
 
 /// The type in which two expressions meet in a comparison, a CASE or a COALESCE.
 SqlType CommonType(const SqlType& a, const SqlType& b);

@@ -62,6 +62,13 @@ TEST_F(WardRequests, AgeCountsWholeYears) {
     EXPECT_EQ(Queue().front()[15], u"45"_s);
 }
 
+TEST_F(WardRequests, ABirthDateInTheFutureDoesNotKeepTheQueueFromTheScreen) {
+    const size_t requests = Queue().size();
+    Run(u"UPDATE PATIENT_DATA..tbmaster SET BirthDate = '21991121'"_s);
+    EXPECT_EQ(Queue().size(), requests);
+    EXPECT_EQ(Queue().front()[15], u"*"_s);
+}
+
 TEST_F(WardRequests, ComeFromAtLeastThreeStationsAndTwiceFromOnePatient) {
     QStringList stations = Column(Queue(), 11);
     stations.removeDuplicates();

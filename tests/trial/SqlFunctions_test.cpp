@@ -24,9 +24,3 @@ TEST_F(SharedHospital, AFunctionThatFailsInAWayOfItsOwnIsAnErrorOfItsStatement) 
     EXPECT_EQ(RowTexts(Gateway(), u"select ChargeSlip from Clinical_Area..tbSlip"_s), QStringList{u"100"_s})
         << "the connection goes on";
 }
-
-TEST_F(SharedHospital, ASumThatRunsOverIsTheServersError) {
-    const QString sql = u"SELECT tv_sum(x, 4) FROM (SELECT 9e14 AS x UNION ALL SELECT 9e14)"_s;
-    EXPECT_EQ(FailureOfSql(Gateway(), sql).number, 8115);
-    EXPECT_EQ(FailureOfSql(Gateway(), u"SELECT tv_sum(1e300, 4)"_s).number, 8115);
-}

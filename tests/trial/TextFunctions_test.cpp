@@ -26,7 +26,8 @@ TEST(TextFunctions, SetsOfAPattern) {
     EXPECT_TRUE(MatchesPattern("Ñ", "[n-o]"));
     EXPECT_TRUE(MatchesPattern("d", "[^a-c]"));
     EXPECT_FALSE(MatchesPattern("B", "[^a-c]"));
-    EXPECT_TRUE(MatchesPattern("b", "[abc")) << "a set that nothing closes reaches to the end";
+    EXPECT_FALSE(MatchesPattern("b", "[abc")) << "a set that nothing closes has nothing in it";
+    EXPECT_FALSE(MatchesPattern("d", "[^abc"));
 }
 
 TEST(TextFunctions, CharactersAreCountedAndNotBytes) {

@@ -31,17 +31,20 @@ TEST(ConvertText, ToNumbers) {
     EXPECT_EQ(FromText("-12", SqlType::Int()), Cell(qint64(-12)));
     EXPECT_EQ(FromText("+7", SqlType::BigInt()), Cell(qint64(7)));
     EXPECT_EQ(FromText("2", SqlType::Bit()), Cell(qint64(1)));
-    EXPECT_EQ(FromText("$1,234.56789", SqlType::Money()), Cell(1234.5679));
-    EXPECT_EQ(FromText("-$5", SqlType::Money()), Cell(-5.0));
+    EXPECT_EQ(FromText("$1,234.56789", SqlType::Money()), Cell(qint64(12345679)));
+    EXPECT_EQ(FromText("-$5", SqlType::Money()), Cell(qint64(-50000)));
+    for (const char* text : {"-", "+", ".", ",", "$", "-$"})
+        EXPECT_EQ(FromText(text, SqlType::Money()), Cell(qint64(0))) << text;
+    EXPECT_EQ(FromText("922337203685477.5807", SqlType::Money()), Cell(qint64(9223372036854775807)));
     EXPECT_EQ(FromText("1.5e3", SqlType::Float()), Cell(1500.0));
-    EXPECT_EQ(FromText("9.995", SqlType::Decimal(9, 2)), Cell(10.0));
+    EXPECT_EQ(FromText("9.995", SqlType::Decimal(9, 2)), Cell(qint64(1000)));
 }
 
 TEST(ConvertText, EmptyIsZeroForAllNumbersButDecimals) {
     for (const SqlType& type : {SqlType::Int(), SqlType::BigInt(), SqlType::Bit()})
         EXPECT_EQ(FromText("  ", type), Cell(qint64(0)));
-    for (const SqlType& type : {SqlType::Money(), SqlType::Float()})
-        EXPECT_EQ(FromText("", type), Cell(0.0));
+    EXPECT_EQ(FromText("", SqlType::Money()), Cell(qint64(0)));
+    EXPECT_EQ(FromText("", SqlType::Float()), Cell(0.0));
     EXPECT_EQ(FailureNumber(Text(""), SqlType::Text(), SqlType::Decimal(9, 2)), 8114);
 }
 
@@ -54,7 +57,7 @@ TEST(ConvertText, RubbishHasTheErrorOfItsPlace) {
          {Rubbish{SqlType::Int(), 245}, Rubbish{SqlType::Bit(), 245}, Rubbish{SqlType::Money(), 235},
           Rubbish{SqlType::Float(), 8114}, Rubbish{SqlType::Decimal(9, 2), 8114},
           Rubbish{SqlType::DateTime(), 241}}) {
-        for (const char* text : {"x", "1x", "--1", "-", "1 2"}) {
+        for (const char* text : {"x", "1x", "--1", "--", "1 2"}) {
             EXPECT_EQ(FailureNumber(Text(text), SqlType::Text(), rubbish.type), rubbish.number) << text;
             EXPECT_EQ(FailureNumber(Text(text), SqlType::Text(), rubbish.type, kParameter), 8114) << text;
         }
@@ -80,10 +83,13 @@ TEST(ConvertText, TooLongTextsAreCutOrRefused) {
 TEST(ConvertNumber, ToTexts) {
     const SqlType text = SqlType::Text(20);
     EXPECT_EQ(Convert(qint64(-7), SqlType::Int(), text, kExpression), Text("-7"));
-    EXPECT_EQ(Convert(12.5, SqlType::Money(), text, kExpression), Text("12.50"));
-    EXPECT_EQ(Convert(12.5, SqlType::Decimal(9, 3), text, kExpression), Text("12.500"));
+    EXPECT_EQ(Convert(qint64(125000), SqlType::Money(), text, kExpression), Text("12.50"));
+    EXPECT_EQ(Convert(qint64(12500), SqlType::Decimal(9, 3), text, kExpression), Text("12.500"));
     EXPECT_EQ(Convert(1.0 / 3, SqlType::Float(), text, kExpression), Text("0.333333"));
-    EXPECT_EQ(FailureNumber(qint64(123), SqlType::Int(), SqlType::Text(2)), 8115);
+    EXPECT_EQ(Convert(qint64(123), SqlType::Int(), SqlType::Text(2), kExpression), Text("*"));
+    EXPECT_EQ(Convert(qint64(123), SqlType::Int(), SqlType{SqlType::Kind::Char, 2, 0, 0}, kColumn),
+              Text("* "));
+    EXPECT_EQ(FailureNumber(qint64(123), SqlType::BigInt(), SqlType::Text(2)), 8115);
 }
 
 TEST(ConvertDate, BetweenItsTypes) {
@@ -97,6 +103,20 @@ TEST(ConvertDate, BetweenItsTypes) {
               Text("11/21/2026"));
     EXPECT_EQ(Convert(Text("2026-11-21"), SqlType::Date(), SqlType::Text(30), kExpression, 120),
               Text("2026-11-21"));
+}
+
+TEST(ConvertDate, CutInAnExpressionAndRefusedByAColumn) {
+    const Cell day = Text("2026-11-21");
+    EXPECT_EQ(Convert(day, SqlType::Date(), SqlType::Text(4), kExpression), Text("2026"));
+    EXPECT_EQ(FailureNumber(day, SqlType::Date(), SqlType::Text(4), kColumn), 8152);
+}
+
+TEST(ConvertDate, ToNumbers) {
+    const Cell noon = Text("1900-01-03 12:00:00.000");
+    EXPECT_EQ(Convert(noon, SqlType::DateTime(), SqlType::Int(), kExpression), Cell(qint64(3)));
+    EXPECT_EQ(Convert(noon, SqlType::DateTime(), SqlType::Float(), kExpression), Cell(2.5));
+    EXPECT_EQ(Convert(noon, SqlType::DateTime(), SqlType::Money(), kExpression), Cell(qint64(25000)));
+    EXPECT_EQ(Convert(noon, SqlType::DateTime(), SqlType::Bit(), kExpression), Cell(qint64(1)));
 }
 
 TEST(ConvertNull, StaysNull) {
@@ -113,9 +133,14 @@ TEST(SameFormOf, ValuesThatNeedNoConversion) {
     EXPECT_TRUE(SameForm(SqlType::Int(), SqlType::BigInt()));
     EXPECT_FALSE(SameForm(SqlType::BigInt(), SqlType::Int()));
     EXPECT_FALSE(SameForm(SqlType::Int(), SqlType::Bit()));
-    EXPECT_TRUE(SameForm(SqlType::Decimal(9, 2), SqlType::Decimal(10, 3)));
+    EXPECT_TRUE(SameForm(SqlType::Decimal(9, 2), SqlType::Decimal(10, 2)));
     EXPECT_FALSE(SameForm(SqlType::Decimal(9, 2), SqlType::Decimal(9, 3)));
+    EXPECT_FALSE(SameForm(SqlType::Decimal(18, 2), SqlType::Decimal(19, 2)));
+    EXPECT_FALSE(SameForm(SqlType::Decimal(9, 2), SqlType::Decimal(8, 2)));
     EXPECT_FALSE(SameForm(SqlType::Money(), SqlType::Decimal(19, 4)));
+    EXPECT_FALSE(SameForm(SqlType::Int(), SqlType::Float()));
+    EXPECT_FALSE(SameForm(SqlType::BigInt(), SqlType::Decimal(19, 0)));
+    EXPECT_TRUE(SameForm(SqlType::Int(), SqlType::Decimal(10, 0)));
     EXPECT_FALSE(SameForm(SqlType::DateTime(), SqlType::Text(30)));
     EXPECT_FALSE(SameForm(SqlType::Date(), SqlType::DateTime()));
 }

@@ -58,6 +58,12 @@ INSTANTIATE_TEST_SUITE_P(
                     DateCase{"NamedMonthBehindTheDay", "21 NOV 2026", {2026, 11, 21, 0, 0, 0, 0}},
                     DateCase{"NamedMonthWithDashes", "21-Nov-2026", {2026, 11, 21, 0, 0, 0, 0}},
                     DateCase{"NamedMonthBehindTheYear", "2026 Nov 21", {2026, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"NamedMonthAndYear", "Nov 2026", {2026, 11, 1, 0, 0, 0, 0}},
+                    DateCase{"NamedMonthAndYearWithTime", "nov 2026 14:02", {2026, 11, 1, 14, 2, 0, 0}},
+                    DateCase{"YearBeforeItsNamedMonth", "2026 November", {2026, 11, 1, 0, 0, 0, 0}},
+                    DateCase{"YearDayAndNamedMonth", "2026 21 Nov", {2026, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"DayYearAndNamedMonth", "21 2026 Nov", {2026, 11, 21, 0, 0, 0, 0}},
+                    DateCase{"YearAndHour", "2026 2 PM", {2026, 1, 1, 14, 0, 0, 0}},
                     DateCase{"FirstDay", "1753-01-01", {1753, 1, 1, 0, 0, 0, 0}}),
     CaseName());
 
@@ -71,6 +77,8 @@ INSTANTIATE_TEST_SUITE_P(
                     RefusedCase{"TwoParts", "11/21", Outcome::NoDate},
                     RefusedCase{"Rest", "11/21/2026 x", Outcome::NoDate},
                     RefusedCase{"HalfATime", "11/21/2026 14:", Outcome::NoDate},
+                    RefusedCase{"NamedMonthAndDay", "Nov 21", Outcome::NoDate},
+                    RefusedCase{"NamedMonthAlone", "Nov", Outcome::NoDate},
                     RefusedCase{"NumberAlone", "5", Outcome::NoDate},
                     RefusedCase{"YearOfThreeDigits", "11/21/202", Outcome::NoDate},
                     RefusedCase{"MorningAfterTwelve", "14:02 AM", Outcome::NoDate},

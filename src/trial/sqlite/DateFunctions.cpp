@@ -4,6 +4,8 @@
 #include "tsql/ServerError.h"
 #include "tsql/SqlType.h"
 
+#include <optional>
+
 namespace {
 
 constexpr qint64 kMinute = 60LL * 1000;
@@ -12,9 +14,11 @@ constexpr int kMonthsOfAYear = 12;
 // Wide enough for every date there is, narrow enough that nothing overflows.
 constexpr qint64 kMostParts = 5'300'000'000;
 constexpr int kStoredDateSize = 10;
+constexpr DateTime::Fields kServerDayZero = {1900, 1, 1, 0, 0, 0, 0};
 
-[[noreturn]] void RaiseOverflow() {
-    throw ServerError(Fault::Overflow, {SqlType::DateTime().Name()});
+[[noreturn]] void RaiseBeyondCalendar(QByteArrayView stored) {
+    const SqlType type = stored.size() <= kStoredDateSize ? SqlType::Date() : SqlType::DateTime();
+    throw ServerError(Fault::DateAddOverflow, {type.Name()});
 }
 
 DateTime Earliest() {
@@ -32,12 +36,13 @@ qint64 FloorDivide(qint64 value, qint64 by) {
     return value / by - (value % by < 0 ? 1 : 0);
 }
 
-DateTime AddMonths(DateTime moment, qint64 count) {
+/// Nothing beyond the calendar.
+std::optional<DateTime> AddMonths(DateTime moment, qint64 count) {
     DateTime::Fields fields = moment.ToFields();
     const qint64 months = qint64(fields.year) * kMonthsOfAYear + fields.month - 1 + count;
     const qint64 year = FloorDivide(months, kMonthsOfAYear);
     if (year < ServerDate::kFirstYear || year > ServerDate::kLastYear)
-        RaiseOverflow();
+        return std::nullopt;
     fields.year = static_cast<int>(year);
     fields.month = static_cast<int>(months - year * kMonthsOfAYear) + 1;
     auto moved = DateTime::FromFields(fields);
@@ -53,15 +58,24 @@ DateTime AddMonths(DateTime moment, qint64 count) {
 QByteArray AddToDate(QByteArrayView part, qint64 count, QByteArrayView stored) {
     const DateTime moment = FromStored(stored);
     if (count > kMostParts || count < -kMostParts)
-        RaiseOverflow();
-    DateTime moved;
+        RaiseBeyondCalendar(stored);
+    std::optional<DateTime> moved;
     if (part == "year" || part == "month")
         moved = AddMonths(moment, part == "year" ? count * kMonthsOfAYear : count);
     else
         moved = DateTime::FromMilliseconds(moment.Milliseconds() + count * Length(part));
-    if (moved < Earliest() || moved > Latest())
-        RaiseOverflow();
-    return stored.size() <= kStoredDateSize ? StoredDate(moved) : StoredDateTime(moved);
+    if (!moved || *moved < Earliest() || *moved > Latest())
+        RaiseBeyondCalendar(stored);
+    return stored.size() <= kStoredDateSize ? StoredDate(*moved) : StoredDateTime(*moved);
+}
+
+QByteArray SumOfDates(QByteArrayView left, qint64 sign, QByteArrayView right) {
+    const qint64 zero = DateTime::FromFields(kServerDayZero)->Milliseconds();
+    const auto sum = DateTime::FromMilliseconds(FromStored(left).Milliseconds() +
+                                                sign * (FromStored(right).Milliseconds() - zero));
+    if (sum < Earliest() || sum > Latest())
+        throw ServerError(Fault::Overflow, {SqlType::DateTime().Name()});
+    return StoredDateTime(sum);
 }
 
 qint64 DateDifference(QByteArrayView part, QByteArrayView from, QByteArrayView to) {
@@ -73,7 +87,11 @@ qint64 DateDifference(QByteArrayView part, QByteArrayView from, QByteArrayView t
         const qint64 years = b.year - a.year;
         return part == "year" ? years : years * kMonthsOfAYear + b.month - a.month;
     }
-    return FloorDivide(second.Milliseconds(), Length(part)) - FloorDivide(first.Milliseconds(), Length(part));
+    const qint64 parts =
+        FloorDivide(second.Milliseconds(), Length(part)) - FloorDivide(first.Milliseconds(), Length(part));
+    if (parts != static_cast<qint32>(parts))
+        throw ServerError(Fault::DateDiffOverflow);
+    return parts;
 }
 
 qint64 PartOfDate(QByteArrayView part, QByteArrayView stored) {

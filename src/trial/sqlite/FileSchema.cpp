@@ -11,9 +11,9 @@ QString StoredType(const ColumnDefinition& column) {
     if (column.identity)
         return u"INTEGER"_s;
     // "INTEGER" would make a key column SQLite's row number, which takes no part in NOT NULL.
-    if (column.type.IsWhole())
+    if (column.type.IsWhole() || (column.type.IsFixed() && !column.type.IsWide()))
         return u"INT"_s;
-    if (column.type.IsFixed() || column.type.kind == SqlType::Kind::Float)
+    if (column.type.kind == SqlType::Kind::Float)
         return u"REAL"_s;
     return column.type.IsText() ? u"TEXT COLLATE "_s + CollationName() : u"TEXT"_s;
 }

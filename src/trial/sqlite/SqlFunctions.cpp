@@ -4,9 +4,11 @@
 #include "trial/sqlite/DateFunctions.h"
 #include "trial/sqlite/SqliteDatabase.h"
 #include "trial/sqlite/TextFunctions.h"
+#include "tsql/ArithmeticType.h"
 #include "tsql/Decimals.h"
 #include "tsql/ServerError.h"
 #include "tsql/SqlType.h"
+#include "tsql/Units.h"
 
 #include <algorithm>
 #include <array>
@@ -21,7 +23,6 @@ namespace {
 constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
 constexpr int kAnyCount = -1;
 constexpr int kMostPlaces = 15;
-constexpr double kBigIntEnd = 0x1p63;
 
 using Arguments = std::span<sqlite3_value*>;
 using Function = Cell (*)(Arguments);
@@ -131,10 +132,13 @@ Cell Replicate(Arguments a) {
     return RepeatedText(OwnText(a[0]), Whole(a[1]));
 }
 Cell Like(Arguments a) {
-    return qint64(MatchesPattern(Text(a[0]), Text(a[1])));
+    return qint64(MatchesPattern(Text(a[0]), Text(a[1]), Whole(a[2]) != 0));
 }
 Cell DateAdd(Arguments a) {
     return AddToDate(Text(a[0]), Whole(a[1]), Text(a[2]));
+}
+Cell DateSum(Arguments a) {
+    return SumOfDates(Text(a[0]), Whole(a[1]), Text(a[2]));
 }
 Cell DateDiff(Arguments a) {
     return DateDifference(Text(a[0]), Text(a[1]), Text(a[2]));
@@ -143,37 +147,103 @@ Cell DatePart(Arguments a) {
     return PartOfDate(Text(a[0]), Text(a[1]));
 }
 
-Cell Round(Arguments a) {
-    const double value = sqlite3_value_double(a[0]);
-    const int places = static_cast<int>(std::clamp<qint64>(Whole(a[1]), -kMostPlaces, kMostPlaces));
-    const bool whole = sqlite3_value_type(a[0]) == SQLITE_INTEGER;
-    if (whole && places >= 0)
-        return Whole(a[0]);
-    const bool cut = a.size() > 2 && Whole(a[2]) != 0;
-    const double rounded = cut ? TruncateToScale(value, places) : RoundToScale(value, places);
-    if (!whole)
-        return rounded;
-    if (std::fabs(rounded) >= kBigIntEnd)
-        RaiseBigIntOverflow();
-    return static_cast<qint64>(rounded);
+SqlType TypeAt(Arguments a, size_t at) {
+    return SqlType::Decode(Whole(a[at]));
 }
 
-template <bool Remainder> Cell DivideNumbers(Arguments a) {
+Units UnitsAt(Arguments a, size_t at, const SqlType& type) {
+    return ReadUnits(ReadCell(a[at]), type);
+}
+
+Cell Fixed(const std::optional<Units>& units, const SqlType& type) {
+    const auto cell = units ? UnitsCell(*units, type) : std::nullopt;
+    if (!cell)
+        throw ServerError(Fault::Overflow, {type.Name()});
+    return *cell;
+}
+
+Cell RoundFloat(double value, qint64 places, bool cut) {
+    const int kept = static_cast<int>(std::clamp<qint64>(places, -kMostPlaces, kMostPlaces));
+    return cut ? TruncateToScale(value, kept) : RoundToScale(value, kept);
+}
+
+Cell Round(Arguments a) {
+    const SqlType type = TypeAt(a, 3);
+    const bool cut = Whole(a[2]) != 0;
+    if (type.kind == SqlType::Kind::Float)
+        return RoundFloat(sqlite3_value_double(a[0]), Whole(a[1]), cut);
+    const int places = static_cast<int>(std::clamp<qint64>(Whole(a[1]), -kMostDigits, kMostDigits));
+    if (places >= type.scale)
+        return ReadCell(a[0]);
+    const Units units = UnitsAt(a, 0, type);
+    const auto rounded = cut ? CutBehind(units, type.scale, places)
+                             : Rescaled(*Rescaled(units, type.scale, places), places, type.scale);
+    if (type.IsFixed())
+        return Fixed(rounded, type);
+    // A whole number is held to what its own type can hold afterwards.
+    const auto whole = rounded ? UnitsCell(*rounded, SqlType::Money()) : std::nullopt;
+    if (!whole)
+        RaiseBigIntOverflow();
+    return *whole;
+}
+
+Cell Multiply(Arguments a) {
+    const SqlType left = TypeAt(a, 1);
+    const SqlType right = TypeAt(a, 3);
+    const SqlType type = TypeAt(a, 4);
+    return Fixed(Product(UnitsAt(a, 0, left), UnitsAt(a, 2, right), left.scale + right.scale - type.scale),
+                 type);
+}
+
+template <bool WantsRest> Cell Divide(Arguments a) {
+    const SqlType left = TypeAt(a, 1);
+    const SqlType right = TypeAt(a, 3);
+    const SqlType type = TypeAt(a, 4);
+    const Units dividend = UnitsAt(a, 0, left);
+    const Units divisor = UnitsAt(a, 2, right);
+    if (divisor == 0)
+        throw ServerError(Fault::DivideByZero);
+    if (WantsRest)
+        return Fixed(Remainder(dividend, type.scale - left.scale, divisor, type.scale - right.scale), type);
+    return Fixed(Quotient(dividend, divisor, type.scale - left.scale + right.scale), type);
+}
+
+/// The type of the sum, then each term behind its type; that of a term to subtract is negative.
+Cell Total(Arguments a) {
+    const SqlType type = TypeAt(a, 0);
+    std::optional<Units> sum = 0;
+    for (size_t i = 1; i + 1 < a.size() && sum; i += 2) {
+        const qint64 code = Whole(a[i]);
+        const SqlType termType = SqlType::Decode(std::abs(code));
+        const auto term = Rescaled(UnitsAt(a, i + 1, termType), termType.scale, type.scale);
+        if (!term)
+            sum.reset();
+        else
+            sum = Rescaled(code < 0 ? *sum - *term : *sum + *term, 0, 0);
+    }
+    return Fixed(sum, type);
+}
+
+Cell Abs(Arguments a) {
+    const SqlType type = TypeAt(a, 1);
+    const Units units = UnitsAt(a, 0, type);
+    return Fixed(units < 0 ? -units : units, type);
+}
+
+template <bool WantsRest> Cell DivideNumbers(Arguments a) {
     const bool whole =
         sqlite3_value_type(a[0]) == SQLITE_INTEGER && sqlite3_value_type(a[1]) == SQLITE_INTEGER;
     if (sqlite3_value_double(a[1]) == 0)
         throw ServerError(Fault::DivideByZero);
     if (whole && Whole(a[1]) == -1) {
         qint64 negative = 0;
-        if (!Remainder && __builtin_sub_overflow(qint64(0), Whole(a[0]), &negative))
+        if (!WantsRest && __builtin_sub_overflow(qint64(0), Whole(a[0]), &negative))
             RaiseBigIntOverflow();
         return negative;
     }
     if (whole)
-        return Remainder ? Whole(a[0]) % Whole(a[1]) : Whole(a[0]) / Whole(a[1]);
-    const double left = sqlite3_value_double(a[0]);
-    const double right = sqlite3_value_double(a[1]);
-    return Remainder ? std::fmod(left, right) : left / right;
+        return WantsRest ? Whole(a[0]) % Whole(a[1]) : Whole(a[0]) / Whole(a[1]);
+    return sqlite3_value_double(a[0]) / sqlite3_value_double(a[1]);
 }
 
 /// Where 64 bits are too few for a whole number SQLite goes on with a real one.
@@ -182,40 +252,62 @@ Cell BigInt(Arguments a) {
         RaiseBigIntOverflow();
     return Whole(a[0]);
 }
-
-/// The sum of decimals in units of their last decimal, so that no addition loses anything.
-struct DecimalSum {
-    qint64 units = 0;
-    double unitsInOne = 0;
-    bool any = false;
-};
-
-void AddToSum(DecimalSum& sum, double value, int scale) {
-    if (!sum.any)
-        sum.unitsInOne = std::pow(10.0, scale);
-    sum.any = true;
-    const double units = std::nearbyint(value * sum.unitsInOne);
-    const bool fits = std::fabs(units) < 9e18;
-    if (!fits || __builtin_add_overflow(sum.units, static_cast<qint64>(units), &sum.units))
-        throw ServerError(Fault::Overflow, {SqlType::Decimal(38, 0).Name()});
+Cell Money(Arguments a) {
+    if (sqlite3_value_type(a[0]) != SQLITE_INTEGER)
+        throw ServerError(Fault::Overflow, {SqlType::Money().Name()});
+    return Whole(a[0]);
+}
+Cell Float(Arguments a) {
+    const double value = sqlite3_value_double(a[0]);
+    if (!std::isfinite(value))
+        throw ServerError(Fault::Overflow, {SqlType::Float().Name()});
+    return value;
 }
 
-void StepSum(sqlite3_context* context, int, sqlite3_value** values) {
-    auto* sum = static_cast<DecimalSum*>(sqlite3_aggregate_context(context, sizeof(DecimalSum)));
+/// A sum of money or decimals in their units. In halves, since SQLite's memory has no room for whole ones at
+/// the places where they may lie.
+struct FixedSum {
+    qint64 high = 0;
+    quint64 low = 0;
+    qint64 count = 0;
+    qint64 type = 0;
+
+    Units Get() const { return (Units(high) << 64) | low; }
+    void Set(Units units) {
+        high = static_cast<qint64>(units >> 64);
+        low = static_cast<quint64>(units);
+    }
+};
+
+void StepSum(sqlite3_context* context, int count, sqlite3_value** values) {
+    auto* sum = static_cast<FixedSum*>(sqlite3_aggregate_context(context, sizeof(FixedSum)));
     if (!sum)
         return sqlite3_result_error_nomem(context);
     if (IsNull(values[0]))
         return;
-    Guard(context,
-          [&] { AddToSum(*sum, sqlite3_value_double(values[0]), static_cast<int>(Whole(values[1]))); });
+    Guard(context, [&] {
+        const Arguments arguments(values, static_cast<size_t>(count));
+        const SqlType type = TypeAt(arguments, 1);
+        sum->type = Whole(values[1]);
+        ++sum->count;
+        const auto total = Rescaled(sum->Get() + UnitsAt(arguments, 0, type), 0, 0);
+        if (!total)
+            throw ServerError(Fault::Overflow, {type.Name()});
+        sum->Set(*total);
+    });
 }
 
-void FinishSum(sqlite3_context* context) {
-    const auto* sum = static_cast<DecimalSum*>(sqlite3_aggregate_context(context, 0));
-    if (sum && sum->any)
-        sqlite3_result_double(context, double(sum->units) / sum->unitsInOne);
-    else
-        sqlite3_result_null(context);
+template <bool Average> void FinishSum(sqlite3_context* context) {
+    const auto* sum = static_cast<FixedSum*>(sqlite3_aggregate_context(context, 0));
+    if (!sum || sum->count == 0)
+        return sqlite3_result_null(context);
+    Guard(context, [&] {
+        const SqlType from = SqlType::Decode(sum->type);
+        const SqlType type = Average ? AverageType(from) : SumType(from);
+        SetResult(context, Fixed(Average ? Quotient(sum->Get(), sum->count, type.scale - from.scale)
+                                         : std::optional(sum->Get()),
+                                 type));
+    });
 }
 
 void SessionUser(sqlite3_context* context, int, sqlite3_value**) {
@@ -248,13 +340,20 @@ constexpr std::array kFunctions = {
     Entry{"tv_rtrim", 1, Call<NullIfAnyNull<RTrim>>},
     Entry{"tv_replace", 3, Call<NullIfAnyNull<Replace>>},
     Entry{"tv_replicate", 2, Call<NullIfAnyNull<Replicate>>},
-    Entry{"tv_like", 2, Call<NullIfAnyNull<Like>>},
-    Entry{"tv_round", 2, Call<NullIfAnyNull<Round>>},
-    Entry{"tv_round", 3, Call<NullIfAnyNull<Round>>},
+    Entry{"tv_like", 3, Call<NullIfAnyNull<Like>>},
+    Entry{"tv_round", 4, Call<NullIfAnyNull<Round>>},
+    Entry{"tv_abs", 2, Call<NullIfAnyNull<Abs>>},
     Entry{"tv_bigint", 1, Call<NullIfAnyNull<BigInt>>},
+    Entry{"tv_money", 1, Call<NullIfAnyNull<Money>>},
+    Entry{"tv_float", 1, Call<NullIfAnyNull<Float>>},
+    Entry{"tv_total", kAnyCount, Call<NullIfAnyNull<Total>>},
+    Entry{"tv_multiply", 5, Call<NullIfAnyNull<Multiply>>},
+    Entry{"tv_divide", 5, Call<NullIfAnyNull<Divide<false>>>},
+    Entry{"tv_modulo", 5, Call<NullIfAnyNull<Divide<true>>>},
     Entry{"tv_divide", 2, Call<NullIfAnyNull<DivideNumbers<false>>>},
     Entry{"tv_modulo", 2, Call<NullIfAnyNull<DivideNumbers<true>>>},
     Entry{"tv_dateadd", 3, Call<NullIfAnyNull<DateAdd>>},
+    Entry{"tv_datesum", 3, Call<NullIfAnyNull<DateSum>>},
     Entry{"tv_datediff", 3, Call<NullIfAnyNull<DateDiff>>},
     Entry{"tv_datepart", 2, Call<NullIfAnyNull<DatePart>>},
 };
@@ -269,8 +368,10 @@ void AddSqlFunctions(SqliteDatabase& database) {
     for (const Entry& entry : kFunctions)
         code |= sqlite3_create_function_v2(handle, entry.name, entry.count, kFlags, &database, entry.call,
                                            nullptr, nullptr, nullptr);
-    code |= sqlite3_create_function_v2(handle, "tv_sum", 2, kFlags, &database, nullptr, StepSum, FinishSum,
-                                       nullptr);
+    code |= sqlite3_create_function_v2(handle, "tv_sum", 2, kFlags, &database, nullptr, StepSum,
+                                       FinishSum<false>, nullptr);
+    code |= sqlite3_create_function_v2(handle, "tv_avg", 2, kFlags, &database, nullptr, StepSum,
+                                       FinishSum<true>, nullptr);
     code |= sqlite3_create_function_v2(handle, "tv_user", 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, &database,
                                        SessionUser, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)

@@ -32,7 +32,7 @@ qsizetype MatchAtFront(QByteArrayView text, QByteArrayView part) {
 }
 
 /// One "[…]" of a pattern, the opening bracket already taken; takes it off and says whether the character is
-/// in it.
+/// in it. In a set that nothing closes there is none.
 bool MatchesSet(char32_t character, QByteArrayView& pattern) {
     const quint32 weight = TextWeight(character);
     const bool excluded = pattern.startsWith('^');
@@ -50,8 +50,9 @@ bool MatchesSet(char32_t character, QByteArrayView& pattern) {
         found |= weight >= low && weight <= high;
         first = false;
     }
-    if (!pattern.isEmpty())
-        pattern = pattern.sliced(1);
+    if (pattern.isEmpty())
+        return false;
+    pattern = pattern.sliced(1);
     return found != excluded;
 }
 
@@ -129,7 +130,7 @@ QByteArray RepeatedText(const QByteArray& text, qint64 count) {
     return text.repeated(std::clamp<qint64>(count, 0, most));
 }
 
-bool MatchesPattern(QByteArrayView text, QByteArrayView pattern) {
+bool MatchesPattern(QByteArrayView text, QByteArrayView pattern, bool blanksCount) {
     // Where the last "%" stood, and the first character that it has not swallowed yet.
     QByteArrayView patternBehindPercent;
     QByteArrayView textBehindPercent;
@@ -142,7 +143,7 @@ bool MatchesPattern(QByteArrayView text, QByteArrayView pattern) {
             percent = true;
             continue;
         }
-        if (text.isEmpty() && pattern.isEmpty())
+        if (pattern.isEmpty() && (text.isEmpty() || (!blanksCount && TailStart(text) == 0)))
             return true;
         if (!text.isEmpty() && !pattern.isEmpty()) {
             QByteArrayView restOfText = text;

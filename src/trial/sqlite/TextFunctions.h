@@ -22,5 +22,6 @@ QByteArray ReplacedText(const QByteArray& text, const QByteArray& from, const QB
 /// REPLICATE: the text so many times, as far as 8,000 bytes hold it.
 QByteArray RepeatedText(const QByteArray& text, qint64 count);
 /// LIKE: "%" for any characters, "_" for one, "[a-f]" and "[^a-f]" for one of a set; letters by the
-/// hospital's collation.
-bool MatchesPattern(QByteArrayView text, QByteArrayView pattern);
+/// hospital's collation. Blanks at the end of the text that the pattern does not ask for are passed over,
+/// unless they count, as they do in national texts; those of the pattern always count.
+bool MatchesPattern(QByteArrayView text, QByteArrayView pattern, bool blanksCount = false);

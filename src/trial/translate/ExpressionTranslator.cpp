@@ -5,6 +5,7 @@
 #include "trial/translate/QueryTranslator.h"
 #include "tsql/ArithmeticType.h"
 #include "tsql/ServerError.h"
+#include "tsql/Units.h"
 
 #include <QStringList>
 
@@ -21,11 +22,29 @@ QString RealText(double value) {
     return text;
 }
 
-Cell Negative(const Cell& value) {
+Cell Negative(const Cell& value, const SqlType& type) {
+    if (type.IsWide())
+        return *UnitsCell(-ReadUnits(value, type), type);
     if (const auto* whole = std::get_if<qint64>(&value))
         return -*whole;
     const auto* real = std::get_if<double>(&value);
     return real ? Cell(-*real) : value;
+}
+
+QString Code(const SqlType& type) {
+    return QString::number(type.Encode());
+}
+
+/// A number that lies in SQLite's whole numbers and has room there for that many decimals.
+bool HasRoomFor(const Typed& value, int scale) {
+    const SqlType& type = value.type;
+    return !type.IsWide() &&
+           (type.scale == scale || type.precision + scale - type.scale <= SqlType::kNarrowDigits);
+}
+
+/// A whole number with so many zeros behind it.
+QString WithZeros(const QString& sql, int zeros) {
+    return zeros == 0 ? sql : u'(' + sql + u" * 1"_s + QString(zeros, u'0') + u')';
 }
 
 /// The values of literals; nothing for any other node.
@@ -44,7 +63,7 @@ struct LiteralReader {
         auto inner = std::visit(*this, negation.operand->node);
         if (!inner || !inner->type.IsNumber())
             return std::nullopt;
-        inner->constant = Negative(*inner->constant);
+        inner->constant = Negative(*inner->constant, inner->type);
         return inner;
     }
     template <class Node> std::optional<Typed> operator()(const Node&) const { return std::nullopt; }
@@ -116,27 +135,75 @@ Typed ExpressionTranslator::ConvertTo(const Typed& value, const SqlType& type, C
         return Constant(Convert(*value.constant, value.type, type, place, style), type);
     if (SameForm(value.type, type)) {
         Typed same = value;
+        if (value.type.kind != type.kind)
+            same.terms.clear();
         same.type = type;
         return same;
     }
+    if (const auto sql = PlainConversion(value, type))
+        return Compose(*sql, type, {&value});
     const QString function = place == ConversionPlace::Column ? u"tv_assign"_s : u"tv_convert"_s;
-    const QString sql = function + u'(' + value.sql + u", "_s + QString::number(value.type.Encode()) +
-                        u", "_s + QString::number(type.Encode()) + u", "_s + QString::number(style) + u')';
+    const QString sql = function + u'(' + value.sql + u", "_s + Code(value.type) + u", "_s + Code(type) +
+                        u", "_s + QString::number(style) + u')';
     return Compose(sql, type, {&value});
 }
 
+std::optional<QString> ExpressionTranslator::PlainConversion(const Typed& value, const SqlType& type) {
+    if (value.type.IsWhole() && type.kind == SqlType::Kind::Float)
+        return u"CAST("_s + value.sql + u" AS REAL)"_s;
+    const bool small = value.type.kind == SqlType::Kind::Bit || value.type.kind == SqlType::Kind::Int ||
+                       (value.type.kind == SqlType::Kind::Decimal && !value.type.IsWide());
+    const int zeros = type.scale - value.type.scale;
+    const bool fits = zeros >= 0 && value.type.precision + zeros <= type.precision;
+    if (!small || !type.IsFixed() || type.IsWide() || !fits)
+        return std::nullopt;
+    return WithZeros(value.sql, zeros);
+}
+
 Typed ExpressionTranslator::MeetAs(const Typed& value, const SqlType& type) {
-    const bool sameFamily = value.type.IsNull() || (value.type.IsText() && type.IsText()) ||
-                            (value.type.IsNumber() && type.IsNumber()) || value.type.kind == type.kind;
-    if (sameFamily)
+    if (value.type.IsNull() || (value.type.IsText() && type.IsText()))
         return value;
     // The size of a converted text plays no part in a comparison.
     SqlType target = type;
     if (target.IsText())
         target = SqlType::Text();
     if (value.type.IsNumber() && type.kind == SqlType::Kind::Date)
-        throw ServerError(Fault::OperandClash, {value.type.Name(), type.Name()});
+        RequireConvertible(value.type, type, false);
     return ConvertTo(value, target, ConversionPlace::Expression);
+}
+
+std::vector<Typed> ExpressionTranslator::MeetAll(const std::vector<Typed>& values) {
+    SqlType common;
+    int scale = 0;
+    for (const Typed& value : values) {
+        common = CommonType(common, value.type);
+        scale = std::max(scale, value.type.scale);
+    }
+    if (common.kind != SqlType::Kind::Decimal)
+        scale = -1;
+    const bool narrow = std::all_of(values.begin(), values.end(), [&](const Typed& value) {
+        return value.type.IsText() ? !common.IsWide() : HasRoomFor(value, scale);
+    });
+    std::vector<Typed> met;
+    for (const Typed& value : values) {
+        if (scale < 0)
+            met.push_back(MeetAs(value, common));
+        else if (!narrow)
+            met.push_back(MeetAs(value, SqlType::Decimal(kMostDigits, scale)));
+        else
+            met.push_back(value.type.IsText() ? MeetAs(value, common) : WithScale(value, scale));
+    }
+    return met;
+}
+
+Typed ExpressionTranslator::WithScale(const Typed& value, int scale) {
+    const int zeros = scale - value.type.scale;
+    if (zeros == 0)
+        return value;
+    const SqlType type = SqlType::Decimal(value.type.precision + zeros, scale);
+    if (value.constant)
+        return ConvertTo(value, type, ConversionPlace::Expression);
+    return Compose(WithZeros(value.sql, zeros), type, {&value});
 }
 
 QString ExpressionTranslator::Collated(const Typed& value) const {
@@ -188,6 +255,10 @@ Typed ExpressionTranslator::Make(const NegationNode& negation) {
     const Typed inner = Translate(*negation.operand);
     if (!inner.type.IsNumber() && !inner.type.IsNull())
         throw ServerError(Fault::InvalidOperand, {inner.type.Name(), u"minus"_s});
+    if (inner.type.IsWide())
+        return Compose(u"tv_total("_s + Code(inner.type) + u", -"_s + Code(inner.type) + u", "_s + inner.sql +
+                           u')',
+                       inner.type, {&inner});
     // With the blank, since two signs in a row would begin a comment.
     return InBounds(Compose(u"(- "_s + inner.sql + u')', inner.type, {&inner}));
 }
@@ -203,35 +274,106 @@ Typed ExpressionTranslator::Make(const ArithmeticNode& arithmetic) {
         return Compose(u"("_s + left.sql + u" || "_s + right.sql + u')', SqlType::Text(), {&left, &right});
     }
     if (common.IsDate())
+        return AddDates(sign, left, right);
+    const auto number = [&](const Typed& value) {
+        return value.type.IsText() ? MeetAs(value, common) : value;
+    };
+    const Typed first = number(left);
+    return Calculate(sign, first, number(right));
+}
+
+Typed ExpressionTranslator::AddDates(QChar sign, const Typed& left, const Typed& right) {
+    const bool sum = sign == u'+' || sign == u'-';
+    if (left.type.kind == SqlType::Kind::Date && right.type.kind == SqlType::Kind::Date)
+        throw ServerError(Fault::InvalidOperand, {left.type.Name(), OperatorName(sign)});
+    RequireConvertible(left.type, CommonType(left.type, right.type), false);
+    RequireConvertible(right.type, CommonType(left.type, right.type), false);
+    if (!sum || left.type.kind == SqlType::Kind::Date || right.type.kind == SqlType::Kind::Date)
         throw ServerError(Fault::IncompatibleTypes,
                           {left.type.Name(), right.type.Name(), OperatorName(sign)});
-    return Calculate(sign, MeetAs(left, common), MeetAs(right, common));
+    const Typed a = MeetAs(left, SqlType::DateTime());
+    const Typed b = MeetAs(right, SqlType::DateTime());
+    return Compose(u"tv_datesum("_s + a.sql + (sign == u'+' ? u", 1, "_s : u", -1, "_s) + b.sql + u')',
+                   SqlType::DateTime(), {&a, &b});
 }
 
 Typed ExpressionTranslator::Calculate(QChar sign, const Typed& left, const Typed& right) {
-    const bool sum = sign == u'+' || sign == u'-';
-    const QString terms =
-        (sum && !left.terms.isEmpty() ? left.terms : left.sql) + u' ' + sign + u' ' + right.sql;
-    QString sql = u'(' + terms + u')';
-    if (sign == u'/' || sign == u'%')
-        sql = (sign == u'/' ? u"tv_divide("_s : u"tv_modulo("_s) + left.sql + u", "_s + right.sql + u')';
     const SqlType type = ArithmeticType(sign, left.type, right.type);
     if (type.IsFixed())
-        sql = u"tv_round("_s + sql + u", "_s + QString::number(type.scale) + u')';
-    Typed result = InBounds(Compose(sql, type, {&left, &right}));
-    if (sum)
-        result.terms = terms;
+        return CalculateFixed(sign, left, right, type);
+    if (type.kind == SqlType::Kind::Float && sign == u'%')
+        throw ServerError(Fault::IncompatibleTypes,
+                          {left.type.Name(), right.type.Name(), OperatorName(sign)});
+    const Typed a = MeetAs(left, type);
+    const Typed b = MeetAs(right, type);
+    if (sign == u'+' || sign == u'-')
+        return Sum(sign, a, b, type);
+    const QString sql = sign == u'*'   ? u'(' + a.sql + u" * "_s + b.sql + u')'
+                        : sign == u'/' ? u"tv_divide("_s + a.sql + u", "_s + b.sql + u')'
+                                       : u"tv_modulo("_s + a.sql + u", "_s + b.sql + u')';
+    return InBounds(Compose(sql, type, {&a, &b}));
+}
+
+Typed ExpressionTranslator::CalculateFixed(QChar sign, const Typed& left, const Typed& right,
+                                           const SqlType& type) {
+    if (sign == u'+' || sign == u'-') {
+        const bool room = HasRoomFor(left, type.scale) && HasRoomFor(right, type.scale);
+        return room && !type.IsWide()
+                   ? Sum(sign, WithScale(left, type.scale), WithScale(right, type.scale), type)
+                   : WideSum(sign, left, right, type);
+    }
+    // The units multiply as they are where no digit has to go.
+    const bool plain = left.type.scale + right.type.scale == type.scale && !type.IsWide() &&
+                       left.type.kind != SqlType::Kind::BigInt && right.type.kind != SqlType::Kind::BigInt;
+    if (sign == u'*' && plain)
+        return InBounds(Compose(u'(' + left.sql + u" * "_s + right.sql + u')', type, {&left, &right}));
+    const QString name = sign == u'*' ? u"tv_multiply("_s : sign == u'/' ? u"tv_divide("_s : u"tv_modulo("_s;
+    return Compose(name + left.sql + u", "_s + Code(left.type) + u", "_s + right.sql + u", "_s +
+                       Code(right.type) + u", "_s + Code(type) + u')',
+                   type, {&left, &right});
+}
+
+Typed ExpressionTranslator::Sum(QChar sign, const Typed& left, const Typed& right, const SqlType& type) {
+    // What is put together without parentheses must have been reckoned in the same type.
+    const bool goesOn = !left.terms.isEmpty() && left.type.kind == type.kind;
+    const QString terms = (goesOn ? left.terms : left.sql) + u' ' + sign + u' ' + right.sql;
+    Typed result = InBounds(Compose(u'(' + terms + u')', type, {&left, &right}));
+    result.terms = terms;
     return result;
+}
+
+Typed ExpressionTranslator::WideSum(QChar sign, const Typed& left, const Typed& right, const SqlType& type) {
+    constexpr int kMostTerms = 40;
+    const bool goesOn = left.type.IsWide() && left.type.scale == type.scale && !left.terms.isEmpty() &&
+                        left.termCount < kMostTerms;
+    const QString terms = (goesOn ? left.terms : Code(left.type) + u", "_s + left.sql) +
+                          (sign == u'-' ? u", -"_s : u", "_s) + Code(right.type) + u", "_s + right.sql;
+    Typed total = Compose(u"tv_total("_s + Code(type) + u", "_s + terms + u')', type, {&left, &right});
+    if (type.IsWide()) {
+        total.terms = terms;
+        total.termCount = goesOn ? left.termCount + 1 : 2;
+    }
+    return total;
 }
 
 Typed ExpressionTranslator::InBounds(Typed result) {
     const SqlType type = result.type;
-    if (type.kind == SqlType::Kind::BigInt)
-        return Compose(u"tv_bigint("_s + result.sql + u')', type, {&result});
-    if (type.kind != SqlType::Kind::Int)
+    const auto checked = [&](const QString& function) {
+        return Compose(function + u'(' + result.sql + u')', type, {&result});
+    };
+    switch (type.kind) {
+    case SqlType::Kind::BigInt:
+        return checked(u"tv_bigint"_s);
+    case SqlType::Kind::Money:
+        return checked(u"tv_money"_s);
+    case SqlType::Kind::Float:
+        return checked(u"tv_float"_s);
+    case SqlType::Kind::Int:
+        result.type = SqlType::BigInt();
+        return ConvertTo(result, type, ConversionPlace::Expression);
+    default:
         return result;
-    result.type = SqlType::BigInt();
-    return ConvertTo(result, type, ConversionPlace::Expression);
+    }
 }
 
 Typed ExpressionTranslator::Make(const CallNode& call) {
@@ -239,7 +381,9 @@ Typed ExpressionTranslator::Make(const CallNode& call) {
 }
 
 Typed ExpressionTranslator::Make(const CastNode& cast) {
-    return ConvertTo(Translate(*cast.value), cast.type, ConversionPlace::Expression, cast.style);
+    const Typed value = Translate(*cast.value);
+    RequireConvertible(value.type, cast.type, true);
+    return ConvertTo(value, cast.type, ConversionPlace::Expression, cast.style);
 }
 
 Typed ExpressionTranslator::Make(const CaseNode& choice) {
@@ -247,10 +391,8 @@ Typed ExpressionTranslator::Make(const CaseNode& choice) {
     std::vector<Typed> values;
     SqlType common;
     for (const CaseBranch& branch : choice.branches) {
-        Typed condition = Translate(*branch.when);
-        if (choice.operand)
-            condition = Compare(u"="_s, Translate(*choice.operand), condition);
-        parts.push_back(condition);
+        parts.push_back(choice.operand ? Compare(u"="_s, *choice.operand, *branch.when)
+                                       : Translate(*branch.when));
         values.push_back(Translate(*branch.then));
         common = CommonType(common, values.back().type);
     }
@@ -275,13 +417,19 @@ Typed ExpressionTranslator::Make(const SubqueryNode& subquery) {
 }
 
 Typed ExpressionTranslator::Make(const ComparisonNode& comparison) {
-    return Compare(comparison.sign, Translate(*comparison.left), Translate(*comparison.right));
+    return Compare(comparison.sign, *comparison.left, *comparison.right);
+}
+
+Typed ExpressionTranslator::Compare(const QString& sign, const Expression& left, const Expression& right) {
+    // One behind the other: what is wrong on the left is told first.
+    const Typed first = Translate(left);
+    return Compare(sign, first, Translate(right));
 }
 
 Typed ExpressionTranslator::Compare(const QString& sign, const Typed& left, const Typed& right) {
-    const SqlType common = CommonType(left.type, right.type);
-    const Typed a = MeetAs(left, common);
-    const Typed b = MeetAs(right, common);
+    const std::vector<Typed> met = MeetAll({left, right});
+    const Typed& a = met[0];
+    const Typed& b = met[1];
     // The collation of a table's column reaches the whole comparison, and keeps its index usable.
     const QString first = b.tableColumn ? a.sql : Collated(a);
     return Compose(u"("_s + first + u' ' + sign + u' ' + b.sql + u')', {}, {&left, &right});
@@ -324,8 +472,11 @@ Typed ExpressionTranslator::Make(const IsNullNode& test) {
 Typed ExpressionTranslator::Make(const LikeNode& like) {
     const Typed text = MeetAs(Translate(*like.text), SqlType::Text());
     const Typed pattern = MeetAs(Translate(*like.pattern), SqlType::Text());
-    return Negated(like.negated,
-                   Compose(u"tv_like("_s + text.sql + u", "_s + pattern.sql + u')', {}, {&text, &pattern}));
+    const bool national =
+        text.type.kind == SqlType::Kind::NVarChar || pattern.type.kind == SqlType::Kind::NVarChar;
+    return Negated(like.negated, Compose(u"tv_like("_s + text.sql + u", "_s + pattern.sql +
+                                             (national ? u", 1)"_s : u", 0)"_s),
+                                         {}, {&text, &pattern}));
 }
 
 Typed ExpressionTranslator::Make(const BetweenNode& between) {
@@ -337,35 +488,31 @@ Typed ExpressionTranslator::Make(const BetweenNode& between) {
 }
 
 Typed ExpressionTranslator::Make(const InListNode& in) {
-    const Typed left = Translate(*in.value);
-    std::vector<Typed> values;
-    SqlType common = left.type;
-    for (const ExpressionPtr& value : in.list) {
+    std::vector<Typed> values = {Translate(*in.value)};
+    for (const ExpressionPtr& value : in.list)
         values.push_back(Translate(*value));
-        common = CommonType(common, values.back().type);
-    }
+    const std::vector<Typed> met = MeetAll(values);
     QStringList texts;
-    for (const Typed& value : values)
-        texts << MeetAs(value, common).sql;
-    values.push_back(left);
-    return Negated(in.negated, Compose(u"("_s + Collated(MeetAs(left, common)) + u" IN ("_s +
-                                           texts.join(u", "_s) + u"))"_s,
-                                       {}, values));
+    for (size_t i = 1; i < met.size(); ++i)
+        texts << met[i].sql;
+    return Negated(
+        in.negated,
+        Compose(u"("_s + Collated(met.front()) + u" IN ("_s + texts.join(u", "_s) + u"))"_s, {}, values));
 }
 
 Typed ExpressionTranslator::Make(const InQueryNode& in) {
     const Typed left = Translate(*in.value);
-    SqlType common = left.type;
+    Typed metLeft = left;
     const TranslatedQuery query =
         QueryTranslator(mState, mScope).Translate(*in.query, [&](size_t, const Typed& item) {
-            common = CommonType(left.type, item.type);
-            return MeetAs(item, common);
+            const std::vector<Typed> met = MeetAll({left, item});
+            metLeft = met[0];
+            return met[1];
         });
     if (query.columns.size() != 1)
         throw ServerError(Fault::UnionLengths);
-    return Negated(
-        in.negated,
-        Compose(u"("_s + Collated(MeetAs(left, common)) + u" IN ("_s + query.sql + u"))"_s, {}, {&left}));
+    return Negated(in.negated,
+                   Compose(u"("_s + Collated(metLeft) + u" IN ("_s + query.sql + u"))"_s, {}, {&left}));
 }
 
 Typed ExpressionTranslator::Make(const ExistsNode& exists) {

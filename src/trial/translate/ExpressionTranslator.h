@@ -5,6 +5,7 @@
 #include "tsql/SqlTree.h"
 
 #include <initializer_list>
+#include <optional>
 #include <vector>
 
 /// What the translation of one statement works with.
@@ -19,8 +20,8 @@ struct TranslationState {
 };
 
 /// Turns expressions and conditions into SQLite's language, with the types, conversions and collation of the
-/// server: where two types meet, the lower one is converted, texts compare by the hospital's collation,
-/// decimals are rounded to their scale.
+/// server: where two types meet, the lower one is converted, texts compare by the hospital's collation, and
+/// every value has the form of its type.
 class ExpressionTranslator {
   public:
     /// The scope is null where no column may stand.
@@ -39,8 +40,11 @@ class ExpressionTranslator {
                     int style = kDefaultStyle);
     /// The value, converted as far as it must be to stand beside others of that type.
     Typed MeetAs(const Typed& value, const SqlType& type);
-    /// A whole number that was reckoned, held to what its type can hold; the server's error 8115 where it
-    /// runs over. SQLite reckons in 64 bits.
+    /// The values, converted as far as they must be to be compared with one another. Decimals keep their
+    /// digits and get one scale.
+    std::vector<Typed> MeetAll(const std::vector<Typed>& values);
+    /// A number that was reckoned, held to what its type can hold; the server's error 8115 where it runs
+    /// over. SQLite reckons in 64 bits.
     Typed InBounds(Typed result);
     /// The expression's text for a place where texts are compared or ordered.
     QString Collated(const Typed& value) const;
@@ -83,7 +87,18 @@ class ExpressionTranslator {
     Typed Make(const ExistsNode& exists);
     /// A chain of ANDs or ORs, read as one.
     template <class Chain> Typed MakeChain(const Chain& chain, const QString& word);
+    /// The conversion in SQLite's own words; nothing where that takes the engine's function.
+    static std::optional<QString> PlainConversion(const Typed& value, const SqlType& type);
+    /// A whole number or a narrow decimal with so many decimals.
+    Typed WithScale(const Typed& value, int scale);
+    Typed AddDates(QChar sign, const Typed& left, const Typed& right);
     Typed Calculate(QChar sign, const Typed& left, const Typed& right);
+    /// With a result that is money or a decimal.
+    Typed CalculateFixed(QChar sign, const Typed& left, const Typed& right, const SqlType& type);
+    /// A sum or difference in SQLite's own words, and one of numbers that it cannot hold.
+    Typed Sum(QChar sign, const Typed& left, const Typed& right, const SqlType& type);
+    static Typed WideSum(QChar sign, const Typed& left, const Typed& right, const SqlType& type);
+    Typed Compare(const QString& sign, const Expression& left, const Expression& right);
     Typed Compare(const QString& sign, const Typed& left, const Typed& right);
     static Typed Negated(bool negated, Typed condition);
 

@@ -1,5 +1,6 @@
 #include "trial/translate/FunctionTranslator.h"
 
+#include "tsql/ArithmeticType.h"
 #include "tsql/ServerError.h"
 
 #include <QHash>
@@ -12,7 +13,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kAnyNumber = 100;
-constexpr int kLeastAverageScale = 6;
+
+QString Code(const SqlType& type) {
+    return QString::number(type.Encode());
+}
 
 } // namespace
 
@@ -73,8 +77,10 @@ Typed FunctionTranslator::TextArgument(const CallNode& call, size_t number) {
     return mExpressions.MeetAs(Argument(call, number), SqlType::Text());
 }
 
-Typed FunctionTranslator::WholeArgument(const CallNode& call, size_t number) {
-    return mExpressions.ConvertTo(Argument(call, number), SqlType::BigInt(), ConversionPlace::Expression);
+Typed FunctionTranslator::WholeArgument(const CallNode& call, size_t number, const SqlType& type) {
+    const Typed value = Argument(call, number);
+    RequireConvertible(value.type, type, false);
+    return mExpressions.ConvertTo(value, type, ConversionPlace::Expression);
 }
 
 Typed FunctionTranslator::DateArgument(const CallNode& call, size_t number) {
@@ -120,11 +126,9 @@ Typed FunctionTranslator::Coalesce(const CallNode& call) {
 Typed FunctionTranslator::NullIf(const CallNode& call) {
     const Typed value = Argument(call, 0);
     const Typed other = Argument(call, 1);
-    const SqlType common = CommonType(value.type, other.type);
-    const QString left = mExpressions.Collated(mExpressions.MeetAs(value, common));
-    const QString right = mExpressions.MeetAs(other, common).sql;
-    return ExpressionTranslator::Compose(u"(CASE WHEN "_s + left + u" = "_s + right + u" THEN NULL ELSE "_s +
-                                             value.sql + u" END)"_s,
+    const std::vector<Typed> met = mExpressions.MeetAll({value, other});
+    return ExpressionTranslator::Compose(u"(CASE WHEN "_s + mExpressions.Collated(met[0]) + u" = "_s +
+                                             met[1].sql + u" THEN NULL ELSE "_s + value.sql + u" END)"_s,
                                          value.type, {&value, &other});
 }
 
@@ -164,14 +168,16 @@ Typed FunctionTranslator::Replicate(const CallNode& call) {
 
 Typed FunctionTranslator::Abs(const CallNode& call) {
     const Typed value = NumberArgument(call, 0);
+    if (value.type.IsWide())
+        return Call(u"tv_abs"_s, value.type, {value, TypeArgument(value.type)});
     return mExpressions.InBounds(Call(u"abs"_s, value.type, {value}));
 }
 
 Typed FunctionTranslator::Round(const CallNode& call) {
     const Typed value = NumberArgument(call, 0);
     std::vector<Typed> arguments = {value, WholeArgument(call, 1)};
-    if (call.arguments.size() > 2)
-        arguments.push_back(WholeArgument(call, 2));
+    arguments.push_back(call.arguments.size() > 2 ? WholeArgument(call, 2) : Typed{u"0"_s, SqlType::Int()});
+    arguments.push_back(TypeArgument(value.type));
     return mExpressions.InBounds(Call(u"tv_round"_s, value.type, arguments));
 }
 
@@ -191,7 +197,7 @@ QString FunctionTranslator::DatePartName(const CallNode& call) const {
 Typed FunctionTranslator::DateAdd(const CallNode& call) {
     const Typed part{DatePartName(call), SqlType::Text()};
     const Typed date = DateArgument(call, 1);
-    return Call(u"tv_dateadd"_s, date.type, {part, WholeArgument(call, 0), date});
+    return Call(u"tv_dateadd"_s, date.type, {part, WholeArgument(call, 0, SqlType::Int()), date});
 }
 
 Typed FunctionTranslator::DateDiff(const CallNode& call) {
@@ -227,48 +233,30 @@ Typed FunctionTranslator::Count(const CallNode& call) {
     return {u"count("_s + distinct + u')', SqlType::Int()};
 }
 
-Typed FunctionTranslator::ExactSum(const Typed& value) const {
-    return {u"tv_sum("_s + value.sql + u", "_s + QString::number(value.type.scale) + u')',
-            value.type,
-            false,
-            {},
-            {}};
+Typed FunctionTranslator::TypeArgument(const SqlType& type) {
+    return {Code(type), SqlType::BigInt()};
 }
 
 Typed FunctionTranslator::Sum(const CallNode& call) {
     const Typed value = AggregateArgument(call);
     if (!value.type.IsNumber() || value.type.kind == SqlType::Kind::Bit)
         throw ServerError(Fault::InvalidOperand, {value.type.Name(), u"sum"_s});
-    if (value.type.kind == SqlType::Kind::Money)
-        return ExactSum(value);
-    Typed sum = Call(u"sum"_s, value.type, {value});
-    if (value.type.kind == SqlType::Kind::Decimal) {
-        sum = ExactSum(value);
-        sum.type = SqlType::Decimal(38, value.type.scale);
-    } else if (value.type.kind == SqlType::Kind::Int) {
-        return mExpressions.InBounds(sum);
-    }
-    return sum;
+    if (value.type.IsFixed())
+        return Call(u"tv_sum"_s, SumType(value.type), {value, TypeArgument(value.type)});
+    const Typed sum = Call(u"sum"_s, value.type, {value});
+    return value.type.kind == SqlType::Kind::Int ? mExpressions.InBounds(sum) : sum;
 }
 
 Typed FunctionTranslator::Average(const CallNode& call) {
     const Typed value = AggregateArgument(call);
     if (!value.type.IsNumber() || value.type.kind == SqlType::Kind::Bit)
         throw ServerError(Fault::InvalidOperand, {value.type.Name(), u"avg"_s});
-    const QString count = u" / count("_s + value.sql + u')';
     // Kept: the average of whole numbers is a whole number, its decimals cut.
     if (value.type.IsWhole())
-        return {u"(sum("_s + value.sql + u')' + count + u')', value.type};
-    if (!value.type.IsFixed())
-        return Call(u"avg"_s, value.type, {value});
-    const int scale =
-        value.type.kind == SqlType::Kind::Money ? 4 : std::max(value.type.scale, kLeastAverageScale);
-    const SqlType type = value.type.kind == SqlType::Kind::Money ? value.type : SqlType::Decimal(38, scale);
-    return {u"tv_round("_s + ExactSum(value).sql + count + u", "_s + QString::number(scale) + u')',
-            type,
-            false,
-            {},
-            {}};
+        return {u"(sum("_s + value.sql + u") / count("_s + value.sql + u"))"_s, AnyWhole(value.type)};
+    if (value.type.IsFixed())
+        return Call(u"tv_avg"_s, AverageType(value.type), {value, TypeArgument(value.type)});
+    return Call(u"avg"_s, value.type, {value});
 }
 
 Typed FunctionTranslator::Extreme(const CallNode& call) {

@@ -44,12 +44,13 @@ class FunctionTranslator {
 
     Typed Argument(const CallNode& call, size_t number);
     Typed TextArgument(const CallNode& call, size_t number);
-    Typed WholeArgument(const CallNode& call, size_t number);
+    Typed WholeArgument(const CallNode& call, size_t number, const SqlType& type = SqlType::BigInt());
     Typed DateArgument(const CallNode& call, size_t number);
     Typed NumberArgument(const CallNode& call, size_t number);
     /// The argument of an aggregate; raises 147 where none may stand.
     Typed AggregateArgument(const CallNode& call);
-    Typed ExactSum(const Typed& value) const;
+    /// A type as an argument of one of the engine's own functions.
+    static Typed TypeArgument(const SqlType& type);
     /// The date part's name as the engine's functions know it, in quotes; raises 155.
     QString DatePartName(const CallNode& call) const;
     /// "name(argument, argument …)".

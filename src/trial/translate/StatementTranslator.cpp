@@ -104,9 +104,11 @@ bool StatementTranslator::TakeLiteralRows(const ValueRows& valueRows, const std:
     std::vector<std::vector<Cell>> rows;
     const auto take = [&](const Expression& expression, Target target, std::vector<Cell>& row) {
         const auto literal = ExpressionTranslator::Literal(expression);
-        if (literal)
-            row.push_back(Convert(*literal->constant, literal->type, target->type, ConversionPlace::Column));
-        return literal.has_value();
+        if (!literal)
+            return false;
+        RequireConvertible(literal->type, target->type, false);
+        row.push_back(Convert(*literal->constant, literal->type, target->type, ConversionPlace::Column));
+        return true;
     };
     for (const auto& values : valueRows) {
         if (values.size() != targets.size())
@@ -181,6 +183,7 @@ QString StatementTranslator::SelectText(const Query& source, const std::vector<T
 
 Typed StatementTranslator::Assigned(ExpressionTranslator& expressions, const Typed& value,
                                     Target target) const {
+    RequireConvertible(value.type, target->type, false);
     return expressions.ConvertTo(value, target->type, ConversionPlace::Column);
 }
 
