@@ -5,32 +5,28 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int kOutOfMemory = 701;
-constexpr int kInternal = 8624;
-
-} // namespace
+RunTimeError OutOfMemory() {
+    constexpr int kNumber = 701;
+    return RunTimeError(
+        kNumber, u"There is insufficient system memory in resource pool 'default' to run this query."_s,
+        u"HY000"_s);
+}
 
 RunTimeError FailureInHand() {
-    const auto state = u"HY000"_s;
-    const auto outOfMemory = [&] {
-        return RunTimeError(
-            kOutOfMemory,
-            u"There is insufficient system memory in resource pool 'default' to run this query."_s, state);
-    };
+    constexpr int kInternalError = 8624;
     try {
         throw;
     } catch (const RunTimeError& error) {
         return error;
     } catch (const std::bad_alloc&) {
-        return outOfMemory();
+        return OutOfMemory();
     } catch (const std::length_error&) {
         // What a container throws that was asked for more than any memory holds.
-        return outOfMemory();
+        return OutOfMemory();
     } catch (...) {
         return RunTimeError(
-            kInternal,
-            u"Internal Query Processor Error: The query processor could not produce a query plan."_s, state);
+            kInternalError,
+            u"Internal Query Processor Error: The query processor could not produce a query plan."_s,
+            u"HY000"_s);
     }
 }

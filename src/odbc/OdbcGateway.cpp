@@ -126,10 +126,10 @@ bool OdbcGateway::IsLost() const {
 }
 
 CommandGateway::Outcome OdbcGateway::Run(const QString& command) {
-    return WithinBoundary([&] { return Send(command); });
+    return WithinBoundary([&] { return RunCommand(command); });
 }
 
-CommandGateway::Outcome OdbcGateway::Send(const QString& command) {
+CommandGateway::Outcome OdbcGateway::RunCommand(const QString& command) {
     const OdbcHandle statement(SQL_HANDLE_STMT, SQL_HANDLE_DBC, mConnection.Get());
     statement.Check(SQLSetStmtAttrW(statement.Get(), SQL_ATTR_QUERY_TIMEOUT,
                                     OdbcNumber(qulonglong(CommandTimeout())), 0));
