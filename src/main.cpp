@@ -1,5 +1,6 @@
 #include "shell/Main.h"
 
+#include "report/viewer/FetchThread.h"
 #include "shell/RegisterScreens.h"
 #include "suite/RegisterSuite.h"
 #include "toolkit/Application.h"
@@ -16,7 +17,9 @@ int main(int, char** argv) {
         RegisterSuite(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
         RegisterScreens();
         Main();
-        return Application::exec();
+        const int code = Application::exec();
+        LeaveFetchThreads();
+        return code;
     } catch (...) {
         Failure::End(std::current_exception());
     }

@@ -1,5 +1,6 @@
 #include "odbc/OdbcGateway.h"
 
+#include "gateway/Boundary.h"
 #include "odbc/OdbcError.h"
 #include "odbc/OdbcRows.h"
 
@@ -65,7 +66,7 @@ class OdbcGateway::Running {
 };
 
 OdbcGateway::OdbcGateway(const QString& dataSource, const QString& user, const QString& password,
-                         int loginTimeout)
+                         int loginTimeout) try
     : mConnectionString(u"Provider=MSDASQL;DSN=%1;UID=%2"_s.arg(dataSource, user))
     , mConnection(SQL_HANDLE_DBC, SQL_HANDLE_ENV, mEnvironment.Get()) {
     mConnection.Check(SQLSetConnectAttrW(mConnection.Get(), SQL_ATTR_LOGIN_TIMEOUT,
@@ -76,6 +77,8 @@ OdbcGateway::OdbcGateway(const QString& dataSource, const QString& user, const Q
                                   OdbcText(user), SQLSMALLINT(user.size()), OdbcText(password),
                                   SQLSMALLINT(password.size())));
     mIgnoresNoscan = IgnoresNoscan(mConnection);
+} catch (...) {
+    throw FailureInHand();
 }
 
 OdbcGateway::~OdbcGateway() {
@@ -123,6 +126,10 @@ bool OdbcGateway::IsLost() const {
 }
 
 CommandGateway::Outcome OdbcGateway::Run(const QString& command) {
+    return WithinBoundary([&] { return RunCommand(command); });
+}
+
+CommandGateway::Outcome OdbcGateway::RunCommand(const QString& command) {
     const OdbcHandle statement(SQL_HANDLE_STMT, SQL_HANDLE_DBC, mConnection.Get());
     statement.Check(SQLSetStmtAttrW(statement.Get(), SQL_ATTR_QUERY_TIMEOUT,
                                     OdbcNumber(qulonglong(CommandTimeout())), 0));

@@ -40,6 +40,7 @@ class OdbcGateway : public CommandGateway {
   private:
     class Running;
 
+    Outcome RunCommand(const QString& command);
     /// Raises 102, as the server does for a text that it cannot read, when the driver tells that it would
     /// send another text than the command.
     void RefuseWhatIsAltered(const QString& command) const;

@@ -97,7 +97,7 @@ class LiveUnderTest : public HospitalUnderTest {
     /// Drops what an earlier case left. The mark tells that the objects are the contract's; without it a
     /// server's own ones of these names stand there, which are left alone.
     void ClaimNames() {
-        if (Exists(kMark)) {
+        if (Exists(u"PASSWORD.dbo."_s + kMark)) {
             Drop();
         } else {
             ForEachObject([this](const QString& database, const QString&, const QString& name) {
@@ -106,7 +106,7 @@ class LiveUnderTest : public HospitalUnderTest {
                                              (database + u".dbo."_s + name).toStdString());
             });
         }
-        mGateway->ExecuteNoResult(u"CREATE TABLE %1 (Made datetime NOT NULL DEFAULT GETDATE())"_s.arg(kMark));
+        RunInPassword(u"CREATE TABLE dbo.%1 (Made datetime NOT NULL DEFAULT GETDATE())"_s);
         mIsClaimed = true;
     }
 
@@ -119,10 +119,17 @@ class LiveUnderTest : public HospitalUnderTest {
             mGateway->ExecuteNoResult(u"USE "_s + database);
             mGateway->ExecuteNoResult(u"IF OBJECT_ID('dbo.%2') IS NOT NULL DROP %1 dbo.%2"_s.arg(kind, name));
         });
-        mGateway->ExecuteNoResult(u"DROP TABLE "_s + kMark);
+        RunInPassword(u"DROP TABLE dbo.%1"_s);
     }
 
-    inline static const QString kMark = u"PASSWORD.dbo.tarven_contract"_s;
+    /// Runs a statement about the mark in its own database: not every server makes or drops what lies in
+    /// another one.
+    void RunInPassword(const QString& statement) {
+        mGateway->ExecuteNoResult(u"USE PASSWORD"_s);
+        mGateway->ExecuteNoResult(statement.arg(kMark));
+    }
+
+    inline static const QString kMark = u"tarven_contract"_s;
 
     QMap<QString, QString> mLogon;
     bool mIsClaimed = false;

@@ -3,6 +3,7 @@
 #include "report/template/TemplateReader.h"
 #include "report/viewer/FetchThread.h"
 #include "support/report/ReportFixture.h"
+#include "toolkit/EndProcess.h"
 
 #include <QCoreApplication>
 #include <QSignalSpy>
@@ -13,6 +14,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+struct ProcessEnded {};
 
 class FetchThreadTest : public testing::Test {
   protected:
@@ -80,4 +83,23 @@ TEST_F(FetchThreadTest, DestroyedItDoesNotWaitForADatabaseThatHeedsNothing) {
     WaitForFetchThreads();
     EXPECT_EQ(database.open, 0);
     QCoreApplication::processEvents();
+}
+
+TEST_F(FetchThreadTest, TheProgramsEndDoesNotWaitForADatabaseThatHeedsNothing) {
+    const auto ending = EndProcessSeam().Replace([] { throw ProcessEnded(); });
+    database.Hold(true);
+    auto fetch = std::make_unique<FetchThread>(Order(), nullptr);
+    database.AwaitCommand();
+    fetch.reset();
+    EXPECT_THROW(LeaveFetchThreads(), ProcessEnded);
+    database.Release();
+    WaitForFetchThreads();
+    EXPECT_EQ(database.open, 0);
+}
+
+TEST_F(FetchThreadTest, TheProgramsEndGoesItsOwnWayWhenTheRowsAreThere) {
+    const auto ending = EndProcessSeam().Replace([] { throw ProcessEnded(); });
+    FetchThread fetch(Order(), nullptr);
+    EXPECT_TRUE(QSignalSpy(&fetch, &FetchThread::Finished).wait());
+    EXPECT_NO_THROW(LeaveFetchThreads());
 }

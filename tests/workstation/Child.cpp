@@ -1,3 +1,4 @@
+#include "report/viewer/FetchThread.h"
 #include "shell/Main.h"
 #include "shell/RegisterScreens.h"
 #include "suite/RegisterSuite.h"
@@ -73,5 +74,6 @@ int main(int argc, char** argv) {
     // The script may stand in the middle of a step; only the program's own end comes here. It ends as the
     // program does, and lets go of the hospital on the way.
     std::printf("the program ended\n");
+    LeaveFetchThreads();
     return code;
 }

@@ -4,7 +4,9 @@
 #include "workstation/Workstation.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 
+#include <atomic>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -32,7 +34,18 @@ class OnAServer : public Workstation {
         return QueryOne(u"select ChargeSlip from Clinical_Area..tbEarCareChargeSlip"_s);
     }
 
-    TdsResponder server{EngineSessions(HospitalPath())};
+    /// Whether the server never answers a report, however often the program gives it up.
+    std::atomic<bool> reportsAreSilent = false;
+    TdsResponder server{
+        [this, hospital = EngineSessions(HospitalPath())](const TdsLogin& login) -> TdsResponder::Handler {
+            return [this, answered = hospital(login)](const QString& batch, TdsAnswer& answer) {
+                if (reportsAreSilent && batch.contains(u"spReports_Audit"_s)) {
+                    WriteProgramFile(u"silent"_s, {});
+                    answer.FallSilent();
+                }
+                answered(batch, answer);
+            };
+        }};
 };
 
 } // namespace
@@ -70,6 +83,23 @@ TEST_F(OnAServer, TheReportLogsOnByItself) {
         EXPECT_EQ(login.user, u"NURSE"_s);
         EXPECT_EQ(login.password, u"nurse"_s);
     }
+}
+
+TEST_F(OnAServer, TheProgramEndsAtOnceBesideAServerThatHeedsNoCancellation) {
+    // Such a server is given up by the driver, after some twenty seconds.
+    constexpr qint64 kAtOnce = 5000;
+    reportsAreSilent = true;
+    const auto child = StartScript(u"leave-beside-a-report"_s);
+    while (child->state() == QProcess::Running && !child->canReadLine())
+        child->waitForReadyRead(10);
+    QElapsedTimer leaving;
+    leaving.start();
+    EXPECT_EQ(child->readLine(), "leaving\n");
+    const Run run = WaitForEnd(*child);
+    EXPECT_LT(leaving.elapsed(), kAtOnce);
+    EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
+    EXPECT_FALSE(run.crashed);
+    EXPECT_THAT(run.told, ElementsAre(u"the program ended"_s));
 }
 
 TEST_F(OnAServer, AnApostropheIsTheServersErrorAndEndsTheProcess) {

@@ -1,9 +1,13 @@
 #include "workstation/ReportScripts.h"
 
+#include "toolkit/ProgramFiles.h"
 #include "workstation/ClerkKeys.h"
 
 #include <QDate>
+#include <QFile>
 #include <QWidget>
+
+#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
@@ -77,4 +81,21 @@ void Census(Driver& clerk) {
         clerk.ExpectNoScreen(u"frmCensus"_s);
         LeaveReport(clerk, u"frmReport"_s);
     }
+}
+
+void LeaveBesideAReport(Driver& clerk) {
+    SignOn(clerk);
+    clerk.ChooseMenu(u"mnuReportAudit"_s);
+    clerk.ExpectFocus(u"dtpStartDate"_s);
+    clerk.TabTo(u"cmdView"_s);
+    clerk.Press(Qt::Key_Return);
+    clerk.ExpectScreen(u"frmReportviewer"_s);
+    clerk.WaitFor([] { return QFile::exists(ProgramDirectory() + u"/silent"_s); },
+                  u"nobody waits for the report's rows"_s);
+    Tell(u"leaving"_s);
+    std::fflush(stdout);
+    clerk.Press(Qt::Key_W, Qt::ControlModifier);
+    clerk.ExpectNoScreen(u"frmReportviewer"_s);
+    clerk.ChooseMenu(u"mnuExit"_s);
+    clerk.WaitFor([] { return false; }, u"the program did not end"_s);
 }

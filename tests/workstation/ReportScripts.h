@@ -11,3 +11,6 @@ void PeriodReports(Driver& clerk);
 void LedgerOfAnInPatient(Driver& clerk);
 /// Opens the census in both arrangements.
 void Census(Driver& clerk);
+/// Opens a report, closes its window when the file "silent" stands in the program's folder, and leaves the
+/// program by the menu. Tells when it begins to leave.
+void LeaveBesideAReport(Driver& clerk);

@@ -151,6 +151,7 @@ const std::map<std::string, std::function<void(Driver&)>>& Scripts() {
         {"period-reports", PeriodReports},
         {"ledger", LedgerOfAnInPatient},
         {"census", Census},
+        {"leave-beside-a-report", LeaveBesideAReport},
         {"ward-request", WardRequest},
         {"idle-until-failure", IdleUntilFailure},
         {"modal-until-failure", ModalUntilFailure},

@@ -1,12 +1,20 @@
 #include "report/viewer/FetchThread.h"
 
+#include "toolkit/EndProcess.h"
+
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QThread>
 
+#include <algorithm>
+#include <chrono>
 #include <utility>
 #include <vector>
 
 namespace {
+
+/// Enough for a server that heeds a cancellation, and short for a clerk who leaves.
+constexpr std::chrono::milliseconds kMoment(300);
 
 /// Touched on the user interface's thread only.
 std::vector<QThread*> running;
@@ -63,4 +71,16 @@ void WaitForFetchThreads() {
         thread->wait();
         delete thread;
     }
+}
+
+void LeaveFetchThreads() {
+    const QDeadlineTimer moment(kMoment);
+    if (std::ranges::all_of(running, [&](QThread* thread) { return thread->wait(moment); }))
+        return;
+    // A thread that is still in its driver goes with the process, in the middle of what it does. The
+    // program's own end would take the toolkit and all that outlives functions away under it: locale and
+    // fonts, the connector of reports, the driver manager. Nothing is lost: its rows were given up and it
+    // writes nothing; what the database has answered stands, and so do files and settings, which are whole as
+    // soon as they are written.
+    EndProcess();
 }

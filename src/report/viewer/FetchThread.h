@@ -40,5 +40,10 @@ class FetchThread : public QObject {
     std::shared_ptr<Work> mWork;
 };
 
-/// Waits until every thread has ended whose rows were given up. The end of the program does it by itself.
+/// Waits until every thread has ended whose rows were given up. The end of the toolkit does it by itself.
 void WaitForFetchThreads();
+
+/// For the end of the program, when its event loop has ended and every report was given up: comes back when
+/// the threads have ended. Where a server keeps one longer than a moment, the process ends here, as
+/// EndProcess says.
+void LeaveFetchThreads();
