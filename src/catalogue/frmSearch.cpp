@@ -36,13 +36,6 @@ frmSearch::frmSearch() {
     Wire();
 }
 
-void frmSearch::ResetMembers() {
-    for (QString* text : {&SearchCaption, &Query, &Criteria, &mResultCode})
-        text->clear();
-    mValid = false;
-    DisableSearch = false;
-}
-
 void frmSearch::Layout() {
     setObjectName(u"frmSearch"_s);
     lblHospital = new QLabel(this);

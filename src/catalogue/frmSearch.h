@@ -35,9 +35,6 @@ class frmSearch : public Form {
     /// True: the caller fills the grid by hand and the search box is off.
     inline static bool DisableSearch = false;
 
-    /// Brings the members back to what a fresh process has.
-    static void ResetMembers();
-
     FlexGrid* grdDispWindow;
 
   protected:

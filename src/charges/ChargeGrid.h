@@ -52,11 +52,6 @@ class ChargeGrid : public QObject, private LineEditor {
     /// A line's text in a column.
     QString Text(int row, int col) const;
 
-    /// For tests, which look at the department last validated.
-    const ItemLookup& Lookup() const { return mLookup; }
-    /// What the twins do not have in common, and the locks of the moment. Asked by tests only.
-    const ChargeLines& Lines() const { return mLines; }
-
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

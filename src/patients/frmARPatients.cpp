@@ -41,13 +41,6 @@ frmARPatients::frmARPatients() {
     Wire();
 }
 
-void frmARPatients::ResetMembers() {
-    for (QString* text : {&mPatientRecord, &PatientType, &SearchText})
-        text->clear();
-    mResultCode = QString();
-    mValid = false;
-}
-
 void frmARPatients::Layout() {
     setObjectName(u"frmARPatients"_s);
     setWindowTitle(u"Search Patient"_s);

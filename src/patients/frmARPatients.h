@@ -36,9 +36,6 @@ class frmARPatients : public Form {
     // Kept: neither a new opening nor a close takes it back, so it tells of every selection since the start.
     static bool Valid() { return mValid; }
 
-    /// Brings the members back to what a fresh process has.
-    static void ResetMembers();
-
   protected:
     void Form_Load() override;
 

@@ -50,15 +50,6 @@ frmCashPatients::frmCashPatients() {
     Wire();
 }
 
-void frmCashPatients::ResetMembers() {
-    ResultCode = QString();
-    Valid = false;
-    PatientType = QString();
-    mPatientRecord.clear();
-    outPatientSearch = {};
-    admissionSearch = {};
-}
-
 void frmCashPatients::Layout() {
     setObjectName(u"frmCashPatients"_s);
     setWindowTitle(u"Cash Patients"_s);

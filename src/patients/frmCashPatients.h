@@ -39,9 +39,6 @@ class frmCashPatients : public Form {
     inline static Ref<VisitByText> outPatientSearch;
     inline static Ref<AdmissionByText> admissionSearch;
 
-    /// Brings the members back to what a fresh process has.
-    static void ResetMembers();
-
   protected:
     void Form_Load() override;
     void Form_Activate() override;

@@ -40,13 +40,6 @@ frmRegisteredOPD::frmRegisteredOPD() {
     Wire();
 }
 
-void frmRegisteredOPD::ResetMembers() {
-    ResultCode = QString();
-    Valid = false;
-    PatientRecord.clear();
-    mPatientType = QString();
-}
-
 void frmRegisteredOPD::Layout() {
     setObjectName(u"frmRegisteredOPD"_s);
     auto* layout = new QVBoxLayout(this);

@@ -33,9 +33,6 @@ class frmRegisteredOPD : public Form {
     /// Kept: it can be set, and nothing reads it.
     static void SetPatientType(const Value& type) { mPatientType = type; }
 
-    /// Brings the members back to what a fresh process has.
-    static void ResetMembers();
-
   protected:
     void Form_Load() override;
     void Form_Activate() override;

@@ -23,8 +23,6 @@ const std::vector<std::pair<QString, QString>> kDepartments = {
 
 class clsDepartmentCodeTest : public ScreenTest {
   protected:
-    ~clsDepartmentCodeTest() override { frmSearch::ResetMembers(); }
-
     clsDepartmentCode department;
 };
 

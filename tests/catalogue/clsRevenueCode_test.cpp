@@ -1,5 +1,6 @@
 #include "catalogue/clsRevenueCode.h"
 #include "catalogue/frmSearch.h"
+#include "support/ErrorOf.h"
 #include "support/RevenueRows.h"
 #include "support/ScreenTest.h"
 #include "support/WhileModal.h"
@@ -23,14 +24,11 @@ const Message kNoSuchItem{.text = u"Item does not exists."_s, .icon = MsgIcon::E
 
 class clsRevenueCodeTest : public ScreenTest {
   protected:
-    ~clsRevenueCodeTest() override { frmSearch::ResetMembers(); }
-
     void ExpectPicker(const QString& text, const std::vector<RevenueCentre>& exact,
                       const std::vector<RevenueCentre>& partial) {
         gateway.Expect(ExactRevenueCommand(text), RevenueRows(exact));
         gateway.Expect(PartialRevenueCommand(text), RevenueRows(partial));
-        gateway.Expect(u"Clinical_Area..spEarCare_SearchRevenue '0','"_s + text + u"'"_s,
-                       RevenueRows({kCentreTwelve, kStockCentre}));
+        gateway.Expect(ListedRevenueCommand(text), RevenueRows({kCentreTwelve, kStockCentre}));
     }
 
     /// Picks the row of the picker that opens next.
@@ -42,12 +40,7 @@ class clsRevenueCodeTest : public ScreenTest {
     }
 
     int NumberRaised(const QString& code) {
-        try {
-            centre.ValidateRevenue(code);
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        }
-        return 0;
+        return ErrorOf([&] { centre.ValidateRevenue(code); });
     }
 
     clsRevenueCode centre;
@@ -143,7 +136,7 @@ TEST_F(clsRevenueCodeTest, SinglePartialHitStillOpensThePicker) {
 
 TEST_F(clsRevenueCodeTest, PickerSearchesAgainWithTheListCommand) {
     ExpectPicker(u"EAR"_s, {}, {kCentreTwelve});
-    gateway.Expect(u"Clinical_Area..spEarCare_SearchRevenue '0','S'"_s, RevenueRows({kStockCentre}));
+    gateway.Expect(ListedRevenueCommand(u"S"_s), RevenueRows({kStockCentre}));
     ExpectExact(gateway, kStockCentre);
     WhileModal([](Form& picker) {
         Type(Find<QLineEdit>(picker, "txtSearchStr"), u"s"_s);

@@ -1,3 +1,4 @@
+#include "catalogue/commands.h"
 #include "catalogue/frmRates.h"
 #include "support/FakeWorkspace.h"
 #include "support/RevenueRows.h"
@@ -6,7 +7,6 @@
 #include "toolkit/Screens.h"
 
 #include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QPushButton>
@@ -30,25 +30,15 @@ class frmRatesTest : public ScreenTest {
     }
 
     void ExpectRates() {
-        gateway.Expect(
-            u"Hemodialysis..spKidney_Rates 'HC'"_s,
-            Rows({u"Code"_s, u"Item"_s, u"RateA"_s},
-                 {{u"HC01"_s, u"CLEANING"_s, Decimal{u"100.0000"_s}}, {u"HC02"_s, u"TEST"_s, Value()}}));
+        gateway.Expect(RatesCommand(u"HC"_s), Rows({u"Code"_s, u"Item"_s, u"RateA"_s},
+                                                   {{u"HC01"_s, u"CLEANING"_s, Decimal{u"100.0000"_s}},
+                                                    {u"HC02"_s, u"TEST"_s, Value()}}));
     }
 
     static FlexGrid& Grid(const frmRates& rates) { return Find<FlexGrid>(rates, "grdRates"); }
 
     FakeWorkspace workspace;
 };
-
-TEST_F(frmRatesTest, ControlsBearTheirTexts) {
-    const auto& rates = Open();
-    EXPECT_EQ(rates.windowTitle(), u"List of Rates"_s);
-    EXPECT_EQ(Find<QPushButton>(rates, "cmdSearch").text(), u"..."_s);
-    EXPECT_EQ(Find<QPushButton>(rates, "cmdClose").text(), u"Close"_s);
-    EXPECT_EQ(Find<QLabel>(rates, "Label1").text(), u"List of Rates     "_s);
-    EXPECT_EQ(Find<QLabel>(rates, "Label2").text(), u"Select Revenue Center"_s);
-}
 
 TEST_F(frmRatesTest, GridHasEightColumnsOfTheirWidths) {
     const FlexGrid& grid = Grid(Open());

@@ -7,7 +7,6 @@
 
 #include <QApplication>
 #include <QFont>
-#include <QGroupBox>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -24,7 +23,7 @@ class frmSearchTest : public ScreenTest {
         frmSearch::Criteria = u"E"_s;
         gHospitalName = u"SAN ROQUE"_s;
     }
-    ~frmSearchTest() override { frmSearch::ResetMembers(); }
+    ~frmSearchTest() override { frmSearch::DisableSearch = false; }
 
     static std::shared_ptr<const RowData> Found(const std::vector<QString>& names) {
         std::vector<std::vector<Value>> rows;
@@ -90,14 +89,6 @@ TEST_F(frmSearchTest, LoadShowsHospitalTitlesAndTheRowsOfTheCriteria) {
     EXPECT_EQ(cells.Row(), 1);
     EXPECT_EQ(cells.Col(), 1);
     EXPECT_EQ(SearchBox(search).text(), u""_s);
-}
-
-TEST_F(frmSearchTest, ControlsBearTheirTexts) {
-    const auto& search = Open(three);
-    EXPECT_EQ(Select(search).text(), u"&Select"_s);
-    EXPECT_EQ(Find<QPushButton>(search, "cmdCancel").text(), u"Cancel"_s);
-    EXPECT_EQ(search.findChild<QGroupBox*>()->title(), u"Records List"_s);
-    EXPECT_NE(search.findChild<QLabel*>(u"lblHelpTip"_s), nullptr);
 }
 
 TEST_F(frmSearchTest, ColumnsHaveTheirWidthsAndEveryHeaderIsBold) {
@@ -362,15 +353,4 @@ TEST_F(frmSearchTest, ColumnChangeLeavesTheBoxAlsoWhenTheSearchIsOff) {
     QTest::keyClick(search.grdDispWindow, Qt::Key_Right);
     EXPECT_EQ(search.grdDispWindow->Cells().Col(), 2);
     EXPECT_EQ(SearchBox(search).text(), u""_s);
-}
-
-TEST_F(frmSearchTest, ResetBringsTheMembersOfAFreshProcess) {
-    PickBefore();
-    frmSearch::DisableSearch = true;
-    frmSearch::ResetMembers();
-    for (const QString* text : {&frmSearch::SearchCaption, &frmSearch::Query, &frmSearch::Criteria})
-        EXPECT_EQ(*text, u""_s);
-    EXPECT_EQ(frmSearch::ResultCode(), u""_s);
-    EXPECT_FALSE(frmSearch::Valid());
-    EXPECT_FALSE(frmSearch::DisableSearch);
 }

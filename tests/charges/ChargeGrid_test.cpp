@@ -1,4 +1,3 @@
-#include "catalogue/frmSearch.h"
 #include "charges/ChargeGrid.h"
 #include "charges/ChargeGridGround.h"
 #include "charges/Twins.h"
@@ -14,6 +13,7 @@ namespace {
 
 const RevenueCentre kEarCare{u"EAR CARE"_s, u"HC"_s};
 const RevenueCentre kXRay{u"X-RAY"_s, u"XR"_s};
+const RevenueCentre kMedicines{u"MEDICINES"_s, u"HB"_s};
 const RevenueCentre kFees{u"MEDICAL FEE"_s, u"MD"_s, u"N"_s};
 const RevenueCentre kOthers{u"OTHERS"_s, u"OT"_s, u"N"_s};
 
@@ -30,6 +30,15 @@ class ChargeGridTest : public ChargeGridGround, public testing::WithParamInterfa
         : ChargeGridGround(*GetParam().differences) {}
 
     void ExpectHeaders() const;
+
+    /// Keys a code into the line and answers in which section of the stock it is looked up, which goes by the
+    /// department last validated.
+    QString SectionSearched(int row) {
+        OpenByFocus(row, Column::kCode);
+        Key(u"G1"_s);
+        Enter();
+        return stockListBasic->showings.empty() ? u"none"_s : stockListBasic->showings.back().section;
+    }
 };
 
 INSTANTIATE_TEST_SUITE_P(Twins, ChargeGridTest, testing::ValuesIn(kTwins), CaseName());
@@ -219,26 +228,26 @@ TEST_P(ChargeGridTest, UnknownDepartmentIsToldAndTheClerkStaysThere) {
 
 TEST_P(ChargeGridTest, RefusedDepartmentLeavesTheOneLastValidated) {
     OpenByFocus(3, 1);
-    KeyDepartment(kXRay);
+    KeyDepartment(kMedicines);
     ClickCell(3, 1);
     Key(u"QQ"_s);
     gateway.Expect(ExactRevenueCommand(u"QQ"_s), RevenueRows({}));
     gateway.Expect(PartialRevenueCommand(u"QQ"_s), RevenueRows({}));
     messages.Expect({.text = u"Item does not exists."_s, .icon = MsgIcon::Exclamation});
     Enter();
-    EXPECT_EQ(charges->Lookup().CurrentRevenueID, u"XR"_s);
-    EXPECT_EQ(At(3, 3), u"X-RAY"_s);
+    EXPECT_EQ(At(3, 3), u"MEDICINES"_s);
     EXPECT_EQ(gLineCount, 1);
+    EXPECT_EQ(SectionSearched(3), u"1"_s);
 }
 
 TEST_P(ChargeGridTest, CancelledDepartmentLeavesTheOneLastValidated) {
     OpenByFocus(3, 1);
-    KeyDepartment(kXRay);
+    KeyDepartment(kMedicines);
     ClickCell(3, 1);
     Key(u"E"_s);
     gateway.Expect(ExactRevenueCommand(u"E"_s), RevenueRows({}));
     gateway.Expect(PartialRevenueCommand(u"E"_s), RevenueRows({kEarCare}));
-    gateway.Expect(u"Clinical_Area..spEarCare_SearchRevenue '0','E'"_s, RevenueRows({kEarCare}));
+    gateway.Expect(ListedRevenueCommand(u"E"_s), RevenueRows({kEarCare}));
     bool opened = false;
     WhileModal([&opened](Form& picker) {
         opened = true;
@@ -246,22 +255,21 @@ TEST_P(ChargeGridTest, CancelledDepartmentLeavesTheOneLastValidated) {
     });
     Enter();
     EXPECT_TRUE(opened);
-    EXPECT_EQ(charges->Lookup().CurrentRevenueID, u"XR"_s);
     EXPECT_EQ(At(3, 1), u"E"_s);
-    EXPECT_EQ(At(3, 3), u"X-RAY"_s);
+    EXPECT_EQ(At(3, 3), u"MEDICINES"_s);
     EXPECT_EQ(gLineCount, 1);
     EXPECT_EQ(Place(), std::pair(3, 1));
-    frmSearch::ResetMembers();
+    EXPECT_EQ(SectionSearched(3), u"1"_s);
 }
 
 TEST_P(ChargeGridTest, AcceptedDepartmentFillsTheLineAndOpensTheCode) {
     OpenByFocus(3, 1);
-    KeyDepartment(kXRay);
-    EXPECT_EQ(At(3, 1), u"XR"_s);
-    EXPECT_EQ(At(3, 3), u"X-RAY"_s);
+    KeyDepartment(kMedicines);
+    EXPECT_EQ(At(3, 1), u"HB"_s);
+    EXPECT_EQ(At(3, 3), u"MEDICINES"_s);
     EXPECT_EQ(At(3, differences.quantityCol), u"1"_s);
-    EXPECT_EQ(charges->Lookup().CurrentRevenueID, u"XR"_s);
     ExpectOpen(3, 2);
+    EXPECT_EQ(SectionSearched(3), u"1"_s);
 }
 
 TEST_P(ChargeGridTest, EveryAcceptedDepartmentCountsALineUntilTheCountersAreReset) {

@@ -2,6 +2,7 @@
 #include "charges/ChargeLines.h"
 #include "charges/Twins.h"
 #include "support/CaseName.h"
+#include "support/ErrorOf.h"
 #include "support/RevenueRows.h"
 #include "support/ScreenTest.h"
 #include "text/RunTimeError.h"
@@ -294,16 +295,6 @@ TEST_P(WriteCentreTest, NextColumnIsTheCodeForItemsForStockAndForDoctors) {
     EXPECT_EQ(Write({u"MEDICAL FEE"_s, u"MD"_s, u"N"_s, false}), Column::kCode);
     EXPECT_EQ(Write({u"OTHERS"_s, u"OT"_s, u"N"_s, false}), Column::kAmount);
     EXPECT_EQ(Write({u"OTHERS"_s, u"OT"_s, u"y"_s, false}), Column::kAmount);
-}
-
-/// The number of the error that an action raises, 0 for none.
-template <class Action> int ErrorOf(Action action) {
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        return error.Number();
-    }
-    return 0;
 }
 
 TEST_P(BothScreensTest, ColumnBeyondTheArraysRaises9) {

@@ -3,10 +3,12 @@
 #include "charges/frmAssessment.h"
 #include "charges/frmPostCharges.h"
 #include "components/shared.h"
+#include "patients/commands.h"
 #include "patients/FinderTarget.h"
 #include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
 #include "support/CaseName.h"
+#include "support/ErrorOf.h"
 #include "support/ScreenTest.h"
 #include "text/Clock.h"
 #include "text/RunTimeError.h"
@@ -19,7 +21,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto kItems = "SELECT * FROM HEMODIALYSIS..tbhemopackage WHERE PackageCode = 'PKG01'"_L1;
+const QString kItems = PackageCommand(u"PKG01"_s);
 
 std::shared_ptr<const RowData> PackageRows(const std::vector<std::vector<Value>>& items) {
     std::vector<std::vector<Value>> rows;
@@ -36,16 +38,6 @@ const std::vector<std::vector<Value>> kTwoItems = {{u"HB"_s, u"M0002"_s, 2.5, 20
 /// Both forms over a fresh process, in which no screen waits for the finder.
 class ExpandPackageTest : public ScreenTest {
   protected:
-    /// The number of the failure that the call raises, 0 for none.
-    template <class Call> static int FailureOf(Call call) {
-        try {
-            call();
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        }
-        return 0;
-    }
-
     void Issue() {
         IssuePackage(reference, u" PKG01 "_s, [] {
             return PackagePatient{u"100085"_s, u"104233"_s, u"301-A"_s};
@@ -95,7 +87,7 @@ TEST_F(ExpandPackageTest, HiddenFinderFillsItselfOnceByTheScreenThatStillWaitsFo
     gPatientType = u"I"_s;
     gateway.Expect(kItems, PackageRows(kTwoItems));
     gateway.Expect(
-        u"Clinical_Area..spEarCare_GetPatient 'I',''"_s,
+        GetPatientCommand(u"I"_s, u""_s),
         Rows({u"hospital #"_s, u"Admission #"_s, u"Patient Name"_s, u"admission date"_s, u"Billing Date"_s}));
     ReadPackage(u"PKG01"_s);
     EXPECT_TRUE(gateway.IsDone());
@@ -121,13 +113,13 @@ INSTANTIATE_TEST_SUITE_P(Columns, NullInAPackage,
 
 TEST_P(NullInAPackage, FailsInTheReadingForm) {
     gateway.Expect(kItems, PackageRows({GetParam().item}));
-    EXPECT_EQ(FailureOf([] { ReadPackage(u"PKG01"_s); }), RunTime::kInvalidUseOfNull);
+    EXPECT_EQ(ErrorOf([] { ReadPackage(u"PKG01"_s); }), RunTime::kInvalidUseOfNull);
 }
 
 TEST_P(NullInAPackage, FailsInTheFullFormBehindTheItemsBeforeIt) {
     gateway.Expect(kItems, PackageRows({kTwoItems[0], GetParam().item}));
     ExpectLink(u"M0002"_s);
-    EXPECT_EQ(FailureOf([this] { Issue(); }), RunTime::kInvalidUseOfNull);
+    EXPECT_EQ(ErrorOf([this] { Issue(); }), RunTime::kInvalidUseOfNull);
     EXPECT_EQ(stockItem->entries.size(), 1U);
 }
 
@@ -217,14 +209,13 @@ TEST_F(ExpandPackageTest, LinkGoesByWhatTheComponentHasMadeOfItemAndNumber) {
 TEST_F(ExpandPackageTest, FailingEntryIsNotLinkedAndEndsTheExpansion) {
     stockItem->failure = RunTimeError(50000, u"out of stock"_s);
     gateway.Expect(kItems, PackageRows(kTwoItems));
-    EXPECT_EQ(FailureOf([this] { Issue(); }), 50000);
+    EXPECT_EQ(ErrorOf([this] { Issue(); }), 50000);
     EXPECT_TRUE(gateway.IsDone());
 }
 
 TEST_F(ExpandPackageTest, ApostropheInTheCodeGoesOutAsItStands) {
-    gateway.ExpectFailure(u"SELECT * FROM HEMODIALYSIS..tbhemopackage WHERE PackageCode = 'P'1'"_s,
-                          RunTimeError(105, u"Unclosed quotation mark"_s));
-    EXPECT_EQ(FailureOf([] { ReadPackage(u"P'1"_s); }), 105);
+    gateway.ExpectFailure(PackageCommand(u"P'1"_s), RunTimeError(105, u"Unclosed quotation mark"_s));
+    EXPECT_EQ(ErrorOf([] { ReadPackage(u"P'1"_s); }), 105);
 }
 
 TEST_F(ExpandPackageTest, PostingScreenHasTheFullFormForThePatientItShows) {

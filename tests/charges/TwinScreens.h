@@ -8,9 +8,9 @@
 #include "patients/CashTarget.h"
 #include "patients/FinderTarget.h"
 #include "patients/PatientContext.h"
+#include "support/ErrorOf.h"
 #include "support/RevenueRows.h"
 #include "support/ScreenTest.h"
-#include "text/RunTimeError.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Screens.h"
 
@@ -80,8 +80,12 @@ struct TwinScreen {
     bool (*save)();
     const char* nameBox;
     const char* totalBox;
+    /// The requesting doctor.
+    const char* doctorCode;
+    const char* doctorName;
     const char* doctorPicker;
     const char* exit;
+    const ChargeGridDifferences& differences;
 };
 
 inline const TwinScreen& PostChargesTwin() {
@@ -95,8 +99,11 @@ inline const TwinScreen& PostChargesTwin() {
                                  .save = [] { return Screens::Get<frmPostCharges>().SaveCharges(); },
                                  .nameBox = "txtLastName",
                                  .totalBox = "txtTAmount",
+                                 .doctorCode = "txtDocID",
+                                 .doctorName = "txtRequestingDoc",
                                  .doctorPicker = "Command2",
-                                 .exit = "Command1"};
+                                 .exit = "Command1",
+                                 .differences = kPostChargesDifferences};
     return twin;
 }
 
@@ -111,8 +118,11 @@ inline const TwinScreen& AssessmentTwin() {
                                      },
                                  .nameBox = "txtSname",
                                  .totalBox = "txtGross",
+                                 .doctorCode = "txtDoctorID",
+                                 .doctorName = "txtDoctor",
                                  .doctorPicker = "cmdDoctor",
-                                 .exit = "cmdClose"};
+                                 .exit = "cmdClose",
+                                 .differences = kAssessmentDifferences};
     return twin;
 }
 
@@ -173,12 +183,7 @@ class TwinGround : public ScreenTest {
     }
     /// The number of the failure of a save, 0 for none.
     int Save() {
-        try {
-            screen.save();
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        }
-        return 0;
+        return ErrorOf([this] { screen.save(); });
     }
     /// Presses the button that saves and prints, with no template in reach of it.
     void Print() {

@@ -49,7 +49,7 @@ QString Headers(TwinGround& on) {
 
 QString DepartmentStep(TwinGround& on) {
     on.PutPatient();
-    const int quantity = on.Charges().Lines().Differences().quantityCol;
+    const int quantity = on.screen.differences.quantityCol;
     on.Cells().SetTextMatrix(1, quantity, u"3"_s);
     QStringList lines;
     for (const int row : {1, 2}) {
@@ -71,9 +71,12 @@ QString AmountOfAnEarCareLine(TwinGround& on) {
 }
 
 QString LockedColumns(TwinGround& on) {
+    on.PutPatient();
     QStringList locked;
     for (int col = 1; col < Column::kCount; ++col) {
-        if (on.Charges().Lines().IsLocked(col))
+        on.Charges().HideEditor();
+        on.OpenByFocus(1, col);
+        if (!on.Charges().Editor()->isVisible())
             locked << QString::number(col);
     }
     return locked.join(u' ');
@@ -119,7 +122,7 @@ QString SectionOfServices(TwinGround& on) {
 QString PriceOfAnotherLetter(TwinGround& on) {
     gRoomClass = u"Z"_s;
     KeyServiceIntoFirstLine(on);
-    return on.Cells().TextMatrix(1, on.Charges().Lines().Differences().priceCol);
+    return on.Cells().TextMatrix(1, on.screen.differences.priceCol);
 }
 
 QString SaveWithoutAName(TwinGround& on) {

@@ -1,16 +1,13 @@
 #include "charges/AssessmentGround.h"
 #include "charges/commands.h"
-#include "components/ReportConnector.h"
 #include "components/shared.h"
+#include "reports/commands.h"
 #include "reports/Reports.h"
 #include "support/CaseName.h"
-#include "support/WhileModal.h"
+#include "support/ErrorOf.h"
+#include "support/slip/SlipPrint.h"
 #include "text/RunTimeError.h"
 #include "toolkit/MousePointer.h"
-#include "toolkit/ProgramFiles.h"
-
-#include <QDir>
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -21,77 +18,62 @@ const Message kNoName{
 const Message kNoExam{
     .text = u"Please Enter type of Exam."_s, .icon = MsgIcon::Exclamation, .title = u"Assessment"_s};
 
-constexpr auto kCounter = "SELECT AssessmentNum FROM BILLING..tbAssessmentNum"_L1;
 constexpr auto kBump =
     "UPDATE BILLING..tbAssessmentNum SET [AssessmentNum]=5018 WHERE [AssessmentNum]=5017"_L1;
-constexpr auto kClear = "delete Clinical_Area..tbEarCareChargePrint"_L1;
-
-/// A slip of six parameters over one table.
-QByteArray SixParameterSlip() {
-    QString parameters;
-    for (int i = 1; i <= 6; ++i)
-        parameters += u"<parameter name=\"P%1\" type=\"text\" prompt=\"%1\"/>"_s.arg(i);
-    return (u"<report paper=\"100x100\" margins=\"0 0 0 0\"><parameters>"_s + parameters +
-            u"</parameters><tables><table name=\"Lines\" "
-            u"location=\"Clinical_Area.dbo.tbEarCareChargePrint\"/></tables>"
-            "<query>SELECT ItemID FROM {Lines}</query></report>"_s)
-        .toUtf8();
-}
 
 } // namespace
 
 class SaveAssessmentTest : public AssessmentGround {
   protected:
-    ~SaveAssessmentTest() override { SetReportConnector({}); }
-
     void ExpectCounter() {
-        gateway.Expect(kCounter, Rows({u"AssessmentNum"_s}, {{5017}}));
+        gateway.Expect(AssessmentCounterCommand(), Rows({u"AssessmentNum"_s}, {{5017}}));
         gateway.Expect(kBump);
     }
 
-    /// An assessed line of the patient of OpenWithPatient; the middle stands between its fixed parts.
+    /// An assessed line of the patient of OpenWithPatient.
+    static AssessmentLine Line(const QString& code, const QString& department, const QString& quantity,
+                               const QString& amount) {
+        return {.number = u"5017"_s,
+                .patientName = u"CRUZ, JUAN SY"_s,
+                .code = code,
+                .department = department,
+                .quantity = quantity,
+                .amount = amount,
+                .userCode = u"NURSE"_s,
+                .hospitalNumber = u"100085"_s,
+                .visitNumber = u"10231B"_s,
+                .requestingDoctorCode = u"D003"_s,
+                .requestingDoctorName = u"DR. LUIS CASTAÑEDA"_s};
+    }
+    /// The command for such a line.
     static QString Assessed(const QString& code, const QString& department, const QString& quantity,
                             const QString& amount) {
-        return u"Clinical_Area..spEarCare_Assessment '5017','CRUZ, JUAN SY','"_s + code + u"','"_s +
-               department + u"','"_s + quantity + u"','"_s + amount +
-               u"','HC','NURSE','100085','10231B','D003','DR. LUIS CASTAÑEDA'"_s;
+        return AssessmentCommand(Line(code, department, quantity, amount));
     }
     void ExpectDumps(const QString& code, const QString& particular, const QString& quantity,
                      const QString& price, const QString& amount, const QString& department) {
-        gateway.Expect(u"Clinical_Area..spEarCare_GlobalDumpChargeSlip '"_s + code + u"','"_s + particular +
-                       u"','"_s + quantity + u"','"_s + price + u"','"_s + amount + u"','NURSE'"_s);
-        gateway.Expect(u"Clinical_Area..spEarCare_DumpChargeSlip '"_s + code + u"','"_s + particular +
-                       u"','"_s + quantity + u"','"_s + amount + u"','"_s + department + u"'"_s);
+        const AssessmentPrintLine line = {.code = code,
+                                          .particular = particular,
+                                          .quantity = quantity,
+                                          .price = price,
+                                          .amount = amount,
+                                          .department = department,
+                                          .userCode = u"NURSE"_s};
+        gateway.Expect(GlobalDumpChargeSlipCommand(line));
+        gateway.Expect(DumpChargeSlipCommand(line));
     }
     void ExpectPackage(const std::vector<std::vector<Value>>& items) {
-        gateway.Expect(u"SELECT * FROM HEMODIALYSIS..tbhemopackage WHERE PackageCode = 'PKG01'"_s,
+        gateway.Expect(PackageCommand(u"PKG01"_s),
                        Rows({u"RevenueID"_s, u"ItemID"_s, u"Quantity"_s, u"Amount"_s}, items));
     }
 
     bool Save() { return Screens::Get<frmAssessment>().SaveAssessment(number); }
     /// The number of the failure that the save raises, 0 for none.
     int SaveFails() {
-        try {
-            Save();
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        }
-        return 0;
+        return ErrorOf([this] { Save(); });
     }
 
-    void WriteTemplate() {
-        const QDir directory(programDirectory.path());
-        ASSERT_TRUE(directory.mkpath(u"Reports"_s));
-        QFile file(directory.filePath(u"Reports/AssessmentSlip.RPT"_s));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_GT(file.write(SixParameterSlip()), 0);
-        SetReportConnector([](const ReportLogOn&) {
-            auto connection = std::make_unique<ScriptedGateway>();
-            connection->Expect(u"SELECT ItemID FROM Clinical_Area.dbo.tbEarCareChargePrint"_s,
-                               Rows({u"ItemID"_s}, {{u"S1"_s}}));
-            return connection;
-        });
-    }
+    static void Print() { Click(Button("cmdPrint")); }
 
     QString number = u"untouched"_s;
 };
@@ -117,7 +99,7 @@ TEST_F(SaveAssessmentTest, CounterIsOpenedDynamicOptimistic) {
     ExpectCounter();
     Save();
     ASSERT_EQ(gateway.Openings().size(), 1U);
-    EXPECT_EQ(gateway.Openings()[0].command, kCounter);
+    EXPECT_EQ(gateway.Openings()[0].command, AssessmentCounterCommand());
     EXPECT_EQ(gateway.Openings()[0].cursor, CursorType::Dynamic);
     EXPECT_EQ(gateway.Openings()[0].lock, LockType::Optimistic);
     EXPECT_EQ(gateway.Openings()[0].location, CursorLocation::Server);
@@ -126,7 +108,7 @@ TEST_F(SaveAssessmentTest, CounterIsOpenedDynamicOptimistic) {
 TEST_F(SaveAssessmentTest, NumberIsPlainWithoutPrefixOrDecimals) {
     OpenWithPatient();
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"101.00"_s, u"1"_s, u"101.00"_s});
-    gateway.Expect(kCounter, Rows({u"AssessmentNum"_s}, {{Decimal{u"5017.0000"_s}}}));
+    gateway.Expect(AssessmentCounterCommand(), Rows({u"AssessmentNum"_s}, {{Decimal{u"5017.0000"_s}}}));
     gateway.Expect(
         u"UPDATE BILLING..tbAssessmentNum SET [AssessmentNum]=5018 WHERE [AssessmentNum]=5017.0000"_s);
     gateway.Expect(Assessed(u"S1"_s, u"HC"_s, u"1"_s, u"101.00"_s));
@@ -138,7 +120,7 @@ TEST_F(SaveAssessmentTest, EmptyCounterTableFailsAndWritesNothing) {
     OpenWithPatient();
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"101.00"_s, u"1"_s, u"101.00"_s});
     gSlipNumber = u"5016"_s;
-    gateway.Expect(kCounter, Rows({u"AssessmentNum"_s}));
+    gateway.Expect(AssessmentCounterCommand(), Rows({u"AssessmentNum"_s}));
     EXPECT_EQ(SaveFails(), RunTime::kNoCurrentRecord);
     EXPECT_TRUE(gateway.IsDone());
     EXPECT_EQ(gSlipNumber, u"5016"_s);
@@ -149,7 +131,7 @@ TEST_F(SaveAssessmentTest, EmptyCounterTableFailsAndWritesNothing) {
 TEST_F(SaveAssessmentTest, CounterTakenByAnotherWorkstationFailsBeforeAnythingIsAssessed) {
     OpenWithPatient();
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"101.00"_s, u"1"_s, u"101.00"_s});
-    gateway.Expect(kCounter, Rows({u"AssessmentNum"_s}, {{5017}}));
+    gateway.Expect(AssessmentCounterCommand(), Rows({u"AssessmentNum"_s}, {{5017}}));
     gateway.Expect(kBump, nullptr, 0);
     EXPECT_EQ(SaveFails(), RunTime::kRowChanged);
     EXPECT_TRUE(gateway.IsDone());
@@ -258,8 +240,9 @@ TEST_F(SaveAssessmentTest, WalkInWithoutNumbersIsSavedWithEmptyArguments) {
         Box(box).clear();
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"101.00"_s, u"1"_s, u"101.00"_s});
     ExpectCounter();
-    gateway.Expect(u"Clinical_Area..spEarCare_Assessment '5017','CRUZ, JUAN "
-                   u"SY','S1','HC','1','101.00','HC','NURSE','','','D003','DR. LUIS CASTAÑEDA'"_s);
+    AssessmentLine line = Line(u"S1"_s, u"HC"_s, u"1"_s, u"101.00"_s);
+    line.hospitalNumber = line.visitNumber = u""_s;
+    gateway.Expect(AssessmentCommand(line));
     EXPECT_TRUE(Save());
 }
 
@@ -269,9 +252,10 @@ TEST_F(SaveAssessmentTest, NameAndDoctorsCodeAreTrimmedAndTheOtherTextsGoAsTheyS
         Box(box).setText(u"  X  "_s);
     PutLine(1, {u"HC"_s, u" S1 "_s, u"CLEANING"_s, u"101.00"_s, u" 1 "_s, u" 101.00 "_s});
     ExpectCounter();
-    gateway.Expect(
-        u"Clinical_Area..spEarCare_Assessment '5017','X',' S1 ','HC',' 1 ',' 101.00 ','HC','NURSE','  X "
-        u" ','  X  ','X','  X  '"_s);
+    AssessmentLine line = Line(u" S1 "_s, u"HC"_s, u" 1 "_s, u" 101.00 "_s);
+    line.patientName = line.requestingDoctorCode = u"X"_s;
+    line.hospitalNumber = line.visitNumber = line.requestingDoctorName = u"  X  "_s;
+    gateway.Expect(AssessmentCommand(line));
     EXPECT_TRUE(Save());
 }
 
@@ -353,7 +337,7 @@ TEST_P(RefusedSaveTest, KeepsTheScreenAndTheNameAndPrintsNothing) {
 }
 
 TEST_F(SaveAssessmentTest, PrintButtonDumpsEachLineIntoTheEmptiedTableAfterTheSave) {
-    WriteTemplate();
+    const SlipPrint slip(programDirectory, u"AssessmentSlip.RPT"_s, 6);
     OpenWithPatient();
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"101.00"_s, u"2"_s, u"202.00"_s});
     PutLine(2, {u""_s, u"S2"_s, u"EMPTIED"_s, u"1.00"_s, u"1"_s, u"1.00"_s});
@@ -363,33 +347,25 @@ TEST_F(SaveAssessmentTest, PrintButtonDumpsEachLineIntoTheEmptiedTableAfterTheSa
     gateway.Expect(Assessed(u"S1"_s, u"HC"_s, u"2"_s, u"202.00"_s));
     ExpectPackage({});
     gateway.Expect(Assessed(u"D003"_s, u"MD"_s, u""_s, u"1500.00"_s));
-    gateway.Expect(kClear);
+    gateway.Expect(EmptyChargePrintCommand());
     ExpectDumps(u"S1"_s, u"CLEANING"_s, u"2"_s, u"101.00"_s, u"202.00"_s, u"HC"_s);
     ExpectDumps(u"PKG01"_s, u"PACKAGE"_s, u"1"_s, u"900.00"_s, u"900.00"_s, u"YP"_s);
     ExpectDumps(u"D003"_s, u"(PF) DR. CASTAÑEDA, LUIS"_s, u""_s, u""_s, u"1500.00"_s, u"MD"_s);
-    WhileModal([](Form&) {});
-    Click(Button("cmdPrint"));
+    slip.Values(u"Print ChargeSlip"_s, Print);
     EXPECT_TRUE(gateway.IsDone());
 }
 
 TEST_F(SaveAssessmentTest, PrintShowsTheSlipWithItsSixParametersAndUnloadsTheScreenAfterwards) {
-    WriteTemplate();
+    const SlipPrint slip(programDirectory, u"AssessmentSlip.RPT"_s, 6);
     OpenWithPatient();
     Box("txtSname").setText(u" CRUZ, JUAN SY "_s);
     PutLine(1, {u""_s, u""_s, u"EMPTIED"_s});
     ExpectCounter();
-    gateway.Expect(kClear);
-    std::vector<QString> values;
-    WhileModal([&values](Form& viewer) {
-        EXPECT_EQ(viewer.objectName(), u"frmReportviewer"_s);
-        EXPECT_EQ(viewer.windowTitle(), u"Print ChargeSlip"_s);
-        EXPECT_EQ(gReport->Path(), ProgramDirectory() + u"/Reports/AssessmentSlip.RPT"_s);
-        for (const ParameterField& field : gReport->ParameterFields())
-            values.push_back(field.CurrentValue()->ToText());
+    gateway.Expect(EmptyChargePrintCommand());
+    const std::vector<QString> values = slip.Values(u"Print ChargeSlip"_s, Print, [] {
         EXPECT_TRUE(Screens::IsLoaded<frmAssessment>());
         EXPECT_EQ(Box("txtSname").text(), u" CRUZ, JUAN SY "_s);
     });
-    Click(Button("cmdPrint"));
     EXPECT_EQ(values, (std::vector<QString>{u"5017"_s, u" CRUZ, JUAN SY "_s, u"100085"_s, u"10231B"_s,
                                             u"OPD"_s, u"ANA REYES"_s}));
     EXPECT_FALSE(Screens::IsLoaded<frmAssessment>());
@@ -403,9 +379,9 @@ TEST_F(SaveAssessmentTest, MissingTemplateFailsAfterTheSaveAndTheDumps) {
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"101.00"_s, u"1"_s, u"101.00"_s});
     ExpectCounter();
     gateway.Expect(Assessed(u"S1"_s, u"HC"_s, u"1"_s, u"101.00"_s));
-    gateway.Expect(kClear);
+    gateway.Expect(EmptyChargePrintCommand());
     ExpectDumps(u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s, u"101.00"_s, u"HC"_s);
-    Click(Button("cmdPrint"));
+    Print();
     EXPECT_NE(TakeFailure(), 0);
     EXPECT_TRUE(gateway.IsDone());
     EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
@@ -416,11 +392,16 @@ TEST_F(SaveAssessmentTest, ApostropheInAParticularFailsAmongTheDumpsWithTheAsses
     PutLine(1, {u"HC"_s, u"S1"_s, u"MENIERE'S TEST"_s, u"101.00"_s, u"1"_s, u"101.00"_s});
     ExpectCounter();
     gateway.Expect(Assessed(u"S1"_s, u"HC"_s, u"1"_s, u"101.00"_s));
-    gateway.Expect(kClear);
-    gateway.ExpectFailure(
-        u"Clinical_Area..spEarCare_GlobalDumpChargeSlip 'S1','MENIERE'S TEST','1','101.00','101.00','NURSE'"_s,
-        RunTimeError(105, u"Unclosed quotation mark"_s));
-    Click(Button("cmdPrint"));
+    gateway.Expect(EmptyChargePrintCommand());
+    gateway.ExpectFailure(GlobalDumpChargeSlipCommand({.code = u"S1"_s,
+                                                       .particular = u"MENIERE'S TEST"_s,
+                                                       .quantity = u"1"_s,
+                                                       .price = u"101.00"_s,
+                                                       .amount = u"101.00"_s,
+                                                       .department = {},
+                                                       .userCode = u"NURSE"_s}),
+                          RunTimeError(105, u"Unclosed quotation mark"_s));
+    Print();
     EXPECT_EQ(TakeFailure(), 105);
     EXPECT_TRUE(Screens::IsLoaded<frmAssessment>());
 }

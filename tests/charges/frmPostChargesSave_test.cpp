@@ -1,18 +1,15 @@
 #include "charges/commands.h"
 #include "charges/PostChargesGround.h"
-#include "components/ReportConnector.h"
 #include "components/shared.h"
 #include "patients/PatientContext.h"
 #include "reports/Reports.h"
 #include "support/CaseName.h"
-#include "support/WhileModal.h"
+#include "support/ErrorOf.h"
+#include "support/slip/SlipPrint.h"
 #include "text/Clock.h"
 #include "text/RunTimeError.h"
 #include "toolkit/MousePointer.h"
-#include "toolkit/ProgramFiles.h"
 
-#include <QDir>
-#include <QFile>
 #include <QPushButton>
 
 using namespace Qt::StringLiterals;
@@ -22,72 +19,54 @@ namespace {
 const Message kNothingToSave{
     .text = u"Please Enter type of Exam."_s, .icon = MsgIcon::Exclamation, .title = u"Assessment"_s};
 
-constexpr auto kSlipCounter = "Select * from Clinical_Area..tbEarCareChargeSlip"_L1;
 constexpr auto kSlipBump =
     "UPDATE Clinical_Area..tbEarCareChargeSlip SET [ChargeSlip]=1043 WHERE [ChargeSlip]=1042"_L1;
-constexpr auto kSlipClear = "Delete Clinical_Area..tbEarCareChargePrint"_L1;
-
-/// A slip of ten parameters over one table.
-QByteArray TenParameterSlip() {
-    QString parameters;
-    for (int i = 1; i <= 10; ++i)
-        parameters += u"<parameter name=\"P%1\" type=\"text\" prompt=\"%1\"/>"_s.arg(i);
-    return (u"<report paper=\"100x100\" margins=\"0 0 0 0\"><parameters>"_s + parameters +
-            u"</parameters><tables><table name=\"Lines\" "
-            u"location=\"Clinical_Area.dbo.tbEarCareChargePrint\"/></tables>"
-            "<query>SELECT ItemID FROM {Lines}</query></report>"_s)
-        .toUtf8();
-}
 
 } // namespace
 
 class SaveChargesTest : public PostChargesGround {
   protected:
-    ~SaveChargesTest() override { SetReportConnector({}); }
-
     void ExpectCounter(const Value& number = 1042) {
-        gateway.Expect(kSlipCounter, Rows({u"ChargeSlip"_s}, {{number}}));
+        gateway.Expect(ChargeSlipCounterCommand(), Rows({u"ChargeSlip"_s}, {{number}}));
         gateway.Expect(kSlipBump);
-        gateway.Expect(kSlipClear);
+        gateway.Expect(ClearChargePrintCommand());
     }
 
-    /// The posting of a line as the patient of OpenWithPatient is sent; the middle stands between its fixed
-    /// parts.
+    /// The posting of a line as the patient of OpenWithPatient is sent.
     static QString Posting(const QString& department, const QString& code, const QString& quantity,
                            const QString& amount, const QString& particular) {
-        return u"Clinical_Area..spEarCare_Append_Charging '100085','104233','11/21/2026 10:30:15 AM','"_s +
-               department + u"','D','"_s + code + u"','"_s + quantity + u"', 'H1042C','"_s + amount +
-               u"','NURSE','301-A','D003','DR. LUIS CASTAÑEDA', 'I','"_s + particular + u"'"_s;
+        return AppendChargingCommand({.hospitalNumber = u"100085"_s,
+                                      .admissionNumber = u"104233"_s,
+                                      .moment = u"11/21/2026 10:30:15 AM"_s,
+                                      .department = department,
+                                      .code = code,
+                                      .quantity = quantity,
+                                      .slipNumber = u"H1042C"_s,
+                                      .amount = amount,
+                                      .userCode = u"NURSE"_s,
+                                      .room = u"301-A"_s,
+                                      .requestingDoctorCode = u"D003"_s,
+                                      .admittingDoctorName = u"DR. LUIS CASTAÑEDA"_s,
+                                      .patientType = u"I"_s,
+                                      .particular = particular});
+    }
+    static QString Printed(const QString& department, const QString& code, const QString& quantity,
+                           const QString& amount, const QString& particular) {
+        return SaveChargePrintCommand({.code = code,
+                                       .amount = amount,
+                                       .quantity = quantity,
+                                       .department = department,
+                                       .particular = particular});
     }
     void ExpectLine(const QString& department, const QString& code, const QString& quantity,
                     const QString& amount, const QString& particular) {
         gateway.Expect(Posting(department, code, quantity, amount, particular));
-        gateway.Expect(u"Clinical_Area..spEarCare_SaveChargePrint '"_s + code + u"','"_s + amount + u"','"_s +
-                       quantity + u"','"_s + department + u"','"_s + particular + u"', 'O'"_s);
+        gateway.Expect(Printed(department, code, quantity, amount, particular));
     }
 
     /// The number of the failure that the save raises, 0 for none.
     static int SaveFails() {
-        try {
-            Screens::Get<frmPostCharges>().SaveCharges();
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        }
-        return 0;
-    }
-
-    void WriteTemplate() {
-        const QDir directory(programDirectory.path());
-        ASSERT_TRUE(directory.mkpath(u"Reports"_s));
-        QFile file(directory.filePath(u"Reports/Charge_Slip.RPT"_s));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_GT(file.write(TenParameterSlip()), 0);
-        SetReportConnector([](const ReportLogOn&) {
-            auto connection = std::make_unique<ScriptedGateway>();
-            connection->Expect(u"SELECT ItemID FROM Clinical_Area.dbo.tbEarCareChargePrint"_s,
-                               Rows({u"ItemID"_s}, {{u"S1"_s}}));
-            return connection;
-        });
+        return ErrorOf([] { Screens::Get<frmPostCharges>().SaveCharges(); });
     }
 
     static void Print() { Click(Find<QPushButton>(Screens::Get<frmPostCharges>(), "cmdPrint")); }
@@ -115,7 +94,7 @@ TEST_F(SaveChargesTest, CounterIsOpenedDynamicOptimistic) {
     ExpectLine(u"HC"_s, u"S1"_s, u"2"_s, u"202.00"_s, u"CLEANING"_s);
     screen.SaveCharges();
     ASSERT_EQ(gateway.Openings().size(), 1U);
-    EXPECT_EQ(gateway.Openings()[0].command, kSlipCounter);
+    EXPECT_EQ(gateway.Openings()[0].command, ChargeSlipCounterCommand());
     EXPECT_EQ(gateway.Openings()[0].cursor, CursorType::Dynamic);
     EXPECT_EQ(gateway.Openings()[0].lock, LockType::Optimistic);
     EXPECT_EQ(gateway.Openings()[0].location, CursorLocation::Server);
@@ -124,10 +103,10 @@ TEST_F(SaveChargesTest, CounterIsOpenedDynamicOptimistic) {
 TEST_F(SaveChargesTest, CounterValueIsTrimmed) {
     auto& screen = OpenWithPatient();
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
-    gateway.Expect(kSlipCounter, Rows({u"ChargeSlip"_s}, {{u" 1042 "_s}}));
+    gateway.Expect(ChargeSlipCounterCommand(), Rows({u"ChargeSlip"_s}, {{u" 1042 "_s}}));
     gateway.Expect(
         u"UPDATE Clinical_Area..tbEarCareChargeSlip SET [ChargeSlip]=1043 WHERE [ChargeSlip]=' 1042 '"_s);
-    gateway.Expect(kSlipClear);
+    gateway.Expect(ClearChargePrintCommand());
     ExpectLine(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s);
     EXPECT_TRUE(screen.SaveCharges());
     EXPECT_EQ(gSlipNumber, u"H1042C"_s);
@@ -137,10 +116,10 @@ TEST_F(SaveChargesTest, EmptyCounterTableLeavesTheSlipEmptyAndThePrintTableAsItI
     auto& screen = OpenWithPatient();
     gSlipNumber = u"H1041C"_s;
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
-    gateway.Expect(kSlipCounter, Rows({u"ChargeSlip"_s}));
+    gateway.Expect(ChargeSlipCounterCommand(), Rows({u"ChargeSlip"_s}));
     QString posting = Posting(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s);
     gateway.Expect(posting.remove(u"H1042C"_s));
-    gateway.Expect(u"Clinical_Area..spEarCare_SaveChargePrint 'S1','101.00','1','HC','CLEANING', 'O'"_s);
+    gateway.Expect(Printed(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s));
     EXPECT_TRUE(screen.SaveCharges());
     EXPECT_EQ(gSlipNumber, u""_s);
     EXPECT_FALSE(gSlipTableCleared);
@@ -217,7 +196,7 @@ TEST_P(PatientTypeTest, GoesByTheAdmissionNumberWhateverTheMenuSaid) {
         posting.replace(u"'104233'"_s, u"'"_s + GetParam().id + u"'"_s);
         posting.replace(u"', 'I','"_s, u"', '"_s + GetParam().type + u"','"_s);
         gateway.Expect(posting);
-        gateway.Expect(u"Clinical_Area..spEarCare_SaveChargePrint 'S1','101.00','1','HC','CLEANING', 'O'"_s);
+        gateway.Expect(Printed(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s));
         EXPECT_TRUE(screen.SaveCharges());
         EXPECT_EQ(gPatientType, GetParam().type);
     }
@@ -236,9 +215,8 @@ TEST_F(SaveChargesTest, EachLineBearsTheTimeOfItsOwnPosting) {
         QString posting = line == 1 ? Posting(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s)
                                     : Posting(u"XR"_s, u"X7"_s, u"1"_s, u"350.00"_s, u"CHEST"_s);
         gateway.Expect(posting.replace(u"10:30:15 AM"_s, u"01:05:"_s + second + u" PM"_s));
-        gateway.Expect(
-            line == 1 ? u"Clinical_Area..spEarCare_SaveChargePrint 'S1','101.00','1','HC','CLEANING', 'O'"_s
-                      : u"Clinical_Area..spEarCare_SaveChargePrint 'X7','350.00','1','XR','CHEST', 'O'"_s);
+        gateway.Expect(line == 1 ? Printed(u"HC"_s, u"S1"_s, u"1"_s, u"101.00"_s, u"CLEANING"_s)
+                                 : Printed(u"XR"_s, u"X7"_s, u"1"_s, u"350.00"_s, u"CHEST"_s));
     }
     EXPECT_TRUE(screen.SaveCharges());
 }
@@ -287,7 +265,7 @@ TEST_F(SaveChargesTest, FilledLastLinePassesTheTestThoughTheFirstIsEmpty) {
 TEST_F(SaveChargesTest, CounterTakenByAnotherWorkstationFailsBeforeAnythingIsPosted) {
     OpenWithPatient();
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
-    gateway.Expect(kSlipCounter, Rows({u"ChargeSlip"_s}, {{1042}}));
+    gateway.Expect(ChargeSlipCounterCommand(), Rows({u"ChargeSlip"_s}, {{1042}}));
     gateway.Expect(kSlipBump, nullptr, 0);
     gSlipNumber = u"H1041C"_s;
     EXPECT_EQ(SaveFails(), RunTime::kRowChanged);
@@ -318,9 +296,10 @@ TEST_F(SaveChargesTest, PrintTableThatCannotBeEmptiedFailsBeforeAnythingIsPosted
     OpenWithPatient();
     PutLine(1, {u"HC"_s, u"S1"_s, u"CLEANING"_s, u"1"_s, u"101.00"_s});
     gSlipNumber = u"H1041C"_s;
-    gateway.Expect(kSlipCounter, Rows({u"ChargeSlip"_s}, {{1042}}));
+    gateway.Expect(ChargeSlipCounterCommand(), Rows({u"ChargeSlip"_s}, {{1042}}));
     gateway.Expect(kSlipBump, nullptr, 1);
-    gateway.ExpectFailure(kSlipClear, RunTimeError(229, u"The DELETE permission was denied"_s));
+    gateway.ExpectFailure(ClearChargePrintCommand(),
+                          RunTimeError(229, u"The DELETE permission was denied"_s));
     EXPECT_EQ(SaveFails(), 229);
     EXPECT_TRUE(gateway.IsDone());
     EXPECT_FALSE(gSlipTableCleared);
@@ -342,7 +321,7 @@ TEST_F(SaveChargesTest, GridWithoutLinesFailsBeforeANumberIsSpent) {
 }
 
 TEST_F(SaveChargesTest, PrintShowsTheSlipWithItsTenParametersAndUnloadsTheScreenAfterwards) {
-    WriteTemplate();
+    const SlipPrint slip(programDirectory, u"Charge_Slip.RPT"_s, 10);
     OpenWithPatient();
     Box("txtId").setText(u"10231B"_s);
     Box("txtLastName").setText(u" CRUZ "_s);
@@ -352,17 +331,10 @@ TEST_F(SaveChargesTest, PrintShowsTheSlipWithItsTenParametersAndUnloadsTheScreen
     gStationName = u"STATION 3"_s;
     PutLine(1, {u""_s, u""_s, u"EMPTIED"_s});
     ExpectCounter();
-    std::vector<QString> values;
-    WhileModal([&values](Form& viewer) {
-        EXPECT_EQ(viewer.objectName(), u"frmReportviewer"_s);
-        EXPECT_EQ(viewer.windowTitle(), u"Print ChargeSlip"_s);
-        EXPECT_EQ(gReport->Path(), ProgramDirectory() + u"/Reports/Charge_Slip.RPT"_s);
-        for (const ParameterField& field : gReport->ParameterFields())
-            values.push_back(field.CurrentValue()->ToText());
+    const std::vector<QString> values = slip.Values(u"Print ChargeSlip"_s, Print, [] {
         EXPECT_TRUE(Screens::IsLoaded<frmPostCharges>());
         EXPECT_EQ(Screens::Get<frmPostCharges>().SlipPatientName, u" CRUZ , JUAN   SY"_s);
     });
-    Print();
     EXPECT_EQ(values, (std::vector<QString>{u"H1042C"_s, u"11/21/2026"_s, u" CRUZ , JUAN   SY"_s, u"10231B"_s,
                                             u"100085"_s, u"301-A"_s, u"10:30:15 AM"_s, u"500123"_s,
                                             u"STATION 3"_s, u"ANA REYES"_s}));

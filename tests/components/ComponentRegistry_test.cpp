@@ -1,5 +1,6 @@
 #include "components/clsDiagnosisCodes.h"
 #include "components/ComponentRegistry.h"
+#include "support/ErrorOf.h"
 #include "support/PrintQt.h"
 
 #include <gtest/gtest.h>
@@ -22,12 +23,7 @@ class ComponentRegistry : public testing::Test {
     ~ComponentRegistry() override { RegisterComponent(kClass, {}); }
 
     template <class Contract = Component> static int ErrorOfCreating() {
-        try {
-            CreateObject<Contract>(kClass);
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        }
-        return 0;
+        return ErrorOf([] { CreateObject<Contract>(kClass); });
     }
 };
 

@@ -1,5 +1,6 @@
 #include "components/Component.h"
 #include "components/Ref.h"
+#include "support/ErrorOf.h"
 
 #include <gtest/gtest.h>
 
@@ -11,15 +12,6 @@ struct Person {
 };
 
 struct Patient : Person {};
-
-template <class Action> int ErrorOf(Action action) {
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 TEST(Ref, ReachingThroughAnUnsetReferenceRaises91) {
     const Ref<Person> unset;

@@ -1,9 +1,6 @@
 #include "desk/ProgramFolder.h"
 
-#include "hospital/HospitalScripts.h"
 #include "support/hospital/FreshHospital.h"
-#include "trial/EmbeddedGateway.h"
-#include "trial/HospitalFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -27,14 +24,5 @@ ProgramFolder::ProgramFolder() {
 }
 
 std::vector<QString> ProgramFolder::Query(const QString& command) const {
-    const auto gateway = HospitalFile::Open(HospitalPath(), HospitalScripts());
-    const auto data = gateway->Execute(command).Data();
-    std::vector<QString> rows;
-    for (size_t row = 0; row < data->RowCount(); ++row) {
-        QStringList cells;
-        for (size_t column = 0; column < data->columns.size(); ++column)
-            cells << data->Cell(row, column).TextOrEmpty();
-        rows.push_back(cells.join(u'|'));
-    }
-    return rows;
+    return HospitalRows(HospitalPath(), command);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "components/shared.h"
+#include "maintenance/commands.h"
 #include "maintenance/frmListCharges.h"
 #include "patients/FinderTarget.h"
 #include "patients/PatientContext.h"
@@ -59,7 +60,7 @@ class ListChargesGround : public ScreenTest {
     }
 
     void ExpectList(const std::vector<ChargedLine>& lines) {
-        gateway.Expect(QStringLiteral("Clinical_Area..SpEarCare_List_AllCharges '100085','104233','HC'"),
+        gateway.Expect(ListAllChargesCommand(QStringLiteral("100085"), QStringLiteral("104233")),
                        ChargedLines(lines));
     }
 

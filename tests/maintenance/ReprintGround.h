@@ -1,6 +1,7 @@
 #pragma once
 
 #include "components/shared.h"
+#include "maintenance/commands.h"
 #include "maintenance/frmReprint.h"
 #include "patients/OutpatientSearch.h"
 #include "support/CaseName.h"
@@ -72,7 +73,7 @@ class ReprintGround : public ScreenTest {
         for (const ReprintLine& charge : lines)
             rows.push_back({charge.revenueCode, charge.encoder, Decimal{charge.amount}, charge.quantity,
                             charge.description, charge.item, charge.moment, charge.slip});
-        gateway.Expect(QStringLiteral("Hemodialysis..spKidney_ChargesbyPatient '%1'").arg(idNumber),
+        gateway.Expect(ChargesByPatientCommand(idNumber),
                        Rows({QStringLiteral("RevenueID"), QStringLiteral("UserId"), QStringLiteral("Amount"),
                              QStringLiteral("Quantity"), QStringLiteral("Description"),
                              QStringLiteral("ItemID"), QStringLiteral("TransDate"), QStringLiteral("RefNum")},

@@ -1,28 +1,14 @@
-#include "components/ReportConnector.h"
 #include "maintenance/AssessStatusGround.h"
 #include "reports/Reports.h"
-#include "support/WhileModal.h"
-#include "toolkit/ProgramFiles.h"
+#include "support/slip/SlipPrint.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFile>
 #include <QTimer>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A slip of six parameters over one table.
-QByteArray SlipTemplate() {
-    QString parameters;
-    for (int i = 1; i <= 6; ++i)
-        parameters += u"<parameter name=\"P%1\" type=\"text\" prompt=\"%1\"/>"_s.arg(i);
-    return (u"<report paper=\"100x100\" margins=\"0 0 0 0\"><parameters>"_s + parameters +
-            u"</parameters><tables><table name=\"Lines\" location=\"BILLING.dbo.tbCashAssessment\"/></tables>"
-            "<query>SELECT ItemID FROM {Lines}</query></report>"_s)
-        .toUtf8();
-}
 
 /// A line of tbCashAssessment with the columns that the print reads, in an order of their own.
 std::shared_ptr<const RowData> SlipRows(const std::vector<std::vector<Value>>& rows) {
@@ -35,32 +21,10 @@ std::shared_ptr<const RowData> SlipRows(const std::vector<std::vector<Value>>& r
 
 class AssessPrintTest : public AssessStatusGround {
   protected:
-    AssessPrintTest() {
-        const QDir directory(programDirectory.path());
-        directory.mkpath(u"Reports"_s);
-        QFile file(directory.filePath(u"Reports/ReprintAssesSlip.RPT"_s));
-        if (!file.open(QIODevice::WriteOnly) || file.write(SlipTemplate()) <= 0)
-            throw std::runtime_error("The template of the test cannot be written.");
-        SetReportConnector([](const ReportLogOn&) {
-            auto connection = std::make_unique<ScriptedGateway>();
-            connection->Expect(u"SELECT ItemID FROM BILLING.dbo.tbCashAssessment"_s,
-                               Rows({u"ItemID"_s}, {{u"S1"_s}}));
-            return connection;
-        });
-    }
-    ~AssessPrintTest() override { SetReportConnector({}); }
-
     /// Presses Print and answers the values that the slip got.
     std::vector<QString> PrintedValues() {
-        std::vector<QString> values;
-        WhileModal([&values](Form& viewer) {
-            EXPECT_EQ(viewer.objectName(), u"frmReportviewer"_s);
-            EXPECT_EQ(viewer.windowTitle(), u"Re-Print Assessment Slip"_s);
-            EXPECT_EQ(gReport->Path(), ProgramDirectory() + u"/Reports/ReprintAssesSlip.RPT"_s);
-            for (const ParameterField& field : gReport->ParameterFields())
-                values.push_back(field.CurrentValue()->ToText());
-        });
-        Click(Print());
+        const std::vector<QString> values =
+            slip.Values(u"Re-Print Assessment Slip"_s, [] { Click(Print()); });
         EXPECT_FALSE(gReport.IsSet());
         EXPECT_TRUE(gateway.IsDone());
         return values;
@@ -75,12 +39,14 @@ class AssessPrintTest : public AssessStatusGround {
         Click(Print());
         return TakeFailure();
     }
+
+    const SlipPrint slip{programDirectory, u"ReprintAssesSlip.RPT"_s, 6};
 };
 
 TEST_F(AssessPrintTest, FillsTheSlipFromTheFirstLineOfTheReference) {
     Open({{u"741"_s, u"5018"_s, openStatus}, {u"731"_s, u"5017"_s, openStatus}});
     ClickRow(2);
-    gateway.Expect(u"SELECT * FROM BILLING..tbCashAssessment WHERE Refnum = '5017'"_s,
+    gateway.Expect(AssessmentSlipCommand(u"5017"_s),
                    SlipRows({{731, u"5017"_s, u"CRUZ, JUAN"_s, u"100482"_s, u"104233B"_s, u"1"_s,
                               Decimal{u"250.0000"_s}, DateTime()},
                              {732, u"other"_s, u"other"_s, u"other"_s, u"other"_s, u"2"_s,
@@ -107,9 +73,8 @@ TEST_F(AssessPrintTest, ReferenceIsTrimmed) {
 
 TEST_F(AssessPrintTest, BlankReferenceSelectsOnAnEmptyOneAndTheSlipShowsWhatThatReturns) {
     Open({{u"731"_s, u""_s, openStatus}});
-    gateway.Expect(u"SELECT * FROM BILLING..tbCashAssessment WHERE Refnum = ''"_s,
-                   SlipRows({{700, u""_s, u"SANTOS, EVA"_s, u"W000012"_s, u""_s, u"1"_s, Decimal{u"5.0000"_s},
-                              DateTime()}}));
+    gateway.Expect(AssessmentSlipCommand(u""_s), SlipRows({{700, u""_s, u"SANTOS, EVA"_s, u"W000012"_s, u""_s,
+                                                            u"1"_s, Decimal{u"5.0000"_s}, DateTime()}}));
     EXPECT_EQ(PrintedValues(), (std::vector<QString>{u""_s, u"SANTOS, EVA"_s, u"W000012"_s, u""_s, u"CASH"_s,
                                                      u"ANA REYES"_s}));
 }

@@ -8,7 +8,7 @@ class AssessRevokeTest : public AssessStatusGround {
     /// A line that stands alone, revoked to the end; the list has one more row afterwards.
     void ExpectRevokeOfLine731() {
         ExpectQuestion(MsgAnswer::Yes);
-        gateway.Expect(u"Clinical_Area..spEarCare_AssessRevoke '731','','HB'"_s);
+        gateway.Expect(AssessRevokeCommand(u"731"_s, u""_s, u"HB"_s));
         ExpectRevoked();
         ExpectList(QString(), {{u"732"_s, u""_s, openStatus}, {u"731"_s, u""_s, u"REVOKED"_s}});
     }
@@ -39,9 +39,9 @@ TEST_F(AssessRevokeTest, ReferenceRevokesEveryLineThatBearsItInTurn) {
     ClickRow(2);
     ExpectQuestion(MsgAnswer::Yes);
     ExpectLines(u"5017"_s, {{729, u"HC"_s}, {730, u"MD"_s}, {731, u"HB"_s}});
-    gateway.Expect(u"Clinical_Area..spEarCare_AssessRevoke '729','5017','HC'"_s);
-    gateway.Expect(u"Clinical_Area..spEarCare_AssessRevoke '730','5017','MD'"_s);
-    gateway.Expect(u"Clinical_Area..spEarCare_AssessRevoke '731','5017','HB'"_s);
+    gateway.Expect(AssessRevokeCommand(u"729"_s, u"5017"_s, u"HC"_s));
+    gateway.Expect(AssessRevokeCommand(u"730"_s, u"5017"_s, u"MD"_s));
+    gateway.Expect(AssessRevokeCommand(u"731"_s, u"5017"_s, u"HB"_s));
     ExpectRevoked();
     ExpectList(QString(), {});
     Click(Revoke());
@@ -76,7 +76,7 @@ TEST_F(AssessRevokeTest, LinesAreSoughtByTheTrimmedReferenceAndRevokedByTheOneSh
     Open({{u"731"_s, u" 5017 "_s, openStatus}});
     ExpectQuestion(MsgAnswer::Yes);
     ExpectLines(u"5017"_s, {{731, u"HC"_s}});
-    gateway.Expect(u"Clinical_Area..spEarCare_AssessRevoke '731',' 5017 ','HC'"_s);
+    gateway.Expect(AssessRevokeCommand(u"731"_s, u" 5017 "_s, u"HC"_s));
     ExpectRevoked();
     ExpectList(QString(), {});
     Click(Revoke());
@@ -97,8 +97,8 @@ TEST_F(AssessRevokeTest, FailureInTheMiddleLeavesTheLinesBeforeItRevokedAndTells
     Open({{u"731"_s, u"5017"_s, openStatus}});
     ExpectQuestion(MsgAnswer::Yes);
     ExpectLines(u"5017"_s, {{730, u"HC"_s}, {731, u"HC"_s}, {732, u"HC"_s}});
-    gateway.Expect(u"Clinical_Area..spEarCare_AssessRevoke '730','5017','HC'"_s);
-    gateway.ExpectFailure(u"Clinical_Area..spEarCare_AssessRevoke '731','5017','HC'"_s,
+    gateway.Expect(AssessRevokeCommand(u"730"_s, u"5017"_s, u"HC"_s));
+    gateway.ExpectFailure(AssessRevokeCommand(u"731"_s, u"5017"_s, u"HC"_s),
                           RunTimeError(1205, u"Transaction was deadlocked"_s));
     Click(Revoke());
     EXPECT_EQ(TakeFailure(), 1205);
@@ -109,7 +109,7 @@ TEST_F(AssessRevokeTest, FailureInTheMiddleLeavesTheLinesBeforeItRevokedAndTells
 TEST_F(AssessRevokeTest, FailureOfALineThatStandsAloneTellsNoSuccessAndLeavesTheList) {
     Open(alone);
     ExpectQuestion(MsgAnswer::Yes);
-    gateway.ExpectFailure(u"Clinical_Area..spEarCare_AssessRevoke '731','','HB'"_s,
+    gateway.ExpectFailure(AssessRevokeCommand(u"731"_s, u""_s, u"HB"_s),
                           RunTimeError(1205, u"Transaction was deadlocked"_s));
     Click(Revoke());
     EXPECT_EQ(TakeFailure(), 1205);
@@ -186,7 +186,7 @@ TEST_F(AssessRevokeTest, ListAfterwardsStandsOnItsFirstRowAndDecidesTheButtonsBy
     Open({{u"741"_s, u"5018"_s, openStatus}, {u"731"_s, u""_s, openStatus, u"HB"_s}});
     ClickRow(2);
     ExpectQuestion(MsgAnswer::Yes);
-    gateway.Expect(u"Clinical_Area..spEarCare_AssessRevoke '731','','HB'"_s);
+    gateway.Expect(AssessRevokeCommand(u"731"_s, u""_s, u"HB"_s));
     ExpectRevoked();
     ExpectList(QString(), {{u"741"_s, u"5018"_s, u"REVOKED"_s}, {u"731"_s, u""_s, u"REVOKED"_s}});
     Click(Revoke());
@@ -198,7 +198,7 @@ TEST_F(AssessRevokeTest, SecondRevokeOfALineCallsTheProcedureAgain) {
     Open(alone);
     for (int i = 0; i < 2; ++i) {
         ExpectQuestion(MsgAnswer::Yes);
-        gateway.Expect(u"Clinical_Area..spEarCare_AssessRevoke '731','','HB'"_s);
+        gateway.Expect(AssessRevokeCommand(u"731"_s, u""_s, u"HB"_s));
         ExpectRevoked();
         ExpectList(QString(), alone);
         Click(Revoke());

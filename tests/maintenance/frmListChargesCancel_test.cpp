@@ -1,4 +1,5 @@
 #include "maintenance/ListChargesGround.h"
+#include "patients/commands.h"
 #include "patients/frmSearchPatient.h"
 #include "support/CaseName.h"
 #include "support/FakeWorkspace.h"
@@ -11,8 +12,7 @@ using namespace Qt::StringLiterals;
 class CancelChargeTest : public ListChargesGround {
   protected:
     void ExpectVerify(const ChargedLine& line, const std::vector<std::vector<Value>>& left) {
-        gateway.Expect(u"Clinical_Area..spEarCare_VerifyCharges '104233','%1','%2','%3'"_s.arg(
-                           line.item, line.slip, line.department),
+        gateway.Expect(VerifyChargesCommand(u"104233"_s, line.item, line.slip, line.department),
                        Rows({u"Amount"_s}, left));
     }
     void ExpectQuestion(MsgAnswer answer) {
@@ -33,18 +33,30 @@ class CancelChargeTest : public ListChargesGround {
     }
     /// The stock branch asks the finder, which is closed and made anew.
     void ExpectFreshFinder(const QString& type = QStringLiteral("I")) {
-        gateway.Expect(u"Clinical_Area..spEarCare_GetPatient '%1',' CRUZ '"_s.arg(type),
+        gateway.Expect(GetPatientCommand(type, u" CRUZ "_s),
                        Rows({u"hospital #"_s, u"Admission #"_s, u"Patient Name"_s, u"admission date"_s,
                              u"Billing Date"_s}));
     }
     static void DoubleClickRow(int row) { DoubleClick(*Grid().viewport(), PlaceOf(row)); }
+
+    /// What the cancellation of the in-patient's service sends.
+    ChargeCancellation sent = {.hospitalNumber = u"100085"_s,
+                               .idNumber = u"104233"_s,
+                               .itemID = u"HC001"_s,
+                               .amount = u"2800"_s,
+                               .quantity = u"1"_s,
+                               .moment = u"11/21/2026 10:30:15 AM"_s,
+                               .department = u"HC"_s,
+                               .userCode = u"NURSE"_s,
+                               .patientType = u"I"_s,
+                               .room = u"301-A"_s,
+                               .slipNumber = u"H1042C"_s};
 };
 
 TEST_F(CancelChargeTest, ServiceOfAnInPatientIsUpdatedWithThirteenArguments) {
     OpenList({service});
     ExpectYes(service);
-    gateway.Expect(u"Clinical_ARea..spEarCare_UpdateCharging '100085','104233','HC001','2800','1',"
-                   "'11/21/2026 10:30:15 AM','HC','NURSE','I','C','301-A','H1042C',''"_s);
+    gateway.Expect(UpdateChargingCommand(sent));
     ExpectList({service, {u"HC"_s, u"HC001"_s, u"-1"_s, u"-2800.0000"_s}});
     Click(Cancel());
     EXPECT_TRUE(gateway.IsDone());
@@ -57,8 +69,11 @@ TEST_F(CancelChargeTest, FeeIsUpdatedTooWithItsEmptyQuantity) {
     const ChargedLine fee = {u"MD"_s, u"D003"_s, u""_s, u"1500.0000"_s};
     OpenList({service, fee});
     ExpectYes(fee);
-    gateway.Expect(u"Clinical_ARea..spEarCare_UpdateCharging '100085','104233','D003','1500','',"
-                   "'11/21/2026 10:30:15 AM','MD','NURSE','I','C','301-A','H1042C',''"_s);
+    sent.itemID = u"D003"_s;
+    sent.amount = u"1500"_s;
+    sent.quantity = u""_s;
+    sent.department = u"MD"_s;
+    gateway.Expect(UpdateChargingCommand(sent));
     ExpectList({service});
     DoubleClickRow(2);
     EXPECT_TRUE(gateway.IsDone());
@@ -69,8 +84,10 @@ TEST_F(CancelChargeTest, SlipNumberAndItemOfAServiceGoAsTheListShowsThem) {
     const ChargedLine line = {u"HC"_s, u" X1 "_s, u"1"_s, u"10.0000"_s, u" H1043C "_s};
     OpenList({line});
     ExpectYes(line);
-    gateway.Expect(u"Clinical_ARea..spEarCare_UpdateCharging '100085','104233',' X1 ','10','1',"
-                   "'11/21/2026 10:30:15 AM','HC','NURSE','I','C','301-A',' H1043C ',''"_s);
+    sent.itemID = u" X1 "_s;
+    sent.amount = u"10"_s;
+    sent.slipNumber = u" H1043C "_s;
+    gateway.Expect(UpdateChargingCommand(sent));
     ExpectList({});
     Click(Cancel());
     EXPECT_TRUE(gateway.IsDone());
@@ -94,8 +111,9 @@ TEST_F(CancelChargeTest, AmountOfAServiceGoesWithTheSignThatTheListShows) {
     OpenList({reversal});
     ExpectVerify(reversal, {{Decimal{u"1.0000"_s}}});
     ExpectQuestion(MsgAnswer::Yes);
-    gateway.Expect(u"Clinical_ARea..spEarCare_UpdateCharging '100085','104233','HC001','-2800','-1',"
-                   "'11/21/2026 10:30:15 AM','HC','NURSE','I','C','301-A','H1042C',''"_s);
+    sent.amount = u"-2800"_s;
+    sent.quantity = u"-1"_s;
+    gateway.Expect(UpdateChargingCommand(sent));
     ExpectList({});
     Click(Cancel());
     EXPECT_TRUE(gateway.IsDone());
@@ -106,8 +124,9 @@ TEST_F(CancelChargeTest, OutPatientChosenAfterTheListChangesTypeAndRoomOfTheServ
     Click(PatientType(1));
     EXPECT_TRUE(gateway.IsDone());
     ExpectYes(service);
-    gateway.Expect(u"Clinical_ARea..spEarCare_UpdateCharging '100085','104233','HC001','2800','1',"
-                   "'11/21/2026 10:30:15 AM','HC','NURSE','O','C','OPD/ER','H1042C',''"_s);
+    sent.patientType = u"O"_s;
+    sent.room = u"OPD/ER"_s;
+    gateway.Expect(UpdateChargingCommand(sent));
     ExpectList({});
     Click(Cancel());
     EXPECT_TRUE(gateway.IsDone());
@@ -117,8 +136,8 @@ TEST_F(CancelChargeTest, ServiceTakesTheSharedPatientTypeAndTheRoomByTheScreensC
     OpenList({service});
     gPatientType = u"O"_s;
     ExpectYes(service);
-    gateway.Expect(u"Clinical_ARea..spEarCare_UpdateCharging '100085','104233','HC001','2800','1',"
-                   "'11/21/2026 10:30:15 AM','HC','NURSE','O','C','301-A','H1042C',''"_s);
+    sent.patientType = u"O"_s;
+    gateway.Expect(UpdateChargingCommand(sent));
     ExpectList({});
     Click(Cancel());
     EXPECT_TRUE(gateway.IsDone());
@@ -196,8 +215,7 @@ TEST_F(CancelChargeTest, NoLeavesAStockItemAsItIs) {
 TEST_F(CancelChargeTest, ListThatIsEmptyAfterwardsHidesItselfAndTheButtonsAndLeavesThemEnabled) {
     OpenList({service});
     ExpectYes(service);
-    gateway.Expect(u"Clinical_ARea..spEarCare_UpdateCharging '100085','104233','HC001','2800','1',"
-                   "'11/21/2026 10:30:15 AM','HC','NURSE','I','C','301-A','H1042C',''"_s);
+    gateway.Expect(UpdateChargingCommand(sent));
     ExpectList({});
     Click(Cancel());
     EXPECT_TRUE(Find<QWidget>(Screens::Get<frmListCharges>(), "txtMessage").isVisible());
@@ -210,7 +228,7 @@ TEST_F(CancelChargeTest, FailingVerificationAsksNothingAndHasBroughtTheButtonsBa
     OpenList({});
     List({service});
     ASSERT_TRUE(NoOptionIsShown());
-    gateway.ExpectFailure(u"Clinical_Area..spEarCare_VerifyCharges '104233','HC001','H1042C','HC'"_s,
+    gateway.ExpectFailure(VerifyChargesCommand(u"104233"_s, u"HC001"_s, u"H1042C"_s, u"HC"_s),
                           RunTimeError(1205, u"Transaction was deadlocked"_s));
     DoubleClickRow(1);
     EXPECT_EQ(TakeFailure(), 1205);
@@ -239,7 +257,7 @@ TEST_F(CancelChargeTest, FinderOfAStockItemIsGoneAndTheNextPatientIsLookedForAfr
     ExpectYes(medicine);
     const std::vector<QString> columns = {u"hospital #"_s, u"Admission #"_s, u"Patient Name"_s,
                                           u"admission date"_s, u"Billing Date"_s};
-    gateway.Expect(u"Clinical_Area..spEarCare_GetPatient 'I',' CRUZ '"_s,
+    gateway.Expect(GetPatientCommand(u"I"_s, u" CRUZ "_s),
                    Rows(columns, {{u"100085"_s, u"104233"_s, u"CRUZ, JUAN"_s, Value(), Value()}}));
     ExpectList({});
     workspace.menuItems.clear();
@@ -247,7 +265,7 @@ TEST_F(CancelChargeTest, FinderOfAStockItemIsGoneAndTheNextPatientIsLookedForAfr
     EXPECT_FALSE(Screens::IsLoaded<frmSearchPatient>());
     EXPECT_TRUE(workspace.menuItems.empty()) << "nobody has closed it: the menu stays as it is";
     Box("txtLastName").setText(u"REYES"_s);
-    gateway.Expect(u"Clinical_Area..spEarCare_GetPatient 'I','REYES'"_s,
+    gateway.Expect(GetPatientCommand(u"I"_s, u"REYES"_s),
                    Rows(columns, {{u"100090"_s, u"104300"_s, u"REYES, ANA"_s, Value(), Value()}}));
     Press(Box("txtLastName"), Qt::Key_Return);
     EXPECT_TRUE(gateway.IsDone());
@@ -260,7 +278,7 @@ TEST_F(CancelChargeTest, ApostropheInTheNameEndsAStockCancellationBeforeAnything
     OpenList({medicine});
     Box("txtLastName").setText(u"O'BRIEN"_s);
     ExpectYes(medicine);
-    gateway.ExpectFailure(u"Clinical_Area..spEarCare_GetPatient 'I','O'BRIEN'"_s,
+    gateway.ExpectFailure(GetPatientCommand(u"I"_s, u"O'BRIEN"_s),
                           RunTimeError(102, u"Incorrect syntax near 'BRIEN'."_s));
     Click(Cancel());
     EXPECT_EQ(TakeFailure(), 102);
@@ -373,7 +391,7 @@ TEST_F(CancelChargeTest, AfterAPickTheBlankCellsAreVerifiedAndGoToTheStockCard) 
     Open();
     List({service});
     ListChargesTarget().Picked();
-    gateway.Expect(u"Clinical_Area..spEarCare_VerifyCharges '104233','','',''"_s, Rows({u"Amount"_s}));
+    gateway.Expect(VerifyChargesCommand(u"104233"_s, u""_s, u""_s, u""_s), Rows({u"Amount"_s}));
     ExpectQuestion(MsgAnswer::Yes);
     ExpectFreshFinder();
     ExpectList({});
@@ -388,7 +406,7 @@ TEST_F(CancelChargeTest, AfterAPickTheBlankCellsAreVerifiedAndGoToTheStockCard) 
 TEST_F(CancelChargeTest, AfterAPickWithoutAnyListTheBlankCellsAreTheSame) {
     Open();
     ListChargesTarget().Picked();
-    gateway.Expect(u"Clinical_Area..spEarCare_VerifyCharges '104233','','',''"_s, Rows({u"Amount"_s}));
+    gateway.Expect(VerifyChargesCommand(u"104233"_s, u""_s, u""_s, u""_s), Rows({u"Amount"_s}));
     ExpectQuestion(MsgAnswer::Yes);
     ExpectFreshFinder();
     ExpectList({});
@@ -402,7 +420,7 @@ TEST_F(CancelChargeTest, ButtonAfterAPickWorksOnTheBlankHeaderRow) {
     List({service});
     ListChargesTarget().Picked();
     ASSERT_EQ(Cells().Row(), 0);
-    gateway.Expect(u"Clinical_Area..spEarCare_VerifyCharges '104233','','',''"_s, Rows({u"Amount"_s}));
+    gateway.Expect(VerifyChargesCommand(u"104233"_s, u""_s, u""_s, u""_s), Rows({u"Amount"_s}));
     ExpectQuestion(MsgAnswer::No);
     Click(Cancel());
     EXPECT_TRUE(gateway.IsDone());
@@ -411,9 +429,7 @@ TEST_F(CancelChargeTest, ButtonAfterAPickWorksOnTheBlankHeaderRow) {
 TEST_F(CancelChargeTest, FailingCancellationIsNotFollowedByAList) {
     OpenList({service});
     ExpectYes(service);
-    gateway.ExpectFailure(u"Clinical_ARea..spEarCare_UpdateCharging '100085','104233','HC001','2800','1',"
-                          "'11/21/2026 10:30:15 AM','HC','NURSE','I','C','301-A','H1042C',''"_s,
-                          RunTimeError(1205, u"Transaction was deadlocked"_s));
+    gateway.ExpectFailure(UpdateChargingCommand(sent), RunTimeError(1205, u"Transaction was deadlocked"_s));
     Click(Cancel());
     EXPECT_EQ(TakeFailure(), 1205);
     EXPECT_EQ(Cells().TextMatrix(1, 2), u"HC001"_s);
@@ -433,7 +449,7 @@ TEST_F(CancelChargeTest, FailingListAfterwardsLeavesTheCancellationStanding) {
     OpenList({medicine});
     ExpectYes(medicine);
     ExpectFreshFinder();
-    gateway.ExpectFailure(u"Clinical_Area..SpEarCare_List_AllCharges '100085','104233','HC'"_s,
+    gateway.ExpectFailure(ListAllChargesCommand(u"100085"_s, u"104233"_s),
                           RunTimeError(1205, u"Transaction was deadlocked"_s));
     Click(Cancel());
     EXPECT_EQ(TakeFailure(), 1205);

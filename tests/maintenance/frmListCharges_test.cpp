@@ -1,12 +1,12 @@
-#include "maintenance/ChargeSlipPrint.h"
 #include "maintenance/ListChargesGround.h"
+#include "patients/commands.h"
 #include "patients/frmSearchPatient.h"
 #include "support/FakeWorkspace.h"
+#include "support/slip/SlipPrint.h"
 #include "toolkit/ListView.h"
 #include "toolkit/Twips.h"
 
 #include <QApplication>
-#include <QGroupBox>
 #include <QMdiSubWindow>
 #include <QTest>
 
@@ -18,7 +18,7 @@ namespace {
 
 /// What the finder asks as soon as it opens for this screen.
 QString FinderCommand(const QString& type, const QString& text) {
-    return u"Clinical_Area..spEarCare_GetPatient '%1','%2'"_s.arg(type, text);
+    return GetPatientCommand(type, text);
 }
 
 std::shared_ptr<const RowData> Patients(const std::vector<std::vector<Value>>& rows = {}) {
@@ -43,32 +43,9 @@ static_assert(!std::is_base_of_v<FinderTarget, frmListCharges>);
 
 } // namespace
 
-TEST_F(frmListChargesTest, ControlsBearTheirTexts) {
-    const auto& screen = Open();
-    EXPECT_EQ(screen.windowTitle(), u"List of Charges"_s);
-    EXPECT_EQ(Find<QGroupBox>(screen, "Frame2").title(), u"Patient Type"_s);
-    EXPECT_EQ(Find<QGroupBox>(screen, "fraList").title(), u"List of Charges Entered"_s);
-    EXPECT_EQ(Find<QGroupBox>(screen, "Frame1").title(), u"Hospital Info"_s);
-    EXPECT_EQ(Find<QGroupBox>(screen, "frame3").title(), u"Patient Name"_s);
-    EXPECT_EQ(PatientType(0).text(), u"In Patient"_s);
-    EXPECT_EQ(PatientType(1).text(), u"Out Patient"_s);
-    EXPECT_EQ(ListButton().text(), u"&List of Charges Entered"_s);
-    EXPECT_EQ(Reprint().text(), u"Re-print ChargeSlip"_s);
-    EXPECT_EQ(Cancel().text(), u"Cancel Charges"_s);
+TEST_F(frmListChargesTest, SaysThatNothingIsEntered) {
+    Open();
     EXPECT_EQ(Box("txtMessage").text(), u"No Charges Entered........"_s);
-    const std::vector<std::pair<const char*, QString>> labels = {{"txtPno", u"Hospital No."_s},
-                                                                 {"txtId", u"Admission No."_s},
-                                                                 {"txtDateAdmitted", u"Admission Date"_s},
-                                                                 {"txtRoom", u"Room No."_s},
-                                                                 {"txtDoctor", u"Admitting Dr.:"_s},
-                                                                 {"txtLastName", u"Last Name"_s},
-                                                                 {"txtFirstName", u"First Name"_s},
-                                                                 {"txtMiddleName", u"Middle Name"_s},
-                                                                 {"txtSex", u"Sex"_s},
-                                                                 {"txtDob", u"Birthdate"_s},
-                                                                 {"txtAge", u"Age"_s}};
-    for (const auto& [name, label] : labels)
-        EXPECT_EQ(Box(name).accessibleName(), label);
 }
 
 TEST_F(frmListChargesTest, StandsAtItsPlaceInTheMainWindow) {
@@ -167,8 +144,7 @@ TEST_F(frmListChargesTest, PickFillsTheHeaderAndBlanksTheGrid) {
                    Patients({{u"100085"_s, u"104233"_s, u"DELA CRUZ, JUAN"_s, Value(), Value()}}));
     Press(Box("txtLastName"), Qt::Key_Return);
     gateway.Expect(FinderCommand(u"I"_s, u"DELA"_s), Patients());
-    gateway.Expect(u"select * from patient_data..tboutpatient where idnum = '104233'"_s,
-                   Rows({u"DoctorID1"_s, u"DoctorID2"_s, u"DoctorID3"_s}));
+    gateway.Expect(OutPatientCommand(u"104233"_s), Rows({u"DoctorID1"_s, u"DoctorID2"_s, u"DoctorID3"_s}));
     auto& finder = Screens::Get<frmSearchPatient>();
     Activate(finder);
     auto& list = Find<ListView>(finder, "ListView1");
@@ -267,7 +243,7 @@ TEST_F(frmListChargesTest, LaterListBringsTheGridBackAndLeavesTheButtonsOutOfSig
 TEST_F(frmListChargesTest, DoubleClickBringsTheButtonsBackIntoSight) {
     OpenList({});
     List({service});
-    gateway.Expect(u"Clinical_Area..spEarCare_VerifyCharges '104233','HC001','H1042C','HC'"_s,
+    gateway.Expect(VerifyChargesCommand(u"104233"_s, u"HC001"_s, u"H1042C"_s, u"HC"_s),
                    Rows({u"Amount"_s}, {{Decimal{u"0.0000"_s}}}));
     messages.Expect({.text = u"Can't Cancel this Charges. The Total Amount is already Zero!"_s,
                      .icon = MsgIcon::Critical,
@@ -278,7 +254,7 @@ TEST_F(frmListChargesTest, DoubleClickBringsTheButtonsBackIntoSight) {
 
 TEST_F(frmListChargesTest, FailingListEndsInTheGeneralFailureOverAnEmptiedGrid) {
     OpenList({service, medicine});
-    gateway.ExpectFailure(u"Clinical_Area..SpEarCare_List_AllCharges '100085','104233','HC'"_s,
+    gateway.ExpectFailure(ListAllChargesCommand(u"100085"_s, u"104233"_s),
                           RunTimeError(2812, u"Could not find stored procedure"_s));
     Click(ListButton());
     EXPECT_EQ(TakeFailure(), 2812);
@@ -291,11 +267,11 @@ TEST_F(frmListChargesTest, FailingListEndsInTheGeneralFailureOverAnEmptiedGrid) 
 }
 
 TEST_F(frmListChargesTest, ReprintTellsTheDatabaseAndFillsTheSlip) {
-    const ChargeSlipPrint slip(programDirectory);
+    const SlipPrint slip(programDirectory, u"Charge_Slip.RPT"_s, 10);
     OpenList({service, {u"HB"_s, u"M0002"_s, u"2"_s, u"1.0000"_s, u" H1043C "_s}});
     QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {}, PlaceOf(2));
-    gateway.Expect(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H1043C'"_s);
-    EXPECT_EQ(ChargeSlipPrint::Values(u"RE-Print ChargeSlip"_s, [] { Click(Reprint()); }),
+    gateway.Expect(ReprintChargeSlipCommand(u"H1043C"_s));
+    EXPECT_EQ(slip.Values(u"RE-Print ChargeSlip"_s, [] { Click(Reprint()); }),
               (std::vector<QString>{u"H1043C"_s, u"11/21/2026"_s, u"CRUZ, JUAN SY"_s, u"104233"_s,
                                     u"100085"_s, u"ROOM SHOWN"_s, u"10:30:15 AM"_s, u"500123"_s,
                                     u"STATION 3"_s, u"ANA REYES"_s}));
@@ -304,20 +280,19 @@ TEST_F(frmListChargesTest, ReprintTellsTheDatabaseAndFillsTheSlip) {
 }
 
 TEST_F(frmListChargesTest, ReprintTrimsBlanksAlone) {
-    const ChargeSlipPrint slip(programDirectory);
+    const SlipPrint slip(programDirectory, u"Charge_Slip.RPT"_s, 10);
     OpenList({{u"HB"_s, u"M0002"_s, u"2"_s, u"1.0000"_s, u" \tH1043C "_s}});
-    gateway.Expect(u"Clinical_Area..spEarCare_ReprintChargeSlip '\tH1043C'"_s);
-    EXPECT_EQ(ChargeSlipPrint::Values(u"RE-Print ChargeSlip"_s, [] { Click(Reprint()); }).at(0),
-              u"\tH1043C"_s);
+    gateway.Expect(ReprintChargeSlipCommand(u"\tH1043C"_s));
+    EXPECT_EQ(slip.Values(u"RE-Print ChargeSlip"_s, [] { Click(Reprint()); }).at(0), u"\tH1043C"_s);
 }
 
 TEST_F(frmListChargesTest, ReprintAfterAPickIsOfTheBlankHeaderRow) {
-    const ChargeSlipPrint slip(programDirectory);
+    const SlipPrint slip(programDirectory, u"Charge_Slip.RPT"_s, 10);
     Open();
     List({service});
     ListChargesTarget().Picked();
-    gateway.Expect(u"Clinical_Area..spEarCare_ReprintChargeSlip ''"_s);
-    EXPECT_EQ(ChargeSlipPrint::Values(u"RE-Print ChargeSlip"_s, [] { Click(Reprint()); }),
+    gateway.Expect(ReprintChargeSlipCommand(u""_s));
+    EXPECT_EQ(slip.Values(u"RE-Print ChargeSlip"_s, [] { Click(Reprint()); }),
               (std::vector<QString>{u""_s, u"11/21/2026"_s, u"CRUZ, JUAN SY"_s, u"104233"_s, u"100085"_s,
                                     u"ROOM SHOWN"_s, u"10:30:15 AM"_s, u"500123"_s, u"STATION 3"_s,
                                     u"ANA REYES"_s}));
@@ -326,16 +301,16 @@ TEST_F(frmListChargesTest, ReprintAfterAPickIsOfTheBlankHeaderRow) {
 
 TEST_F(frmListChargesTest, ReprintThatFailsToPrintStaysRecorded) {
     OpenList({service});
-    gateway.Expect(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H1042C'"_s);
+    gateway.Expect(ReprintChargeSlipCommand(u"H1042C"_s));
     Click(Reprint());
     EXPECT_EQ(TakeFailure(), RunTime::kFileNotFound);
     EXPECT_TRUE(gateway.IsDone());
 }
 
 TEST_F(frmListChargesTest, ReprintThatTheDatabaseRefusesPrintsNothing) {
-    const ChargeSlipPrint slip(programDirectory);
+    const SlipPrint slip(programDirectory, u"Charge_Slip.RPT"_s, 10);
     OpenList({service});
-    gateway.ExpectFailure(u"Clinical_Area..spEarCare_ReprintChargeSlip 'H1042C'"_s,
+    gateway.ExpectFailure(ReprintChargeSlipCommand(u"H1042C"_s),
                           RunTimeError(1205, u"Transaction was deadlocked"_s));
     Click(Reprint());
     EXPECT_EQ(TakeFailure(), 1205);

@@ -1,5 +1,6 @@
-#include "maintenance/ChargeSlipPrint.h"
 #include "maintenance/ReprintGround.h"
+#include "reports/commands.h"
+#include "support/slip/SlipPrint.h"
 #include "toolkit/ProgramFiles.h"
 
 #include <QPrinter>
@@ -15,22 +16,25 @@ class ReprintPrintTest : public ReprintGround {
         charge.encoder = encoder;
         return charge;
     }
-    void ExpectEmptied() { gateway.Expect(u"delete Clinical_Area..tbEarCareChargePrint"_s); }
-    void ExpectWritten(const QString& item) {
-        gateway.Expect(
-            u"Hemodialysis..spKidney_SaveChargePrint 'HC%1','2800.50','2','HC','TREATMENT'"_s.arg(item));
+    void ExpectEmptied() { gateway.Expect(EmptyChargePrintCommand()); }
+    static QString Written(const QString& item) {
+        return SaveDuplicateLineCommand({.code = u"HC"_s + item,
+                                         .amount = u"2800.50"_s,
+                                         .quantity = u"2"_s,
+                                         .revenueCode = u"HC"_s,
+                                         .description = u"TREATMENT"_s});
     }
-    static std::vector<QString> Printed() {
-        return ChargeSlipPrint::Values(u"Print ChargeSlip"_s, [] { Click(PrintButton()); });
+    std::vector<QString> Printed() {
+        return slip.Values(u"Print ChargeSlip"_s, [] { Click(PrintButton()); });
     }
 
-    const ChargeSlipPrint slip{programDirectory};
+    const SlipPrint slip{programDirectory, u"Charge_Slip.RPT"_s, 10};
 };
 
 TEST_F(ReprintPrintTest, WritesTheLineAndFillsTheSlip) {
     OpenPatient({line});
     ExpectEmptied();
-    ExpectWritten(u"HC001"_s);
+    gateway.Expect(Written(u"HC001"_s));
     EXPECT_EQ(Printed(), (std::vector<QString>{u"H1042C"_s, u"11/21/2026"_s, u"DELA CRUZ  , JUAN  PEÑA   "_s,
                                                u"104233"_s, u"100085"_s, u"301-A"_s, u"10:30:15 AM"_s,
                                                u"PHILHEALTH"_s, u"HEMODIALYSIS"_s, u"ANA REYES"_s}));
@@ -43,8 +47,8 @@ TEST_F(ReprintPrintTest, GathersTheWholeSlipWhicheverOfItsLinesIsSelected) {
                  On(u"h1"_s, u"D"_s, u"U2"_s), On(u"H1 "_s, u"E"_s, u"U2"_s)});
     ClickRow(3);
     ExpectEmptied();
-    ExpectWritten(u"A"_s);
-    ExpectWritten(u"C"_s);
+    gateway.Expect(Written(u"A"_s));
+    gateway.Expect(Written(u"C"_s));
     EXPECT_EQ(Printed().at(0), u"H1"_s);
     EXPECT_TRUE(gateway.IsDone());
 }
@@ -56,7 +60,8 @@ TEST_F(ReprintPrintTest, EmptyQuantityAndAmountGoAsTheyAreShown) {
     fee.description = Value();
     OpenPatient({fee});
     ExpectEmptied();
-    gateway.Expect(u"Hemodialysis..spKidney_SaveChargePrint 'HCHC001','','','HC',''"_s);
+    gateway.Expect(SaveDuplicateLineCommand(
+        {.code = u"HCHC001"_s, .amount = {}, .quantity = {}, .revenueCode = u"HC"_s, .description = {}}));
     Printed();
     EXPECT_TRUE(gateway.IsDone());
 }
@@ -65,8 +70,8 @@ TEST_F(ReprintPrintTest, EmptiesTheTableOnTheSharedConnection) {
     ScriptedGateway shared;
     gConnection = &shared;
     OpenPatient({line});
-    shared.Expect(u"delete Clinical_Area..tbEarCareChargePrint"_s);
-    ExpectWritten(u"HC001"_s);
+    shared.Expect(EmptyChargePrintCommand());
+    gateway.Expect(Written(u"HC001"_s));
     Printed();
     EXPECT_TRUE(shared.IsDone());
     EXPECT_TRUE(gateway.IsDone());
@@ -79,7 +84,7 @@ TEST_F(ReprintPrintTest, OutpatientsSlipHasTheMiddleNameAndTheRoomOPD) {
     ExpectCharges(u"104233B"_s, {line});
     Press(Number(), Qt::Key_Return);
     ExpectEmptied();
-    ExpectWritten(u"HC001"_s);
+    gateway.Expect(Written(u"HC001"_s));
     const std::vector<QString> values = Printed();
     EXPECT_EQ(values.at(2), u"SANTOS ,  EVA  LIM "_s);
     EXPECT_EQ(values.at(3), u"104233B"_s);
@@ -91,9 +96,9 @@ TEST_F(ReprintPrintTest, OutpatientsSlipHasTheMiddleNameAndTheRoomOPD) {
 TEST_F(ReprintPrintTest, DoubleClickPrints) {
     OpenPatient({line, On(u"H2"_s, u"B"_s, u"U1"_s)});
     ExpectEmptied();
-    ExpectWritten(u"B"_s);
+    gateway.Expect(Written(u"B"_s));
     const auto values =
-        ChargeSlipPrint::Values(u"Print ChargeSlip"_s, [] { DoubleClick(*Grid().viewport(), PlaceOf(2)); });
+        slip.Values(u"Print ChargeSlip"_s, [] { DoubleClick(*Grid().viewport(), PlaceOf(2)); });
     EXPECT_EQ(values.at(0), u"H2"_s);
     EXPECT_TRUE(gateway.IsDone());
 }
@@ -101,9 +106,8 @@ TEST_F(ReprintPrintTest, DoubleClickPrints) {
 TEST_F(ReprintPrintTest, FailureBetweenTheLinesLeavesTheTablePartialAndPrintsNothing) {
     OpenPatient({On(u"H1"_s, u"A"_s, u"U1"_s), On(u"H1"_s, u"B"_s, u"U1"_s)});
     ExpectEmptied();
-    ExpectWritten(u"A"_s);
-    gateway.ExpectFailure(u"Hemodialysis..spKidney_SaveChargePrint 'HCB','2800.50','2','HC','TREATMENT'"_s,
-                          RunTimeError(1205, u"Transaction was deadlocked"_s));
+    gateway.Expect(Written(u"A"_s));
+    gateway.ExpectFailure(Written(u"B"_s), RunTimeError(1205, u"Transaction was deadlocked"_s));
     Click(PrintButton());
     EXPECT_EQ(TakeFailure(), 1205);
     EXPECT_FALSE(gReport.IsSet());
@@ -124,12 +128,11 @@ class PrintDirectTest : public ReprintPrintTest {
 
     QString PaperFile() const { return programDirectory.filePath(u"paper.pdf"_s); }
     void ExpectIssuer(const std::vector<std::vector<Value>>& rows) {
-        gateway.Expect(u"Select * from PASSWORD..tbPasswordMain where EmployeeID = 'CLERK'"_s,
-                       Rows({u"FirstName"_s, u"LastName"_s}, rows));
+        gateway.Expect(IssuerCommand(u"CLERK"_s), Rows({u"FirstName"_s, u"LastName"_s}, rows));
     }
     void PrintsTheSlipFirst() {
         ExpectEmptied();
-        ExpectWritten(u"HC001"_s);
+        gateway.Expect(Written(u"HC001"_s));
     }
     /// What the older layout has got when its rows are fetched, and of which databases rows were fetched.
     struct Paper {
@@ -152,8 +155,7 @@ class PrintDirectTest : public ReprintPrintTest {
                 Rows({u"ItemID"_s}, {{u"S1"_s}}));
             return connection;
         });
-        ChargeSlipPrint::Values(u"Print ChargeSlip"_s,
-                                [this] { Screens::Get<frmReprint>().PrintDirect(printer); });
+        slip.Values(u"Print ChargeSlip"_s, [this] { Screens::Get<frmReprint>().PrintDirect(printer); });
         return paper;
     }
 

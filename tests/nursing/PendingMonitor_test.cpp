@@ -46,7 +46,7 @@ class PendingMonitorTest : public ScreenTest {
     void Tick(const char* timer) const { QMetaObject::invokeMethod(&Timer(timer), "timeout"); }
 
     void ExpectCount(const Value& count) {
-        gateway.Expect(u"RADIOLOGY..spRadio_CheckPending 'HC'"_s, Rows({u"TotalPending"_s}, {{count}}));
+        gateway.Expect(CheckPendingCommand(), Rows({u"TotalPending"_s}, {{count}}));
     }
     void Check(const Value& count) {
         ExpectCount(count);

@@ -64,9 +64,8 @@ TEST_F(ProcessRequestTest, EnterDoesTheSameAsADoubleClick) {
 TEST_F(ProcessRequestTest, AsksForTheRoomAndTheExamsDynamicOptimistic) {
     Process(OfCruz(), twoExams);
     ASSERT_EQ(gateway.Openings().size(), 3U);
-    EXPECT_EQ(gateway.Openings()[1].command,
-              u"Select RoomClassID from build_file..tbCoRoom Where RoomID = '301-A' "_s);
-    EXPECT_EQ(gateway.Openings()[2].command, u"CLinical_Area..spEarCare_LoadExamEntry '700121'"_s);
+    EXPECT_EQ(gateway.Openings()[1].command, RoomClassCommand(u"301-A"_s));
+    EXPECT_EQ(gateway.Openings()[2].command, LoadExamCommand(u"700121"_s));
     for (const size_t i : {1U, 2U}) {
         EXPECT_EQ(gateway.Openings()[i].cursor, CursorType::Dynamic);
         EXPECT_EQ(gateway.Openings()[i].lock, LockType::Optimistic);
@@ -129,7 +128,7 @@ TEST_F(ProcessRequestTest, OtherColumnsKeepTheirBlanks) {
     request[16] = u" 56 "_s;
     request[19] = u" D003 "_s;
     Process(request, twoExams);
-    EXPECT_EQ(gateway.Openings().back().command, u"CLinical_Area..spEarCare_LoadExamEntry ' 700121 '"_s);
+    EXPECT_EQ(gateway.Openings().back().command, LoadExamCommand(u" 700121 "_s));
     const std::vector<std::pair<const char*, QString>> boxes = {
         {"txtPno", u" 100085 "_s},      {"txtId", u" 700121 "_s},     {"txtLastName", u" CRUZ "_s},
         {"txtFirstName", u" JUANA "_s}, {"txtMiddleName", u" SY "_s}, {"txtAge", u" 56 "_s},

@@ -3,8 +3,6 @@
 #include "patients/PatientContext.h"
 #include "support/CaseName.h"
 
-#include <QLabel>
-
 #include <set>
 
 using namespace Qt::StringLiterals;
@@ -12,16 +10,6 @@ using namespace Qt::StringLiterals;
 // The queue itself: its layout, its rows, the revoke.
 
 using frmNursingRequestTest = NursingRequestGround;
-
-TEST_F(frmNursingRequestTest, BearsItsTexts) {
-    const frmNursingRequest& screen = Open({OfCruz()});
-    EXPECT_EQ(screen.windowTitle(), u"Form1"_s);
-    EXPECT_EQ(Find<QLabel>(screen, "Label6").text(), u"Pending Requests"_s);
-    EXPECT_EQ(Find<QLabel>(screen, "Label3").text(), u"Double-click on the patient you want to process."_s);
-    EXPECT_EQ(Button("Command1").text(), u"&Print RequestForm"_s);
-    EXPECT_EQ(Button("cmdCancel").text(), u"&Cancel Request"_s);
-    EXPECT_EQ(Button("cmdClose").text(), u"&Close"_s);
-}
 
 TEST_F(frmNursingRequestTest, PrintIsHiddenAndCancelIsDisabledAlsoWhenTheClerkMoves) {
     Open({OfCruz(), OfCruz()});
@@ -36,7 +24,7 @@ TEST_F(frmNursingRequestTest, PrintIsHiddenAndCancelIsDisabledAlsoWhenTheClerkMo
 TEST_F(frmNursingRequestTest, LoadAsksForTheQueueDynamicReadOnly) {
     Open({OfCruz()});
     ASSERT_EQ(gateway.Openings().size(), 1U);
-    EXPECT_EQ(gateway.Openings()[0].command, u"Clinical_Area..spEarCare_NurseRequest"_s);
+    EXPECT_EQ(gateway.Openings()[0].command, NurseRequestCommand());
     EXPECT_EQ(gateway.Openings()[0].cursor, CursorType::Dynamic);
     EXPECT_EQ(gateway.Openings()[0].lock, LockType::ReadOnly);
     EXPECT_EQ(gateway.Openings()[0].location, CursorLocation::Server);
@@ -142,7 +130,7 @@ TEST_F(NursingRevoke, OnNoNothingHappens) {
 
 TEST_F(NursingRevoke, OnYesTheCurrentRequestIsRevokedInTheEmployeesNameAndTheQueueIsLoadedAgain) {
     ExpectQuestion(MsgAnswer::Yes);
-    gateway.Expect(u"RADIOLOGY..spRadio_RevokeNurseRequest ' 41 ','NURSE'"_s);
+    gateway.Expect(RevokeNurseRequestCommand(u" 41 "_s, u"NURSE"_s));
     messages.Expect({.text = u"Request has been revoked."_s, .icon = MsgIcon::Information});
     gateway.Expect(NurseRequestCommand(), Queue({{{24, 40}}}));
     Click(Button("cmdCancel"));

@@ -5,6 +5,7 @@
 #include "patients/LoadPatient.h"
 #include "patients/PatientContext.h"
 #include "support/CaseName.h"
+#include "support/ErrorOf.h"
 #include "support/ScreenTest.h"
 #include "text/RunTimeError.h"
 #include "toolkit/Screens.h"
@@ -74,12 +75,7 @@ class LoadPatientTest : public ScreenTest {
     }
 
     static int NumberRaisedBy(FinderTarget& target) {
-        try {
-            target.LoadPick();
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        }
-        return 0;
+        return ErrorOf([&] { target.LoadPick(); });
     }
 
     void LoadForLedger() { targets[u"Ledger"_s].LoadPick(); }
@@ -101,8 +97,7 @@ TEST_P(LoadAnyTest, VisitIsReadWithADynamicOptimisticCursorForInPatientsToo) {
     InPatient();
     Load();
     ASSERT_EQ(gateway.Openings().size(), 1U);
-    EXPECT_EQ(gateway.Openings()[0].command,
-              u"select * from patient_data..tboutpatient where idnum = '104233'"_s);
+    EXPECT_EQ(gateway.Openings()[0].command, OutPatientCommand(u"104233"_s));
     EXPECT_EQ(gateway.Openings()[0].cursor, CursorType::Dynamic);
     EXPECT_EQ(gateway.Openings()[0].lock, LockType::Optimistic);
     EXPECT_EQ(gateway.Openings()[0].location, CursorLocation::Server);

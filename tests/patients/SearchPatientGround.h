@@ -5,9 +5,9 @@
 #include "patients/FakeFinderTarget.h"
 #include "patients/frmSearchPatient.h"
 #include "patients/PatientContext.h"
+#include "support/ErrorOf.h"
 #include "support/FakeWorkspace.h"
 #include "support/ScreenTest.h"
-#include "text/RunTimeError.h"
 #include "toolkit/ListView.h"
 #include "toolkit/Screens.h"
 
@@ -66,12 +66,7 @@ class SearchPatientGround : public ScreenTest {
 
     /// The number of the failure that opening raises; the screen is loaded at its first touch.
     static int OpenFails() {
-        try {
-            Screens::Get<frmSearchPatient>();
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        }
-        return 0;
+        return ErrorOf([] { Screens::Get<frmSearchPatient>(); });
     }
 
     static ListView& List(const frmSearchPatient& finder) { return Find<ListView>(finder, "ListView1"); }

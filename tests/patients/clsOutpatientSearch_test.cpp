@@ -1,4 +1,5 @@
 #include "patients/clsOutpatientSearch.h"
+#include "patients/commands.h"
 #include "patients/frmRegisteredOPD.h"
 #include "patients/VisitRows.h"
 #include "support/ScreenTest.h"
@@ -13,15 +14,13 @@ using namespace Qt::StringLiterals;
 
 class OutpatientSearchTest : public ScreenTest {
   protected:
-    ~OutpatientSearchTest() override { frmRegisteredOPD::ResetMembers(); }
-
     void ExpectNumber(const QString& sent, std::shared_ptr<const RowData> rows) {
-        gateway.Expect(u"BILLING..spGlobal_RegisteredOPD '0','1', '%1'"_s.arg(sent), std::move(rows));
+        gateway.Expect(RegisteredOPDCommand(u"0"_s, u"1"_s, sent), std::move(rows));
     }
     /// Finds the two visits by name and picks the second.
     void Pick(const Form& list) {
         Type(Find<QLineEdit>(list, "txtSearch"), u"dela"_s);
-        gateway.Expect(u"BILLING..spGlobal_RegisteredOPD '0','0', 'DELA'"_s,
+        gateway.Expect(RegisteredOPDCommand(u"0"_s, u"0"_s, u"DELA"_s),
                        Visits({Visit(), Visit({{u"IdNum"_s, u"104299B"_s}})}));
         Press(Find<QLineEdit>(list, "txtSearch"), Qt::Key_Return);
         Find<FlexGrid>(list, "grdTable").Cells().SetRow(2);

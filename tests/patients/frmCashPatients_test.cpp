@@ -1,4 +1,5 @@
 #include "components/shared.h"
+#include "patients/commands.h"
 #include "patients/frmCashPatients.h"
 #include "patients/frmWalkIn.h"
 #include "support/CaseName.h"
@@ -52,7 +53,11 @@ class FakeAdmissionByText : public AdmissionByText {
 
 class frmCashPatientsTest : public ScreenTest {
   protected:
-    ~frmCashPatientsTest() override { frmCashPatients::ResetMembers(); }
+    /// The searches are made by nothing in this release, and outlive the screen.
+    ~frmCashPatientsTest() override {
+        frmCashPatients::outPatientSearch = {};
+        frmCashPatients::admissionSearch = {};
+    }
 
     static frmCashPatients& Open() {
         auto& screen = Screens::Get<frmCashPatients>();
@@ -78,7 +83,7 @@ class frmCashPatientsTest : public ScreenTest {
 
     void Search(const Form& screen, const std::vector<Names>& found) {
         Text(screen).setText(u"CRUZ"_s);
-        gateway.Expect(u"PATIENT_DATA..spGlobal_WalkIn '0', 'CRUZ'"_s, WalkIns(found));
+        gateway.Expect(WalkInCommand(u"0"_s, u"CRUZ"_s), WalkIns(found));
         Press(Text(screen), Qt::Key_Return);
     }
 
@@ -217,7 +222,7 @@ TEST_F(frmCashPatientsTest, KeysOfTheTextBecomeUpperCase) {
 TEST_F(frmCashPatientsTest, EnterListsTheWalkInsWithTheTextTrimmed) {
     const auto& screen = Open();
     Text(screen).setText(u"  o'b  "_s);
-    gateway.Expect(u"PATIENT_DATA..spGlobal_WalkIn '0', 'o'b'"_s, WalkIns({ana, eva}));
+    gateway.Expect(WalkInCommand(u"0"_s, u"o'b"_s), WalkIns({ana, eva}));
     Press(Text(screen), Qt::Key_Return);
     EXPECT_EQ(Grid(screen).Cells().Rows(), 3);
     EXPECT_EQ(Row(screen, 0), (Names{u"Adm #"_s, u"Last Name"_s, u"First Name"_s, u"Middle Name"_s}));
@@ -232,7 +237,7 @@ TEST_F(frmCashPatientsTest, SearchByNumberSendsItsIndex) {
     const auto& screen = Open();
     Find<QComboBox>(screen, "cmbSearch").setCurrentIndex(1);
     Text(screen).setText(u"W000012"_s);
-    gateway.Expect(u"PATIENT_DATA..spGlobal_WalkIn '1', 'W000012'"_s, WalkIns({ana}));
+    gateway.Expect(WalkInCommand(u"1"_s, u"W000012"_s), WalkIns({ana}));
     Press(Text(screen), Qt::Key_Return);
     EXPECT_EQ(Grid(screen).Cells().Rows(), 2);
     EXPECT_EQ(Row(screen, 1), ana);
@@ -261,7 +266,7 @@ TEST_F(frmCashPatientsTest, SecondSearchLeavesNothingOfTheFirst) {
 
 TEST_F(frmCashPatientsTest, PointerIsAnHourglassWhileTheSearchRuns) {
     const auto& screen = Open();
-    gateway.ExpectFailure(u"PATIENT_DATA..spGlobal_WalkIn '0', ''"_s, RunTimeError(105, u"no"_s));
+    gateway.ExpectFailure(WalkInCommand(u"0"_s, u""_s), RunTimeError(105, u"no"_s));
     Press(Text(screen), Qt::Key_Return);
     EXPECT_EQ(TakeFailure(), 105);
     EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
@@ -269,7 +274,7 @@ TEST_F(frmCashPatientsTest, PointerIsAnHourglassWhileTheSearchRuns) {
 
 TEST_F(frmCashPatientsTest, NullNameFaults) {
     const auto& screen = Open();
-    gateway.Expect(u"PATIENT_DATA..spGlobal_WalkIn '0', ''"_s,
+    gateway.Expect(WalkInCommand(u"0"_s, u""_s),
                    Rows({u"HospNum"_s, u"LastName"_s, u"FirstName"_s, u"MiddleName"_s},
                         {{u"W1"_s, u"CRUZ"_s, u"ANA"_s, Value()}}));
     Press(Text(screen), Qt::Key_Return);

@@ -1,3 +1,4 @@
+#include "patients/commands.h"
 #include "patients/frmRegisteredOPD.h"
 #include "patients/VisitRows.h"
 #include "support/ScreenTest.h"
@@ -16,8 +17,6 @@ using namespace Qt::StringLiterals;
 
 class frmRegisteredOPDTest : public ScreenTest {
   protected:
-    ~frmRegisteredOPDTest() override { frmRegisteredOPD::ResetMembers(); }
-
     static frmRegisteredOPD& Open() {
         auto& screen = Screens::Get<frmRegisteredOPD>();
         screen.Show();
@@ -31,7 +30,7 @@ class frmRegisteredOPDTest : public ScreenTest {
     }
     void Search(const Form& screen, std::shared_ptr<const RowData> rows) {
         Text(screen).setText(u"DELA"_s);
-        gateway.Expect(u"BILLING..spGlobal_RegisteredOPD '0','0', 'DELA'"_s, std::move(rows));
+        gateway.Expect(RegisteredOPDCommand(u"0"_s, u"0"_s, u"DELA"_s), std::move(rows));
         Press(Text(screen), Qt::Key_Return);
     }
     static std::shared_ptr<const RowData> Two() {
@@ -95,7 +94,7 @@ TEST_F(frmRegisteredOPDTest, TextIsUpperCasedAndSentTrimmed) {
     Find<QComboBox>(screen, "cmbSearch").setCurrentIndex(1);
     Type(Text(screen), u" 104233b "_s);
     EXPECT_EQ(Text(screen).text(), u" 104233B "_s);
-    gateway.Expect(u"BILLING..spGlobal_RegisteredOPD '0','1', '104233B'"_s, Visits({}));
+    gateway.Expect(RegisteredOPDCommand(u"0"_s, u"1"_s, u"104233B"_s), Visits({}));
     Press(Text(screen), Qt::Key_Return);
     EXPECT_EQ(gateway.Openings().back().cursor, CursorType::Dynamic);
     EXPECT_EQ(gateway.Openings().back().lock, LockType::Optimistic);
@@ -106,14 +105,14 @@ TEST_F(frmRegisteredOPDTest, TextIsUpperCasedAndSentTrimmed) {
 TEST_F(frmRegisteredOPDTest, OnlyBlanksAreTrimmed) {
     const auto& screen = Open();
     Text(screen).setText(u" \tDELA\u00a0 "_s);
-    gateway.Expect(u"BILLING..spGlobal_RegisteredOPD '0','0', '\tDELA\u00a0'"_s, Visits({}));
+    gateway.Expect(RegisteredOPDCommand(u"0"_s, u"0"_s, u"\tDELA\u00a0"_s), Visits({}));
     Press(Text(screen), Qt::Key_Return);
 }
 
 TEST_F(frmRegisteredOPDTest, HourglassStandsWhileTheCommandRunsAndStaysWhenItFails) {
     const auto& screen = Open();
     Text(screen).setText(u"O'BRIEN"_s);
-    gateway.ExpectFailure(u"BILLING..spGlobal_RegisteredOPD '0','0', 'O'BRIEN'"_s,
+    gateway.ExpectFailure(RegisteredOPDCommand(u"0"_s, u"0"_s, u"O'BRIEN"_s),
                           RunTimeError(102, u"Incorrect syntax near 'BRIEN'."_s));
     Press(Text(screen), Qt::Key_Return);
     EXPECT_EQ(TakeFailure(), 102);
@@ -153,10 +152,10 @@ TEST_F(frmRegisteredOPDTest, SearchWithoutAHitLeavesTheWidthsAlone) {
 
 TEST_F(frmRegisteredOPDTest, CurrentOnlySearchesAtOnceEvenWithoutAText) {
     const auto& screen = Open();
-    gateway.Expect(u"BILLING..spGlobal_RegisteredOPD '1','0', ''"_s, Two());
+    gateway.Expect(RegisteredOPDCommand(u"1"_s, u"0"_s, u""_s), Two());
     Click(Find<QCheckBox>(screen, "chkCurrent"));
     EXPECT_EQ(Grid(screen).Cells().Rows(), 3);
-    gateway.Expect(u"BILLING..spGlobal_RegisteredOPD '0','0', ''"_s, Visits({}));
+    gateway.Expect(RegisteredOPDCommand(u"0"_s, u"0"_s, u""_s), Visits({}));
     Click(Find<QCheckBox>(screen, "chkCurrent"));
 }
 

@@ -138,7 +138,7 @@ TEST_F(PickTest, UnloadingDisablesTheLedgerItem) {
 TEST_F(PickTest, PickRepeatsTheCommandOfTheWaitingScreenBeforeAnythingElse) {
     const auto& finder = Open(u"Post"_s, {{u"300"_s, u"A3"_s, u"CRUZ"_s, Value(), u"x"_s}});
     targets[u"Post"_s].finderText = u"O'BRIEN"_s;
-    gateway.ExpectFailure(u"Clinical_Area..spEarCare_GetPatient 'I','O'BRIEN'"_s,
+    gateway.ExpectFailure(GetPatientCommand(u"I"_s, u"O'BRIEN"_s),
                           RunTimeError(105, u"Unclosed quotation mark"_s));
     DoubleClickRow(finder, 0);
     EXPECT_EQ(TakeFailure(), 105);
@@ -151,7 +151,7 @@ TEST_F(PickTest, PickRepeatsTheCommandOfTheWaitingScreenBeforeAnythingElse) {
 TEST_F(PickTest, RepeatedCommandGoesOutWithWhateverLetterStandsThen) {
     const auto& finder = Open(u"Post"_s, three);
     gPatientType = u"W"_s;
-    gateway.Expect(u"Clinical_Area..spEarCare_GetPatient 'W','Post text'"_s, Patients({}));
+    gateway.Expect(GetPatientCommand(u"W"_s, u"Post text"_s), Patients({}));
     ExpectLoad(u"A3"_s);
     DoubleClickRow(finder, 0);
     EXPECT_EQ(personFinder->opened.size(), 1U);

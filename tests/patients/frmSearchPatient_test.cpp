@@ -64,7 +64,7 @@ INSTANTIATE_TEST_SUITE_P(Modes, FirstFillTest,
 TEST_P(FirstFillTest, TakesItsTextFromTheWaitingScreenAsItStands) {
     const QString mode = QString::fromLatin1(GetParam().name);
     targets[mode].finderText = u" o'brien "_s;
-    gateway.Expect(u"Clinical_Area..spEarCare_GetPatient 'I',' o'brien '"_s, Patients(three));
+    gateway.Expect(GetPatientCommand(u"I"_s, u" o'brien "_s), Patients(three));
     gChargeMode = mode;
     EXPECT_EQ(Names(Screens::Get<frmSearchPatient>()),
               (std::vector<QString>{u"CRUZ"_s, u"SANTOS"_s, u"ABAD"_s}));
@@ -115,7 +115,7 @@ TEST_F(frmSearchPatientTest, NullInALaterRowFaultsToo) {
 
 TEST_F(frmSearchPatientTest, OutPatientsAreListedUnderTheirLetter) {
     gPatientType = u"O"_s;
-    gateway.Expect(u"Clinical_Area..spEarCare_GetPatient 'O','Post text'"_s, Patients(three));
+    gateway.Expect(GetPatientCommand(u"O"_s, u"Post text"_s), Patients(three));
     gChargeMode = u"Post"_s;
     EXPECT_EQ(Names(Screens::Get<frmSearchPatient>()).size(), 3U);
 }
@@ -172,8 +172,7 @@ TEST_F(frmSearchPatientTest, EmptyResultGivesAnEmptyListAndNoMessage) {
 TEST_F(frmSearchPatientTest, SearchReplacesTheRows) {
     const auto& finder = Open(u"Post"_s, three);
     Type(Find<QLineEdit>(finder, "txtLastName"), u"o'b ñ"_s);
-    gateway.Expect(u"Clinical_Area..spEarCare_GetPatient 'I','O'B Ñ'"_s,
-                   Patients({{u"9"_s, u"A9"_s, u"O'B"_s}}));
+    gateway.Expect(GetPatientCommand(u"I"_s, u"O'B Ñ"_s), Patients({{u"9"_s, u"A9"_s, u"O'B"_s}}));
     Click(Find<QPushButton>(finder, "cmdSearch"));
     EXPECT_EQ(Names(finder), std::vector<QString>{u"O'B"_s});
 }
@@ -205,7 +204,7 @@ TEST_F(frmSearchPatientTest, SearchThatFindsNobodyEmptiesTheList) {
 
 TEST_F(frmSearchPatientTest, SearchWithAnEmptyNameSendsAnEmptyArgument) {
     const auto& finder = Open(u"Post"_s, {});
-    gateway.Expect(u"Clinical_Area..spEarCare_GetPatient 'I',''"_s, Patients(three));
+    gateway.Expect(GetPatientCommand(u"I"_s, u""_s), Patients(three));
     Click(Find<QPushButton>(finder, "cmdSearch"));
     EXPECT_EQ(Names(finder).size(), 3U);
 }
@@ -214,14 +213,14 @@ TEST_F(frmSearchPatientTest, OptionsDoNotChangeTheSearch) {
     const auto& finder = Open(u"Post"_s, {});
     finder.optPatientType[1]->click();
     EXPECT_EQ(gPatientType, u"I"_s);
-    gateway.Expect(u"Clinical_Area..spEarCare_GetPatient 'I',''"_s, Patients(three));
+    gateway.Expect(GetPatientCommand(u"I"_s, u""_s), Patients(three));
     Click(Find<QPushButton>(finder, "cmdSearch"));
 }
 
 TEST_F(frmSearchPatientTest, EachSearchGoesByTheLetterOfItsMoment) {
     const auto& finder = Open(u"Post"_s, {});
     gPatientType = u"O"_s;
-    gateway.Expect(u"Clinical_Area..spEarCare_GetPatient 'O',''"_s, Patients(three));
+    gateway.Expect(GetPatientCommand(u"O"_s, u""_s), Patients(three));
     Click(Find<QPushButton>(finder, "cmdSearch"));
     EXPECT_EQ(Names(finder).size(), 3U);
     gPatientType = u"W"_s;

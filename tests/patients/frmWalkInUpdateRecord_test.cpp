@@ -17,8 +17,16 @@ namespace {
 /// What the update of the record as it was loaded sends.
 QString Update(const QString& birthDate = u"02/29/1984"_s, const QString& age = u"42"_s,
                const QString& sex = u"M"_s, const QString& civil = u"2"_s, const QString& zip = u"1100"_s) {
-    return u"PATIENT_DATA..spGlobal_UpdateWalkIn 'W000002','CRUZ','BEN','TAN','%1','%2','%3','%4','12 RIZAL "
-           "ST.','POBLACION','%5'"_s.arg(birthDate, age, sex, civil, zip);
+    return UpdateWalkInCommand(u"W000002"_s, {.lastName = u"CRUZ"_s,
+                                              .firstName = u"BEN"_s,
+                                              .middleName = u"TAN"_s,
+                                              .street = u"12 RIZAL ST."_s,
+                                              .barangay = u"POBLACION"_s,
+                                              .townCode = zip,
+                                              .birthDate = birthDate,
+                                              .age = age,
+                                              .sex = sex,
+                                              .civilStatusCode = civil});
 }
 
 Message Updated() {
@@ -149,7 +157,9 @@ TEST_F(WalkInRecordTest, SexIsSentByItsFirstLetter) {
 TEST_F(WalkInRecordTest, SaveChecksNothing) {
     const auto& screen = Open();
     GoToRecord(screen);
-    gateway.Expect(u"PATIENT_DATA..spGlobal_UpdateWalkIn '','','','','','','','-1','','',''"_s);
+    WalkInEntry nobody;
+    nobody.civilStatusCode = u"-1"_s;
+    gateway.Expect(UpdateWalkInCommand({}, nobody));
     messages.Expect(Updated());
     gateway.Expect(ListWalkInCommand(u"0"_s, u""_s), NoWalkIns());
     Click(Button(screen, "cmdSave"));

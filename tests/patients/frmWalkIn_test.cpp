@@ -1,4 +1,5 @@
 #include "components/shared.h"
+#include "patients/commands.h"
 #include "patients/frmWalkIn.h"
 #include "support/CaseName.h"
 #include "support/ScreenTest.h"
@@ -26,21 +27,17 @@ class frmWalkInTest : public ScreenTest {
         return Find<QRadioButton>(screen, name);
     }
     static void Save(const Form& screen) { Click(Find<QPushButton>(screen, "cmdSave")); }
-};
 
-TEST_F(frmWalkInTest, ControlsBearTheirTexts) {
-    const auto& screen = Open();
-    EXPECT_EQ(screen.windowTitle(), u"Walk-in Patient Entry"_s);
-    EXPECT_EQ(Find<QPushButton>(screen, "cmdAddress").text(), u"..."_s);
-    EXPECT_EQ(Find<QPushButton>(screen, "cmdSave").text(), u"&Save"_s);
-    const std::vector<QString> sexes = {u"Male"_s, u"Female"_s};
-    for (size_t i = 0; i < sexes.size(); ++i)
-        EXPECT_EQ(Option(screen, qPrintable(u"optSex(%1)"_s.arg(i))).text(), sexes[i]);
-    const std::vector<QString> statuses = {u"Child"_s,    u"Single"_s,    u"Married"_s,
-                                           u"Widow/er"_s, u"Separated"_s, u"Divorced"_s};
-    for (size_t i = 0; i < statuses.size(); ++i)
-        EXPECT_EQ(Option(screen, qPrintable(u"optCivil(%1)"_s.arg(i))).text(), statuses[i]);
-}
+    /// What a save of the untouched screen sends.
+    static WalkInEntry Unkeyed() {
+        WalkInEntry entry;
+        entry.sex = u"M"_s;
+        entry.civilStatusCode = u"1"_s;
+        return entry;
+    }
+
+    WalkInEntry unkeyed = Unkeyed();
+};
 
 TEST_F(frmWalkInTest, EveryBoxIsSpoken) {
     const auto& screen = Open();
@@ -80,7 +77,7 @@ TEST_P(LengthTest, EnterMovesOn) {
 
 TEST_F(frmWalkInTest, BareSaveSendsMaleSingleAndNothingElse) {
     const auto& screen = Open();
-    gateway.Expect(u"PATIENT_DATA..spAddCashPatient '','','','1','M','','','','',''"_s);
+    gateway.Expect(AddCashPatientCommand(unkeyed));
     Save(screen);
     EXPECT_FALSE(Screens::IsLoaded<frmWalkIn>());
     EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
@@ -96,8 +93,16 @@ TEST_F(frmWalkInTest, SaveSendsEachBoxAtItsPlace) {
     Box(screen, "txtTown").setText(u"never sent"_s);
     Option(screen, "optSex(1)").click();
     Option(screen, "optCivil(5)").click();
-    gateway.Expect(u"PATIENT_DATA..spAddCashPatient 'txtSname ','txtFname ','txtMname ','5','F','not a "
-                   "date','old','txtHouse ','txtBarangay ','txtZipCode '"_s);
+    gateway.Expect(AddCashPatientCommand({.lastName = u"txtSname "_s,
+                                          .firstName = u"txtFname "_s,
+                                          .middleName = u"txtMname "_s,
+                                          .street = u"txtHouse "_s,
+                                          .barangay = u"txtBarangay "_s,
+                                          .townCode = u"txtZipCode "_s,
+                                          .birthDate = u"not a date"_s,
+                                          .age = u"old"_s,
+                                          .sex = u"F"_s,
+                                          .civilStatusCode = u"5"_s}));
     Save(screen);
 }
 
@@ -105,7 +110,8 @@ TEST_F(frmWalkInTest, CivilStatusIsSentAsItsIndex) {
     for (int i = 0; i < 6; ++i) {
         const auto& screen = Open();
         Option(screen, qPrintable(u"optCivil(%1)"_s.arg(i))).click();
-        gateway.Expect(u"PATIENT_DATA..spAddCashPatient '','','','%1','M','','','','',''"_s.arg(i));
+        unkeyed.civilStatusCode = QString::number(i);
+        gateway.Expect(AddCashPatientCommand(unkeyed));
         Save(screen);
     }
 }
@@ -116,15 +122,17 @@ TEST_F(frmWalkInTest, WithoutAnOptionCivilStatusIsEmptyAndTheSexFemale) {
         option->setAutoExclusive(false);
         option->setChecked(false);
     }
-    gateway.Expect(u"PATIENT_DATA..spAddCashPatient '','','','','F','','','','',''"_s);
+    unkeyed.civilStatusCode = u""_s;
+    unkeyed.sex = u"F"_s;
+    gateway.Expect(AddCashPatientCommand(unkeyed));
     Save(screen);
 }
 
 TEST_F(frmWalkInTest, NameWithAnApostropheBreaksTheCommandUnderTheHourglass) {
     const auto& screen = Open();
     Type(Box(screen, "txtSname"), u"o'b"_s);
-    gateway.ExpectFailure(u"PATIENT_DATA..spAddCashPatient 'O'B','','','1','M','','','','',''"_s,
-                          RunTimeError(102, u"Incorrect syntax near 'B'."_s));
+    unkeyed.lastName = u"O'B"_s;
+    gateway.ExpectFailure(AddCashPatientCommand(unkeyed), RunTimeError(102, u"Incorrect syntax near 'B'."_s));
     Save(screen);
     EXPECT_EQ(TakeFailure(), 102);
     EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
@@ -134,7 +142,7 @@ TEST_F(frmWalkInTest, NameWithAnApostropheBreaksTheCommandUnderTheHourglass) {
 TEST_F(frmWalkInTest, SaveGoesThroughTheSharedConnection) {
     const auto& screen = Open();
     user->connection = nullptr;
-    gateway.Expect(u"PATIENT_DATA..spAddCashPatient '','','','1','M','','','','',''"_s);
+    gateway.Expect(AddCashPatientCommand(unkeyed));
     Save(screen);
 }
 

@@ -2,8 +2,7 @@
 #include "hospital/HospitalScripts.h"
 #include "report/ReportEngine.h"
 #include "reports/Reports.h"
-#include "support/report/ReportFixture.h"
-#include "support/ScreenTest.h"
+#include "reports/SlipGround.h"
 #include "trial/EmbeddedGateway.h"
 
 using namespace Qt::StringLiterals;
@@ -39,10 +38,7 @@ class OlderChargeSlip : public ScreenTest {
 } // namespace
 
 TEST_F(OlderChargeSlip, HasTheNamesThatItsScreenFills) {
-    QStringList names;
-    for (const ParameterField& field : report->ParameterFields())
-        names << field.Name();
-    EXPECT_EQ(names.join(u' '), u"TITLE PATIENT COMPANY ADMNO ISSUER REMARKS USERID CHARGEDATE"_s);
+    EXPECT_EQ(ParameterNames(*report), u"TITLE PATIENT COMPANY ADMNO ISSUER REMARKS USERID CHARGEDATE"_s);
 }
 
 TEST_F(OlderChargeSlip, PrintsThePrintTablePointedAtTheReportsDatabase) {

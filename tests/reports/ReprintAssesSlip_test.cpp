@@ -1,40 +1,15 @@
-#include "components/ReportConnector.h"
-#include "hospital/HospitalScripts.h"
-#include "report/ReportEngine.h"
-#include "reports/Reports.h"
-#include "support/ProgramDirectoryAt.h"
-#include "support/report/ReportFixture.h"
-#include "support/ScreenTest.h"
-#include "toolkit/ProgramFiles.h"
-#include "trial/EmbeddedGateway.h"
+#include "reports/SlipGround.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-struct ReprintLine {
-    QString department;
-    QString code;
-    QString particular;
-    QString quantity;
-    QString amount;
-    QString remarks = {};
-};
-
 /// The re-printed assessment slip over fixed rows.
-class ReprintAssesSlip : public ScreenTest {
+class ReprintAssesSlip : public SlipGround {
   protected:
-    ReprintAssesSlip() {
-        database.Set(u"tbhospitalInfo"_s,
-                     Rows({u"company"_s, u"Address1"_s}, {{u"SAMPAGUITA GENERAL HOSPITAL"_s,
-                                                           u"128 Rizal Avenue, San Isidro, Nueva Ecija"_s}}));
-    }
-    const Seam<QString()>::Replacement directory = ProgramDirectoryAt(QStringLiteral(TARVEN_SOURCE_DIR));
-    ~ReprintAssesSlip() override { gReport = nullptr; }
-
-    QString TextOf(const std::vector<ReprintLine>& lines, const std::vector<Value>& parameters) {
+    QString TextOf(const std::vector<PrintedLine>& lines, const std::vector<Value>& parameters) {
         std::vector<std::vector<Value>> rows;
-        for (const ReprintLine& line : lines) {
+        for (const PrintedLine& line : lines) {
             const bool due = line.remarks != u"REVOKED"_s;
             rows.push_back({line.department, line.code, line.particular, line.quantity, Decimal{line.amount},
                             line.remarks, Decimal{due ? line.amount : u"0.0000"_s}});
@@ -47,17 +22,14 @@ class ReprintAssesSlip : public ScreenTest {
         database.Set(u"AS Due"_s, Rows({u"Revenueid"_s, u"ItemID"_s, u"Description"_s, u"Quantity"_s,
                                         u"Amount"_s, u"Remarks"_s, u"Due"_s},
                                        rows));
-        OpenReport(ProgramDirectory() + u"/Reports/ReprintAssesSlip.RPT"_s, parameters);
-        return TextOfPages(*gReport->Document());
+        return SlipGround::TextOf(u"ReprintAssesSlip.RPT"_s, parameters);
     }
-
-    ReportDatabase database;
 };
 
 const std::vector<Value> kReprintParameters = {
     u"5017"_s, u"DELA CRUZ, JUAN MIGUEL SANTOS"_s, u"100482"_s, u"104233B"_s, u"CASH"_s, u"REYES, ANA B."_s};
 
-const std::vector<ReprintLine> kReprintLines = {
+const std::vector<PrintedLine> kReprintLines = {
     {u"HC"_s, u"HC001"_s, u"HEMODIALYSIS TREATMENT, FOUR HOURS"_s, u"1"_s, u"3500.0000"_s},
     {u"HB"_s, u"EPO4000"_s, u"ERYTHROPOIETIN 4000 IU"_s, u"2"_s, u"2401.5000"_s},
     {u"HD"_s, u"DLZ18"_s,
@@ -72,17 +44,14 @@ TEST_F(ReprintAssesSlip, OfFourLinesFitsOnePage) {
 }
 
 TEST_F(ReprintAssesSlip, TellsPaidLinesAndLeavesRevokedOnesOutOfTheTotal) {
-    std::vector<ReprintLine> lines = kReprintLines;
+    std::vector<PrintedLine> lines = kReprintLines;
     lines[0].remarks = u"OR 310022"_s;
     lines[1].remarks = u"REVOKED"_s;
     ExpectGolden(TextOf(lines, kReprintParameters), u"reprint_assess_slip_remarks.txt"_s);
 }
 
 TEST_F(ReprintAssesSlip, OfFiftyLinesRunsOverPagesWithRepeatedHeads) {
-    std::vector<ReprintLine> lines;
-    for (int i = 1; i <= 50; ++i)
-        lines.push_back({u"HC"_s, u"HC%1"_s.arg(i), u"HEMODIALYSIS TREATMENT"_s, u"1"_s, u"100.0000"_s});
-    ExpectGolden(TextOf(lines, kReprintParameters), u"reprint_assess_slip_fifty_lines.txt"_s);
+    ExpectGolden(TextOf(FiftyLines(u"HC"_s), kReprintParameters), u"reprint_assess_slip_fifty_lines.txt"_s);
 }
 
 TEST_F(ReprintAssesSlip, OfAReferenceWithoutLinesIsAnEmptySlip) {
@@ -98,51 +67,28 @@ TEST_F(ReprintAssesSlip, WithALongNameCutsNothing) {
 
 TEST_F(ReprintAssesSlip, TakesTheSixValuesInTheScreensOrder) {
     TextOf({}, kReprintParameters);
-    QStringList names;
-    for (const ParameterField& field : gReport->ParameterFields())
-        names << field.Name();
-    EXPECT_EQ(names.join(u' '), u"Number Patient HospitalNumber VisitNumber Payment User"_s);
+    EXPECT_EQ(ParameterNames(*gReport), u"Number Patient HospitalNumber VisitNumber Payment User"_s);
 }
 
 namespace {
 
 /// The slip over the structure of the hospital, with what the procedures have written.
-class ReprintAssesSlipOverTheEmbeddedHospital : public testing::Test {
+class ReprintAssesSlipOverTheEmbeddedHospital : public SlipHospital {
   protected:
-    ReprintAssesSlipOverTheEmbeddedHospital() {
-        HospitalFile::Create(mFile, HospitalStructure());
-        SetReportConnector([this](const ReportLogOn&) { return std::make_unique<EmbeddedGateway>(mFile); });
-        Run(u"INSERT INTO PATIENT_DATA..tbhospitalInfo (company, Address1, TinNo, Bygeneric) VALUES "
-            "('NUESTRA SEÑORA HOSPITAL', 'San Isidro', '', 0)"_s);
+    ReprintAssesSlipOverTheEmbeddedHospital()
+        : SlipHospital(u"CLERK"_s) {
         for (const QString& line : {u"'5017','CRUZ, ANA','HC001','HC','2','5600.50'"_s,
                                     u"'5018','OTHER, EVA','HC001','HC','1','111.00'"_s,
                                     u"'5017','CRUZ, ANA','D003','MD','','1500.00'"_s})
             Run(u"Clinical_Area..spEarCare_Assessment "_s + line +
                 u",'HC','CLERK','W000003','','D001','DR. ROBERTO ALCARAZ'"_s);
     }
-    ~ReprintAssesSlipOverTheEmbeddedHospital() override { SetReportConnector({}); }
-
-    void Run(const QString& command) {
-        EmbeddedGateway gateway(mFile);
-        gateway.SetSessionUser(u"CLERK"_s);
-        gateway.ExecuteNoResult(command);
-    }
 
     static QString Page(const QString& number) {
-        const auto report =
-            ReportEngine().OpenReport(QStringLiteral(TARVEN_SOURCE_DIR "/Reports/ReprintAssesSlip.RPT"), 1);
-        for (ReportTable& table : report->Tables())
-            table.SetLogOnInfo(u"TRIAL"_s, u"PASSWORD"_s, {}, {});
         std::vector<Value> parameters = kReprintParameters;
         parameters[0] = number;
-        for (size_t i = 0; i < parameters.size(); ++i)
-            report->ParameterFields()[i].AddCurrentValue(parameters[i]);
-        return PageText(*report->Document(), 1).simplified();
+        return SlipHospital::Page(u"ReprintAssesSlip.RPT"_s, parameters);
     }
-
-  private:
-    QTemporaryDir mFolder;
-    const QString mFile = mFolder.filePath(u"hospital.db"_s);
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "components/shared.h"
 #include "shell/ConfigFile.h"
 #include "support/CaseName.h"
+#include "support/Files.h"
 #include "support/FreshVariables.h"
 #include "support/PrintQt.h"
 #include "text/RunTimeError.h"
@@ -23,17 +24,8 @@ class ConfigFile : public testing::Test {
 
     QString Path() const { return folder.filePath(u"tarvenaux.ini"_s); }
 
-    void Write(const QByteArray& content) const {
-        QFile file(Path());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
-
-    QByteArray Content() const {
-        QFile file(Path());
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    }
+    void Write(const QByteArray& content) const { WriteFile(folder, u"tarvenaux.ini"_s, content); }
+    QByteArray Content() const { return ReadFile(Path()); }
 
     static QString Read(const QString& key) {
         QString value = u"former"_s;

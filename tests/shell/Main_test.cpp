@@ -1,6 +1,7 @@
 #include "components/clsDiagnosisCodes.h"
 #include "components/ComponentRegistry.h"
 #include "components/shared.h"
+#include "shell/commands.h"
 #include "shell/frmMain.h"
 #include "shell/frmSetup.h"
 #include "shell/Main.h"
@@ -304,7 +305,7 @@ TEST_F(StartDeathTest, ASignOnThatIsCancelledEndsTheProcessWithoutABox) {
 TEST_F(StartDeathTest, AHospitalWithoutARecordEndsTheProcessWithExitCode1) {
     EXPECT_EXIT(
         {
-            connection.Expect(u"select * from PATIENT_DATA..tbhospitalInfo"_s, Rows({u"company"_s}));
+            connection.Expect(HospitalRecordCommand(), Rows({u"company"_s}));
             RunProgram();
         },
         testing::ExitedWithCode(1), "\\[Run-time error '3021':");

@@ -1,10 +1,12 @@
 #include "components/ComponentRegistry.h"
 #include "components/ReportConnector.h"
 #include "components/shared.h"
+#include "shell/commands.h"
 #include "shell/frmMain.h"
 #include "shell/Main.h"
 #include "shell/StatusPanel.h"
 #include "support/CaseName.h"
+#include "support/ErrorOf.h"
 #include "support/shell/RecordingSuite.h"
 
 #include <QAction>
@@ -39,12 +41,7 @@ class frmMainLoad : public StartTest {
     }
 
     int ErrorOfLoad() {
-        try {
-            window->Form_Load();
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        }
-        return 0;
+        return ErrorOf([this] { window->Form_Load(); });
     }
 
     std::unique_ptr<frmMain> window = std::make_unique<frmMain>();
@@ -74,7 +71,7 @@ TEST_F(frmMainLoad, RunsInThisOrder) {
                                    u"DefaultDatabase PASSWORD"_s,
                                    u"Initial"_s,
                                    u"EmployeeName"_s,
-                                   u"select * from PATIENT_DATA..tbhospitalInfo"_s,
+                                   HospitalRecordCommand(),
                                    u"create WardWorkLib.clsRequest []"_s,
                                    u"create WardWorkLib.clsResults []"_s,
                                    u"create WardWorkLib.clsConfinementResults []"_s,
@@ -192,7 +189,7 @@ TEST_F(frmMainLoad, ANullTinAloneStartsNormally) {
 }
 
 TEST_F(frmMainLoad, OfTwoHospitalRecordsTheFirstCounts) {
-    connection.Expect(u"select * from PATIENT_DATA..tbhospitalInfo"_s,
+    connection.Expect(HospitalRecordCommand(),
                       Rows({u"company"_s, u"Address1"_s, u"TinNo"_s, u"Bygeneric"_s},
                            {{u"SAN ROQUE HOSPITAL"_s, u"CEBU CITY"_s, u"000-111"_s, true},
                             {u"SANTA ANA CLINIC"_s, u"TALISAY"_s, u"000-222"_s, false}}));
@@ -204,10 +201,10 @@ TEST_F(frmMainLoad, OfTwoHospitalRecordsTheFirstCounts) {
 }
 
 TEST_F(frmMainLoad, AnEmptyHospitalRecordRaises3021) {
-    connection.Expect(u"select * from PATIENT_DATA..tbhospitalInfo"_s,
+    connection.Expect(HospitalRecordCommand(),
                       Rows({u"company"_s, u"Address1"_s, u"TinNo"_s, u"Bygeneric"_s}));
     EXPECT_EQ(ErrorOfLoad(), 3021);
-    EXPECT_EQ(record.last(), u"select * from PATIENT_DATA..tbhospitalInfo"_s);
+    EXPECT_EQ(record.last(), HospitalRecordCommand());
 }
 
 TEST_F(frmMainLoad, ANullBygenericRaises13) {
@@ -296,7 +293,7 @@ TEST_P(MissingWardComponent, Raises429AndNothingComesBehindIt) {
     QStringList createdBefore;
     for (const QString& className : ClassesOfMainLoad().mid(0, GetParam()))
         createdBefore << u"create %1 []"_s.arg(className);
-    EXPECT_EQ(record.mid(record.indexOf(u"select * from PATIENT_DATA..tbhospitalInfo"_s) + 1), createdBefore);
+    EXPECT_EQ(record.mid(record.indexOf(HospitalRecordCommand()) + 1), createdBefore);
     EXPECT_TRUE(messages.Shown().empty());
 }
 

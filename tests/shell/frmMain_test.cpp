@@ -1,9 +1,11 @@
 #include "charges/frmAssessment.h"
 #include "charges/frmPostCharges.h"
 #include "components/shared.h"
+#include "maintenance/commands.h"
 #include "maintenance/frmAssessStatus.h"
 #include "maintenance/frmListCharges.h"
 #include "maintenance/frmReprint.h"
+#include "nursing/commands.h"
 #include "patients/frmSearchPatient.h"
 #include "patients/frmWalkInUpdate.h"
 #include "patients/PatientContext.h"
@@ -237,8 +239,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(frmMainTest, AssessmentStatusOpensModallyAndLeavesTheModesAsTheyStand) {
     gPatientType = u"O"_s;
     gChargeMode = u"Post"_s;
-    gateway.Expect(u"Clinical_Area..spEarCare_AssessmentStatus '1',''"_s,
-                   Rows({u"AssessNum"_s}, {{u"731"_s}}));
+    gateway.Expect(AssessmentStatusCommand(u""_s), Rows({u"AssessNum"_s}, {{u"731"_s}}));
     messages.Expect({.text = u"Are you sure to close this program?"_s,
                      .icon = MsgIcon::Question,
                      .title = u"OPD Registration System"_s,
@@ -372,7 +373,7 @@ TEST_F(frmMainTest, CarriesThePendingStripWithItsControlsHidden) {
 TEST_F(frmMainTest, ThePendingStripShowsInsideTheWindowAndMovesNothing) {
     auto& area = *window->findChild<QMdiArea*>();
     const QRect before = area.geometry();
-    gateway.Expect(u"RADIOLOGY..spRadio_CheckPending 'HC'"_s, Rows({u"TotalPending"_s}, {{2}}));
+    gateway.Expect(CheckPendingCommand(), Rows({u"TotalPending"_s}, {{2}}));
     QMetaObject::invokeMethod(window->findChild<QTimer*>(u"tmrCheckPending"_s), "timeout");
     RunEvents();
     EXPECT_TRUE(Find<QWidget>(*window, "pctPending").isVisible());

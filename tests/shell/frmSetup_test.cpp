@@ -2,13 +2,13 @@
 #include "shell/frmSetup.h"
 #include "support/CaseName.h"
 #include "support/FakeWorkspace.h"
+#include "support/Files.h"
 #include "support/ScreenTest.h"
 #include "toolkit/Screens.h"
 
 #include <QCheckBox>
 #include <QDir>
 #include <QFile>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -29,17 +29,8 @@ class frmSetupTest : public ScreenTest {
 
     QString Path() const { return programDirectory.filePath(u"tarvenaux.ini"_s); }
 
-    void Write(const QByteArray& content) const {
-        QFile file(Path());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
-
-    QByteArray Content() const {
-        QFile file(Path());
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        return file.readAll();
-    }
+    void Write(const QByteArray& content) const { WriteFile(programDirectory, u"tarvenaux.ini"_s, content); }
+    QByteArray Content() const { return ReadFile(Path()); }
 
     frmSetup& Open() const {
         auto& screen = Screens::Get<frmSetup>();
@@ -49,21 +40,6 @@ class frmSetupTest : public ScreenTest {
 
     FakeWorkspace workspace;
 };
-
-TEST_F(frmSetupTest, ShowsItsTexts) {
-    const frmSetup& screen = Open();
-    EXPECT_EQ(screen.windowTitle(), u"Setup"_s);
-    EXPECT_EQ(Find<QPushButton>(screen, "cmdSelDepartment").text(), u"&Select Department"_s);
-    EXPECT_EQ(Find<QCheckBox>(screen, "chkOneInstance").text(), u"Allow only one program instance to run."_s);
-    EXPECT_EQ(Find<QPushButton>(screen, "cmdOK").text(), u"&OK"_s);
-    EXPECT_EQ(Find<QPushButton>(screen, "cmdCancel").text(), u"&Cancel"_s);
-    for (const QLabel* label : screen.findChildren<QLabel*>()) {
-        ASSERT_NE(label->buddy(), nullptr);
-        EXPECT_EQ(label->text(), label->buddy()->objectName() == u"txtDeptCode"_s ? u"Department Code:"_s
-                                                                                  : u"Department Name:"_s);
-    }
-    EXPECT_EQ(screen.findChildren<QLabel*>().size(), 2);
-}
 
 TEST_F(frmSetupTest, ShowsWhatTheFileHolds) {
     const frmSetup& screen = Open();

@@ -9,6 +9,7 @@
 #include "odbc/OdbcError.h"
 #include "suite/RegisterSuite.h"
 #include "suite/SuiteTest.h"
+#include "support/ErrorOf.h"
 
 #include <QComboBox>
 #include <QFile>
@@ -27,12 +28,7 @@ class RegisterSuiteTest : public SuiteTest {
     ~RegisterSuiteTest() override { SetReportConnector({}); }
 
     static int ErrorOf(const ReportLogOn& logOn) {
-        try {
-            ConnectReport(logOn);
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        }
-        return 0;
+        return ::ErrorOf([&] { ConnectReport(logOn); });
     }
 
     /// The data sources that the sign-on window offers.

@@ -1,5 +1,6 @@
 #include "suite/SignOn.h"
 #include "suite/TrialHospital.h"
+#include "support/ErrorOf.h"
 #include "support/FixedClock.h"
 #include "support/PrintQt.h"
 #include "support/process/ChildProcess.h"
@@ -9,7 +10,6 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <functional>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -21,15 +21,6 @@ void WriteFile(const QString& path, const QByteArray& content) {
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write(content);
-}
-
-int ErrorOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        return error.Number();
-    }
-    return 0;
 }
 
 class TrialHospitalTest : public testing::Test {

@@ -23,6 +23,11 @@ inline std::shared_ptr<const RowData> RevenueRows(const std::vector<RevenueCentr
                 std::move(rows));
 }
 
+/// What the revenue picker sends for the text in its search box.
+inline QString ListedRevenueCommand(const QString& text) {
+    return RevenueListQuery().replace(QStringLiteral("##"), text);
+}
+
 /// Expects the exact match of the centre's code, and answers it.
 inline void ExpectExact(ScriptedGateway& gateway, const RevenueCentre& centre) {
     gateway.Expect(ExactRevenueCommand(centre.code.ToText()), RevenueRows({centre}));

@@ -1,7 +1,7 @@
 #include "support/CaseName.h"
+#include "support/ErrorOf.h"
 #include "support/PrintQt.h"
 #include "support/ScriptedGateway.h"
-#include "text/RunTimeError.h"
 #include "toolkit/FlexCells.h"
 
 #include <QFont>
@@ -13,16 +13,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// The number of the run-time error that the action raises, 0 for none.
-int ErrorOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const RunTimeError& error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 std::shared_ptr<const RowData> TwoPatients() {
     return Rows({u"HospNum"_s, u"Name"_s}, {{u"100085"_s, u"DELA CRUZ, JUAN"_s}, {u"100090"_s, Value()}});

@@ -1,4 +1,5 @@
 #include "support/CaseName.h"
+#include "support/ErrorOf.h"
 #include "support/ScreenTest.h"
 #include "toolkit/ListView.h"
 #include "toolkit/Twips.h"
@@ -140,17 +141,9 @@ TEST_F(ListViewTest, AnEmptyListHasNoSelectedRowAndRaises91) {
 
 TEST_F(ListViewTest, AColumnThatTheRowsDoNotHaveRaises9) {
     ShowPatients();
-    const auto number = [](const auto& action) {
-        try {
-            action();
-        } catch (const RunTimeError& error) {
-            return error.Number();
-        }
-        return 0;
-    };
     for (const int column : {-1, 2}) {
-        EXPECT_EQ(number([&] { list->CurrentText(column); }), RunTime::kSubscriptOutOfRange) << column;
-        EXPECT_EQ(number([&] { list->SetSortKey(column); }), RunTime::kSubscriptOutOfRange) << column;
+        EXPECT_EQ(ErrorOf([&] { list->CurrentText(column); }), RunTime::kSubscriptOutOfRange) << column;
+        EXPECT_EQ(ErrorOf([&] { list->SetSortKey(column); }), RunTime::kSubscriptOutOfRange) << column;
     }
     EXPECT_EQ(list->CurrentText(1), u"SANTOS"_s);
 }

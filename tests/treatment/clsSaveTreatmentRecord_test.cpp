@@ -91,10 +91,7 @@ TEST_F(TreatmentRecordTest, SharedRecordComesIntoBeingAtTheFirstRead) {
 }
 
 TEST_F(TreatmentRecordTest, FreshSystemSendsTwoHundredAndThreeEmptyArguments) {
-    QString command = u"Hemodialysis..spKidney_SaveHemodialysisTreatMentRecord ''"_s;
-    for (int i = 1; i < kFields; ++i)
-        command += u",''"_s;
-    gateway.Expect(command);
+    gateway.Expect(SaveTreatmentRecordCommand(QStringList(kFields, QString())));
     record.SaveDialysisTreatmentRecord();
     EXPECT_TRUE(gTreatmentRecord.Exists());
 }

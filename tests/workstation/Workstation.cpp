@@ -133,16 +133,7 @@ std::unique_ptr<EmbeddedGateway> Workstation::OpenHospital() const {
 }
 
 std::vector<QString> Workstation::Query(const QString& command) const {
-    const auto gateway = OpenHospital();
-    const auto data = gateway->Execute(command).Data();
-    std::vector<QString> rows;
-    for (size_t row = 0; row < data->RowCount(); ++row) {
-        QStringList cells;
-        for (size_t column = 0; column < data->columns.size(); ++column)
-            cells << data->Cell(row, column).TextOrEmpty();
-        rows.push_back(cells.join(u'|'));
-    }
-    return rows;
+    return HospitalRows(HospitalPath(), command);
 }
 
 QString Workstation::QueryOne(const QString& command) const {

@@ -3,6 +3,7 @@
 #include "hospital/HospitalScripts.h"
 #include "text/Clock.h"
 #include "text/Format.h"
+#include "trial/EmbeddedGateway.h"
 #include "trial/HospitalFile.h"
 
 #include <QDateTime>
@@ -36,4 +37,16 @@ QString FreshHospital() {
     HospitalFile::Create(made, HospitalScripts());
     std::rename(QFile::encodeName(made).constData(), QFile::encodeName(path).constData());
     return path;
+}
+
+std::vector<QString> HospitalRows(const QString& file, const QString& command) {
+    const auto data = HospitalFile::Open(file, HospitalScripts())->Execute(command).Data();
+    std::vector<QString> rows;
+    for (size_t row = 0; row < data->RowCount(); ++row) {
+        QStringList cells;
+        for (size_t column = 0; column < data->columns.size(); ++column)
+            cells << data->Cell(row, column).TextOrEmpty();
+        rows.push_back(cells.join(u'|'));
+    }
+    return rows;
 }

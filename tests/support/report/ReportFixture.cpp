@@ -116,19 +116,6 @@ void ReportDatabase::Set(const QString& fragment, std::shared_ptr<const RowData>
     mAnswers.push_back({fragment, std::move(rows)});
 }
 
-QString WriteFile(const QTemporaryDir& folder, const QString& name, const QByteArray& content) {
-    const QString path = folder.filePath(name);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        throw std::runtime_error("A file of a test cannot be written.");
-    return path;
-}
-
-QByteArray ReadFile(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 std::optional<FoundText> FindText(const ReportDocument& document, const QString& text,
                                   const std::optional<CellPosition>& after) {
     FindJob job(document, text, after);

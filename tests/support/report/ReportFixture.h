@@ -2,12 +2,12 @@
 
 #include "report/output/PageFinder.h"
 #include "report/pages/ReportDocument.h"
+#include "support/Files.h"
 #include "support/PrintQt.h"
 #include "support/ScriptedGateway.h"
 #include "text/RunTimeError.h"
 
 #include <QStringList>
-#include <QTemporaryDir>
 
 #include <atomic>
 #include <condition_variable>
@@ -64,11 +64,6 @@ class ReportDatabase {
     bool mDeaf = false;
     bool mAsked = false;
 };
-
-/// Writes a file into the folder and answers its path.
-QString WriteFile(const QTemporaryDir& folder, const QString& name, const QByteArray& content);
-
-QByteArray ReadFile(const QString& file);
 
 /// What a FindJob finds when it runs to its end.
 std::optional<FoundText> FindText(const ReportDocument& document, const QString& text,

@@ -3,6 +3,7 @@
 #include "components/clsDiagnosisCodes.h"
 #include "components/ComponentRegistry.h"
 #include "components/ReportConnector.h"
+#include "shell/commands.h"
 #include "shell/frmMain.h"
 
 #include <QApplication>
@@ -233,7 +234,6 @@ void StartTest::WriteConfig(const QByteArray& content) {
 
 void StartTest::ExpectHospital(const Value& company, const Value& address, const Value& tin,
                                const Value& byGeneric) {
-    connection.Expect(u"select * from PATIENT_DATA..tbhospitalInfo"_s,
-                      Rows({u"company"_s, u"Address1"_s, u"TinNo"_s, u"Bygeneric"_s},
-                           {{company, address, tin, byGeneric}}));
+    connection.Expect(HospitalRecordCommand(), Rows({u"company"_s, u"Address1"_s, u"TinNo"_s, u"Bygeneric"_s},
+                                                    {{company, address, tin, byGeneric}}));
 }
