@@ -205,7 +205,7 @@ TEST_P(Commands, AreTheGoldenTexts) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Commands, testing::ValuesIn(kComposers),
-                         [](const auto& info) { return info.param.first; });
+                         [](const auto& command) { return command.param.first; });
 
 TEST(CommandTable, HasEveryCommandOfTheRooms) {
     EXPECT_EQ(NamesOf(kComposers), Declared());

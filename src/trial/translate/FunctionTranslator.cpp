@@ -14,10 +14,6 @@ namespace {
 
 constexpr int kAnyNumber = 100;
 
-QString Code(const SqlType& type) {
-    return QString::number(type.Encode());
-}
-
 } // namespace
 
 const FunctionTranslator::Function* FunctionTranslator::Find(const QString& name) {
@@ -234,7 +230,7 @@ Typed FunctionTranslator::Count(const CallNode& call) {
 }
 
 Typed FunctionTranslator::TypeArgument(const SqlType& type) {
-    return {Code(type), SqlType::BigInt()};
+    return {QString::number(type.Encode()), SqlType::BigInt()};
 }
 
 Typed FunctionTranslator::Sum(const CallNode& call) {
