@@ -234,6 +234,10 @@ class Conversion {
     Cell RealToWhole(double number) const {
         if (mTo.kind == SqlType::Kind::Bit)
             return qint64(number != 0);
+        const bool beyondInt = !(number > double(std::numeric_limits<qint32>::min()) - 1 &&
+                                 number < double(std::numeric_limits<qint32>::max()) + 1);
+        if (mTo.kind == SqlType::Kind::Int && mFrom.kind == SqlType::Kind::Float && beyondInt)
+            Raise(Fault::FloatOverflow, {mTo.Name(), QString::number(number, 'f', 6)});
         // From noon on a moment counts as the next day.
         const double whole = mFrom.IsDate() ? std::floor(number + 0.5) : std::trunc(number);
         if (!(std::fabs(whole) < 9.2e18))

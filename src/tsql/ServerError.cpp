@@ -66,6 +66,7 @@ constexpr std::array kTexts = std::to_array<FaultText>({
     {Fault::AmbiguousColumn, "42000", "Ambiguous column name '%1'."},
     {Fault::ValueListLength, "21S01",
      "Column name or number of supplied values does not match table definition."},
+    {Fault::FloatOverflow, "22003", "Arithmetic overflow error for type %1, value = %2."},
     {Fault::TextToMoney, "22018",
      "Cannot convert a char value to money. The char value has incorrect syntax."},
     {Fault::TextToDate, "22007", "Conversion failed when converting date and/or time from character string."},

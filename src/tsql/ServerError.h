@@ -33,6 +33,7 @@ enum class Fault {
     InvalidObject = 208,
     AmbiguousColumn = 209,
     ValueListLength = 213,
+    FloatOverflow = 232,
     TextToMoney = 235,
     TextToDate = 241,
     DateOutOfRange = 242,

@@ -71,7 +71,7 @@ TEST(FileSchemaTest, TablesAreNamedWithTheirDatabase) {
     Catalog catalog;
     EXPECT_EQ(CreateTableText(catalog.AddTable(Definition(u"A"_s, u"t"_s))),
               u"CREATE TABLE \"A..t\" (\"Code\" TEXT COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL, \"a "
-              u"\"\"b\"\"\" REAL, "
+              u"\"\"b\"\"\" INT, "
               "\"Line\" INT NOT NULL, PRIMARY KEY (\"Code\", \"Line\"))"_s);
 }
 

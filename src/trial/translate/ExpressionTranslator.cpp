@@ -131,8 +131,14 @@ Typed ExpressionTranslator::Clock() {
 
 Typed ExpressionTranslator::ConvertTo(const Typed& value, const SqlType& type, ConversionPlace place,
                                       int style) {
-    if (value.constant)
-        return Constant(Convert(*value.constant, value.type, type, place, style), type);
+    if (value.constant) {
+        try {
+            return Constant(Convert(*value.constant, value.type, type, place, style), type);
+        } catch (const RunTimeError&) {
+            // It is raised where the statement comes to it; a CASE may never take this branch.
+            return CallConversion(value, type, place, style);
+        }
+    }
     if (SameForm(value.type, type)) {
         Typed same = value;
         if (value.type.kind != type.kind)
@@ -142,6 +148,11 @@ Typed ExpressionTranslator::ConvertTo(const Typed& value, const SqlType& type, C
     }
     if (const auto sql = PlainConversion(value, type))
         return Compose(*sql, type, {&value});
+    return CallConversion(value, type, place, style);
+}
+
+Typed ExpressionTranslator::CallConversion(const Typed& value, const SqlType& type, ConversionPlace place,
+                                           int style) {
     const QString function = place == ConversionPlace::Column ? u"tv_assign"_s : u"tv_convert"_s;
     const QString sql = function + u'(' + value.sql + u", "_s + Code(value.type) + u", "_s + Code(type) +
                         u", "_s + QString::number(style) + u')';

@@ -89,6 +89,7 @@ class ExpressionTranslator {
     template <class Chain> Typed MakeChain(const Chain& chain, const QString& word);
     /// The conversion in SQLite's own words; nothing where that takes the engine's function.
     static std::optional<QString> PlainConversion(const Typed& value, const SqlType& type);
+    static Typed CallConversion(const Typed& value, const SqlType& type, ConversionPlace place, int style);
     /// A whole number or a narrow decimal with so many decimals.
     Typed WithScale(const Typed& value, int scale);
     Typed AddDates(QChar sign, const Typed& left, const Typed& right);

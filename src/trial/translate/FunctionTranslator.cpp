@@ -248,8 +248,10 @@ Typed FunctionTranslator::Average(const CallNode& call) {
     if (!value.type.IsNumber() || value.type.kind == SqlType::Kind::Bit)
         throw ServerError(Fault::InvalidOperand, {value.type.Name(), u"avg"_s});
     // Kept: the average of whole numbers is a whole number, its decimals cut.
-    if (value.type.IsWhole())
-        return {u"(sum("_s + value.sql + u") / count("_s + value.sql + u"))"_s, AnyWhole(value.type)};
+    if (value.type.IsWhole()) {
+        const Typed sum = mExpressions.InBounds(Call(u"sum"_s, AnyWhole(value.type), {value}));
+        return {u'(' + sum.sql + u" / count("_s + value.sql + u"))"_s, sum.type};
+    }
     if (value.type.IsFixed())
         return Call(u"tv_avg"_s, AverageType(value.type), {value, TypeArgument(value.type)});
     return Call(u"avg"_s, value.type, {value});
