@@ -39,7 +39,7 @@ QString Shown(const Outcome& outcome, const NumberType& type) {
     return Reference::Text(outcome.number, type);
 }
 
-NumberType Decimal(int precision, int scale) {
+NumberType DecimalOf(int precision, int scale) {
     return NumberType::Decimal(precision, scale);
 }
 
@@ -63,21 +63,24 @@ INSTANTIATE_TEST_SUITE_P(
         CalculationCase{"BigIntIsWider", '+', NumberType::BigInt(), 2147483647, NumberType::Int(), 1,
                         u"2147483648"_s},
         CalculationCase{"DivisionByZero", '%', NumberType::Int(), 1, NumberType::Int(), 0, u"error 8134"_s},
-        CalculationCase{"LiteralsHaveSixDecimals", '/', Decimal(2, 1), 20, NumberType::Int(1), 3,
+        CalculationCase{"LiteralsHaveSixDecimals", '/', DecimalOf(2, 1), 20, NumberType::Int(1), 3,
                         u"0.666666"_s},
-        CalculationCase{"AnIntHasTwelve", '/', Decimal(2, 1), 20, NumberType::Int(), 3, u"0.666666666666"_s},
-        CalculationCase{"QuotientOfDecimals", '/', Decimal(5, 2), 1000, Decimal(5, 2), 300, u"3.33333333"_s},
-        CalculationCase{"ProductOfDecimals", '*', Decimal(5, 2), 125, Decimal(3, 1), -15, u"-1.875"_s},
-        CalculationCase{"SumOfDecimals", '+', Decimal(5, 2), 125, Decimal(3, 1), 15, u"2.75"_s},
-        CalculationCase{"RemainderOfDecimals", '%', Decimal(5, 2), -575, Decimal(3, 1), 15, u"-1.25"_s},
+        CalculationCase{"AnIntHasTwelve", '/', DecimalOf(2, 1), 20, NumberType::Int(), 3,
+                        u"0.666666666666"_s},
+        CalculationCase{"QuotientOfDecimals", '/', DecimalOf(5, 2), 1000, DecimalOf(5, 2), 300,
+                        u"3.33333333"_s},
+        CalculationCase{"ProductOfDecimals", '*', DecimalOf(5, 2), 125, DecimalOf(3, 1), -15, u"-1.875"_s},
+        CalculationCase{"SumOfDecimals", '+', DecimalOf(5, 2), 125, DecimalOf(3, 1), 15, u"2.75"_s},
+        CalculationCase{"RemainderOfDecimals", '%', DecimalOf(5, 2), -575, DecimalOf(3, 1), 15, u"-1.25"_s},
         CalculationCase{"MoneyIsCut", '/', NumberType::Money(), 1000000, NumberType::Int(), 339, u"0.2949"_s},
-        CalculationCase{"MoneyAndDecimalAreDecimal", '*', NumberType::Money(), 10000, Decimal(3, 2), 112,
+        CalculationCase{"MoneyAndDecimalAreDecimal", '*', NumberType::Money(), 10000, DecimalOf(3, 2), 112,
                         u"1.120000"_s},
         CalculationCase{"MoneyOverflow", '*', NumberType::Money(), Whole::PowerOfTen(18), NumberType::Int(),
                         10, u"error 8115"_s},
-        CalculationCase{"ReducedProductThatIsExact", '*', Decimal(20, 5), 100000, Decimal(20, 5), 200000,
+        CalculationCase{"ReducedProductThatIsExact", '*', DecimalOf(20, 5), 100000, DecimalOf(20, 5), 200000,
                         u"2.0000000"_s},
-        CalculationCase{"ReducedProductThatIsNot", '*', Decimal(20, 5), 1, Decimal(20, 5), 1, u"unsure"_s}),
+        CalculationCase{"ReducedProductThatIsNot", '*', DecimalOf(20, 5), 1, DecimalOf(20, 5), 1,
+                        u"unsure"_s}),
     CaseName());
 
 TEST_P(NumberConversion, FollowsTheRules) {
@@ -88,16 +91,16 @@ TEST_P(NumberConversion, FollowsTheRules) {
 INSTANTIATE_TEST_SUITE_P(
     Numbers, NumberConversion,
     testing::Values(
-        ConversionCase{"DecimalToIntIsCut", Decimal(3, 2), -275, NumberType::Int(), u"-2"_s},
+        ConversionCase{"DecimalToIntIsCut", DecimalOf(3, 2), -275, NumberType::Int(), u"-2"_s},
         ConversionCase{"MoneyToIntIsRounded", NumberType::Money(), -27500, NumberType::Int(), u"-3"_s},
-        ConversionCase{"DecimalToDecimalIsRounded", Decimal(4, 3), 2675, Decimal(3, 2), u"2.68"_s},
-        ConversionCase{"DecimalTooLarge", Decimal(4, 0), 1000, Decimal(5, 2), u"error 8115"_s},
-        ConversionCase{"AnythingToBit", Decimal(2, 1), 5, NumberType::Bit(), u"1"_s},
-        ConversionCase{"ToFloat", Decimal(2, 1), 5, NumberType::Float(), u"0.5"_s}),
+        ConversionCase{"DecimalToDecimalIsRounded", DecimalOf(4, 3), 2675, DecimalOf(3, 2), u"2.68"_s},
+        ConversionCase{"DecimalTooLarge", DecimalOf(4, 0), 1000, DecimalOf(5, 2), u"error 8115"_s},
+        ConversionCase{"AnythingToBit", DecimalOf(2, 1), 5, NumberType::Bit(), u"1"_s},
+        ConversionCase{"ToFloat", DecimalOf(2, 1), 5, NumberType::Float(), u"0.5"_s}),
     CaseName());
 
 TEST(CommonType, HasRoomForBoth) {
-    const NumberType type = Reference::CommonType(Decimal(5, 3), NumberType::Int());
+    const NumberType type = Reference::CommonType(DecimalOf(5, 3), NumberType::Int());
     EXPECT_EQ(type.precision, 13);
     EXPECT_EQ(type.scale, 3);
     EXPECT_EQ(Reference::CommonType(NumberType::Money(), NumberType::BigInt()).kind, NumberType::Kind::Money);
@@ -109,8 +112,8 @@ TEST(FloatConversion, TellsOverflowAndDoubt) {
               u"error 232"_s);
     EXPECT_EQ(Shown(Reference::Convert(Outcome::OfReal(-2.75), real, NumberType::Int()), NumberType::Int()),
               u"-2"_s);
-    EXPECT_EQ(Shown(Reference::Convert(Outcome::OfReal(0.126), real, Decimal(5, 2)), Decimal(5, 2)),
+    EXPECT_EQ(Shown(Reference::Convert(Outcome::OfReal(0.126), real, DecimalOf(5, 2)), DecimalOf(5, 2)),
               u"0.13"_s);
-    EXPECT_EQ(Shown(Reference::Convert(Outcome::OfReal(0.125), real, Decimal(5, 2)), Decimal(5, 2)),
+    EXPECT_EQ(Shown(Reference::Convert(Outcome::OfReal(0.125), real, DecimalOf(5, 2)), DecimalOf(5, 2)),
               u"unsure"_s);
 }
