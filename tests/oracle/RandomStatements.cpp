@@ -11,9 +11,6 @@ namespace {
 using Kind = NumberType::Kind;
 using Pointer = ReferenceExpression::Pointer;
 
-constexpr int kMostDigits = 38;
-constexpr int kOverflow = 8115;
-
 Number Exact(const char* units) {
     return {false, Whole::FromDigits(units), 0};
 }

@@ -11,11 +11,9 @@ namespace {
 
 using Kind = NumberType::Kind;
 
-constexpr int kOverflow = 8115;
 constexpr int kDivideByZero = 8134;
 constexpr int kRealOverflow = 232;
 constexpr int kIncompatible = 402;
-constexpr int kMostDigits = 38;
 constexpr int kLeastScale = 6;
 
 bool IsWholeKind(Kind kind) {

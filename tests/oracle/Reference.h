@@ -6,6 +6,10 @@
 
 #include <set>
 
+/// The digits that a decimal can have, and the server's number for a result that has more.
+constexpr int kMostDigits = 38;
+constexpr int kOverflow = 8115;
+
 /// A number's type in the server's language, as the reference knows it.
 struct NumberType {
     /// In the server's order of precedence: where two meet, the later one wins.
