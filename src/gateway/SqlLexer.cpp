@@ -101,6 +101,8 @@ class Lexer {
             ReadWord(TokenKind::Parameter);
         else if (BeginsWord(c))
             ReadWord(TokenKind::Word);
+        else if (c == u'0' && (At(mAt + 1) == u'x' || At(mAt + 1) == u'X'))
+            ReadBinary();
         else if (IsDigit(c) || (c == u'.' && IsDigit(At(mAt + 1))))
             ReadNumber();
         else if (c == u'/' && At(mAt + 1) == u'*')
@@ -126,6 +128,14 @@ class Lexer {
         while (end < mText.size() && ContinuesWord(mText[end]))
             ++end;
         Finish(kind, end);
+    }
+
+    /// A number in hexadecimal digits is binary data, which nothing here understands.
+    void ReadBinary() {
+        qsizetype end = mAt + 2;
+        while (end < mText.size() && ContinuesWord(mText[end]))
+            ++end;
+        Finish(TokenKind::Unknown, end);
     }
 
     void ReadNumber() {

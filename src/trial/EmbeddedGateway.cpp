@@ -1,5 +1,6 @@
 #include "trial/EmbeddedGateway.h"
 
+#include "gateway/Boundary.h"
 #include "trial/file/HospitalPlace.h"
 #include "trial/HospitalEngine.h"
 
@@ -8,11 +9,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 std::unique_ptr<HospitalEngine> OpenEngine(const QString& path, EmbeddedGateway::Access access) {
-    // SQLite would wait at a pipe for ever.
-    RequireOrdinaryFile(path);
-    return std::make_unique<HospitalEngine>(path, access == EmbeddedGateway::Access::Reading
-                                                      ? SqliteDatabase::Mode::Reading
-                                                      : SqliteDatabase::Mode::Existing);
+    return WithinBoundary([&] {
+        // SQLite would wait at a pipe for ever.
+        RequireOrdinaryFile(path);
+        return std::make_unique<HospitalEngine>(path, access == EmbeddedGateway::Access::Reading
+                                                          ? SqliteDatabase::Mode::Reading
+                                                          : SqliteDatabase::Mode::Existing);
+    });
 }
 
 } // namespace
@@ -47,10 +50,12 @@ void EmbeddedGateway::SetSessionUser(const QString& user) {
 }
 
 QStringList EmbeddedGateway::QueryPlan(const QString& command) {
-    return mEngine->QueryPlan(command);
+    return WithinBoundary([&] { return mEngine->QueryPlan(command); });
 }
 
 CommandGateway::Outcome EmbeddedGateway::Run(const QString& command) {
-    CommandResult result = mEngine->Run(command);
-    return {std::move(result.rows), result.rowsAffected};
+    return WithinBoundary([&] {
+        CommandResult result = mEngine->Run(command);
+        return Outcome{std::move(result.rows), result.rowsAffected};
+    });
 }

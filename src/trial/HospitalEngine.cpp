@@ -12,6 +12,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kKeptStatements = 100;
+// In characters.
+constexpr qsizetype kLongestCommand = 1 << 20;
 const std::vector<DeclaredParameter> kNoParameters;
 
 } // namespace
@@ -59,6 +61,9 @@ void HospitalEngine::BeginWork(bool writes) {
 }
 
 CommandResult HospitalEngine::Run(const QString& command) {
+    const SqliteDatabase::Command timed(mDatabase);
+    if (command.size() > kLongestCommand)
+        throw ServerError(Fault::TooComplex);
     if (PreparedCommand* known = mStatements.object(command)) {
         BeginWork(known->Writes());
         return known->Run({});
@@ -113,5 +118,6 @@ void HospitalEngine::Define(const Procedure& procedure) {
 }
 
 void HospitalEngine::RunStatement(const Statement& statement, const QString& database) {
+    const SqliteDatabase::Command timed(mDatabase);
     Prepare(statement, database, false)->Run({});
 }

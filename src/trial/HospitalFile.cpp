@@ -134,8 +134,7 @@ void RequireWhole(SqliteDatabase& database) {
     const auto found = database.RunForValue(u"PRAGMA quick_check(1)"_s);
     const auto* text = found ? std::get_if<QByteArray>(&*found) : nullptr;
     if (!text || *text != "ok")
-        throw ServerError(Fault::Damaged,
-                          {database.Path(), text ? QString::fromUtf8(text->simplified()) : QString()});
+        throw ServerError(Fault::Damaged, {database.Path()});
 }
 
 /// Holds a hospital's file that nobody else has open: nobody can use it until the hold ends. A file that is

@@ -1,9 +1,16 @@
 #include "trial/PreparedCommand.h"
 
 #include "text/Clock.h"
+#include "trial/MemoryBound.h"
+#include "trial/sqlite/SqlFunctions.h"
 #include "trial/sqlite/Transaction.h"
+#include "trial/translate/RowMove.h"
 #include "tsql/DateText.h"
+#include "tsql/ServerError.h"
 #include "tsql/Units.h"
+
+#include <QHash>
+#include <QRegularExpression>
 
 #include <array>
 #include <sqlite3.h>
@@ -50,7 +57,7 @@ Value ColumnValue(sqlite3_stmt* row, int column, const SqlType& type) {
 /// prices come again and again: rows that share them take less room and are read faster.
 class RepeatedValues {
   public:
-    Value Read(sqlite3_stmt* row, int column, const SqlType& type) {
+    Value Read(sqlite3_stmt* row, int column, const SqlType& type, MemoryBound& memory) {
         const int stored = sqlite3_column_type(row, column);
         const bool units = stored == SQLITE_INTEGER && type.IsFixed();
         if (stored == SQLITE_NULL || (stored != SQLITE_TEXT && !units))
@@ -60,8 +67,10 @@ class RepeatedValues {
             units ? QByteArrayView(reinterpret_cast<const char*>(&number), qsizetype(sizeof number))
                   : ColumnText(row, column);
         Known& known = mKnown[qHash(bytes) % kSlots];
-        if (known.value.IsNull() || known.stored != stored || known.bytes != bytes)
+        if (known.value.IsNull() || known.stored != stored || known.bytes != bytes) {
             known = {stored, bytes.toByteArray(), ColumnValue(row, column, type)};
+            memory.Take(bytes.size() * qint64(sizeof(QChar)));
+        }
         return known.value;
     }
 
@@ -73,6 +82,31 @@ class RepeatedValues {
         Value value;
     };
     std::array<Known, kSlots> mKnown;
+};
+
+/// The tables of a statement by their aliases, of which SQLite's plans speak.
+class TableNames {
+  public:
+    explicit TableNames(const QString& sql) {
+        static const QRegularExpression source(u"\"([^\"]+)\" AS (t\\d+)\\b"_s);
+        for (auto found = source.globalMatch(sql); found.hasNext();) {
+            const auto match = found.next();
+            mNames.insert(match.captured(2), match.captured(1));
+        }
+    }
+
+    /// A line of a plan with the table's name before its alias.
+    QString Told(const QString& line) const {
+        static const QRegularExpression step(u"^(SCAN|SEARCH) (t\\d+)\\b"_s);
+        const auto match = step.match(line);
+        const QString name = mNames.value(match.captured(2));
+        if (name.isEmpty())
+            return line;
+        return match.captured(1) + u' ' + name + u" AS "_s + line.sliced(match.capturedStart(2));
+    }
+
+  private:
+    QHash<QString, QString> mNames;
 };
 
 /// Fewer rows are not worth the looking up.
@@ -99,7 +133,6 @@ bool PreparedCommand::CanBeKept() const {
 }
 
 CommandResult PreparedCommand::Run(const std::vector<Cell>& values) {
-    const SqliteDatabase::Command timed(mDatabase);
     if (!mWrites && mSteps.size() == 1)
         return RunSteps(values);
     Transaction transaction(mDatabase, mWrites ? Transaction::Kind::Writing : Transaction::Kind::Reading);
@@ -122,7 +155,7 @@ void PreparedCommand::RunStep(Step& step, const std::vector<Cell>& values, const
     if (step.translation.writes)
         return WriteRows(step, values, now, result);
     const StatementRun run(step.statement);
-    Bind(step, values, now);
+    Bind(step.statement, step.translation, values, now);
     if (step.translation.refusal) {
         if (step.statement.Step())
             throw RunTimeError(*step.translation.refusal);
@@ -142,41 +175,88 @@ void PreparedCommand::WriteRows(Step& step, const std::vector<Cell>& values, con
     result.rowsAffected = 0;
     const auto write = [&](const std::vector<Cell>& row) {
         const StatementRun run(step.statement);
-        Bind(step, row, now);
+        Bind(step.statement, step.translation, row, now);
         step.statement.Step();
         result.rowsAffected += mDatabase.Changes();
     };
+    if (step.translation.update) {
+        try {
+            return write(values);
+        } catch (const RunTimeError& error) {
+            if (error.Number() != static_cast<int>(Fault::DuplicateKey))
+                throw;
+        }
+        result.rowsAffected = MoveRows(step.translation, values, now);
+        return;
+    }
     if (step.translation.rows.empty())
         return write(values);
     for (const auto& row : step.translation.rows)
         write(row);
 }
 
-void PreparedCommand::Bind(Step& step, const std::vector<Cell>& values, const Cell& now) {
-    int number = 0;
-    for (const Cell& value : values)
-        step.statement.Bind(++number, value);
-    if (step.translation.clock > 0)
-        step.statement.Bind(step.translation.clock, now);
-    number = step.translation.firstConstant;
-    for (const Cell& constant : step.translation.constants)
-        step.statement.Bind(number++, constant);
+qint64 PreparedCommand::MoveRows(const Translation& update, const std::vector<Cell>& values,
+                                 const Cell& now) {
+    const RowMove move = MoveOf(*update.update);
+    SqliteStatement select(mDatabase, move.select, false);
+    Bind(select, update, values, now);
+    MemoryBound memory(mDatabase.MostOfAnswer());
+    std::vector<std::vector<Cell>> rows;
+    while (select.Step()) {
+        auto& row = rows.emplace_back();
+        for (int i = 0; i < sqlite3_column_count(select.Handle()); ++i) {
+            row.push_back(ReadCell(sqlite3_column_value(select.Handle(), i)));
+            const auto* text = std::get_if<QByteArray>(&row.back());
+            memory.Take(qint64(sizeof(Cell)) + (text ? text->size() : 0));
+        }
+    }
+    SqliteStatement erase(mDatabase, move.erase, false);
+    for (const auto& row : rows) {
+        mDatabase.CountStep();
+        const StatementRun run(erase);
+        erase.Bind(1, row.front());
+        erase.Step();
+    }
+    SqliteStatement insert(mDatabase, move.insert, false);
+    for (const auto& row : rows) {
+        mDatabase.CountStep();
+        const StatementRun run(insert);
+        for (size_t i = 0; i < row.size(); ++i)
+            insert.Bind(static_cast<int>(i) + 1, row[i]);
+        insert.Step();
+    }
+    return static_cast<qint64>(rows.size());
 }
 
-std::shared_ptr<const RowData> PreparedCommand::ReadRows(Step& step) {
+void PreparedCommand::Bind(SqliteStatement& statement, const Translation& translation,
+                           const std::vector<Cell>& values, const Cell& now) {
+    int number = 0;
+    for (const Cell& value : values)
+        statement.Bind(++number, value);
+    if (translation.clock > 0)
+        statement.Bind(translation.clock, now);
+    number = translation.firstConstant;
+    for (const Cell& constant : translation.constants)
+        statement.Bind(number++, constant);
+}
+
+std::shared_ptr<const RowData> PreparedCommand::ReadRows(Step& step) const {
     const std::vector<ResultColumn>& columns = step.translation.columns;
     auto data = std::make_shared<RowData>();
     for (const ResultColumn& column : columns)
         data->columns.push_back(column.name);
     sqlite3_stmt* row = step.statement.Handle();
     std::vector<RepeatedValues> repeated;
+    MemoryBound memory(mDatabase.MostOfAnswer());
+    const auto cellsOfRow = static_cast<qint64>(columns.size() * sizeof(Value));
     for (size_t read = 0; step.statement.Step(); ++read) {
         if (read == kManyRows)
             repeated.resize(columns.size());
+        memory.Take(cellsOfRow);
         for (size_t i = 0; i < columns.size(); ++i) {
             const int column = static_cast<int>(i);
             data->cells.push_back(repeated.empty() ? ColumnValue(row, column, columns[i].type)
-                                                   : repeated[i].Read(row, column, columns[i].type));
+                                                   : repeated[i].Read(row, column, columns[i].type, memory));
         }
     }
     return data;
@@ -186,9 +266,10 @@ QStringList PreparedCommand::QueryPlan() const {
     constexpr int kDetailColumn = 3;
     QStringList lines;
     for (const Step& step : mSteps) {
+        const TableNames tables(step.translation.sql);
         SqliteStatement plan(mDatabase, u"EXPLAIN QUERY PLAN "_s + step.translation.sql, false);
         while (plan.Step())
-            lines << QString::fromUtf8(ColumnText(plan.Handle(), kDetailColumn));
+            lines << tables.Told(QString::fromUtf8(ColumnText(plan.Handle(), kDetailColumn)));
     }
     return lines;
 }

@@ -42,8 +42,11 @@ class PreparedCommand {
     CommandResult RunSteps(const std::vector<Cell>& values);
     void RunStep(Step& step, const std::vector<Cell>& values, const Cell& now, CommandResult& result);
     void WriteRows(Step& step, const std::vector<Cell>& values, const Cell& now, CommandResult& result);
-    static void Bind(Step& step, const std::vector<Cell>& values, const Cell& now);
-    static std::shared_ptr<const RowData> ReadRows(Step& step);
+    /// Does an UPDATE in two passes; gives the number of its rows back.
+    qint64 MoveRows(const Translation& update, const std::vector<Cell>& values, const Cell& now);
+    static void Bind(SqliteStatement& statement, const Translation& translation,
+                     const std::vector<Cell>& values, const Cell& now);
+    std::shared_ptr<const RowData> ReadRows(Step& step) const;
 
     SqliteDatabase& mDatabase;
     std::vector<Step> mSteps;

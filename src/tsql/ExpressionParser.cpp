@@ -387,6 +387,19 @@ ExpressionPtr ExpressionParser::ParseLiteral() {
     return ParseText();
 }
 
+int ExpressionParser::ExpectLength(const SqlType& type) {
+    const int line = mCursor.Line();
+    const int length = mCursor.ExpectWholeNumber();
+    const QString written = QString::number(length);
+    if (length == 0)
+        throw ServerError(Fault::InvalidLength, {QString::number(line), written});
+    if (length > SqlType::kMostText)
+        throw ServerError(Fault::TextTooLong, {written, type.Name()});
+    if (length > type.MostCharacters())
+        throw ServerError(Fault::NationalTextTooLong, {written, type.Name()});
+    return length;
+}
+
 SqlType ExpressionParser::ParseType(int defaultLength) {
     const QString name = mCursor.ExpectName();
     auto type = SqlType::Named(name);
@@ -397,7 +410,7 @@ SqlType ExpressionParser::ParseType(int defaultLength) {
     if (!mCursor.AcceptOperator(u"("))
         return *type;
     if (type->IsText()) {
-        type->length = mCursor.Accept(u"max") ? SqlType::kUnbounded : mCursor.ExpectWholeNumber();
+        type->length = mCursor.Accept(u"max") ? SqlType::kUnbounded : ExpectLength(*type);
     } else {
         if (type->kind != SqlType::Kind::Decimal)
             mCursor.RaiseSyntax();

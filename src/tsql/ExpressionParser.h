@@ -40,6 +40,8 @@ class ExpressionParser {
     ExpressionPtr ParseCall();
     ExpressionPtr ParseColumn();
 
+    /// The length of a text's type.
+    int ExpectLength(const SqlType& type);
     ExpressionPtr ParseText();
     /// The node of the piece that stands here, which is taken.
     ExpressionPtr Leaf(Expression::Node node);

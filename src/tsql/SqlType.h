@@ -29,6 +29,9 @@ struct SqlType {
 
     /// The most digits that a whole number of 64 bits holds, whichever they are.
     static constexpr int kNarrowDigits = 18;
+    /// The longest texts.
+    static constexpr int kMostText = 8000;
+    static constexpr int kMostNational = 4000;
 
     Kind kind = Kind::Null;
     /// Characters of a text.
@@ -61,6 +64,9 @@ struct SqlType {
     bool IsWide() const { return kind == Kind::Decimal && precision > kNarrowDigits; }
     bool IsNumber() const { return IsWhole() || IsFixed() || kind == Kind::Float; }
     bool IsDate() const { return kind == Kind::Date || kind == Kind::DateTime; }
+
+    /// Characters that a text may have which is made of others: what goes beyond is cut.
+    int MostCharacters() const { return kind == Kind::NVarChar ? kMostNational : kMostText; }
 
     /// The type's name as the server writes it in its error texts.
     QString Name() const;

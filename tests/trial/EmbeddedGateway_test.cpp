@@ -12,10 +12,12 @@
 #include <QFileInfo>
 
 #include <csignal>
+#include <functional>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <thread>
 #include <unistd.h>
+#include <variant>
 
 using namespace Qt::StringLiterals;
 
@@ -210,6 +212,70 @@ TEST_F(EmbeddedGatewayTest, ACommandThatTakesTooLongIsGivenUp) {
     Gateway().SetCommandTimeout(1);
     EXPECT_EQ(FailureOf(Gateway(), Endless()).text, u"Query timeout expired"_s);
     EXPECT_EQ(Number(Gateway(), kCounter), 100);
+}
+
+TEST_F(EmbeddedGatewayTest, ACommandThatTakesTooLongInsideOfItsFunctionsIsGivenUp) {
+    // A hundred comparisons, each of sixteen million steps; SQLite itself has next to nothing to do.
+    const QString slow =
+        u"case when replicate('a', 8000) like concat('%', replicate('a', 4000), 'b') then 1 end"_s;
+    const QStringList columns(100, slow);
+    Gateway().SetCommandTimeout(1);
+    EXPECT_EQ(FailureOf(Gateway(), u"select "_s + columns.join(u", "_s)).text, u"Query timeout expired"_s);
+    EXPECT_EQ(Number(Gateway(), kCounter), 100);
+}
+
+TEST_F(EmbeddedGatewayTest, WhateverFailsInACommandLeavesItAsARunTimeError) {
+    const auto failureBy = [this](const std::function<void()>& fail) {
+        const auto clock = ClockSeam().Replace([&fail]() -> DateTime {
+            fail();
+            return {};
+        });
+        return FailureOf(Gateway(), kAdd).number;
+    };
+    EXPECT_EQ(failureBy([] { throw std::bad_variant_access(); }), 8624);
+    EXPECT_EQ(failureBy([] { throw std::bad_alloc(); }), 701);
+    EXPECT_EQ(failureBy([] { throw 7; }), 8624);
+    EXPECT_EQ(Number(Gateway(), kCharges), 2) << "it was undone, and the connection goes on";
+}
+
+TEST_F(EmbeddedGatewayTest, RowsThatTakeTooMuchMemoryAreError701) {
+    const QString rows = u"select a.HospNum from Clinical_Area..tbPatient as a inner join "
+                         "Clinical_Area..tbPatient as b on 1 = 1"_s;
+    Gateway().Engine().Database().SetMostOfAnswer(qint64(36 * sizeof(Value)));
+    EXPECT_EQ(RowTexts(Gateway(), rows).size(), 36);
+    Gateway().Engine().Database().SetMostOfAnswer(qint64(35 * sizeof(Value)));
+    EXPECT_EQ(FailureOf(Gateway(), rows).number, 701);
+    EXPECT_EQ(RowTexts(Gateway(), kCounter), QStringList{u"100"_s});
+}
+
+TEST_F(EmbeddedGatewayTest, SqliteHasABoundOfMemoryAndPassingItIsError701) {
+    constexpr sqlite3_int64 kLittle = 200'000;
+    const sqlite3_int64 bound = sqlite3_hard_heap_limit64(-1);
+    EXPECT_EQ(bound, sqlite3_int64(1) << 30);
+    const QString wide = u"select "_s + QStringList(1500, u"upper('x')"_s).join(u", "_s);
+    EXPECT_EQ(FailureOf(Gateway(), wide).number, 0);
+    sqlite3_hard_heap_limit64(sqlite3_memory_used() + kLittle);
+    const int number = FailureOf(Gateway(), wide + u", 1"_s).number;
+    sqlite3_hard_heap_limit64(bound);
+    EXPECT_EQ(number, 701);
+    EXPECT_EQ(FailureOf(Gateway(), wide + u", 1"_s).number, 0);
+}
+
+TEST_F(EmbeddedGatewayTest, ACommandOfMoreThanAMillionCharactersIsRefused) {
+    const QString most = kCounter + u" --"_s;
+    const QString filled = most + QString((1 << 20) - most.size(), u'x');
+    EXPECT_EQ(Number(Gateway(), filled), 100);
+    EXPECT_EQ(FailureOf(Gateway(), filled + u'x').number, 8623);
+}
+
+TEST_F(EmbeddedGatewayTest, AListOfManyTextsIsSearched) {
+    QStringList numbers;
+    for (int i = 0; i < 40'000; ++i)
+        numbers << u"'%1'"_s.arg(i);
+    EXPECT_EQ(RowTexts(Gateway(), u"select HospNum from Clinical_Area..tbPatient where HospNum in ("_s +
+                                      numbers.join(u',') + u") order by HospNum"_s)
+                  .size(),
+              6);
 }
 
 TEST_F(EmbeddedGatewayTest, ManyRowsHoldEachItsOwnValuesAlthoughTheyRepeat) {

@@ -238,11 +238,16 @@ INSTANTIATE_TEST_SUITE_P(
         MistakeCase{"ValueAsCondition", u"case when 1 then 2 end"_s, 156},
         MistakeCase{"UnknownType", u"cast(1 as number)"_s, 2715},
         MistakeCase{"UnknownAlias", u"x.ChargeSlip"_s, 4104},
+        MistakeCase{"TextTypeTooLong", u"cast(1 as varchar(8001))"_s, 131},
+        MistakeCase{"CharTypeFarTooLong", u"cast(1 as char(2147483647))"_s, 131},
+        MistakeCase{"NationalTypeTooLong", u"convert(nvarchar(4001), 1)"_s, 2717},
+        MistakeCase{"TextTypeOfNoLength", u"cast(1 as varchar(0))"_s, 1001},
+        MistakeCase{"BinaryNumber", u"0x10"_s, 102},
         MistakeCase{"ColumnOfNoAlias", u"tbSlip.Nothing"_s, 207}),
     CaseName());
 
 TEST_F(SharedHospital, DeepNestingIsRefusedAndNotACrash) {
-    for (const qsizetype depth : {1000, 100000}) {
+    for (const qsizetype depth : {1000, 40000}) {
         EXPECT_EQ(
             FailureOf(Gateway(), u"select "_s + QString(depth, u'(') + u'1' + QString(depth, u')')).number,
             191);
@@ -263,6 +268,37 @@ TEST_F(SharedHospital, ManyConditionsAreNotTooDeep) {
 TEST_F(SharedHospital, ManyTermsAreNotTooDeep) {
     EXPECT_EQ(RowTexts(Gateway(), u"select 0"_s + QString(u" + 1"_s).repeated(100)), QStringList{u"100"_s});
     EXPECT_EQ(RowTexts(Gateway(), u"select 0"_s + QString(u" - 0.01"_s).repeated(100)), QStringList{u"-1"_s});
+}
+
+TEST_F(SharedHospital, ManyTextsBehindOneAnotherAreNotTooDeep) {
+    EXPECT_EQ(RowTexts(Gateway(), u"select 'x'"_s + QString(u" + 'y'"_s).repeated(200)),
+              QStringList{u'x' + QString(200, u'y')});
+}
+
+TEST_F(SharedHospital, WhatGrowsWithEveryLevelIsRefused) {
+    EXPECT_EQ(FailureOf(Gateway(), u"select "_s + QString(u"nullif("_s).repeated(60) + u'1' +
+                                       QString(u", 2)"_s).repeated(60))
+                  .number,
+              8623);
+}
+
+TEST_F(SharedHospital, ATextStandsOnceAmongTheConstantsHoweverOftenItIsWritten) {
+    const QString column = u"concat(HospNum, 'a')"_s;
+    EXPECT_EQ(RowTexts(Gateway(), u"select "_s + column +
+                                      u" from Clinical_Area..tbPatient where HospNum = "
+                                      "'1001' group by "_s +
+                                      column),
+              QStringList{u"1001a"_s});
+}
+
+TEST_F(SharedHospital, TheTypesThatAreTooLongAreNamed) {
+    EXPECT_EQ(
+        FailureOf(Gateway(), u"select cast(1 as varchar(9000))"_s).text,
+        u"The size (9000) given to the type 'varchar' exceeds the maximum allowed for any data type (8000)."_s);
+    EXPECT_EQ(FailureOf(Gateway(), u"select cast(1 as nvarchar(5000))"_s).text,
+              u"The size (5000) given to the type 'nvarchar' exceeds the maximum allowed (4000)."_s);
+    EXPECT_EQ(FailureOf(Gateway(), u"select\ncast(1 as varchar(0))"_s).text,
+              u"Line 2: Length or precision specification 0 is invalid."_s);
 }
 
 TEST_F(SharedHospital, TheEdgesOfTheWholeNumbersAreWholeNumbers) {

@@ -65,7 +65,25 @@ INSTANTIATE_TEST_SUITE_P(
                     FunctionCase{"ReplaceNothing", u"replace('abc', '', 'x')"_s, Text(u"abc")},
                     FunctionCase{"ReplaceKeepsAccents", u"replace('añn', 'n', 'x')"_s, Text(u"añx")},
                     FunctionCase{"Replicate", u"replicate('Ñ', 3)"_s, Text(u"ÑÑÑ")},
-                    FunctionCase{"ReplicateNever", u"replicate('x', -1)"_s, Text(u"")}),
+                    FunctionCase{"ReplicateNever", u"replicate('x', 0)"_s, Text(u"")},
+                    FunctionCase{"ReplicateLessThanNever", u"replicate('x', -1)"_s, Value()}),
+    CaseName());
+
+// Texts that are made of others are cut where the server's longest text ends.
+INSTANTIATE_TEST_SUITE_P(
+    LongTexts, FunctionValue,
+    testing::Values(
+        FunctionCase{"Replicate", u"len(replicate('abc', 5000))"_s, Value(8000)},
+        FunctionCase{"ReplicateCountsCharacters", u"len(replicate('ñ', 9000))"_s, Value(8000)},
+        FunctionCase{"NationalReplicate", u"len(replicate(N'x', 9000))"_s, Value(4000)},
+        FunctionCase{"Replace", u"len(replace(replicate('x', 5000), 'x', 'yy'))"_s, Value(8000)},
+        FunctionCase{"ReplaceByANationalText", u"len(replace(replicate('x', 5000), 'x', N'yy'))"_s,
+                     Value(4000)},
+        FunctionCase{"Concat", u"len(concat(replicate('x', 5000), replicate('y', 5000)))"_s, Value(8000)},
+        FunctionCase{"ConcatWithANationalText", u"len(concat(replicate('x', 5000), N'y'))"_s, Value(4000)},
+        FunctionCase{"Plus", u"right(replicate('x', 7999) + 'ab' + 'c', 2)"_s, Text(u"xa")},
+        FunctionCase{"PlusANationalText", u"len(replicate('x', 5000) + N'y')"_s, Value(4000)},
+        FunctionCase{"PlusNull", u"'a' + NULL + 'b'"_s, Value()}),
     CaseName());
 
 INSTANTIATE_TEST_SUITE_P(
@@ -182,5 +200,9 @@ INSTANTIATE_TEST_SUITE_P(
         FunctionMistake{"BigAbsOverflow", u"select abs(cast(-9223372036854775808 as bigint))"_s, 8115},
         FunctionMistake{"RoundOverflow", u"select round(2147483647, -1)"_s, 8115},
         FunctionMistake{"BigRoundOverflow", u"select round(cast(9223372036854775807 as bigint), -1)"_s, 8115},
+        FunctionMistake{"NegativeLeft", u"select left('abc', -1)"_s, 536},
+        FunctionMistake{"NegativeRight", u"select right('abc', -1)"_s, 536},
+        FunctionMistake{"NegativeSubstring", u"select substring('abc', 2, -1)"_s, 537},
+        FunctionMistake{"AggregateOfAnAggregate", u"select sum(count(*)) from Clinical_Area..tbSlip"_s, 130},
         FunctionMistake{"AbsOfDate", u"select abs(getdate())"_s, 8117}),
     CaseName());

@@ -48,6 +48,24 @@ INSTANTIATE_TEST_SUITE_P(
         QueryCase{"DistinctIgnoresLetterCase",
                   u"select distinct x from (select 'a' as x union all select 'A' as x) as q"_s,
                   {u"a"_s}},
+        QueryCase{"TopNone", u"select top (0) HospNum"_s + kPatients, {}},
+        QueryCase{"GroupByTwiceTheSame",
+                  u"select FirstName"_s + kPatients + u"where Active = 0 group by FirstName, FirstName"_s,
+                  {u"CARL"_s}},
+        QueryCase{"GroupByAColumnAndWhatIsMadeOfIt",
+                  u"select len(FirstName)"_s + kPatients +
+                      u"where Active = 0 group by FirstName, len(FirstName)"_s,
+                  {u"4"_s}},
+        QueryCase{
+            "HavingWithoutGroupBy", u"select 'some'"_s + kPatients + u"having count(*) > 5"_s, {u"some"_s}},
+        QueryCase{"HavingWithoutGroupByThatDoesNotHold",
+                  u"select 'some'"_s + kPatients + u"having count(*) > 6"_s,
+                  {}},
+        QueryCase{"HavingWithoutGroupByIsOneRow", u"select 7"_s + kPatients + u"having 1 = 1"_s, {u"7"_s}},
+        QueryCase{"HavingWithoutGroupByOverNothing",
+                  u"select 7"_s + kPatients + u"where 1 = 2 having 1 = 1"_s,
+                  {u"7"_s}},
+        QueryCase{"OrderByAnAggregateIsOneRow", u"select 7"_s + kPatients + u"order by count(*)"_s, {u"7"_s}},
         QueryCase{"OrderByAlias",
                   u"select HospNum as n"_s + kPatients +
                       u"where Active = 1 and HospNum > '1003' order by n desc"_s,
@@ -169,6 +187,29 @@ INSTANTIATE_TEST_SUITE_P(
                      u"select FirstName"_s + kPatients + u"group by FirstName order by LastName"_s, 8127},
         QueryMistake{"OrderNotSelectedDistinct",
                      u"select distinct FirstName"_s + kPatients + u"order by LastName"_s, 145},
+        QueryMistake{"GroupByAConstant", u"select 1"_s + kPatients + u"group by 1"_s, 164},
+        QueryMistake{"GroupByAnOuterColumn",
+                     u"select (select 1 from Clinical_Area..tbSlip group by p.HospNum) from "
+                     "Clinical_Area..tbPatient as p"_s,
+                     164},
+        QueryMistake{"GroupByAnAggregate", u"select 1"_s + kPatients + u"group by count(HospNum)"_s, 144},
+        QueryMistake{"HavingOfAColumnWithoutGroupBy", u"select 1"_s + kPatients + u"having LastName = 'x'"_s,
+                     8120},
+        QueryMistake{"ColumnBesideHavingWithoutGroupBy", u"select LastName"_s + kPatients + u"having 1 = 1"_s,
+                     8120},
+        QueryMistake{"OrderByAnAggregateOfAColumn", u"select LastName"_s + kPatients + u"order by count(*)"_s,
+                     8120},
+        QueryMistake{"OrderByAText", u"select LastName"_s + kPatients + u"order by 'a'"_s, 408},
+        QueryMistake{"OrderByANegativeNumber", u"select LastName"_s + kPatients + u"order by -1"_s, 408},
+        QueryMistake{"OrderByNull", u"select LastName"_s + kPatients + u"order by LastName, NULL"_s, 408},
+        QueryMistake{"TopNull", u"select top (NULL) HospNum"_s + kPatients, 1060},
+        QueryMistake{"TopNullAtLast", u"select top ((select NULLIF(1, 1))) HospNum"_s + kPatients, 1060},
+        QueryMistake{"TopFraction", u"select top (1.5) HospNum"_s + kPatients, 1060},
+        QueryMistake{"TopLessThanNone", u"select top (-1) HospNum"_s + kPatients, 127},
+        QueryMistake{"TopLessThanNoneAtLast",
+                     u"select top ((select min(1 - ChargeSlip) from Clinical_Area..tbSlip)) HospNum"_s +
+                         kPatients,
+                     127},
         QueryMistake{"OrderPositionTooHigh", u"select FirstName"_s + kPatients + u"order by 2"_s, 108},
         QueryMistake{"OrderInUnion", u"select 1 as a union all select 2 order by b"_s, 104},
         QueryMistake{"UnionOfDifferentLengths", u"select 1 union all select 2, 3"_s, 205},
@@ -210,16 +251,39 @@ TEST_F(SharedHospital, ResultColumnsBearTheServersNames) {
               (std::vector<QString>{u"Line"_s, u"Slip #"_s}));
 }
 
+TEST_F(SharedHospital, MoreTablesThanThereCanBeAreTheServersError) {
+    QString joined = u"select 1 from Clinical_Area..tbSlip as t0"_s;
+    for (int i = 1; i < 64; ++i)
+        joined += u" inner join Clinical_Area..tbSlip as t%1 on 1 = 1"_s.arg(i);
+    EXPECT_EQ(RowTexts(Gateway(), joined), QStringList{u"1"_s});
+    const RaisedError failure =
+        FailureOf(Gateway(), joined + u" inner join Clinical_Area..tbSlip as more on 1 = 1"_s);
+    EXPECT_EQ(failure.number, 106);
+    EXPECT_EQ(failure.text, u"Too many table names in the query. The maximum allowable is 64."_s);
+    for (int i = 64; i < 300; ++i)
+        joined += u" inner join Clinical_Area..tbSlip as t%1 on 1 = 1"_s.arg(i);
+    EXPECT_EQ(FailureOf(Gateway(), joined).number, 106);
+}
+
+TEST_F(SharedHospital, WhatSqliteRefusesHasNoWordsOfItsOwn) {
+    QString united = u"select 1"_s;
+    united += QString(u" union all select 1"_s).repeated(600);
+    const RaisedError failure = FailureOf(Gateway(), united);
+    EXPECT_EQ(failure.number, 8623);
+    EXPECT_FALSE(failure.text.contains(u"SELECT"_s)) << failure.text.toStdString();
+}
+
 TEST_F(SharedHospital, PrefixSearchUsesTheIndexOfTheNames) {
-    EXPECT_EQ(
-        Gateway().QueryPlan(u"Clinical_Area..spGetPatient 'DE'"_s),
-        QStringList{
-            u"SEARCH t1 USING INDEX Clinical_Area..tbPatient.ixPatientName (LastName>? AND LastName<?)"_s});
+    EXPECT_EQ(Gateway().QueryPlan(u"Clinical_Area..spGetPatient 'DE'"_s),
+              QStringList{
+                  u"SEARCH Clinical_Area..tbPatient AS t1 USING INDEX Clinical_Area..tbPatient.ixPatientName "
+                  "(LastName>? AND LastName<?)"_s});
 }
 
 TEST_F(SharedHospital, NumberIsFoundByItsKey) {
     const QStringList plan =
         Gateway().QueryPlan(u"select * from Clinical_Area..tbPatient where HospNum = '1001 '"_s);
     ASSERT_EQ(plan.size(), 1);
-    EXPECT_TRUE(plan[0].startsWith(u"SEARCH t1 USING INDEX"_s)) << plan[0].toStdString();
+    EXPECT_TRUE(plan[0].startsWith(u"SEARCH Clinical_Area..tbPatient AS t1 USING INDEX"_s))
+        << plan[0].toStdString();
 }

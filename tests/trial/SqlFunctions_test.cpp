@@ -20,7 +20,7 @@ TEST_F(SharedHospital, AFunctionThatFailsInAWayOfItsOwnIsAnErrorOfItsStatement) 
     // A text where the statement says that a whole number stands.
     const QString sql =
         u"SELECT tv_convert('abc', %1, %2, -1)"_s.arg(Code(SqlType::BigInt()), Code(SqlType::Text(10)));
-    EXPECT_EQ(FailureOfSql(Gateway(), sql).number, 8180);
+    EXPECT_EQ(FailureOfSql(Gateway(), sql).number, 8624);
     EXPECT_EQ(RowTexts(Gateway(), u"select ChargeSlip from Clinical_Area..tbSlip"_s), QStringList{u"100"_s})
         << "the connection goes on";
 }

@@ -184,6 +184,55 @@ INSTANTIATE_TEST_SUITE_P(
                      102}),
     CaseName());
 
+TEST_F(WritingStatement, KeysAreLookedAtWhenAllRowsAreChanged) {
+    Run(u"insert into BILLING..tbCharge (Number, Code) values (1, 'a'), (2, 'b'), (3, 'c')"_s);
+    Run(u"update BILLING..tbCharge set Number = Number + 1"_s);
+    EXPECT_EQ(Rows(u"select * from BILLING..tbCharge order by Number"_s),
+              (QStringList{u"2|a   "_s, u"3|b   "_s, u"4|c   "_s}));
+    Run(u"update BILLING..tbCharge set Number = 6 - Number, Code = 'x' where Number <> 3"_s);
+    EXPECT_EQ(Rows(u"select * from BILLING..tbCharge order by Number desc"_s),
+              (QStringList{u"4|x   "_s, u"3|b   "_s, u"2|x   "_s}));
+}
+
+TEST_F(WritingStatement, TwoKeysChangePlacesAndTakeTheRestOfTheirRowsAlong) {
+    const QString others =
+        u"select * from Clinical_Area..tbPatient where HospNum > '1002' order by HospNum"_s;
+    const QStringList before = Rows(others);
+    Run(u"update Clinical_Area..tbPatient set HospNum = case when HospNum = '1001' then '1002' else '1001' "
+        "end, FirstName = concat(FirstName, (select count(*) from Clinical_Area..tbPatient)) where HospNum in "
+        "('1001', '1002')"_s);
+    EXPECT_EQ(
+        Rows(u"select HospNum, LastName, FirstName from Clinical_Area..tbPatient where HospNum < '1003' "
+             "order by HospNum"_s),
+        (QStringList{u"1001|NUNEZ|ANA6"_s, u"1002|DELA CRUZ|JUAN6"_s}));
+    EXPECT_EQ(Rows(others), before);
+}
+
+TEST_F(WritingStatement, AKeyThatIsThereTwiceInTheEndIsAnErrorAndChangesNothing) {
+    const QString all = u"select * from Clinical_Area..tbPatient order by HospNum"_s;
+    const QStringList before = Rows(all);
+    for (const QString& values :
+         {u"HospNum = '2000'"_s, u"HospNum = '1003' where HospNum = '1001'"_s,
+          u"HospNum = case when HospNum = '1001' then '1002' else '1003 ' end where HospNum < '1003'"_s}) {
+        const RaisedError failure = FailureOf(Gateway(), u"update Clinical_Area..tbPatient set "_s + values);
+        EXPECT_EQ(failure.number, 2627) << values.toStdString();
+        EXPECT_EQ(failure.text, u"Violation of PRIMARY KEY or UNIQUE constraint (HospNum). Cannot insert "
+                                "duplicate key in object 'Clinical_Area..tbPatient'."_s);
+        EXPECT_EQ(Rows(all), before);
+    }
+}
+
+TEST_F(WritingStatement, TextsThatAreEqualToTheCollationMeetWithoutAnIndex) {
+    Run(u"insert into BILLING..tbCharge (Number, Code) values (1, 'ana'), (2, 'bea')"_s);
+    // The code's blanks fill its column, the first names have none, and neither column has an index.
+    EXPECT_EQ(Rows(u"select c.Number, p.FirstName from BILLING..tbCharge as c inner join "
+                   "Clinical_Area..tbPatient as p on p.FirstName = c.Code order by 1"_s),
+              (QStringList{u"1|ANA"_s, u"2|BEA"_s}));
+    EXPECT_EQ(Rows(u"select a.n from (select 'DELA CRUZ ' as n union all select 'x') as a inner join (select "
+                   "'dela cruz' as n union all select 'y') as b on a.n = b.n"_s),
+              QStringList{u"DELA CRUZ "_s});
+}
+
 TEST_F(WritingStatement, MoreThanAThousandRowsInOneInsertAreRefused) {
     QStringList rows;
     for (int i = 0; i < 1001; ++i)

@@ -1,5 +1,6 @@
 #include "trial/sqlite/SqlFunctions.h"
 
+#include "gateway/Boundary.h"
 #include "trial/sqlite/Collation.h"
 #include "trial/sqlite/DateFunctions.h"
 #include "trial/sqlite/SqliteDatabase.h"
@@ -58,25 +59,34 @@ void SetResult(sqlite3_context* context, const Cell& cell) {
         sqlite3_result_null(context);
 }
 
-/// No exception may pass through SQLite: a failure of the server's waits at the database until the statement
-/// has failed, any other is the statement's error.
+SqliteDatabase& DatabaseOf(sqlite3_context* context) {
+    return *static_cast<SqliteDatabase*>(sqlite3_user_data(context));
+}
+
+/// No exception may pass through SQLite: what was raised waits at the database until the statement has
+/// failed.
 template <class Action> void Guard(sqlite3_context* context, Action action) noexcept {
     try {
         action();
-    } catch (const RunTimeError& error) {
-        static_cast<SqliteDatabase*>(sqlite3_user_data(context))->FunctionError() = error;
-        sqlite3_result_error(context, error.what(), -1);
-    } catch (const std::bad_alloc&) {
-        sqlite3_result_error_nomem(context);
-    } catch (const std::exception& error) {
-        sqlite3_result_error(context, error.what(), -1);
     } catch (...) {
+        DatabaseOf(context).FunctionError() = FailureInHand();
         sqlite3_result_error(context, "a function failed", -1);
     }
 }
 
 template <Function F> void Call(sqlite3_context* context, int count, sqlite3_value** values) {
     Guard(context, [&] { SetResult(context, F({values, static_cast<size_t>(count)})); });
+}
+
+/// A function that may take long, and is Null where any argument is.
+template <Cell (*F)(Arguments, const WorkStep&)>
+void CallLong(sqlite3_context* context, int count, sqlite3_value** values) {
+    Guard(context, [&] {
+        SqliteDatabase& database = DatabaseOf(context);
+        const Arguments arguments{values, static_cast<size_t>(count)};
+        const WorkStep step = [&database] { database.CountStep(); };
+        SetResult(context, AnyNull(arguments) ? Cell() : F(arguments, step));
+    });
 }
 
 [[noreturn]] void RaiseBigIntOverflow() {
@@ -95,17 +105,21 @@ Cell AssignCell(Arguments a) {
     return Convert(ReadCell(a[0]), SqlType::Decode(Whole(a[1])), SqlType::Decode(Whole(a[2])),
                    ConversionPlace::Column, static_cast<int>(Whole(a[3])));
 }
+/// The first argument is the number of characters that the text may have.
 Cell Concat(Arguments a) {
     QByteArray joined;
-    for (sqlite3_value* value : a)
+    for (sqlite3_value* value : a.subspan(1))
         joined += IsNull(value) ? QByteArrayView() : Text(value);
-    return joined;
+    return FirstCharacters(joined, Whole(a[0]));
+}
+Cell Cut(Arguments a) {
+    return FirstCharacters(OwnText(a[0]), Whole(a[1]));
 }
 Cell Len(Arguments a) {
     return LengthWithoutTail(Text(a[0]));
 }
 Cell Left(Arguments a) {
-    return FirstCharacters(OwnText(a[0]), Whole(a[1]));
+    return LeftCharacters(OwnText(a[0]), Whole(a[1]));
 }
 Cell Right(Arguments a) {
     return LastCharacters(OwnText(a[0]), Whole(a[1]));
@@ -125,14 +139,22 @@ Cell LTrim(Arguments a) {
 Cell RTrim(Arguments a) {
     return WithoutTail(Text(a[0]));
 }
-Cell Replace(Arguments a) {
-    return ReplacedText(OwnText(a[0]), OwnText(a[1]), OwnText(a[2]));
+Cell Replace(Arguments a, const WorkStep& step) {
+    return ReplacedText(OwnText(a[0]), OwnText(a[1]), OwnText(a[2]), Whole(a[3]), step);
 }
 Cell Replicate(Arguments a) {
-    return RepeatedText(OwnText(a[0]), Whole(a[1]));
+    return Whole(a[1]) < 0 ? Cell() : RepeatedText(OwnText(a[0]), Whole(a[1]), Whole(a[2]));
 }
-Cell Like(Arguments a) {
-    return qint64(MatchesPattern(Text(a[0]), Text(a[1]), Whole(a[2]) != 0));
+Cell Like(Arguments a, const WorkStep& step) {
+    return qint64(MatchesPattern(Text(a[0]), Text(a[1]), Whole(a[2]) != 0, step));
+}
+/// The number behind TOP.
+Cell Top(Arguments a) {
+    if (IsNull(a[0]))
+        throw ServerError(Fault::InvalidTop);
+    if (Whole(a[0]) < 0)
+        throw ServerError(Fault::NegativeTop);
+    return Whole(a[0]);
 }
 Cell DateAdd(Arguments a) {
     return AddToDate(Text(a[0]), Whole(a[1]), Text(a[2]));
@@ -330,6 +352,8 @@ constexpr std::array kFunctions = {
     Entry{"tv_convert", 4, Call<ConvertCell>},
     Entry{"tv_assign", 4, Call<AssignCell>},
     Entry{"tv_concat", kAnyCount, Call<Concat>},
+    Entry{"tv_cut", 2, Call<NullIfAnyNull<Cut>>},
+    Entry{"tv_top", 1, Call<Top>},
     Entry{"tv_len", 1, Call<NullIfAnyNull<Len>>},
     Entry{"tv_left", 2, Call<NullIfAnyNull<Left>>},
     Entry{"tv_right", 2, Call<NullIfAnyNull<Right>>},
@@ -338,9 +362,9 @@ constexpr std::array kFunctions = {
     Entry{"tv_lower", 1, Call<NullIfAnyNull<Lower>>},
     Entry{"tv_ltrim", 1, Call<NullIfAnyNull<LTrim>>},
     Entry{"tv_rtrim", 1, Call<NullIfAnyNull<RTrim>>},
-    Entry{"tv_replace", 3, Call<NullIfAnyNull<Replace>>},
-    Entry{"tv_replicate", 2, Call<NullIfAnyNull<Replicate>>},
-    Entry{"tv_like", 3, Call<NullIfAnyNull<Like>>},
+    Entry{"tv_replace", 4, CallLong<Replace>},
+    Entry{"tv_replicate", 3, Call<NullIfAnyNull<Replicate>>},
+    Entry{"tv_like", 3, CallLong<Like>},
     Entry{"tv_round", 4, Call<NullIfAnyNull<Round>>},
     Entry{"tv_abs", 2, Call<NullIfAnyNull<Abs>>},
     Entry{"tv_bigint", 1, Call<NullIfAnyNull<BigInt>>},

@@ -1,10 +1,12 @@
 #include "trial/sqlite/SqliteDatabase.h"
 
+#include "gateway/Boundary.h"
 #include "trial/sqlite/SqlFunctions.h"
 #include "trial/sqlite/SqliteStatement.h"
 #include "tsql/ServerError.h"
 
 #include <algorithm>
+#include <cstring>
 #include <sqlite3.h>
 #include <thread>
 #include <utility>
@@ -18,6 +20,16 @@ constexpr int kStepsPerLook = 20000;
 // In seconds, until the gateway says how long it will wait.
 constexpr int kFirstTimeout = 30;
 constexpr std::chrono::milliseconds kLongestPause(25);
+// SQLite's own limit for the tables of one FROM, those of its derived tables included.
+constexpr int kMostTables = 64;
+// Steps of the engine's own functions that pass between two looks at the clock.
+constexpr unsigned kOwnStepsPerLook = 1000;
+// What all connections of the process may take of memory together, the answers of commands aside. In bytes.
+constexpr sqlite3_int64 kMostMemory = sqlite3_int64(1) << 30;
+// A translated text is longer than the command, since every value bears its conversions. In bytes.
+constexpr int kLongestSql = 64 << 20;
+// Of one value and of one row, in bytes.
+constexpr int kLongestValue = 16 << 20;
 
 /// SQLite's texts name columns as "table.column, table.column"; the tables of the hospital have dots in
 /// theirs.
@@ -43,14 +55,20 @@ SqliteDatabase::SqliteDatabase(const QString& path, Mode mode)
     const int code = sqlite3_open_v2(path.toUtf8().constData(), &handle, flags, nullptr);
     mHandle.reset(handle);
     if (code != SQLITE_OK)
-        throw ServerError(Fault::CannotOpen, {path, QString::fromUtf8(sqlite3_errstr(code))});
+        throw ServerError(Fault::CannotOpen, {path, SystemReason()});
     // A name in double quotes that means no column must never pass for a text.
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+    sqlite3_hard_heap_limit64(kMostMemory);
+    sqlite3_limit(handle, SQLITE_LIMIT_SQL_LENGTH, kLongestSql);
+    sqlite3_limit(handle, SQLITE_LIMIT_LENGTH, kLongestValue);
     SetTimeout(kFirstTimeout);
     sqlite3_busy_handler(handle, &SqliteDatabase::OnBusy, this);
     sqlite3_progress_handler(handle, kStepsPerLook, &SqliteDatabase::OnProgress, this);
     AddSqlFunctions(*this);
+    // An index that SQLite makes for one join is filtered by a hash of the texts' bytes: texts that are equal
+    // to the collation but differ in letter case or in blanks at the end would not meet.
+    Run(u"PRAGMA automatic_index = OFF"_s);
 }
 
 void SqliteDatabase::Close::operator()(sqlite3* handle) const {
@@ -69,7 +87,7 @@ QByteArray SqliteDatabase::Header() const {
     sqlite3_file& file = File();
     const int code = file.pMethods->xRead(&file, header.data(), kHeaderSize, 0);
     if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
-        throw ServerError(Fault::CannotOpen, {mPath, QString::fromUtf8(sqlite3_errstr(code))});
+        throw ServerError(Fault::CannotOpen, {mPath, SystemReason()});
     return header;
 }
 
@@ -77,7 +95,7 @@ void SqliteDatabase::Flush() {
     sqlite3_file& file = File();
     const int code = file.pMethods->xSync(&file, SQLITE_SYNC_FULL);
     if (code != SQLITE_OK)
-        throw ServerError(Fault::InputOutput, {mPath, QString::fromUtf8(sqlite3_errstr(code))});
+        throw ServerError(Fault::InputOutput, {mPath, SystemReason()});
 }
 
 void SqliteDatabase::Run(const QString& sql) {
@@ -114,7 +132,12 @@ SqliteDatabase::Command::~Command() {
 
 int SqliteDatabase::OnProgress(void* self) {
     const auto* database = static_cast<const SqliteDatabase*>(self);
-    return database->mCancelled || Clock::now() > database->mDeadline ? 1 : 0;
+    return database->IsOver() ? 1 : 0;
+}
+
+void SqliteDatabase::CountStep() {
+    if (++mSteps % kOwnStepsPerLook == 0 && IsOver())
+        throw ServerError(mCancelled ? Fault::Cancelled : Fault::QueryTimeout);
 }
 
 int SqliteDatabase::OnBusy(void* self, int looks) {
@@ -147,28 +170,40 @@ void SqliteDatabase::Raise(int code) {
     case SQLITE_LOCKED:
         throw ServerError(mCancelled ? Fault::Cancelled : Fault::LockTimeout);
     case SQLITE_IOERR:
-        throw ServerError(Fault::InputOutput, {mPath, detail});
+        throw ServerError(Fault::InputOutput, {mPath, SystemReason()});
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-        throw ServerError(Fault::Damaged, {mPath, detail});
+        throw ServerError(Fault::Damaged, {mPath});
     case SQLITE_READONLY:
         throw ServerError(Fault::ReadOnly, {mPath});
     case SQLITE_CANTOPEN:
-        throw ServerError(Fault::CannotOpen, {mPath, detail});
+        throw ServerError(Fault::CannotOpen, {mPath, SystemReason()});
     case SQLITE_INTERRUPT:
         throw ServerError(mCancelled ? Fault::Cancelled : Fault::QueryTimeout);
     case SQLITE_CONSTRAINT:
         RaiseConstraint(code, detail);
     case SQLITE_NOMEM:
-        throw std::bad_alloc();
+        throw OutOfMemory();
+    case SQLITE_TOOBIG:
+        throw ServerError(Fault::TooComplex);
     default:
         // SQLite's own functions reckon with whole numbers too.
         if (detail == "integer overflow"_L1)
             throw ServerError(Fault::Overflow, {SqlType::BigInt().Name()});
         if (detail.contains("stack overflow"_L1) || detail.contains("too large"_L1))
             throw ServerError(Fault::TooDeep);
-        throw ServerError(Fault::CannotPrepare, {detail});
+        if (detail.contains("in a join"_L1) || detail.contains("FROM clause terms"_L1))
+            throw ServerError(Fault::TooManyTables, {QString::number(kMostTables)});
+        if (detail.startsWith("too many"_L1))
+            throw ServerError(Fault::TooComplex);
+        // What is left has no words of its own: SQLite's are not the server's.
+        throw ServerError(Fault::CannotPrepare);
     }
+}
+
+QString SqliteDatabase::SystemReason() const {
+    const int reason = sqlite3_system_errno(mHandle.get());
+    return reason != 0 ? QString::fromLocal8Bit(std::strerror(reason)) : u"no reason is given"_s;
 }
 
 void SqliteDatabase::RaiseConstraint(int code, const QString& detail) const {

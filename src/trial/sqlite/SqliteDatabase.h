@@ -69,8 +69,16 @@ class SqliteDatabase {
     /// waits for a lock, and every later one at its beginning. From any thread.
     void Cancel() { mCancelled = true; }
 
+    /// What the rows of one answer may take of memory, in bytes.
+    qint64 MostOfAnswer() const { return mMostOfAnswer; }
+    void SetMostOfAnswer(qint64 bytes) { mMostOfAnswer = bytes; }
+
     /// Whether a transaction is open.
     bool InTransaction() const;
+    /// For work of the engine's own that SQLite does not see: counts one step of it, and looks at the clock
+    /// once in a thousand. Raises a failure where the command was given up or has run too long.
+    void CountStep();
+
     /// Rows touched by the last writing statement.
     qint64 Changes() const;
     sqlite3* Handle() const { return mHandle.get(); }
@@ -87,11 +95,15 @@ class SqliteDatabase {
 
     using Clock = std::chrono::steady_clock;
 
+    bool IsOver() const { return mCancelled || Clock::now() > mDeadline; }
+
     sqlite3_file& File() const;
     Clock::time_point EndOfWait() const;
     static int OnProgress(void* self);
     static int OnBusy(void* self, int looks);
     [[noreturn]] void RaiseConstraint(int code, const QString& detail) const;
+    /// What the operating system has to say about the last failure.
+    QString SystemReason() const;
 
     QString mPath;
     QByteArray mSessionUser;
@@ -102,4 +114,6 @@ class SqliteDatabase {
     Clock::time_point mDeadline = Clock::time_point::max();
     Clock::time_point mLockDeadline = Clock::time_point::max();
     std::atomic<bool> mCancelled = false;
+    unsigned mSteps = 0;
+    qint64 mMostOfAnswer = qint64(1) << 30;
 };

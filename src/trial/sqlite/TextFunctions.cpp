@@ -4,6 +4,7 @@
 #include "text/UCase.h"
 #include "trial/sqlite/Collation.h"
 #include "tsql/Convert.h"
+#include "tsql/ServerError.h"
 
 #include <algorithm>
 
@@ -11,7 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kLongestText = 8000;
+// In bytes of UTF-8.
+constexpr qint64 kLongestCharacter = 4;
 
 qsizetype TailStart(QByteArrayView text) {
     qsizetype end = text.size();
@@ -72,16 +74,26 @@ qint64 LengthWithoutTail(QByteArrayView text) {
     return CountCharacters(text.first(TailStart(text)));
 }
 
+QByteArray LeftCharacters(const QByteArray& text, qint64 count) {
+    if (count < 0)
+        throw ServerError(Fault::NegativeLength, {u"left"_s});
+    return FirstCharacters(text, count);
+}
+
 QByteArray LastCharacters(const QByteArray& text, qint64 count) {
-    const qint64 before = std::max<qint64>(CountCharacters(text) - std::max<qint64>(count, 0), 0);
+    if (count < 0)
+        throw ServerError(Fault::NegativeLength, {u"right"_s});
+    const qint64 before = std::max<qint64>(CountCharacters(text) - count, 0);
     return text.sliced(FirstCharacters(text, before).size());
 }
 
 QByteArray MiddleCharacters(const QByteArray& text, qint64 first, qint64 count) {
+    if (count < 0)
+        throw ServerError(Fault::NegativeSubstring);
     // Farther than any text is long; what is beyond cannot be told from it, and could not be added.
     constexpr qint64 kFar = qint64(1) << 60;
     first = std::clamp(first, -kFar, kFar);
-    count = std::clamp(count, -kFar, kFar);
+    count = std::min(count, kFar);
     // What lies before the first character takes its part of the count.
     const qint64 end = std::max<qint64>(first + count - 1, 0);
     const QByteArray head = FirstCharacters(text, end);
@@ -106,12 +118,15 @@ QByteArray WithoutTail(QByteArrayView text) {
     return text.first(TailStart(text)).toByteArray();
 }
 
-QByteArray ReplacedText(const QByteArray& text, const QByteArray& from, const QByteArray& to) {
+QByteArray ReplacedText(const QByteArray& text, const QByteArray& from, const QByteArray& to, qint64 most,
+                        const WorkStep& step) {
     if (from.isEmpty())
-        return text;
+        return FirstCharacters(text, most);
     QByteArray result;
     QByteArrayView rest = text;
-    while (!rest.isEmpty()) {
+    while (!rest.isEmpty() && result.size() < most * kLongestCharacter) {
+        if (step)
+            step();
         const qsizetype matched = MatchAtFront(rest, from);
         if (matched > 0) {
             result += to;
@@ -122,20 +137,25 @@ QByteArray ReplacedText(const QByteArray& text, const QByteArray& from, const QB
             result += before.first(before.size() - rest.size());
         }
     }
-    return result;
+    return FirstCharacters(result, most);
 }
 
-QByteArray RepeatedText(const QByteArray& text, qint64 count) {
-    const qint64 most = text.isEmpty() ? 0 : kLongestText / text.size();
-    return text.repeated(std::clamp<qint64>(count, 0, most));
+QByteArray RepeatedText(const QByteArray& text, qint64 count, qint64 most) {
+    const QByteArray first = FirstCharacters(text, most);
+    if (first.isEmpty())
+        return first;
+    const qint64 enough = most / CountCharacters(first) + 1;
+    return FirstCharacters(first.repeated(std::clamp<qint64>(count, 0, enough)), most);
 }
 
-bool MatchesPattern(QByteArrayView text, QByteArrayView pattern, bool blanksCount) {
+bool MatchesPattern(QByteArrayView text, QByteArrayView pattern, bool blanksCount, const WorkStep& step) {
     // Where the last "%" stood, and the first character that it has not swallowed yet.
     QByteArrayView patternBehindPercent;
     QByteArrayView textBehindPercent;
     bool percent = false;
     while (true) {
+        if (step)
+            step();
         if (pattern.startsWith('%')) {
             pattern = pattern.sliced(1);
             patternBehindPercent = pattern;

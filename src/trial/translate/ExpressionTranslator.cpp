@@ -15,6 +15,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// In characters.
+constexpr qint64 kMostComposed = 64 << 20;
+
 QString RealText(double value) {
     QString text = QString::number(value, 'g', 17);
     if (!text.contains(u'.') && !text.contains(u'e'))
@@ -110,12 +113,15 @@ Typed ExpressionTranslator::Constant(const Cell& value, const SqlType& type) {
         constant.sql = QString::number(*whole);
     } else if (const auto* real = std::get_if<double>(&value)) {
         constant.sql = RealText(*real);
-    } else if (std::holds_alternative<QByteArray>(value)) {
+    } else if (const auto* text = std::get_if<QByteArray>(&value)) {
         auto& known = mState.out.constants;
-        const auto found = std::find(known.begin(), known.end(), value);
-        constant.sql = u'?' + QString::number(mState.out.firstConstant + (found - known.begin()));
-        if (found == known.end())
+        const auto next = static_cast<int>(known.size());
+        int& number = mState.textNumbers[*text];
+        if (number == 0) {
             known.push_back(value);
+            number = mState.out.firstConstant + next;
+        }
+        constant.sql = u'?' + QString::number(number);
     }
     return constant;
 }
@@ -229,6 +235,10 @@ std::optional<Typed> ExpressionTranslator::Literal(const Expression& expression)
 
 Typed ExpressionTranslator::Translate(const Expression& expression) {
     Typed result = std::visit([this](const auto& node) { return Make(node); }, expression.node);
+    // What stands in a translation more than once, such as the value of a NULLIF, grows with every level.
+    mState.composed += result.sql.size();
+    if (mState.composed > kMostComposed)
+        throw ServerError(Fault::TooComplex);
     if (mScope && mScope->groupKeys.contains(result.sql))
         result.looseColumn.clear();
     return result;
@@ -282,7 +292,7 @@ Typed ExpressionTranslator::Make(const ArithmeticNode& arithmetic) {
     if (common.IsText()) {
         if (sign != u'+')
             throw ServerError(Fault::InvalidOperand, {common.Name(), OperatorName(sign)});
-        return Compose(u"("_s + left.sql + u" || "_s + right.sql + u')', SqlType::Text(), {&left, &right});
+        return Joined(left, right);
     }
     if (common.IsDate())
         return AddDates(sign, left, right);
@@ -306,6 +316,16 @@ Typed ExpressionTranslator::AddDates(QChar sign, const Typed& left, const Typed&
     const Typed b = MeetAs(right, SqlType::DateTime());
     return Compose(u"tv_datesum("_s + a.sql + (sign == u'+' ? u", 1, "_s : u", -1, "_s) + b.sql + u')',
                    SqlType::DateTime(), {&a, &b});
+}
+
+Typed ExpressionTranslator::Joined(const Typed& left, const Typed& right) {
+    SqlType type = CommonType(left.type, right.type);
+    type.length = SqlType::kUnbounded;
+    const QString terms = (left.terms.isEmpty() ? left.sql : left.terms) + u" || "_s + right.sql;
+    const QString cut = u"tv_cut("_s + terms + u", "_s + QString::number(type.MostCharacters()) + u')';
+    Typed result = Compose(cut, type, {&left, &right});
+    result.terms = terms;
+    return result;
 }
 
 Typed ExpressionTranslator::Calculate(QChar sign, const Typed& left, const Typed& right) {

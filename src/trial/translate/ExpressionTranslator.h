@@ -4,6 +4,8 @@
 #include "trial/translate/Translation.h"
 #include "tsql/SqlTree.h"
 
+#include <QHash>
+
 #include <initializer_list>
 #include <optional>
 #include <vector>
@@ -17,6 +19,10 @@ struct TranslationState {
     Translation& out;
     /// How many sources have got their alias.
     int aliases = 0;
+    /// The numbers of the statement's texts among its constants.
+    QHash<QByteArray, int> textNumbers = {};
+    /// Characters that were composed so far, those that were taken over from a part into the whole included.
+    qint64 composed = 0;
 };
 
 /// Turns expressions and conditions into SQLite's language, with the types, conversions and collation of the
@@ -93,6 +99,8 @@ class ExpressionTranslator {
     /// A whole number or a narrow decimal with so many decimals.
     Typed WithScale(const Typed& value, int scale);
     Typed AddDates(QChar sign, const Typed& left, const Typed& right);
+    /// Two texts, one behind the other.
+    static Typed Joined(const Typed& left, const Typed& right);
     Typed Calculate(QChar sign, const Typed& left, const Typed& right);
     /// With a result that is money or a decimal.
     Typed CalculateFixed(QChar sign, const Typed& left, const Typed& right, const SqlType& type);

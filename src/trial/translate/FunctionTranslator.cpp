@@ -32,7 +32,7 @@ const FunctionTranslator::Function* FunctionTranslator::Find(const QString& name
         Function{u"LOWER", 1, 1, &F::ChangeText},
         Function{u"LTRIM", 1, 1, &F::ChangeText},
         Function{u"RTRIM", 1, 1, &F::ChangeText},
-        Function{u"REPLACE", 3, 3, &F::ChangeText},
+        Function{u"REPLACE", 3, 3, &F::Replace},
         Function{u"REPLICATE", 2, 2, &F::Replicate},
         Function{u"ABS", 1, 1, &F::Abs},
         Function{u"ROUND", 2, 3, &F::Round},
@@ -100,11 +100,24 @@ Typed FunctionTranslator::Call(const QString& name, const SqlType& type,
     return ExpressionTranslator::Compose(name + u'(' + texts.join(u", "_s) + u')', type, arguments);
 }
 
+SqlType FunctionTranslator::MadeOf(const std::vector<Typed>& texts) {
+    const bool national = std::any_of(texts.begin(), texts.end(), [](const Typed& text) {
+        return text.type.kind == SqlType::Kind::NVarChar;
+    });
+    return {national ? SqlType::Kind::NVarChar : SqlType::Kind::VarChar, SqlType::kUnbounded, 0, 0};
+}
+
+Typed FunctionTranslator::Limit(const SqlType& text) {
+    return {QString::number(text.MostCharacters()), SqlType::Int()};
+}
+
 Typed FunctionTranslator::Concat(const CallNode& call) {
     std::vector<Typed> texts;
     for (size_t i = 0; i < call.arguments.size(); ++i)
         texts.push_back(TextArgument(call, i));
-    return Call(u"tv_concat"_s, SqlType::Text(), texts);
+    const SqlType type = MadeOf(texts);
+    texts.insert(texts.begin(), Limit(type));
+    return Call(u"tv_concat"_s, type, texts);
 }
 
 Typed FunctionTranslator::Coalesce(const CallNode& call) {
@@ -158,8 +171,19 @@ Typed FunctionTranslator::ChangeText(const CallNode& call) {
     return Call(u"tv_"_s + call.name.toLower(), SqlType::Text(), texts);
 }
 
+Typed FunctionTranslator::Replace(const CallNode& call) {
+    std::vector<Typed> texts;
+    for (size_t i = 0; i < call.arguments.size(); ++i)
+        texts.push_back(TextArgument(call, i));
+    const SqlType type = MadeOf(texts);
+    texts.push_back(Limit(type));
+    return Call(u"tv_replace"_s, type, texts);
+}
+
 Typed FunctionTranslator::Replicate(const CallNode& call) {
-    return Call(u"tv_replicate"_s, SqlType::Text(), {TextArgument(call, 0), WholeArgument(call, 1)});
+    const Typed text = TextArgument(call, 0);
+    const SqlType type = MadeOf({text});
+    return Call(u"tv_replicate"_s, type, {text, WholeArgument(call, 1), Limit(type)});
 }
 
 Typed FunctionTranslator::Abs(const CallNode& call) {
@@ -209,7 +233,10 @@ Typed FunctionTranslator::DatePart(const CallNode& call) {
 Typed FunctionTranslator::AggregateArgument(const CallNode& call) {
     if (!mExpressions.aggregatesAllowed)
         throw ServerError(Fault::AggregateInWhere);
+    mExpressions.sawAggregate = false;
     Typed value = Argument(call, 0);
+    if (mExpressions.sawAggregate)
+        throw ServerError(Fault::NestedAggregate);
     mExpressions.sawAggregate = true;
     value.looseColumn.clear();
     return value;

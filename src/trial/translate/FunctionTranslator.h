@@ -28,6 +28,7 @@ class FunctionTranslator {
     Typed GetDate(const CallNode& call);
     Typed SessionUser(const CallNode& call);
     Typed Len(const CallNode& call);
+    Typed Replace(const CallNode& call);
     Typed Part(const CallNode& call);
     Typed Substring(const CallNode& call);
     Typed ChangeText(const CallNode& call);
@@ -53,6 +54,10 @@ class FunctionTranslator {
     static Typed TypeArgument(const SqlType& type);
     /// The date part's name as the engine's functions know it, in quotes; raises 155.
     QString DatePartName(const CallNode& call) const;
+    /// The type of a text that is made of these: national where one of them is.
+    static SqlType MadeOf(const std::vector<Typed>& texts);
+    /// A number of characters as an argument.
+    static Typed Limit(const SqlType& text);
     /// "name(argument, argument …)".
     static Typed Call(const QString& name, const SqlType& type, const std::vector<Typed>& arguments);
 

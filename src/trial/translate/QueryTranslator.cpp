@@ -21,10 +21,11 @@ TranslatedQuery QueryTranslator::Translate(const Query& query, const ItemChange&
     TranslatedQuery result;
     for (size_t column = 0; column < cores.front().items.size(); ++column)
         result.columns.push_back(MeetInColumn(column, cores, change));
+    const QString order = TranslateOrder(query, cores, scope);
     QStringList texts;
     for (const Core& core : cores)
         texts << CoreText(core, cores.size() > 1);
-    result.sql = texts.join(u" UNION ALL "_s) + TranslateOrder(query, cores, scope);
+    result.sql = texts.join(u" UNION ALL "_s) + order;
     if (cores.size() == 1)
         result.sql += cores.front().limit;
     return result;
@@ -50,7 +51,10 @@ QString QueryTranslator::CoreText(const Core& core, bool inUnion) {
     ExpressionTranslator expressions(mState, nullptr);
     QStringList items;
     for (size_t i = 0; i < core.items.size(); ++i) {
-        const Typed& value = core.items[i].value;
+        Typed value = core.items[i].value;
+        // SQLite takes HAVING and an aggregate behind ORDER BY only where an item is an aggregate.
+        if (i == 0 && core.aggregateElsewhere)
+            value.sql = u"CASE WHEN count(*) >= 0 THEN "_s + value.sql + u" END"_s;
         items << (core.distinct ? expressions.Collated(value) : value.sql) + u" AS c"_s +
                      QString::number(i + 1);
     }
@@ -68,34 +72,59 @@ QueryTranslator::Core QueryTranslator::TranslateCore(const SelectCore& core, Sco
     ExpressionTranslator expressions(mState, &scope);
     if (core.where)
         result.rest += u" WHERE "_s + expressions.Translate(*core.where).sql;
-    QStringList keys;
-    for (const ExpressionPtr& key : core.groupBy) {
-        const Typed value = expressions.Translate(*key);
-        keys << expressions.Collated(value);
-        scope.groupKeys << value.sql;
-    }
+    const QStringList keys = TranslateKeys(core, scope, expressions);
     if (!keys.isEmpty())
         result.rest += u" GROUP BY "_s + keys.join(u", "_s);
     expressions.aggregatesAllowed = true;
     result.items = TranslateItems(core, scope, expressions);
-    QString loose;
+    const bool isAggregate = !keys.isEmpty() || expressions.sawAggregate;
     for (const Item& item : result.items)
-        loose = loose.isEmpty() ? item.value.looseColumn : loose;
+        result.looseItem = result.looseItem.isEmpty() ? item.value.looseColumn : result.looseItem;
+    QString loose = result.looseItem;
     if (core.having) {
         const Typed having = expressions.Translate(*core.having);
         result.rest += u" HAVING "_s + having.sql;
         loose = loose.isEmpty() ? having.looseColumn : loose;
     }
-    result.grouped = !keys.isEmpty() || core.having || expressions.sawAggregate;
+    result.grouped = isAggregate || core.having;
+    result.aggregateElsewhere = result.grouped && !isAggregate;
     if (!loose.isEmpty() && result.grouped)
         throw ServerError(Fault::NotGrouped, {loose});
-    if (core.top) {
-        ExpressionTranslator count(mState, nullptr);
-        const Typed top =
-            count.ConvertTo(count.Translate(*core.top), SqlType::BigInt(), ConversionPlace::Expression);
-        result.limit = u" LIMIT "_s + top.sql;
-    }
+    if (core.top)
+        result.limit = TranslateTop(*core.top);
     return result;
+}
+
+QStringList QueryTranslator::TranslateKeys(const SelectCore& core, Scope& scope,
+                                           ExpressionTranslator& expressions) {
+    QStringList keys;
+    QStringList columns;
+    for (const ExpressionPtr& key : core.groupBy) {
+        expressions.aggregatesAllowed = true;
+        const Typed value = expressions.Translate(*key);
+        if (expressions.sawAggregate)
+            throw ServerError(Fault::AggregateInGroupBy);
+        if (value.looseColumn.isEmpty())
+            throw ServerError(Fault::GroupByWithoutColumn);
+        keys << expressions.Collated(value);
+        columns << value.sql;
+    }
+    scope.groupKeys = columns;
+    return keys;
+}
+
+QString QueryTranslator::TranslateTop(const Expression& rows) {
+    ExpressionTranslator expressions(mState, nullptr);
+    const Typed value = expressions.Translate(rows);
+    const bool mayBeWhole = value.type.IsWhole() || value.type.IsText() ||
+                            (value.type.kind == SqlType::Kind::Decimal && value.type.scale == 0);
+    if (!mayBeWhole)
+        throw ServerError(Fault::InvalidTop);
+    const Typed top = expressions.ConvertTo(value, SqlType::BigInt(), ConversionPlace::Expression);
+    const auto* known = top.constant ? std::get_if<qint64>(&*top.constant) : nullptr;
+    if (known && *known < 0)
+        throw ServerError(Fault::NegativeTop);
+    return u" LIMIT "_s + (known ? top.sql : u"tv_top("_s + top.sql + u')');
 }
 
 QString QueryTranslator::TranslateSources(const SelectCore& core, Scope& scope) {
@@ -173,17 +202,18 @@ QueryTranslator::Item QueryTranslator::TranslateItem(const SelectedValue& item,
     return result;
 }
 
-QString QueryTranslator::TranslateOrder(const Query& query, const std::vector<Core>& cores,
-                                        const Scope& scope) {
+QString QueryTranslator::TranslateOrder(const Query& query, std::vector<Core>& cores, const Scope& scope) {
     QStringList keys;
-    for (const OrderItem& item : query.orderBy)
-        keys << TranslateOrderItem(item, cores, scope) + (item.descending ? u" DESC"_s : QString());
+    for (const OrderItem& item : query.orderBy) {
+        const auto place = static_cast<size_t>(keys.size()) + 1;
+        keys << TranslateOrderItem(*item.value, place, cores, scope) +
+                    (item.descending ? u" DESC"_s : QString());
+    }
     return keys.isEmpty() ? QString() : u" ORDER BY "_s + keys.join(u", "_s);
 }
 
-QString QueryTranslator::TranslateOrderItem(const OrderItem& order, const std::vector<Core>& cores,
+QString QueryTranslator::TranslateOrderItem(const Expression& value, size_t place, std::vector<Core>& cores,
                                             const Scope& scope) {
-    const Expression& value = *order.value;
     const auto& items = cores.front().items;
     const auto byPosition = [&](size_t column) {
         Typed key = items[column].value;
@@ -202,6 +232,8 @@ QString QueryTranslator::TranslateOrderItem(const OrderItem& order, const std::v
             throw ServerError(Fault::OrderPosition, {number->written});
         return byPosition(position - 1);
     }
+    if (ExpressionTranslator::Literal(value))
+        throw ServerError(Fault::ConstantInOrder, {QString::number(place)});
     if (cores.size() > 1)
         throw ServerError(Fault::OrderInUnion);
     ExpressionTranslator expressions(mState, &scope);
@@ -211,7 +243,13 @@ QString QueryTranslator::TranslateOrderItem(const OrderItem& order, const std::v
         std::any_of(items.begin(), items.end(), [&](const Item& item) { return item.value.sql == key.sql; });
     if (cores.front().distinct && !selected)
         throw ServerError(Fault::OrderNotSelected);
-    if (cores.front().grouped && !key.looseColumn.isEmpty())
+    Core& core = cores.front();
+    if (expressions.sawAggregate && !core.grouped) {
+        if (!core.looseItem.isEmpty())
+            throw ServerError(Fault::NotGrouped, {core.looseItem});
+        core.grouped = core.aggregateElsewhere = true;
+    }
+    if (core.grouped && !key.looseColumn.isEmpty())
         throw ServerError(Fault::OrderNotGrouped, {key.looseColumn});
     return expressions.Collated(key);
 }

@@ -36,6 +36,10 @@ class QueryTranslator {
         bool distinct = false;
         /// With GROUP BY or an aggregate: each row stands for several.
         bool grouped = false;
+        /// One row stands for all, and no item says so to SQLite.
+        bool aggregateElsewhere = false;
+        /// A column of the items that stands outside of every aggregate and GROUP BY key; empty for none.
+        QString looseItem;
         std::vector<Item> items;
         /// From FROM to HAVING.
         QString rest;
@@ -45,6 +49,8 @@ class QueryTranslator {
     Core TranslateCore(const SelectCore& core, Scope& scope);
     /// Brings the items that stand in one column of all cores to one type.
     ResultColumn MeetInColumn(size_t column, std::vector<Core>& cores, const ItemChange& change);
+    static QStringList TranslateKeys(const SelectCore& core, Scope& scope, ExpressionTranslator& expressions);
+    QString TranslateTop(const Expression& rows);
     QString CoreText(const Core& core, bool inUnion);
     QString TranslateSources(const SelectCore& core, Scope& scope);
     QString AddDerivedTable(Scope& scope, const Query& rows, const QString& alias);
@@ -52,8 +58,10 @@ class QueryTranslator {
                                      ExpressionTranslator& expressions);
     void AddStar(std::vector<Item>& items, const SelectedStar& star, const Scope& scope) const;
     static Item TranslateItem(const SelectedValue& item, ExpressionTranslator& expressions);
-    QString TranslateOrder(const Query& query, const std::vector<Core>& cores, const Scope& scope);
-    QString TranslateOrderItem(const OrderItem& order, const std::vector<Core>& cores, const Scope& scope);
+    /// May find that the aggregate of the only core stands behind ORDER BY.
+    QString TranslateOrder(const Query& query, std::vector<Core>& cores, const Scope& scope);
+    QString TranslateOrderItem(const Expression& value, size_t place, std::vector<Core>& cores,
+                               const Scope& scope);
     QString NewAlias() { return u't' + QString::number(++mState.aliases); }
 
     TranslationState& mState;

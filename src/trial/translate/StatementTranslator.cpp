@@ -29,6 +29,8 @@ StatementTranslator::StatementTranslator(const Catalog& catalog, QString databas
 
 Translation StatementTranslator::Translate(const Statement& statement) {
     mOut = Translation();
+    mState.textNumbers.clear();
+    mState.composed = 0;
     mOut.firstConstant = static_cast<int>(mParameters.size()) + 2;
     std::visit([this](const auto& kind) { Make(kind); }, statement);
     return std::move(mOut);
@@ -197,6 +199,7 @@ void StatementTranslator::Make(const UpdateStatement& update) {
     const QString target = QueryTranslator(mState, nullptr).AddTable(scope, update.table, {});
     ExpressionTranslator expressions(mState, &scope);
     QStringList assignments;
+    UpdateParts parts{&table, scope.Sources().front().alias, {}, {}};
     std::vector<Target> written;
     for (const Assignment& assignment : update.assignments) {
         const Target column = table.Find(assignment.column);
@@ -209,10 +212,12 @@ void StatementTranslator::Make(const UpdateStatement& update) {
         written.push_back(column);
         const Typed value = Assigned(expressions, expressions.Translate(*assignment.value), column);
         assignments << QuotedName(column->name) + u" = "_s + value.sql;
+        parts.assigned.emplace_back(column, value.sql);
     }
+    parts.where = WhereText(update.where, scope);
     mOut.writes = true;
-    mOut.sql =
-        u"UPDATE "_s + target + u" SET "_s + assignments.join(u", "_s) + WhereText(update.where, scope);
+    mOut.sql = u"UPDATE "_s + target + u" SET "_s + assignments.join(u", "_s) + parts.where;
+    mOut.update = std::move(parts);
 }
 
 void StatementTranslator::Make(const DeleteStatement& erase) {

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "text/RunTimeError.h"
+#include "tsql/Catalog.h"
 #include "tsql/Convert.h"
 #include "tsql/SqlType.h"
 
 #include <QString>
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 /// One column of a result: its name as the server gives it and its declared type.
@@ -20,6 +22,17 @@ struct DeclaredParameter {
     /// With "@".
     QString name;
     SqlType type;
+};
+
+/// An UPDATE in pieces.
+struct UpdateParts {
+    /// Of the catalog.
+    const Table* table = nullptr;
+    QString alias;
+    /// The columns that it writes, with their new values.
+    std::vector<std::pair<const ColumnDefinition*, QString>> assigned;
+    /// With its blank and keyword in front; empty for all rows.
+    QString where;
 };
 
 /// A statement of the server's language as SQLite runs it.
@@ -36,6 +49,8 @@ struct Translation {
     std::optional<RunTimeError> refusal = {};
     /// The number of the parameter that gets the present time; 0 for a statement without GETDATE().
     int clock = 0;
+    /// Set for an UPDATE.
+    std::optional<UpdateParts> update = {};
     /// The rows of an INSERT that holds literals only: the statement runs once for each, with the row's
     /// values as parameters from 1.
     std::vector<std::vector<Cell>> rows;
