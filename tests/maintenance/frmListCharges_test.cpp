@@ -1,6 +1,7 @@
 #include "maintenance/ListChargesGround.h"
 #include "patients/commands.h"
 #include "patients/frmSearchPatient.h"
+#include "reports/Reports.h"
 #include "support/FakeWorkspace.h"
 #include "support/slip/SlipPrint.h"
 #include "toolkit/ListView.h"

@@ -1,5 +1,7 @@
+#include "components/ReportConnector.h"
 #include "maintenance/ReprintGround.h"
 #include "reports/commands.h"
+#include "reports/Reports.h"
 #include "support/slip/SlipPrint.h"
 #include "toolkit/ProgramFiles.h"
 
