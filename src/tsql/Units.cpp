@@ -160,7 +160,7 @@ Units CutBehind(Units units, int scale, int kept) {
     if (scale - kept > kMostDigits)
         return 0;
     const auto power = static_cast<Units>(Power(scale - kept));
-    return units / power * power;
+    return units - units % power;
 }
 
 std::optional<Units> Product(Units a, Units b, int dropped) {
