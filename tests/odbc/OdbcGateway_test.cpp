@@ -2,14 +2,10 @@
 #include "odbc/OdbcError.h"
 #include "odbc/OdbcGateway.h"
 #include "odbc/OdbcServer.h"
-#include "support/process/ChildProcess.h"
-
-#include <QFile>
 
 #include <arpa/inet.h>
 #include <future>
 #include <netinet/in.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <thread>
 #include <unistd.h>
@@ -30,16 +26,6 @@ void AnswerLines(TdsAnswer& answer, int lines) {
 constexpr int kSeveralPackets = 5000;
 /// Seconds for a command that is to come to its end however busy the machine is.
 constexpr int kPatient = 120;
-
-/// Leaves this process so much more memory than it has, in bytes.
-void LeaveMemory(rlim_t bytes) {
-    QFile sizes(u"/proc/self/statm"_s);
-    sizes.open(QIODevice::ReadOnly);
-    const rlim_t pages = sizes.readAll().split(' ')[0].toULong();
-    const rlim_t most = pages * rlim_t(sysconf(_SC_PAGESIZE)) + bytes;
-    const rlimit limit{most, most};
-    setrlimit(RLIMIT_AS, &limit);
-}
 
 } // namespace
 
@@ -70,21 +56,6 @@ TEST_F(OdbcGatewayTest, LongTextReachesTheServerWhole) {
     const QString command = u"spX '"_s + QString(100000, u'ñ') + u'\'';
     mGateway->ExecuteNoResult(command);
     EXPECT_EQ(mServer.Batches(), QStringList{command});
-}
-
-TEST_F(OdbcGatewayTest, RowsThatNoMemoryHoldsAreAFailureOfTheCommand) {
-    if (!QByteArrayView(TARVEN_SANITIZE).isEmpty())
-        GTEST_SKIP() << "the sanitizers need more memory than a process may be left with";
-    constexpr int kManyLines = 2'000'000;
-    AnswerWith([](const QString&, TdsAnswer& answer) { AnswerLines(answer, kManyLines); });
-    const int code = RunInChild([this] {
-        const auto gateway = Connect();
-        gateway->SetCommandTimeout(kPatient);
-        LeaveMemory(rlim_t(32) << 20);
-        const int number = FailureOf(*gateway, u"anything"_s).number;
-        return number == 701 ? 0 : number == 0 ? 1 : 2;
-    });
-    EXPECT_EQ(code, 0);
 }
 
 TEST_F(OdbcGatewayTest, OneCommandIsOneRoundTrip) {
