@@ -93,7 +93,6 @@ void LeaveBesideAReport(Driver& clerk) {
         [] { QMetaObject::invokeMethod(&VisibleControl(u"cmdView"_s), "click", Qt::QueuedConnection); });
     clerk.WaitFor([] { return QFile::exists(ProgramDirectory() + u"/silent"_s); },
                   u"nobody waits for the report's rows"_s);
-    clerk.WaitFor([] { return VisibleControl(u"CRViewer1"_s).isVisible(); }, u"the viewer"_s);
     Tell(u"leaving"_s);
     std::fflush(stdout);
     // Gives up the rows, which the viewer does not wait for.
