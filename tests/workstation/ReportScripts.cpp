@@ -1,5 +1,6 @@
 #include "workstation/ReportScripts.h"
 
+#include "report/viewer/ReportViewer.h"
 #include "toolkit/ProgramFiles.h"
 #include "workstation/ClerkKeys.h"
 
@@ -87,13 +88,15 @@ void LeaveBesideAReport(Driver& clerk) {
     SignOn(clerk);
     clerk.ChooseMenu(u"mnuReportAudit"_s);
     clerk.ExpectFocus(u"dtpStartDate"_s);
-    clerk.TabTo(u"cmdView"_s);
-    clerk.Press(Qt::Key_Return);
-    clerk.ExpectScreen(u"frmReportviewer"_s);
+    // The driver's own keys wait for the end of a report's work, which does not come here.
+    clerk.OnScreen(
+        [] { QMetaObject::invokeMethod(&VisibleControl(u"cmdView"_s), "click", Qt::QueuedConnection); });
     clerk.WaitFor([] { return QFile::exists(ProgramDirectory() + u"/silent"_s); },
                   u"nobody waits for the report's rows"_s);
     Tell(u"leaving"_s);
     std::fflush(stdout);
+    // Gives up the rows, which the viewer does not wait for.
+    clerk.OnScreen([] { dynamic_cast<ReportViewer&>(VisibleControl(u"CRViewer1"_s)).StopWork(); });
     clerk.Press(Qt::Key_W, Qt::ControlModifier);
     clerk.ExpectNoScreen(u"frmReportviewer"_s);
     clerk.ChooseMenu(u"mnuExit"_s);
