@@ -249,6 +249,29 @@ TEST_F(KeptCommandsTest, WhatALiteralDecidesIsKeptForThatLiteralAlone) {
     EXPECT_EQ(Rows(date(120)), QStringList{u"2026-11-20 00:00:00"_s});
 }
 
+TEST_F(KeptCommandsTest, TheNumberBehindTopIsPartOfTheStatement) {
+    EXPECT_EQ(PreparedBy({u"select top 2 HospNum from Clinical_Area..tbPatient"_s,
+                          u"select top 3 HospNum from Clinical_Area..tbPatient"_s}),
+              2);
+}
+
+TEST_F(KeptCommandsTest, ExpressionsThatAreComparedKeepTheirLiterals) {
+    EXPECT_EQ(
+        Rows(u"select left(LastName, 2), count(*) from Clinical_Area..tbPatient group by left(LastName, 2) "
+             "order by left(LastName, 2)"_s),
+        (QStringList{u"DE|2"_s, u"NU|2"_s, u"NU|1"_s, u"O'|1"_s}));
+    EXPECT_EQ(
+        Rows(u"select distinct left(LastName, 3) from Clinical_Area..tbPatient where LastName < 'E' order by "
+             "left(LastName, 3)"_s),
+        QStringList{u"DEL"_s});
+}
+
+TEST_F(KeptCommandsTest, ManyRowsAreNotKept) {
+    const QString rows = u"insert BILLING..tbCharge values (%1, 'a'), (%2, 'b')"_s;
+    Gateway().ExecuteNoResult(u"delete Clinical_Area..tbPrint"_s);
+    EXPECT_EQ(PreparedBy({rows.arg(20).arg(21), rows.arg(22).arg(23)}), 0);
+}
+
 TEST_F(KeptCommandsTest, NoMoreThanSoManyAreKept) {
     QStringList texts;
     for (int i = 0; i < 500; ++i)
