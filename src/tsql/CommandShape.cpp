@@ -8,8 +8,8 @@
 namespace {
 
 constexpr qsizetype kMostLiterals = 100;
-constexpr int kLongestText = 8000;
-constexpr int kLongestNationalText = 4000;
+constexpr int kMostInText = 8000;
+constexpr int kMostInNationalText = 4000;
 
 /// Whether it is a literal that may be another one without anything else being so. 0 and 1 are flags mostly,
 /// and SQLite plans by them; a number that is too large is an error of its own, behind those of the syntax.
@@ -68,6 +68,6 @@ QString CommandShape::KeyWith(const std::set<int>& literals) const {
 
 SqlType TextLiteralType(const QString& text, bool national) {
     const auto kind = national ? SqlType::Kind::NVarChar : SqlType::Kind::VarChar;
-    const int most = national ? kLongestNationalText : kLongestText;
+    const int most = national ? kMostInNationalText : kMostInText;
     return {kind, text.size() > most ? SqlType::kUnbounded : most, 0, 0};
 }

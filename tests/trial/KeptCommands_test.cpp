@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Literals of every type and of every kind of mistake, as they are written into a command.
-QStringList Literals() {
+QStringList LiteralTexts() {
     return {u"'1001'"_s,
             u"'1002'"_s,
             u"''"_s,
@@ -50,19 +50,19 @@ QStringList Literals() {
 
 /// The template with a literal in its first place, and others in the next ones.
 QString Filled(const QString& form, qsizetype number) {
-    const QStringList literals = Literals();
+    const QStringList literals = LiteralTexts();
     QString text = form;
     for (qsizetype place = 0; text.contains(u"{}"_s); ++place)
         text.replace(text.indexOf(u"{}"_s), 2, literals[(number + 7 * place) % literals.size()]);
     return text;
 }
 
-struct Form {
+struct TextForm {
     std::string name;
     QString text;
 };
 
-class KeptForm : public testing::TestWithParam<Form> {};
+class KeptForm : public testing::TestWithParam<TextForm> {};
 
 class KeptCommandsTest : public testing::Test {
   protected:
@@ -83,7 +83,7 @@ class KeptCommandsTest : public testing::Test {
 };
 
 const QString kNames = u"select HospNum, LastName from Clinical_Area..tbPatient "_s;
-const QString kInsertCharge =
+const QString kIntoCharge =
     u"insert into Clinical_Area..tbCharge (HospNum, Quantity, Amount, ChargeDate) values "_s;
 
 } // namespace
@@ -92,127 +92,141 @@ TEST_P(KeptForm, AnswersAsIfItWereReadAnew) {
     const auto clock = FixedClock(*DateTime::FromFields({2026, 11, 21, 14, 2, 3}));
     const SmallHospital hospital;
     BothRoads roads(hospital.Path());
-    for (qsizetype number = 0; number < Literals().size(); ++number)
+    for (qsizetype number = 0; number < LiteralTexts().size(); ++number)
         EXPECT_TRUE(roads.Agree(Filled(GetParam().text, number)));
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Statements, KeptForm,
     testing::Values(
-        Form{"TextKey", kNames + u"where HospNum = {}"_s},
-        Form{"BothSides", kNames + u"where {} = HospNum and {} < LastName"_s},
-        Form{"Range", kNames + u"where LastName >= {} and LastName <= {} order by LastName"_s},
-        Form{"Like", kNames + u"where LastName like {}"_s}, Form{"Flag", kNames + u"where Active = {}"_s},
-        Form{"Date", kNames + u"where BirthDate < {} or BirthDate between {} and '1971-01-02'"_s},
-        Form{"Moment", u"select ChargeID from Clinical_Area..tbCharge where ChargeDate >= {}"_s},
-        Form{"Money", u"select ChargeID from Clinical_Area..tbCharge where Amount >= {}"_s},
-        Form{"Decimal", u"select ChargeID from Clinical_Area..tbCharge where Rate <> {}"_s},
-        Form{"Float", u"select ChargeID from Clinical_Area..tbCharge where Ratio < {}"_s},
-        Form{"Int", u"select ChargeID from Clinical_Area..tbCharge where Quantity not in (1, {}, {})"_s},
-        Form{"Value", u"select {}, {} as x"_s}, Form{"Sum", u"select {} + 1, {} - 2.5"_s},
-        Form{"Product", u"select 1.5 * {}"_s}, Form{"Quotient", u"select 7 / {}, 7.00 / {}"_s},
-        Form{"QuotientOf", u"select {} / 2"_s}, Form{"Negative", u"select -({}), - {}"_s},
-        Form{"Joined", u"select 'a' + {} + LastName from Clinical_Area..tbPatient"_s},
-        Form{"CastInt", u"select cast({} as int)"_s}, Form{"CastBigInt", u"select cast({} as bigint)"_s},
-        Form{"CastBit", u"select cast({} as bit)"_s}, Form{"CastMoney", u"select cast({} as money)"_s},
-        Form{"CastDecimal", u"select cast({} as decimal(5,2))"_s},
-        Form{"CastFloat", u"select cast({} as float)"_s}, Form{"CastDate", u"select cast({} as date)"_s},
-        Form{"CastMoment", u"select cast({} as datetime), convert(varchar(30), cast({} as datetime), 120)"_s},
-        Form{"CastText", u"select cast({} as varchar(3)), cast({} as char(5)), cast({} as nvarchar(50))"_s},
-        Form{"Style", u"select convert(varchar(30), ChargeDate, {}) from Clinical_Area..tbCharge"_s},
-        Form{"Length", u"select cast('12345' as varchar({}))"_s},
-        Form{"Scale", u"select cast(1.23456 as decimal(9, {}))"_s},
-        Form{"Concat", u"select concat({}, '|', {}), len({}), upper({}), rtrim({})"_s},
-        Form{"Part", u"select left({}, 2), right({}, 3), substring({}, 2, 3)"_s},
-        Form{"PartLength", u"select left(LastName, {}) from Clinical_Area..tbPatient"_s},
-        Form{"Replace", u"select replace(LastName, {}, {}) from Clinical_Area..tbPatient"_s},
-        Form{"Replicate", u"select len(replicate('x', {}))"_s},
-        Form{"Round", u"select round({}, 1), abs({}), round(12.3456, {})"_s},
-        Form{"DateAdd", u"select dateadd(day, {}, '2026-01-31'), dateadd(month, 1, {})"_s},
-        Form{"DateDiff", u"select datediff(day, {}, '2026-12-31'), year({})"_s},
-        Form{"Coalesce",
-             u"select coalesce(FirstName, {}), nullif(LastName, {}) from Clinical_Area..tbPatient"_s},
-        Form{"CaseOfConditions",
-             u"select case when Quantity = {} then {} else Remark end from Clinical_Area..tbCharge"_s},
-        Form{
+        TextForm{"TextKey", kNames + u"where HospNum = {}"_s},
+        TextForm{"BothSides", kNames + u"where {} = HospNum and {} < LastName"_s},
+        TextForm{"Range", kNames + u"where LastName >= {} and LastName <= {} order by LastName"_s},
+        TextForm{"Like", kNames + u"where LastName like {}"_s},
+        TextForm{"Flag", kNames + u"where Active = {}"_s},
+        TextForm{"Date", kNames + u"where BirthDate < {} or BirthDate between {} and '1971-01-02'"_s},
+        TextForm{"Moment", u"select ChargeID from Clinical_Area..tbCharge where ChargeDate >= {}"_s},
+        TextForm{"Money", u"select ChargeID from Clinical_Area..tbCharge where Amount >= {}"_s},
+        TextForm{"Decimal", u"select ChargeID from Clinical_Area..tbCharge where Rate <> {}"_s},
+        TextForm{"Float", u"select ChargeID from Clinical_Area..tbCharge where Ratio < {}"_s},
+        TextForm{"Int", u"select ChargeID from Clinical_Area..tbCharge where Quantity not in (1, {}, {})"_s},
+        TextForm{"Value", u"select {}, {} as x"_s}, TextForm{"Sum", u"select {} + 1, {} - 2.5"_s},
+        TextForm{"Product", u"select 1.5 * {}"_s}, TextForm{"Quotient", u"select 7 / {}, 7.00 / {}"_s},
+        TextForm{"QuotientOf", u"select {} / 2"_s}, TextForm{"Negative", u"select -({}), - {}"_s},
+        TextForm{"Joined", u"select 'a' + {} + LastName from Clinical_Area..tbPatient"_s},
+        TextForm{"CastInt", u"select cast({} as int)"_s},
+        TextForm{"CastBigInt", u"select cast({} as bigint)"_s},
+        TextForm{"CastBit", u"select cast({} as bit)"_s},
+        TextForm{"CastMoney", u"select cast({} as money)"_s},
+        TextForm{"CastDecimal", u"select cast({} as decimal(5,2))"_s},
+        TextForm{"CastFloat", u"select cast({} as float)"_s},
+        TextForm{"CastDate", u"select cast({} as date)"_s},
+        TextForm{"CastMoment",
+                 u"select cast({} as datetime), convert(varchar(30), cast({} as datetime), 120)"_s},
+        TextForm{"CastText",
+                 u"select cast({} as varchar(3)), cast({} as char(5)), cast({} as nvarchar(50))"_s},
+        TextForm{"Style", u"select convert(varchar(30), ChargeDate, {}) from Clinical_Area..tbCharge"_s},
+        TextForm{"Length", u"select cast('12345' as varchar({}))"_s},
+        TextForm{"Scale", u"select cast(1.23456 as decimal(9, {}))"_s},
+        TextForm{"Concat", u"select concat({}, '|', {}), len({}), upper({}), rtrim({})"_s},
+        TextForm{"Part", u"select left({}, 2), right({}, 3), substring({}, 2, 3)"_s},
+        TextForm{"PartLength", u"select left(LastName, {}) from Clinical_Area..tbPatient"_s},
+        TextForm{"Replace", u"select replace(LastName, {}, {}) from Clinical_Area..tbPatient"_s},
+        TextForm{"Replicate", u"select len(replicate('x', {}))"_s},
+        TextForm{"Round", u"select round({}, 1), abs({}), round(12.3456, {})"_s},
+        TextForm{"DateAdd", u"select dateadd(day, {}, '2026-01-31'), dateadd(month, 1, {})"_s},
+        TextForm{"DateDiff", u"select datediff(day, {}, '2026-12-31'), year({})"_s},
+        TextForm{"Coalesce",
+                 u"select coalesce(FirstName, {}), nullif(LastName, {}) from Clinical_Area..tbPatient"_s},
+        TextForm{"CaseOfConditions",
+                 u"select case when Quantity = {} then {} else Remark end from Clinical_Area..tbCharge"_s},
+        TextForm{
             "CaseOfValues",
             u"select case {} when 'a' then 1 when {} then 2 else 3 end, case HospNum when {} then 'x' end from "
             "Clinical_Area..tbCharge"_s},
-        Form{"Top", u"select top {} HospNum from Clinical_Area..tbPatient order by HospNum"_s},
-        Form{"TopInParentheses", u"select top ({}) HospNum from Clinical_Area..tbPatient order by HospNum"_s},
-        Form{"OrderPosition", kNames + u"order by {}"_s},
-        Form{"OrderExpression", kNames + u"order by left(LastName, {}), HospNum"_s},
-        Form{"Alias", u"select HospNum as {} from Clinical_Area..tbPatient"_s},
-        Form{"Distinct", u"select distinct left(LastName, {}) from Clinical_Area..tbPatient order by "
-                         "left(LastName, {})"_s},
-        Form{"GroupedAlike", u"select left(LastName, {}), count(*) from Clinical_Area..tbPatient group by "
+        TextForm{"Top", u"select top {} HospNum from Clinical_Area..tbPatient order by HospNum"_s},
+        TextForm{"TopInParentheses",
+                 u"select top ({}) HospNum from Clinical_Area..tbPatient order by HospNum"_s},
+        TextForm{"OrderPosition", kNames + u"order by {}"_s},
+        TextForm{"OrderExpression", kNames + u"order by left(LastName, {}), HospNum"_s},
+        TextForm{"Alias", u"select HospNum as {} from Clinical_Area..tbPatient"_s},
+        TextForm{"Distinct", u"select distinct left(LastName, {}) from Clinical_Area..tbPatient order by "
                              "left(LastName, {})"_s},
-        Form{"Having", u"select Quantity, sum(Amount) from Clinical_Area..tbCharge group by Quantity having "
-                       "sum(Amount) > {}"_s},
-        Form{"Sums", u"select sum(Amount * {}), count({}), max({}), avg({}) from Clinical_Area..tbCharge"_s},
-        Form{"UnionColumn", u"select {} union all select {} union all select LastName from "
-                            "Clinical_Area..tbPatient"_s},
-        Form{"DerivedTable", u"select x.a from (select {} as a union all select HospNum from "
-                             "Clinical_Area..tbPatient) as x where x.a <> {}"_s},
-        Form{"Subquery",
-             u"select (select max(Quantity) from Clinical_Area..tbCharge where HospNum = {}), {}"_s},
-        Form{"InQuery", kNames + u"where {} in (select Quantity from Clinical_Area..tbCharge)"_s},
-        Form{"Exists", kNames + u"where exists (select 1 from Clinical_Area..tbCharge as c where c.HospNum = "
-                                "tbPatient.HospNum and c.Remark <> {})"_s},
-        Form{"JoinCondition", u"select p.HospNum from Clinical_Area..tbPatient as p left join "
-                              "Clinical_Area..tbCharge as c on c.HospNum = p.HospNum and c.Quantity > {}"_s},
-        Form{"UnknownColumn", u"select {} from Clinical_Area..tbPatient where Nobody = {}"_s},
-        Form{"UnknownTable", u"select cast({} as int) from Clinical_Area..tbNobody"_s},
-        Form{"TwoStatements", u"select {}; select {}"_s}, Form{"NoStatement", u"selec {}"_s},
-        Form{"OpenQuote", u"select {}, 'x"_s}, Form{"Parameter", u"select @x where 1 = {}"_s}),
+        TextForm{"GroupedAlike",
+                 u"select left(LastName, {}), count(*) from Clinical_Area..tbPatient group by "
+                 "left(LastName, {})"_s},
+        TextForm{"Having",
+                 u"select Quantity, sum(Amount) from Clinical_Area..tbCharge group by Quantity having "
+                 "sum(Amount) > {}"_s},
+        TextForm{"Sums",
+                 u"select sum(Amount * {}), count({}), max({}), avg({}) from Clinical_Area..tbCharge"_s},
+        TextForm{"UnionColumn", u"select {} union all select {} union all select LastName from "
+                                "Clinical_Area..tbPatient"_s},
+        TextForm{"DerivedTable", u"select x.a from (select {} as a union all select HospNum from "
+                                 "Clinical_Area..tbPatient) as x where x.a <> {}"_s},
+        TextForm{"Subquery",
+                 u"select (select max(Quantity) from Clinical_Area..tbCharge where HospNum = {}), {}"_s},
+        TextForm{"InQuery", kNames + u"where {} in (select Quantity from Clinical_Area..tbCharge)"_s},
+        TextForm{"Exists", kNames +
+                               u"where exists (select 1 from Clinical_Area..tbCharge as c where c.HospNum = "
+                               "tbPatient.HospNum and c.Remark <> {})"_s},
+        TextForm{"JoinCondition",
+                 u"select p.HospNum from Clinical_Area..tbPatient as p left join "
+                 "Clinical_Area..tbCharge as c on c.HospNum = p.HospNum and c.Quantity > {}"_s},
+        TextForm{"UnknownColumn", u"select {} from Clinical_Area..tbPatient where Nobody = {}"_s},
+        TextForm{"UnknownTable", u"select cast({} as int) from Clinical_Area..tbNobody"_s},
+        TextForm{"TwoStatements", u"select {}; select {}"_s}, TextForm{"NoStatement", u"selec {}"_s},
+        TextForm{"OpenQuote", u"select {}, 'x"_s}, TextForm{"Parameter", u"select @x where 1 = {}"_s}),
     CaseName());
 
 INSTANTIATE_TEST_SUITE_P(
     Writing, KeptForm,
     testing::Values(
-        Form{"InsertNumber", u"insert into BILLING..tbCharge (Number, Code) values ({}, 'a')"_s},
-        Form{"InsertText", u"insert into Clinical_Area..tbPrint values ({})"_s},
-        Form{"InsertQuantity", kInsertCharge + u"('1009', {}, 2, '2026-01-01')"_s},
-        Form{"InsertAmount", kInsertCharge + u"('1009', 1, {}, {})"_s},
-        Form{"InsertRows", u"insert into BILLING..tbCharge (Number, Code) values ({}, {}), (77, 'b')"_s},
-        Form{"InsertExpression", u"insert into BILLING..tbCharge (Number, Code) values (1 + {}, {})"_s},
-        Form{"InsertTooFew", u"insert into BILLING..tbCharge (Number, Code) values ({})"_s},
-        Form{"InsertQuery", u"insert into Clinical_Area..tbCharge (HospNum, Quantity, Amount, ChargeDate) "
-                            "select HospNum, {}, {}, getdate() from Clinical_Area..tbPatient where HospNum = "
-                            "'1001'"_s},
-        Form{"UpdateText", u"update Clinical_Area..tbPatient set FirstName = {} where HospNum = '1002'"_s},
-        Form{
+        TextForm{"InsertNumber", u"insert into BILLING..tbCharge (Number, Code) values ({}, 'a')"_s},
+        TextForm{"InsertText", u"insert into Clinical_Area..tbPrint values ({})"_s},
+        TextForm{"InsertQuantity", kIntoCharge + u"('1009', {}, 2, '2026-01-01')"_s},
+        TextForm{"InsertAmount", kIntoCharge + u"('1009', 1, {}, {})"_s},
+        TextForm{"InsertRows", u"insert into BILLING..tbCharge (Number, Code) values ({}, {}), (77, 'b')"_s},
+        TextForm{"InsertExpression", u"insert into BILLING..tbCharge (Number, Code) values (1 + {}, {})"_s},
+        TextForm{"InsertTooFew", u"insert into BILLING..tbCharge (Number, Code) values ({})"_s},
+        TextForm{"InsertQuery",
+                 u"insert into Clinical_Area..tbCharge (HospNum, Quantity, Amount, ChargeDate) "
+                 "select HospNum, {}, {}, getdate() from Clinical_Area..tbPatient where HospNum = "
+                 "'1001'"_s},
+        TextForm{"UpdateText",
+                 u"update Clinical_Area..tbPatient set FirstName = {} where HospNum = '1002'"_s},
+        TextForm{
             "UpdateNumbers",
             u"update Clinical_Area..tbCharge set Quantity = {}, Amount = {}, Rate = {} where HospNum = {}"_s},
-        Form{"UpdateSum", u"update Clinical_Area..tbCharge set Rate = Rate + {}, Amount = Amount * {}"_s},
-        Form{"UpdateDate", u"update Clinical_Area..tbPatient set BirthDate = {} where BirthDate = {}"_s},
-        Form{"UpdateKey", u"update Clinical_Area..tbPatient set HospNum = {}"_s},
-        Form{"Delete", u"delete Clinical_Area..tbPatient where LastName = {} or FirstName like {}"_s}),
+        TextForm{"UpdateSum", u"update Clinical_Area..tbCharge set Rate = Rate + {}, Amount = Amount * {}"_s},
+        TextForm{"UpdateDate", u"update Clinical_Area..tbPatient set BirthDate = {} where BirthDate = {}"_s},
+        TextForm{"UpdateKey", u"update Clinical_Area..tbPatient set HospNum = {}"_s},
+        TextForm{"Delete", u"delete Clinical_Area..tbPatient where LastName = {} or FirstName like {}"_s}),
     CaseName());
 
 INSTANTIATE_TEST_SUITE_P(
     Calls, KeptForm,
-    testing::Values(Form{"Search", u"Clinical_Area..spGetPatient {}"_s},
-                    Form{"EveryType", u"Clinical_Area..spEcho {}, {}, {}, {}, {}, {}, {}, {}"_s},
-                    Form{"Text", u"exec Clinical_Area.dbo.spEcho @Text = {}"_s},
-                    Form{"Number", u"Clinical_Area..spEcho @Number = {}"_s},
-                    Form{"Money", u"Clinical_Area..spEcho @Amount = {}"_s},
-                    Form{"Moment", u"Clinical_Area..spEcho @Moment = {}"_s},
-                    Form{"Float", u"Clinical_Area..spEcho @Real = {}"_s},
-                    Form{"Flag", u"Clinical_Area..spEcho @Flag = {}"_s},
-                    Form{"Day", u"Clinical_Area..spEcho @Day = {}"_s},
-                    Form{"Decimal", u"Clinical_Area..spEcho @Rate = {}"_s},
-                    Form{"NamedInAnotherOrder",
-                         u"Clinical_Area..spEcho @Rate = {}, @Moment = {}, @Number = {}"_s},
-                    Form{"BareWord", u"Clinical_Area..spEcho abc, {}"_s},
-                    Form{"TooMany", u"Clinical_Area..spGetPatient {}, {}"_s},
-                    Form{"UnknownParameter", u"Clinical_Area..spEcho @Number = {}, @Nobody = {}"_s},
-                    Form{"Twice", u"Clinical_Area..spEcho @Number = {}, @Number = {}"_s},
-                    Form{"Missing", u"Clinical_Area..spAddCharge '1001', {}"_s},
-                    Form{"Writes", u"Clinical_Area..spAddCharge '1001', {}, {}, '2026-01-01'"_s},
-                    Form{"FailsInside", u"Clinical_Area..spAddThenFail {}"_s},
-                    Form{"Prints", u"Clinical_Area..spPrint {}"_s},
-                    Form{"UnknownProcedure", u"Clinical_Area..spNobody {}"_s}),
+    testing::Values(TextForm{"Search", u"Clinical_Area..spGetPatient {}"_s},
+                    TextForm{"EveryType", u"Clinical_Area..spEcho {}, {}, {}, {}, {}, {}, {}, {}"_s},
+                    TextForm{"Text", u"exec Clinical_Area.dbo.spEcho @Text = {}"_s},
+                    TextForm{"Number", u"Clinical_Area..spEcho @Number = {}"_s},
+                    TextForm{"Money", u"Clinical_Area..spEcho @Amount = {}"_s},
+                    TextForm{"Moment", u"Clinical_Area..spEcho @Moment = {}"_s},
+                    TextForm{"Float", u"Clinical_Area..spEcho @Real = {}"_s},
+                    TextForm{"Flag", u"Clinical_Area..spEcho @Flag = {}"_s},
+                    TextForm{"Day", u"Clinical_Area..spEcho @Day = {}"_s},
+                    TextForm{"Decimal", u"Clinical_Area..spEcho @Rate = {}"_s},
+                    TextForm{"NamedInAnotherOrder",
+                             u"Clinical_Area..spEcho @Rate = {}, @Moment = {}, @Number = {}"_s},
+                    TextForm{"BareWord", u"Clinical_Area..spEcho abc, {}"_s},
+                    TextForm{"TooMany", u"Clinical_Area..spGetPatient {}, {}"_s},
+                    TextForm{"UnknownParameter", u"Clinical_Area..spEcho @Number = {}, @Nobody = {}"_s},
+                    TextForm{"Twice", u"Clinical_Area..spEcho @Number = {}, @Number = {}"_s},
+                    TextForm{"Missing", u"Clinical_Area..spAddCharge '1001', {}"_s},
+                    TextForm{"Writes", u"Clinical_Area..spAddCharge '1001', {}, {}, '2026-01-01'"_s},
+                    TextForm{"FailsInside", u"Clinical_Area..spAddThenFail {}"_s},
+                    TextForm{"Prints", u"Clinical_Area..spPrint {}"_s},
+                    TextForm{"UnknownProcedure", u"Clinical_Area..spNobody {}"_s}),
     CaseName());
 
 TEST_F(KeptCommandsTest, TextsThatDifferInTheirLiteralsShareOneStatement) {

@@ -10,14 +10,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Pair {
+struct TwoTexts {
     std::string name;
     QString one;
     QString other;
 };
 
-class SameShape : public testing::TestWithParam<Pair> {};
-class OtherShape : public testing::TestWithParam<Pair> {};
+class SameShape : public testing::TestWithParam<TwoTexts> {};
+class OtherShape : public testing::TestWithParam<TwoTexts> {};
 
 } // namespace
 
@@ -26,11 +26,12 @@ TEST_P(SameShape, HasOneKey) {
 }
 
 INSTANTIATE_TEST_SUITE_P(CommandShape, SameShape,
-                         testing::Values(Pair{"Texts", u"select 'a'"_s, u"select 'it''s longer'"_s},
-                                         Pair{"Numbers", u"select 17, 2.50"_s, u"select 23, 9.75"_s},
-                                         Pair{"BlanksAndComments", u"select  2 -- two"_s, u"select/**/3"_s},
-                                         Pair{"Calls", u"A..sp '1', 2"_s, u"A..sp 'x', 9"_s},
-                                         Pair{"Signs", u"select -2"_s, u"select - 3"_s}),
+                         testing::Values(TwoTexts{"Texts", u"select 'a'"_s, u"select 'it''s longer'"_s},
+                                         TwoTexts{"Numbers", u"select 17, 2.50"_s, u"select 23, 9.75"_s},
+                                         TwoTexts{"BlanksAndComments", u"select  2 -- two"_s,
+                                                  u"select/**/3"_s},
+                                         TwoTexts{"Calls", u"A..sp '1', 2"_s, u"A..sp 'x', 9"_s},
+                                         TwoTexts{"Signs", u"select -2"_s, u"select - 3"_s}),
                          CaseName());
 
 TEST_P(OtherShape, HasAnotherKey) {
@@ -40,23 +41,26 @@ TEST_P(OtherShape, HasAnotherKey) {
 INSTANTIATE_TEST_SUITE_P(
     CommandShape, OtherShape,
     testing::Values(
-        Pair{"Names", u"select a"_s, u"select b"_s}, Pair{"LetterCase", u"select a"_s, u"select A"_s},
-        Pair{"NationalText", u"select 'a'"_s, u"select N'a'"_s},
-        Pair{"TextBeyondTheServers", u"select 'a'"_s, u"select '"_s + QString(8001, u'a') + u'\''},
-        Pair{"NumberAndText", u"select 2"_s, u"select '2'"_s}, Pair{"Digits", u"select 9"_s, u"select 10"_s},
-        Pair{"Scale", u"select 2.5"_s, u"select 2.50"_s}, Pair{"Exponent", u"select 25.0"_s, u"select 2e1"_s},
-        Pair{"WholeNumberTooLong", u"select 2147483647"_s, u"select 2147483648"_s},
-        Pair{"Flags", u"select 0"_s, u"select 1"_s}, Pair{"FlagAndNumber", u"select 1"_s, u"select 2"_s},
-        Pair{"NumberTooLarge", u"select 1e300"_s, u"select 1e999"_s},
-        Pair{"OtherNumberTooLarge", u"select 2e999"_s, u"select 1e999"_s},
-        Pair{"Sign", u"select -2"_s, u"select 2"_s}, Pair{"Null", u"select 'a'"_s, u"select null"_s},
-        Pair{"WordsRunTogether", u"select a b"_s, u"select ab"_s},
-        Pair{"NameInBrackets", u"select a"_s, u"select [a]"_s},
-        Pair{"GroupedTexts", u"select 'a' group by x"_s, u"select 'b' group by x"_s},
-        Pair{"DistinctTexts", u"select distinct 'a'"_s, u"select distinct 'b'"_s},
-        Pair{"ManyLiterals", u"select "_s + QStringList(101, u"2"_s).join(u','),
-             u"select "_s + QStringList(101, u"3"_s).join(u',')},
-        Pair{"OpenQuote", u"select 'a"_s, u"select 'a'"_s}),
+        TwoTexts{"Names", u"select a"_s, u"select b"_s}, TwoTexts{"LetterCase", u"select a"_s, u"select A"_s},
+        TwoTexts{"NationalText", u"select 'a'"_s, u"select N'a'"_s},
+        TwoTexts{"TextBeyondTheServers", u"select 'a'"_s, u"select '"_s + QString(8001, u'a') + u'\''},
+        TwoTexts{"NumberAndText", u"select 2"_s, u"select '2'"_s},
+        TwoTexts{"Digits", u"select 9"_s, u"select 10"_s},
+        TwoTexts{"Scale", u"select 2.5"_s, u"select 2.50"_s},
+        TwoTexts{"Exponent", u"select 25.0"_s, u"select 2e1"_s},
+        TwoTexts{"WholeNumberTooLong", u"select 2147483647"_s, u"select 2147483648"_s},
+        TwoTexts{"Flags", u"select 0"_s, u"select 1"_s},
+        TwoTexts{"FlagAndNumber", u"select 1"_s, u"select 2"_s},
+        TwoTexts{"NumberTooLarge", u"select 1e300"_s, u"select 1e999"_s},
+        TwoTexts{"OtherNumberTooLarge", u"select 2e999"_s, u"select 1e999"_s},
+        TwoTexts{"Sign", u"select -2"_s, u"select 2"_s}, TwoTexts{"Null", u"select 'a'"_s, u"select null"_s},
+        TwoTexts{"WordsRunTogether", u"select a b"_s, u"select ab"_s},
+        TwoTexts{"NameInBrackets", u"select a"_s, u"select [a]"_s},
+        TwoTexts{"GroupedTexts", u"select 'a' group by x"_s, u"select 'b' group by x"_s},
+        TwoTexts{"DistinctTexts", u"select distinct 'a'"_s, u"select distinct 'b'"_s},
+        TwoTexts{"ManyLiterals", u"select "_s + QStringList(101, u"2"_s).join(u','),
+                 u"select "_s + QStringList(101, u"3"_s).join(u',')},
+        TwoTexts{"OpenQuote", u"select 'a"_s, u"select 'a'"_s}),
     CaseName());
 
 TEST(CommandShape, LiteralsInTheOrderInWhichTheyAreWritten) {
