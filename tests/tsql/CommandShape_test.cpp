@@ -69,7 +69,7 @@ TEST(CommandShape, LiteralsInTheOrderInWhichTheyAreWritten) {
     ASSERT_EQ(shape.Literals().size(), 3U);
     EXPECT_EQ(shape.Literals()[0].value, Cell(QByteArray("\xC3\xB1'")));
     EXPECT_EQ(shape.Literals()[0].type, (SqlType{SqlType::Kind::NVarChar, 4000, 0, 0}));
-    EXPECT_EQ(shape.Literals()[1].value, Cell(12.5));
+    EXPECT_EQ(shape.Literals()[1].value, Cell(qint64(125)));
     EXPECT_EQ(shape.Literals()[2].value, Cell(qint64(7)));
 }
 
