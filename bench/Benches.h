@@ -9,6 +9,9 @@ void BenchReports(BenchTable& table);
 /// A charge slip of 50 lines on the trial hospital against the same statements through SQLite's C API.
 void BenchSave(BenchTable& table);
 
+/// Commands whose text is new each time, and procedures of ten statements, against SQLite's C API.
+void BenchStatements(BenchTable& table);
+
 /// The patient finder with 100,000 hits: listing, sorting, memory.
 void BenchFinder(BenchTable& table);
 

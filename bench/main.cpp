@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 // Speed and memory against bare limits that are measured in the same run:
 //   tarven-bench              everything
-//   tarven-bench save         one of reports, year, save, finder, start, keys, idle, odbc
+//   tarven-bench save         one of reports, year, save, statements, finder, start, keys, idle, odbc
 //   tarven-bench year audit   of the reports of the year those whose names begin so
 // The three other modes are what the start and the idle benchmark time.
 
@@ -81,6 +81,8 @@ int main(int argc, char** argv) {
         BenchYearReports(table, QString::fromLocal8Bit(argc > 2 ? argv[2] : ""));
     if (Wanted(argc, argv, "save"))
         BenchSave(table);
+    if (Wanted(argc, argv, "statements"))
+        BenchStatements(table);
     if (Wanted(argc, argv, "finder"))
         BenchFinder(table);
     if (Wanted(argc, argv, "start"))

@@ -19,7 +19,7 @@ enum class CursorLocation { Server = 2, Client = 3 };
 ///
 /// A text reaches the database exactly as it was composed. Nothing is escaped, trimmed or retried, no answer
 /// is kept, and a text stands for one round trip. A database may keep its own reading of a text for the next
-/// time, as the embedded hospital does with the last hundred. A failing command, a lost connection and a
+/// time, as the embedded hospital does with the last of them. A failing command, a lost connection and a
 /// timeout raise RunTimeError with the database's own number and text. A connection is used from one thread
 /// only, which is the user interface's but for the connections of reports; Cancel alone may come from any.
 class CommandGateway {

@@ -25,13 +25,13 @@ class Lexer {
         tokens.reserve(static_cast<size_t>(mText.size() / 6 + 4));
         do {
             SkipBlanksAndComments();
-            mToken = Token{TokenKind::End, {}, mAt, mLine, false};
+            mToken = Token{TokenKind::End, {}, mAt, mLine};
             ReadToken();
             tokens.push_back(mToken);
             CountLines(mToken.written);
         } while (mToken.kind != TokenKind::End && mToken.kind != TokenKind::UnclosedComment);
         if (tokens.back().kind != TokenKind::End)
-            tokens.push_back(Token{TokenKind::End, {}, mText.size(), mLine, false});
+            tokens.push_back(Token{TokenKind::End, {}, mText.size(), mLine});
         return tokens;
     }
 

@@ -40,6 +40,8 @@ struct Token {
     int line = 1;
     /// Set on a text with the N prefix.
     bool national = false;
+    /// Which of the text's literals it is, from 0, where they are counted; -1 for all other pieces.
+    int literal = -1;
 
     /// The piece without its quotes or brackets, doubled ones made single; the written piece for all others.
     QString Content() const;

@@ -11,9 +11,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kKeptStatements = 100;
 // In characters.
 constexpr qsizetype kLongestCommand = 1 << 20;
+constexpr int kKeptCommands = 200;
+// A command holds the literals of the text that it ran for last. In characters.
+constexpr qsizetype kLongestKept = 10000;
 const std::vector<DeclaredParameter> kNoParameters;
 
 } // namespace
@@ -21,7 +23,7 @@ const std::vector<DeclaredParameter> kNoParameters;
 HospitalEngine::HospitalEngine(const QString& path, SqliteDatabase::Mode mode)
     : mDatabase(path, mode)
     , mStore(mDatabase)
-    , mStatements(kKeptStatements) {
+    , mKept(kKeptCommands) {
     if (mode == SqliteDatabase::Mode::New)
         return;
     mStore.Check();
@@ -33,7 +35,7 @@ void HospitalEngine::SetDefaultDatabase(const QString& name) {
     if (!mCatalog.HasDatabase(name))
         throw ServerError(Fault::NoSuchDatabase, {name});
     mDefaultDatabase = name;
-    mStatements.clear();
+    mKept.Clear();
 }
 
 std::unique_ptr<PreparedCommand> HospitalEngine::Prepare(const Statement& statement, const QString& database,
@@ -60,34 +62,39 @@ void HospitalEngine::BeginWork(bool writes) {
     mFresh = false;
 }
 
+std::unique_ptr<KeptCommand> HospitalEngine::Read(const CommandShape& shape) {
+    TokenCursor cursor(shape.Tokens());
+    const Command parsed = CommandParser(cursor).ParseCommand();
+    if (const auto* call = std::get_if<ProcedureCall>(&parsed)) {
+        StoredProcedure& procedure = Find(call->procedure);
+        return std::make_unique<KeptCommand>(procedure, procedure.Place(call->arguments));
+    }
+    const auto* statement = std::get_if<Statement>(&parsed);
+    return statement ? std::make_unique<KeptCommand>(Prepare(*statement, mDefaultDatabase, true)) : nullptr;
+}
+
 CommandResult HospitalEngine::Run(const QString& command) {
     const SqliteDatabase::Command timed(mDatabase);
     if (command.size() > kLongestCommand)
         throw ServerError(Fault::TooComplex);
-    if (PreparedCommand* known = mStatements.object(command)) {
+    const CommandShape shape(command);
+    KeptCommand* known = mKept.Find(shape);
+    if (known && known->TakeLiterals(shape.Literals())) {
         BeginWork(known->Writes());
-        return known->Run({});
+        return known->Run();
     }
-    TokenCursor cursor(command);
-    const Command parsed = CommandParser(cursor).ParseCommand();
-    if (const auto* call = std::get_if<ProcedureCall>(&parsed)) {
-        StoredProcedure& procedure = Find(call->procedure);
-        BeginWork(procedure.Writes());
-        return procedure.Run(call->arguments);
-    }
-    if (const auto* statement = std::get_if<Statement>(&parsed)) {
-        auto prepared = Prepare(*statement, mDefaultDatabase, true);
-        BeginWork(prepared->Writes());
-        CommandResult result = prepared->Run({});
-        if (prepared->CanBeKept())
-            mStatements.insert(command, prepared.release());
-        return result;
-    }
-    return {};
+    std::unique_ptr<KeptCommand> read = Read(shape);
+    if (!read)
+        return {};
+    BeginWork(read->Writes());
+    CommandResult result = read->Run();
+    if (read->CanBeKept() && command.size() <= kLongestKept)
+        mKept.Keep(shape, std::move(read));
+    return result;
 }
 
 QStringList HospitalEngine::QueryPlan(const QString& command) {
-    TokenCursor cursor(command);
+    TokenCursor cursor(CommandShape(command).Tokens());
     const Command parsed = CommandParser(cursor).ParseCommand();
     if (const auto* call = std::get_if<ProcedureCall>(&parsed))
         return Find(call->procedure).QueryPlan();
@@ -96,6 +103,7 @@ QStringList HospitalEngine::QueryPlan(const QString& command) {
 }
 
 void HospitalEngine::Define(TableDefinition table, const QString& database, const QString& text) {
+    mKept.Clear();
     table.name.database = database;
     const Table& added = mCatalog.AddTable(std::move(table));
     mDatabase.Run(CreateTableText(added));
@@ -112,6 +120,7 @@ void HospitalEngine::Define(const IndexDefinition& index, const QString& databas
 void HospitalEngine::Define(const Procedure& procedure) {
     // Compiled once for nothing, so that a mistake in it is found here and not at a clerk's desk.
     const StoredProcedure compiled(procedure, mCatalog, mDatabase);
+    mKept.Clear();
     mProcedures.clear();
     mCatalog.SetProcedure(procedure);
     mStore.KeepProcedure(procedure);

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "trial/file/HospitalStore.h"
+#include "trial/KeptCommand.h"
 #include "trial/PreparedCommand.h"
 #include "trial/sqlite/SqliteDatabase.h"
 #include "trial/StoredProcedure.h"
 #include "tsql/Catalog.h"
 #include "tsql/SqlTree.h"
 
-#include <QCache>
 #include <QString>
 #include <QStringList>
 
@@ -40,6 +40,8 @@ class HospitalEngine {
     StoredProcedure& Find(const ObjectName& name);
     /// Keeps, before a command writes, that the hospital is no longer as it was made.
     void BeginWork(bool writes);
+    /// Reads a text; null for an empty one. Raises the server's errors for what is wrong in it.
+    std::unique_ptr<KeptCommand> Read(const CommandShape& shape);
     std::unique_ptr<PreparedCommand> Prepare(const Statement& statement, const QString& database, bool kept);
 
     SqliteDatabase mDatabase;
@@ -48,6 +50,6 @@ class HospitalEngine {
     QString mDefaultDatabase;
     bool mFresh = false;
     std::unordered_map<const Procedure*, std::unique_ptr<StoredProcedure>> mProcedures;
-    /// Plain statements by their text, since a screen sends the same ones again and again.
-    QCache<QString, PreparedCommand> mStatements;
+    /// Commands by the shape of their texts, since a screen sends the same ones with other literals.
+    KeptCommands mKept;
 };

@@ -12,6 +12,7 @@
 #include <QHash>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 #include <sqlite3.h>
 #include <utility>
@@ -119,17 +120,31 @@ PreparedCommand::PreparedCommand(SqliteDatabase& database, std::vector<Translati
     mSteps.reserve(steps.size());
     for (Translation& step : steps) {
         mWrites |= step.writes;
+        mTellsTime |= step.clock > 0;
         SqliteStatement statement(database, step.sql, kept);
         mSteps.push_back({std::move(step), std::move(statement)});
     }
 }
 
 bool PreparedCommand::CanBeKept() const {
+    return std::all_of(mSteps.begin(), mSteps.end(),
+                       [](const Step& step) { return step.translation.rows.empty(); });
+}
+
+std::set<int> PreparedCommand::BoundLiterals() const {
+    std::set<int> bound;
     for (const Step& step : mSteps) {
-        if (!step.translation.rows.empty())
-            return false;
+        for (const KnownValue& constant : step.translation.constants)
+            bound.insert(constant.LiteralNumber());
     }
-    return true;
+    return bound;
+}
+
+void PreparedCommand::TakeLiterals(const std::vector<Literal>& literals) {
+    for (Step& step : mSteps) {
+        for (KnownValue& constant : step.translation.constants)
+            constant.Take(literals);
+    }
 }
 
 CommandResult PreparedCommand::Run(const std::vector<Cell>& values) {
@@ -143,7 +158,7 @@ CommandResult PreparedCommand::Run(const std::vector<Cell>& values) {
 
 CommandResult PreparedCommand::RunSteps(const std::vector<Cell>& values) {
     // One moment for the whole command, so that all that it writes bears the same time.
-    const Cell now = StoredDateTime(Now());
+    const Cell now = mTellsTime ? StoredDateTime(Now()) : Cell();
     CommandResult result;
     for (Step& step : mSteps)
         RunStep(step, values, now, result);
@@ -155,7 +170,7 @@ void PreparedCommand::RunStep(Step& step, const std::vector<Cell>& values, const
     if (step.translation.writes)
         return WriteRows(step, values, now, result);
     const StatementRun run(step.statement);
-    Bind(step.statement, step.translation, values, now);
+    Bind(step.statement, step.translation, values, now, step.translation.constants);
     if (step.translation.refusal) {
         if (step.statement.Step())
             throw RunTimeError(*step.translation.refusal);
@@ -173,15 +188,15 @@ void PreparedCommand::RunStep(Step& step, const std::vector<Cell>& values, const
 void PreparedCommand::WriteRows(Step& step, const std::vector<Cell>& values, const Cell& now,
                                 CommandResult& result) {
     result.rowsAffected = 0;
-    const auto write = [&](const std::vector<Cell>& row) {
+    const auto write = [&](const std::vector<KnownValue>& constants) {
         const StatementRun run(step.statement);
-        Bind(step.statement, step.translation, row, now);
+        Bind(step.statement, step.translation, values, now, constants);
         step.statement.Step();
         result.rowsAffected += mDatabase.Changes();
     };
     if (step.translation.update) {
         try {
-            return write(values);
+            return write(step.translation.constants);
         } catch (const RunTimeError& error) {
             if (error.Number() != static_cast<int>(Fault::DuplicateKey))
                 throw;
@@ -190,7 +205,7 @@ void PreparedCommand::WriteRows(Step& step, const std::vector<Cell>& values, con
         return;
     }
     if (step.translation.rows.empty())
-        return write(values);
+        return write(step.translation.constants);
     for (const auto& row : step.translation.rows)
         write(row);
 }
@@ -199,7 +214,7 @@ qint64 PreparedCommand::MoveRows(const Translation& update, const std::vector<Ce
                                  const Cell& now) {
     const RowMove move = MoveOf(*update.update);
     SqliteStatement select(mDatabase, move.select, false);
-    Bind(select, update, values, now);
+    Bind(select, update, values, now, update.constants);
     MemoryBound memory(mDatabase.MostOfAnswer());
     std::vector<std::vector<Cell>> rows;
     while (select.Step()) {
@@ -229,15 +244,16 @@ qint64 PreparedCommand::MoveRows(const Translation& update, const std::vector<Ce
 }
 
 void PreparedCommand::Bind(SqliteStatement& statement, const Translation& translation,
-                           const std::vector<Cell>& values, const Cell& now) {
+                           const std::vector<Cell>& values, const Cell& now,
+                           const std::vector<KnownValue>& constants) {
     int number = 0;
     for (const Cell& value : values)
         statement.Bind(++number, value);
     if (translation.clock > 0)
         statement.Bind(translation.clock, now);
     number = translation.firstConstant;
-    for (const Cell& constant : translation.constants)
-        statement.Bind(number++, constant);
+    for (const KnownValue& constant : constants)
+        statement.Bind(number++, constant.Value());
 }
 
 std::shared_ptr<const RowData> PreparedCommand::ReadRows(Step& step) const {

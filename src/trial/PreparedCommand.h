@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <set>
 #include <vector>
 
 /// What one command brought: the first result set, null where there was none, and the rows that its last
@@ -30,6 +31,11 @@ class PreparedCommand {
     bool Writes() const { return mWrites; }
     /// Whether the command can be run again without being translated again.
     bool CanBeKept() const;
+    /// The literals of the command's text that are bound when it runs. All others are part of what SQLite
+    /// has prepared.
+    std::set<int> BoundLiterals() const;
+    /// From now on it runs with another text's literals. Raises the server's conversion errors.
+    void TakeLiterals(const std::vector<Literal>& literals);
     /// How SQLite goes about each step: its own lines.
     QStringList QueryPlan() const;
 
@@ -45,10 +51,12 @@ class PreparedCommand {
     /// Does an UPDATE in two passes; gives the number of its rows back.
     qint64 MoveRows(const Translation& update, const std::vector<Cell>& values, const Cell& now);
     static void Bind(SqliteStatement& statement, const Translation& translation,
-                     const std::vector<Cell>& values, const Cell& now);
+                     const std::vector<Cell>& values, const Cell& now,
+                     const std::vector<KnownValue>& constants);
     std::shared_ptr<const RowData> ReadRows(Step& step) const;
 
     SqliteDatabase& mDatabase;
     std::vector<Step> mSteps;
     bool mWrites = false;
+    bool mTellsTime = false;
 };

@@ -10,10 +10,10 @@
 namespace {
 
 /// The value of a literal, as the parameter's type holds it.
-Cell LiteralValue(const Expression& expression, const SqlType& type) {
+KnownValue LiteralValue(const Expression& expression, const SqlType& type) {
     const auto literal = ExpressionTranslator::Literal(expression);
     RequireConvertible(literal->type, type, false);
-    return Convert(*literal->constant, literal->type, type, ConversionPlace::Parameter);
+    return literal->constant.Converted(literal->type, type, ConversionPlace::Parameter);
 }
 
 } // namespace
@@ -30,7 +30,7 @@ void StoredProcedure::Compile(const Procedure& procedure, const Catalog& catalog
     for (const ParameterDefinition& parameter : definition.parameters) {
         mParameters.push_back({parameter.name, parameter.type});
         mDefaults.push_back(parameter.defaultValue
-                                ? std::optional(LiteralValue(*parameter.defaultValue, parameter.type))
+                                ? std::optional(LiteralValue(*parameter.defaultValue, parameter.type).Value())
                                 : std::nullopt);
     }
     std::vector<Translation> steps;
@@ -51,26 +51,32 @@ size_t StoredProcedure::PlaceOf(const CallArgument& argument, size_t position) c
     return static_cast<size_t>(found - mParameters.begin());
 }
 
-std::vector<Cell> StoredProcedure::Values(const std::vector<CallArgument>& arguments) const {
+std::vector<PlacedArgument> StoredProcedure::Place(const std::vector<CallArgument>& arguments) const {
     if (arguments.size() > mParameters.size())
         throw ServerError(Fault::TooManyArguments, {mName});
-    std::vector<std::optional<Cell>> values(mParameters.size());
+    std::vector<bool> supplied(mParameters.size());
+    std::vector<PlacedArgument> placed;
+    placed.reserve(arguments.size());
     for (size_t i = 0; i < arguments.size(); ++i) {
         const size_t place = PlaceOf(arguments[i], i);
-        if (values[place])
+        if (supplied[place])
             throw ServerError(Fault::SuppliedTwice, {mParameters[place].name});
-        values[place] = LiteralValue(*arguments[i].value, mParameters[place].type);
+        supplied[place] = true;
+        placed.push_back({place, LiteralValue(*arguments[i].value, mParameters[place].type)});
     }
-    std::vector<Cell> bound;
-    bound.reserve(values.size());
-    for (size_t i = 0; i < values.size(); ++i) {
-        if (!values[i] && !mDefaults[i])
+    for (size_t i = 0; i < mParameters.size(); ++i) {
+        if (!supplied[i] && !mDefaults[i])
             throw ServerError(Fault::MissingArgument, {mName, mParameters[i].name});
-        bound.push_back(values[i] ? std::move(*values[i]) : *mDefaults[i]);
     }
-    return bound;
+    return placed;
 }
 
-CommandResult StoredProcedure::Run(const std::vector<CallArgument>& arguments) {
-    return mBody->Run(Values(arguments));
+CommandResult StoredProcedure::Run(const std::vector<PlacedArgument>& arguments) {
+    std::vector<Cell> values;
+    values.reserve(mParameters.size());
+    for (const auto& value : mDefaults)
+        values.push_back(value.value_or(Cell()));
+    for (const PlacedArgument& argument : arguments)
+        values[argument.place] = argument.value.Value();
+    return mBody->Run(values);
 }

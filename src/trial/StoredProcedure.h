@@ -8,22 +8,30 @@
 #include <optional>
 #include <vector>
 
+/// An argument of a call, converted to its parameter.
+struct PlacedArgument {
+    /// Which parameter it is for, from 0.
+    size_t place;
+    KnownValue value;
+};
+
 /// A procedure, compiled when it is first called and kept from then on.
 class StoredProcedure {
   public:
     /// Raises what is wrong in the procedure's text.
     StoredProcedure(const Procedure& procedure, const Catalog& catalog, SqliteDatabase& database);
 
-    /// Runs the body with a call's arguments, converted to the declared parameters. Raises 201, 8114, 8143,
-    /// 8144 and 8145 for arguments that do not fit, and whatever fails in the body.
-    CommandResult Run(const std::vector<CallArgument>& arguments);
+    /// A call's arguments for the declared parameters, in the order in which they are written. Raises 201,
+    /// 8114, 8143, 8144 and 8145 for arguments that do not fit.
+    std::vector<PlacedArgument> Place(const std::vector<CallArgument>& arguments) const;
+    /// Runs the body. Raises whatever fails in it.
+    CommandResult Run(const std::vector<PlacedArgument>& arguments);
     bool Writes() const { return mBody->Writes(); }
     QStringList QueryPlan() const { return mBody->QueryPlan(); }
 
   private:
     void Compile(const Procedure& procedure, const Catalog& catalog, SqliteDatabase& database);
     size_t PlaceOf(const CallArgument& argument, size_t position) const;
-    std::vector<Cell> Values(const std::vector<CallArgument>& arguments) const;
 
     QString mName;
     std::vector<DeclaredParameter> mParameters;

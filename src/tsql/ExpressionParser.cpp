@@ -239,7 +239,7 @@ ExpressionPtr ExpressionParser::ParsePrimary() {
     const Token& token = mCursor.Current();
     switch (token.kind) {
     case TokenKind::Number:
-        return Leaf(NumberNode{token.Content()});
+        return Leaf(NumberNode{token.Content(), token.literal});
     case TokenKind::Text:
         return ParseText();
     case TokenKind::Parameter:
@@ -269,7 +269,8 @@ ExpressionPtr ExpressionParser::Leaf(Expression::Node node) {
 }
 
 ExpressionPtr ExpressionParser::ParseText() {
-    return Leaf(TextNode{mCursor.Current().Content(), mCursor.Current().national});
+    const Token& token = mCursor.Current();
+    return Leaf(TextNode{token.Content(), token.national, token.literal});
 }
 
 ExpressionPtr ExpressionParser::ParseParentheses() {

@@ -37,11 +37,15 @@ struct TextNode {
     QString text;
     /// N'…'.
     bool national = false;
+    /// Which literal of a command it is, as the piece that it was read from (Token); -1 for one that is none.
+    int literal = -1;
 };
 
 /// A number as written, without a sign.
 struct NumberNode {
     QString written;
+    /// As that of a text.
+    int literal = -1;
 };
 
 struct ParameterNode {

@@ -4,11 +4,15 @@
 #include "tsql/SqlKeywords.h"
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 TokenCursor::TokenCursor(QStringView text)
-    : mTokens(LexSql(text)) {}
+    : TokenCursor(LexSql(text)) {}
+
+TokenCursor::TokenCursor(std::vector<Token> pieces)
+    : mTokens(std::move(pieces)) {}
 
 const Token& TokenCursor::Ahead(size_t count) const {
     return mTokens[std::min(mAt + count, mTokens.size() - 1)];

@@ -13,6 +13,8 @@ class TokenCursor {
   public:
     /// The text must outlive the cursor.
     explicit TokenCursor(QStringView text);
+    /// Along the pieces of a text that was cut up already.
+    explicit TokenCursor(std::vector<Token> pieces);
     TokenCursor(const TokenCursor&) = delete;
     TokenCursor& operator=(const TokenCursor&) = delete;
     ~TokenCursor() = default;

@@ -71,6 +71,8 @@ SqliteDatabase::SqliteDatabase(const QString& path, Mode mode)
     Run(u"PRAGMA automatic_index = OFF"_s);
 }
 
+SqliteDatabase::~SqliteDatabase() = default;
+
 void SqliteDatabase::Close::operator()(sqlite3* handle) const {
     sqlite3_close_v2(handle);
 }
@@ -102,6 +104,14 @@ void SqliteDatabase::Run(const QString& sql) {
     const int code = sqlite3_exec(mHandle.get(), sql.toUtf8().constData(), nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
         Raise(code);
+}
+
+void SqliteDatabase::RunOften(const QString& sql) {
+    auto& statement = mOften[sql];
+    if (!statement)
+        statement = std::make_unique<SqliteStatement>(*this, sql, true);
+    const StatementRun run(*statement);
+    statement->Step();
 }
 
 std::optional<Cell> SqliteDatabase::RunForValue(const QString& sql) {

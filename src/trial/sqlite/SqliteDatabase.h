@@ -8,9 +8,11 @@
 
 #include <atomic>
 #include <chrono>
+#include <map>
 #include <memory>
 #include <optional>
 
+class SqliteStatement;
 struct sqlite3;
 struct sqlite3_file;
 
@@ -30,10 +32,12 @@ class SqliteDatabase {
     SqliteDatabase(const QString& path, Mode mode);
     SqliteDatabase(const SqliteDatabase&) = delete;
     SqliteDatabase& operator=(const SqliteDatabase&) = delete;
-    ~SqliteDatabase() = default;
+    ~SqliteDatabase();
 
     /// Runs one or more statements of SQLite's own language, such as PRAGMA.
     void Run(const QString& sql);
+    /// Runs one statement that is needed again and again, such as BEGIN; it stays prepared.
+    void RunOften(const QString& sql);
     /// The first column of the first row; nothing for a statement without rows.
     std::optional<Cell> RunForValue(const QString& sql);
 
@@ -108,6 +112,8 @@ class SqliteDatabase {
     QString mPath;
     QByteArray mSessionUser;
     std::unique_ptr<sqlite3, Close> mHandle;
+    /// They go before the handle does, which is closed with its last statement.
+    std::map<QString, std::unique_ptr<SqliteStatement>> mOften;
     std::optional<RunTimeError> mFunctionError;
     std::chrono::seconds mTimeout{};
     /// When the running command is given up, and when the wait for a lock is.

@@ -22,7 +22,7 @@ QString BeginText(Transaction::Kind kind) {
 
 Transaction::Transaction(SqliteDatabase& database, Kind kind)
     : mDatabase(database) {
-    mDatabase.Run(BeginText(kind));
+    mDatabase.RunOften(BeginText(kind));
 }
 
 Transaction::~Transaction() {
@@ -33,5 +33,5 @@ Transaction::~Transaction() {
 }
 
 void Transaction::Commit() {
-    mDatabase.Run(u"COMMIT"_s);
+    mDatabase.RunOften(u"COMMIT"_s);
 }

@@ -25,15 +25,6 @@ QString RealText(double value) {
     return text;
 }
 
-Cell Negative(const Cell& value, const SqlType& type) {
-    if (type.IsWide())
-        return *UnitsCell(-ReadUnits(value, type), type);
-    if (const auto* whole = std::get_if<qint64>(&value))
-        return -*whole;
-    const auto* real = std::get_if<double>(&value);
-    return real ? Cell(-*real) : value;
-}
-
 QString Code(const SqlType& type) {
     return QString::number(type.Encode());
 }
@@ -54,19 +45,20 @@ QString WithZeros(const QString& sql, int zeros) {
 struct LiteralReader {
     std::optional<Typed> operator()(const NullNode&) const { return Typed{{}, {}, false, Cell(), {}}; }
     std::optional<Typed> operator()(const TextNode& text) const {
-        const auto kind = text.national ? SqlType::Kind::NVarChar : SqlType::Kind::VarChar;
-        const SqlType type{kind, static_cast<int>(text.text.size()), 0, 0};
-        return Typed{{}, type, false, text.text.toUtf8(), {}};
+        SqlType type = TextLiteralType(text.text, text.national);
+        if (text.literal < 0)
+            type.length = static_cast<int>(text.text.size());
+        return Typed{{}, type, false, KnownValue(text.text.toUtf8(), text.literal), {}};
     }
     std::optional<Typed> operator()(const NumberNode& number) const {
         const auto [value, type] = NumberLiteral(number.written);
-        return Typed{{}, type, false, value, {}};
+        return Typed{{}, type, false, KnownValue(value, number.literal), {}};
     }
     std::optional<Typed> operator()(const NegationNode& negation) const {
         auto inner = std::visit(*this, negation.operand->node);
         if (!inner || !inner->type.IsNumber())
             return std::nullopt;
-        inner->constant = Negative(*inner->constant, inner->type);
+        inner->constant = inner->constant.Negated(inner->type);
         return inner;
     }
     template <class Node> std::optional<Typed> operator()(const Node&) const { return std::nullopt; }
@@ -107,27 +99,32 @@ Typed ExpressionTranslator::Compose(const QString& sql, const SqlType& type,
     return whole;
 }
 
-Typed ExpressionTranslator::Constant(const Cell& value, const SqlType& type) {
-    Typed constant{u"NULL"_s, type, false, value, {}};
-    if (const auto* whole = std::get_if<qint64>(&value)) {
+Typed ExpressionTranslator::Constant(const KnownValue& known, const SqlType& type) {
+    Typed constant{u"NULL"_s, type, false, known, {}};
+    const Cell& value = known.Value();
+    if (known.LiteralNumber() >= 0) {
+        constant.sql = Bound(known);
+    } else if (const auto* whole = std::get_if<qint64>(&value)) {
         constant.sql = QString::number(*whole);
     } else if (const auto* real = std::get_if<double>(&value)) {
         constant.sql = RealText(*real);
     } else if (const auto* text = std::get_if<QByteArray>(&value)) {
-        auto& known = mState.out.constants;
-        const auto next = static_cast<int>(known.size());
-        int& number = mState.textNumbers[*text];
-        if (number == 0) {
-            known.push_back(value);
-            number = mState.out.firstConstant + next;
-        }
-        constant.sql = u'?' + QString::number(number);
+        QString& number = mState.textNumbers[*text];
+        if (number.isEmpty())
+            number = Bound(known);
+        constant.sql = number;
     }
     return constant;
 }
 
+QString ExpressionTranslator::Bound(const KnownValue& value) {
+    auto& constants = mState.out.constants;
+    constants.push_back(value);
+    return u'?' + QString::number(mState.out.firstConstant + static_cast<int>(constants.size()) - 1);
+}
+
 Typed ExpressionTranslator::Known(const Typed& literal) {
-    return Constant(*literal.constant, literal.type);
+    return Constant(literal.constant, literal.type);
 }
 
 Typed ExpressionTranslator::Clock() {
@@ -139,7 +136,7 @@ Typed ExpressionTranslator::ConvertTo(const Typed& value, const SqlType& type, C
                                       int style) {
     if (value.constant) {
         try {
-            return Constant(Convert(*value.constant, value.type, type, place, style), type);
+            return Constant(value.constant.Converted(value.type, type, place, style), type);
         } catch (const RunTimeError&) {
             // It is raised where the statement comes to it; a CASE may never take this branch.
             return CallConversion(value, type, place, style);

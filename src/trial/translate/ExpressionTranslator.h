@@ -19,8 +19,8 @@ struct TranslationState {
     Translation& out;
     /// How many sources have got their alias.
     int aliases = 0;
-    /// The numbers of the statement's texts among its constants.
-    QHash<QByteArray, int> textNumbers = {};
+    /// The parameters of the statement's own texts: equal ones share one.
+    QHash<QByteArray, QString> textNumbers = {};
     /// Characters that were composed so far, those that were taken over from a part into the whole included.
     qint64 composed = 0;
 };
@@ -39,7 +39,7 @@ class ExpressionTranslator {
     Typed Translate(const Expression& expression);
     /// The value of a number, text or NULL as it is written; nothing for any other expression.
     static std::optional<Typed> Literal(const Expression& expression);
-    Typed Constant(const Cell& value, const SqlType& type);
+    Typed Constant(const KnownValue& known, const SqlType& type);
 
     /// The value, converted to exactly that type.
     Typed ConvertTo(const Typed& value, const SqlType& type, ConversionPlace place,
@@ -70,6 +70,8 @@ class ExpressionTranslator {
 
   private:
     Typed Known(const Typed& literal);
+    /// The parameter that gets the value.
+    QString Bound(const KnownValue& value);
     Typed Make(const NullNode& null);
     Typed Make(const TextNode& text);
     Typed Make(const NumberNode& number);

@@ -115,13 +115,16 @@ QStringList QueryTranslator::TranslateKeys(const SelectCore& core, Scope& scope,
 
 QString QueryTranslator::TranslateTop(const Expression& rows) {
     ExpressionTranslator expressions(mState, nullptr);
-    const Typed value = expressions.Translate(rows);
+    // A number stands in the statement itself, since SQLite plans by it.
+    const auto literal = ExpressionTranslator::Literal(rows);
+    const Typed value = literal ? expressions.Constant(literal->constant.Value(), literal->type)
+                                : expressions.Translate(rows);
     const bool mayBeWhole = value.type.IsWhole() || value.type.IsText() ||
                             (value.type.kind == SqlType::Kind::Decimal && value.type.scale == 0);
     if (!mayBeWhole)
         throw ServerError(Fault::InvalidTop);
     const Typed top = expressions.ConvertTo(value, SqlType::BigInt(), ConversionPlace::Expression);
-    const auto* known = top.constant ? std::get_if<qint64>(&*top.constant) : nullptr;
+    const auto* known = top.constant ? std::get_if<qint64>(&top.constant.Value()) : nullptr;
     if (known && *known < 0)
         throw ServerError(Fault::NegativeTop);
     return u" LIMIT "_s + (known ? top.sql : u"tv_top("_s + top.sql + u')');

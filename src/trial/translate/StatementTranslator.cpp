@@ -103,13 +103,13 @@ StatementTranslator::DefaultTargets(const std::vector<Target>& written, const Ta
 bool StatementTranslator::TakeLiteralRows(const ValueRows& valueRows, const std::vector<Target>& targets,
                                           const std::vector<Target>& defaults, const QString& head) {
     ExpressionTranslator expressions(mState, nullptr);
-    std::vector<std::vector<Cell>> rows;
-    const auto take = [&](const Expression& expression, Target target, std::vector<Cell>& row) {
+    std::vector<std::vector<KnownValue>> rows;
+    const auto take = [&](const Expression& expression, Target target, std::vector<KnownValue>& row) {
         const auto literal = ExpressionTranslator::Literal(expression);
         if (!literal)
             return false;
         RequireConvertible(literal->type, target->type, false);
-        row.push_back(Convert(*literal->constant, literal->type, target->type, ConversionPlace::Column));
+        row.push_back(literal->constant.Converted(literal->type, target->type, ConversionPlace::Column));
         return true;
     };
     for (const auto& values : valueRows) {
@@ -127,20 +127,20 @@ bool StatementTranslator::TakeLiteralRows(const ValueRows& valueRows, const std:
         }
     }
     QStringList places;
-    int next = 0;
+    int next = mOut.firstConstant;
     for (size_t i = 0; i < targets.size(); ++i)
-        places << u'?' + QString::number(++next);
+        places << u'?' + QString::number(next++);
     for (const Target target : defaults) {
-        if (!IsClock(*target->defaultValue)) {
-            places << u'?' + QString::number(++next);
-            continue;
-        }
-        mOut.clock = static_cast<int>(targets.size() + defaults.size()) + 1;
-        const Typed clock{u'?' + QString::number(mOut.clock), SqlType::DateTime()};
-        places << Assigned(expressions, clock, target).sql;
+        if (IsClock(*target->defaultValue))
+            places << Assigned(expressions, expressions.Clock(), target).sql;
+        else
+            places << u'?' + QString::number(next++);
     }
     mOut.sql = head + u"VALUES ("_s + places.join(u", "_s) + u')';
-    mOut.rows = std::move(rows);
+    if (rows.size() == 1)
+        mOut.constants = std::move(rows.front());
+    else
+        mOut.rows = std::move(rows);
     return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "text/RunTimeError.h"
+#include "trial/translate/KnownValue.h"
 #include "tsql/Catalog.h"
 #include "tsql/Convert.h"
 #include "tsql/SqlType.h"
@@ -41,9 +42,9 @@ struct Translation {
     bool writes = false;
     /// Of a SELECT; empty for all others.
     std::vector<ResultColumn> columns;
-    /// Texts of the statement itself. They are bound like parameters, so no quote of theirs can be misread.
-    /// The first one is parameter `firstConstant`.
-    std::vector<Cell> constants;
+    /// Texts of the statement itself, and the literals of a command. They are bound like parameters, so no
+    /// quote of theirs can be misread. The first one is parameter `firstConstant`.
+    std::vector<KnownValue> constants;
     int firstConstant = 1;
     /// A refusal: where the statement brings a row, the command fails with this.
     std::optional<RunTimeError> refusal = {};
@@ -51,9 +52,9 @@ struct Translation {
     int clock = 0;
     /// Set for an UPDATE.
     std::optional<UpdateParts> update = {};
-    /// The rows of an INSERT that holds literals only: the statement runs once for each, with the row's
-    /// values as parameters from 1.
-    std::vector<std::vector<Cell>> rows;
+    /// The rows of an INSERT that holds nothing but several rows of literals: the statement runs once for
+    /// each, with the row's values as its constants.
+    std::vector<std::vector<KnownValue>> rows;
 };
 
 /// An expression in SQLite's language.
@@ -63,7 +64,7 @@ struct Typed {
     /// A column of a table, which brings its collation along.
     bool tableColumn = false;
     /// The value, where it is known already.
-    std::optional<Cell> constant = {};
+    KnownValue constant = {};
     /// The name of a column that stands outside of every aggregate and of every GROUP BY key; empty for none.
     QString looseColumn = {};
     /// Of a sum or difference: its terms, for a longer sum to go on with. SQLite reads only so many
