@@ -246,7 +246,8 @@ NumberType Reference::ResultType(char sign, const NumberType& left, const Number
     const Digit digit = Unbounded(sign, left, right);
     if (sign == '*' || sign == '/')
         return Reduced(digit.precision, digit.scale);
-    const int whole = std::max(left.precision - left.scale, right.precision - right.scale);
+    // The digit that a sum may carry over does not count; a remainder never has more digits than its sides.
+    const int whole = digit.precision - digit.scale - (sign == '%' ? 0 : 1);
     return Capped(digit.precision, std::min(digit.scale, kMostDigits - whole));
 }
 

@@ -72,6 +72,8 @@ INSTANTIATE_TEST_SUITE_P(
         CalculationCase{"ProductOfDecimals", '*', DecimalOf(5, 2), 125, DecimalOf(3, 1), -15, u"-1.875"_s},
         CalculationCase{"SumOfDecimals", '+', DecimalOf(5, 2), 125, DecimalOf(3, 1), 15, u"2.75"_s},
         CalculationCase{"RemainderOfDecimals", '%', DecimalOf(5, 2), -575, DecimalOf(3, 1), 15, u"-1.25"_s},
+        CalculationCase{"RemainderKeepsItsDecimals", '%', DecimalOf(38, 3), 12500, DecimalOf(18, 4), 120000,
+                        u"0.5000"_s},
         CalculationCase{"MoneyIsCut", '/', NumberType::Money(), 1000000, NumberType::Int(), 339, u"0.2949"_s},
         CalculationCase{"MoneyAndDecimalAreDecimal", '*', NumberType::Money(), 10000, DecimalOf(3, 2), 112,
                         u"1.120000"_s},
