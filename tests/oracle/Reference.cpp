@@ -70,9 +70,10 @@ Outcome RealToWhole(double real, const NumberType& to) {
     return Fits(units, to) ? Outcome::Of(units) : Outcome::Error(kRealOverflow);
 }
 
-/// Only where the double leaves no doubt on the digits: not near a half, not beyond fifteen of them.
+/// Only where the double leaves no doubt on the digits: not near a half, not where its own steps come near
+/// one.
 Outcome RealToFixed(double real, const NumberType& to) {
-    constexpr double kSureDigits = 1e14;
+    constexpr double kSureDigits = 1e11;
     constexpr double kDoubt = 1e-3;
     const double scaled = std::fabs(real) * std::pow(10.0, to.scale);
     if (scaled > kSureDigits || std::fabs(scaled - std::floor(scaled) - 0.5) < kDoubt)
