@@ -1,5 +1,6 @@
 #include "gateway/Boundary.h"
 
+#include <exception>
 #include <new>
 #include <stdexcept>
 
@@ -15,7 +16,7 @@ RunTimeError OutOfMemory() {
 RunTimeError FailureInHand() {
     constexpr int kInternalError = 8624;
     try {
-        throw;
+        std::rethrow_exception(std::current_exception());
     } catch (const RunTimeError& error) {
         return error;
     } catch (const std::bad_alloc&) {
