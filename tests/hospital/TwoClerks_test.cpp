@@ -251,9 +251,11 @@ TEST_F(TwoClerks, WhoRevokeAndChargeOneRequestCloseItOnce) {
 }
 
 TEST_F(TwoClerks, WhoReadOneCounterNeverSpendItsNumberTwice) {
-    for (const auto& [command, column] :
+    for (const auto& counters :
          {std::pair(u"SELECT AssessmentNum FROM BILLING..tbAssessmentNum"_s, u"AssessmentNum"_s),
           std::pair(u"Select * from Clinical_Area..tbEarCareChargeSlip"_s, u"ChargeSlip"_s)}) {
+        const QString& command = counters.first;
+        const QString& column = counters.second;
         const int number = Cell(command).toInt();
         const Work work = [&command, &column](EmbeddedGateway& gateway, const std::function<void()>& meet) {
             RowSet counter = gateway.Open(command, CursorType::Dynamic, LockType::Optimistic);

@@ -160,7 +160,7 @@ void ScreenWalk::CheckTabOrder() {
     stops.removeIf([&](const QString& name) { return open.contains(name); });
     // The round begins with whatever is active; only the order counts.
     if (const qsizetype first = wanted.isEmpty() ? -1 : stops.indexOf(wanted.front()); first > 0)
-        std::ranges::rotate(stops, stops.begin() + first);
+        std::rotate(stops.begin(), stops.begin() + first, stops.end());
     if (stops != wanted)
         mFaults << u"Tab goes %1, not %2"_s.arg(stops.join(u", "_s), wanted.join(u", "_s));
 }
