@@ -75,7 +75,7 @@ std::vector<bool> ManyWorkstations::RunAtOnce(const std::vector<std::pair<QStrin
                 ready.Give();
                 start.Await();
             };
-            _exit(RunWork([&who = who, &work = work, &meet] { work(*SignOn(who), meet); }));
+            _exit(RunWork([this, &who = who, &work = work, &meet] { work(*SignOn(who), meet); }));
         }
         children.push_back(child);
     }
