@@ -26,11 +26,11 @@ constexpr std::array<Magnitude, kMostDigits + 1> Powers() {
         powers[i] = powers[i - 1] * 10;
     return powers;
 }
-constexpr std::array kPowers = Powers();
-constexpr Magnitude kEnd = kPowers[kMostDigits];
+constexpr std::array kPowersOfTen = Powers();
+constexpr Magnitude kEnd = kPowersOfTen[kMostDigits];
 
-Magnitude Power(int exponent) {
-    return kPowers[static_cast<size_t>(exponent)];
+Magnitude PowerOfTen(int exponent) {
+    return kPowersOfTen[static_cast<size_t>(exponent)];
 }
 
 Magnitude MagnitudeOf(Units units) {
@@ -131,7 +131,7 @@ std::optional<Cell> UnitsCell(Units units, const SqlType& type) {
     const bool money = type.kind == SqlType::Kind::Money;
     const bool fits =
         money ? units >= std::numeric_limits<qint64>::min() && units <= std::numeric_limits<qint64>::max()
-              : MagnitudeOf(units) < Power(type.precision);
+              : MagnitudeOf(units) < PowerOfTen(type.precision);
     if (!fits)
         return std::nullopt;
     return type.IsWide() ? Cell(WideText(units)) : Cell(static_cast<qint64>(units));
@@ -144,13 +144,13 @@ std::optional<Units> Rescaled(Units units, int from, int to) {
     if (more >= 0) {
         if (magnitude == 0)
             return 0;
-        if (more > kMostDigits || magnitude >= Power(kMostDigits - more))
+        if (more > kMostDigits || magnitude >= PowerOfTen(kMostDigits - more))
             return std::nullopt;
-        return Signed(magnitude * Power(more), negative);
+        return Signed(magnitude * PowerOfTen(more), negative);
     }
     if (-more > kMostDigits)
         return 0;
-    const Magnitude power = Power(-more);
+    const Magnitude power = PowerOfTen(-more);
     return Within(magnitude / power + (magnitude % power >= power / 2 ? 1 : 0), negative);
 }
 
@@ -159,7 +159,7 @@ Units CutBehind(Units units, int scale, int kept) {
         return units;
     if (scale - kept > kMostDigits)
         return 0;
-    const auto power = static_cast<Units>(Power(scale - kept));
+    const auto power = static_cast<Units>(PowerOfTen(scale - kept));
     return units - units % power;
 }
 
@@ -189,9 +189,9 @@ std::optional<Units> Quotient(Units dividend, Units divisor, int shift) {
 Units Remainder(Units dividend, int dividendShift, Units divisor, int divisorShift) {
     Magnitude by = MagnitudeOf(divisor);
     // One of the two has the longer scale, so only the other is shifted.
-    if (divisorShift > 0 && by >= Power(kMostDigits - divisorShift))
+    if (divisorShift > 0 && by >= PowerOfTen(kMostDigits - divisorShift))
         return dividend;
-    by *= Power(divisorShift);
+    by *= PowerOfTen(divisorShift);
     Magnitude rest = MagnitudeOf(dividend) % by;
     for (int i = 0; i < dividendShift; ++i)
         NextDigit(rest, by);
@@ -247,7 +247,7 @@ FixedText ReadFixed(QByteArrayView text, int scale) {
 double UnitsToDouble(Units units, int scale) {
     const bool exact = units >= -kLargestExactDouble && units <= kLargestExactDouble;
     if (exact && scale <= kLargestExactPower)
-        return double(static_cast<qint64>(units)) / double(Power(scale));
+        return double(static_cast<qint64>(units)) / double(PowerOfTen(scale));
     return UnitsText(units, scale).toDouble();
 }
 

@@ -60,11 +60,13 @@ class AssessmentMaker {
         int number = kFirstAssessment;
         int count = 0;
         for (const Moment moment : mMoments) {
-            if (++count % kSingleLines == 0)
+            if (++count % kSingleLines == 0) {
                 // Few as they are, they take turns, so that each fate is met among them.
                 MakeOne(moment, {}, 1, Fate(count / kSingleLines % 3));
-            else
-                MakeOne(moment, QString::number(number++), mPrng.Between(1, 4), PickFate());
+            } else {
+                const Fate fate = PickFate();
+                MakeOne(moment, QString::number(number++), mPrng.Between(1, 4), fate);
+            }
         }
         mWriter.Finish();
         return number;

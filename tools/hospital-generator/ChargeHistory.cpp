@@ -136,7 +136,8 @@ void ChargeMaker::MakeSlip(const Episode& episode, Moment moment) {
         Write(episode, moment, line, false, slip, user, u"HC"_s);
     if (mPrng.Chance(2)) {
         const Line& line = lines.back();
-        Write(episode, moment.Plus(mPrng.Between(5, 40)), line, true, slip, Clerk(mPrng), u"HC"_s);
+        const QString& canceller = Clerk(mPrng);
+        Write(episode, moment.Plus(mPrng.Between(5, 40)), line, true, slip, canceller, u"HC"_s);
         if (line.centre == "HB"_L1 || line.centre == "HD"_L1)
             mHistory.issued[line.code] -= line.quantity;
     }
@@ -198,7 +199,8 @@ void ChargeMaker::Remember(const Episode& episode, Moment moment, const Line& li
 }
 
 QString NurseName(Prng& prng) {
-    return u"%1, %2 RN"_s.arg(prng.Pick(Surnames()), prng.Pick(FemaleNames()));
+    const QString& firstName = prng.Pick(FemaleNames());
+    return u"%1, %2 RN"_s.arg(prng.Pick(Surnames()), firstName);
 }
 
 void AddOpenRequests(const HospitalSize& size, const Catalogue& catalogue, const PatientList& patients,

@@ -132,7 +132,8 @@ class EpisodeMaker {
     void AddPastAdmissions(PatientList& list) {
         for (int i = mSize.inPatients; i < mSize.admissions; ++i) {
             const int start = -mPrng.Between(12, HistoryDays());
-            Episode admission = MakeEpisode(Anybody(), true, {start, mPrng.Below(Moment::kMinutesPerDay)});
+            const Moment admitted{start, mPrng.Below(Moment::kMinutesPerDay)};
+            Episode admission = MakeEpisode(Anybody(), true, admitted);
             admission.room = size_t(mPrng.Below(int(mCatalogue.rooms.size())));
             const Moment discharged{start + mPrng.Between(2, 10), mPrng.Between(8 * 60, 17 * 60)};
             admission.discharged = discharged;

@@ -8,7 +8,8 @@
 namespace Generator {
 
 /// A small generator of pseudo-random numbers (SplitMix64) that gives the same row of numbers on every
-/// machine and with every library, so that a generated hospital never changes by itself.
+/// machine and with every library, so that a generated hospital never changes by itself. Two numbers are
+/// never drawn among the arguments of one call: compilers take those in different orders.
 class Prng {
   public:
     explicit Prng(quint64 seed)
