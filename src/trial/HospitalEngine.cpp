@@ -115,6 +115,7 @@ void HospitalEngine::Define(const IndexDefinition& index, const QString& databas
     if (!table)
         throw ServerError(Fault::InvalidObject, {index.table.written});
     mDatabase.Run(CreateIndexText(index, *table));
+    mDatabase.Run(NullKeyText(index, *table));
 }
 
 void HospitalEngine::Define(const Procedure& procedure) {

@@ -32,6 +32,11 @@ Units ColumnUnits(sqlite3_stmt* row, int column, const SqlType& type) {
                      type);
 }
 
+bool IsDuplicate(const RunTimeError& error) {
+    return error.Number() == static_cast<int>(Fault::DuplicateKey) ||
+           error.Number() == static_cast<int>(Fault::DuplicateIndexKey);
+}
+
 Value ColumnValue(sqlite3_stmt* row, int column, const SqlType& type) {
     if (sqlite3_column_type(row, column) == SQLITE_NULL)
         return {};
@@ -158,7 +163,7 @@ CommandResult PreparedCommand::Run(const std::vector<Cell>& values) {
 
 CommandResult PreparedCommand::RunSteps(const std::vector<Cell>& values) {
     // One moment for the whole command, so that all that it writes bears the same time.
-    const Cell now = mTellsTime ? StoredDateTime(Now()) : Cell();
+    const Cell now = mTellsTime ? StoredDateTime(InServerSteps(Now())) : Cell();
     CommandResult result;
     for (Step& step : mSteps)
         RunStep(step, values, now, result);
@@ -198,7 +203,7 @@ void PreparedCommand::WriteRows(Step& step, const std::vector<Cell>& values, con
         try {
             return write(step.translation.constants);
         } catch (const RunTimeError& error) {
-            if (error.Number() != static_cast<int>(Fault::DuplicateKey))
+            if (!IsDuplicate(error))
                 throw;
         }
         result.rowsAffected = MoveRows(step.translation, values, now);

@@ -36,7 +36,7 @@ class Conversion {
         if (std::holds_alternative<std::monostate>(value))
             return value;
         if (mTo.IsText())
-            return FitText(ToText(value));
+            return FitText(value, ToText(value));
         if (mTo.IsDate())
             return ToDate(value);
         if (mTo.kind == SqlType::Kind::Float)
@@ -60,9 +60,9 @@ class Conversion {
     /// A date is its days since 1900-01-01.
     double NumberOf(const Cell& value) const {
         if (mFrom.IsDate()) {
-            const qint64 sinceZero =
-                FromStored(TextOf(value)).Milliseconds() - kDaysToServerZero * DateTime::kDay;
-            return double(sinceZero) / double(DateTime::kDay);
+            const DateTime moment = FromStored(TextOf(value));
+            return double(moment.DayNumber() - kDaysToServerZero) +
+                   double(ServerSteps(moment)) / double(kServerStepsOfDay);
         }
         if (mFrom.IsFixed())
             return UnitsToDouble(ReadUnits(value, mFrom), mFrom.scale);
@@ -105,13 +105,13 @@ class Conversion {
         return dateOnly && mStyle != 101 ? text->left(mStyle == 100 || mStyle == 0 ? 11 : 10) : *text;
     }
 
-    Cell FitText(QByteArray text) const {
+    Cell FitText(const Cell& value, const QByteArray& text) const {
         if (mTo.length == SqlType::kUnbounded)
             return text;
         const qint64 count = CountCharacters(text);
         if (count > mTo.length) {
             if (mFrom.IsNumber() && mPlace != ConversionPlace::Parameter)
-                return Padded(TooShortFor(text));
+                return Padded(TooShortFor(value, text));
             const QByteArray kept = FirstCharacters(text, mTo.length);
             const bool onlyBlanksLost = text.sliced(kept.size()).trimmed().isEmpty();
             if (mPlace == ConversionPlace::Column && !onlyBlanksLost)
@@ -122,12 +122,16 @@ class Conversion {
     }
 
     /// What a number becomes that its text has no room for.
-    QByteArray TooShortFor(const QByteArray& text) const {
+    QByteArray TooShortFor(const Cell& value, const QByteArray& text) const {
         const bool national = mTo.kind == SqlType::Kind::NVarChar;
         if (mFrom.kind == SqlType::Kind::Int && !national)
             return "*";
         if (mFrom.kind == SqlType::Kind::Bit)
             return FirstCharacters(text, mTo.length);
+        if (mFrom.kind == SqlType::Kind::Money)
+            Raise(Fault::MoneyToText, {mTo.Name()});
+        if (mFrom.kind == SqlType::Kind::Float)
+            Raise(Fault::FloatOverflow, {mTo.Name(), QString::number(NumberOf(value), 'f', 6)});
         RaiseOverflow();
     }
 
@@ -145,7 +149,15 @@ class Conversion {
             moment = TextToDate(TextOf(value));
         else
             moment = NumberToDate(NumberOf(value));
-        return mTo.kind == SqlType::Kind::Date ? StoredDate(moment) : StoredDateTime(moment);
+        return mTo.kind == SqlType::Kind::Date ? StoredDate(moment) : ToDateTime(moment);
+    }
+
+    Cell ToDateTime(DateTime moment) const {
+        const DateTime stepped = InServerSteps(moment);
+        const int year = stepped.ToFields().year;
+        if (year < ServerDate::kFirstYear || year > ServerDate::kLastYear)
+            Raise(Fault::DateOutOfRange, {mFrom.Name(), mTo.Name()});
+        return StoredDateTime(stepped);
     }
 
     DateTime NumberToDate(double days) const {
@@ -156,7 +168,9 @@ class Conversion {
 
     DateTime TextToDate(const QByteArray& text) const {
         const ServerDate read = ReadServerDate(text);
-        if (read.outcome == ServerDate::Outcome::NoDate)
+        const bool dateAlone = mTo.kind == SqlType::Kind::Date;
+        if (read.outcome == ServerDate::Outcome::NoDate ||
+            (read.outcome == ServerDate::Outcome::OutOfRange && dateAlone))
             Raise(Fault::TextToDate);
         if (read.outcome == ServerDate::Outcome::OutOfRange)
             Raise(Fault::DateOutOfRange, {mFrom.Name(), mTo.Name()});
@@ -266,10 +280,16 @@ class Conversion {
             return qint64(0);
         const bool plain = std::all_of(digits.begin() + (digits[0] == '-' || digits[0] == '+' ? 1 : 0),
                                        digits.end(), [](char c) { return c >= '0' && c <= '9'; });
-        if (!plain || digits == "-" || digits == "+")
+        const bool big = mTo.kind == SqlType::Kind::BigInt;
+        if (!plain || digits == "-" || digits == "+") {
+            if (big)
+                RaiseNoNumber();
             Raise(Fault::ConversionFailed, {mFrom.Name(), QString::fromUtf8(text), mTo.Name()});
+        }
         bool ok = false;
         const qint64 number = digits.toLongLong(&ok);
+        if (!ok && big)
+            RaiseOverflow();
         if (!ok || (mTo.kind == SqlType::Kind::Int && number != static_cast<qint32>(number)))
             Raise(Fault::TextOverflow, {mFrom.Name(), QString::fromUtf8(text), mTo.Name()});
         return InRange(number);

@@ -89,8 +89,6 @@ class DateReader {
             return {};
         if (mAt != mParts.size())
             return {};
-        if (mFields.year < ServerDate::kFirstYear || mFields.year > ServerDate::kLastYear)
-            return {ServerDate::Outcome::OutOfRange, {}};
         const auto moment = DateTime::FromFields(mFields);
         return moment ? ServerDate{ServerDate::Outcome::Read, *moment}
                       : ServerDate{ServerDate::Outcome::OutOfRange, {}};
@@ -275,6 +273,15 @@ DateTime FromStored(QByteArrayView stored) {
         fields.millisecond = GetDigits(stored, 20, 3);
     }
     return DateTime::FromFields(fields).value_or(DateTime());
+}
+
+qint64 ServerSteps(DateTime moment) {
+    // A step has ten thirds of a millisecond.
+    return ((moment.Milliseconds() - moment.DateOnly().Milliseconds()) * 3 + 5) / 10;
+}
+
+DateTime InServerSteps(DateTime moment) {
+    return DateTime::FromMilliseconds(moment.DateOnly().Milliseconds() + (ServerSteps(moment) * 10 + 1) / 3);
 }
 
 ServerDate ReadServerDate(QByteArrayView text) {

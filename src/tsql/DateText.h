@@ -14,17 +14,25 @@ QByteArray StoredDate(DateTime moment);
 /// The moment that a stored text stands for; the run-time's date 0 for a text that is none.
 DateTime FromStored(QByteArrayView stored);
 
+/// The steps of a day as a `datetime` of the server counts them: 300 in a second.
+constexpr qint64 kServerStepsOfDay = 24LL * 60 * 60 * 300;
+/// The steps since midnight, to the nearest one.
+qint64 ServerSteps(DateTime moment);
+/// The moment as a `datetime` holds it: the milliseconds end in 0, 3 and 7.
+DateTime InServerSteps(DateTime moment);
+
 /// What the server makes of a text that shall be a date.
 struct ServerDate {
-    /// The first and the last year of the calendar of the server.
+    /// The first year of a `datetime`, that of a `date`, and the last of both.
     static constexpr int kFirstYear = 1753;
+    static constexpr int kFirstYearOfDate = 1;
     static constexpr int kLastYear = 9999;
 
     enum class Outcome {
         Read,
         /// The text has no form of a date.
         NoDate,
-        /// The form is one, but there is no such day or time, or it lies before 1753.
+        /// The form is one, but there is no such day or time.
         OutOfRange,
     };
     Outcome outcome = Outcome::NoDate;

@@ -416,7 +416,10 @@ SqlType ExpressionParser::ParseType(int defaultLength) {
         if (type->kind != SqlType::Kind::Decimal)
             mCursor.RaiseSyntax();
         const int precision = mCursor.ExpectWholeNumber();
-        type = SqlType::Decimal(precision, mCursor.AcceptOperator(u",") ? mCursor.ExpectWholeNumber() : 0);
+        const int scale = mCursor.AcceptOperator(u",") ? mCursor.ExpectWholeNumber() : 0;
+        if (scale > precision)
+            throw ServerError(Fault::ScaleBeyondPrecision);
+        type = SqlType::Decimal(precision, scale);
     }
     mCursor.ExpectOperator(u")");
     return *type;

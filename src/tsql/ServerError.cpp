@@ -65,6 +65,7 @@ constexpr std::array kTexts = std::to_array<FaultText>({
     {Fault::TooDeep, "42000",
      "Some part of your SQL statement is nested too deeply. Rewrite the query or break "
      "it up into smaller queries."},
+    {Fault::ScaleBeyondPrecision, "42000", "The scale must be less than or equal to the precision."},
     {Fault::UnknownFunction, "42000", "'%1' is not a recognized built-in function name."},
     {Fault::MissingArgument, "42000",
      "Procedure or function '%1' expects parameter '%2', which was not supplied."},
@@ -78,6 +79,7 @@ constexpr std::array kTexts = std::to_array<FaultText>({
     {Fault::ValueListLength, "21S01",
      "Column name or number of supplied values does not match table definition."},
     {Fault::FloatOverflow, "22003", "Arithmetic overflow error for type %1, value = %2."},
+    {Fault::MoneyToText, "22003", "There is insufficient result space to convert a money value to %1."},
     {Fault::TextToMoney, "22018",
      "Cannot convert a char value to money. The char value has incorrect syntax."},
     {Fault::TextToDate, "22007", "Conversion failed when converting date and/or time from character string."},
@@ -98,6 +100,9 @@ constexpr std::array kTexts = std::to_array<FaultText>({
     {Fault::ConstantInOrder, "42000",
      "A constant expression was encountered in the ORDER BY list, position %1."},
     {Fault::UnknownCollation, "42000", "Invalid collation '%1'."},
+    {Fault::SeveralRows, "21000",
+     "Subquery returned more than 1 value. This is not permitted when the subquery follows =, !=, <, <= , >, "
+     ">= or when the subquery is used as an expression."},
     {Fault::NullNotAllowed, "23000",
      "Cannot insert the value NULL into column '%1', table '%2'; column does not allow nulls."},
     {Fault::DateAddOverflow, "22007", "Adding a value to a '%1' column caused an overflow."},
@@ -130,6 +135,8 @@ constexpr std::array kTexts = std::to_array<FaultText>({
      "The number of rows provided for a TOP or FETCH clauses row count parameter must be an integer."},
     {Fault::DiskFull, "HY000", "Could not allocate space for the hospital's file '%1': the disk is full."},
     {Fault::LockTimeout, "42000", "Lock request time out period exceeded."},
+    {Fault::DuplicateIndexKey, "23000",
+     "Cannot insert duplicate key row in object '%1' with unique index '%2'."},
     {Fault::DuplicateKey, "23000",
      "Violation of PRIMARY KEY or UNIQUE constraint (%2). Cannot insert duplicate key in "
      "object '%1'."},
@@ -141,6 +148,8 @@ constexpr std::array kTexts = std::to_array<FaultText>({
     {Fault::InUse, "42000", "Cannot replace the hospital's file '%1' because it is currently in use."},
     {Fault::ReadOnly, "42000", "Failed to update the hospital's file '%1' because it is read-only."},
     {Fault::UnboundName, "42000", "The multi-part identifier \"%1\" could not be bound."},
+    {Fault::CoalesceOfNulls, "42000",
+     "At least one of the arguments to COALESCE must be an expression that is not the NULL constant."},
     {Fault::CannotOpen, "HY000", "Unable to open the hospital's file '%1': %2."},
     {Fault::NoHospital, "HY000", "The file '%1' is no hospital of this program: %2."},
     {Fault::IdentityUpdate, "42000", "Cannot update identity column '%1'."},
@@ -153,6 +162,9 @@ constexpr std::array kTexts = std::to_array<FaultText>({
     {Fault::OrderNotGrouped, "42000",
      "Column \"%1\" is invalid in the ORDER BY clause because it is not contained in "
      "either an aggregate function or the GROUP BY clause."},
+    {Fault::CaseOfNulls, "42000",
+     "At least one of the result expressions in a CASE specification must be an expression other than the "
+     "NULL constant."},
     {Fault::DivideByZero, "22012", "Divide by zero error encountered."},
     {Fault::SuppliedTwice, "42000", "Parameter '%1' was supplied multiple times."},
     {Fault::TooManyArguments, "42000", "Procedure or function %1 has too many arguments specified."},
@@ -163,6 +175,8 @@ constexpr std::array kTexts = std::to_array<FaultText>({
      "The query processor ran out of internal resources and could not produce a query plan. This is a rare "
      "event and only expected for extremely complex queries or queries that reference a very large number "
      "of tables or partitions. Please simplify the query."},
+    {Fault::DatePartOfDate, "42000",
+     "The datepart %1 is not supported by date function %2 for data type date."},
     {Fault::TooManyRows, "42000",
      "The number of row value expressions in the INSERT statement exceeds the maximum "
      "allowed number of 1000 row values."},

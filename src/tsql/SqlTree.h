@@ -187,6 +187,11 @@ struct Expression {
     template <class... Kinds> bool IsOneOf() const { return (std::holds_alternative<Kinds>(node) || ...); }
 };
 
+/// NULL as it is written.
+inline bool IsNullLiteral(const ExpressionPtr& expression) {
+    return expression->As<NullNode>() != nullptr;
+}
+
 /// "*" or "alias.*" in a select list.
 struct SelectedStar {
     /// The alias in front of ".*"; empty for all sources.

@@ -124,10 +124,10 @@ class LiveOracle : public OracleDatabase {
 
 std::vector<OracleEngine> OracleEngines() {
     std::vector<OracleEngine> engines = {
-        {"Embedded", false, [] { return std::make_unique<EmbeddedOracle>(); }},
+        {"Embedded", [] { return std::make_unique<EmbeddedOracle>(); }},
     };
     const QString live = qEnvironmentVariable("TARVEN_TEST_SQLSERVER");
     if (!live.isEmpty())
-        engines.push_back({"Live", true, [live] { return std::make_unique<LiveOracle>(live); }});
+        engines.push_back({"Live", [live] { return std::make_unique<LiveOracle>(live); }});
     return engines;
 }

@@ -18,8 +18,6 @@ class OracleDatabase {
 /// An engine that is asked.
 struct OracleEngine {
     std::string name;
-    /// Whether it is a server itself: what is pending for ours it answers rightly.
-    bool isServer;
     std::function<std::unique_ptr<OracleDatabase>()> make;
 };
 

@@ -305,8 +305,10 @@ Pointer RandomStatements::Expression(int depth) {
         return Operation(depth);
     if (chance < 55)
         return Expressions::Minus(Countable(Typed(Expression(depth - 1))));
-    if (chance < 72)
-        return Expressions::Cast(Expression(depth - 1), SomeType());
+    if (chance < 72) {
+        const Pointer value = Expression(depth - 1);
+        return Expressions::Cast(value, SomeType());
+    }
     return chance < 92 ? Choice(depth) : Leaf();
 }
 

@@ -296,7 +296,9 @@ Outcome Reference::Calculate(char sign, const Outcome& left, const NumberType& l
     if (left.IsNull() || right.IsNull()) {
         const bool dividesByZero =
             (sign == '/' || sign == '%') && !right.IsNull() && right.number.units.IsZero();
-        return dividesByZero ? Outcome::Unsure() : Outcome::Null();
+        const bool failsToMeet = type.kind != Kind::Decimal && (!Convert(left, leftType, type).IsValue() ||
+                                                                !Convert(right, rightType, type).IsValue());
+        return dividesByZero || failsToMeet ? Outcome::Unsure() : Outcome::Null();
     }
     if (type.IsFloat())
         return CalculateReal(sign, RealOf(left.number, leftType), RealOf(right.number, rightType));

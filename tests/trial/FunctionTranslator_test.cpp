@@ -103,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
 INSTANTIATE_TEST_SUITE_P(
     Dates, FunctionValue,
     testing::Values(
-        FunctionCase{"GetDate", u"getdate()"_s, MomentOf({2026, 11, 21, 14, 2, 3, 456})},
+        FunctionCase{"GetDate", u"getdate()"_s, MomentOf({2026, 11, 21, 14, 2, 3, 457})},
         FunctionCase{"AddDays", u"dateadd(day, -1, '2026-03-01')"_s, MomentOf({2026, 2, 28, 0, 0, 0, 0})},
         FunctionCase{"AddMonthsToTheLastDay", u"dateadd(month, 1, '2026-01-31')"_s,
                      MomentOf({2026, 2, 28, 0, 0, 0, 0})},

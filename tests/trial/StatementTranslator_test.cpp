@@ -157,10 +157,10 @@ INSTANTIATE_TEST_SUITE_P(
         WriteMistake{"FewerSelected", u"insert into BILLING..tbCharge (Number, Code) select 1"_s, 120},
         WriteMistake{"MoreSelected", u"insert into BILLING..tbCharge (Number) select 1, 2"_s, 121},
         WriteMistake{"SecondRowFails",
-                     u"insert into BILLING..tbCharge (Number, Code) values (1, 'a'), ('x', 'b')"_s, 245},
+                     u"insert into BILLING..tbCharge (Number, Code) values (1, 'a'), ('x', 'b')"_s, 8114},
         WriteMistake{"SecondRowOfExpressionsFails",
                      u"insert into BILLING..tbCharge (Number, Code) values (1 + 0, 'a'), (1 + 0, 'b')"_s,
-                     2627},
+                     2601},
         WriteMistake{
             "DuplicateKey",
             u"insert into Clinical_Area..tbPatient (HospNum, LastName) values ('2000', 'A'), ('1001 ', 'X')"_s,
@@ -219,6 +219,17 @@ TEST_F(WritingStatement, AKeyThatIsThereTwiceInTheEndIsAnErrorAndChangesNothing)
         EXPECT_EQ(failure.text, u"Violation of PRIMARY KEY or UNIQUE constraint (HospNum). Cannot insert "
                                 "duplicate key in object 'Clinical_Area..tbPatient'."_s);
         EXPECT_EQ(Rows(all), before);
+    }
+}
+
+TEST_F(WritingStatement, AUniqueIndexIsNamed) {
+    Run(u"insert into BILLING..tbCharge (Number, Code) values (1, 'a'), (2, 'b')"_s);
+    for (const QString& command : {u"insert into BILLING..tbCharge (Number, Code) values (1, 'c')"_s,
+                                   u"update BILLING..tbCharge set Number = 1"_s}) {
+        const RaisedError failure = FailureOf(Gateway(), command);
+        EXPECT_EQ(failure.number, 2601) << command.toStdString();
+        EXPECT_EQ(failure.text, u"Cannot insert duplicate key row in object 'BILLING..tbCharge' with unique "
+                                "index 'ixNumber'."_s);
     }
 }
 

@@ -81,6 +81,13 @@ TEST(FileSchemaTest, IndexesAreNamedWithTheirTable) {
     IndexDefinition index{u"ix"_s, Name({}, {}, u"t"_s), true, {{u"code"_s, false}, {u"line"_s, true}}};
     EXPECT_EQ(CreateIndexText(index, table),
               u"CREATE UNIQUE INDEX \"A..t.ix\" ON \"A..t\" (\"Code\", \"Line\" DESC)"_s);
+    EXPECT_EQ(NullKeyText(index, table), QString());
+    index.columns[0].name = u"a \"b\""_s;
+    EXPECT_EQ(NullKeyText(index, table),
+              u"CREATE UNIQUE INDEX \"A..t.ix (NULL)\" ON \"A..t\" (ifnull(\"a \"\"b\"\"\", 0), "
+              "\"a \"\"b\"\"\" IS NULL, \"Line\") WHERE \"a \"\"b\"\"\" IS NULL"_s);
+    EXPECT_EQ(IndexName(u"A..t.ix (NULL)"_s, u"A..t"_s), u"ix"_s);
+    EXPECT_EQ(IndexName(u"A..t.ix"_s, u"A..t"_s), u"ix"_s);
     index.columns[0].name = u"Nothing"_s;
     EXPECT_EQ(FailureOf([&] { CreateIndexText(index, table); }).number, 207);
 }

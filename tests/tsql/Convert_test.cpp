@@ -67,7 +67,7 @@ TEST(ConvertText, RubbishHasTheErrorOfItsPlace) {
 TEST(ConvertText, TooLargeNumbers) {
     EXPECT_EQ(FailureNumber(Text("2147483648"), SqlType::Text(), SqlType::Int()), 248);
     EXPECT_EQ(FromText("-2147483648", SqlType::Int()), Cell(qint64(-2147483648LL)));
-    EXPECT_EQ(FailureNumber(Text("99999999999999999999"), SqlType::Text(), SqlType::BigInt()), 248);
+    EXPECT_EQ(FailureNumber(Text("99999999999999999999"), SqlType::Text(), SqlType::BigInt()), 8115);
     EXPECT_EQ(FailureNumber(Text("1e300"), SqlType::Text(), SqlType::Money()), 235);
     EXPECT_EQ(FailureNumber(Text("99999999999999999"), SqlType::Text(), SqlType::Money()), 8115);
 }

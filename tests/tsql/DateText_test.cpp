@@ -2,6 +2,7 @@
 #include "tsql/DateText.h"
 
 #include <gtest/gtest.h>
+#include <vector>
 
 namespace {
 
@@ -64,7 +65,7 @@ INSTANTIATE_TEST_SUITE_P(
                     DateCase{"YearDayAndNamedMonth", "2026 21 Nov", {2026, 11, 21, 0, 0, 0, 0}},
                     DateCase{"DayYearAndNamedMonth", "21 2026 Nov", {2026, 11, 21, 0, 0, 0, 0}},
                     DateCase{"YearAndHour", "2026 2 PM", {2026, 1, 1, 14, 0, 0, 0}},
-                    DateCase{"FirstDay", "1753-01-01", {1753, 1, 1, 0, 0, 0, 0}}),
+                    DateCase{"FirstDay", "0001-01-01", {1, 1, 1, 0, 0, 0, 0}}),
     CaseName());
 
 TEST_P(RefusedDate, WithItsReason) {
@@ -89,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(
                     RefusedCase{"MonthFarOut", "524/21/2026", Outcome::OutOfRange},
                     RefusedCase{"NamedMonthDayOfThreeDigits", "Nov 277 2026", Outcome::OutOfRange},
                     RefusedCase{"NoSuchHour", "11/21/2026 24:00", Outcome::OutOfRange},
-                    RefusedCase{"TooEarly", "12/31/1752", Outcome::OutOfRange}),
+                    RefusedCase{"TooEarly", "12/31/0000", Outcome::OutOfRange}),
     CaseName());
 
 TEST(StoredDateText, SortsAndComesBack) {
@@ -100,6 +101,23 @@ TEST(StoredDateText, SortsAndComesBack) {
     EXPECT_EQ(FromStored("2026-01-02"), moment.DateOnly());
     EXPECT_EQ(FromStored("no date"), DateTime());
     EXPECT_EQ(FromStored(""), DateTime());
+}
+
+TEST(ServerSteps, EndInThreeDigits) {
+    const DateTime day = *DateTime::FromFields({2026, 1, 2, 0, 0, 0, 0});
+    const auto stepped = [&](int milliseconds) {
+        const DateTime moment = DateTime::FromMilliseconds(day.Milliseconds() + milliseconds);
+        return InServerSteps(moment).Milliseconds() - day.Milliseconds();
+    };
+    const std::vector<qint64> expected = {0, 0, 3, 3, 3, 7, 7, 7, 7, 10, 10, 10};
+    for (int i = 0; i < static_cast<int>(expected.size()); ++i) {
+        EXPECT_EQ(stepped(i), expected[static_cast<size_t>(i)]) << i;
+        EXPECT_EQ(stepped(123'000 + 20 + i), 123'020 + expected[static_cast<size_t>(i)]) << i;
+    }
+    EXPECT_EQ(stepped(24 * 60 * 60 * 1000 - 1), 24 * 60 * 60 * 1000);
+    // Before the run-time's date 0 too.
+    EXPECT_EQ(InServerSteps(*DateTime::FromFields({1800, 1, 2, 0, 0, 0, 5})),
+              *DateTime::FromFields({1800, 1, 2, 0, 0, 0, 7}));
 }
 
 TEST(ServerDateTextOf, Styles) {

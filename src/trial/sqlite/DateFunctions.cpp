@@ -16,13 +16,18 @@ constexpr qint64 kMostParts = 5'300'000'000;
 constexpr int kStoredDateSize = 10;
 constexpr DateTime::Fields kServerDayZero = {1900, 1, 1, 0, 0, 0, 0};
 
+bool IsDateAlone(QByteArrayView stored) {
+    return stored.size() <= kStoredDateSize;
+}
+
 [[noreturn]] void RaiseBeyondCalendar(QByteArrayView stored) {
-    const SqlType type = stored.size() <= kStoredDateSize ? SqlType::Date() : SqlType::DateTime();
+    const SqlType type = IsDateAlone(stored) ? SqlType::Date() : SqlType::DateTime();
     throw ServerError(Fault::DateAddOverflow, {type.Name()});
 }
 
-DateTime Earliest() {
-    return *DateTime::FromFields({ServerDate::kFirstYear, 1, 1, 0, 0, 0, 0});
+DateTime Earliest(bool dateAlone) {
+    const int year = dateAlone ? ServerDate::kFirstYearOfDate : ServerDate::kFirstYear;
+    return *DateTime::FromFields({year, 1, 1, 0, 0, 0, 0});
 }
 DateTime Latest() {
     return *DateTime::FromFields({ServerDate::kLastYear, 12, 31, 23, 59, 59, 999});
@@ -41,7 +46,7 @@ std::optional<DateTime> AddMonths(DateTime moment, qint64 count) {
     DateTime::Fields fields = moment.ToFields();
     const qint64 months = qint64(fields.year) * kMonthsOfAYear + fields.month - 1 + count;
     const qint64 year = FloorDivide(months, kMonthsOfAYear);
-    if (year < ServerDate::kFirstYear || year > ServerDate::kLastYear)
+    if (year < ServerDate::kFirstYearOfDate || year > ServerDate::kLastYear)
         return std::nullopt;
     fields.year = static_cast<int>(year);
     fields.month = static_cast<int>(months - year * kMonthsOfAYear) + 1;
@@ -64,16 +69,17 @@ QByteArray AddToDate(QByteArrayView part, qint64 count, QByteArrayView stored) {
         moved = AddMonths(moment, part == "year" ? count * kMonthsOfAYear : count);
     else
         moved = DateTime::FromMilliseconds(moment.Milliseconds() + count * Length(part));
-    if (!moved || *moved < Earliest() || *moved > Latest())
+    const bool dateAlone = IsDateAlone(stored);
+    if (!moved || *moved < Earliest(dateAlone) || *moved > Latest())
         RaiseBeyondCalendar(stored);
-    return stored.size() <= kStoredDateSize ? StoredDate(*moved) : StoredDateTime(*moved);
+    return dateAlone ? StoredDate(*moved) : StoredDateTime(*moved);
 }
 
 QByteArray SumOfDates(QByteArrayView left, qint64 sign, QByteArrayView right) {
     const qint64 zero = DateTime::FromFields(kServerDayZero)->Milliseconds();
-    const auto sum = DateTime::FromMilliseconds(FromStored(left).Milliseconds() +
-                                                sign * (FromStored(right).Milliseconds() - zero));
-    if (sum < Earliest() || sum > Latest())
+    const DateTime sum = InServerSteps(DateTime::FromMilliseconds(
+        FromStored(left).Milliseconds() + sign * (FromStored(right).Milliseconds() - zero)));
+    if (sum < Earliest(false) || sum > Latest())
         throw ServerError(Fault::Overflow, {SqlType::DateTime().Name()});
     return StoredDateTime(sum);
 }

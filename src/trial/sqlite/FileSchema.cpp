@@ -27,6 +27,12 @@ QString ColumnText(const ColumnDefinition& column) {
     return text;
 }
 
+constexpr QStringView kNullKey = u" (NULL)";
+
+QString NameInFile(const IndexDefinition& index, const Table& table) {
+    return table.NameInFile() + u'.' + index.name;
+}
+
 const ColumnDefinition& Existing(const Table& table, const QString& column) {
     const ColumnDefinition* found = table.Find(column);
     if (!found)
@@ -66,6 +72,32 @@ QString CreateIndexText(const IndexDefinition& index, const Table& table) {
         columns << QuotedName(Existing(table, column.name).name) +
                        (column.descending ? u" DESC"_s : QString());
     return (index.unique ? u"CREATE UNIQUE INDEX "_s : u"CREATE INDEX "_s) +
-           QuotedName(table.NameInFile() + u'.' + index.name) + u" ON "_s + QuotedName(table.NameInFile()) +
-           u" ("_s + columns.join(u", "_s) + u')';
+           QuotedName(NameInFile(index, table)) + u" ON "_s + QuotedName(table.NameInFile()) + u" ("_s +
+           columns.join(u", "_s) + u')';
+}
+
+QString NullKeyText(const IndexDefinition& index, const Table& table) {
+    QStringList keys;
+    QStringList nulls;
+    for (const IndexedColumn& indexed : index.columns) {
+        const ColumnDefinition& column = Existing(table, indexed.name);
+        const QString name = QuotedName(column.name);
+        const QString collation = column.type.IsText() ? u" COLLATE "_s + CollationName() : QString();
+        if (!column.nullable) {
+            keys << name;
+            continue;
+        }
+        keys << u"ifnull("_s + name + u", 0)"_s + collation << name + u" IS NULL"_s;
+        nulls << name + u" IS NULL"_s;
+    }
+    if (!index.unique || nulls.isEmpty())
+        return {};
+    return u"CREATE UNIQUE INDEX "_s + QuotedName(NameInFile(index, table) + kNullKey.toString()) +
+           u" ON "_s + QuotedName(table.NameInFile()) + u" ("_s + keys.join(u", "_s) + u") WHERE "_s +
+           nulls.join(u" OR "_s);
+}
+
+QString IndexName(const QString& nameInFile, const QString& tableInFile) {
+    const QString name = nameInFile.sliced(tableInFile.size() + 1);
+    return name.endsWith(kNullKey) ? name.chopped(kNullKey.size()) : name;
 }

@@ -231,6 +231,19 @@ template <bool WantsRest> Cell Divide(Arguments a) {
     return Fixed(Quotient(dividend, divisor, type.scale - left.scale + right.scale), type);
 }
 
+/// The sum of ints, looked at after each of them.
+Cell IntSum(Arguments a) {
+    qint64 sum = 0;
+    for (sqlite3_value* term : a) {
+        if (IsNull(term))
+            return {};
+        sum += Whole(term);
+        if (sum != static_cast<qint32>(sum))
+            throw ServerError(Fault::Overflow, {SqlType::Int().Name()});
+    }
+    return sum;
+}
+
 /// The type of the sum, then each term behind its type; that of a term to subtract is negative.
 Cell Total(Arguments a) {
     const SqlType type = TypeAt(a, 0);
@@ -333,6 +346,32 @@ template <bool Average> void FinishSum(sqlite3_context* context) {
     });
 }
 
+/// The one row that a subquery may have which stands for a value.
+struct OnlyRow {
+    bool seen = false;
+    sqlite3_value* value = nullptr;
+};
+
+void StepOnly(sqlite3_context* context, int, sqlite3_value** values) {
+    auto* row = static_cast<OnlyRow*>(sqlite3_aggregate_context(context, sizeof(OnlyRow)));
+    if (!row)
+        return sqlite3_result_error_nomem(context);
+    if (row->seen)
+        return Guard(context, [] { throw ServerError(Fault::SeveralRows); });
+    row->seen = true;
+    row->value = sqlite3_value_dup(values[0]);
+    if (!row->value)
+        sqlite3_result_error_nomem(context);
+}
+
+void FinishOnly(sqlite3_context* context) {
+    const auto* row = static_cast<OnlyRow*>(sqlite3_aggregate_context(context, 0));
+    if (!row || !row->value)
+        return sqlite3_result_null(context);
+    sqlite3_result_value(context, row->value);
+    sqlite3_value_free(row->value);
+}
+
 void SessionUser(sqlite3_context* context, int, sqlite3_value**) {
     const QByteArray& user = static_cast<const SqliteDatabase*>(sqlite3_user_data(context))->SessionUser();
     sqlite3_result_text64(context, user.constData(), static_cast<sqlite3_uint64>(user.size()),
@@ -371,6 +410,7 @@ constexpr std::array kFunctions = {
     Entry{"tv_bigint", 1, Call<NullIfAnyNull<BigInt>>},
     Entry{"tv_money", 1, Call<NullIfAnyNull<Money>>},
     Entry{"tv_float", 1, Call<NullIfAnyNull<Float>>},
+    Entry{"tv_intsum", kAnyCount, Call<IntSum>},
     Entry{"tv_total", kAnyCount, Call<NullIfAnyNull<Total>>},
     Entry{"tv_multiply", 5, Call<NullIfAnyNull<Multiply>>},
     Entry{"tv_divide", 5, Call<NullIfAnyNull<Divide<false>>>},
@@ -397,6 +437,8 @@ void AddSqlFunctions(SqliteDatabase& database) {
                                        FinishSum<false>, nullptr);
     code |= sqlite3_create_function_v2(handle, "tv_avg", 2, kFlags, &database, nullptr, StepSum,
                                        FinishSum<true>, nullptr);
+    code |= sqlite3_create_function_v2(handle, "tv_only", 1, kFlags, &database, nullptr, StepOnly, FinishOnly,
+                                       nullptr);
     code |= sqlite3_create_function_v2(handle, "tv_user", 0, SQLITE_UTF8 | SQLITE_INNOCUOUS, &database,
                                        SessionUser, nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)

@@ -1,11 +1,13 @@
 #include "trial/sqlite/SqliteDatabase.h"
 
 #include "gateway/Boundary.h"
+#include "trial/sqlite/FileSchema.h"
 #include "trial/sqlite/SqlFunctions.h"
 #include "trial/sqlite/SqliteStatement.h"
 #include "tsql/ServerError.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <sqlite3.h>
 #include <thread>
@@ -39,6 +41,13 @@ QStringList ConstraintColumns(const QString& detail) {
         columns << name.section(u'.', -1);
     return columns;
 }
+
+/// An index of its own, not one of a constraint: named in SQLite's text where it is made of expressions, else
+/// known by its table and columns.
+constexpr const char* kIndexOfFailure =
+    "SELECT i.name, m.name FROM sqlite_master AS m, pragma_index_list(m.name) AS i WHERE m.type = 'table' AND "
+    "i.origin = 'c' AND i.\"unique\" AND (i.name = ?3 OR (m.name = ?1 AND (SELECT group_concat(c.name, ', ') FROM "
+    "pragma_index_info(i.name) AS c) = ?2))";
 
 QString ConstraintTable(const QString& detail) {
     return detail.section(u": "_s, 1).section(u", "_s, 0, 0).section(u'.', 0, -2);
@@ -216,10 +225,25 @@ QString SqliteDatabase::SystemReason() const {
     return reason != 0 ? QString::fromLocal8Bit(std::strerror(reason)) : u"no reason is given"_s;
 }
 
-void SqliteDatabase::RaiseConstraint(int code, const QString& detail) const {
-    const QString table = ConstraintTable(detail);
-    const QString columns = ConstraintColumns(detail).join(u", "_s);
+void SqliteDatabase::RaiseConstraint(int code, const QString& detail) {
     if (code == SQLITE_CONSTRAINT_NOTNULL)
-        throw ServerError(Fault::NullNotAllowed, {columns, table});
-    throw ServerError(Fault::DuplicateKey, {table, columns});
+        throw ServerError(Fault::NullNotAllowed,
+                          {ConstraintColumns(detail).join(u", "_s), ConstraintTable(detail)});
+    RaiseDuplicate(detail);
+}
+
+void SqliteDatabase::RaiseDuplicate(const QString& detail) {
+    const QString columns = ConstraintColumns(detail).join(u", "_s);
+    const std::array<Cell, 3> wanted = {ConstraintTable(detail).toUtf8(), columns.toUtf8(),
+                                        detail.section(u'\'', 1, -2).toUtf8()};
+    SqliteStatement index(*this, QString::fromLatin1(kIndexOfFailure), false);
+    for (size_t i = 0; i < wanted.size(); ++i)
+        index.Bind(static_cast<int>(i) + 1, wanted[i]);
+    if (!index.Step())
+        throw ServerError(Fault::DuplicateKey, {ConstraintTable(detail), columns});
+    const auto text = [&](int column) {
+        return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(index.Handle(), column)));
+    };
+    const QString table = text(1);
+    throw ServerError(Fault::DuplicateIndexKey, {table, IndexName(text(0), table)});
 }

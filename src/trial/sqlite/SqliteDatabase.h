@@ -105,7 +105,8 @@ class SqliteDatabase {
     Clock::time_point EndOfWait() const;
     static int OnProgress(void* self);
     static int OnBusy(void* self, int looks);
-    [[noreturn]] void RaiseConstraint(int code, const QString& detail) const;
+    [[noreturn]] void RaiseConstraint(int code, const QString& detail);
+    [[noreturn]] void RaiseDuplicate(const QString& detail);
     /// What the operating system has to say about the last failure.
     QString SystemReason() const;
 

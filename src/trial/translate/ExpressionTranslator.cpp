@@ -15,6 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Of a sum that is one call of a function.
+constexpr int kMostTerms = 40;
 // In characters.
 constexpr qint64 kMostComposed = 64 << 20;
 
@@ -144,8 +146,10 @@ Typed ExpressionTranslator::ConvertTo(const Typed& value, const SqlType& type, C
     }
     if (SameForm(value.type, type)) {
         Typed same = value;
-        if (value.type.kind != type.kind)
+        if (value.type.kind != type.kind) {
             same.terms.clear();
+            same.termCount = 0;
+        }
         same.type = type;
         return same;
     }
@@ -327,8 +331,15 @@ Typed ExpressionTranslator::Joined(const Typed& left, const Typed& right) {
 
 Typed ExpressionTranslator::Calculate(QChar sign, const Typed& left, const Typed& right) {
     const SqlType type = ArithmeticType(sign, left.type, right.type);
-    if (type.IsFixed())
-        return CalculateFixed(sign, left, right, type);
+    if (type.IsFixed()) {
+        // Money has no room for every bigint, and for all other whole numbers.
+        const auto fitting = [&](const Typed& value) {
+            const bool big = value.type.kind == SqlType::Kind::BigInt && type.kind == SqlType::Kind::Money;
+            return big ? MeetAs(value, type) : value;
+        };
+        const Typed first = fitting(left);
+        return CalculateFixed(sign, first, fitting(right), type);
+    }
     if (type.kind == SqlType::Kind::Float && sign == u'%')
         throw ServerError(Fault::IncompatibleTypes,
                           {left.type.Name(), right.type.Name(), OperatorName(sign)});
@@ -361,7 +372,19 @@ Typed ExpressionTranslator::CalculateFixed(QChar sign, const Typed& left, const 
                    type, {&left, &right});
 }
 
+Typed ExpressionTranslator::IntSum(QChar sign, const Typed& left, const Typed& right) {
+    const bool goesOn =
+        left.type.kind == SqlType::Kind::Int && !left.terms.isEmpty() && left.termCount < kMostTerms;
+    const QString terms = (goesOn ? left.terms : left.sql) + (sign == u'-' ? u", - "_s : u", "_s) + right.sql;
+    Typed sum = Compose(u"tv_intsum("_s + terms + u')', SqlType::Int(), {&left, &right});
+    sum.terms = terms;
+    sum.termCount = goesOn ? left.termCount + 1 : 2;
+    return sum;
+}
+
 Typed ExpressionTranslator::Sum(QChar sign, const Typed& left, const Typed& right, const SqlType& type) {
+    if (type.kind == SqlType::Kind::Int)
+        return IntSum(sign, left, right);
     // What is put together without parentheses must have been reckoned in the same type.
     const bool goesOn = !left.terms.isEmpty() && left.type.kind == type.kind;
     const QString terms = (goesOn ? left.terms : left.sql) + u' ' + sign + u' ' + right.sql;
@@ -371,7 +394,6 @@ Typed ExpressionTranslator::Sum(QChar sign, const Typed& left, const Typed& righ
 }
 
 Typed ExpressionTranslator::WideSum(QChar sign, const Typed& left, const Typed& right, const SqlType& type) {
-    constexpr int kMostTerms = 40;
     const bool goesOn = left.type.IsWide() && left.type.scale == type.scale && !left.terms.isEmpty() &&
                         left.termCount < kMostTerms;
     const QString terms = (goesOn ? left.terms : Code(left.type) + u", "_s + left.sql) +
@@ -414,7 +436,15 @@ Typed ExpressionTranslator::Make(const CastNode& cast) {
     return ConvertTo(value, cast.type, ConversionPlace::Expression, cast.style);
 }
 
+void ExpressionTranslator::RequireResult(const CaseNode& choice) {
+    const bool nothing = std::all_of(choice.branches.begin(), choice.branches.end(),
+                                     [](const CaseBranch& branch) { return IsNullLiteral(branch.then); });
+    if (nothing && (!choice.otherwise || IsNullLiteral(choice.otherwise)))
+        throw ServerError(Fault::CaseOfNulls);
+}
+
 Typed ExpressionTranslator::Make(const CaseNode& choice) {
+    RequireResult(choice);
     std::vector<Typed> parts;
     std::vector<Typed> values;
     SqlType common;
@@ -441,7 +471,9 @@ Typed ExpressionTranslator::Make(const SubqueryNode& subquery) {
     const TranslatedQuery query = QueryTranslator(mState, mScope).Translate(*subquery.query);
     if (query.columns.size() != 1)
         throw ServerError(Fault::UnionLengths);
-    return {u'(' + query.sql + u')', query.columns[0].type};
+    // SQLite would take the first of several rows.
+    const QString sql = query.oneRow ? query.sql : u"SELECT tv_only(c1) FROM ("_s + query.sql + u')';
+    return {u'(' + sql + u')', query.columns[0].type};
 }
 
 Typed ExpressionTranslator::Make(const ComparisonNode& comparison) {

@@ -82,6 +82,7 @@ class ExpressionTranslator {
     Typed Make(const CallNode& call);
     Typed Make(const CastNode& cast);
     Typed Make(const CaseNode& choice);
+    static void RequireResult(const CaseNode& choice);
     Typed Make(const SubqueryNode& subquery);
     Typed Make(const ComparisonNode& comparison);
     Typed Make(const AndNode& both);
@@ -106,8 +107,10 @@ class ExpressionTranslator {
     Typed Calculate(QChar sign, const Typed& left, const Typed& right);
     /// With a result that is money or a decimal.
     Typed CalculateFixed(QChar sign, const Typed& left, const Typed& right, const SqlType& type);
-    /// A sum or difference in SQLite's own words, and one of numbers that it cannot hold.
+    /// A sum or difference in SQLite's own words; one of ints, which must be an int after every term; one of
+    /// numbers that SQLite cannot hold.
     Typed Sum(QChar sign, const Typed& left, const Typed& right, const SqlType& type);
+    static Typed IntSum(QChar sign, const Typed& left, const Typed& right);
     static Typed WideSum(QChar sign, const Typed& left, const Typed& right, const SqlType& type);
     Typed Compare(const QString& sign, const Expression& left, const Expression& right);
     Typed Compare(const QString& sign, const Typed& left, const Typed& right);

@@ -121,6 +121,8 @@ Typed FunctionTranslator::Concat(const CallNode& call) {
 }
 
 Typed FunctionTranslator::Coalesce(const CallNode& call) {
+    if (std::all_of(call.arguments.begin(), call.arguments.end(), IsNullLiteral))
+        throw ServerError(Fault::CoalesceOfNulls);
     std::vector<Typed> values;
     SqlType common;
     for (size_t i = 0; i < call.arguments.size(); ++i) {
@@ -215,8 +217,11 @@ QString FunctionTranslator::DatePartName(const CallNode& call) const {
 }
 
 Typed FunctionTranslator::DateAdd(const CallNode& call) {
-    const Typed part{DatePartName(call), SqlType::Text()};
+    const QString name = DatePartName(call);
+    const Typed part{name, SqlType::Text()};
     const Typed date = DateArgument(call, 1);
+    if (date.type.kind == SqlType::Kind::Date && (name == "'hour'"_L1 || name == "'minute'"_L1))
+        throw ServerError(Fault::DatePartOfDate, {call.datePart.toLower(), u"dateadd"_s});
     return Call(u"tv_dateadd"_s, date.type, {part, WholeArgument(call, 0, SqlType::Int()), date});
 }
 
@@ -286,5 +291,7 @@ Typed FunctionTranslator::Average(const CallNode& call) {
 
 Typed FunctionTranslator::Extreme(const CallNode& call) {
     const Typed value = AggregateArgument(call);
+    if (value.type.kind == SqlType::Kind::Bit)
+        throw ServerError(Fault::InvalidOperand, {value.type.Name(), call.name.toLower()});
     return {call.name.toLower() + u'(' + mExpressions.Collated(value) + u')', value.type};
 }

@@ -28,6 +28,7 @@ TranslatedQuery QueryTranslator::Translate(const Query& query, const ItemChange&
     result.sql = texts.join(u" UNION ALL "_s) + order;
     if (cores.size() == 1)
         result.sql += cores.front().limit;
+    result.oneRow = cores.size() == 1 && cores.front().oneRow;
     return result;
 }
 
@@ -88,6 +89,9 @@ QueryTranslator::Core QueryTranslator::TranslateCore(const SelectCore& core, Sco
     }
     result.grouped = isAggregate || core.having;
     result.aggregateElsewhere = result.grouped && !isAggregate;
+    const auto* top = core.top ? core.top->As<NumberNode>() : nullptr;
+    result.oneRow =
+        core.sources.empty() || (result.grouped && keys.isEmpty()) || (top && top->written == "1"_L1);
     if (!loose.isEmpty() && result.grouped)
         throw ServerError(Fault::NotGrouped, {loose});
     if (core.top)

@@ -9,6 +9,8 @@
 struct TranslatedQuery {
     QString sql;
     std::vector<ResultColumn> columns;
+    /// No more than one row can come of it.
+    bool oneRow = false;
 };
 
 /// Turns queries into SQLite's language.
@@ -36,6 +38,7 @@ class QueryTranslator {
         bool distinct = false;
         /// With GROUP BY or an aggregate: each row stands for several.
         bool grouped = false;
+        bool oneRow = false;
         /// One row stands for all, and no item says so to SQLite.
         bool aggregateElsewhere = false;
         /// A column of the items that stands outside of every aggregate and GROUP BY key; empty for none.

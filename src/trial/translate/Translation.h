@@ -68,8 +68,8 @@ struct Typed {
     /// The name of a column that stands outside of every aggregate and of every GROUP BY key; empty for none.
     QString looseColumn = {};
     /// Of a sum or difference: its terms, for a longer sum to go on with. SQLite reads only so many
-    /// parentheses inside one another. Those of a wide decimal are arguments of a function, as many as
-    /// `termCount`.
+    /// parentheses inside one another. Those of ints and of a wide decimal are arguments of a function,
+    /// as many as `termCount`.
     QString terms = {};
     int termCount = 0;
 };
