@@ -100,7 +100,12 @@ ModalStack::ScreenFrame* ModalStack::FrameOf(const Form& screen) {
 
 void ModalStack::Activate(QWidget& window) {
     constexpr std::chrono::milliseconds kMoment(250);
-    window.activateWindow();
+    static QPointer<QWidget> wanted;
+    wanted = &window;
+    QTimer::singleShot(0, &window, [&window] {
+        if (wanted == &window && window.isVisible() && !Covers(&window))
+            window.activateWindow();
+    });
     QTimer::singleShot(kMoment, &window, [&window] {
         if (window.isVisible() && !QApplication::activeWindow() && !Covers(&window))
             window.activateWindow();

@@ -52,6 +52,7 @@ TEST_F(ShowModalTest, GivesTheActiveWindowAndTheFocusBack) {
 TEST_F(ShowModalTest, WindowIsAskedForAgainWhereTheDesktopHasLostTheRequest) {
     QTimer::singleShot(0, &dialog, &QDialog::accept);
     ShowModal(dialog);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
     QWidget other;
     Activate(other);
     other.hide();
