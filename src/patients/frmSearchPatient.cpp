@@ -159,6 +159,7 @@ void frmSearchPatient::Fill(const QString& text) {
 
 void frmSearchPatient::cmdSearch_Click() {
     ListView1->ClearRows();
+    const ListSearching sign(*ListView1);
     Fill(txtLastName->text());
 }
 

@@ -6,6 +6,7 @@
 #include "toolkit/Twips.h"
 
 #include <QHeaderView>
+#include <QPainter>
 #include <QShortcut>
 
 #include <algorithm>
@@ -194,6 +195,26 @@ void ListView::focusInEvent(QFocusEvent* event) {
     if (!currentIndex().isValid() && RowCount() > 0)
         setCurrentIndex(mModel->index(0, 0));
     ClickTable::focusInEvent(event);
+}
+
+void ListView::paintEvent(QPaintEvent* event) {
+    ClickTable::paintEvent(event);
+    if (mIsSearching && RowCount() == 0)
+        QPainter(viewport()).drawText(viewport()->rect(), Qt::AlignCenter, QStringLiteral("Searching..."));
+}
+
+ListSearching::ListSearching(ListView& list)
+    : mList(list)
+    , mPointer(CurrentMousePointer()) {
+    SetMousePointer(MousePointer::Wait);
+    mList.mIsSearching = true;
+    mList.viewport()->repaint();
+}
+
+ListSearching::~ListSearching() {
+    mList.mIsSearching = false;
+    mList.viewport()->update();
+    SetMousePointer(mPointer);
 }
 
 QString ListView::CurrentText(int column) const {

@@ -3,6 +3,7 @@
 #include "gateway/RowSet.h"
 #include "toolkit/ClickTable.h"
 #include "toolkit/GridColumn.h"
+#include "toolkit/MousePointer.h"
 
 #include <QAbstractTableModel>
 #include <QIcon>
@@ -54,6 +55,22 @@ class ListRows : public QAbstractTableModel {
     bool mShowAmounts = false;
 };
 
+class ListView;
+
+/// The sign of a search that may take long, for as long as this lives: words in the middle of the empty list,
+/// and the waiting pointer. Both are on the screen at once, since the search leaves no moment for painting.
+class ListSearching {
+  public:
+    explicit ListSearching(ListView& list);
+    ListSearching(const ListSearching&) = delete;
+    ListSearching& operator=(const ListSearching&) = delete;
+    ~ListSearching();
+
+  private:
+    ListView& mList;
+    MousePointer mPointer;
+};
+
 /// The list control in its report view: columns with headers that can be clicked, one selected row, an icon
 /// per row. The first row is selected when rows arrive.
 class ListView : public ClickTable {
@@ -88,6 +105,7 @@ class ListView : public ClickTable {
   protected:
     /// A list without a marked row marks its first one when the clerk comes to it.
     void focusInEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   Q_SIGNALS:
     /// A click on the header of the column with that number, counted from 1; Ctrl with that digit does the
@@ -95,10 +113,13 @@ class ListView : public ClickTable {
     void ColumnClick(int column);
 
   private:
+    friend class ListSearching;
+
     void RowsChanged();
     void AddSortKey(int column);
 
     ListRows* mModel;
     Qt::SortOrder mSortOrder = Qt::AscendingOrder;
     int mSortKey = -1;
+    bool mIsSearching = false;
 };

@@ -1,6 +1,8 @@
 #include "patients/frmSearchPatient.h"
 #include "patients/SearchPatientGround.h"
 #include "support/CaseName.h"
+#include "support/PaintCounter.h"
+#include "toolkit/MousePointer.h"
 #include "toolkit/Twips.h"
 
 #include <QApplication>
@@ -175,6 +177,17 @@ TEST_F(frmSearchPatientTest, SearchReplacesTheRows) {
     gateway.Expect(GetPatientCommand(u"I"_s, u"O'B Ñ"_s), Patients({{u"9"_s, u"A9"_s, u"O'B"_s}}));
     Click(Find<QPushButton>(finder, "cmdSearch"));
     EXPECT_EQ(Names(finder), std::vector<QString>{u"O'B"_s});
+}
+
+TEST_F(frmSearchPatientTest, SearchShowsItsSignBeforeItAsks) {
+    const auto& finder = Open(u"Post"_s, three);
+    Find<QPushButton>(finder, "cmdSearch").setFocus();
+    RunEvents();
+    const PaintCounter counter(List(finder).viewport());
+    ExpectList(u""_s, {});
+    Find<QPushButton>(finder, "cmdSearch").click();
+    EXPECT_EQ(counter.paints, 1) << "what is painted without an event's turn";
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
 }
 
 TEST_F(frmSearchPatientTest, NameOfAnyLengthGoesThrough) {

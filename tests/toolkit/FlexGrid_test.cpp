@@ -1,4 +1,5 @@
 #include "support/Contrast.h"
+#include "support/PaintCounter.h"
 #include "support/ScreenTest.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Focus.h"
@@ -409,18 +410,6 @@ TEST_F(FlexGridTest, TheCellRectIsMeasuredInTheControl) {
     EXPECT_EQ(rect.top(), grid->viewport()->y() + grid->rowHeight(0));
     EXPECT_EQ(rect.size().width() + 1, grid->columnWidth(0)) << "the grid line belongs to the column";
 }
-
-/// Counts the repaints of a widget.
-class PaintCounter : public QObject {
-  public:
-    explicit PaintCounter(QWidget* widget) { widget->installEventFilter(this); }
-    int paints = 0;
-
-    bool eventFilter(QObject*, QEvent* event) override {
-        paints += event->type() == QEvent::Paint;
-        return false;
-    }
-};
 
 TEST_F(FlexGridTest, RedrawOffHoldsChangesBack) {
     RunEvents();

@@ -1,5 +1,6 @@
 #include "support/CaseName.h"
 #include "support/ErrorOf.h"
+#include "support/PaintCounter.h"
 #include "support/ScreenTest.h"
 #include "toolkit/ListView.h"
 #include "toolkit/Twips.h"
@@ -71,6 +72,29 @@ class ListViewTest : public ScreenTest {
     ListView* list;
     QPushButton* button;
 };
+
+TEST_F(ListViewTest, SaysThatASearchIsOnItsWay) {
+    list->ClearRows();
+    const QImage empty = list->grab().toImage();
+    const PaintCounter counter(list->viewport());
+    {
+        const ListSearching sign(*list);
+        EXPECT_EQ(counter.paints, 1) << "before anything else is done";
+        EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
+        EXPECT_NE(list->grab().toImage(), empty);
+        ShowPatients();
+    }
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Default);
+    list->ClearRows();
+    EXPECT_EQ(list->grab().toImage(), empty);
+}
+
+TEST_F(ListViewTest, LeavesTheWaitingPointerOfWhoeverHasSetIt) {
+    SetMousePointer(MousePointer::Wait);
+    { const ListSearching sign(*list); }
+    EXPECT_EQ(CurrentMousePointer(), MousePointer::Wait);
+    SetMousePointer(MousePointer::Default);
+}
 
 TEST_F(ListViewTest, ShowsTheChosenColumnsUnderTheirHeaders) {
     ShowPatients();
