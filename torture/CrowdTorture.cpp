@@ -297,7 +297,9 @@ void TortureByCrowd(TortureTable& table, const TortureSize& size) {
         if (const QString now = Torture(table, size, desks, pause, saves); !now.isEmpty())
             seen = now;
     };
-    if (size.isShort) {
+    if (size.desks != 0) {
+        crowd(size.desks, 0, std::max(1, size.times / size.desks));
+    } else if (size.isShort) {
         for (const int desks : kShortCrowds)
             crowd(desks, 0, kShortSaves);
     } else {

@@ -53,6 +53,7 @@ struct ReadJournal {
     bool EndsInACommand() const;
 };
 
+/// The journal of a file; an empty one where a desk was killed before it began.
 ReadJournal JournalIn(const QString& path);
 
 /// The journals of a folder, in the order of their names.

@@ -21,6 +21,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
+constexpr int kDesks = 4;
 /// So many kills, then everybody is killed at once and the hospital is looked at.
 constexpr int kKillsOfARound = 20;
 // A kill comes at a moment of the shift, in milliseconds, or as soon as the journal has so many bytes, which
@@ -166,7 +167,7 @@ void Ward::Look(const QString& when) {
 void Ward::Round(int kills) {
     if (mBehindAServer)
         StartServer(EngineSessions(mFolder.HospitalPath()));
-    std::vector<Desk> desks(size_t(mSize.desks));
+    std::vector<Desk> desks(size_t(mSize.desks == 0 ? kDesks : mSize.desks));
     const int enough = mTally.kills + kills;
     while (mTally.kills < enough && HasTime()) {
         for (Desk& desk : desks) {

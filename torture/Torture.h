@@ -8,7 +8,8 @@ class TortureTable;
 struct TortureSize {
     /// Kills; saves of each desk.
     int times = 500;
-    int desks = 4;
+    /// 0 for as many as the torture takes by itself.
+    int desks = 0;
     unsigned seed = 1;
     /// As part of every test: less of everything, and no more than some seconds.
     bool isShort = false;

@@ -6,6 +6,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <exception>
 
 using namespace Qt::StringLiterals;
 
@@ -64,5 +65,10 @@ int main(int argc, char** argv) {
     parser.addPositionalArgument(u"torture"_s, u"kill or crowd"_s);
     parser.addHelpOption();
     parser.process(application);
-    return Torture(parser);
+    try {
+        return Torture(parser);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "the torture itself has failed: %s\n", error.what());
+        return 1;
+    }
 }
