@@ -10,6 +10,8 @@ inline const QString kSignedOn = QStringLiteral("signed on");
 inline const QString kWrongPassword = QStringLiteral("wrong password");
 /// What the program has told at the sign-on, in a box.
 inline const QString kTold = QStringLiteral("told ");
+/// The sign-on is held up, since others have just failed or are signing on too.
+inline const QString kWaiting = QStringLiteral("waiting");
 /// What the sign-on window refuses a right password with.
 inline const QString kRefused = QStringLiteral("refused ");
 /// The clerk has chosen the menu's end of the program.

@@ -77,6 +77,8 @@ class Shift {
     QString AnyOf(const QStringList& texts) { return texts[Any(int(texts.size()))]; }
 
     void KeyWrongPassword();
+    /// Waits until a password that was keyed is accepted or refused.
+    void AwaitAnswer();
     /// Waits until the sign-on is through, and marks what the program has to say.
     void HearOut();
     void KeyLines(const QStringList& service, const QStringList& medicine);
@@ -100,25 +102,28 @@ class Shift {
 void Shift::KeyWrongPassword() {
     mClerk.Type(u"wrong"_s);
     mClerk.Press(Qt::Key_Return);
-    mClerk.ExpectScreen(u"lblProblem"_s);
+    AwaitAnswer();
     mJournal.Mark(Mark::kWrongPassword);
     mClerk.ExpectFocus(u"txtPassword"_s);
-    mClerk.OnScreen([] { dynamic_cast<QLineEdit&>(VisibleControl(u"txtPassword"_s)).clear(); });
+}
+
+void Shift::AwaitAnswer() {
+    const auto isAnswered = [] { return !IsShown(u"SignOnDialog"_s) || !Refusal().isEmpty(); };
+    // Who has to wait because others have just failed waits longer than a step may.
+    constexpr int kMostSteps = 4;
+    for (int i = 1; i < kMostSteps; ++i) {
+        try {
+            mClerk.WaitFor(isAnswered, u"the answer to the sign-on"_s);
+            return;
+        } catch (const DriverError&) {
+            mJournal.Mark(Mark::kWaiting);
+        }
+    }
+    mClerk.WaitFor(isAnswered, u"the answer to the sign-on"_s);
 }
 
 void Shift::HearOut() {
-    const auto isThrough = [] { return !IsShown(u"SignOnDialog"_s) || !Refusal().isEmpty(); };
-    // Who has to wait because others have just failed waits longer than a step may.
-    constexpr int kMostSteps = 4;
-    bool through = false;
-    for (int i = 0; i < kMostSteps && !through; ++i) {
-        try {
-            mClerk.WaitFor(isThrough, u"the end of the sign-on"_s);
-            through = true;
-        } catch (const DriverError&) {
-            mJournal.Mark(u"still waiting"_s);
-        }
-    }
+    AwaitAnswer();
     mClerk.OnScreen([this] {
         if (IsShown(u"SignOnDialog"_s))
             mJournal.Mark(Mark::kRefused + Refusal());
