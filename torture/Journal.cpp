@@ -49,7 +49,7 @@ Journal::~Journal() {
     ::close(mFile);
 }
 
-void Journal::Write(char kind, const QString& text) {
+void Journal::Write(char kind, const QString& text) const {
     QString line = u"%1 %2 %3"_s.arg(QChar::fromLatin1(kind)).arg(Microseconds()).arg(text);
     line.replace(u'\n', u' ');
     const QByteArray bytes = line.toUtf8() + '\n';

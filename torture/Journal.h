@@ -25,7 +25,7 @@ class Journal {
     void Mark(const QString& what);
 
   private:
-    void Write(char kind, const QString& text);
+    void Write(char kind, const QString& text) const;
 
     int mFile;
 };
