@@ -1,6 +1,6 @@
 #pragma once
 
-#include "components/clsCurrentUser.h"
+#include "driver/SeatedUser.h"
 #include "trial/EmbeddedGateway.h"
 
 #include <QString>
@@ -9,28 +9,12 @@
 #include <memory>
 
 /// A user signed on to a hospital of the benchmark's own, without the sign-on window.
-class BenchSession : public clsCurrentUser {
+class BenchSession : public SeatedUser {
   public:
     explicit BenchSession(std::unique_ptr<EmbeddedGateway> gateway)
-        : mGateway(std::move(gateway)) {}
+        : SeatedUser(std::move(gateway), QStringLiteral("NURSE")) {}
 
-    void SetPasswordDeptCode(const QString&) override {}
-    void SethwndParentForm(WId) override {}
-    void ShowMain() override {}
-    bool Connected() const override { return true; }
-    CommandGateway* SQLConnection() const override { return mGateway.get(); }
-    QString Initial() const override { return QStringLiteral("ABR"); }
-    QString EmployeeName() const override { return QStringLiteral("ANA REYES"); }
-    QString EmployeeCode() const override { return QStringLiteral("NURSE"); }
-    QString ServerName() const override { return {}; }
-    QString Database() const override { return {}; }
-    QString UserId() const override { return {}; }
-    QString serverpassword() const override { return {}; }
-
-    EmbeddedGateway& Gateway() const { return *mGateway; }
-
-  private:
-    std::unique_ptr<EmbeddedGateway> mGateway;
+    EmbeddedGateway& Gateway() const { return static_cast<EmbeddedGateway&>(*SQLConnection()); }
 };
 
 /// The trial hospital, made once in a temporary folder; answers the path of a fresh copy.

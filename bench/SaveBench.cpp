@@ -1,13 +1,12 @@
 #include "Benches.h"
 #include "BenchSession.h"
 #include "BenchTable.h"
-#include "charges/ChargeColumns.h"
 #include "charges/frmAssessment.h"
 #include "charges/frmPostCharges.h"
 #include "components/DepartmentCodes.h"
 #include "components/shared.h"
+#include "driver/FilledGrid.h"
 #include "RecordedStatements.h"
-#include "toolkit/FlexGrid.h"
 #include "toolkit/Screens.h"
 #include "trial/HospitalEngine.h"
 #include "trial/sqlite/SqlFunctions.h"
@@ -32,18 +31,12 @@ struct MeasuredSave {
     QString setCounterBack;
 };
 
-/// 50 lines in the grid, as a clerk would have keyed them.
-void FillGrid(const Form& screen, int quantityColumn, int priceColumn) {
-    FlexCells& cells = screen.findChild<FlexGrid*>(u"grdTable"_s)->Cells();
-    cells.SetRows(kLines + 1);
-    for (int row = 1; row <= kLines; ++row) {
-        cells.SetTextMatrix(row, Column::kDepartment, Department::kEarCare);
-        cells.SetTextMatrix(row, Column::kCode, u"HC%1"_s.arg(row, 3, 10, QChar(u'0')));
-        cells.SetTextMatrix(row, Column::kParticular, u"HEMODIALYSIS TREATMENT"_s);
-        cells.SetTextMatrix(row, quantityColumn, u"1"_s);
-        cells.SetTextMatrix(row, priceColumn, u"3360.00"_s);
-        cells.SetTextMatrix(row, Column::kAmount, u"3360.00"_s);
-    }
+/// 50 services.
+std::vector<FilledLine> Lines() {
+    std::vector<FilledLine> lines;
+    for (int number = 1; number <= kLines; ++number)
+        lines.push_back({Department::kEarCare, u"HC%1"_s.arg(number, 3, 10, QChar(u'0'))});
+    return lines;
 }
 
 /// The statements that reach the database while the save runs.
@@ -78,7 +71,7 @@ void MeasurePosting(BenchTable& table, const BenchSession& session, const QTempo
     screen.Boxes().info.txtId->setText(u"700107"_s);
     screen.Boxes().info.txtRoom->setText(u"P306"_s);
     screen.Boxes().info.txtDoctor->setText(u"DR. BENEDICTO QUIOGUE"_s);
-    FillGrid(screen, kPostChargesDifferences.quantityCol, kPostChargesDifferences.priceCol);
+    FillGrid(screen, kPostChargesDifferences, Lines());
     Measure(table, session, folder,
             {.label = u"50-line posting, 103 commands"_s,
              .limitsDatabase = u"bare-posting.db"_s,
@@ -91,7 +84,7 @@ void MeasurePosting(BenchTable& table, const BenchSession& session, const QTempo
 void MeasureAssessment(BenchTable& table, const BenchSession& session, const QTemporaryDir& folder) {
     auto& screen = Screens::Get<frmAssessment>();
     screen.Boxes().txtSname->setText(u"DE GUZMAN, CARMELITA PERALTA"_s);
-    FillGrid(screen, kAssessmentDifferences.quantityCol, kAssessmentDifferences.priceCol);
+    FillGrid(screen, kAssessmentDifferences, Lines());
     Measure(
         table, session, folder,
         {.label = u"50-line assessment, 52 commands"_s,

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "desk/OwnProcess.h"
-#include "desk/ProgramFolder.h"
 #include "desk/Seat.h"
 #include "desk/Sight.h"
 #include "desk/Way.h"
 #include "desk/WindowManager.h"
 #include "desk/XServer.h"
+#include "support/hospital/ProgramFolder.h"
 
 #include <functional>
 #include <gtest/gtest.h>

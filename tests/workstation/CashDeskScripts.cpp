@@ -24,13 +24,6 @@ void CloseViewer(Driver& clerk) {
     clerk.ExpectNoScreen(u"frmReportviewer"_s);
 }
 
-void FindAssessments(Driver& clerk, const QString& name) {
-    clerk.TabTo(u"txtSearch"_s);
-    clerk.Type(name);
-    clerk.Press(Qt::Key_Return);
-    clerk.TabTo(u"grdTable"_s);
-}
-
 } // namespace
 
 void OpenForWalkIn(Driver& clerk) {
@@ -63,6 +56,13 @@ void FinishRegistration(Driver& clerk) {
     clerk.Type(u"F"_s);
     clerk.TabTo(u"cmdOption(0)"_s);
     clerk.Press(Qt::Key_Return);
+}
+
+void FindAssessments(Driver& clerk, const QString& name) {
+    clerk.TabTo(u"txtSearch"_s);
+    clerk.Type(name);
+    clerk.Press(Qt::Key_Return);
+    clerk.TabTo(u"grdTable"_s);
 }
 
 void NewWalkInAssessment(Driver& clerk) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 class Driver;
 
 // The work of the cash desk.
@@ -11,6 +13,9 @@ void OpenForWalkIn(Driver& clerk);
 void OpenRegistration(Driver& clerk);
 /// Saves a registration whose names are keyed; tells the age.
 void FinishRegistration(Driver& clerk);
+
+/// Looks assessments up by a name in the list of their status; the list has the focus.
+void FindAssessments(Driver& clerk, const QString& name);
 
 /// Registers a walk-in from the assessment's list, keys five lines, a package and a doctor's fee among them,
 /// and prints the slip.

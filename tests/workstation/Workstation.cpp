@@ -1,13 +1,11 @@
 #include "workstation/Workstation.h"
 
 #include "hospital/HospitalScripts.h"
-#include "support/hospital/FreshHospital.h"
 #include "trial/HospitalFile.h"
 #include "trial/sqlite/SqlFunctions.h"
 #include "trial/sqlite/SqliteDatabase.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QFile>
 
 #include <sqlite3.h>
@@ -17,10 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kPatience = 100000;
-
-QString SourcePath(const char* name) {
-    return QString::fromLatin1(TARVEN_SOURCE_DIR) + u'/' + QString::fromLatin1(name);
-}
 
 QString BuiltProgram(const char* name) {
     return QString::fromLatin1(TARVEN_BUILD_DIR) + u'/' + QString::fromLatin1(name);
@@ -48,30 +42,10 @@ QString AskSqlite(const QString& path, const char* sql) {
 
 } // namespace
 
-Workstation::Workstation() {
-    QDir(mFolder.path()).mkdir(u"data"_s);
-    QDir(mFolder.path()).mkdir(u"Reports"_s);
-    for (const QString& name : QDir(SourcePath("Reports")).entryList(QDir::Files))
-        QFile::copy(SourcePath("Reports") + u'/' + name, ProgramFile(u"Reports/"_s + name));
-    WriteProgramFile(u"tarvenaux.ini"_s, "DeptCode = HC\nDeptDesc = HEMODIALYSIS\n");
-    QFile::copy(FreshHospital(), HospitalPath());
-}
-
-void Workstation::WriteProgramFile(const QString& name, const QByteArray& content) {
-    QFile file(ProgramFile(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(content);
-}
-
 std::unique_ptr<QProcess> Workstation::Start(const QString& program, const QStringList& arguments,
                                              const std::map<QString, QString>& settings) {
     auto child = std::make_unique<QProcess>();
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    // The settings that the session remembers must not be the developer's own.
-    environment.insert(u"HOME"_s, mFolder.path());
-    environment.insert(u"XDG_CONFIG_HOME"_s, mFolder.path());
-    environment.insert(u"XDG_DATA_HOME"_s, mFolder.path());
-    environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+    QProcessEnvironment environment = mFolder.Environment();
     for (const auto& [name, value] : settings)
         environment.insert(name, value);
     child->setProcessEnvironment(environment);
@@ -81,7 +55,7 @@ std::unique_ptr<QProcess> Workstation::Start(const QString& program, const QStri
 }
 
 std::unique_ptr<QProcess> Workstation::StartScript(const QString& script) {
-    return Start(BuiltProgram("workstation-child"), {script, mFolder.path()});
+    return Start(BuiltProgram("workstation-child"), {script, mFolder.Path()});
 }
 
 std::unique_ptr<QProcess> Workstation::StartProgram(const QStringList& arguments) {
@@ -133,7 +107,7 @@ std::unique_ptr<EmbeddedGateway> Workstation::OpenHospital() const {
 }
 
 std::vector<QString> Workstation::Query(const QString& command) const {
-    return HospitalRows(HospitalPath(), command);
+    return mFolder.Query(command);
 }
 
 QString Workstation::QueryOne(const QString& command) const {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "support/hospital/ProgramFolder.h"
 #include "trial/EmbeddedGateway.h"
 
 #include <QProcess>
 #include <QString>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 #include <map>
@@ -25,8 +25,6 @@ class Workstation : public testing::Test {
         QString errors;
     };
 
-    Workstation();
-
     /// Runs a script to the child's end.
     Run RunScript(const QString& script);
     /// Starts a script and leaves it running.
@@ -37,9 +35,11 @@ class Workstation : public testing::Test {
     /// Waits until the program shows its sign-on window. False when it ends before.
     static bool ReachesTheSignOn(QProcess& program);
 
-    QString ProgramFile(const QString& name) const { return mFolder.filePath(name); }
-    QString HospitalPath() const { return mFolder.filePath(QStringLiteral("data/trial-hospital.db")); }
-    void WriteProgramFile(const QString& name, const QByteArray& content);
+    QString ProgramFile(const QString& name) const { return mFolder.File(name); }
+    QString HospitalPath() const { return mFolder.HospitalPath(); }
+    void WriteProgramFile(const QString& name, const QByteArray& content) const {
+        mFolder.Write(name, content);
+    }
 
     /// A connection of the test's own to the hospital.
     std::unique_ptr<EmbeddedGateway> OpenHospital() const;
@@ -58,5 +58,5 @@ class Workstation : public testing::Test {
     std::unique_ptr<QProcess> Start(const QString& program, const QStringList& arguments,
                                     const std::map<QString, QString>& settings = {});
 
-    QTemporaryDir mFolder;
+    ProgramFolder mFolder;
 };

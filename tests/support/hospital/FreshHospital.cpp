@@ -40,7 +40,11 @@ QString FreshHospital() {
 }
 
 std::vector<QString> HospitalRows(const QString& file, const QString& command) {
-    const auto data = HospitalFile::Open(file, HospitalScripts())->Execute(command).Data();
+    return HospitalRows(*HospitalFile::Open(file, HospitalScripts()), command);
+}
+
+std::vector<QString> HospitalRows(CommandGateway& hospital, const QString& command) {
+    const auto data = hospital.Execute(command).Data();
     std::vector<QString> rows;
     for (size_t row = 0; row < data->RowCount(); ++row) {
         QStringList cells;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "gateway/CommandGateway.h"
+
 #include <QString>
 
 #include <vector>
@@ -11,3 +13,6 @@ QString FreshHospital();
 
 /// The rows that a command brings from the hospital in that file, each as its cells joined by "|".
 std::vector<QString> HospitalRows(const QString& file, const QString& command);
+
+/// The same over a connection that stands.
+std::vector<QString> HospitalRows(CommandGateway& hospital, const QString& command);

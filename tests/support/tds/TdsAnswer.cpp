@@ -124,6 +124,15 @@ void TdsAnswer::Cut() {
     throw TdsConnection::Ended{};
 }
 
+void TdsAnswer::CutInside(int percent) {
+    const QByteArray bytes = Finish();
+    const QByteArray begun = bytes.first(bytes.size() * percent / 100);
+    if (!begun.isEmpty())
+        mConnection.Send(begun, false);
+    mConnection.Shut();
+    throw TdsConnection::Ended{};
+}
+
 QByteArray TdsAnswer::Finish() {
     if (mLastDone < 0)
         Done();

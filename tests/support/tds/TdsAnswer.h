@@ -36,6 +36,9 @@ class TdsAnswer {
     void FallSilent();
     /// Cuts the connection behind what was sent.
     void Cut();
+    /// Cuts the connection inside of the answer: behind that many hundredths of what was said, none for an
+    /// answer of which nothing comes.
+    void CutInside(int percent);
 
   private:
     friend class TdsResponder;

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+
+class TortureTable;
+
+/// How long and with what a torture goes on.
+struct TortureSize {
+    /// Kills; saves of each desk.
+    int times = 500;
+    /// 0 for as many as the torture takes by itself.
+    int desks = 0;
+    unsigned seed = 1;
+    /// As part of every test: less of everything, and no more than some seconds.
+    bool isShort = false;
+};
+
+/// Workstations on one hospital file, killed again and again; then the same on a server, and a server that is
+/// cut at every packet of a save.
+void TortureByKills(TortureTable& table, const TortureSize& size);
+
+/// Ever more workstations that post, cancel and revoke at once on one hospital file.
+void TortureByCrowd(TortureTable& table, const TortureSize& size);
+
+// What the tortures start as processes of their own.
+
+/// The whole program with a shift keyed in it.
+int RunShift(const QStringList& arguments);
+
+/// One desk of the crowd: the screens without their keys.
+int RunCrowdDesk(int& argumentCount, char** arguments);
