@@ -31,6 +31,8 @@ TEST_P(FuzzTest, SeedsAndWhatIsMadeOfThemLeadToNoFault) {
     // The target keeps what it makes in the first folder, and the input of a fault where the prefix tells.
     const QTemporaryDir made;
     const QString name = QString::fromLatin1(GetParam().name);
+    qputenv("LSAN_OPTIONS",
+            "suppressions=" TARVEN_SOURCE_DIR "/tests/support/screen_leaks.txt:print_suppressions=0");
     QProcess target;
     target.setProcessChannelMode(QProcess::MergedChannels);
     target.start(u"" TARVEN_BUILD_DIR "/"_s + name + u"_fuzz"_s,

@@ -154,7 +154,7 @@ class Clerk : public QObject {
     void Do(uchar act) {
         if (act < 0x20 || act >= 0xE0)
             return DoOther(act);
-        const QChar letter(act);
+        const QChar letter{char16_t(act)};
         Press(0, {}, letter);
     }
 
@@ -193,8 +193,17 @@ class Clerk : public QObject {
         }
     }
 
-    void Press(int key, Qt::KeyboardModifiers modifiers = {}, QChar text = {}) {
-        QWidget* const receiver = QApplication::focusWidget();
+    /// Where keys go: a window that is covered gets none.
+    static QWidget* Receiver() {
+        QWidget* const focused = QApplication::focusWidget();
+        QWidget* const modal = QApplication::activeModalWidget();
+        if (!modal || (focused && focused->window() == modal))
+            return focused;
+        return modal->focusWidget() ? modal->focusWidget() : modal;
+    }
+
+    static void Press(int key, Qt::KeyboardModifiers modifiers = {}, QChar text = {}) {
+        QWidget* const receiver = Receiver();
         if (!receiver)
             return;
         const QString written = text.isNull() ? QString() : QString(text);

@@ -31,7 +31,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
             "the file can be written");
     file.close();
     EnsureConfigFile();
-    for (const QString& key : {u"DeptCode"_s, u"DeptDesc"_s, QString(), QString::fromLatin1(content.left(8))})
+    for (const QString& key : {u"DeptCode"_s, QString::fromLatin1(content.left(8))})
         CheckKey(key);
     AppendConfigValue(u"Added"_s, QString::fromUtf8(content));
     CheckKey(u"Added"_s);

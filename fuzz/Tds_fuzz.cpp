@@ -93,7 +93,10 @@ class Connection {
                     piece(answer);
             };
         })
-        , mGateway(TestDataSources::Instance().Add(mServer.Port(), u"Fuzz"_s), u"NURSE"_s, u"nurse"_s) {}
+        , mSource(TestDataSources::Instance().Add(mServer.Port()))
+        , mGateway(mSource, u"NURSE"_s, u"nurse"_s) {
+        TestDataSources::Instance().Remove(mSource);
+    }
 
     /// False when the connection is lost.
     bool Ask(Plan plan) {
@@ -117,6 +120,7 @@ class Connection {
 
     std::shared_ptr<const Plan> mPlan = std::make_shared<const Plan>();
     TdsResponder mServer;
+    QString mSource;
     OdbcGateway mGateway;
 };
 
