@@ -267,7 +267,7 @@ void KeyAll(const ChargeGridDifferences& screen, QByteArrayView acts) {
 
 extern "C" int LLVMFuzzerInitialize(int* count, char*** words) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    static const auto* const application = new Application(*count, *words);
+    [[maybe_unused]] static const auto* const application = new Application(*count, *words);
     static const auto clock = FixedClock(*DateTime::FromFields({2026, 11, 21, 10, 30, 15, 0}));
     static const auto boxes = MessageSeam().Replace([](const Message&) { return MsgAnswer::Ok; });
     return 0;

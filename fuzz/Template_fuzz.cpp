@@ -185,7 +185,7 @@ void Make(const QByteArray& content) {
 
 extern "C" int LLVMFuzzerInitialize(int* count, char*** words) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    static const auto* const application = new QGuiApplication(*count, *words);
+    [[maybe_unused]] static const auto* const application = new QGuiApplication(*count, *words);
     return 0;
 }
 
