@@ -18,5 +18,5 @@ std::shared_ptr<Report> ReportEngine::OpenReport(const QString& path, int /*opti
     if (!file.open(QIODevice::ReadOnly))
         throw RunTimeError(RunTime::kPathFileAccess,
                            u"%1: %2"_s.arg(RunTime::TextOf(RunTime::kPathFileAccess), name));
-    return std::make_shared<Report>(ReadTemplate(name, file.readAll()), path);
+    return std::make_shared<Report>(ReadTemplate(name, file.read(kLargestTemplate + 1)), path);
 }

@@ -310,6 +310,19 @@ INSTANTIATE_TEST_SUITE_P(
                     u"DOCTYPE"_s},
         HeadMistake{"NoPaper", "<report/>", 1, u"needs the attribute \"paper\""_s},
         HeadMistake{"UnknownPaper", "\n<report paper=\"A7\"/>", 2, u"\"A7\" is not known"_s},
+        HeadMistake{"WallOfPaper", "<report paper=\"2001x100\"/>", 1, u"\"2001x100\" is not known"_s},
+        HeadMistake{"PaperBeyondAnyNumber", "<report paper=\"100x99999999999999999999\"/>", 1,
+                    u"is not known"_s},
+        HeadMistake{"AMillionCells",
+                    "<report paper=\"A4\">" +
+                        QByteArray("<text x=\"0\" y=\"0\" width=\"9\">a</text>").repeated(1000000),
+                    1, u"larger than 1 MB"_s},
+        HeadMistake{
+            "GroupsWithoutEnd",
+            "<report paper=\"A4\"><tables><table name=\"T\" location=\"D.dbo.T\"/></tables><query>S</query>"
+            "\n" +
+                QByteArray("<group by=\"A\">").repeated(70000),
+            2, u"more than 20 groups within each other"_s},
         HeadMistake{"FlatPaper", "<report paper=\"0x10\"/>", 1, u"\"0x10\" is not known"_s},
         HeadMistake{"ThreeMargins", "<report paper=\"A4\" margins=\"1 2 3\"/>", 1, u"must be 4 numbers"_s},
         HeadMistake{"MarginsOverEachOther", "<report paper=\"A4\" margins=\"150 0 150 0\"/>", 1,

@@ -113,15 +113,20 @@ std::vector<double> CutsOf(const LaidBand& band, double room) {
             lines.push_back({top, top + cell.font->LineHeight()});
         }
     }
-    // From the bottom up, so that a cut that gives way to one line still meets the lines above it.
-    std::sort(lines.begin(), lines.end(), [](const Extent& a, const Extent& b) { return a.top > b.top; });
+    std::sort(lines.begin(), lines.end(), [](const Extent& a, const Extent& b) { return a.top < b.top; });
     std::vector<double> cuts;
     double from = 0;
+    auto first = lines.cbegin();
     while (band.height - from > room) {
         double cut = from + room;
-        for (const Extent& line : lines) {
-            if (line.top < cut && line.bottom > cut && line.top > from)
-                cut = line.top;
+        // Only the lines of this piece are looked at: a text may have a million of them.
+        first = std::find_if(first, lines.cend(), [from](const Extent& line) { return line.top > from; });
+        auto line = std::find_if(first, lines.cend(), [cut](const Extent& next) { return next.top >= cut; });
+        // From the bottom up, so that a cut that gives way to one line still meets the lines above it.
+        while (line != first) {
+            --line;
+            if (line->bottom > cut && line->top < cut)
+                cut = line->top;
         }
         cuts.push_back(cut);
         from = cut;

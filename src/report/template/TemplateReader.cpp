@@ -17,6 +17,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kDefaultMargin = 36;
+/// Of a paper's edge, in millimetres.
+constexpr double kLongestEdge = 2000;
+/// Each level is read within the one around it.
+constexpr size_t kMostGroups = 20;
 
 struct Paper {
     const char* name;
@@ -34,7 +38,8 @@ QPageSize ReadPaper(const TemplateAttributes& attributes, const QString& name) {
     static const QRegularExpression kMillimetres(u"^(\\d+(?:\\.\\d+)?)x(\\d+(?:\\.\\d+)?)$"_s);
     const QRegularExpressionMatch size = kMillimetres.match(name);
     const QSizeF millimetres(size.captured(1).toDouble(), size.captured(2).toDouble());
-    if (!size.hasMatch() || millimetres.isEmpty())
+    if (!size.hasMatch() || millimetres.isEmpty() || millimetres.width() > kLongestEdge ||
+        millimetres.height() > kLongestEdge)
         attributes.Fail(
             u"The paper \"%1\" is not known: it is A4, A5, Letter, Half Letter or a size in millimetres "
             "such as 216x140."_s.arg(name));
@@ -223,6 +228,8 @@ class TemplateReader {
     void ReadGroup() {
         TemplateAttributes attributes = mXml.Attributes();
         const size_t number = mReport.groups.size();
+        if (number == kMostGroups)
+            attributes.Fail(u"There are more than %1 groups within each other."_s.arg(kMostGroups));
         ReportGroup group;
         group.line = attributes.Line();
         group.by = attributes.RequiredText(u"by"_s);
@@ -275,6 +282,8 @@ class TemplateReader {
 } // namespace
 
 std::shared_ptr<const ReportTemplate> ReadTemplate(const QString& file, const QByteArray& content) {
+    if (content.size() > kLargestTemplate)
+        throw TemplateError(file, 1, u"The file is larger than 1 MB, which no template is."_s);
     return TemplateReader(file, content).Read();
 }
 

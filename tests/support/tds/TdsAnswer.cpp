@@ -55,6 +55,12 @@ void TdsAnswer::Row(const std::vector<Value>& cells) {
         WriteCell(mBytes, mColumns[i], cells[i]);
 }
 
+void TdsAnswer::RawRow(const std::vector<std::optional<QByteArray>>& cells) {
+    mBytes.Byte(kRow);
+    for (size_t i = 0; i < mColumns.size(); ++i)
+        WriteRawCell(mBytes, mColumns[i], cells[i]);
+}
+
 void TdsAnswer::Done(qint64 rows) {
     mLastDone = mBytes.Get().size() + 1;
     const int status = kMore | (rows >= 0 ? kCounted : 0) | (std::exchange(mFailed, false) ? kFailed : 0);

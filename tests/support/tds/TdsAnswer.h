@@ -2,6 +2,7 @@
 
 #include "support/tds/TdsTypes.h"
 
+#include <optional>
 #include <vector>
 
 class TdsConnection;
@@ -17,6 +18,8 @@ class TdsAnswer {
     void Columns(std::vector<TdsColumn> columns);
     /// A row of the result set begun last; one value for each column.
     void Row(const std::vector<Value>& cells);
+    /// The same with any bytes as content, nothing for Null; see WriteRawCell.
+    void RawRow(const std::vector<std::optional<QByteArray>>& cells);
     /// The end of a statement; `rows` is what it read or wrote, -1 for a statement that does not tell.
     void Done(qint64 rows = -1);
     /// An error as the server reports it. Statements that follow it are answered on.

@@ -3,6 +3,8 @@
 #include "support/tds/TdsTypes.h"
 
 #include <algorithm>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -48,6 +50,13 @@ TdsLogin TdsMessage::Login() const {
             .password = WideText(Unveiled(Field(content, kPassword))),
             .application = WideText(Field(content, kApplication)),
             .database = WideText(Field(content, kDatabase))};
+}
+
+TdsConnection::TdsConnection(int socket)
+    : mSocket(socket) {
+    // A small packet would wait until the client has confirmed the one before.
+    const int on = 1;
+    setsockopt(mSocket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
 }
 
 TdsConnection::~TdsConnection() {

@@ -34,8 +34,7 @@ class TdsConnection {
     struct Cancelled {};
 
     /// Takes the socket over.
-    explicit TdsConnection(int socket)
-        : mSocket(socket) {}
+    explicit TdsConnection(int socket);
     TdsConnection(const TdsConnection&) = delete;
     TdsConnection& operator=(const TdsConnection&) = delete;
     ~TdsConnection();

@@ -111,28 +111,39 @@ QByteArray TextBytes(const TdsColumn& column, const QString& text) {
     return bytes;
 }
 
-void WriteTextCell(TdsBytes& bytes, const TdsColumn& column, const Value& value) {
+bool IsText(TdsType type) {
+    switch (type) {
+    case TdsType::Char:
+    case TdsType::VarChar:
+    case TdsType::NVarChar:
+    case TdsType::VarCharMax:
+    case TdsType::NVarCharMax:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void WriteTextCell(TdsBytes& bytes, const TdsColumn& column, const std::optional<QByteArray>& text) {
     if (IsMax(column.type)) {
-        if (value.IsNull()) {
+        if (!text) {
             bytes.Number(~quint64(0), 8);
             return;
         }
-        const QByteArray text = TextBytes(column, value.ToText());
-        bytes.Number(quint64(text.size()), 8);
-        if (!text.isEmpty()) {
-            bytes.Number(quint64(text.size()), 4);
-            bytes.Raw(text);
+        bytes.Number(quint64(text->size()), 8);
+        if (!text->isEmpty()) {
+            bytes.Number(quint64(text->size()), 4);
+            bytes.Raw(*text);
         }
         bytes.Number(0, 4);
         return;
     }
-    if (value.IsNull()) {
+    if (!text) {
         bytes.Number(kMax, 2);
         return;
     }
-    const QByteArray text = TextBytes(column, value.ToText());
-    bytes.Number(quint64(text.size()), 2);
-    bytes.Raw(text);
+    bytes.Number(quint64(text->size()), 2);
+    bytes.Raw(*text);
 }
 
 void WriteDecimal(TdsBytes& bytes, const TdsColumn& column, const Value& value) {
@@ -263,16 +274,10 @@ void WriteType(TdsBytes& bytes, const TdsColumn& column) {
 }
 
 void WriteCell(TdsBytes& bytes, const TdsColumn& column, const Value& value) {
-    switch (column.type) {
-    case TdsType::Char:
-    case TdsType::VarChar:
-    case TdsType::NVarChar:
-    case TdsType::VarCharMax:
-    case TdsType::NVarCharMax:
-        WriteTextCell(bytes, column, value);
+    if (IsText(column.type)) {
+        WriteTextCell(bytes, column,
+                      value.IsNull() ? std::nullopt : std::optional(TextBytes(column, value.ToText())));
         return;
-    default:
-        break;
     }
     if (value.IsNull()) {
         bytes.Byte(0);
@@ -306,4 +311,21 @@ void WriteCell(TdsBytes& bytes, const TdsColumn& column, const Value& value) {
         bytes.Number(quint64(value.ToInteger()), SizeOf(column));
         break;
     }
+}
+
+void WriteRawCell(TdsBytes& bytes, const TdsColumn& column, const std::optional<QByteArray>& content) {
+    if (IsText(column.type)) {
+        // Characters of two bytes are never cut in half.
+        const qsizetype most = IsMax(column.type) && content ? content->size() : column.length;
+        const qsizetype width = IsWide(column.type) ? 2 : 1;
+        WriteTextCell(
+            bytes, column,
+            content ? std::optional(
+                          content->left(most * width).chopped(qMin(content->size(), most * width) % width))
+                    : std::nullopt);
+        return;
+    }
+    bytes.Byte(content ? SizeOf(column) : 0);
+    if (content)
+        bytes.Raw(content->leftJustified(SizeOf(column), '\0', true));
 }

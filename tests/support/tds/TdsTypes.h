@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
+
 /// The server's types of columns.
 enum class TdsType {
     TinyInt,
@@ -66,3 +68,6 @@ void WriteType(TdsBytes& bytes, const TdsColumn& column);
 /// Writes a cell; the value must be one that fits the column's type, or Null. Raises std::invalid_argument
 /// for a number or a text that would be cut.
 void WriteCell(TdsBytes& bytes, const TdsColumn& column, const Value& value);
+/// Writes a cell of any content, nothing being Null: a value of fixed size is made of so many of the bytes,
+/// filled up with zeros, and a text is cut to its column.
+void WriteRawCell(TdsBytes& bytes, const TdsColumn& column, const std::optional<QByteArray>& content);
