@@ -84,6 +84,13 @@ void ResetPeak() {
 }
 
 double PeakSinceReset() {
+    return ProcessFigure("VmHWM:") / 1024;
+}
+
+double ProcessFigure(QByteArrayView name) {
     const QByteArray text = ReadProcess(u"status"_s);
-    return text.mid(text.indexOf("VmHWM:") + 6).simplified().split(' ').value(0).toDouble() / 1024;
+    const qsizetype at = text.indexOf(name);
+    if (at < 0)
+        GiveUp(u"the system does not tell "_s + QString::fromLatin1(name));
+    return text.mid(at + name.size()).simplified().split(' ').value(0).toDouble();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 
 #include <chrono>
@@ -45,6 +46,9 @@ void ResetPeak();
 
 /// The largest memory held since then, in megabytes.
 double PeakSinceReset();
+
+/// A number that the system tells of this process in its status, under that name.
+double ProcessFigure(QByteArrayView name);
 
 /// The memory that the process holds now, in megabytes.
 double CurrentMegabytes();

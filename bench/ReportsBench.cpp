@@ -70,13 +70,13 @@ std::shared_ptr<const RowData> MakeRows(int count) {
     rows->columns = {u"Station"_s,     u"Date"_s,     u"Slip"_s,  u"Patient"_s,
                      u"Particulars"_s, u"Quantity"_s, u"Amount"_s};
     for (int i = 0; i < count; ++i) {
-        rows->cells.emplace_back(u"STATION %1"_s.arg(i / kRowsPerStation));
-        rows->cells.emplace_back(*DateTime::FromFields({2026, 1 + i % 12, 1 + i % 28, i % 24, i % 60, 0, 0}));
-        rows->cells.emplace_back(u"H%1C"_s.arg(1000 + i));
-        rows->cells.emplace_back(u"DELA CRUZ, JUAN MIGUEL %1"_s.arg(i));
-        rows->cells.emplace_back(u"HEMODIALYSIS TREATMENT, %1 HOURS"_s.arg(3 + i % 3));
-        rows->cells.emplace_back(QString::number(1 + i % 5));
-        rows->cells.emplace_back(Decimal{QString::number(100 + i % 9000) + u".5000"_s});
+        rows->Add(u"STATION %1"_s.arg(i / kRowsPerStation));
+        rows->Add(*DateTime::FromFields({2026, 1 + i % 12, 1 + i % 28, i % 24, i % 60, 0, 0}));
+        rows->Add(u"H%1C"_s.arg(1000 + i));
+        rows->Add(u"DELA CRUZ, JUAN MIGUEL %1"_s.arg(i));
+        rows->Add(u"HEMODIALYSIS TREATMENT, %1 HOURS"_s.arg(3 + i % 3));
+        rows->Add(QString::number(1 + i % 5));
+        rows->Add(Decimal{QString::number(100 + i % 9000) + u".5000"_s});
     }
     return rows;
 }

@@ -6,6 +6,8 @@
 #include "GiveUp.h"
 #include "RecordedStatements.h"
 #include "report/output/PdfJob.h"
+#include "report/pages/PagedPaint.h"
+#include "report/pages/PaintPage.h"
 #include "report/ReportEngine.h"
 #include "report/viewer/ReportViewer.h"
 #include "reports/Reports.h"
@@ -16,6 +18,8 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QPainter>
+#include <QPdfWriter>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTextStream>
@@ -34,6 +38,9 @@ constexpr double kYearFirstPageRatio = 1.5;
 constexpr double kAtOnce = 150;
 constexpr int kMonths = 12;
 constexpr int kManyPages = 50;
+/// What a year's report may hold with its window and its PDF under way.
+constexpr double kYearMegabytes = 150;
+constexpr double kPdfOfPainting = 1.2;
 /// Rows of the comparison with another tool, which takes a multiple of them for a multiple of the time.
 constexpr int kToolRows = 10000;
 
@@ -68,6 +75,28 @@ QString Name(const char* text) {
     return QString::fromLatin1(text);
 }
 
+/// Takes what is written and keeps nothing.
+class Nowhere : public QIODevice {
+  protected:
+    qint64 readData(char*, qint64) override { return -1; }
+    qint64 writeData(const char*, qint64 length) override { return length; }
+};
+
+void PaintIntoNothing(const ReportDocument& document) {
+    Nowhere nowhere;
+    nowhere.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&nowhere);
+    writer.setPageLayout(document.Paper());
+    QPainter painter;
+    ReportFonts fonts;
+    BeginPages(painter, writer);
+    for (int page = 1; page <= document.PageCount(); ++page) {
+        if (page > 1)
+            writer.newPage();
+        PaintPage(painter, document, page, fonts);
+    }
+}
+
 /// The connections of the reports, as the program makes them but for the user's password, which is the
 /// sign-on's and takes its time by purpose.
 class YearConnections {
@@ -97,7 +126,11 @@ struct Figures {
     double fetch = 0;
     double firstPage = 0;
     double pdf = 0;
+    /// The pages painted as the PDF has them, into nothing.
+    double painting = 0;
     double megabytes = 0;
+    /// Above those of the opened report.
+    double pdfMegabytes = 0;
     size_t rows = 0;
     int pages = 0;
 };
@@ -121,16 +154,22 @@ class ReportsOfTheYear {
         std::vector<Figures> figures;
         for (const Period& period : kPeriods) {
             const QString what = Name(report.name) + u", one "_s + Name(period.name);
-            figures.push_back(Measure(what, [&] { OpenPeriod(report, period.days); }));
+            figures.push_back(Measure(
+                what, [&] { OpenPeriod(report, period.days); }, period.days == kPeriods[1].days));
         }
         const QString growth = Name(report.name) + u", from one month to twelve: "_s;
         mTable.AddLimit(growth + u"first page, times"_s, figures[2].firstPage / figures[1].firstPage, kMonths,
                         u""_s);
         // What a file costs whatever is in it would hide the pages of a short one.
-        if (figures[1].pages >= kManyPages)
-            mTable.AddLimit(growth + u"PDF, times a page"_s,
-                            figures[2].pdf / figures[2].pages / (figures[1].pdf / figures[1].pages), 1.1,
+        if (figures[1].pages >= kManyPages) {
+            const double page = figures[2].pdf / figures[2].pages;
+            mTable.AddLimit(growth + u"PDF, times a page"_s, page / (figures[1].pdf / figures[1].pages), 1.1,
                             u""_s);
+            mTable.AddLimit(growth + u"PDF, times the painting"_s,
+                            page / (figures[1].painting / figures[1].pages), kPdfOfPainting, u""_s);
+        }
+        mTable.AddLimit(Name(report.name) + u", one year: memory with its PDF"_s,
+                        figures[2].megabytes + figures[2].pdfMegabytes, kYearMegabytes, u"MB"_s);
     }
 
     void MeasureCensus(const DirectReport& report) {
@@ -215,7 +254,8 @@ class ReportsOfTheYear {
         OpenReport(ProgramDirectory() + Name(report.file), values);
     }
 
-    template <class Open> Figures Measure(const QString& what, Open open) {
+    /// With `paints` the pages are painted once more without a file.
+    template <class Open> Figures Measure(const QString& what, Open open, bool paints = false) {
         std::fprintf(stderr, "%s\n", qPrintable(what));
         Figures figures;
         open();
@@ -254,15 +294,20 @@ class ReportsOfTheYear {
         const auto document = gReport->Document();
         figures.rows = document->Rows().RowCount();
         figures.pages = document->PageCount();
+        if (paints)
+            figures.painting = MedianMilliseconds(1, [&] { PaintIntoNothing(*document); });
+        const double opened = CurrentMegabytes();
+        ResetPeak();
         figures.pdf =
             MedianMilliseconds(1, [&] { PdfJob(*document, {}, mFolder.filePath(u"report.pdf"_s)).Finish(); });
+        figures.pdfMegabytes = PeakSinceReset() - opened;
         gReport = nullptr;
         mTable.Add(what + u": first page; bare: the query to its last row"_s, figures.firstPage,
                    qMax(figures.bare, kAtOnce / kYearFirstPageRatio), u"ms"_s, kYearFirstPageRatio);
         std::printf("%s: %zu rows, %d pages; query bare %.0f ms, fetch %.0f ms, first page %.0f ms, PDF %.0f "
-                    "ms, memory %.0f MB\n",
+                    "ms, memory %.0f MB, for the PDF %.0f MB more\n",
                     qPrintable(what), figures.rows, figures.pages, figures.bare, figures.fetch,
-                    figures.firstPage, figures.pdf, figures.megabytes);
+                    figures.firstPage, figures.pdf, figures.megabytes, figures.pdfMegabytes);
         std::fflush(stdout);
         return figures;
     }

@@ -8,14 +8,6 @@
 
 using namespace Qt::StringLiterals;
 
-std::optional<size_t> RowData::Find(QStringView column) const {
-    for (size_t i = 0; i < columns.size(); ++i) {
-        if (column.compare(columns[i], Qt::CaseInsensitive) == 0)
-            return i;
-    }
-    return std::nullopt;
-}
-
 RowSet::RowSet(std::shared_ptr<const RowData> data, bool countsRows)
     : mData(std::move(data))
     , mCountsRows(countsRows) {}
@@ -101,7 +93,7 @@ void RowSet::Update() {
         throw RunTime::Error(RunTime::kRowChanged);
     auto written = std::make_shared<RowData>(*mData);
     for (Change& change : mChanges)
-        written->cells[mRow * written->columns.size() + change.column] = std::move(change.value);
+        written->Set(mRow, change.column, std::move(change.value));
     mData = std::move(written);
     mChanges.clear();
 }

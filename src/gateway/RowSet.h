@@ -1,27 +1,14 @@
 #pragma once
 
-#include "gateway/Value.h"
+#include "gateway/RowData.h"
 
 #include <QStringView>
 
-#include <deque>
 #include <memory>
 #include <optional>
 #include <vector>
 
 class CommandGateway;
-
-/// The rows of one result in memory, cells row by row. Shared between a row set and the grids bound to it.
-struct RowData {
-    std::vector<QString> columns;
-    /// Grows row by row to any length, and what is there never moves.
-    std::deque<Value> cells;
-
-    size_t RowCount() const { return columns.empty() ? 0 : cells.size() / columns.size(); }
-    const Value& Cell(size_t row, size_t column) const { return cells[row * columns.size() + column]; }
-    /// The first column of that name, letter case aside.
-    std::optional<size_t> Find(QStringView column) const;
-};
 
 /// The result of a command, with a current row. Rows are held whole in memory: any number of row sets may be
 /// open, and a grid that was bound to one keeps its rows when it is closed.

@@ -4,6 +4,7 @@
 #include "gateway/CommandGateway.h"
 #include "nursing/commands.h"
 #include "nursing/frmNursingRequest.h"
+#include "nursing/TypedLine.h"
 #include "patients/frmSearchPatient.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Look.h"
@@ -107,13 +108,13 @@ QTimer* PendingMonitor::NewTimer(const char* name, std::chrono::milliseconds int
 void PendingMonitor::LayoutText() {
     Picture1 = new QFrame(this);
     Picture1->setObjectName(u"Picture1"_s);
-    Label1 = new QLabel(kPendingText, Picture1);
+    Label1 = new TypedLine(kPendingText, Picture1);
     Label1->setObjectName(u"Label1"_s);
     QFont font(u"Courier New"_s);
     font.setStyleHint(QFont::TypeWriter);
     Label1->setFont(font);
     // The letters stand where they are while the line grows.
-    Label1->setMinimumWidth(Label1->sizeHint().width());
+    Label1->FitWhole();
     auto* layout = new QHBoxLayout(Picture1);
     layout->setContentsMargins(Space::kTight, 0, Space::kTight, 0);
     layout->addWidget(Label1);
@@ -179,7 +180,7 @@ void PendingMonitor::tmrPending_Timer() {
 
 void PendingMonitor::Timer2_Timer() {
     if (mTyped <= kPendingText.size()) {
-        Label1->setText(kPendingText.left(mTyped));
+        Label1->Type(mTyped);
         ++mTyped;
     } else {
         mTyped = 1;

@@ -9,6 +9,7 @@ class QKeyEvent;
 class QLabel;
 class QPushButton;
 class QTimer;
+class TypedLine;
 
 /// The strip of the main window that tells of the wards' requests: while some wait, it shows a picture that
 /// flashes and a line that types itself out. A double click on the picture opens the queue, as F6 does from
@@ -53,7 +54,7 @@ class PendingMonitor : public QWidget {
     QFrame* pctPending = nullptr;
     QLabel* Image1 = nullptr;
     QFrame* Picture1 = nullptr;
-    QLabel* Label1 = nullptr;
+    TypedLine* Label1 = nullptr;
     QPushButton* cmdPrepaid = nullptr;
     /// How many letters the next step types. Goes on where it stood when requests come again.
     int mTyped = 0;

@@ -164,6 +164,6 @@ std::shared_ptr<const RowData> ReadOdbcRows(const OdbcHandle& statement, int col
             return data;
         statement.Check(result);
         for (size_t i = 0; i < readers.size(); ++i)
-            data->cells.push_back(readers[i]({statement, SQLUSMALLINT(i + 1), last[i]}));
+            data->Add(readers[i]({statement, SQLUSMALLINT(i + 1), last[i]}));
     }
 }

@@ -140,8 +140,8 @@ void PickDialog::Filter(const QString& text) {
     shown->columns = mRows->columns;
     const size_t width = mRows->columns.size();
     for (const size_t row : mShown) {
-        const auto first = mRows->cells.begin() + static_cast<std::ptrdiff_t>(row * width);
-        shown->cells.insert(shown->cells.end(), first, first + static_cast<std::ptrdiff_t>(width));
+        for (size_t column = 0; column < width; ++column)
+            shown->Add(mRows->Cell(row, column));
     }
     lstPick->SetRows(shown);
     // All rows are as good as none: an Enter that comes too early must not take the first one of them.

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <sqlite3.h>
 #include <utility>
 
@@ -59,35 +60,65 @@ Value ColumnValue(sqlite3_stmt* row, int column, const SqlType& type) {
     }
 }
 
-/// The values of one column that were read lately, by the bytes that they were made of. Names, codes and
+/// The bytes that a value of the row is made of: those of a text, or of a number as it is stored.
+QByteArrayView StoredBytes(sqlite3_stmt* row, int column, int stored, std::array<char, 8>& number) {
+    const auto copied = [&number](auto value) {
+        std::memcpy(number.data(), &value, number.size());
+        return QByteArrayView(number);
+    };
+    switch (stored) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER:
+        return copied(sqlite3_column_int64(row, column));
+    case SQLITE_FLOAT:
+        return copied(sqlite3_column_double(row, column));
+    default:
+        return ColumnText(row, column);
+    }
+}
+
+/// Where the values of one column were read lately, by the bytes that they were made of. Names, codes and
 /// prices come again and again: rows that share them take less room and are read faster.
 class RepeatedValues {
   public:
-    Value Read(sqlite3_stmt* row, int column, const SqlType& type, MemoryBound& memory) {
+    /// Adds the column's cell of the row that is being read.
+    void Add(RowData& rows, sqlite3_stmt* row, int column, const SqlType& type, MemoryBound& memory) {
         const int stored = sqlite3_column_type(row, column);
-        const bool units = stored == SQLITE_INTEGER && type.IsFixed();
-        if (stored == SQLITE_NULL || (stored != SQLITE_TEXT && !units))
-            return ColumnValue(row, column, type);
-        const qint64 number = units ? sqlite3_column_int64(row, column) : 0;
-        const QByteArrayView bytes =
-            units ? QByteArrayView(reinterpret_cast<const char*>(&number), qsizetype(sizeof number))
-                  : ColumnText(row, column);
-        Known& known = mKnown[qHash(bytes) % kSlots];
-        if (known.value.IsNull() || known.stored != stored || known.bytes != bytes) {
-            known = {stored, bytes.toByteArray(), ColumnValue(row, column, type)};
-            memory.Take(bytes.size() * qint64(sizeof(QChar)));
+        std::array<char, 8> number;
+        const QByteArrayView bytes = StoredBytes(row, column, stored, number);
+        Known& known = mKnown[qHash(bytes) % mKnown.size()];
+        if (known.stored == stored && known.bytes == bytes) {
+            rows.AddAsIn(std::exchange(known.row, rows.RowCount()));
+            return;
         }
-        return known.value;
+        known = {stored, bytes.toByteArray(), rows.RowCount()};
+        rows.Add(ColumnValue(row, column, type));
+        memory.Take(bytes.size() * qint64(sizeof(QChar)));
+        HaveMore();
     }
 
   private:
     static constexpr size_t kSlots = 256;
+    static constexpr size_t kMostSlots = kSlots << 7;
+    static constexpr int kMisses = 4;
+
     struct Known {
         int stored = 0;
         QByteArray bytes;
-        Value value;
+        size_t row = 0;
     };
-    std::array<Known, kSlots> mKnown;
+
+    /// A column with many values, such as the patients of a year, is given more slots.
+    void HaveMore() {
+        if (++mMisses < kMisses * mKnown.size() || mKnown.size() == kMostSlots)
+            return;
+        mKnown = std::vector<Known>(mKnown.size() * 2);
+        mMisses = 0;
+    }
+
+    std::vector<Known> mKnown = std::vector<Known>(kSlots);
+    size_t mMisses = 0;
 };
 
 /// The tables of a statement by their aliases, of which SQLite's plans speak.
@@ -276,8 +307,10 @@ std::shared_ptr<const RowData> PreparedCommand::ReadRows(Step& step) const {
         memory.Take(cellsOfRow);
         for (size_t i = 0; i < columns.size(); ++i) {
             const int column = static_cast<int>(i);
-            data->cells.push_back(repeated.empty() ? ColumnValue(row, column, columns[i].type)
-                                                   : repeated[i].Read(row, column, columns[i].type, memory));
+            if (repeated.empty())
+                data->Add(ColumnValue(row, column, columns[i].type));
+            else
+                repeated[i].Add(*data, row, column, columns[i].type, memory);
         }
     }
     return data;

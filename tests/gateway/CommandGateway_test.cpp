@@ -19,7 +19,7 @@ class EchoingGateway : public CommandGateway {
         sent = command;
         auto data = std::make_shared<RowData>();
         data->columns = {u"a"_s};
-        data->cells = {Value(1)};
+        data->Add(1);
         return {bringsRows ? data : nullptr, 0};
     }
 };

@@ -13,7 +13,9 @@ namespace {
 std::shared_ptr<const RowData> TwoRows() {
     auto data = std::make_shared<RowData>();
     data->columns = {u"Code"_s, u"Price"_s, u"code"_s};
-    data->cells = {u"A"_s, Decimal{u"1.0000"_s}, u"second"_s, u"B"_s, Value(), u"second"_s};
+    for (const Value& cell :
+         std::vector<Value>{u"A"_s, Decimal{u"1.0000"_s}, u"second"_s, u"B"_s, {}, u"second"_s})
+        data->Add(cell);
     return data;
 }
 

@@ -24,6 +24,27 @@ namespace {
 constexpr QRgb kDark = qRgb(0xFF, 0x80, 0xFF);
 constexpr QRgb kLight = qRgb(0xFF, 0xC0, 0xFF);
 
+/// Counts the events of one type that come to some controls.
+class EventCounter : public QObject {
+  public:
+    EventCounter(QEvent::Type type, const std::vector<QWidget*>& controls)
+        : mType(type) {
+        for (QWidget* control : controls)
+            control->installEventFilter(this);
+    }
+    int Count() const { return mCount; }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        mCount += event->type() == mType ? 1 : 0;
+        return false;
+    }
+
+  private:
+    QEvent::Type mType;
+    int mCount = 0;
+};
+
 /// The strip inside a main window. Its timers tick when the test says so, unless it starts them.
 class PendingMonitorTest : public ScreenTest {
   protected:
@@ -63,6 +84,15 @@ class PendingMonitorTest : public ScreenTest {
         QTimer::singleShot(0, monitor, [this] { Tick("tmrCheckPending"); });
         RunEvents();
         return TakeFailure();
+    }
+
+    /// The strip as it stands between two ticks.
+    void ShowStill() {
+        const EventCounter painted(QEvent::Paint, {&Picture()});
+        Check(1);
+        monitor->Stop();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return painted.Count() > 0; }));
+        RunEvents();
     }
 
     QFrame& Picture() const { return Find<QFrame>(*monitor, "pctPending"); }
@@ -288,6 +318,39 @@ TEST_F(PendingMonitorTest, TypingMovesNothing) {
     RunEvents();
     EXPECT_EQ(Find<QLabel>(*monitor, "Label1").geometry(), label);
     EXPECT_EQ(Strip().geometry(), strip);
+}
+
+TEST_F(PendingMonitorTest, TypingPaintsTheLineAloneAndLaysNothingOut) {
+    ShowStill();
+    // A whole line, after which nothing new is kept.
+    for (int i = 0; i < 30; ++i)
+        Tick("Timer2");
+    RunEvents();
+    auto& label = Find<QLabel>(Strip(), "Label1");
+    const std::vector<QWidget*> around{&workspace, monitor, &Strip(), &Picture()};
+    const EventCounter painted(QEvent::Paint, around);
+    const EventCounter laidOut(QEvent::LayoutRequest, around);
+    const EventCounter typed(QEvent::Paint, {&label});
+    for (int i = 1; i <= 3; ++i) {
+        Tick("Timer2");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return typed.Count() == i; }));
+    }
+    EXPECT_EQ(painted.Count(), 0);
+    EXPECT_EQ(laidOut.Count(), 0);
+}
+
+TEST_F(PendingMonitorTest, AFlashPaintsThePictureAloneAndLaysNothingOut) {
+    ShowStill();
+    const std::vector<QWidget*> around{&workspace, monitor, &Strip(), &Find<QLabel>(Strip(), "Label1")};
+    const EventCounter painted(QEvent::Paint, around);
+    const EventCounter laidOut(QEvent::LayoutRequest, around);
+    const EventCounter flashed(QEvent::Paint, {&Picture()});
+    for (int i = 1; i <= 3; ++i) {
+        Tick("tmrPending");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return flashed.Count() == i; }));
+    }
+    EXPECT_EQ(painted.Count(), 0);
+    EXPECT_EQ(laidOut.Count(), 0);
 }
 
 TEST_F(PendingMonitorTest, TheOtherTimerWouldStopItselfAndOpenTheFinderNotModal) {

@@ -72,9 +72,9 @@ std::vector<Answer> AnswersOf(const RowSet& rows) {
         return {{{}, kDone, {}}};
     const auto data = rows.Data();
     std::vector<Answer> answers(data->columns.size());
-    for (size_t i = 0; i < data->cells.size(); ++i) {
+    for (size_t i = 0; i < data->RowCount() * answers.size(); ++i) {
         Answer& answer = answers[i % answers.size()];
-        const auto [type, value] = Describe(data->cells[i]);
+        const auto [type, value] = Describe(data->Cell(i / answers.size(), i % answers.size()));
         if (!type.isEmpty())
             answer.type = type;
         answer.values << value;

@@ -22,8 +22,7 @@ const QString kGroups = uR"(
 /// The bands of a report by what they are.
 class FlowTest : public testing::Test {
   protected:
-    std::vector<FlowItem> Build(const QString& parts, std::vector<std::vector<Value>> rows,
-                                double room = 1000) {
+    FlowItems Build(const QString& parts, std::vector<std::vector<Value>> rows, double room = 1000) {
         queries = {Rows({u"Ward"_s, u"Patient"_s, u"Text"_s}, std::move(rows))};
         report.emplace(ReadTemplate(u"t"_s, SmallTemplate(parts)), ReportValues{}, queries);
         Flow flow = BuildFlow(*report, *queries.front(), fonts, room);
@@ -32,7 +31,7 @@ class FlowTest : public testing::Test {
     }
 
     /// Each item as the millimetres of its height, which tell the bands of kGroups apart, and its rows.
-    static QStringList Told(const std::vector<FlowItem>& items) {
+    static QStringList Told(const FlowItems& items) {
         QStringList told;
         for (const FlowItem& item : items)
             told << u"%1:%2-%3"_s.arg(std::lround(double(item.height) / MillimetresToPoints(1)))

@@ -38,7 +38,7 @@ struct Span {
 
 struct Paged {
     std::string name;
-    std::vector<FlowItem> items;
+    FlowItems items;
     std::vector<Span> pages;
 };
 
@@ -46,7 +46,7 @@ class PaginateTest : public testing::TestWithParam<Paged> {};
 
 constexpr double kRoom = 100;
 
-std::vector<Span> Pages(const std::vector<FlowItem>& items) {
+std::vector<Span> Pages(const FlowItems& items) {
     std::vector<Span> spans;
     for (const PageSpan& page : Paginate(items, kRoom))
         spans.push_back({page.first, page.end, page.heads});
@@ -110,7 +110,7 @@ INSTANTIATE_TEST_SUITE_P(
     CaseName());
 
 TEST(Paginate, LosesAndDoublesNothing) {
-    std::vector<FlowItem> items;
+    FlowItems items;
     for (int i = 0; i < 1000; ++i)
         items.push_back(i % 7 == 0 ? Head(5) : Line(float(3 + i % 11), 1));
     quint32 next = 0;

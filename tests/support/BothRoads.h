@@ -79,7 +79,9 @@ class BothRoads {
                 return answer;
             for (const QString& column : result.rows->columns)
                 answer.shown << column;
-            for (const Value& cell : result.rows->cells) {
+            const size_t width = result.rows->columns.size();
+            for (size_t i = 0; i < result.rows->RowCount() * width; ++i) {
+                const Value& cell = result.rows->Cell(i / width, i % width);
                 answer.cells.push_back(cell);
                 answer.shown << QString::number(cell.Get().index()) + QLatin1Char(':') + cell.TextOrEmpty();
             }

@@ -10,7 +10,7 @@ std::shared_ptr<const RowData> Rows(std::vector<QString> columns, std::vector<st
     for (auto& row : rows) {
         EXPECT_EQ(row.size(), data->columns.size()) << "a scripted row has too few or too many cells";
         for (Value& cell : row)
-            data->cells.push_back(std::move(cell));
+            data->Add(std::move(cell));
     }
     return data;
 }

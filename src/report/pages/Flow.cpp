@@ -36,10 +36,9 @@ class FlowBuilder {
         , mNumbers(mGroups.size())
         , mOpen(mGroups.size()) {}
 
-    std::vector<FlowItem> Build() {
+    FlowItems Build() {
         const auto count = static_cast<quint32>(mRows.RowCount());
         const size_t groups = mGroups.size();
-        mItems.reserve(count + 2);
         Add(BandNumbers::kReportHeader, 0, count, 0);
         for (quint32 row = 0; row < count; ++row) {
             const size_t changed = ChangedLevel(row);
@@ -115,7 +114,7 @@ class FlowBuilder {
     const std::vector<ReportGroup>& mGroups;
     BandNumbers mNumbers;
     std::vector<OpenGroup> mOpen;
-    std::vector<FlowItem> mItems;
+    FlowItems mItems;
 };
 
 std::vector<size_t> SummedColumns(const BoundBand& band) {
@@ -130,7 +129,7 @@ std::vector<size_t> SummedColumns(const BoundBand& band) {
 }
 
 /// What the bands of the items add up.
-ReportSums SumsOf(const std::vector<FlowItem>& items, const BoundTemplate& report, const RowData& rows) {
+ReportSums SumsOf(const FlowItems& items, const BoundTemplate& report, const RowData& rows) {
     std::set<size_t> columns;
     std::vector<bool> adds;
     for (const std::optional<BoundBand>& band : report.Bands()) {
@@ -156,7 +155,7 @@ class FlowMeasure {
         , mFonts(fonts) {}
 
     /// Answers the greatest of the heights.
-    double Measure(std::vector<FlowItem>& items) const {
+    double Measure(FlowItems& items) const {
         const TextPlace anywhere{
             .rows = mRows, .sums = mSums, .page = kWidestPageNumber, .pages = kWidestPageNumber};
         std::vector<std::optional<BandMeasure>> measures;
@@ -175,8 +174,8 @@ class FlowMeasure {
         return tallest;
     }
 
-    std::vector<FlowItem> Cut(const std::vector<FlowItem>& items, double room) const {
-        std::vector<FlowItem> pieces;
+    FlowItems Cut(const FlowItems& items, double room) const {
+        FlowItems pieces;
         std::vector<quint32> newNumbers;
         for (const FlowItem& item : items) {
             newNumbers.push_back(static_cast<quint32>(pieces.size()));
@@ -196,7 +195,7 @@ class FlowMeasure {
   private:
     TextPlace Place(const FlowItem& item) const { return PlaceOf(item, mReport, mRows, mSums); }
 
-    void AddPieces(std::vector<FlowItem>& pieces, const FlowItem& item, double room) const {
+    void AddPieces(FlowItems& pieces, const FlowItem& item, double room) const {
         const LaidBand laid = LayOutBand(*mReport.Bands()[item.band], Place(item), mFonts);
         double top = 0;
         for (const double bottom : CutsOf(laid, room)) {
@@ -231,7 +230,7 @@ TextPlace PlaceOf(const FlowItem& item, const BoundTemplate& report, const RowDa
 }
 
 Flow BuildFlow(const BoundTemplate& report, const RowData& rows, ReportFonts& fonts, double room) {
-    std::vector<FlowItem> items = FlowBuilder(report, rows).Build();
+    FlowItems items = FlowBuilder(report, rows).Build();
     ReportSums sums = SumsOf(items, report, rows);
     const FlowMeasure measure(report, rows, sums, fonts);
     if (measure.Measure(items) > room)

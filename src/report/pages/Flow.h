@@ -10,7 +10,7 @@
 /// A report's rows as the sequence of bands that runs down its pages.
 struct Flow {
     /// Each with its height; FlowItem::band counts as BandNumbers do.
-    std::vector<FlowItem> items;
+    FlowItems items;
     /// What the bands among them add up.
     ReportSums sums;
 };

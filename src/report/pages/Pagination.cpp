@@ -10,7 +10,7 @@ constexpr quint32 kNone = std::numeric_limits<quint32>::max();
 
 class Paginator {
   public:
-    Paginator(const std::vector<FlowItem>& items, double room)
+    Paginator(const FlowItems& items, double room)
         : mItems(items)
         , mRoom(room) {
         mPages.emplace_back();
@@ -95,7 +95,7 @@ class Paginator {
         mOpenHeads.push_back(i);
     }
 
-    const std::vector<FlowItem>& mItems;
+    const FlowItems& mItems;
     double mRoom;
     double mUsed = 0;
     std::vector<PageSpan> mPages;
@@ -104,6 +104,6 @@ class Paginator {
 
 } // namespace
 
-std::vector<PageSpan> Paginate(const std::vector<FlowItem>& items, double room) {
+std::vector<PageSpan> Paginate(const FlowItems& items, double room) {
     return Paginator(items, room).Run();
 }

@@ -2,10 +2,11 @@
 
 #include <QtGlobal>
 
+#include <deque>
 #include <vector>
 
 /// One band of the report as it runs down the pages, with its height already measured. Kept small: a report
-/// of 100,000 rows has as many.
+/// of a year has more than a million.
 struct FlowItem {
     /// In points.
     float height = 0;
@@ -21,14 +22,17 @@ struct FlowItem {
     /// How many groups the band stands in; the header of a group stands outside of it.
     quint8 depth = 0;
     /// A piece of a band that is too tall for one page.
-    bool isPiece = false;
+    bool isPiece : 1 = false;
     /// Not parted from the next item.
-    bool keepWithNext = false;
+    bool keepWithNext : 1 = false;
     /// The header of the group at this depth.
-    bool isHead = false;
+    bool isHead : 1 = false;
     /// A header that stands again on the pages that its group goes on.
-    bool repeats = false;
+    bool repeats : 1 = false;
 };
+
+/// Grow without a second copy of what is there.
+using FlowItems = std::deque<FlowItem>;
 
 /// What stands on one page.
 struct PageSpan {
@@ -40,4 +44,4 @@ struct PageSpan {
 
 /// Spreads the items over pages whose body has that much room, in points. Always at least one page. An item
 /// is never parted; one that is higher than the room has a page for itself.
-std::vector<PageSpan> Paginate(const std::vector<FlowItem>& items, double room);
+std::vector<PageSpan> Paginate(const FlowItems& items, double room);

@@ -87,8 +87,10 @@ void AnswerWithRows(TdsAnswer& answer, const RowData& rows) {
         columns.push_back(ColumnOf(rows, i));
     answer.Columns(columns);
     for (size_t row = 0; row < rows.RowCount(); ++row) {
-        const auto begin = rows.cells.begin() + std::ptrdiff_t(row * columns.size());
-        answer.Row({begin, begin + std::ptrdiff_t(columns.size())});
+        std::vector<Value> cells;
+        for (size_t column = 0; column < columns.size(); ++column)
+            cells.push_back(rows.Cell(row, column));
+        answer.Row(cells);
     }
     answer.Done(qint64(rows.RowCount()));
 }

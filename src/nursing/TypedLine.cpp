@@ -1,0 +1,56 @@
+#include "nursing/TypedLine.h"
+
+#include <QPainter>
+
+TypedLine::TypedLine(const QString& whole, QWidget* parent)
+    : QLabel(whole, parent)
+    , mWhole(whole)
+    , mPictures(size_t(whole.size()) + 1) {
+    setTextFormat(Qt::PlainText);
+}
+
+void TypedLine::FitWhole() {
+    setText(mWhole);
+    setFixedSize(sizeHint());
+}
+
+void TypedLine::Type(qsizetype letters) {
+    setText(mWhole.left(letters));
+    QPixmap& picture = mPictures[size_t(letters)];
+    // Else looked at once a line: the bar looks the same all along.
+    if ((letters <= 1 || picture.isNull()) && HasMoved())
+        DropPictures();
+    if (isVisible() && picture.isNull()) {
+        setAttribute(Qt::WA_OpaquePaintEvent, false);
+        picture = window()->grab({mPlace, size()});
+    }
+    // What lies beneath is in the picture.
+    setAttribute(Qt::WA_OpaquePaintEvent, !picture.isNull());
+}
+
+bool TypedLine::HasMoved() const {
+    return mRatio != devicePixelRatioF() || mPlace != mapTo(window(), QPoint());
+}
+
+void TypedLine::DropPictures() {
+    mPictures.assign(mPictures.size(), {});
+    mPlace = mapTo(window(), QPoint());
+    mRatio = devicePixelRatioF();
+    setAttribute(Qt::WA_OpaquePaintEvent, false);
+}
+
+void TypedLine::changeEvent(QEvent* event) {
+    DropPictures();
+    QLabel::changeEvent(event);
+}
+
+void TypedLine::resizeEvent(QResizeEvent* event) {
+    DropPictures();
+    QLabel::resizeEvent(event);
+}
+
+void TypedLine::paintEvent(QPaintEvent* event) {
+    if (!testAttribute(Qt::WA_OpaquePaintEvent))
+        return QLabel::paintEvent(event);
+    QPainter(this).drawPixmap(QPoint(), mPictures[size_t(text().size())]);
+}
