@@ -1,4 +1,3 @@
-#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -19,8 +18,8 @@ struct Target {
 
 class FuzzTest : public testing::TestWithParam<Target> {};
 
-constexpr Target kTargets[] = {{"CommandText", 10000}, {"Engine", 2000},  {"Grid", 200},  {"Settings", 2000},
-                               {"Tds", 1000},          {"Template", 500}, {"Text", 10000}};
+constexpr Target kTargets[] = {{"CommandText", 700}, {"Engine", 700},   {"Grid", 40},  {"Settings", 500},
+                               {"Tds", 800},         {"Template", 800}, {"Text", 1000}};
 
 } // namespace
 
@@ -42,5 +41,6 @@ TEST_P(FuzzTest, SeedsAndWhatIsMadeOfThemLeadToNoFault) {
                   u"-artifact_prefix=" TARVEN_BUILD_DIR "/fuzz/"_s + name + u'-', made.path(),
                   u"" TARVEN_SOURCE_DIR "/fuzz/seeds/"_s + name});
     ASSERT_TRUE(target.waitForFinished(-1)) << target.errorString().toStdString();
-    EXPECT_EQ(target.exitCode(), 0) << target.readAll().right(8000).toStdString();
+    EXPECT_TRUE(target.exitStatus() == QProcess::NormalExit && target.exitCode() == 0)
+        << target.readAll().right(8000).toStdString();
 }
