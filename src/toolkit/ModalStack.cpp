@@ -102,8 +102,10 @@ void ModalStack::Activate(QWidget& window) {
     constexpr std::chrono::milliseconds kMoment(250);
     static QPointer<QWidget> wanted;
     wanted = &window;
+    if (!window.isModal())
+        window.activateWindow();
     QTimer::singleShot(0, &window, [&window] {
-        if (wanted == &window && window.isVisible() && !Covers(&window))
+        if (window.isModal() && wanted == &window && window.isVisible() && !Covers(&window))
             window.activateWindow();
     });
     QTimer::singleShot(kMoment, &window, [&window] {

@@ -62,11 +62,11 @@ class ModalStack {
     /// The frame of a screen that stands on the stack; null for any other screen.
     static ScreenFrame* FrameOf(const Form& screen);
 
-    /// Activates a window of the program once the step in hand is over: where two modal windows close in a
-    /// row the upper one's way back would lead to a window that is going as well, and a desktop that has
-    /// followed it there gives the focus to nobody. It may lose the request all the same: where no window of
-    /// the program is active a moment later, it is asked for once more. Neither where another modal window
-    /// has come over it by then.
+    /// Activates a window of the program after a modal one: at once, so that the keys have no moment without
+    /// a window. A modal window below is activated once the step in hand is over, since it may be closing as
+    /// well, and a desktop that was led to a window that goes gives the focus to nobody. The request may be
+    /// lost all the same: where no window of the program is active a moment later, it is asked for once more.
+    /// Nothing is asked for where another modal window has come over it by then.
     static void Activate(QWidget& window);
 
     /// A screen that is not modal was shown.
