@@ -104,8 +104,11 @@ class Desk {
         const FlexCells& cells = mCharges->Cells();
         Require(cells.Row() < cells.Rows() && cells.Col() < cells.Cols(),
                 "the current cell lies in the grid");
-        Require(!editor.hasFocus() || editor.text() == cells.Text(),
-                "what is keyed stands in the current cell");
+        // A closed cell leaves the editor over the one before.
+        const FlexGrid& grid = *mCharges->Grid();
+        const QRect cell = grid.CellRect(cells.Row(), cells.Col()).translated(grid.pos());
+        Require(!editor.hasFocus() || editor.geometry() != cell || editor.text() == cells.Text(),
+                "what is keyed stands in the cell under the editor");
     }
 
   private:
