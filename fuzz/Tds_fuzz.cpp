@@ -114,8 +114,11 @@ class Connection {
     static void Read(const RowSet& rows) {
         if (rows.State() == RowSet::Status::Closed)
             return;
-        for (const Value& value : rows.Data()->cells)
-            value.TextOrEmpty();
+        const RowData& data = *rows.Data();
+        for (size_t row = 0; row < data.RowCount(); ++row) {
+            for (size_t column = 0; column < data.columns.size(); ++column)
+                data.Cell(row, column).TextOrEmpty();
+        }
     }
 
     std::shared_ptr<const Plan> mPlan = std::make_shared<const Plan>();

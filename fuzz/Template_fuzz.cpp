@@ -81,7 +81,7 @@ std::shared_ptr<const RowData> RowsFor(const ReportTemplate& report, size_t quer
     auto rows = std::make_shared<RowData>();
     rows->columns = AskedFields(report, query).names;
     for (size_t i = 0; i < kRows * rows->columns.size(); ++i)
-        rows->cells.push_back(Cells()[i * i % Cells().size()]);
+        rows->Add(Cells()[i * i % Cells().size()]);
     return rows;
 }
 
