@@ -1,4 +1,5 @@
 #include "fuzz/Fuzz.h"
+#include "fuzz/ReadAll.h"
 #include "support/FixedClock.h"
 #include "support/smallhospital/SmallHospital.h"
 #include "trial/HospitalEngine.h"
@@ -39,7 +40,7 @@ class Hospital {
     void Run(const QString& command) {
         QElapsedTimer taken;
         taken.start();
-        Allowing([&] { Read(mHospital.Gateway().Execute(command)); });
+        Allowing([&] { ReadAll(mHospital.Gateway().Execute(command)); });
         Require(taken.elapsed() < kLongest, "a command ends when its time is over");
         Require(!Database().InTransaction(), "a command leaves no transaction open");
     }
@@ -55,16 +56,6 @@ class Hospital {
   private:
     SqliteDatabase& Database() { return mHospital.Gateway().Engine().Database(); }
     qint64 Changes() { return sqlite3_total_changes64(Database().Handle()); }
-
-    static void Read(const RowSet& rows) {
-        if (rows.State() == RowSet::Status::Closed)
-            return;
-        const RowData& data = *rows.Data();
-        for (size_t row = 0; row < data.RowCount(); ++row) {
-            for (size_t column = 0; column < data.columns.size(); ++column)
-                data.Cell(row, column).TextOrEmpty();
-        }
-    }
 
     static void Copy(sqlite3* to, sqlite3* from) {
         sqlite3_backup* copy = sqlite3_backup_init(to, "main", from, "main");

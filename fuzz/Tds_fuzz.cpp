@@ -1,4 +1,5 @@
 #include "fuzz/Fuzz.h"
+#include "fuzz/ReadAll.h"
 #include "odbc/OdbcGateway.h"
 #include "support/tds/TdsResponder.h"
 #include "support/tds/TestDataSources.h"
@@ -102,7 +103,7 @@ class Connection {
     bool Ask(Plan plan) {
         std::atomic_store(&mPlan, std::make_shared<const Plan>(std::move(plan)));
         try {
-            Read(mGateway.Execute(u"fuzz"_s));
+            ReadAll(mGateway.Execute(u"fuzz"_s));
         } catch (const RunTimeError& error) {
             return error.State() != "08S01"_L1;
         }
@@ -111,16 +112,6 @@ class Connection {
     }
 
   private:
-    static void Read(const RowSet& rows) {
-        if (rows.State() == RowSet::Status::Closed)
-            return;
-        const RowData& data = *rows.Data();
-        for (size_t row = 0; row < data.RowCount(); ++row) {
-            for (size_t column = 0; column < data.columns.size(); ++column)
-                data.Cell(row, column).TextOrEmpty();
-        }
-    }
-
     std::shared_ptr<const Plan> mPlan = std::make_shared<const Plan>();
     TdsResponder mServer;
     QString mSource;

@@ -181,6 +181,8 @@ void ChargeGrid::grdTable_LeaveCell() {}
 void ChargeGrid::grdTable_EnterCell() {
     mLines.SetAmountLock();
     FlexCells& cells = Cells();
+    // Kept: over a closed cell the editor stays where it was, and what is keyed then goes into the closed
+    // cell.
     if (mLines.IsLocked(cells.Col()))
         return;
     // Tab reaches the grid through its editor from now on, and Shift+Tab leaves it.

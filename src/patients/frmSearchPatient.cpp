@@ -149,6 +149,7 @@ void frmSearchPatient::RefillFromTarget() {
 }
 
 void frmSearchPatient::Fill(const QString& text) {
+    const ListSearching sign(*ListView1);
     RowSet rows = OpenPatients(text);
     if (!rows.Eof()) {
         CheckUnguarded(*rows.Data());
@@ -159,7 +160,6 @@ void frmSearchPatient::Fill(const QString& text) {
 
 void frmSearchPatient::cmdSearch_Click() {
     ListView1->ClearRows();
-    const ListSearching sign(*ListView1);
     Fill(txtLastName->text());
 }
 

@@ -104,10 +104,11 @@ void ModalStack::Activate(QWidget& window) {
     wanted = &window;
     if (!window.isModal())
         window.activateWindow();
-    QTimer::singleShot(0, &window, [&window] {
-        if (window.isModal() && wanted == &window && window.isVisible() && !Covers(&window))
-            window.activateWindow();
-    });
+    else
+        QTimer::singleShot(0, &window, [&window] {
+            if (wanted == &window && window.isVisible() && !Covers(&window))
+                window.activateWindow();
+        });
     QTimer::singleShot(kMoment, &window, [&window] {
         if (window.isVisible() && !QApplication::activeWindow() && !Covers(&window))
             window.activateWindow();
