@@ -21,32 +21,55 @@ QByteArray ReadProcess(const QString& name) {
     return file.readAll();
 }
 
+/// Bounds where there are any.
+QByteArray Bounds(const Figure& judged) {
+    if (judged.WasMeasuredOnce())
+        return {};
+    return u"%1-%2"_s.arg(judged.low, 0, 'f', 2).arg(judged.high, 0, 'f', 2).toLatin1();
+}
+
+/// A figure of the table, or nothing where the line has none.
+QByteArray FigureOrNothing(double value, const QString& unit) {
+    return value == 0 ? QByteArray() : u"%1 %2"_s.arg(value, 0, 'f', 2).arg(unit, -2).toLatin1();
+}
+
+void PrintLine(const BenchLine& line) {
+    std::printf("%-72s %11s %11s %6s %11s %9s %s\n", qPrintable(line.what),
+                u"%1 %2"_s.arg(line.ours, 0, 'f', 2).arg(line.unit, -2).toLatin1().constData(),
+                FigureOrNothing(line.bare, line.unit).constData(),
+                line.HasBare() ? QByteArray::number(line.judged.value, 'f', 2).constData() : "",
+                Bounds(line.judged).constData(), FigureOrNothing(line.promised, {}).trimmed().constData(),
+                line.IsGood() ? "" : "<- too much");
+}
+
 } // namespace
 
+void BenchTable::Add(const QString& what, const Turns& turns, const QString& unit, double promised) {
+    mLines.push_back({what, unit, Median(turns.ours), Median(turns.bare), turns.Ratio(), promised});
+}
+
 void BenchTable::Add(const QString& what, double value, double bare, const QString& unit, double promised) {
-    mLines.push_back({what, unit, value, bare, promised, false});
+    mLines.push_back({what, unit, value, bare, MiddleOf({value / bare}), promised});
+}
+
+void BenchTable::AddLimit(const QString& what, std::vector<double> values, double limit,
+                          const QString& unit) {
+    const Figure figure = MiddleOf(std::move(values));
+    mLines.push_back({what, unit, figure.value, 0, figure, limit});
 }
 
 void BenchTable::AddLimit(const QString& what, double value, double limit, const QString& unit) {
-    mLines.push_back({what, unit, value, limit, 1.0, true});
-}
-
-bool BenchTable::IsGood(const Line& line) {
-    return line.promised == 0 || line.value <= line.promised * line.bare;
+    AddLimit(what, std::vector{value}, limit, unit);
 }
 
 bool BenchTable::AllGood() const {
-    return std::all_of(mLines.begin(), mLines.end(), IsGood);
+    return std::all_of(mLines.begin(), mLines.end(), [](const BenchLine& line) { return line.IsGood(); });
 }
 
 void BenchTable::Print() const {
-    std::printf("%-62s %11s %11s %6s %9s\n", "what", "ours", "bare", "ratio", "promised");
-    for (const Line& line : mLines) {
-        std::printf("%-62s %8.2f %-2s %8.2f %-2s %6.2f %9s %s\n", qPrintable(line.what), line.value,
-                    qPrintable(line.unit), line.bare, qPrintable(line.unit), line.value / line.bare,
-                    line.isLimit ? "(limit)" : qPrintable(QString::number(line.promised, 'f', 2)),
-                    IsGood(line) ? "" : "<- too much");
-    }
+    std::printf("%-72s %11s %11s %6s %11s %9s\n", "what", "ours", "bare", "ratio", "bounds", "promised");
+    for (const BenchLine& line : mLines)
+        PrintLine(line);
 }
 
 double Median(std::vector<double> figures) {
@@ -57,12 +80,9 @@ double Median(std::vector<double> figures) {
 
 double MedianMilliseconds(int runs, const std::function<void()>& run) {
     std::vector<double> times;
-    for (int i = 0; i < runs; ++i) {
-        const auto start = std::chrono::steady_clock::now();
-        run();
-        times.push_back(
-            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
-    }
+    times.reserve(size_t(runs));
+    for (int i = 0; i < runs; ++i)
+        times.push_back(Milliseconds(run));
     return Median(std::move(times));
 }
 

@@ -1,35 +1,32 @@
 #pragma once
 
+#include "figures/BenchLine.h"
+#include "figures/Turns.h"
+
 #include <QByteArrayView>
 #include <QString>
 
-#include <chrono>
 #include <functional>
 #include <vector>
 
 /// The table that the benchmarks print: what was measured, the product's value, the bare limit measured in
-/// the same run, their ratio and the ratio that is promised.
+/// the same run, their ratio with its bounds, and the ratio that is promised.
 class BenchTable {
   public:
-    /// One line. `promised` is the largest ratio that is still good, 0 for none.
+    /// One line whose two roads were run in turns. `promised` is the largest ratio that is still good, 0 for
+    /// none.
+    void Add(const QString& what, const Turns& turns, const QString& unit, double promised);
+    /// The same where each road was measured once.
     void Add(const QString& what, double value, double bare, const QString& unit, double promised);
-    /// A line about a figure with a fixed limit of its own.
+    /// One line about figures with a fixed limit of their own.
+    void AddLimit(const QString& what, std::vector<double> values, double limit, const QString& unit);
     void AddLimit(const QString& what, double value, double limit, const QString& unit);
     void Print() const;
     bool AllGood() const;
+    const std::vector<BenchLine>& Lines() const { return mLines; }
 
   private:
-    struct Line {
-        QString what;
-        QString unit;
-        double value;
-        double bare;
-        double promised;
-        bool isLimit;
-    };
-    static bool IsGood(const Line& line);
-
-    std::vector<Line> mLines;
+    std::vector<BenchLine> mLines;
 };
 
 /// The middle one of some figures.

@@ -20,7 +20,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLines = 50;
-constexpr int kSaveRuns = 15;
 
 /// A screen of which the save is measured. The recorded statements read and bump the counter as the first
 /// time; to repeat them it is set back.
@@ -53,15 +52,12 @@ void Measure(BenchTable& table, const BenchSession& session, const QTemporaryDir
                                 SqliteDatabase::Mode::Existing);
     AddSqlFunctions(bareDatabase);
     RunBare(bareDatabase, statements);
-    // One after the other, so that both meet the disk in the same mood.
-    std::vector<double> ours;
-    std::vector<double> bare;
-    for (int run = 0; run < kSaveRuns; ++run) {
-        ours.push_back(MedianMilliseconds(1, measured.save));
+    const auto ours = [&] { return Milliseconds(measured.save); };
+    const auto bare = [&] {
         bareDatabase.Run(measured.setCounterBack);
-        bare.push_back(MedianMilliseconds(1, [&] { RunBare(bareDatabase, statements); }));
-    }
-    table.Add(u"%1 (%2 statements)"_s.arg(measured.label).arg(statements.size()), Median(ours), Median(bare),
+        return Milliseconds([&] { RunBare(bareDatabase, statements); });
+    };
+    table.Add(u"%1 (%2 statements)"_s.arg(measured.label).arg(statements.size()), InTurns(ours, bare),
               u"ms"_s, 1.2);
 }
 

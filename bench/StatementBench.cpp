@@ -22,7 +22,6 @@ namespace {
 constexpr int kTexts = 200;
 constexpr int kCalls = 20;
 constexpr int kSteps = 10;
-constexpr int kStatementRuns = 31;
 
 /// One command of the day, whose text is another each time.
 struct MeasuredText {
@@ -96,24 +95,15 @@ class NewTexts {
     int mNext = 0;
 };
 
-/// Times two roads in turn, so that both meet the machine in the same mood. The line tells between which
-/// quartiles the ratio lay.
 void AddRatio(BenchTable& table, const QString& label, double promised, NewTexts& texts,
               const std::function<void()>& ours, const std::function<void()>& bare) {
-    std::vector<double> ourTimes;
-    std::vector<double> bareTimes;
-    std::vector<double> ratios;
-    for (int run = 0; run < kStatementRuns; ++run) {
-        texts.Compose();
-        ourTimes.push_back(MedianMilliseconds(1, ours));
-        bareTimes.push_back(MedianMilliseconds(1, bare));
-        ratios.push_back(ourTimes.back() / bareTimes.back());
-    }
-    std::sort(ratios.begin(), ratios.end());
-    table.Add(u"%1 (%2-%3)"_s.arg(label)
-                  .arg(ratios[ratios.size() / 4], 0, 'f', 2)
-                  .arg(ratios[ratios.size() * 3 / 4], 0, 'f', 2),
-              Median(ourTimes), Median(bareTimes), u"ms"_s, promised);
+    const auto timed = [&texts](const std::function<void()>& run) -> TimedRun {
+        return [&texts, &run] {
+            texts.Compose();
+            return Milliseconds(run);
+        };
+    };
+    table.Add(label, InTurns(timed(ours), timed(bare)), u"ms"_s, promised);
 }
 
 /// A number of as many digits as the hospital's, and a name of another length than the one before.

@@ -3,6 +3,8 @@
 #include "Benches.h"
 #include "BenchSession.h"
 #include "BenchTable.h"
+#include "figures/BenchFile.h"
+#include "figures/Compare.h"
 #include "toolkit/Application.h"
 
 #include <QDialog>
@@ -22,6 +24,8 @@ using namespace Qt::StringLiterals;
 //   tarven-bench              everything
 //   tarven-bench save         one of reports, year, save, statements, finder, start, keys, idle, odbc
 //   tarven-bench year audit   of the reports of the year those whose names begin so
+//   tarven-bench compare earlier.json later.json   what became of the lines of two runs
+// The table is kept beside the program, too, as figures.json.
 // The three other modes are what the start and the idle benchmark time.
 
 namespace {
@@ -73,6 +77,11 @@ int main(int argc, char** argv) {
     if (argc > 1 && std::strcmp(argv[1], "--idle") == 0)
         return ShowIdleProgram(argc, argv);
     const Application application(argc, argv);
+    if (Wanted(argc, argv, "compare") && argc == 4)
+        return PrintDifferences(LoadLines(QString::fromLocal8Bit(argv[2])),
+                                LoadLines(QString::fromLocal8Bit(argv[3])))
+                   ? 0
+                   : 1;
     BenchTable table;
     // First, since it tells the memory of the whole process.
     if (Wanted(argc, argv, "reports"))
@@ -94,5 +103,6 @@ int main(int argc, char** argv) {
     if (Wanted(argc, argv, "odbc"))
         BenchOdbc(table);
     table.Print();
+    SaveLines(QCoreApplication::applicationDirPath() + u"/figures.json"_s, table.Lines());
     return table.AllGood() ? 0 : 1;
 }
