@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <ctime>
 #include <stdexcept>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -41,8 +42,9 @@ void DeskServer::Traffic::Take(const TdsExchange& exchange) {
     sent += exchange.bytesSent;
 }
 
-DeskServer::DeskServer(const DeskRecord& record)
+DeskServer::DeskServer(const DeskRecord& record, std::chrono::milliseconds delay)
     : mRecord(record)
+    , mDelay(delay)
     , mLines(LinesOfTheSlip(record))
     , mServer([this](const TdsLogin& login) -> TdsResponder::Handler {
         return [this, user = login.user](const QString& batch, TdsAnswer& answer) {
@@ -62,6 +64,7 @@ QString DeskServer::KeyOf(const QString& text) {
 }
 
 void DeskServer::Answer(const QString& user, const QString& batch, TdsAnswer& answer) {
+    std::this_thread::sleep_for(mDelay);
     const std::lock_guard lock(mMutex);
     if (AnswerCounter(batch, answer))
         return;

@@ -5,6 +5,7 @@
 
 #include <QHash>
 
+#include <chrono>
 #include <map>
 #include <mutex>
 
@@ -22,7 +23,8 @@ class DeskServer {
         void Take(const TdsExchange& exchange);
     };
 
-    explicit DeskServer(const DeskRecord& record);
+    /// Each answer is held back for so long, as by a net and a server that have to work.
+    explicit DeskServer(const DeskRecord& record, std::chrono::milliseconds delay = {});
 
     int Port() const { return mServer.Port(); }
     /// From here on it counts; what was sent before is forgotten.
@@ -54,6 +56,7 @@ class DeskServer {
     void Count(const TdsExchange& exchange);
 
     const DeskRecord& mRecord;
+    const std::chrono::milliseconds mDelay;
     /// The lines of a slip.
     const qsizetype mLines;
     std::mutex mMutex;

@@ -13,6 +13,7 @@
 #include <array>
 #include <atomic>
 #include <latch>
+#include <optional>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -25,8 +26,10 @@ using Time = DeskPace::Time;
 constexpr std::array kManyDesks = {1, 10, 100};
 constexpr int kMostDesks = 200;
 constexpr int kReckonedDesks = 1000;
-constexpr Time kMeasured = std::chrono::seconds(45);
-constexpr Time kMeasuredOfMost = std::chrono::seconds(180);
+constexpr Time kMeasured = std::chrono::seconds(35);
+constexpr Time kMeasuredOfMost = std::chrono::seconds(150);
+/// What a net and a server that have to work may need.
+constexpr std::chrono::milliseconds kSlowAnswer(10);
 constexpr int kShortDesks = 12;
 constexpr Time kMeasuredShort = std::chrono::milliseconds(1500);
 /// So that all that a desk does comes in a second and a half.
@@ -127,7 +130,7 @@ void ReplayedDesk::Send(OdbcGateway& gateway, DeskWork work, const QString& comm
 
 void ReplayedDesk::Say(OdbcGateway& gateway, DeskWork work, const Conversation& said) {
     for (const QString& command : said.commands)
-        Send(gateway, work, command);
+        Send(gateway, mRun.record.workOf.value(command, work), command);
 }
 
 void ReplayedDesk::SignOn() {
@@ -195,10 +198,25 @@ QString NameAmongDesks(DeskWork work) {
     return work == DeskWork::SignOn ? u"database of a report's connection"_s : NameOf(work);
 }
 
+/// How many desks work for how long, at a server that needs so much longer for each answer.
+struct DeskDay {
+    int desks = 0;
+    Time length{};
+    std::chrono::milliseconds delay{};
+    DeskPace pace{};
+
+    QString Name() const;
+};
+
+QString DeskDay::Name() const {
+    return u"%1 desks"_s.arg(desks) +
+           (delay.count() == 0 ? QString() : u", each answer %1 ms later"_s.arg(delay.count()));
+}
+
 /// So many desks for some time, and what is told of them.
 class DeskCrowd {
   public:
-    DeskCrowd(const DeskRecord& record, int desks, const DeskPace& pace, Time length, unsigned seed);
+    DeskCrowd(const DeskRecord& record, const DeskDay& day, unsigned seed);
 
     void Work();
     QStringList Problems();
@@ -209,27 +227,28 @@ class DeskCrowd {
   private:
     QStringList DifferingCounts() const;
     DeskServer::Traffic All() const;
-    std::vector<double> AnswersTo(bool asking) const;
+    /// How long the commands of a kind took, or all but those of the sign-on.
+    std::vector<double> AnswersTo(std::optional<DeskWork> kind) const;
+    QString OneKind(DeskWork work, const DeskServer::Traffic& traffic) const;
 
+    const DeskDay mDay;
     DeskServer mServer;
     DeskRun mRun;
-    const DeskPace mPace;
-    const Time mLength;
     std::vector<std::unique_ptr<ReplayedDesk>> mDesks;
 };
 
-DeskCrowd::DeskCrowd(const DeskRecord& record, int desks, const DeskPace& pace, Time length, unsigned seed)
-    : mServer(record)
+DeskCrowd::DeskCrowd(const DeskRecord& record, const DeskDay& day, unsigned seed)
+    : mDay(day)
+    , mServer(record, day.delay)
     , mRun{.record = record,
            .source = TestDataSources::Instance().Add(mServer.Port()),
-           .signedOn = std::latch(desks),
-           .begin = {}}
-    , mPace(pace)
-    , mLength(length) {
+           .signedOn = std::latch(day.desks),
+           .begin = {}} {
     constexpr unsigned kSeedsOfARun = 10000;
-    for (int number = 1; number <= desks; ++number) {
+    for (int number = 1; number <= day.desks; ++number) {
         const unsigned own = seed * kSeedsOfARun + unsigned(number);
-        mDesks.push_back(std::make_unique<ReplayedDesk>(mRun, number, PlanDesk(record, pace, length, own)));
+        mDesks.push_back(
+            std::make_unique<ReplayedDesk>(mRun, number, PlanDesk(record, day.pace, day.length, own)));
     }
 }
 
@@ -284,36 +303,43 @@ DeskServer::Traffic DeskCrowd::All() const {
     return all;
 }
 
-std::vector<double> DeskCrowd::AnswersTo(bool asking) const {
+std::vector<double> DeskCrowd::AnswersTo(std::optional<DeskWork> kind) const {
     std::vector<double> answers;
     for (const auto& desk : mDesks) {
         for (const auto& [work, times] : desk->Answers()) {
-            if ((work == DeskWork::Asking) == asking && work != DeskWork::SignOn)
+            if (kind ? work == *kind : work != DeskWork::SignOn)
                 answers.insert(answers.end(), times.begin(), times.end());
         }
     }
     return answers;
 }
 
+QString DeskCrowd::OneKind(DeskWork work, const DeskServer::Traffic& traffic) const {
+    const auto count = double(traffic.exchanges);
+    return u"%1; %2 %3; %4"_s.arg(Decimals(count / mDay.length.count(), 2),
+                                  Decimals(double(traffic.received) / count, 0),
+                                  Decimals(double(traffic.sent) / count, 0),
+                                  work == DeskWork::SignOn ? u"-"_s : MedianAnd95th(AnswersTo(work)));
+}
+
 void DeskCrowd::TellIn(TortureTable& table, const QString& where) const {
-    const double seconds = mLength.count();
+    const double seconds = mDay.length.count();
     const auto add = [&](const QString& what, const QString& figure) {
         table.Add(where + u": "_s + what, figure);
     };
     const DeskServer::Traffic all = All();
     add(u"commands a second"_s, Decimals(double(all.exchanges) / seconds, 1));
+    add(u"by kind"_s, u"commands a second; bytes of one, to the server and back; ms"_s);
     for (const auto& [work, traffic] : mServer.ByWork())
-        add(u"  of them, "_s + NameAmongDesks(work), Decimals(double(traffic.exchanges) / seconds, 2));
+        add(u"  "_s + NameAmongDesks(work), OneKind(work, traffic));
     add(u"kB/s to the server, from it"_s, Decimals(double(all.received) / seconds / 1000, 1) + u' ' +
                                               Decimals(double(all.sent) / seconds / 1000, 1));
     add(u"connections that stand; others opened a second"_s,
         u"%1 %2"_s.arg(mDesks.size()).arg(Decimals(double(mServer.Logons().exchanges) / seconds, 2)));
-    add(u"answer to a question for requests, median and 95th percentile, ms"_s,
-        MedianAnd95th(AnswersTo(true)));
-    add(u"answer to other commands, median and 95th percentile, ms"_s, MedianAnd95th(AnswersTo(false)));
+    add(u"answer to any command, median and 95th percentile, ms"_s, MedianAnd95th(AnswersTo(std::nullopt)));
     add(u"responder's processor, of one core, %"_s,
         Decimals(double(mServer.ProcessorTime()) / seconds / 1e7, 1));
-    const auto isBehind = [this](const auto& desk) { return desk->Latest() > mPace.asking; };
+    const auto isBehind = [this](const auto& desk) { return desk->Latest() > mDay.pace.asking; };
     add(u"desks that fell behind by a question"_s, QString::number(std::ranges::count_if(mDesks, isBehind)));
     int lost = 0;
     for (const auto& desk : mDesks)
@@ -326,7 +352,7 @@ void DeskCrowd::TellIn(TortureTable& table, const QString& where) const {
 
 void DeskCrowd::Reckon(TortureTable& table, int desks) const {
     const DeskServer::Traffic all = All();
-    const double share = double(desks) / double(mDesks.size()) / mLength.count();
+    const double share = double(desks) / double(mDesks.size()) / mDay.length.count();
     const QString where = u"%1 desks, reckoned: "_s.arg(desks);
     table.Add(where + u"commands a second"_s, Decimals(double(all.exchanges) * share, 0));
     table.Add(where + u"kB/s to the server, from it"_s, Decimals(double(all.received) * share / 1000, 0) +
@@ -364,16 +390,28 @@ void TellRecord(TortureTable& table, const DeskRecord& record) {
     }
 }
 
-void TellDesks(TortureTable& table, const DeskRecord& record, const TortureSize& size, int desks,
-               Time length) {
-    const DeskPace pace = size.isShort ? DeskPace().Hurried(kShortHurry) : DeskPace();
-    DeskCrowd crowd(record, desks, pace, length, size.seed);
+void TellDesks(TortureTable& table, const DeskRecord& record, const DeskDay& day, unsigned seed) {
+    DeskCrowd crowd(record, day, seed);
     crowd.Work();
-    const QString where = u"%1 desks"_s.arg(desks);
-    table.AddProblems(where, crowd.Problems());
-    crowd.TellIn(table, where);
-    if (desks == kMostDesks)
+    table.AddProblems(day.Name(), crowd.Problems());
+    crowd.TellIn(table, day.Name());
+    if (day.desks == kMostDesks && day.delay.count() == 0)
         crowd.Reckon(table, kReckonedDesks);
+}
+
+std::vector<DeskDay> DaysOf(const TortureSize& size) {
+    if (size.isShort)
+        return {{.desks = size.desks == 0 ? kShortDesks : size.desks,
+                 .length = kMeasuredShort,
+                 .pace = DeskPace().Hurried(kShortHurry)}};
+    if (size.desks != 0)
+        return {{.desks = size.desks, .length = kMeasured}};
+    std::vector<DeskDay> days;
+    for (const int desks : kManyDesks)
+        days.push_back({.desks = desks, .length = kMeasured});
+    days.push_back({.desks = kMostDesks, .length = kMeasuredOfMost});
+    days.push_back({.desks = kMostDesks, .length = kMeasured, .delay = kSlowAnswer});
+    return days;
 }
 
 } // namespace
@@ -381,15 +419,6 @@ void TellDesks(TortureTable& table, const DeskRecord& record, const TortureSize&
 void TortureByDesks(TortureTable& table, const TortureSize& size) {
     const DeskRecord record = RecordDesk();
     TellRecord(table, record);
-    if (size.isShort) {
-        TellDesks(table, record, size, size.desks == 0 ? kShortDesks : size.desks, kMeasuredShort);
-        return;
-    }
-    if (size.desks != 0) {
-        TellDesks(table, record, size, size.desks, kMeasured);
-        return;
-    }
-    for (const int desks : kManyDesks)
-        TellDesks(table, record, size, desks, kMeasured);
-    TellDesks(table, record, size, kMostDesks, kMeasuredOfMost);
+    for (const DeskDay& day : DaysOf(size))
+        TellDesks(table, record, day, size.seed);
 }
