@@ -19,6 +19,10 @@ bool IsAddedToPrint(const QString& text) {
     return text.startsWith(kAddToPrint);
 }
 
+/// Whether the exchange that the thread's session is in came after the counting had begun. A session has its
+/// thread to itself, and what it has answered is told only when the desk may have gone on already.
+thread_local bool isCounted = false;
+
 qsizetype LinesOfTheSlip(const DeskRecord& record) {
     const QStringList texts = record.answers.keys();
     return std::ranges::count_if(texts, IsAddedToPrint);
@@ -47,16 +51,13 @@ DeskServer::DeskServer(const DeskRecord& record, std::chrono::milliseconds delay
     , mDelay(delay)
     , mLines(LinesOfTheSlip(record))
     , mServer([this](const TdsLogin& login) -> TdsResponder::Handler {
+        isCounted = mCounts;
         return [this, user = login.user](const QString& batch, TdsAnswer& answer) {
+            isCounted = mCounts;
             Answer(user, batch, answer);
         };
     }) {
     mServer.Watch([this](const TdsExchange& exchange) { Count(exchange); });
-}
-
-void DeskServer::BeginToCount() {
-    const std::lock_guard lock(mMutex);
-    mCounts = true;
 }
 
 QString DeskServer::KeyOf(const QString& text) {
@@ -104,9 +105,9 @@ void DeskServer::Print(const QString& user, const QString& batch) {
 
 void DeskServer::Count(const TdsExchange& exchange) {
     const qint64 taken = ProcessorTimeSince();
-    const std::lock_guard lock(mMutex);
-    if (!mCounts)
+    if (!isCounted)
         return;
+    const std::lock_guard lock(mMutex);
     mProcessorTime += taken;
     if (exchange.batch.isNull()) {
         mLogons.Take(exchange);

@@ -5,6 +5,7 @@
 
 #include <QHash>
 
+#include <atomic>
 #include <chrono>
 #include <map>
 #include <mutex>
@@ -28,7 +29,7 @@ class DeskServer {
 
     int Port() const { return mServer.Port(); }
     /// From here on it counts; what was sent before is forgotten.
-    void BeginToCount();
+    void BeginToCount() { mCounts = true; }
     /// Ends the connections; what is told below is whole then.
     void Close() { mServer.Close(); }
 
@@ -60,7 +61,7 @@ class DeskServer {
     /// The lines of a slip.
     const qsizetype mLines;
     std::mutex mMutex;
-    bool mCounts = false;
+    std::atomic<bool> mCounts = false;
     qint64 mCounter = 1;
     /// Who has written each line.
     QStringList mPrintTable;

@@ -26,8 +26,9 @@ using Time = DeskPace::Time;
 constexpr std::array kManyDesks = {1, 10, 100};
 constexpr int kMostDesks = 200;
 constexpr int kReckonedDesks = 1000;
-constexpr Time kMeasured = std::chrono::seconds(35);
-constexpr Time kMeasuredOfMost = std::chrono::seconds(150);
+constexpr Time kMeasured = std::chrono::seconds(50);
+constexpr Time kMeasuredOfMost = std::chrono::seconds(120);
+constexpr Time kMeasuredOfSlow = std::chrono::seconds(35);
 /// What a net and a server that have to work may need.
 constexpr std::chrono::milliseconds kSlowAnswer(10);
 constexpr int kShortDesks = 12;
@@ -410,7 +411,7 @@ std::vector<DeskDay> DaysOf(const TortureSize& size) {
     for (const int desks : kManyDesks)
         days.push_back({.desks = desks, .length = kMeasured});
     days.push_back({.desks = kMostDesks, .length = kMeasuredOfMost});
-    days.push_back({.desks = kMostDesks, .length = kMeasured, .delay = kSlowAnswer});
+    days.push_back({.desks = kMostDesks, .length = kMeasuredOfSlow, .delay = kSlowAnswer});
     return days;
 }
 
