@@ -10,7 +10,6 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <latch>
 #include <optional>
@@ -23,7 +22,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Time = DeskPace::Time;
 
-constexpr std::array kManyDesks = {1, 10, 100};
 constexpr int kMostDesks = 200;
 constexpr int kReckonedDesks = 1000;
 constexpr Time kMeasured = std::chrono::seconds(50);
@@ -407,12 +405,11 @@ std::vector<DeskDay> DaysOf(const TortureSize& size) {
                  .pace = DeskPace().Hurried(kShortHurry)}};
     if (size.desks != 0)
         return {{.desks = size.desks, .length = kMeasured}};
-    std::vector<DeskDay> days;
-    for (const int desks : kManyDesks)
-        days.push_back({.desks = desks, .length = kMeasured});
-    days.push_back({.desks = kMostDesks, .length = kMeasuredOfMost});
-    days.push_back({.desks = kMostDesks, .length = kMeasuredOfSlow, .delay = kSlowAnswer});
-    return days;
+    return {{.desks = 1, .length = kMeasured},
+            {.desks = 10, .length = kMeasured},
+            {.desks = 100, .length = kMeasured},
+            {.desks = kMostDesks, .length = kMeasuredOfMost},
+            {.desks = kMostDesks, .length = kMeasuredOfSlow, .delay = kSlowAnswer}};
 }
 
 } // namespace
