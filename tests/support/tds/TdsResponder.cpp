@@ -215,7 +215,7 @@ QString TdsResponder::AnswerBatch(TdsConnection& connection, const Handler& hand
         connection.Send(TdsAnswer::CancelConfirmed(), true);
         return {};
     }
-    const QString batch = message.BatchText();
+    QString batch = message.BatchText();
     {
         const std::lock_guard lock(mMutex);
         mBatches.append(batch);
