@@ -22,10 +22,16 @@ void TortureByKills(TortureTable& table, const TortureSize& size);
 /// Ever more workstations that post, cancel and revoke at once on one hospital file.
 void TortureByCrowd(TortureTable& table, const TortureSize& size);
 
+/// Ever more workstations at the pace of a real department, replayed on a server's wire.
+void TortureByDesks(TortureTable& table, const TortureSize& size);
+
 // What the tortures start as processes of their own.
 
 /// The whole program with a shift keyed in it.
 int RunShift(const QStringList& arguments);
+
+/// The whole program with the shift keyed in it that is recorded for the replay.
+int RunDeskShift(const QString& folder);
 
 /// One desk of the crowd: the screens without their keys.
 int RunCrowdDesk(int& argumentCount, char** arguments);

@@ -13,7 +13,8 @@ using namespace Qt::StringLiterals;
 // What is done to the program before a hospital gets it:
 //   tarven-torture kill  [--times N] [--desks N] [--seed N] [--short]
 //   tarven-torture crowd [--times N] [--desks N] [--seed N] [--short]
-// The two other modes are the desks that these start.
+//   tarven-torture desks [--desks N] [--seed N] [--short]
+// The three other modes are the desks that these start.
 
 namespace {
 
@@ -36,6 +37,8 @@ int Torture(QCommandLineParser& parser) {
         TortureByKills(table, size);
     else if (which == "crowd"_L1)
         TortureByCrowd(table, size);
+    else if (which == "desks"_L1)
+        TortureByDesks(table, size);
     else
         parser.showHelp(2);
     table.Print();
@@ -54,6 +57,8 @@ int main(int argc, char** argv) {
             arguments << QString::fromLocal8Bit(argv[i]);
         return RunShift(arguments);
     }
+    if (argc > 2 && std::strcmp(argv[1], "desk-shift") == 0)
+        return RunDeskShift(QString::fromLocal8Bit(argv[2]));
     if (argc > 1 && std::strcmp(argv[1], "crowd-desk") == 0)
         return RunCrowdDesk(argc, argv);
     const QCoreApplication application(argc, argv);
@@ -62,7 +67,7 @@ int main(int argc, char** argv) {
                        {u"desks"_s, u"Workstations at once."_s, u"N"_s},
                        {u"seed"_s, u"What is keyed and when is killed."_s, u"N"_s, u"1"_s},
                        {u"short"_s, u"As part of every test."_s}});
-    parser.addPositionalArgument(u"torture"_s, u"kill or crowd"_s);
+    parser.addPositionalArgument(u"torture"_s, u"kill, crowd or desks"_s);
     parser.addHelpOption();
     parser.process(application);
     try {

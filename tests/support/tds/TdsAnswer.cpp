@@ -22,6 +22,9 @@ constexpr int kCancelled = 0x20;
 
 constexpr int kNullable = 0x09;
 
+/// What follows the token of a Done.
+constexpr int kDoneBehindToken = 12;
+
 QByteArray DoneToken(int status, quint64 rows) {
     TdsBytes done;
     done.Byte(kDone);
@@ -105,6 +108,11 @@ void TdsAnswer::DatabaseChanged(const QString& name) {
     Info(5701, u"Changed database context to '%1'."_s.arg(name));
 }
 
+void TdsAnswer::Repeat(const QByteArray& whole) {
+    mBytes.Raw(whole);
+    mLastDone = mBytes.Get().size() - kDoneBehindToken;
+}
+
 void TdsAnswer::Send() {
     mConnection.Send(std::exchange(mBytes, {}).Get(), false);
     mLastDone = -1;
@@ -131,7 +139,7 @@ void TdsAnswer::Cut() {
 }
 
 void TdsAnswer::CutInside(int percent) {
-    const QByteArray bytes = Finish();
+    const QByteArray bytes = Whole();
     const QByteArray begun = bytes.first(bytes.size() * percent / 100);
     if (!begun.isEmpty())
         mConnection.Send(begun, false);
@@ -139,7 +147,7 @@ void TdsAnswer::CutInside(int percent) {
     throw TdsConnection::Ended{};
 }
 
-QByteArray TdsAnswer::Finish() {
+QByteArray TdsAnswer::Whole() {
     if (mLastDone < 0)
         Done();
     QByteArray bytes = mBytes.Get();

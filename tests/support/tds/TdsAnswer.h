@@ -30,6 +30,11 @@ class TdsAnswer {
     /// The session's database is another one now.
     void DatabaseChanged(const QString& name);
 
+    /// Everything said, with the last statement marked as the last.
+    QByteArray Whole();
+    /// Says what Whole() of another answer has brought, once more.
+    void Repeat(const QByteArray& whole);
+
     /// Sends what was said so far, though the answer is not complete.
     void Send();
     /// Waits until the program asks for a cancellation, which is then confirmed; the rest of the answer is
@@ -49,9 +54,6 @@ class TdsAnswer {
     static QByteArray CancelConfirmed();
     void Token(int token, const TdsBytes& content);
     void Message(int token, int number, int severity, const QString& text, int line);
-    /// Everything said, with the last statement marked as the last.
-    QByteArray Finish();
-
     TdsConnection& mConnection;
     std::vector<TdsColumn> mColumns;
     TdsBytes mBytes;

@@ -72,6 +72,7 @@ QByteArray TdsConnection::Read(qsizetype size) {
             throw Ended{};
         have += got;
     }
+    mBytesReceived += size;
     return bytes;
 }
 
@@ -105,6 +106,7 @@ void TdsConnection::Send(const QByteArray& content, bool last) {
         const QByteArray bytes = packet.Get();
         if (send(mSocket, bytes.constData(), size_t(bytes.size()), MSG_NOSIGNAL) != bytes.size())
             throw Ended{};
+        mBytesSent += bytes.size();
     }
 }
 

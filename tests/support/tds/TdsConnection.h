@@ -42,6 +42,10 @@ class TdsConnection {
     TdsMessage Receive();
     /// Sends a part of a message, or its end.
     void Send(const QByteArray& content, bool last);
+    /// How many bytes have come and gone so far, packet headers included; asked by the thread that receives
+    /// and sends.
+    qint64 BytesReceived() const { return mBytesReceived; }
+    qint64 BytesSent() const { return mBytesSent; }
     /// Ends the connection from any thread; a Receive that waits comes back with Ended.
     void Shut();
 
@@ -50,4 +54,6 @@ class TdsConnection {
 
     int mSocket;
     int mPacketNumber = 0;
+    qint64 mBytesReceived = 0;
+    qint64 mBytesSent = 0;
 };

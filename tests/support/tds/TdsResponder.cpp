@@ -166,8 +166,16 @@ void TdsResponder::Serve(TdsConnection& connection) {
     try {
         if (const auto login = LogIn(connection)) {
             const Handler handler = mNewSession(*login);
-            while (true)
-                AnswerBatch(connection, handler, connection.Receive());
+            TdsExchange exchange{.login = *login, .batch = {}};
+            qint64 received = 0;
+            qint64 sent = 0;
+            while (true) {
+                exchange.bytesReceived =
+                    connection.BytesReceived() - std::exchange(received, connection.BytesReceived());
+                exchange.bytesSent = connection.BytesSent() - std::exchange(sent, connection.BytesSent());
+                Tell(exchange);
+                exchange.batch = AnswerBatch(connection, handler, connection.Receive());
+            }
         }
     } catch (const TdsConnection::Ended&) {
         // The program or the test has ended the connection, which ends the session.
@@ -196,17 +204,18 @@ std::optional<TdsLogin> TdsResponder::LogIn(TdsConnection& connection) {
     } else {
         answer.Error(18456, u"Login failed for user '%1'."_s.arg(login.user), 14);
     }
-    connection.Send(answer.Finish(), true);
+    connection.Send(answer.Whole(), true);
     return admitted ? std::optional(login) : std::nullopt;
 }
 
-void TdsResponder::AnswerBatch(TdsConnection& connection, const Handler& handler, const TdsMessage& message) {
+QString TdsResponder::AnswerBatch(TdsConnection& connection, const Handler& handler,
+                                  const TdsMessage& message) {
     if (message.Is(TdsPacket::Attention)) {
         // The cancellation of a batch that was answered in the meantime.
         connection.Send(TdsAnswer::CancelConfirmed(), true);
-        return;
+        return {};
     }
-    const QString batch = message.BatchText();
+    QString batch = message.BatchText();
     {
         const std::lock_guard lock(mMutex);
         mBatches.append(batch);
@@ -214,8 +223,14 @@ void TdsResponder::AnswerBatch(TdsConnection& connection, const Handler& handler
     try {
         TdsAnswer answer(connection);
         handler(batch, answer);
-        connection.Send(answer.Finish(), true);
+        connection.Send(answer.Whole(), true);
     } catch (const TdsConnection::Cancelled&) {
         // The program has its confirmation and goes on with the next batch.
     }
+    return batch;
+}
+
+void TdsResponder::Tell(const TdsExchange& exchange) const {
+    if (mWatcher)
+        mWatcher(exchange);
 }

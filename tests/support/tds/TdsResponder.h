@@ -13,6 +13,15 @@
 #include <thread>
 #include <vector>
 
+/// One message of a program with its answer, as they went over the wire: a logon, or a batch.
+struct TdsExchange {
+    TdsLogin login;
+    /// Null for the logon itself.
+    QString batch;
+    qint64 bytesReceived = 0;
+    qint64 bytesSent = 0;
+};
+
 /// A server of the tests' own on a loopback port. It speaks as much of the TDS 7.4 protocol as a client needs
 /// for plain batches: a logon without encryption, batches, result sets, errors, messages, cancellation. What
 /// it answers is the test's choice; it records what it was sent.
@@ -33,6 +42,9 @@ class TdsResponder {
     ~TdsResponder();
 
     int Port() const { return mPort; }
+    /// Is told of every exchange that has come to its end, in the thread of its session. To be called before
+    /// the first logon.
+    void Watch(std::function<void(const TdsExchange&)> watcher) { mWatcher = std::move(watcher); }
     /// Logons other than this one are refused with 18456. Without a call everybody is let in.
     void Admit(const QString& user, const QString& password);
 
@@ -53,9 +65,12 @@ class TdsResponder {
     void Keep(const QString& problem);
     void Serve(TdsConnection& connection);
     std::optional<TdsLogin> LogIn(TdsConnection& connection);
-    void AnswerBatch(TdsConnection& connection, const Handler& handler, const TdsMessage& message);
+    /// Answers one message; hands back the text of the batch, null for a cancellation.
+    QString AnswerBatch(TdsConnection& connection, const Handler& handler, const TdsMessage& message);
+    void Tell(const TdsExchange& exchange) const;
 
     NewSession mNewSession;
+    std::function<void(const TdsExchange&)> mWatcher;
     int mListener = -1;
     int mPort = 0;
     mutable std::mutex mMutex;
