@@ -22,6 +22,9 @@ class GrowthTable {
         double Growth() const { return milliseconds.back() / milliseconds.front(); }
     };
     const std::vector<Row>& Rows() const { return mRows; }
+    int Largest() const { return mSizes.back(); }
+    /// The operation's time in the largest hospital.
+    double Last(const QString& operation) const;
     /// How many times as many patients the largest hospital has as the smallest.
     double GrowthOfPatients() const { return double(mSizes.back()) / mSizes.front(); }
 

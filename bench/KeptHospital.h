@@ -5,7 +5,8 @@
 #include <QString>
 #include <QStringList>
 
-/// A large hospital that is made once and kept beside the benchmarks' program, since the making takes minutes.
+/// A large hospital that is made once and kept beside the benchmarks' program, since the making takes
+/// minutes.
 struct KeptHospital {
     /// What its file's name begins with.
     QString name;

@@ -32,7 +32,7 @@ ReportConnections::~ReportConnections() {
 }
 
 std::unique_ptr<EmbeddedGateway> ReportConnections::Connect(const QString& database) const {
-    auto gateway = std::make_unique<EmbeddedGateway>(mHospital);
+    auto gateway = std::make_unique<EmbeddedGateway>(mHospital, EmbeddedGateway::Access::Reading);
     gateway->SetCommandTimeout(0);
     if (!database.isEmpty())
         gateway->SetDefaultDatabase(database);
@@ -49,7 +49,8 @@ DateTime ReportConnections::LastDay() const {
 
 QString ReportConnections::LongestAccount() const {
     return Connect()
-        ->Execute(u"select top 1 IdNum from BILLING..tbPatientCharges group by IdNum order by count(*) desc"_s)
+        ->Execute(
+            u"select top 1 IdNum from BILLING..tbPatientCharges group by IdNum order by count(*) desc"_s)
         .Fields(0)
         .ToText();
 }

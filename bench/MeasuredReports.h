@@ -15,20 +15,21 @@ struct PeriodReport {
     const char* kind = "";
 };
 inline constexpr std::array kPeriodReports = {PeriodReport{"audit", "/Reports/AuditReport.RPT"},
-                                       PeriodReport{"income, out", "/Reports/IncomeReport.RPT", "O"},
-                                       PeriodReport{"income, in", "/Reports/IncomeReport.RPT", "I"},
-                                       PeriodReport{"income, cash", "/Reports/IncomeReportCash.RPT"},
-                                       PeriodReport{"statistics", "/Reports/StatisticsReport.RPT"},
-                                       PeriodReport{"company, out", "/Reports/CompanyReport.RPT", "O"},
-                                       PeriodReport{"company, in", "/Reports/CompanyReport.RPT", "I"}};
+                                              PeriodReport{"income, out", "/Reports/IncomeReport.RPT", "O"},
+                                              PeriodReport{"income, in", "/Reports/IncomeReport.RPT", "I"},
+                                              PeriodReport{"income, cash", "/Reports/IncomeReportCash.RPT"},
+                                              PeriodReport{"statistics", "/Reports/StatisticsReport.RPT"},
+                                              PeriodReport{"company, out", "/Reports/CompanyReport.RPT", "O"},
+                                              PeriodReport{"company, in", "/Reports/CompanyReport.RPT", "I"}};
 
 /// A report without a period.
 struct DirectReport {
     const char* name;
     const char* file;
 };
-inline constexpr std::array kCensusReports = {DirectReport{"census", "/Reports/CensusAll.rpt"},
-                                       DirectReport{"census by station", "/Reports/CensusStation.rpt"}};
+inline constexpr std::array kCensusReports = {
+    DirectReport{"census", "/Reports/CensusAll.rpt"},
+    DirectReport{"census by station", "/Reports/CensusStation.rpt"}};
 inline constexpr DirectReport kLedger = {"ledger of the longest account", "/Reports/Orvandelle_Ledger.rpt"};
 
 /// The connections of the reports while it lives, as the program makes them but for the user's password,
