@@ -22,6 +22,10 @@ void BenchStart(BenchTable& table, const char* program);
 /// `only` is the beginning of the names of the reports that are measured; empty for all.
 void BenchYearReports(BenchTable& table, const QString& only);
 
+/// The clerk's work on hospitals of a thousand to a million patients, and how its time grows from one to the
+/// next, in a table of its own. `most` is the patients of the largest one that is measured; 0 for all.
+void BenchScale(BenchTable& table, int most);
+
 /// A key in the charge grid.
 void BenchKeys(BenchTable& table);
 

@@ -2,7 +2,6 @@
 
 #include <QString>
 
-/// A year of a busy unit: the file of a hospital with twelve months of 1.5 million charge lines. It is made
-/// once and kept beside the benchmarks' program, under a name that changes with the hospital's tables and
-/// with the generator; that takes some minutes.
+/// A year of a busy unit: the file of a hospital with twelve months of 1.5 million charge lines. It is kept
+/// beside the benchmarks' program once it is made.
 QString YearHospital();

@@ -1,17 +1,14 @@
 #include "Benches.h"
 #include "BenchSession.h"
 #include "BenchTable.h"
-#include "components/ReportConnector.h"
 #include "components/shared.h"
 #include "GiveUp.h"
+#include "MeasuredReports.h"
 #include "RecordedStatements.h"
 #include "report/output/PdfJob.h"
 #include "report/pages/PagedPaint.h"
 #include "report/pages/PaintPage.h"
-#include "report/ReportEngine.h"
-#include "report/viewer/ReportViewer.h"
 #include "reports/Reports.h"
-#include "text/Format.h"
 #include "toolkit/ProgramFiles.h"
 #include "trial/HospitalEngine.h"
 #include "YearHospital.h"
@@ -50,27 +47,6 @@ struct Period {
 };
 constexpr std::array kPeriods = {Period{"day", 1}, Period{"month", 30}, Period{"year", 360}};
 
-/// A report of the period: its template, and the letter that comes first among its values, if any.
-struct PeriodReport {
-    const char* name;
-    const char* file;
-    const char* kind = "";
-};
-constexpr std::array kReports = {PeriodReport{"audit", "/Reports/AuditReport.RPT"},
-                                 PeriodReport{"income, out", "/Reports/IncomeReport.RPT", "O"},
-                                 PeriodReport{"income, in", "/Reports/IncomeReport.RPT", "I"},
-                                 PeriodReport{"income, cash", "/Reports/IncomeReportCash.RPT"},
-                                 PeriodReport{"statistics", "/Reports/StatisticsReport.RPT"},
-                                 PeriodReport{"company, out", "/Reports/CompanyReport.RPT", "O"},
-                                 PeriodReport{"company, in", "/Reports/CompanyReport.RPT", "I"}};
-
-struct DirectReport {
-    const char* name;
-    const char* file;
-};
-constexpr std::array kCensus = {DirectReport{"census", "/Reports/CensusAll.rpt"},
-                                DirectReport{"census by station", "/Reports/CensusStation.rpt"}};
-
 QString Name(const char* text) {
     return QString::fromLatin1(text);
 }
@@ -97,30 +73,6 @@ void PaintIntoNothing(const ReportDocument& document) {
     }
 }
 
-/// The connections of the reports, as the program makes them but for the user's password, which is the
-/// sign-on's and takes its time by purpose.
-class YearConnections {
-  public:
-    explicit YearConnections(QString hospital)
-        : mHospital(std::move(hospital)) {
-        SetReportConnector([this](const ReportLogOn& logOn) { return Connect(logOn.database); });
-    }
-    YearConnections(const YearConnections&) = delete;
-    YearConnections& operator=(const YearConnections&) = delete;
-    ~YearConnections() { SetReportConnector({}); }
-
-    std::unique_ptr<EmbeddedGateway> Connect(const QString& database = {}) const {
-        auto gateway = std::make_unique<EmbeddedGateway>(mHospital);
-        gateway->SetCommandTimeout(0);
-        if (!database.isEmpty())
-            gateway->SetDefaultDatabase(database);
-        return gateway;
-    }
-
-  private:
-    QString mHospital;
-};
-
 struct Figures {
     double bare = 0;
     double fetch = 0;
@@ -138,15 +90,11 @@ struct Figures {
 class ReportsOfTheYear {
   public:
     /// `only` is the beginning of the names of the reports that are measured; empty for all.
-    ReportsOfTheYear(BenchTable& table, const YearConnections& connections, QString only)
+    ReportsOfTheYear(BenchTable& table, const ReportConnections& connections, QString only)
         : mTable(table)
         , mOnly(std::move(only))
         , mConnections(connections)
-        , mLastDay(connections.Connect()
-                       ->Execute(u"select max(TransDate) from BILLING..tbPatientCharges"_s)
-                       .Fields(0)
-                       .ToDate()
-                       .DateOnly()) {}
+        , mLastDay(connections.LastDay()) {}
 
     void MeasurePeriods(const PeriodReport& report) {
         if (!IsThere(report.name, report.file))
@@ -155,7 +103,7 @@ class ReportsOfTheYear {
         for (const Period& period : kPeriods) {
             const QString what = Name(report.name) + u", one "_s + Name(period.name);
             figures.push_back(Measure(
-                what, [&] { OpenPeriod(report, period.days); }, period.days == kPeriods[1].days));
+                what, [&] { OpenPeriod(report, mLastDay, period.days); }, period.days == kPeriods[1].days));
         }
         const QString growth = Name(report.name) + u", from one month to twelve: "_s;
         mTable.AddLimit(growth + u"first page, times"_s, figures[2].firstPage / figures[1].firstPage, kMonths,
@@ -175,28 +123,14 @@ class ReportsOfTheYear {
     void MeasureCensus(const DirectReport& report) {
         if (!IsThere(report.name, report.file))
             return;
-        Measure(Name(report.name), [&] {
-            gReport = ReportEngineOf(report.file);
-            for (ReportTable& table : gReport->Tables())
-                SetTableLogOn(table, u"PATIENT_DATA"_s);
-        });
+        Measure(Name(report.name), [&] { OpenCensus(report); });
     }
 
     void MeasureLedger() {
-        if (!IsThere("ledger", "/Reports/Orvandelle_Ledger.rpt"))
+        if (!IsThere(kLedger.name, kLedger.file))
             return;
-        const QString id =
-            mConnections.Connect()
-                ->Execute(
-                    u"select top 1 IdNum from BILLING..tbPatientCharges group by IdNum order by count(*) "
-                    "desc"_s)
-                .Fields(0)
-                .ToText();
-        Measure(u"ledger of the longest account"_s, [&] {
-            OpenReport(ProgramDirectory() + u"/Reports/Orvandelle_Ledger.rpt"_s,
-                       {u"O"_s, id, u"HOSPITAL"_s, u"PATIENT"_s, u"1"_s, u""_s, u""_s, u""_s, u""_s,
-                        u"ADDRESS"_s, u""_s});
-        });
+        const QString id = mConnections.LongestAccount();
+        Measure(Name(kLedger.name), [&] { OpenLedger(id); });
     }
 
     /// Beside the program's own pages, the same rows as a table of HTML through a public tool.
@@ -206,11 +140,11 @@ class ReportsOfTheYear {
             std::printf("no wkhtmltopdf here: the PDF is not compared with another tool's\n");
             return;
         }
-        if (!IsThere("audit", kReports[0].file))
+        if (!IsThere("audit", kPeriodReports[0].file))
             return;
         int days = 1;
         do {
-            OpenPeriod(kReports[0], days++);
+            OpenPeriod(kPeriodReports[0], mLastDay, days++);
         } while (gReport->Document()->Rows().RowCount() < kToolRows);
         const auto document = gReport->Document();
         const RowData& rows = document->Rows();
@@ -227,10 +161,6 @@ class ReportsOfTheYear {
     }
 
   private:
-    static std::shared_ptr<Report> ReportEngineOf(const char* file) {
-        return ReportEngine().OpenReport(ProgramDirectory() + Name(file), 1);
-    }
-
     bool IsThere(const char* name, const char* file) const {
         if (!Name(name).startsWith(mOnly))
             return false;
@@ -238,20 +168,6 @@ class ReportsOfTheYear {
             return true;
         std::printf("no template %s: %s is not measured\n", file, name);
         return false;
-    }
-
-    void OpenPeriod(const PeriodReport& report, int days) const {
-        const DateTime start = mLastDay.AddDays(1 - days);
-        std::vector<Value> values;
-        if (*report.kind)
-            values.emplace_back(Name(report.kind));
-        values.emplace_back(Format(start, u"mm/dd/yyyy"));
-        values.emplace_back(Format(mLastDay, u"mm/dd/yyyy"));
-        values.emplace_back(u"HOSPITAL"_s);
-        values.emplace_back(u"ADDRESS"_s);
-        if (values.size() == 4)
-            values.emplace_back(u"NURSE"_s);
-        OpenReport(ProgramDirectory() + Name(report.file), values);
     }
 
     /// With `paints` the pages are painted once more without a file.
@@ -312,17 +228,6 @@ class ReportsOfTheYear {
         return figures;
     }
 
-    static void ShowFirstPage() {
-        ReportViewer viewer;
-        viewer.resize(1100, 800);
-        viewer.SetReportSource(gReport.Shared());
-        viewer.ViewReport();
-        viewer.show();
-        while (viewer.IsWorking())
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        viewer.grab();
-    }
-
     static void WriteHtml(const RowData& rows, const QString& path) {
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly))
@@ -346,8 +251,7 @@ class ReportsOfTheYear {
 
     BenchTable& mTable;
     QString mOnly;
-    const YearConnections& mConnections;
-    /// The last day with charges, on which the periods end.
+    const ReportConnections& mConnections;
     DateTime mLastDay;
     QTemporaryDir mFolder;
 };
@@ -357,16 +261,16 @@ class ReportsOfTheYear {
 void BenchYearReports(BenchTable& table, const QString& only) {
     const QString hospital = YearHospital();
     const auto session = SignOnTo(hospital);
-    const YearConnections connections(hospital);
+    const ReportConnections connections(hospital);
     const RowSet year =
         connections.Connect()->Execute(u"select count(*) as Lines, count(distinct RefNum) as Slips from "
                                        "BILLING..tbPatientCharges"_s);
     std::printf("a year of %s lines in %s slips\n", qPrintable(year.Fields(0).ToText()),
                 qPrintable(year.Fields(1).ToText()));
     ReportsOfTheYear reports(table, connections, only);
-    for (const PeriodReport& report : kReports)
+    for (const PeriodReport& report : kPeriodReports)
         reports.MeasurePeriods(report);
-    for (const DirectReport& report : kCensus)
+    for (const DirectReport& report : kCensusReports)
         reports.MeasureCensus(report);
     reports.MeasureLedger();
     reports.CompareWithTool();

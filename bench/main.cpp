@@ -15,6 +15,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <unistd.h>
 
@@ -22,8 +23,9 @@ using namespace Qt::StringLiterals;
 
 // Speed and memory against bare limits that are measured in the same run:
 //   tarven-bench              everything
-//   tarven-bench save         one of reports, year, save, statements, finder, start, keys, idle, odbc
+//   tarven-bench save         one of reports, year, scale, save, statements, finder, start, keys, idle, odbc
 //   tarven-bench year audit   of the reports of the year those whose names begin so
+//   tarven-bench scale 10000  hospitals of so many patients at most
 //   tarven-bench compare earlier.json later.json   what became of the lines of two runs
 // The table is kept beside the program, too, as figures.json.
 // The three other modes are what the start and the idle benchmark time.
@@ -88,6 +90,8 @@ int main(int argc, char** argv) {
         BenchReports(table);
     if (Wanted(argc, argv, "year"))
         BenchYearReports(table, QString::fromLocal8Bit(argc > 2 ? argv[2] : ""));
+    if (Wanted(argc, argv, "scale"))
+        BenchScale(table, argc > 2 ? std::atoi(argv[2]) : 0);
     if (Wanted(argc, argv, "save"))
         BenchSave(table);
     if (Wanted(argc, argv, "statements"))

@@ -25,7 +25,9 @@ CREATE TABLE dbo.tbmaster (
     ZipCode varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL DEFAULT '',
     AccountNum varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NOT NULL
 );
-CREATE INDEX ixMasterName ON dbo.tbmaster (LastName, FirstName);
+-- Both this index and that of the visits hold all that the patient finder lists, so that a beginning with many hits
+-- reads no rows from all over the tables.
+CREATE INDEX ixMasterName ON dbo.tbmaster (LastName, FirstName, MiddleName, HospNum);
 GO
 
 -- Admissions of in-patients. DcrDate Null: still in the hospital. BillingDate set: the account is closed.
@@ -56,7 +58,7 @@ CREATE TABLE dbo.tboutpatient (
     DoctorID2 varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NULL,
     DoctorID3 varchar(10) COLLATE SQL_Latin1_General_CP1_CI_AS NULL
 );
-CREATE INDEX ixOutPatientHospNum ON dbo.tboutpatient (HospNum);
+CREATE INDEX ixOutPatientHospNum ON dbo.tboutpatient (HospNum, IdNum, AdmDate, BillingDate);
 GO
 
 -- Cash patients without a hospital record; their numbers begin with W.

@@ -342,6 +342,9 @@ qint64 CountCharacters(QByteArrayView text) {
 }
 
 QByteArray FirstCharacters(const QByteArray& text, qint64 count) {
+    // No text has more characters than bytes.
+    if (text.size() <= count)
+        return text;
     qsizetype end = 0;
     while (end < text.size() && (count > 0 || IsContinuation(text[end]))) {
         if (!IsContinuation(text[end]))

@@ -106,4 +106,15 @@ TEST_F(SearchPlans, EverySearchAmongManyPatientsIsASearchOnAnIndex) {
     }
 }
 
+TEST_F(SearchPlans, WhatTheFinderListsOfOutPatientsStandsInIndexesAlone) {
+    QStringList many;
+    for (const QString& step : mGateway->QueryPlan(u"Clinical_Area..spEarCare_GetPatient 'O','D'"_s)) {
+        if (step.contains(u"ixMasterName"_s) || step.contains(u"ixOutPatientHospNum"_s))
+            many << step;
+    }
+    EXPECT_GE(many.size(), 2);
+    for (const QString& step : many)
+        EXPECT_TRUE(step.contains(u"USING COVERING INDEX"_s)) << step.toStdString();
+}
+
 } // namespace

@@ -24,9 +24,20 @@ TEST(Collation, LetterCaseAndBlanksAtTheEndDoNotCount) {
     EXPECT_EQ(CompareTexts("Dela Cruz", "DELA CRUZ  "), 0);
     EXPECT_EQ(CompareTexts("peña", "PEÑA"), 0);
     EXPECT_EQ(CompareTexts("PEña", "PEÑA"), 0) << "the two letters share their first byte alone";
+    EXPECT_EQ(CompareTexts("DELA CRña", "DELA CRÑa"), 0) << "that byte is the eighth";
     EXPECT_EQ(CompareTexts("", "   "), 0);
     EXPECT_NE(CompareTexts("DELA CRUZ", "DELACRUZ"), 0);
     EXPECT_NE(CompareTexts(" A", "A"), 0);
+}
+
+TEST(Collation, LongTextsDifferWhereverTheyDiffer) {
+    const QByteArray name = "DE LOS SANTOS-BUENAVENTURA, MA. TERESA";
+    for (qsizetype at = 0; at < name.size(); ++at) {
+        QByteArray other = name;
+        other[at] = '~';
+        EXPECT_LT(CompareTexts(other, name) * (name[at] < 'A' ? -1 : 1), 0) << other.constData();
+        EXPECT_NE(CompareTexts(name.first(at), name), 0) << at;
+    }
 }
 
 TEST(Collation, WhatIsBelowABlankComesBeforeTheEndOfAText) {
