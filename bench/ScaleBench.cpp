@@ -35,7 +35,7 @@ constexpr std::array kHospitals = {1000, 10000, 100000, 1000000};
 /// Names and numbers that are keyed, of patients from all over the hospital.
 constexpr int kKeyed = 300;
 constexpr int kFirstVisit = 104'001;
-constexpr int kListRuns = 5;
+constexpr int kListRuns = 3;
 constexpr int kSlipRuns = 15;
 constexpr int kSlipLines = 8;
 constexpr int kDayRuns = 3;
