@@ -129,6 +129,7 @@ class WorkAtScale {
         screen.Boxes().info.txtRoom->setText(u"OPD"_s);
         screen.Boxes().info.txtDoctor->setText(u"DR. BENEDICTO QUIOGUE"_s);
         std::vector<FilledLine> lines;
+        lines.reserve(kSlipLines);
         for (int number = 1; number <= kSlipLines; ++number)
             lines.push_back({Department::kEarCare, u"HC%1"_s.arg(number, 3, 10, QChar(u'0'))});
         FillGrid(screen, kPostChargesDifferences, lines);
