@@ -35,7 +35,7 @@ constexpr std::array kHospitals = {1000, 10000, 100000, 1000000};
 /// Names and numbers that are keyed, of patients from all over the hospital.
 constexpr int kKeyed = 300;
 constexpr int kFirstVisit = 104'001;
-constexpr int kListRuns = 5;
+constexpr int kListRuns = 3;
 constexpr int kSlipRuns = 15;
 constexpr int kSlipLines = 8;
 constexpr int kDayRuns = 3;
@@ -129,6 +129,7 @@ class WorkAtScale {
         screen.Boxes().info.txtRoom->setText(u"OPD"_s);
         screen.Boxes().info.txtDoctor->setText(u"DR. BENEDICTO QUIOGUE"_s);
         std::vector<FilledLine> lines;
+        lines.reserve(kSlipLines);
         for (int number = 1; number <= kSlipLines; ++number)
             lines.push_back({Department::kEarCare, u"HC%1"_s.arg(number, 3, 10, QChar(u'0'))});
         FillGrid(screen, kPostChargesDifferences, lines);

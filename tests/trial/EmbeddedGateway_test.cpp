@@ -261,6 +261,16 @@ TEST_F(EmbeddedGatewayTest, SqliteHasABoundOfMemoryAndPassingItIsError701) {
     EXPECT_EQ(FailureOf(Gateway(), wide + u", 1"_s).number, 0);
 }
 
+TEST_F(EmbeddedGatewayTest, AReportsConnectionKeepsAQuarterOfADesksInMemory) {
+    const auto kept = [](EmbeddedGateway& gateway) {
+        return std::get<qint64>(*gateway.Engine().Database().RunForValue(u"PRAGMA cache_size"_s));
+    };
+    EmbeddedGateway report(hospital.Path(), EmbeddedGateway::Access::Reading);
+    // In kilobytes, which SQLite tells from pages by the sign.
+    EXPECT_LT(kept(report), 0);
+    EXPECT_EQ(4 * kept(report), kept(Gateway()));
+}
+
 TEST_F(EmbeddedGatewayTest, ACommandOfMoreThanAMillionCharactersIsRefused) {
     const QString most = kCounter + u" --"_s;
     const QString filled = most + QString((1 << 20) - most.size(), u'x');
