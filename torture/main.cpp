@@ -13,7 +13,8 @@ using namespace Qt::StringLiterals;
 // What is done to the program before a hospital gets it:
 //   tarven-torture kill  [--times N] [--desks N] [--seed N] [--short]
 //   tarven-torture crowd [--times N] [--desks N] [--seed N] [--short]
-// The two other modes are the desks that these start.
+//   tarven-torture longshift [--times N] [--short] [--graph FILE]
+// The other modes are the desks that these start.
 
 namespace {
 
@@ -22,9 +23,10 @@ TortureSize SizeIn(const QCommandLineParser& parser) {
     size.isShort = parser.isSet(u"short"_s);
     size.seed = parser.value(u"seed"_s).toUInt();
     if (parser.isSet(u"times"_s))
-        size.times = parser.value(u"times"_s).toInt();
+        size.times = size.patients = parser.value(u"times"_s).toInt();
     if (parser.isSet(u"desks"_s))
         size.desks = parser.value(u"desks"_s).toInt();
+    size.graph = parser.value(u"graph"_s);
     return size;
 }
 
@@ -36,6 +38,8 @@ int Torture(QCommandLineParser& parser) {
         TortureByKills(table, size);
     else if (which == "crowd"_L1)
         TortureByCrowd(table, size);
+    else if (which == "longshift"_L1)
+        TortureByLongShift(table, size);
     else
         parser.showHelp(2);
     table.Print();
@@ -48,21 +52,23 @@ int Torture(QCommandLineParser& parser) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc > 1 && std::strcmp(argv[1], "shift") == 0) {
-        QStringList arguments;
-        for (int i = 2; i < argc; ++i)
-            arguments << QString::fromLocal8Bit(argv[i]);
+    QStringList arguments;
+    for (int i = 2; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    if (argc > 1 && std::strcmp(argv[1], "shift") == 0)
         return RunShift(arguments);
-    }
+    if (argc > 1 && std::strcmp(argv[1], "long-shift") == 0)
+        return RunLongShift(arguments);
     if (argc > 1 && std::strcmp(argv[1], "crowd-desk") == 0)
         return RunCrowdDesk(argc, argv);
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.addOptions({{u"times"_s, u"Kills, or saves of each desk."_s, u"N"_s},
+    parser.addOptions({{u"times"_s, u"Kills, saves of each desk, or patients."_s, u"N"_s},
                        {u"desks"_s, u"Workstations at once."_s, u"N"_s},
                        {u"seed"_s, u"What is keyed and when is killed."_s, u"N"_s, u"1"_s},
-                       {u"short"_s, u"As part of every test."_s}});
-    parser.addPositionalArgument(u"torture"_s, u"kill or crowd"_s);
+                       {u"short"_s, u"As part of every test."_s},
+                       {u"graph"_s, u"Where the long shift is drawn."_s, u"file"_s}});
+    parser.addPositionalArgument(u"torture"_s, u"kill, crowd or longshift"_s);
     parser.addHelpOption();
     parser.process(application);
     try {
