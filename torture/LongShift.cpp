@@ -111,14 +111,14 @@ class LongDay {
     int mReports = 0;
 };
 
-/// Who is there: three in-patients of four.
+/// Who is there and whose account is still open: three in-patients of four.
 void LongDay::Begin() {
     SignOn(mClerk);
     mClerk.OnScreen([this] {
-        RowSet inPatients =
-            gConnection->Execute(u"SELECT IdNum FROM PATIENT_DATA..tbpatient WHERE DcrDate IS NULL"_s);
-        RowSet visits =
-            gConnection->Execute(u"SELECT IdNum FROM PATIENT_DATA..tboutpatient WHERE DcrDate IS NULL"_s);
+        RowSet inPatients = gConnection->Execute(
+            u"SELECT IdNum FROM PATIENT_DATA..tbpatient WHERE DcrDate IS NULL AND BillingDate IS NULL"_s);
+        RowSet visits = gConnection->Execute(
+            u"SELECT IdNum FROM PATIENT_DATA..tboutpatient WHERE DcrDate IS NULL AND BillingDate IS NULL"_s);
         for (; !inPatients.Eof() && !visits.Eof(); inPatients.MoveNext()) {
             mPresent.push_back({inPatients.Fields(u"IdNum").ToText(), u"mnuInTransactionEntry"_s});
             if (mPresent.size() % 4 != 3)

@@ -7,6 +7,7 @@
 #include <QFont>
 #include <QIcon>
 #include <QPalette>
+#include <QPixmapCache>
 
 using namespace Qt::StringLiterals;
 
@@ -18,6 +19,8 @@ constexpr QColor kWindow(0xf3, 0xf5, 0xf7);
 constexpr QColor kText(0x1c, 0x23, 0x2b);
 constexpr QColor kDisabledText(0x5c, 0x66, 0x70);
 constexpr QColor kAlternate(0xf0, 0xf5, 0xf9);
+/// In kilobytes: some screens with all their headers and buttons.
+constexpr int kKeptDrawings = 2048;
 
 QPalette ProgramPalette() {
     QPalette palette(kWindow);
@@ -60,6 +63,9 @@ void ApplyLook(QApplication& application) {
     QApplication::setFont(font);
     application.setStyleSheet(QString::fromLatin1(kStyleSheet));
     QApplication::setWindowIcon(ProgramIcon(u"program"_s));
+    // Headers and buttons are kept as drawings, each for the palette of its own widget, so those of a screen
+    // that has closed are never used again.
+    QPixmapCache::setCacheLimit(kKeptDrawings);
 }
 
 QIcon ProgramIcon(const QString& name) {

@@ -5,6 +5,7 @@
 #include <QIcon>
 #include <QImage>
 #include <QPalette>
+#include <QPixmapCache>
 
 #include <gtest/gtest.h>
 
@@ -34,6 +35,16 @@ TEST(Look, TheIconOfASelectedRowStandsOutFromItsColour) {
     const QImage icon = ProgramIcon(u"patient"_s).pixmap(24, QIcon::Selected).toImage();
     const QColor shoulder = icon.pixelColor(icon.width() / 2, icon.height() * 4 / 5);
     EXPECT_GE(Contrast(shoulder, QApplication::palette().color(QPalette::Highlight)), 4.5);
+}
+
+TEST(Look, DrawingsOfScreensThatHaveClosedAreNotKept) {
+    // A megabyte each.
+    constexpr QSize kSize(512, 512);
+    const QPixmapCache::Key first = QPixmapCache::insert(QPixmap(kSize));
+    for (int later = 0; later < 3; ++later)
+        QPixmapCache::insert(QPixmap(kSize));
+    QPixmap found;
+    EXPECT_FALSE(QPixmapCache::find(first, &found));
 }
 
 } // namespace
