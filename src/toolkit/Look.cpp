@@ -5,9 +5,9 @@
 #include <QApplication>
 #include <QFile>
 #include <QFont>
+#include <QHash>
 #include <QIcon>
 #include <QPalette>
-#include <QPixmapCache>
 
 using namespace Qt::StringLiterals;
 
@@ -19,8 +19,6 @@ constexpr QColor kWindow(0xf3, 0xf5, 0xf7);
 constexpr QColor kText(0x1c, 0x23, 0x2b);
 constexpr QColor kDisabledText(0x5c, 0x66, 0x70);
 constexpr QColor kAlternate(0xf0, 0xf5, 0xf9);
-/// In kilobytes: some screens with all their headers and buttons.
-constexpr int kKeptDrawings = 2048;
 
 QPalette ProgramPalette() {
     QPalette palette(kWindow);
@@ -63,16 +61,22 @@ void ApplyLook(QApplication& application) {
     QApplication::setFont(font);
     application.setStyleSheet(QString::fromLatin1(kStyleSheet));
     QApplication::setWindowIcon(ProgramIcon(u"program"_s));
-    // Headers and buttons are kept as drawings, each for the palette of its own widget, so those of a screen
-    // that has closed are never used again.
-    QPixmapCache::setCacheLimit(kKeptDrawings);
 }
 
-QIcon ProgramIcon(const QString& name) {
-    QIcon icon(u":/icons/"_s + name + u".svg"_s);
+QIcon KeptIcon(const QString& file) {
+    // To the end of the process: icons are in use until then.
+    static auto& icons = *new QHash<QString, QIcon>;
+    QIcon& icon = icons[file];
+    if (!icon.isNull())
+        return icon;
+    icon = QIcon(file);
     // On the colour of a selected row the icon's own colours would drown.
-    const QString selected = u":/icons/"_s + name + u"-selected.svg"_s;
+    const QString selected = QString(file).replace(u".svg"_s, u"-selected.svg"_s);
     if (QFile::exists(selected))
         icon.addFile(selected, {}, QIcon::Selected);
     return icon;
+}
+
+QIcon ProgramIcon(const QString& name) {
+    return KeptIcon(u":/icons/"_s + name + u".svg"_s);
 }
