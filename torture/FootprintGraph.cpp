@@ -19,7 +19,7 @@ constexpr int kCurveWidth = kWidth - kLeft - kRight;
 
 /// What the figure is where it begins to be judged, and at the end.
 QString FromTo(const Footprint::Figure& figure, const std::vector<double>& series) {
-    const int decimals = figure.perUnit == 1 ? 0 : 1;
+    const int decimals = figure.perUnit == Footprint::kMegabyte ? 1 : 0;
     const auto number = [&](double value) { return QString::number(value / figure.perUnit, 'f', decimals); };
     return u"%1 to %2 %3"_s
         .arg(number(series[Flatness::Beginning(series.size())]), number(series.back()), figure.unit)

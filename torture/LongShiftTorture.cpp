@@ -67,7 +67,8 @@ class LongShift {
 
     /// Works until the shift is over. Answers what is wrong with its end.
     QStringList Work();
-    ReadJournal Done() const { return JournalIn(mJournal); }
+    /// The one journal, as those are taken that look at several.
+    std::vector<ReadJournal> Done() const { return {JournalIn(mJournal)}; }
 
   private:
     void Start();
@@ -107,7 +108,7 @@ QStringList LongShift::ProblemsOfEnd() {
         return {u"the program crashed"_s};
     if (mProcess.exitCode() != 0)
         return {u"the program ended with %1 %2 %3"_s.arg(mProcess.exitCode())
-                    .arg(Done().Mark(Mark::kFailure),
+                    .arg(Done().front().Mark(Mark::kFailure),
                          QString::fromUtf8(mProcess.readAllStandardError()).trimmed())};
     return {};
 }
@@ -132,7 +133,8 @@ void TellSamples(TortureTable& table, const std::vector<Footprint::Sample>& samp
         const Footprint::Figure& figure = Footprint::kFigures[i];
         const std::vector<double> series = Flatness::SeriesOf(samples, i);
         const auto number = [&](double value) {
-            return QString::number(value / figure.perUnit, 'f', figure.perUnit == 1 ? 0 : 2);
+            return QString::number(value / figure.perUnit, 'f',
+                                   figure.perUnit == Footprint::kMegabyte ? 2 : 0);
         };
         table.Add(u"%1: first, where judged, last; growth %2"_s.arg(figure.what, figure.unit),
                   u"%1 %2 %3; %4"_s.arg(number(series.front()),
@@ -150,26 +152,28 @@ qint64 QuestionsIn(const ReadJournal& journal) {
 }
 
 /// That the shift has really done what it is judged for.
-QStringList MissingWork(const ReadJournal& journal, const LongShiftPlan& plan) {
+QStringList MissingWork(const std::vector<ReadJournal>& done, const LongShiftPlan& plan) {
+    const WorkDone work = WorkIn(done);
+    const ReadJournal& journal = done.front();
     QStringList problems;
-    const auto expect = [&](const QString& what, qint64 done, qint64 wanted) {
-        if (done < wanted)
-            problems << u"%1: %2 of %3"_s.arg(what).arg(done).arg(wanted);
+    const auto expect = [&](const QString& what, qint64 count, qint64 wanted) {
+        if (count < wanted)
+            problems << u"%1: %2 of %3"_s.arg(what).arg(count).arg(wanted);
     };
-    expect(u"lines charged"_s, WorkIn({journal}).charges, qint64(plan.patients) * plan.lines);
-    expect(u"slips saved"_s, WorkIn({journal}).numbers, plan.patients);
+    expect(u"lines charged"_s, work.charges, qint64(plan.patients) * plan.lines);
+    expect(u"slips saved"_s, work.numbers, plan.patients);
     expect(u"reports"_s, journal.marks.count(Mark::kReport), plan.patients / 4);
     expect(u"ticks"_s, QuestionsIn(journal), qint64(plan.patients) * LongShiftPlan::kTicksPerPatient);
     expect(u"samples"_s, qint64(SamplesIn(journal).size()), plan.samples);
     return problems;
 }
 
-void TellWork(TortureTable& table, const ReadJournal& journal) {
-    const WorkDone work = WorkIn({journal});
+void TellWork(TortureTable& table, const std::vector<ReadJournal>& done) {
+    const WorkDone work = WorkIn(done);
     table.Add(u"slips saved"_s, work.numbers);
     table.Add(u"lines charged"_s, work.charges);
-    table.Add(u"reports read"_s, journal.marks.count(Mark::kReport));
-    table.Add(u"questions of the monitor"_s, QuestionsIn(journal));
+    table.Add(u"reports read"_s, done.front().marks.count(Mark::kReport));
+    table.Add(u"questions of the monitor"_s, QuestionsIn(done.front()));
     table.Add(u"commands answered"_s, work.answered);
 }
 
@@ -206,12 +210,12 @@ void TortureByLongShift(TortureTable& table, const TortureSize& size) {
     clock.start();
     LongShift shift(folder, plan);
     table.AddProblems(u"the end"_s, shift.Work());
-    const ReadJournal journal = shift.Done();
+    const std::vector<ReadJournal> done = shift.Done();
     table.Add(u"seconds"_s, clock.elapsed() / 1000);
-    TellWork(table, journal);
-    table.AddProblems(u"the work"_s, MissingWork(journal, plan));
-    table.AddProblems(u"the hospital"_s, hospital.Problems({journal}));
-    const std::vector<Footprint::Sample> samples = SamplesIn(journal);
+    TellWork(table, done);
+    table.AddProblems(u"the work"_s, MissingWork(done, plan));
+    table.AddProblems(u"the hospital"_s, hospital.Problems(done));
+    const std::vector<Footprint::Sample> samples = SamplesIn(done.front());
     if (samples.empty())
         return;
     TellSamples(table, samples);
