@@ -222,7 +222,8 @@ DeskRecord RecordDesk() {
     return recorder.Record();
 }
 
-int RunDeskShift(const QString& folder) {
+int RunDeskShift(const QStringList& arguments) {
+    const QString folder = arguments.value(0);
     return RunKeyedProgram(
         folder, [&] { RegisterSuite(folder + u"/data"_s); }, WorkTheRecordedShift);
 }

@@ -18,4 +18,8 @@ inline const QString kRefused = QStringLiteral("refused ");
 inline const QString kLeaving = QStringLiteral("leaving");
 /// The text of the failure that ends the program.
 inline const QString kFailure = QStringLiteral("failure ");
+/// What the process of a long shift holds.
+inline const QString kSample = QStringLiteral("sample ");
+/// A report was read.
+inline const QString kReport = QStringLiteral("report");
 } // namespace Mark

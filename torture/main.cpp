@@ -4,6 +4,8 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -13,61 +15,85 @@ using namespace Qt::StringLiterals;
 // What is done to the program before a hospital gets it:
 //   tarven-torture kill  [--times N] [--desks N] [--seed N] [--short]
 //   tarven-torture crowd [--times N] [--desks N] [--seed N] [--short]
+//   tarven-torture files [--short]
+//   tarven-torture longshift [--times N] [--short] [--graph FILE]
 //   tarven-torture desks [--desks N] [--seed N] [--short]
-// The three other modes are the desks that these start.
+// The other modes are the processes that these start.
 
 namespace {
+
+struct NamedTorture {
+    const char* name;
+    void (*run)(TortureTable& table, const TortureSize& size);
+};
+constexpr std::array kTortures = {NamedTorture{"kill", TortureByKills}, NamedTorture{"crowd", TortureByCrowd},
+                                  NamedTorture{"longshift", TortureByLongShift},
+                                  NamedTorture{"desks", TortureByDesks}};
+
+/// What a torture starts as a process of its own.
+struct NamedProcess {
+    const char* name;
+    int (*run)(const QStringList& arguments);
+};
+constexpr std::array kProcesses = {NamedProcess{"shift", RunShift}, NamedProcess{"long-shift", RunLongShift},
+                                   NamedProcess{"desk-shift", RunDeskShift}};
+
+/// The entry of that name; null for none.
+template <class Table> auto Find(const Table& table, const char* name) {
+    const auto found = std::find_if(table.begin(), table.end(),
+                                    [name](const auto& entry) { return std::strcmp(entry.name, name) == 0; });
+    return found == table.end() ? nullptr : &*found;
+}
 
 TortureSize SizeIn(const QCommandLineParser& parser) {
     TortureSize size;
     size.isShort = parser.isSet(u"short"_s);
     size.seed = parser.value(u"seed"_s).toUInt();
     if (parser.isSet(u"times"_s))
-        size.times = parser.value(u"times"_s).toInt();
+        size.times = size.patients = parser.value(u"times"_s).toInt();
     if (parser.isSet(u"desks"_s))
         size.desks = parser.value(u"desks"_s).toInt();
+    size.graph = parser.value(u"graph"_s);
     return size;
 }
 
 int Torture(QCommandLineParser& parser) {
-    const QString which = parser.positionalArguments().value(0);
+    const QByteArray which = parser.positionalArguments().value(0).toLatin1();
+    const NamedTorture* torture = Find(kTortures, which.constData());
+    if (!torture)
+        parser.showHelp(2);
     const TortureSize size = SizeIn(parser);
     TortureTable table;
-    if (which == "kill"_L1)
-        TortureByKills(table, size);
-    else if (which == "crowd"_L1)
-        TortureByCrowd(table, size);
-    else if (which == "desks"_L1)
-        TortureByDesks(table, size);
-    else
-        parser.showHelp(2);
+    torture->run(table, size);
     table.Print();
     if (!table.AllWell())
-        std::printf("again with: torture/run %s%s --seed %u\n", qPrintable(which),
-                    size.isShort ? " --short" : "", size.seed);
+        std::printf("again with: torture/run %s%s --seed %u\n", torture->name, size.isShort ? " --short" : "",
+                    size.seed);
     return table.AllWell() ? 0 : 1;
+}
+
+QStringList BehindTheMode(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 2; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc > 1 && std::strcmp(argv[1], "shift") == 0) {
-        QStringList arguments;
-        for (int i = 2; i < argc; ++i)
-            arguments << QString::fromLocal8Bit(argv[i]);
-        return RunShift(arguments);
-    }
-    if (argc > 2 && std::strcmp(argv[1], "desk-shift") == 0)
-        return RunDeskShift(QString::fromLocal8Bit(argv[2]));
     if (argc > 1 && std::strcmp(argv[1], "crowd-desk") == 0)
         return RunCrowdDesk(argc, argv);
+    if (const NamedProcess* process = argc > 1 ? Find(kProcesses, argv[1]) : nullptr)
+        return process->run(BehindTheMode(argc, argv));
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.addOptions({{u"times"_s, u"Kills, or saves of each desk."_s, u"N"_s},
+    parser.addOptions({{u"times"_s, u"Kills, saves of each desk, or patients."_s, u"N"_s},
                        {u"desks"_s, u"Workstations at once."_s, u"N"_s},
                        {u"seed"_s, u"What is keyed and when is killed."_s, u"N"_s, u"1"_s},
-                       {u"short"_s, u"As part of every test."_s}});
-    parser.addPositionalArgument(u"torture"_s, u"kill, crowd or desks"_s);
+                       {u"short"_s, u"As part of every test."_s},
+                       {u"graph"_s, u"Where the long shift is drawn."_s, u"file"_s}});
+    parser.addPositionalArgument(u"torture"_s, u"One of those named above."_s);
     parser.addHelpOption();
     parser.process(application);
     try {

@@ -68,7 +68,7 @@ constexpr std::chrono::milliseconds kBlinkInterval(500);
 constexpr QSize kPictureSize(32, 32);
 
 QPixmap PictureOf(int number) {
-    return QIcon(u":/maintenance/assessment%1.svg"_s.arg(number)).pixmap(kPictureSize);
+    return KeptIcon(u":/maintenance/assessment%1.svg"_s.arg(number)).pixmap(kPictureSize);
 }
 
 bool MayBeActedOn(const QString& status) {

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QFont>
+#include <QHash>
 #include <QIcon>
 #include <QPalette>
 
@@ -62,11 +63,20 @@ void ApplyLook(QApplication& application) {
     QApplication::setWindowIcon(ProgramIcon(u"program"_s));
 }
 
-QIcon ProgramIcon(const QString& name) {
-    QIcon icon(u":/icons/"_s + name + u".svg"_s);
+QIcon KeptIcon(const QString& file) {
+    // To the end of the process: icons are in use until then.
+    static auto& icons = *new QHash<QString, QIcon>;
+    QIcon& icon = icons[file];
+    if (!icon.isNull())
+        return icon;
+    icon = QIcon(file);
     // On the colour of a selected row the icon's own colours would drown.
-    const QString selected = u":/icons/"_s + name + u"-selected.svg"_s;
+    const QString selected = QString(file).replace(u".svg"_s, u"-selected.svg"_s);
     if (QFile::exists(selected))
         icon.addFile(selected, {}, QIcon::Selected);
     return icon;
+}
+
+QIcon ProgramIcon(const QString& name) {
+    return KeptIcon(u":/icons/"_s + name + u".svg"_s);
 }

@@ -5,6 +5,9 @@
 #include <QStyleFactory>
 #include <QStyleOption>
 
+#include <algorithm>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -45,6 +48,36 @@ bool IsMarkedElsewhere(const QStyleOptionViewItem& item, const QWidget* widget) 
            widget->window()->windowType() != Qt::Popup;
 }
 
+/// While it lives, an option that is drawn has the palette that all equal ones have.
+///
+/// Fusion keeps what it draws under a name with the palette's number in it, and the toolkit gives each widget
+/// a number of its own, whatever the colours. So nothing would be found again once a screen has closed, and
+/// the toolkit forgets none of the names.
+class SharedPalette {
+  public:
+    explicit SharedPalette(const QStyleOption& option)
+        // The option is a variable of whoever paints.
+        : mOption(const_cast<QStyleOption&>(option))
+        , mOwn(option.palette) {
+        mOption.palette = FirstLike(mOwn);
+        mOption.palette.setCurrentColorGroup(mOwn.currentColorGroup());
+    }
+    SharedPalette(const SharedPalette&) = delete;
+    SharedPalette& operator=(const SharedPalette&) = delete;
+    ~SharedPalette() { mOption.palette = mOwn; }
+
+  private:
+    /// The program has some few palettes.
+    static const QPalette& FirstLike(const QPalette& palette) {
+        static std::vector<QPalette> palettes;
+        const auto known = std::ranges::find(palettes, palette);
+        return known != palettes.end() ? *known : palettes.emplace_back(palette);
+    }
+
+    QStyleOption& mOption;
+    const QPalette mOwn;
+};
+
 } // namespace
 
 ProgramStyle::ProgramStyle()
@@ -60,6 +93,7 @@ QColor ProgramStyle::PaleMarkColor() {
 
 void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                  const QWidget* widget) const {
+    const SharedPalette shared(*option);
     if (element == PE_FrameFocusRect)
         return DrawRing(*painter, option->rect, RingOn(*option));
     const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option);
@@ -76,6 +110,7 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
 
 void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                                const QWidget* widget) const {
+    const SharedPalette shared(*option);
     const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option);
     if (element == CE_ItemViewItem && item)
         return DrawItem(*item, painter, widget);
@@ -101,6 +136,7 @@ void ProgramStyle::DrawItem(const QStyleOptionViewItem& item, QPainter* painter,
 
 void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                       QPainter* painter, const QWidget* widget) const {
+    const SharedPalette shared(*option);
     const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
     if (control != CC_ComboBox || !combo || !HasFocus(*combo))
         return QProxyStyle::drawComplexControl(control, option, painter, widget);

@@ -88,7 +88,8 @@ CommandResult HospitalEngine::Run(const QString& command) {
         return {};
     BeginWork(read->Writes());
     CommandResult result = read->Run();
-    if (read->CanBeKept() && command.size() <= kLongestKept)
+    // A treatment's record would be kept with all its texts, and another one put out that comes again.
+    if (read->CanBeKept() && command.size() <= kLongestKept && !shape.IsOneOfAKind())
         mKept.Keep(shape, std::move(read));
     return result;
 }

@@ -7,7 +7,6 @@
 
 namespace {
 
-constexpr qsizetype kMostLiterals = 100;
 constexpr int kMostInText = 8000;
 constexpr int kMostInNationalText = 4000;
 
@@ -27,7 +26,8 @@ bool ComparesExpressions(const Token& token) {
 } // namespace
 
 CommandShape::CommandShape(QStringView text)
-    : mTokens(LexSql(text)) {
+    : mTokens(LexSql(text))
+    , mLiteralCount(std::count_if(mTokens.begin(), mTokens.end(), IsLiteral)) {
     mKey.reserve(text.size() + 2 * static_cast<qsizetype>(mTokens.size()));
     const bool counted = CountsLiterals();
     for (Token& token : mTokens) {
@@ -41,8 +41,7 @@ CommandShape::CommandShape(QStringView text)
 }
 
 bool CommandShape::CountsLiterals() const {
-    return std::count_if(mTokens.begin(), mTokens.end(), IsLiteral) <= kMostLiterals &&
-           std::none_of(mTokens.begin(), mTokens.end(), ComparesExpressions);
+    return !IsOneOfAKind() && std::none_of(mTokens.begin(), mTokens.end(), ComparesExpressions);
 }
 
 void CommandShape::TakeLiteral(Token& token) {

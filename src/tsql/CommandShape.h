@@ -32,14 +32,19 @@ class CommandShape {
     const std::vector<Literal>& Literals() const { return mLiterals; }
     /// Equal for texts of the same shape, and for no others.
     const QString& Key() const { return mKey; }
+    /// Whether the text has so many literals of its own that hardly another one will ever be equal to it.
+    bool IsOneOfAKind() const { return mLiteralCount > kMostLiterals; }
     /// Equal for texts of the same shape that agree in the given literals too.
     QString KeyWith(const std::set<int>& literals) const;
 
   private:
+    static constexpr qsizetype kMostLiterals = 100;
+
     bool CountsLiterals() const;
     void TakeLiteral(Token& token);
 
     std::vector<Token> mTokens;
+    qsizetype mLiteralCount;
     std::vector<Literal> mLiterals;
     QString mKey;
 };

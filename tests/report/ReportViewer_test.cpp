@@ -53,6 +53,13 @@ TEST_F(ReportViewerTest, EachButtonHasANameAndATooltipThatTellsItsKey) {
     }
 }
 
+TEST_F(ReportViewerTest, TheIconsOfEveryViewerAreTheSame) {
+    const ReportViewer other;
+    for (const QString& button : {u"cmdPdf"_s, u"cmdFirst"_s, u"cmdFindNext"_s})
+        EXPECT_EQ(viewer->findChild<QToolButton*>(button)->icon().cacheKey(),
+                  other.findChild<QToolButton*>(button)->icon().cacheKey());
+}
+
 TEST_F(ReportViewerTest, TurnsPagesByKeys) {
     View();
     Key(Qt::Key_PageDown);

@@ -30,6 +30,11 @@ TEST(Look, TheProgramsIconsAreThere) {
         EXPECT_FALSE(ProgramIcon(name).pixmap(32).isNull()) << name.toStdString();
 }
 
+TEST(Look, AnIconIsTheSameOneEachTime) {
+    EXPECT_EQ(ProgramIcon(u"patient"_s).cacheKey(), ProgramIcon(u"patient"_s).cacheKey());
+    EXPECT_NE(ProgramIcon(u"patient"_s).cacheKey(), ProgramIcon(u"assess"_s).cacheKey());
+}
+
 TEST(Look, TheIconOfASelectedRowStandsOutFromItsColour) {
     const QImage icon = ProgramIcon(u"patient"_s).pixmap(24, QIcon::Selected).toImage();
     const QColor shoulder = icon.pixelColor(icon.width() / 2, icon.height() * 4 / 5);

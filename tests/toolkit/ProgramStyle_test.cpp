@@ -10,12 +10,16 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCommonStyle>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyleOption>
 #include <QTest>
 #include <QVBoxLayout>
 
 #include <array>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -125,6 +129,96 @@ TEST(PaleMark, IsSeenAndTheTextOnItCanBeRead) {
     }
     EXPECT_GT(pixels, 500);
 }
+
+/// What is drawn, and with which palette.
+class PaletteSpy : public QCommonStyle {
+  public:
+    void drawPrimitive(PrimitiveElement, const QStyleOption* option, QPainter*,
+                       const QWidget*) const override {
+        drawn.push_back(option->palette);
+    }
+    void drawControl(ControlElement, const QStyleOption* option, QPainter*, const QWidget*) const override {
+        drawn.push_back(option->palette);
+    }
+    void drawComplexControl(ComplexControl, const QStyleOptionComplex* option, QPainter*,
+                            const QWidget*) const override {
+        drawn.push_back(option->palette);
+    }
+
+    mutable std::vector<QPalette> drawn;
+};
+
+struct DrawnCase {
+    const char* name;
+    void (*draw)(const QStyle& style, const QPalette& palette, QPainter& painter);
+};
+
+template <class Option> Option OptionWith(const QPalette& palette) {
+    Option option;
+    option.palette = palette;
+    return option;
+}
+
+/// A palette of another widget's: the same colours, and a number of its own.
+QPalette Another(QPalette palette) {
+    palette.setResolveMask(palette.resolveMask() + 1);
+    return palette;
+}
+
+class SharedPaletteTest : public testing::TestWithParam<DrawnCase> {
+  protected:
+    SharedPaletteTest() { style.setBaseStyle(spy); }
+
+    QPalette Drawn(const QPalette& palette) {
+        QPixmap paper(1, 1);
+        QPainter painter(&paper);
+        GetParam().draw(style, palette, painter);
+        return spy->drawn.back();
+    }
+
+    ProgramStyle style;
+    PaletteSpy* spy = new PaletteSpy;
+    const QPalette first{QColor(0x11, 0x22, 0x33)};
+};
+
+TEST_P(SharedPaletteTest, WidgetsOfTheSameColoursAreDrawnWithTheSamePalette) {
+    const QPalette second = Another(first);
+    ASSERT_NE(first.cacheKey(), second.cacheKey());
+    EXPECT_EQ(Drawn(first).cacheKey(), Drawn(second).cacheKey());
+}
+
+TEST_P(SharedPaletteTest, WidgetsOfOtherColoursKeepTheirs) {
+    QPalette other = first;
+    other.setColor(QPalette::Button, Qt::red);
+    Drawn(first);
+    EXPECT_EQ(Drawn(other).color(QPalette::Button), QColor(Qt::red));
+}
+
+TEST_P(SharedPaletteTest, DisabledWidgetsAreDrawnAsDisabled) {
+    QPalette disabled = Another(first);
+    disabled.setCurrentColorGroup(QPalette::Disabled);
+    Drawn(first);
+    EXPECT_EQ(Drawn(disabled).currentColorGroup(), QPalette::Disabled);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Drawings, SharedPaletteTest,
+    testing::Values(DrawnCase{"Primitive",
+                              [](const QStyle& style, const QPalette& palette, QPainter& painter) {
+                                  auto option = OptionWith<QStyleOptionButton>(palette);
+                                  style.drawPrimitive(QStyle::PE_PanelButtonCommand, &option, &painter);
+                              }},
+                    DrawnCase{"Control",
+                              [](const QStyle& style, const QPalette& palette, QPainter& painter) {
+                                  auto option = OptionWith<QStyleOptionHeader>(palette);
+                                  style.drawControl(QStyle::CE_HeaderSection, &option, &painter);
+                              }},
+                    DrawnCase{"ComplexControl",
+                              [](const QStyle& style, const QPalette& palette, QPainter& painter) {
+                                  auto option = OptionWith<QStyleOptionSpinBox>(palette);
+                                  style.drawComplexControl(QStyle::CC_SpinBox, &option, &painter);
+                              }}),
+    CaseName());
 
 /// A floating editor with a text, and a box beside it.
 TEST(FloatingEditor, IsDimmedWhereAnotherControlHasTheFocus) {

@@ -298,6 +298,14 @@ TEST_F(KeptCommandsTest, ALongTextIsNotKept) {
     EXPECT_EQ(PreparedBy({text, text}), 0);
 }
 
+TEST_F(KeptCommandsTest, ATextOfManyLiteralsIsNotKept) {
+    const auto withLiterals = [](int count) {
+        return kNames + u"where LastName IN ('A'"_s + u",'A'"_s.repeated(count - 1) + u')';
+    };
+    EXPECT_EQ(PreparedBy({withLiterals(100), withLiterals(100)}), 1);
+    EXPECT_EQ(PreparedBy({withLiterals(101), withLiterals(101)}), 0);
+}
+
 TEST_F(KeptCommandsTest, AnotherDefaultDatabaseMeansOtherTables) {
     Gateway().SetDefaultDatabase(u"BILLING"_s);
     Gateway().ExecuteNoResult(u"insert tbCharge values (5, 'bill')"_s);

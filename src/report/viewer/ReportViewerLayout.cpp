@@ -30,7 +30,7 @@ constexpr int kTreeWidth = 200;
 constexpr int kFindWidth = 130;
 
 QIcon IconOf(const QString& control) {
-    return QIcon(u":/report/%1.svg"_s.arg(control.mid(3).toLower()));
+    return KeptIcon(u":/report/%1.svg"_s.arg(control.mid(3).toLower()));
 }
 
 } // namespace
