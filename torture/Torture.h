@@ -22,6 +22,10 @@ void TortureByKills(TortureTable& table, const TortureSize& size);
 /// Ever more workstations that post, cancel and revoke at once on one hospital file.
 void TortureByCrowd(TortureTable& table, const TortureSize& size);
 
+/// Disks and files as nobody wants them: full, read-only, cut, foreign, oddly named; clocks and languages of
+/// the machine that are not the usual ones.
+void TortureByFiles(TortureTable& table, const TortureSize& size);
+
 // What the tortures start as processes of their own.
 
 /// The whole program with a shift keyed in it.
@@ -29,3 +33,6 @@ int RunShift(const QStringList& arguments);
 
 /// One desk of the crowd: the screens without their keys.
 int RunCrowdDesk(int& argumentCount, char** arguments);
+
+/// One desk of the torture of files: the whole program with one slip keyed in it.
+int RunFilesDesk(const QStringList& arguments);

@@ -13,7 +13,8 @@ using namespace Qt::StringLiterals;
 // What is done to the program before a hospital gets it:
 //   tarven-torture kill  [--times N] [--desks N] [--seed N] [--short]
 //   tarven-torture crowd [--times N] [--desks N] [--seed N] [--short]
-// The two other modes are the desks that these start.
+//   tarven-torture files [--short]
+// The other modes are the desks that these start.
 
 namespace {
 
@@ -36,6 +37,8 @@ int Torture(QCommandLineParser& parser) {
         TortureByKills(table, size);
     else if (which == "crowd"_L1)
         TortureByCrowd(table, size);
+    else if (which == "files"_L1)
+        TortureByFiles(table, size);
     else
         parser.showHelp(2);
     table.Print();
@@ -45,15 +48,20 @@ int Torture(QCommandLineParser& parser) {
     return table.AllWell() ? 0 : 1;
 }
 
+QStringList BehindTheMode(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 2; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc > 1 && std::strcmp(argv[1], "shift") == 0) {
-        QStringList arguments;
-        for (int i = 2; i < argc; ++i)
-            arguments << QString::fromLocal8Bit(argv[i]);
-        return RunShift(arguments);
-    }
+    if (argc > 1 && std::strcmp(argv[1], "shift") == 0)
+        return RunShift(BehindTheMode(argc, argv));
+    if (argc > 1 && std::strcmp(argv[1], "files-desk") == 0)
+        return RunFilesDesk(BehindTheMode(argc, argv));
     if (argc > 1 && std::strcmp(argv[1], "crowd-desk") == 0)
         return RunCrowdDesk(argc, argv);
     const QCoreApplication application(argc, argv);
@@ -62,7 +70,7 @@ int main(int argc, char** argv) {
                        {u"desks"_s, u"Workstations at once."_s, u"N"_s},
                        {u"seed"_s, u"What is keyed and when is killed."_s, u"N"_s, u"1"_s},
                        {u"short"_s, u"As part of every test."_s}});
-    parser.addPositionalArgument(u"torture"_s, u"kill or crowd"_s);
+    parser.addPositionalArgument(u"torture"_s, u"kill, crowd or files"_s);
     parser.addHelpOption();
     parser.process(application);
     try {
