@@ -128,13 +128,9 @@ Prepare Alter(const QString& sql) {
     };
 }
 
-/// Somebody was killed behind a slip that he had saved.
-void WorkAndBeKilled(FilesPlace& place) {
-    place.Work();
-}
-
+/// Somebody was killed behind a slip that he had saved, and somebody else has tidied up.
 void LoseTheLog(FilesPlace& place) {
-    WorkAndBeKilled(place);
+    place.Work();
     QFile::remove(place.Log());
 }
 
@@ -285,8 +281,7 @@ std::vector<FilesCase> Contents() {
 }
 
 std::vector<FilesCase> Logs() {
-    return {{.name = u"log of the killed desk before"_s, .end = End::Works, .prepare = WorkAndBeKilled},
-            {.name = u"log missing behind a kill"_s,
+    return {{.name = u"log missing behind a kill"_s,
              .told = u"with what was saved last is missing"_s,
              .prepare = LoseTheLog,
              .mend = [](FilesPlace& place) { QFile::remove(place.Index()); },
@@ -332,10 +327,16 @@ std::vector<FilesCase> Machines() {
          .told = u"/dev/null"_s,
          .prepare = WithoutAHome(u"/dev/null"_s),
          .namesTheFile = false}};
-    for (const QString& moment : {u"1970-01-01 00:00"_s, u"1999-12-31 23:59"_s, u"2038-01-19 03:15"_s,
-                                  u"2100-02-28 12:00"_s, u"2999-12-31 23:58"_s})
+    for (const QString& moment :
+         {u"1970-01-01 00:00"_s, u"1999-12-31 23:59"_s, u"2038-01-19 03:15"_s, u"2100-02-28 12:00"_s})
         cases.push_back(
             {.name = u"the clock at "_s + moment, .end = End::WorksOnItsDay, .prepare = AtTheMoment(moment)});
+    // A stay of more days than the program counts.
+    cases.push_back({.name = u"the clock at 2999-12-31 23:58"_s,
+                     .end = End::Fails,
+                     .told = u"Run-time error '6': Overflow"_s,
+                     .prepare = AtTheMoment(u"2999-12-31 23:58"_s),
+                     .namesTheFile = false});
     for (const QString& language : {u"de_DE"_s, u"tr_TR"_s, u"ar_EG"_s, u"fa_IR"_s})
         cases.push_back({.name = u"the machine speaks "_s + language,
                          .end = End::Works,

@@ -17,7 +17,8 @@ struct FilesCase {
         WorksOnItsDay,
         /// The sign-on window tells why not, and every file of the folder is as it was.
         Refused,
-        /// The save fails. The hospital holds what was answered, and the next desk works once there is room.
+        /// The program tells a failure and ends. The hospital holds what was answered, and the next desk
+        /// works once there is room.
         Fails,
     };
 

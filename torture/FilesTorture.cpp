@@ -105,12 +105,14 @@ void FilesRun::JudgeWork(const FilesDeskEnd& end) {
         mResult.problems << u"other figures: "_s + figures.shown + u" / "_s + figures.charges;
     if (mCase.end == End::Works ? figures.paper != mSound.paper : figures.paper.isEmpty())
         mResult.problems << u"another paper: "_s + figures.paper;
-    mResult.left = u"the slip, as on a sound file"_s;
+    if (mResult.problems.isEmpty())
+        mResult.left = u"the slip, as on a sound file"_s;
 }
 
 void FilesRun::JudgeSave() {
     mResult.problems << mWhole->Problems(JournalsIn(mPlace.Folder().File(u"journals"_s)));
-    mResult.left = u"every command that was answered"_s;
+    if (mResult.problems.isEmpty())
+        mResult.left = u"every command that was answered"_s;
 }
 
 void FilesRun::WorkAgain() {
@@ -119,7 +121,8 @@ void FilesRun::WorkAgain() {
     mResult.problems << end.problems;
     if (!end.signedOn || !end.Told().isEmpty())
         mResult.problems << u"the next desk cannot work: "_s + end.Told();
-    mResult.left += u"; the next desk works"_s;
+    else
+        mResult.left += u"; the next desk works"_s;
     if (mWhole)
         mResult.problems << mWhole->Problems(JournalsIn(mPlace.Folder().File(u"journals"_s)));
 }
