@@ -324,7 +324,6 @@ std::unique_ptr<EmbeddedGateway> HospitalFile::Open(const QString& name, const s
     const QString path = PlaceOf(name);
     RequireOrdinaryFile(path);
     RequireWritable(path);
-    RequireLog(path);
     // A log that is there before anybody here has the file open: its last user did not close it, or another
     // workstation has it open. The two cannot be told apart from outside, and the check is cheap.
     const bool notClosed = HasLog(path);

@@ -652,6 +652,7 @@ TEST_F(HospitalFileTest, ALogThatIsMissingIsToldAndNotPassedOver) {
     WriteAndBeKilled();
     ASSERT_TRUE(QFile::remove(Path() + u"-wal"_s));
     const QByteArray before = Content();
+    EXPECT_EQ(FailureOf([this] { EmbeddedGateway(Path(), EmbeddedGateway::Access::Reading); }).number, 5120);
     EXPECT_EQ(OpenFailure().number, 5120);
     EXPECT_EQ(Content(), before);
     ASSERT_TRUE(QFile::remove(Path() + u"-shm"_s));
