@@ -33,6 +33,10 @@ void TortureByDesks(TortureTable& table, const TortureSize& size);
 /// they are. Draws them into a file where one is named.
 void TortureByLongShift(TortureTable& table, const TortureSize& size);
 
+/// Disks and files as nobody wants them: full, read-only, cut, foreign, oddly named; clocks and languages of
+/// the machine that are not the usual ones.
+void TortureByFiles(TortureTable& table, const TortureSize& size);
+
 // What the tortures start as processes of their own.
 
 /// The whole program with a shift keyed in it.
@@ -46,3 +50,6 @@ int RunLongShift(const QStringList& arguments);
 
 /// One desk of the crowd: the screens without their keys.
 int RunCrowdDesk(int& argumentCount, char** arguments);
+
+/// One desk of the torture of files: the whole program with one slip keyed in it.
+int RunFilesDesk(const QStringList& arguments);

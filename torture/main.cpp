@@ -27,6 +27,7 @@ struct NamedTorture {
     void (*run)(TortureTable& table, const TortureSize& size);
 };
 constexpr std::array kTortures = {NamedTorture{"kill", TortureByKills}, NamedTorture{"crowd", TortureByCrowd},
+                                  NamedTorture{"files", TortureByFiles},
                                   NamedTorture{"longshift", TortureByLongShift},
                                   NamedTorture{"desks", TortureByDesks}};
 
@@ -35,7 +36,8 @@ struct NamedProcess {
     const char* name;
     int (*run)(const QStringList& arguments);
 };
-constexpr std::array kProcesses = {NamedProcess{"shift", RunShift}, NamedProcess{"long-shift", RunLongShift},
+constexpr std::array kProcesses = {NamedProcess{"shift", RunShift}, NamedProcess{"files-desk", RunFilesDesk},
+                                   NamedProcess{"long-shift", RunLongShift},
                                    NamedProcess{"desk-shift", RunDeskShift}};
 
 /// The entry of that name; null for none.

@@ -85,6 +85,8 @@ void SignOnDialog::Layout() {
     lblProblem = new QLabel(this);
     lblProblem->setObjectName(u"lblProblem"_s);
     lblProblem->setWordWrap(true);
+    // It names files, whose names may look like markup.
+    lblProblem->setTextFormat(Qt::PlainText);
     lblProblem->setStyleSheet(u"color: #a3262b; font-weight: bold;"_s);
     lblProblem->hide();
     tmrWait = new QTimer(this);

@@ -19,6 +19,8 @@ std::unique_ptr<HospitalEngine> OpenEngine(const QString& path, EmbeddedGateway:
     return WithinBoundary([&] {
         // SQLite would wait at a pipe for ever.
         RequireOrdinaryFile(path);
+        // Opened, it would have a log again, and nobody would be told any more.
+        RequireLog(path);
         return std::make_unique<HospitalEngine>(path, access == EmbeddedGateway::Access::Reading
                                                           ? SqliteDatabase::Mode::Reading
                                                           : SqliteDatabase::Mode::Existing);

@@ -21,7 +21,8 @@ class EmbeddedGateway : public CommandGateway {
     };
 
     /// Opens a hospital's file as it is; HospitalFile::Open also looks after its procedures. Raises 53 for a
-    /// file that is not there and 5171 for one that is no hospital, which stays untouched.
+    /// file that is not there, 5171 for one that is no hospital, 948 for one that this version cannot read,
+    /// and 5120 for one whose log is missing or another database's. Each stays untouched.
     explicit EmbeddedGateway(const QString& path, Access access = Access::Full);
     ~EmbeddedGateway() override;
 

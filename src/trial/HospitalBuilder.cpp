@@ -1,6 +1,7 @@
 #include "trial/HospitalBuilder.h"
 
 #include "tsql/ScriptParser.h"
+#include "tsql/ServerError.h"
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +25,9 @@ void HospitalBuilder::RunBatch(const Script& script, QStringView text, int first
             RunStatement(statement, text.mid(begin, cursor.Position() - begin).toString());
         }
     } catch (const RunTimeError& error) {
+        // That the disk is full is no fault of the script's.
+        if (error.Number() == static_cast<int>(Fault::DiskFull))
+            throw;
         // A text that cannot be read fails where the reading stopped, any other where its statement begins.
         const int failed = firstLine - 1 + (line > 0 ? line : cursor.Line());
         throw RunTimeError(error.Number(),

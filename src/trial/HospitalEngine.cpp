@@ -1,5 +1,6 @@
 #include "trial/HospitalEngine.h"
 
+#include "trial/file/HospitalPlace.h"
 #include "trial/sqlite/FileSchema.h"
 #include "trial/translate/StatementTranslator.h"
 #include "tsql/CommandParser.h"
@@ -26,9 +27,12 @@ HospitalEngine::HospitalEngine(const QString& path, SqliteDatabase::Mode mode)
     , mKept(kKeptCommands) {
     if (mode == SqliteDatabase::Mode::New)
         return;
+    // A log of another file's must not be played into this one when it is refused for that.
+    mDatabase.SetPlaysLog(!HasLog(path));
     mStore.Check();
     mCatalog = mStore.Load();
     mFresh = mStore.IsFresh();
+    mDatabase.SetPlaysLog(true);
 }
 
 void HospitalEngine::SetDefaultDatabase(const QString& name) {

@@ -17,7 +17,8 @@
 /// A hospital's file at work: it reads command texts as the server would and runs them.
 class HospitalEngine {
   public:
-    /// Opens a hospital's file, or makes an empty one. Raises 5171 for a file that is no hospital.
+    /// Opens a hospital's file, or makes an empty one. Raises 5171 for a file that is no hospital, 5120 for
+    /// one beside which another database's log lies, and 948 for one that this version cannot read.
     HospitalEngine(const QString& path, SqliteDatabase::Mode mode);
 
     /// Runs one command text. A text that is more than one statement is refused whole.

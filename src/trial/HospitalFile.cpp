@@ -12,6 +12,7 @@
 #include <QFileInfo>
 #include <QLockFile>
 #include <QSysInfo>
+#include <QtEndian>
 
 #include <cerrno>
 #include <chrono>
@@ -137,6 +138,16 @@ void RequireWhole(SqliteDatabase& database) {
         throw ServerError(Fault::Damaged, {database.Path()});
 }
 
+/// Raises 824 where the end of the file is missing, of a page that SQLite would fill up with zeros. For a
+/// file without a log, which has all its pages in itself.
+void RequireWholePages(const SqliteDatabase& database) {
+    constexpr qsizetype kPageSizeOffset = 16;
+    constexpr int kLargestPage = 65536;
+    const int written = qFromBigEndian<quint16>(database.Header().constData() + kPageSizeOffset);
+    if (QFileInfo(database.Path()).size() % (written == 1 ? kLargestPage : written) != 0)
+        throw ServerError(Fault::Damaged, {database.Path()});
+}
+
 /// Holds a hospital's file that nobody else has open: nobody can use it until the hold ends. A file that is
 /// no database is nobody's, and is not held.
 class Hold {
@@ -218,8 +229,11 @@ class MakingLock {
 
     /// Raises why nobody waits for the lock any longer.
     void RequireWorthWaiting(const QString& path, Clock::duration waited) const {
-        if (mFile.error() != QLockFile::LockFailedError)
+        if (mFile.error() == QLockFile::PermissionError)
             throw ServerError(Fault::CannotOpen, {path, u"its folder cannot be written to"_s});
+        if (mFile.error() == QLockFile::UnknownError)
+            throw ServerError(Fault::CannotOpen,
+                              {path, u"%1.lock cannot be written; the disk may be full"_s.arg(path)});
         const QString machine = OtherMachine(mFile);
         if (!machine.isEmpty() && waited > kWaitForAnotherMachine)
             throw ServerError(Fault::CannotOpen,
@@ -308,22 +322,28 @@ void HospitalFile::Replace(const QString& name, const std::vector<Script>& scrip
 
 std::unique_ptr<EmbeddedGateway> HospitalFile::Open(const QString& name, const std::vector<Script>& scripts) {
     const QString path = PlaceOf(name);
-    // Before anything is done with it: what is no file keeps its rights.
     RequireOrdinaryFile(path);
-    KeepPrivate(path);
+    RequireWritable(path);
     // A log that is there before anybody here has the file open: its last user did not close it, or another
     // workstation has it open. The two cannot be told apart from outside, and the check is cheap.
-    const bool notClosed = QFileInfo(path + u"-wal"_s).size() > 0;
+    const bool notClosed = HasLog(path);
     auto gateway = std::make_unique<EmbeddedGateway>(path);
+    // Not before: the file of another program keeps its rights.
+    KeepPrivate(path);
     SqliteDatabase& database = gateway->Engine().Database();
+    // A file that is refused stays as it is.
+    database.SetPlaysLog(!notClosed);
     if (notClosed)
         RequireWhole(database);
+    else
+        RequireWholePages(database);
     // A replacement that was stopped at its last step leaves the mode of journal behind in which it held the
     // file.
     database.RunForValue(u"PRAGMA journal_mode = WAL"_s);
     HospitalStore& store = gateway->Engine().Store();
     if (store.Mark(kSchemaMark) != Digest(scripts, kSchemaFolder))
         throw ServerError(Fault::OtherVersion, {path});
+    database.SetPlaysLog(true);
     const QString digest = Digest(scripts, kProceduresFolder);
     if (store.Mark(kProceduresMark) == digest)
         return gateway;

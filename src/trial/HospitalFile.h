@@ -41,7 +41,9 @@ class HospitalFile {
 
     /// Opens a hospital for a sign-on. Where its procedures are not those of the scripts, they are replaced;
     /// where its tables are not, it is refused with error 948. A file that was not closed by its last user is
-    /// checked and refused with 824 when it is damaged. What others could do with the file is taken from
-    /// them. Raises 53 and 5171 as EmbeddedGateway does, and 5120 as Create does.
+    /// checked and refused with 824 when it is damaged, and so is one whose end is missing. One whose log is
+    /// missing is refused with 5120, one that cannot be written to with 5120 or 3906. What others could do
+    /// with the file is taken from them; otherwise a file that is refused stays as it is, with its log.
+    /// Raises 53 and 5171 as EmbeddedGateway does, and 5120 as Create does.
     static std::unique_ptr<EmbeddedGateway> Open(const QString& name, const std::vector<Script>& scripts);
 };

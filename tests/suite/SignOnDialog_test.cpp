@@ -152,6 +152,13 @@ TEST_F(SignOnDialogTest, ARefusalLeavesRoomForEachLine) {
     }
 }
 
+TEST_F(SignOnDialogTest, AFolderThatIsNamedLikeMarkupIsToldAsItIs) {
+    first->connectFailure = RunTimeError(75, u"Path/File access error: /data/<b>ward</b>"_s);
+    Open();
+    TryAs(u"NURSE"_s, u"nurse"_s);
+    EXPECT_EQ(In<QLabel>("lblProblem").textFormat(), Qt::PlainText);
+}
+
 TEST_F(SignOnDialogTest, TheThirdTryMaySucceed) {
     Open();
     TryAs(u"NURSE"_s, u"wrong"_s);

@@ -23,5 +23,5 @@ TEST_P(Torture, LeavesAWholeHospital) {
     EXPECT_EQ(torture.exitCode(), 0) << told;
 }
 
-INSTANTIATE_TEST_SUITE_P(Short, Torture, testing::Values("kill", "crowd", "longshift", "desks"),
+INSTANTIATE_TEST_SUITE_P(Short, Torture, testing::Values("kill", "crowd", "files", "longshift", "desks"),
                          [](const auto& test) { return std::string(test.param); });

@@ -55,3 +55,15 @@ INSTANTIATE_TEST_SUITE_P(
         FailingScript{"IndexOfNoColumn", u"CREATE INDEX ix ON dbo.t (b);"_s,
                       u"schema/a.sql, line 4: Invalid column name 'b'."_s}),
     CaseName());
+
+TEST(HospitalBuilderTest, AFullDiskIsNoFaultOfAScript) {
+    const QTemporaryDir folder;
+    HospitalEngine engine(folder.filePath(u"h.db"_s), SqliteDatabase::Mode::New);
+    engine.Store().Create();
+    // The file may not grow any more.
+    engine.Database().RunForValue(u"PRAGMA max_page_count = 1"_s);
+    HospitalBuilder builder(engine);
+    const RaisedError failure = FailureOf([&] { builder.Run({u"schema/a.sql"_s, kHead}); });
+    EXPECT_EQ(failure.number, 1105);
+    EXPECT_TRUE(failure.text.startsWith(u"Could not allocate space"_s)) << failure.text.toStdString();
+}

@@ -38,6 +38,10 @@ class HospitalFileTest : public testing::Test {
         QFile file(Path());
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
+    QByteArray Log() const {
+        QFile log(Path() + u"-wal"_s);
+        return log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
+    }
     void Write(const QByteArray& content) const {
         QFile file(Path());
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
@@ -579,4 +583,116 @@ TEST_F(HospitalFileTest, AFileThatDoesNotTellIsNotFresh) {
     const auto gateway = Open();
     gateway->Engine().Database().Run(u"DELETE FROM tarven_mark WHERE name = 'fresh'"_s);
     EXPECT_FALSE(gateway->Engine().Store().IsFresh());
+}
+
+// A file that is refused stays as it is, with what lies beside it.
+
+TEST_F(HospitalFileTest, AFileWhoseLastByteIsMissingIsDamaged) {
+    Create();
+    Write(Content().chopped(1));
+    const QByteArray before = Content();
+    EXPECT_EQ(OpenFailure().number, 824);
+    EXPECT_EQ(Content(), before);
+    EXPECT_EQ(Files(), QStringList{u"hospital.db"_s});
+}
+
+TEST_F(HospitalFileTest, ALastPageThatIsHalfWrittenDoesNoHarmWhileTheLogHasIt) {
+    Create();
+    WriteAndBeKilled();
+    QFile file(Path());
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write(QByteArray(100, 'x'));
+    file.close();
+    EXPECT_EQ(OpenFailure().number, 0);
+}
+
+TEST_F(HospitalFileTest, ADamagedFileIsNotGivenTheLogThatLiesBesideIt) {
+    Create();
+    WriteAndBeKilled();
+    Damage(Path());
+    const QByteArray before = Content();
+    const QByteArray log = Log();
+    EXPECT_EQ(OpenFailure().number, 824);
+    EXPECT_EQ(Content(), before);
+    EXPECT_EQ(Log(), log);
+}
+
+TEST_F(HospitalFileTest, AnotherDatabasesLogIsRefusedAndNotPlayedIntoTheFile) {
+    Create();
+    const QString foreign = folder.filePath(u"stamps.db"_s);
+    for (const QString& pageSize : {u"1024"_s, u"4096"_s}) {
+        ASSERT_EQ(RunInChild([&] {
+                      SqliteDatabase stamps(foreign, SqliteDatabase::Mode::New);
+                      stamps.RunForValue(u"PRAGMA page_size = "_s + pageSize);
+                      stamps.RunForValue(u"PRAGMA journal_mode = WAL"_s);
+                      stamps.Run(u"CREATE TABLE stamps (name TEXT); INSERT INTO stamps VALUES ('penny')"_s);
+                      KillThisProcess();
+                      return 0;
+                  }),
+                  -SIGKILL);
+        ASSERT_TRUE(QFile::rename(foreign + u"-wal"_s, Path() + u"-wal"_s));
+        const QByteArray before = Content();
+        const QByteArray log = Log();
+        for (int i = 0; i < 2; ++i) {
+            const RaisedError failure = OpenFailure();
+            EXPECT_EQ(failure.number, 5120);
+            EXPECT_TRUE(failure.text.contains(Path() + u"-wal, is another database's"_s))
+                << failure.text.toStdString();
+        }
+        EXPECT_EQ(Content(), before);
+        EXPECT_EQ(Log(), log);
+        for (const QString& left : {foreign, foreign + u"-shm"_s, Path() + u"-wal"_s, Path() + u"-shm"_s})
+            QFile::remove(left);
+        EXPECT_EQ(OpenFailure().number, 0) << "without that log";
+    }
+}
+
+TEST_F(HospitalFileTest, ALogThatIsMissingIsToldAndNotPassedOver) {
+    Create();
+    WriteAndBeKilled();
+    ASSERT_TRUE(QFile::remove(Path() + u"-wal"_s));
+    const QByteArray before = Content();
+    EXPECT_EQ(FailureOf([this] { EmbeddedGateway(Path(), EmbeddedGateway::Access::Reading); }).number, 5120);
+    EXPECT_EQ(OpenFailure().number, 5120);
+    EXPECT_EQ(Content(), before);
+    ASSERT_TRUE(QFile::remove(Path() + u"-shm"_s));
+    EXPECT_EQ(RowTexts(*Open(), u"select ChargeSlip from Clinical_Area..tbSlip"_s), QStringList{u"100"_s});
+}
+
+TEST_F(HospitalFileTest, WhatThisVersionCannotReadIsAnotherVersion) {
+    for (const QString& change :
+         {u"UPDATE tarven_table SET text = replace(text, ' int', ' hierarchy')"_s,
+          u"ALTER TABLE tarven_table RENAME TO tarven_structure"_s,
+          u"ALTER TABLE tarven_procedure RENAME COLUMN text TO body"_s, u"DROP TABLE tarven_mark"_s}) {
+        Create();
+        SqliteDatabase(Path(), SqliteDatabase::Mode::Existing).Run(change);
+        const QByteArray before = Content();
+        const RaisedError failure = OpenFailure();
+        EXPECT_EQ(failure.number, 948) << change.toStdString();
+        EXPECT_TRUE(failure.text.contains(Path())) << failure.text.toStdString();
+        EXPECT_EQ(Content(), before);
+        QFile::remove(Path());
+    }
+}
+
+TEST_F(HospitalFileTest, TheDatabaseOfAnotherProgramKeepsItsRights) {
+    MakeForeignDatabase("CREATE TABLE stamps (name)");
+    ASSERT_EQ(::chmod(QFile::encodeName(Path()).constData(), 0644), 0);
+    EXPECT_EQ(OpenFailure().number, 5171);
+    EXPECT_EQ(ModeOf(Path()), 0644U);
+}
+
+TEST_F(HospitalFileTest, AFileThatCannotBeWrittenToIsRefusedInWords) {
+    constexpr int kPassed = 0;
+    Create();
+    ASSERT_EQ(::chmod(QFile::encodeName(Path()).constData(), 0444), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(folder.path()).constData(), 0777), 0);
+    EXPECT_EQ(RunInChild([this] {
+                  // The administrator is stopped by no rights.
+                  constexpr uid_t kNobody = 65534;
+                  if (::geteuid() == 0 && ::setuid(kNobody) != 0)
+                      return 1;
+                  return OpenFailure().number == 3906 ? kPassed : 2;
+              }),
+              kPassed);
 }

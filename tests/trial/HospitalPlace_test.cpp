@@ -7,8 +7,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -26,6 +28,16 @@ class HospitalPlace : public testing::Test {
         struct stat found = {};
         EXPECT_EQ(::stat(QFile::encodeName(path).constData(), &found), 0);
         return found.st_mode & 0777U;
+    }
+
+    /// What is raised to an ordinary user; the administrator is stopped by no rights.
+    static RaisedError AsNobody(const std::function<void()>& action) {
+        constexpr uid_t kNobody = 65534;
+        const uid_t before = ::geteuid();
+        EXPECT_TRUE(before != 0 || ::seteuid(kNobody) == 0);
+        const RaisedError failure = FailureOf(action);
+        EXPECT_EQ(::seteuid(before), 0);
+        return failure;
     }
 
     QTemporaryDir folder;
@@ -135,10 +147,53 @@ TEST_F(HospitalPlace, WhatIsNoFileKeepsItsRights) {
     EXPECT_EQ(ModeOf(Path() + u"-wal"_s), 0755U) << "a folder";
 }
 
-TEST_F(HospitalPlace, AFileThatIsReadOnlyForItsOwnerStaysSo) {
-    Make(Path(), 0400);
-    KeepPrivate(Path());
-    EXPECT_EQ(ModeOf(Path()), 0400U);
+TEST_F(HospitalPlace, WhatIsReadOnlyForItsOwnerStaysSo) {
+    const QString place = folder.filePath(u"place"_s);
+    ASSERT_TRUE(QDir().mkdir(place));
+    for (const auto& [found, left] : {std::pair(0400U, 0400U), std::pair(0444U, 0400U)}) {
+        Make(Path(), found);
+        KeepPrivate(Path());
+        EXPECT_EQ(ModeOf(Path()), left);
+        QFile::remove(Path());
+    }
+    ASSERT_EQ(::chmod(QFile::encodeName(place).constData(), 0555), 0);
+    KeepFolderPrivate(place);
+    EXPECT_EQ(ModeOf(place), 0500U);
+}
+
+TEST_F(HospitalPlace, WhatCannotBeWrittenToIsToldBeforeItIsOpened) {
+    struct Rights {
+        mode_t folder;
+        mode_t file;
+        int number;
+        QString text;
+    };
+    Make(Path(), 0600);
+    for (const Rights& rights :
+         {Rights{0777, 0666, 0, {}}, Rights{0777, 0444, 3906, u"because it is read-only"_s},
+          Rights{0777, 0000, 0, {}}, Rights{0555, 0666, 5120, u"its folder cannot be written to"_s},
+          Rights{0666, 0666, 5120, u"its folder cannot be written to"_s}}) {
+        ASSERT_EQ(::chmod(QFile::encodeName(Path()).constData(), rights.file), 0);
+        ASSERT_EQ(::chmod(QFile::encodeName(folder.path()).constData(), rights.folder), 0);
+        const RaisedError failure = AsNobody([this] { RequireWritable(Path()); });
+        ASSERT_EQ(::chmod(QFile::encodeName(folder.path()).constData(), 0700), 0);
+        EXPECT_EQ(failure.number, rights.number) << std::oct << rights.folder << ' ' << rights.file;
+        EXPECT_TRUE(failure.text.contains(rights.text)) << failure.text.toStdString();
+    }
+}
+
+TEST_F(HospitalPlace, AnIndexWithoutItsLogIsOfSomebodyWhoseWorkIsMissing) {
+    const auto failure = [this] { return FailureOf([this] { RequireLog(Path()); }); };
+    Make(Path(), 0600);
+    EXPECT_EQ(failure().number, 0) << "a file that was closed";
+    Make(Path() + u"-wal"_s, 0600);
+    EXPECT_EQ(failure().number, 0) << "a log";
+    Make(Path() + u"-shm"_s, 0600);
+    EXPECT_EQ(failure().number, 0) << "a log and its index";
+    QFile::remove(Path() + u"-wal"_s);
+    EXPECT_EQ(failure().number, 5120);
+    for (const QString& name : {Path() + u"-wal"_s, Path() + u"-shm"_s})
+        EXPECT_TRUE(failure().text.contains(name)) << failure().text.toStdString();
 }
 
 TEST_F(HospitalPlace, AFolderFoundWiderIsNarrowed) {

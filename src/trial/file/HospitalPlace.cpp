@@ -9,6 +9,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -23,9 +26,15 @@ QByteArray FileSystemOf(const QString& path) {
     return QStorageInfo(QFileInfo(path).absolutePath()).fileSystemType();
 }
 
-void Narrow(const QString& path, QFile::Permissions wanted) {
-    if (QFile::permissions(path) & kOthers)
-        QFile::setPermissions(path, wanted);
+/// What the owner may not do with it stays so: a file that somebody has made read-only is not opened up.
+void Narrow(const QString& path, QFile::Permissions most) {
+    const QFile::Permissions found = QFile::permissions(path);
+    if (found & kOthers)
+        QFile::setPermissions(path, found & most);
+}
+
+bool MayDo(const QString& path, int what) {
+    return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), what, AT_EACCESS) == 0;
 }
 
 } // namespace
@@ -73,6 +82,32 @@ void RequireFolderOfItsOwn(const QString& path) {
         throw ServerError(Fault::CannotOpen,
                           {path, u"it lies in your home folder itself, where other windows "
                                  "look into it; it needs a folder of its own"_s});
+}
+
+void RequireWritable(const QString& path) {
+    if (!MayDo(QFileInfo(path).absolutePath(), W_OK | X_OK))
+        throw ServerError(Fault::CannotOpen, {path, errno == EROFS ? u"it lies on a read-only disk"_s
+                                                                   : u"its folder cannot be written to"_s});
+    // One that cannot even be read is told by the system when it is opened.
+    if (MayDo(path, R_OK) && !MayDo(path, W_OK))
+        throw ServerError(Fault::ReadOnly, {path});
+}
+
+bool HasLog(const QString& path) {
+    return QFileInfo(path + u"-wal"_s).size() > 0;
+}
+
+void RequireLog(const QString& path) {
+    const QString log = path + u"-wal"_s;
+    const QString index = path + u"-shm"_s;
+    // Who opens the file makes the log first, and who closes it removes the index first: an index without a
+    // log is left over from somebody who did neither. One that begins between the two looks shows its log at
+    // the last.
+    if (QFile::exists(log) || !QFile::exists(index) || QFile::exists(log))
+        return;
+    throw ServerError(Fault::CannotOpen,
+                      {path, u"its log %1 with what was saved last is missing; put it back, or "
+                             "remove %2 to work without it"_s.arg(log, index)});
 }
 
 void MakePrivateFile(const QString& path) {

@@ -23,11 +23,23 @@ void RequireLocalDisk(const QString& path);
 /// there, and would take SQLite's locks along.
 void RequireFolderOfItsOwn(const QString& path);
 
+/// Raises 5120 for a file in a folder that the user may not write to, where its log could not be, and 3906
+/// for one that he may read and not write.
+void RequireWritable(const QString& path);
+
+/// Whether a log lies beside the file, with commands that the file does not have yet.
+bool HasLog(const QString& path);
+
+/// Raises 5120 for a file whose last user was stopped and whose log is gone since: what was saved last is in
+/// it.
+void RequireLog(const QString& path);
+
 /// Makes an empty file that its owner alone may read and write, whatever the process lets others do with new
 /// files. Raises 5120 where that cannot be done.
 void MakePrivateFile(const QString& path);
 
-/// Takes from everybody but the owner what he may do with the file, its log and its index. What is no
+/// Takes from everybody but the owner what he may do with the file, its log and its index. What the owner
+/// himself may do with them stays. What is no
 /// ordinary file stays as it is, and so does a file that is another's, where the system does not let the user
 /// do that.
 void KeepPrivate(const QString& path);

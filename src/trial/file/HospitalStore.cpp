@@ -1,6 +1,5 @@
 #include "trial/file/HospitalStore.h"
 
-#include "trial/sqlite/SqliteStatement.h"
 #include "tsql/ScriptParser.h"
 #include "tsql/ServerError.h"
 
@@ -51,14 +50,37 @@ void HospitalStore::Check() const {
         throw ServerError(Fault::NoHospital, {mDatabase.Path(), u"it is the database of another program"_s});
 }
 
+void HospitalStore::RequireOwnLog() {
+    // The header was read from the file itself; here SQLite answers, which looks into the log first.
+    if (mDatabase.RunForValue(u"PRAGMA application_id"_s) != Cell(qint64(kHospitalId)))
+        throw ServerError(
+            Fault::CannotOpen,
+            {mDatabase.Path(), u"the log beside it, %1-wal, is another database's"_s.arg(mDatabase.Path())});
+}
+
+SqliteStatement HospitalStore::Select(const QString& sql) {
+    try {
+        return SqliteStatement(mDatabase, sql, false);
+    } catch (const RunTimeError& error) {
+        if (error.Number() == static_cast<int>(Fault::CannotPrepare))
+            throw ServerError(Fault::OtherVersion, {mDatabase.Path()});
+        throw;
+    }
+}
+
 Catalog HospitalStore::Load() {
+    RequireOwnLog();
     Catalog catalog;
-    SqliteStatement tables(mDatabase, u"SELECT hospital_database, text FROM tarven_table ORDER BY number"_s,
-                           false);
-    while (tables.Step())
-        catalog.AddTable(ReadTable(TextAt(tables, 0), TextAt(tables, 1)));
-    SqliteStatement procedures(mDatabase, u"SELECT hospital_database, name, text FROM tarven_procedure"_s,
-                               false);
+    SqliteStatement tables = Select(u"SELECT hospital_database, text FROM tarven_table ORDER BY number"_s);
+    while (tables.Step()) {
+        try {
+            catalog.AddTable(ReadTable(TextAt(tables, 0), TextAt(tables, 1)));
+        } catch (const RunTimeError&) {
+            // Every version reads what it has written itself.
+            throw ServerError(Fault::OtherVersion, {mDatabase.Path()});
+        }
+    }
+    SqliteStatement procedures = Select(u"SELECT hospital_database, name, text FROM tarven_procedure"_s);
     while (procedures.Step())
         catalog.SetProcedure({TextAt(procedures, 0), TextAt(procedures, 1), TextAt(procedures, 2)});
     return catalog;
@@ -96,7 +118,7 @@ void HospitalStore::SetFresh(bool fresh) {
 }
 
 QString HospitalStore::Mark(const QString& name) {
-    SqliteStatement statement(mDatabase, u"SELECT value FROM tarven_mark WHERE name = ?1"_s, false);
+    SqliteStatement statement = Select(u"SELECT value FROM tarven_mark WHERE name = ?1"_s);
     const Cell key = name.toUtf8();
     statement.Bind(1, key);
     return statement.Step() ? TextAt(statement, 0) : QString();

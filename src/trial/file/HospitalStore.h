@@ -1,6 +1,7 @@
 #pragma once
 
 #include "trial/sqlite/SqliteDatabase.h"
+#include "trial/sqlite/SqliteStatement.h"
 #include "tsql/Catalog.h"
 
 #include <QString>
@@ -17,7 +18,8 @@ class HospitalStore {
     /// Raises 5171 for a file that is no hospital's, by its first bytes alone; nothing has touched it then.
     void Check() const;
 
-    /// Everything that was kept, as a catalog.
+    /// Everything that was kept, as a catalog. Raises 5120 where the log beside the file is another
+    /// database's, and 948 for what this version cannot read.
     Catalog Load();
 
     /// Keeps a CREATE TABLE text of that database.
@@ -38,6 +40,10 @@ class HospitalStore {
     void SetMark(const QString& name, const QString& value);
 
   private:
+    void RequireOwnLog();
+    /// A statement that reads one of the file's own tables. Raises 948 where the table is not as it should
+    /// be.
+    SqliteStatement Select(const QString& sql);
     void RunWith(const QString& sql, const std::vector<QString>& values);
 
     SqliteDatabase& mDatabase;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstring>
 #include <sqlite3.h>
 #include <thread>
@@ -112,6 +113,10 @@ void SqliteDatabase::Flush() {
         throw ServerError(Fault::InputOutput, {mPath, SystemReason()});
 }
 
+void SqliteDatabase::SetPlaysLog(bool plays) {
+    sqlite3_db_config(mHandle.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, plays ? 0 : 1, nullptr);
+}
+
 void SqliteDatabase::Run(const QString& sql) {
     const int code = sqlite3_exec(mHandle.get(), sql.toUtf8().constData(), nullptr, nullptr, nullptr);
     if (code != SQLITE_OK)
@@ -197,6 +202,9 @@ void SqliteDatabase::Raise(int code) {
     case SQLITE_LOCKED:
         throw ServerError(mCancelled ? Fault::Cancelled : Fault::LockTimeout);
     case SQLITE_IOERR:
+        // The index of the log is no page, and has no word of its own for it.
+        if (sqlite3_system_errno(mHandle.get()) == ENOSPC)
+            throw ServerError(Fault::DiskFull, {mPath});
         throw ServerError(Fault::InputOutput, {mPath, SystemReason()});
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:

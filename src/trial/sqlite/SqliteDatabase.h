@@ -62,6 +62,10 @@ class SqliteDatabase {
     /// Makes sure that the file has reached the disk. For a file that was written without waiting for that.
     void Flush();
 
+    /// Whether the last connection that closes plays the log into the file, as it does from the beginning on.
+    /// Until it is known that the log is this file's, it must not: the file would be destroyed.
+    void SetPlaysLog(bool plays);
+
     /// The user in whose name the connection works, as SUSER_SNAME() gives him; empty for nobody.
     const QByteArray& SessionUser() const { return mSessionUser; }
     void SetSessionUser(const QString& user) { mSessionUser = user.toUtf8(); }

@@ -9,7 +9,8 @@
 
 using namespace Qt::StringLiterals;
 
-ProgramFolder::ProgramFolder() {
+ProgramFolder::ProgramFolder(const QString& beginning)
+    : mFolder(QDir::temp().filePath(beginning + u"-XXXXXX"_s)) {
     QDir folder(mFolder.path());
     folder.mkdir(u"data"_s);
     folder.mkdir(u"Reports"_s);

@@ -10,8 +10,8 @@
 /// hospital.
 class ProgramFolder {
   public:
-    /// Raises std::runtime_error when it cannot be made.
-    ProgramFolder();
+    /// Its name begins with that. Raises std::runtime_error when it cannot be made.
+    explicit ProgramFolder(const QString& beginning = QStringLiteral("tarven"));
 
     QString Path() const { return mFolder.path(); }
     QString File(const QString& name) const { return mFolder.filePath(name); }
