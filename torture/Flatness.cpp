@@ -41,6 +41,7 @@ double Flatness::Growth(const std::vector<double>& samples) {
 
 std::vector<double> Flatness::SeriesOf(const std::vector<Footprint::Sample>& samples, size_t figure) {
     std::vector<double> series;
+    series.reserve(samples.size());
     for (const Footprint::Sample& sample : samples)
         series.push_back(sample[figure]);
     return series;

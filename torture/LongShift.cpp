@@ -15,6 +15,7 @@
 
 #include <array>
 #include <cstdio>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
