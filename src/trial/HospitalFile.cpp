@@ -286,7 +286,7 @@ class UnfinishedHospital {
 
 /// Where the hospital named by a path lies. Raises 5120 where none may lie.
 QString PlaceOf(const QString& path) {
-    const QString place = RealPath(path);
+    QString place = RealPath(path);
     RequireLocalDisk(place);
     RequireFolderOfItsOwn(place);
     return place;

@@ -89,6 +89,7 @@ Catalog HospitalStore::Load() {
 void HospitalStore::RunWith(const QString& sql, const std::vector<QString>& values) {
     SqliteStatement statement(mDatabase, sql, false);
     std::vector<Cell> cells;
+    cells.reserve(values.size());
     for (const QString& value : values)
         cells.emplace_back(value.toUtf8());
     for (size_t i = 0; i < cells.size(); ++i)
