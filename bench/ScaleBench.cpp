@@ -43,7 +43,7 @@ constexpr int kDayRuns = 3;
 /// What a beginning with 50,000 hits may take to its first page.
 constexpr double kManyHits = 400;
 const auto kTwentieth = u"a twentieth of all visits listed"_s;
-const auto kNames = u"a surname keyed whole, 95th percentile of 300"_s;
+const auto kSurnames = u"a surname keyed whole, 95th percentile of 300"_s;
 const auto kNumbers = u"a number keyed, 95th percentile of 300"_s;
 
 /// A patient who is looked for.
@@ -114,7 +114,7 @@ class WorkAtScale {
             names.push_back(Search(keyed[i].surname));
             numbers.push_back(Search(i % 2 == 0 ? keyed[i].hospitalNumber : keyed[i].visit));
         }
-        mGrowth.Add(kNames, Percentile95(names));
+        mGrowth.Add(kSurnames, Percentile95(names));
         mGrowth.Add(kNumbers, Percentile95(numbers));
         MeasureHits(kTwentieth, LetterOfATwentieth());
         MeasureHits(u"all visits listed"_s, {});
