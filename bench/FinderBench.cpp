@@ -103,9 +103,9 @@ class FinderRuns {
         std::vector<double> ours;
         std::vector<double> bare;
         for (int run = 0; run < kFinderRuns; ++run) {
-            ours.push_back(MedianMilliseconds(1, [this] { Search(); }));
+            ours.push_back(Milliseconds([this] { Search(); }));
             mBareRows.clear();
-            bare.push_back(MedianMilliseconds(1, [this] { mBareRows = FetchBare(mDatabase, mSearch); }));
+            bare.push_back(Milliseconds([this] { mBareRows = FetchBare(mDatabase, mSearch); }));
         }
         mTable.Add(u"finder, %1 hits listed and painted"_s.arg(mList->RowCount()), Median(ours), Median(bare),
                    u"ms"_s, 1.5);

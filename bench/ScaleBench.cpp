@@ -208,7 +208,7 @@ class WorkAtScale {
         box->setText(text);
         QCoreApplication::processEvents();
         PaintedList list(*mFinder->findChild<ListView*>()->viewport());
-        return MedianMilliseconds(1, [&] {
+        return Milliseconds([&] {
             QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s);
             QCoreApplication::sendEvent(box, &press);
             list.Wait();
@@ -217,6 +217,7 @@ class WorkAtScale {
 
     void MeasureHits(const QString& what, const QString& text) {
         std::vector<double> times;
+        times.reserve(kListRuns);
         for (int run = 0; run < kListRuns; ++run)
             times.push_back(Search(text));
         mGrowth.Add(what, Median(times));
@@ -228,7 +229,7 @@ class WorkAtScale {
         std::vector<double> times;
         for (int run = 0; run < kDayRuns; ++run) {
             open();
-            times.push_back(MedianMilliseconds(1, [] { ShowFirstPage(); }));
+            times.push_back(Milliseconds([] { ShowFirstPage(); }));
         }
         mGrowth.Add(QString::fromLatin1(name), Median(times));
     }

@@ -149,9 +149,9 @@ class ReportsOfTheYear {
         const auto document = gReport->Document();
         const RowData& rows = document->Rows();
         const double ours =
-            MedianMilliseconds(1, [&] { PdfJob(*document, {}, mFolder.filePath(u"ours.pdf"_s)).Finish(); });
+            Milliseconds([&] { PdfJob(*document, {}, mFolder.filePath(u"ours.pdf"_s)).Finish(); });
         WriteHtml(rows, mFolder.filePath(u"rows.html"_s));
-        const double theirs = MedianMilliseconds(1, [&] {
+        const double theirs = Milliseconds([&] {
             if (QProcess::execute(tool, {u"-q"_s, u"-s"_s, u"A4"_s, mFolder.filePath(u"rows.html"_s),
                                          mFolder.filePath(u"tool.pdf"_s)}) != 0)
                 GiveUp(tool + u" failed"_s);
@@ -188,11 +188,11 @@ class ReportsOfTheYear {
         std::vector<double> fetch;
         std::vector<double> first;
         for (int run = 0; run < kYearRuns; ++run) {
-            bare.push_back(MedianMilliseconds(1, [&] {
+            bare.push_back(Milliseconds([&] {
                 const auto gateway = mConnections.Connect();
                 RunBare(gateway->Engine().Database(), statements);
             }));
-            fetch.push_back(MedianMilliseconds(1, [&] {
+            fetch.push_back(Milliseconds([&] {
                 const auto gateway = mConnections.Connect();
                 for (const QString& command : commands)
                     gateway->Execute(command);
@@ -201,7 +201,7 @@ class ReportsOfTheYear {
             malloc_trim(0);
             const double before = CurrentMegabytes();
             ResetPeak();
-            first.push_back(MedianMilliseconds(1, [] { ShowFirstPage(); }));
+            first.push_back(Milliseconds([] { ShowFirstPage(); }));
             figures.megabytes = PeakSinceReset() - before;
         }
         figures.bare = Median(bare);
@@ -211,11 +211,11 @@ class ReportsOfTheYear {
         figures.rows = document->Rows().RowCount();
         figures.pages = document->PageCount();
         if (paints)
-            figures.painting = MedianMilliseconds(1, [&] { PaintIntoNothing(*document); });
+            figures.painting = Milliseconds([&] { PaintIntoNothing(*document); });
         const double opened = CurrentMegabytes();
         ResetPeak();
         figures.pdf =
-            MedianMilliseconds(1, [&] { PdfJob(*document, {}, mFolder.filePath(u"report.pdf"_s)).Finish(); });
+            Milliseconds([&] { PdfJob(*document, {}, mFolder.filePath(u"report.pdf"_s)).Finish(); });
         figures.pdfMegabytes = PeakSinceReset() - opened;
         gReport = nullptr;
         mTable.Add(what + u": first page; bare: the query to its last row"_s, figures.firstPage,

@@ -103,7 +103,7 @@ void FilesPlace::PutOnADisk(int kilobytes) {
         mFolder.Write(u"data/"_s + file.key(), file->content);
 }
 
-void FilesPlace::ResizeDisk(int kilobytes) {
+void FilesPlace::ResizeDisk(int kilobytes) const {
     QFile::remove(DataFolder() + kFiller);
     RequireDone(::mount("tarven", QFile::encodeName(DataFolder()).constData(), "tmpfs", MS_REMOUNT,
                         Options(kilobytes).constData()),
@@ -117,7 +117,7 @@ void FilesPlace::MakeDiskReadOnly() {
                 u"a read-only disk"_s);
 }
 
-void FilesPlace::FillDisk(int kilobytesLeft) {
+void FilesPlace::FillDisk(int kilobytesLeft) const {
     struct statvfs disk = {};
     RequireDone(::statvfs(QFile::encodeName(DataFolder()).constData(), &disk), u"the disk"_s);
     const qint64 free = qint64(disk.f_bfree) * qint64(disk.f_bsize) - kilobytesLeft * 1024LL;

@@ -64,10 +64,10 @@ class FilesPlace {
 
     /// Puts the data folder, as it is, on a disk of that many kilobytes.
     void PutOnADisk(int kilobytes);
-    void ResizeDisk(int kilobytes);
+    void ResizeDisk(int kilobytes) const;
     void MakeDiskReadOnly();
     /// Fills the disk until that many kilobytes are left.
-    void FillDisk(int kilobytesLeft);
+    void FillDisk(int kilobytesLeft) const;
 
     /// What the data folder holds; the index, which is made anew from the log, and a log without commands are
     /// left out.

@@ -131,7 +131,7 @@ QString SignOnDialog::SourceName() const {
 }
 
 QString SignOnDialog::TakePassword() {
-    const QString password = txtPassword->text();
+    QString password = txtPassword->text();
     txtPassword->clear();
     return password;
 }
