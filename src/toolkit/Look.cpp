@@ -13,7 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPointSize = 9;
+/// The face for which the screens were drawn.
+constexpr int kPointSize = 8;
 constexpr QColor kAccent(0x1f, 0x5f, 0x8b);
 constexpr QColor kWindow(0xf3, 0xf5, 0xf7);
 constexpr QColor kText(0x1c, 0x23, 0x2b);
@@ -39,7 +40,7 @@ QPalette ProgramPalette() {
 constexpr auto kStyleSheet = R"(
 QGroupBox { font-weight: bold; border: 1px solid #c3ccd5; border-radius: 4px; margin-top: 9px; padding-top: 4px; }
 QGroupBox::title { subcontrol-origin: margin; left: 9px; padding: 0 3px; }
-QLabel[heading="true"] { font-size: 14pt; font-weight: bold; color: #1f5f8b; }
+QLabel[heading="true"] { font-size: 12pt; font-weight: bold; color: #1f5f8b; }
 QLineEdit:read-only, QLineEdit:disabled { background: #eef1f4; }
 QLineEdit[wrong="true"] { background: #fdecea; border: 2px solid #a3262b; border-radius: 2px; }
 QLineEdit[wrong="true"]:focus { border-color: #1f5f8b; }
