@@ -2,6 +2,7 @@
 #include "shell/frmMain.h"
 #include "shell/MenuTree.h"
 #include "shell/StatusPanel.h"
+#include "toolkit/Colors.h"
 #include "toolkit/Look.h"
 
 #include <QAction>
@@ -59,7 +60,7 @@ void frmMain::Layout() {
     mArea = new QMdiArea(this);
     mArea->setObjectName(u"Area"_s);
     mArea->setFocusPolicy(Qt::NoFocus);
-    mArea->setBackground(palette().color(QPalette::Window).darker(106));
+    mArea->setBackground(TheColors().area);
     mArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     mArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(mArea);
