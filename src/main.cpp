@@ -4,6 +4,7 @@
 #include "shell/RegisterScreens.h"
 #include "suite/RegisterSuite.h"
 #include "toolkit/Application.h"
+#include "toolkit/DisplaySize.h"
 #include "toolkit/Failure.h"
 
 #include <QStandardPaths>
@@ -12,7 +13,9 @@ int main(int, char** argv) {
     Failure::InstallTerminateHandler();
     // The program takes no command line; the toolkit gets none either.
     int argumentCount = 1;
+    DisplaySize::Apply(argv[0]);
     const Application application(argumentCount, argv);
+    DisplaySize::LeaveEnvironment();
     try {
         RegisterSuite(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
         RegisterScreens();
