@@ -48,7 +48,8 @@ QImage TakeScreenshot() {
     QRect whole;
     for (const QWidget* window : windows)
         whole |= window->geometry().adjusted(-1, -kTitleHeight, 1, 1);
-    QImage image(whole.size(), QImage::Format_RGB32);
+    QImage image((QSizeF(whole.size()) * qApp->devicePixelRatio()).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(qApp->devicePixelRatio());
     image.fill(QColor(0x5c, 0x66, 0x70));
     QPainter painter(&image);
     painter.setFont(QApplication::font());

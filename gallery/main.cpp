@@ -1,5 +1,6 @@
 #include "shell/Main.h"
 
+#include "driver/DarkDesktop.h"
 #include "driver/Department.h"
 #include "driver/Driver.h"
 #include "driver/Screenshot.h"
@@ -22,8 +23,8 @@ using namespace Qt::StringLiterals;
 //     tarven-gallery <class>...
 //         opens the screens after the sign-on (user NURSE, password nurse)
 //
-//     tarven-gallery --pictures <folder>
-//         saves pictures of all of them, without a display
+//     tarven-gallery --pictures <folder> [--dark]
+//         saves pictures of all of them, without a display, on a light desktop or on a dark one
 
 namespace {
 
@@ -33,7 +34,7 @@ QString pictureFolder;
 
 int Usage() {
     std::fprintf(stderr, "usage: tarven-gallery <class>...\n"
-                         "       tarven-gallery --pictures <folder>\n"
+                         "       tarven-gallery --pictures <folder> [--dark]\n"
                          "classes:");
     for (const Exhibit& exhibit : Exhibits())
         std::fprintf(stderr, " %s", qPrintable(exhibit.name));
@@ -79,7 +80,7 @@ int main(int argc, char** argv) {
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments << QString::fromLocal8Bit(argv[i]);
-    const bool pictures = arguments.size() == 2 && arguments[0] == u"--pictures"_s;
+    const bool pictures = arguments.size() >= 2 && arguments[0] == u"--pictures"_s;
     const std::vector<Exhibit> chosen = pictures ? std::vector<Exhibit>() : Chosen(arguments);
     if (!pictures && chosen.empty())
         return Usage();
@@ -91,6 +92,7 @@ int main(int argc, char** argv) {
         if (!QDir().mkpath(pictureFolder))
             return ExitCode(u"cannot make the folder "_s + pictureFolder);
     }
+    const auto dark = DarkDesktopIfAsked(argc, argv);
     const Application application(argc, argv);
     if (const QString failure = ProvideDepartment(); !failure.isEmpty())
         return ExitCode(failure);

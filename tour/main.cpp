@@ -1,5 +1,6 @@
 #include "shell/Main.h"
 
+#include "driver/DarkDesktop.h"
 #include "driver/Department.h"
 #include "driver/Driver.h"
 #include "driver/SignOn.h"
@@ -22,6 +23,9 @@ using namespace Qt::StringLiterals;
 
 // The tour: one charge from the sign-on to the slip, one assessment of a walk-in, the reports, what is
 // done after the save, and a ward's request, keyed as a clerk would, with a picture of each screen.
+//
+//     tarven-tour [folder [--dark]]
+//         the pictures are those of a light desktop, or of a dark one; QT_SCALE_FACTOR scales them
 
 namespace {
 
@@ -126,6 +130,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     // What the offscreen platform cannot do is of no interest here.
     qputenv("QT_LOGGING_RULES", "*.warning=false");
+    const auto dark = DarkDesktopIfAsked(argc, argv);
     const Application application(argc, argv);
     tourFolder = QDir(argc > 1 ? QString::fromLocal8Bit(argv[1]) : u"tour"_s).absolutePath();
     if (!QDir().mkpath(tourFolder)) {

@@ -83,11 +83,20 @@ int FlexGrid::ColWidth(int col) const {
     return size_t(col) < mWidths.size() ? mWidths[size_t(col)] : kDefaultWidth;
 }
 
+/// A column of the usual width grows with its heading, which is a field's name that nobody has measured.
+int FlexGrid::ShownWidth(int col) const {
+    const int twips = ColWidth(col);
+    if (twips != kDefaultWidth)
+        return TwipsToPixels(twips);
+    const QString heading = mCells->TextMatrix(0, col);
+    return TwipsToPixels(qMax(twips, *WidthOf({.heading = heading, .width = GridColumn::kAsHeading}, *this)));
+}
+
 void FlexGrid::ApplyWidths() {
     verticalHeader()->setFixedWidth(TwipsToPixels(ColWidth(0)));
     ShowHeaders();
     for (int col = 1; col < mCells->Cols(); ++col) {
-        const int width = TwipsToPixels(ColWidth(col));
+        const int width = ShownWidth(col);
         setColumnHidden(col - 1, width == 0);
         if (width > 0)
             setColumnWidth(col - 1, width);

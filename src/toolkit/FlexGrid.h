@@ -66,6 +66,7 @@ class FlexGrid : public ClickTable {
   private:
     void FollowCells();
     void KeepWidth(int col, int twips);
+    int ShownWidth(int col) const;
     void ApplyWidths();
     void ShowHeaders();
     void StepOutOfHiddenColumn();

@@ -63,8 +63,8 @@ TEST_P(EveryScreen, StandsAsInTheTableRightAfterItOpens) {
 /// The room that a window's frame takes above it.
 constexpr int kTitleBar = 24;
 
-/// What a screen needs of the display, with the main window around it where it stands inside, at the place where
-/// it opens.
+/// What a screen needs of the display, with the main window around it where it stands inside, at the place
+/// where it opens.
 QSize RoomOf(const QWidget& screen) {
     const auto* frame = qobject_cast<const QMdiSubWindow*>(screen.parentWidget());
     if (!frame)

@@ -90,6 +90,16 @@ TEST_F(FlexGridTest, ColumnsHaveTheirWidthsOrKeepThem) {
     EXPECT_EQ(grid->Cells().TextMatrix(0, 2), u"Name"_s);
 }
 
+TEST_F(FlexGridTest, AColumnWhoseWidthNobodyHasSetHasRoomForItsHeading) {
+    grid->SetColumns(std::array{GridColumn{}, GridColumn{.width = 500}});
+    grid->Cells().Bind(
+        Rows({u"RegistrationNumber"_s, u"RegistrationDate"_s, u"Age"_s}, {{u"1"_s, u"2"_s, u"3"_s}}));
+    EXPECT_EQ(grid->columnWidth(0), TwipsToPixels(500)) << "what is set stays";
+    EXPECT_GT(grid->columnWidth(1), grid->fontMetrics().horizontalAdvance(u"RegistrationDate"_s));
+    EXPECT_EQ(grid->columnWidth(2), TwipsToPixels(960));
+    EXPECT_EQ(grid->ColWidth(2), 960) << "it reads as the usual one";
+}
+
 TEST_F(FlexGridTest, AColumnAsWideAsItsHeadingHoldsItsBlanksToo) {
     grid->SetColumns(std::array{GridColumn{}, GridColumn{u"Name", GridColumn::kAsHeading},
                                 GridColumn{u"Name      ", GridColumn::kAsHeading}});
