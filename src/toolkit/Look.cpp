@@ -43,6 +43,7 @@ QLabel[heading="true"] { font-size: 14pt; font-weight: bold; color: #1f5f8b; }
 QLineEdit:read-only, QLineEdit:disabled { background: #eef1f4; }
 QLineEdit[wrong="true"] { background: #fdecea; border: 2px solid #a3262b; border-radius: 2px; }
 QLineEdit[wrong="true"]:focus { border-color: #1f5f8b; }
+QLabel[trial="true"] { font-size: 40pt; font-weight: bold; color: #b3261e; border: 4px solid #b3261e; padding: 4px 32px; }
 QLineEdit[floating="true"] { background: #eef1f4; border: 2px solid #c3ccd5; border-radius: 0; padding: 0 2px;
     color: #5c6670; }
 QLineEdit[floating="true"]:focus { background: #fff6cf; border-color: #1f5f8b; color: #1c232b; }
