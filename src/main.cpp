@@ -5,6 +5,7 @@
 #include "shell/RegisterScreens.h"
 #include "suite/RegisterSuite.h"
 #include "toolkit/Application.h"
+#include "toolkit/DisplaySize.h"
 #include "toolkit/Failure.h"
 
 #include <QStandardPaths>
@@ -13,7 +14,9 @@ int main(int, char** argv) {
     Failure::InstallTerminateHandler();
     // The program takes no command line; the toolkit gets none either.
     int argumentCount = 1;
+    DisplaySize::Apply(argv[0]);
     const Application application(argumentCount, argv);
+    DisplaySize::LeaveEnvironment();
     try {
         // To the end of the process: a report's thread that nobody waits for may still write its line.
         CommandTrace::SetCurrent(CommandTrace::OfEnvironment().release());

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize kChargesListSize(11000, 3000);
+constexpr QSize kChargesListSize(10900, 3000);
 /// The fixed column and the nine fields of a charge, as the list has them from the first one on.
 constexpr int kColumnsOfACharge = 10;
 

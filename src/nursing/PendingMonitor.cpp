@@ -6,6 +6,7 @@
 #include "nursing/frmNursingRequest.h"
 #include "nursing/TypedLine.h"
 #include "patients/frmSearchPatient.h"
+#include "toolkit/Colors.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Look.h"
 #include "toolkit/Screens.h"
@@ -129,6 +130,10 @@ void PendingMonitor::LayoutPending() {
     // A bar's own role would fill it otherwise.
     pctPending->setBackgroundRole(QPalette::Window);
     SetBackColor(*pctPending, kDarkPink);
+    // What is drawn on the pinks is dark on a dark desktop too.
+    QPalette onPink = pctPending->palette();
+    onPink.setColor(QPalette::WindowText, LightColors().text);
+    pctPending->setPalette(onPink);
     Image1 = new QLabel(pctPending);
     Image1->setObjectName(u"Image1"_s);
     Image1->setPixmap(ProgramIcon(u"pending"_s).pixmap(kPictureSize));

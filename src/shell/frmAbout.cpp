@@ -5,6 +5,7 @@
 #include "toolkit/Controls.h"
 #include "toolkit/Look.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QIcon>
@@ -37,7 +38,7 @@ void frmAbout::Layout() {
     setWindowTitle(u"About"_s);
     StandAlone();
     auto* icon = new QLabel(this);
-    icon->setPixmap(ProgramIcon(u"program"_s).pixmap(kIconSize));
+    icon->setPixmap(QApplication::windowIcon().pixmap(kIconSize));
     auto* name = NewHeading(u"TARVEN "_s + gDeptDesc, this);
     auto* release = new QLabel(
         u"Version %1.%2.%3"_s.arg(Version::kMajor).arg(Version::kMinor).arg(Version::kRevision), this);

@@ -3,6 +3,7 @@
 #include "shell/MainArea.h"
 #include "shell/MenuTree.h"
 #include "shell/StatusPanel.h"
+#include "toolkit/Colors.h"
 #include "toolkit/Look.h"
 
 #include <QAction>
@@ -57,7 +58,7 @@ void frmMain::Layout() {
     // A menu of the window's own could hide the toolbar.
     setContextMenuPolicy(Qt::NoContextMenu);
     mArea = new MainArea(this);
-    mArea->setBackground(palette().color(QPalette::Window).darker(106));
+    mArea->setBackground(TheColors().area);
     setCentralWidget(mArea);
     LayoutMenu();
     LayoutToolbar();

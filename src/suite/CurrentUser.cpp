@@ -10,19 +10,11 @@
 #include "toolkit/MsgBox.h"
 #include "toolkit/ShowModal.h"
 
-#include <QSettings>
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-const QString kDataSourceSetting = u"DataSource"_s;
-
-/// Where the session remembers the data source of the last sign-on, for this user of the machine.
-QSettings Remembered() {
-    return QSettings(QSettings::IniFormat, QSettings::UserScope, u"TARVEN"_s, u"Hemodialysis"_s);
-}
 
 /// What a user is told who signs on: if it was not he who failed, somebody else has tried his name.
 QString TextOf(const FailedSignOns& failed) {
@@ -44,7 +36,7 @@ CurrentUser::~CurrentUser() {
 
 void CurrentUser::ShowMain() {
     ForbidCoreDumps();
-    SignOnDialog dialog(mSources, Remembered().value(kDataSourceSetting).toString(), mDeptCode);
+    SignOnDialog dialog(mSources, mDeptCode);
     dialog.winId();
     if (QWidget* parent = QWidget::find(mParentWindow))
         dialog.windowHandle()->setTransientParent(parent->windowHandle());
@@ -53,8 +45,7 @@ void CurrentUser::ShowMain() {
     mUser = dialog.TakeUser();
     mPassword = dialog.TakePassword();
     mSourceName = dialog.SourceName();
-    // A convenience: where it cannot be written, the next sign-on begins with the first data source.
-    Remembered().setValue(kDataSourceSetting, mSourceName);
+    dialog.KeepSource();
     SetLiveConnection(mUser->connection.get());
     if (mUser->failed)
         MsgBox({.text = TextOf(*mUser->failed), .icon = MsgIcon::Information, .title = dialog.windowTitle()});

@@ -90,7 +90,6 @@ void PickDialog::Layout(const QString& title, std::span<const GridColumn> column
     lstPick = new ListView(this);
     lstPick->setObjectName(u"lstPick"_s);
     lstPick->setAccessibleName(title);
-    lstPick->ShowAmounts();
     lstPick->SetColumns(columns);
     int width = kScrollBarWidth;
     for (const GridColumn& column : columns)

@@ -4,8 +4,12 @@
 #include "suite/Passwords.h"
 #include "text/RunTimeError.h"
 #include "toolkit/Controls.h"
+#include "toolkit/DisplaySize.h"
 #include "toolkit/MsgBox.h"
+#include "toolkit/OpenedCombo.h"
+#include "toolkit/RestartProcess.h"
 #include "toolkit/Twips.h"
+#include "toolkit/UserSettings.h"
 #include "tsql/ServerError.h"
 
 #include <QCloseEvent>
@@ -25,6 +29,7 @@ namespace {
 
 constexpr int kWidth = 5000;
 constexpr std::chrono::milliseconds kWaitStep(200);
+const QString kDataSourceSetting = u"DataSource"_s;
 
 /// The progress of a making, which nobody can close: as long as it shows, the sign-on window under it takes
 /// no key and no click, and nobody begins a second making inside the first.
@@ -56,14 +61,15 @@ class MakingWindow : public QProgressDialog {
 
 } // namespace
 
-SignOnDialog::SignOnDialog(std::span<const std::unique_ptr<DataSource>> sources, const QString& preferred,
-                           const QString& deptCode)
+SignOnDialog::SignOnDialog(std::span<const std::unique_ptr<DataSource>> sources, const QString& deptCode)
     : mSources(sources)
     , mDeptCode(deptCode) {
     Layout();
     for (const auto& source : mSources)
         cmbDataSource->addItem(source->Name());
-    cmbDataSource->setCurrentIndex(qMax(0, cmbDataSource->findText(preferred)));
+    const QString kept = UserSettings().value(kDataSourceSetting).toString();
+    cmbDataSource->setCurrentIndex(qMax(0, cmbDataSource->findText(kept)));
+    cmbDisplaySize->setCurrentIndex(cmbDisplaySize->findData(DisplaySize::Chosen()));
     Wire();
     cmbDataSource_Change();
 }
@@ -79,6 +85,7 @@ void SignOnDialog::Layout() {
     txtPassword = NewTextBox(u"txtPassword"_s, this);
     txtPassword->setEchoMode(QLineEdit::Password);
     cmbDataSource = NewCombo(u"cmbDataSource"_s, {}, this);
+    LayoutDisplaySize();
     lblHint = new QLabel(this);
     lblHint->setObjectName(u"lblHint"_s);
     lblHint->setWordWrap(true);
@@ -87,7 +94,7 @@ void SignOnDialog::Layout() {
     lblProblem->setWordWrap(true);
     // It names files, whose names may look like markup.
     lblProblem->setTextFormat(Qt::PlainText);
-    lblProblem->setStyleSheet(u"color: #a3262b; font-weight: bold;"_s);
+    lblProblem->setProperty("problem", true);
     lblProblem->hide();
     tmrWait = new QTimer(this);
 
@@ -96,10 +103,20 @@ void SignOnDialog::Layout() {
     AddLabelled(*grid, 0, 0, u"&User"_s, txtUser);
     AddLabelled(*grid, 1, 0, u"&Password"_s, txtPassword);
     AddLabelled(*grid, 2, 0, u"&Data source"_s, cmbDataSource);
-    grid->addWidget(lblHint, 3, 1);
-    grid->addWidget(lblProblem, 4, 0, 1, 2);
-    grid->addLayout(LayoutButtons(), 5, 0, 1, 2);
+    AddLabelled(*grid, 3, 0, u"Display si&ze"_s, cmbDisplaySize);
+    grid->addWidget(lblHint, 4, 1);
+    grid->addWidget(lblProblem, 5, 0, 1, 2);
+    grid->addLayout(LayoutButtons(), 6, 0, 1, 2);
     txtUser->setFocus();
+}
+
+void SignOnDialog::LayoutDisplaySize() {
+    cmbDisplaySize = new OpenedCombo(this);
+    cmbDisplaySize->setObjectName(u"cmbDisplaySize"_s);
+    cmbDisplaySize->addItem(u"Automatic"_s, DisplaySize::kAutomatic);
+    for (const int percent : DisplaySize::kPercents)
+        cmbDisplaySize->addItem(u"%1 %"_s.arg(percent), percent);
+    cmbDisplaySize->setToolTip(u"How large everything is drawn. The program begins anew."_s);
 }
 
 QLayout* SignOnDialog::LayoutButtons() {
@@ -116,6 +133,7 @@ QLayout* SignOnDialog::LayoutButtons() {
 
 void SignOnDialog::Wire() {
     connect(cmbDataSource, &QComboBox::currentIndexChanged, this, &SignOnDialog::cmbDataSource_Change);
+    connect(cmbDisplaySize, &QComboBox::activated, this, &SignOnDialog::cmbDisplaySize_Click);
     connect(cmdOK, &QPushButton::clicked, this, &SignOnDialog::cmdOK_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(cmdMakeAnew, &QPushButton::clicked, this, &SignOnDialog::cmdMakeAnew_Click);
@@ -128,6 +146,11 @@ DataSource& SignOnDialog::Source() const {
 
 QString SignOnDialog::SourceName() const {
     return cmbDataSource->currentText();
+}
+
+// A convenience: where it cannot be written, the next sign-on begins with the first data source.
+void SignOnDialog::KeepSource() const {
+    UserSettings().setValue(kDataSourceSetting, SourceName());
 }
 
 QString SignOnDialog::TakePassword() {
@@ -148,6 +171,17 @@ void SignOnDialog::cmbDataSource_Change() {
         MakeRoom();
 }
 
+/// The toolkit scales from its start on, so the process begins anew, with what was chosen so far.
+void SignOnDialog::cmbDisplaySize_Click() {
+    const int percent = cmbDisplaySize->currentData().toInt();
+    if (percent == DisplaySize::Chosen())
+        return;
+    DisplaySize::Choose(percent);
+    KeepSource();
+    RestartProcess();
+    ShowProblem(u"The display size counts from the next start of the program."_s);
+}
+
 void SignOnDialog::ShowProblem(const QString& text) {
     lblProblem->setText(text);
     lblProblem->setVisible(!text.isEmpty());
@@ -157,7 +191,7 @@ void SignOnDialog::ShowProblem(const QString& text) {
 /// A window does not grow by itself with lines that wrap; it would cut them.
 void SignOnDialog::MakeRoom() {
     layout()->activate();
-    setMinimumHeight(layout()->totalHeightForWidth(width()));
+    setMinimumHeight(qMax(layout()->totalMinimumSize().height(), layout()->totalHeightForWidth(width())));
 }
 
 void SignOnDialog::cmdOK_Click() {
@@ -197,7 +231,8 @@ void SignOnDialog::SetWaiting(bool waiting) {
         txtPassword->setFocus();
     txtUser->setReadOnly(waiting);
     txtPassword->setReadOnly(waiting);
-    for (QWidget* control : std::initializer_list<QWidget*>{cmbDataSource, cmdOK, cmdMakeAnew})
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{cmbDataSource, cmbDisplaySize, cmdOK, cmdMakeAnew})
         control->setEnabled(!waiting);
     if (waiting)
         tmrWait->start(kWaitStep);

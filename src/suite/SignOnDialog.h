@@ -16,15 +16,15 @@ class QLineEdit;
 class QPushButton;
 class QTimer;
 
-/// The sign-on window: user, password, data source. Three wrong tries close it. Where the hospital asks for a
-/// wait before it looks at a password, the window waits, tells how long, and then goes on by itself.
+/// The sign-on window: user, password, data source, and how large the program is drawn. Three wrong tries
+/// close it. Where the hospital asks for a wait before it looks at a password, the window waits, tells how
+/// long, and then goes on by itself.
 class SignOnDialog : public QDialog {
     Q_OBJECT
 
   public:
-    /// The data sources must outlive the dialogue; `preferred` is the name of the one to begin with.
-    SignOnDialog(std::span<const std::unique_ptr<DataSource>> sources, const QString& preferred,
-                 const QString& deptCode);
+    /// The data sources must outlive the dialogue, which begins with the one that was kept.
+    SignOnDialog(std::span<const std::unique_ptr<DataSource>> sources, const QString& deptCode);
     ~SignOnDialog() override;
 
     /// The user after the dialogue was accepted, null otherwise.
@@ -33,13 +33,17 @@ class SignOnDialog : public QDialog {
     QString TakePassword();
     /// The name of the data source chosen.
     QString SourceName() const;
+    /// Keeps the data source chosen among the user's settings, for the next dialogue to begin with.
+    void KeepSource() const;
 
   private:
     void Layout();
+    void LayoutDisplaySize();
     QLayout* LayoutButtons();
     void Wire();
 
     void cmbDataSource_Change();
+    void cmbDisplaySize_Click();
     void cmdOK_Click();
     void cmdMakeAnew_Click();
 
@@ -65,6 +69,7 @@ class SignOnDialog : public QDialog {
     QLineEdit* txtUser;
     QLineEdit* txtPassword;
     QComboBox* cmbDataSource;
+    QComboBox* cmbDisplaySize;
     QLabel* lblHint;
     QLabel* lblProblem;
     QPushButton* cmdMakeAnew;

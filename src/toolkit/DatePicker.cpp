@@ -11,7 +11,6 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QStyle>
 #include <QTimer>
 #include <QToolTip>
 
@@ -298,8 +297,7 @@ void DatePicker::Sign(const DateReading& reading) {
     setProperty(kWrong, reading.IsWrong());
     setToolTip(ReasonOf(reading, mLast));
     setAccessibleDescription(toolTip());
-    style()->unpolish(this);
-    style()->polish(this);
+    update();
 }
 
 /// Beside the box, so that nothing below it is covered. An empty text takes the one before away.

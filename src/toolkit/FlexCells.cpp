@@ -8,10 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool IsAmount(const Value& value) {
-    return std::holds_alternative<Decimal>(value.Get()) || std::holds_alternative<double>(value.Get());
-}
-
 /// The last column with a heading or an alignment; -1 for none.
 int LastTold(std::span<const GridColumn> columns) {
     int last = int(columns.size()) - 1;
@@ -160,6 +156,9 @@ void FlexCells::Bind(std::shared_ptr<const RowData> rows) {
     mCols = int(rows->columns.size()) + 1;
     mColumns.resize(size_t(mCols));
     mTexts.clear();
+    mAmounts.assign(1, false);
+    for (size_t field = 0; field < rows->columns.size(); ++field)
+        mAmounts.push_back(HoldsAmounts(*rows, field));
     mBound = std::move(rows);
     mIsFilled = true;
     mRow = qMin(1, mRows - 1);
@@ -203,12 +202,14 @@ void FlexCells::SetAlignment(int col, Qt::Alignment alignment) {
         Q_EMIT dataChanged(index(0, col - 1), index(mRows - 2, col - 1), {Qt::TextAlignmentRole});
 }
 
-Qt::Alignment FlexCells::AlignmentOf(int row, int col) const {
+Qt::Alignment FlexCells::AlignmentOf(int col) const {
     if (mColumns[size_t(col)].alignment)
         return mColumns[size_t(col)].alignment;
-    if (mBound && row > 0 && IsAmount(mBound->Cell(size_t(row) - 1, size_t(col) - 1)))
-        return Qt::AlignRight;
-    return Qt::AlignLeft;
+    return mBound && mAmounts[size_t(col)] ? Qt::AlignRight : Qt::AlignLeft;
+}
+
+QString FlexCells::ShownText(int row, int col) const {
+    return mBound ? ListText(mBound->Cell(size_t(row) - 1, size_t(col) - 1)) : TextMatrix(row, col);
 }
 
 int FlexCells::rowCount(const QModelIndex& parent) const {
@@ -223,9 +224,9 @@ QVariant FlexCells::data(const QModelIndex& index, int role) const {
     const int row = index.row() + 1;
     const int col = index.column() + 1;
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
-        return TextMatrix(row, col);
+        return ShownText(row, col);
     if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(AlignmentOf(row, col) | Qt::AlignVCenter);
+        return QVariant::fromValue(AlignmentOf(col) | Qt::AlignVCenter);
     return {};
 }
 
@@ -236,7 +237,7 @@ QVariant FlexCells::headerData(int section, Qt::Orientation orientation, int rol
     if (role == Qt::DisplayRole)
         return TextMatrix(0, col);
     if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(AlignmentOf(0, col) | Qt::AlignVCenter);
+        return QVariant::fromValue(AlignmentOf(col) | Qt::AlignVCenter);
     if (role == Qt::FontRole && mColumns[size_t(col)].headerBold) {
         QFont font;
         font.setBold(true);

@@ -65,7 +65,8 @@ class FlexCells : public QAbstractTableModel {
     /// Empties every cell, the headers too; sizes stay.
     void Clear();
     /// Shows the rows of a result: one column more than it has fields, one row more than it has rows, the
-    /// field names as headers where SetColumns gave none. The current cell becomes the first one.
+    /// field names as headers where SetColumns gave none. The current cell becomes the first one. Decimals
+    /// show as amounts and read as they are.
     void Bind(std::shared_ptr<const RowData> rows);
     /// Headings and alignments of the columns from the fixed one on; they stand over a binding too. Grows the
     /// grid until it has every column with a heading or an alignment. A grid that is bound has the columns of
@@ -107,7 +108,9 @@ class FlexCells : public QAbstractTableModel {
     /// Aligns a column, its header included. Without it texts stand on the left, amounts of a result on the
     /// right.
     void SetAlignment(int col, Qt::Alignment alignment);
-    Qt::Alignment AlignmentOf(int row, int col) const;
+    Qt::Alignment AlignmentOf(int col) const;
+    /// The text as the list shows it; it is read as TextMatrix has it.
+    QString ShownText(int row, int col) const;
 
     int mRows = 2;
     int mCols = 2;
@@ -115,6 +118,8 @@ class FlexCells : public QAbstractTableModel {
     int mCol = 1;
     std::vector<QString> mTexts;
     std::shared_ptr<const RowData> mBound;
+    /// Of each column, the fixed one included, while rows are bound: whether they are amounts.
+    std::vector<bool> mAmounts;
     bool mIsFilled = false;
     std::vector<Column> mColumns;
 };

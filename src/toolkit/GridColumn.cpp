@@ -1,5 +1,6 @@
 #include "toolkit/GridColumn.h"
 
+#include "text/Format.h"
 #include "text/RunTimeError.h"
 #include "toolkit/Twips.h"
 
@@ -8,6 +9,11 @@
 namespace {
 
 constexpr int kHeadingMargin = 8;
+
+bool HasDecimals(const Value& value) {
+    const auto* decimal = std::get_if<Decimal>(&value.Get());
+    return decimal && decimal->text.contains(u'.');
+}
 
 } // namespace
 
@@ -18,6 +24,20 @@ std::optional<int> WidthOf(const GridColumn& column, const QWidget& control) {
         return kTwipsPerPixel *
                (control.fontMetrics().horizontalAdvance(column.heading.toString()) + kHeadingMargin);
     return column.width;
+}
+
+bool HoldsAmounts(const RowData& rows, size_t field) {
+    size_t row = 0;
+    while (row < rows.RowCount() && rows.Cell(row, field).IsNull())
+        ++row;
+    if (row == rows.RowCount())
+        return false;
+    const Value& value = rows.Cell(row, field);
+    return HasDecimals(value) || std::holds_alternative<double>(value.Get());
+}
+
+QString ListText(const Value& value) {
+    return HasDecimals(value) ? Format(value.ToDouble(), u"#,##0.00") : value.TextOrEmpty();
 }
 
 std::vector<size_t> FieldNumbers(const RowData& rows, std::span<const GridColumn> columns) {

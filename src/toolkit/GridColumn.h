@@ -26,13 +26,21 @@ struct GridColumn {
     int width = kKept;
     /// The result's column that it shows, letter case aside. Empty where the rows come in by their order.
     QStringView field = {};
-    /// Without one texts stand on the left, and amounts as the control puts them.
+    /// Without one texts stand on the left and amounts on the right. The heading stands as its column.
     Qt::Alignment alignment = {};
 };
 
 /// The width in twips, as the control's font has it for one that goes by its heading; none for one that is
 /// kept.
 std::optional<int> WidthOf(const GridColumn& column, const QWidget& control);
+
+/// Whether a field of a result holds numbers with decimals, as its first value that is not Null tells. A
+/// hospital's number may be a decimal without any.
+bool HoldsAmounts(const RowData& rows, size_t field);
+
+/// What a list shows of a value: a decimal with decimals as an amount, "1,250.50", anything else as the
+/// run-time's text.
+QString ListText(const Value& value);
 
 /// The numbers of the columns' fields in a result. A field that the result lacks raises 3265.
 std::vector<size_t> FieldNumbers(const RowData& rows, std::span<const GridColumn> columns);

@@ -1,6 +1,5 @@
 #include "toolkit/ListView.h"
 
-#include "text/Format.h"
 #include "text/RunTimeError.h"
 #include "text/TextOrder.h"
 #include "toolkit/Twips.h"
@@ -46,6 +45,7 @@ void ListRows::SetColumns(std::span<const GridColumn> columns) {
     beginResetModel();
     mColumns.assign(columns.begin(), columns.end());
     mFields.clear();
+    mAmounts.clear();
     endResetModel();
 }
 
@@ -54,6 +54,9 @@ void ListRows::SetRows(std::shared_ptr<const RowData> rows) {
     beginResetModel();
     mRows = std::move(rows);
     mFields = std::move(fields);
+    mAmounts.clear();
+    for (const size_t field : mFields)
+        mAmounts.push_back(HoldsAmounts(*mRows, field));
     mOrder.resize(mRows->RowCount());
     std::iota(mOrder.begin(), mOrder.end(), 0);
     endResetModel();
@@ -107,18 +110,21 @@ int ListRows::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : int(mColumns.size());
 }
 
+Qt::Alignment ListRows::AlignmentOf(size_t column) const {
+    if (mColumns[column].alignment)
+        return mColumns[column].alignment;
+    return column < mAmounts.size() && mAmounts[column] ? Qt::AlignRight : Qt::AlignLeft;
+}
+
 QVariant ListRows::data(const QModelIndex& index, int role) const {
     const auto column = size_t(index.column());
     if (column >= mFields.size())
         return {};
     const Value& value = ValueAt(mOrder[size_t(index.row())], column);
-    const bool isAmount = mShowAmounts && std::holds_alternative<Decimal>(value.Get());
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
-        return isAmount ? Format(value.ToDouble(), u"#,##0.00") : value.TextOrEmpty();
-    if (role == Qt::TextAlignmentRole && mColumns[column].alignment)
-        return QVariant::fromValue(mColumns[column].alignment | Qt::AlignVCenter);
-    if (role == Qt::TextAlignmentRole && isAmount)
-        return QVariant::fromValue(Qt::AlignRight | Qt::AlignVCenter);
+        return ListText(value);
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(AlignmentOf(column) | Qt::AlignVCenter);
     if (role == Qt::DecorationRole && index.column() == 0)
         return mIcon;
     return {};
@@ -127,10 +133,8 @@ QVariant ListRows::data(const QModelIndex& index, int role) const {
 QVariant ListRows::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation == Qt::Horizontal && role == Qt::DisplayRole)
         return mColumns[size_t(section)].heading.toString();
-    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole) {
-        const Qt::Alignment alignment = mColumns[size_t(section)].alignment;
-        return QVariant::fromValue((alignment ? alignment : Qt::AlignLeft) | Qt::AlignVCenter);
-    }
+    if (orientation == Qt::Horizontal && role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(AlignmentOf(size_t(section)) | Qt::AlignVCenter);
     return {};
 }
 

@@ -13,7 +13,7 @@
 #include <vector>
 
 /// The rows of a ListView: a result's rows, some of its columns, in a sort order of its own. Nothing is
-/// copied; texts are made when they are shown.
+/// copied; texts are made when they are shown, those of decimals as amounts. They read as they are.
 class ListRows : public QAbstractTableModel {
     Q_OBJECT
 
@@ -29,8 +29,6 @@ class ListRows : public QAbstractTableModel {
     /// all else by text. Raises 9 for a column that the rows do not have.
     void Sort(size_t column, Qt::SortOrder order);
     void SetRowIcon(const QIcon& icon) { mIcon = icon; }
-    /// Decimals show as amounts, "1,250.50", aligned on the right; they read as they are.
-    void ShowAmounts() { mShowAmounts = true; }
 
     /// Raises 9 for a column that the rows do not have.
     QString Text(int row, int column) const;
@@ -44,15 +42,16 @@ class ListRows : public QAbstractTableModel {
     void CheckColumn(size_t column) const;
     /// The selected row stays the same record when the order changes.
     void KeepPersistentIndexes(const std::vector<quint32>& before);
+    Qt::Alignment AlignmentOf(size_t column) const;
     const Value& ValueAt(size_t row, size_t column) const { return mRows->Cell(row, mFields[column]); }
 
     std::vector<GridColumn> mColumns;
     std::shared_ptr<const RowData> mRows;
     /// Of each column, once there are rows.
     std::vector<size_t> mFields;
+    std::vector<bool> mAmounts;
     std::vector<quint32> mOrder;
     QIcon mIcon;
-    bool mShowAmounts = false;
 };
 
 class ListView;
@@ -82,8 +81,6 @@ class ListView : public ClickTable {
     /// The columns in place of any others, from the first one on; each shows its field.
     void SetColumns(std::span<const GridColumn> columns);
     void SetRowIcon(const QIcon& icon) { mModel->SetRowIcon(icon); }
-    /// For a list with prices: decimals show as amounts, aligned on the right.
-    void ShowAmounts() { mModel->ShowAmounts(); }
 
     /// Shows the rows in place of any others, in the result's order unless a sort was set before. Raises 3265
     /// for a column whose field the result lacks.

@@ -4,7 +4,8 @@ class QApplication;
 class QIcon;
 class QString;
 
-/// The one place of the program's look: style, palette, face and spacing.
+/// The one place of the program's look: style, palette, face and spacing. The colours are the light or the
+/// dark ones, as the desktop has it.
 void ApplyLook(QApplication& application);
 
 /// The spacing scale, in pixels.
@@ -15,8 +16,7 @@ constexpr int kWide = 16;
 } // namespace Space
 
 /// The icon of a picture's file, the same one each time: the toolkit keeps what it drew of an icon under the
-/// number of that very icon, and forgets no number. A file beside it whose name ends in "-selected" is the
-/// icon on a selected row.
+/// number of that very icon, and forgets no number. It shows in the colours of the look.
 QIcon KeptIcon(const QString& file);
 
 /// One of the program's own icons by its name, such as "patient".

@@ -4,6 +4,7 @@
 #include "suite/RegisterSuite.h"
 #include "support/ProgramDirectoryAt.h"
 #include "toolkit/Application.h"
+#include "toolkit/DisplaySize.h"
 #include "toolkit/Failure.h"
 
 #include <cstdio>
@@ -19,7 +20,9 @@ int main(int argc, char** argv) {
     }
     Failure::InstallTerminateHandler();
     int argumentCount = 1;
+    DisplaySize::Apply(argv[0]);
     const Application application(argumentCount, argv);
+    DisplaySize::LeaveEnvironment();
     const QString programFolder = QString::fromLocal8Bit(argv[1]);
     const auto directory = ProgramDirectoryAt(programFolder);
     const Probe probe;

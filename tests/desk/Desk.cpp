@@ -70,7 +70,11 @@ QProcessEnvironment Desk::Settings() const {
 }
 
 void Desk::StartProgram(WindowManager manager) {
-    mServer.emplace(kScreen);
+    StartProgramOn(kScreen, manager);
+}
+
+void Desk::StartProgramOn(QSize screen, WindowManager manager, const QProcessEnvironment& desktop) {
+    mServer.emplace(screen);
     mSeat.emplace(mServer->Display());
     mManager.emplace(manager, Settings());
     mHasFrames = manager != WindowManager::None;
@@ -78,8 +82,10 @@ void Desk::StartProgram(WindowManager manager) {
         Await([this] { return mSeat->WindowManagerAnswers() ? std::optional(true) : std::nullopt; },
               u"the window manager"_s);
     // Out of the way, where the pointer lies on nothing.
-    mSeat->PointAt(QPoint(kScreen.width() - 1, kScreen.height() - 1));
-    mProgram.emplace(u"" TARVEN_BUILD_DIR "/desk-child"_s, QStringList{mFolder.Path()}, Settings());
+    mSeat->PointAt(QPoint(screen.width() - 1, screen.height() - 1));
+    QProcessEnvironment settings = Settings();
+    settings.insert(desktop);
+    mProgram.emplace(u"" TARVEN_BUILD_DIR "/desk-child"_s, QStringList{mFolder.Path()}, settings);
     ExpectScreen(u"SignOnDialog"_s);
 }
 
@@ -113,6 +119,17 @@ void Desk::Burst(const QString& keys) {
     mKeysSent += mSeat->Press(keys);
     WaitFor([this](const State& state) { return state.keysTaken >= mKeysSent; },
             u"the program to get the keys "_s + keys);
+}
+
+void Desk::KeyToBeginAnew(const QString& key) {
+    const quint64 window = WindowOf(u"SignOnDialog"_s).id;
+    mSeat->Press(key);
+    // Nothing is asked meanwhile: a process that goes takes the question with it.
+    Await([&] { return mSeat->FrameOf(window).isEmpty() ? std::optional(true) : std::nullopt; },
+          u"the program to go"_s);
+    // The one that begins counts from its own first key.
+    mKeysSent = 0;
+    ExpectScreen(u"SignOnDialog"_s);
 }
 
 void Desk::TabTo(const QString& control) {

@@ -27,6 +27,8 @@ class Desk : public testing::Test {
 
     /// Sets the desk up and starts the program; it stands with the sign-on window when this comes back.
     void StartProgram(WindowManager manager);
+    /// Sets it up with a screen of so many pixels, on a desktop that sets something of its own.
+    void StartProgramOn(QSize screen, WindowManager manager, const QProcessEnvironment& desktop = {});
     /// The same, and signs on as a nurse of the trial hospital.
     void StartSignedOn(WindowManager manager);
     /// Signs on as a nurse of the trial hospital and waits until the main window has the keys.
@@ -72,6 +74,9 @@ class Desk : public testing::Test {
 
     /// Waits until that text stands in the control.
     void ExpectText(const QString& control, const QString& text);
+
+    /// Presses a key with which the program begins anew, and waits until the sign-on window stands again.
+    void KeyToBeginAnew(const QString& key);
 
     /// The picture on the screen, kept under that name for a case that fails.
     QImage Picture(const QString& name);

@@ -73,7 +73,7 @@ TEST_F(LedgerTest, BeginsWithBothTypesAtItsPlace) {
     EXPECT_EQ(PatientCode().itemText(1), u"Outpatient"_s);
     const QList<QMdiSubWindow*> windows = workspace.Area()->subWindowList();
     ASSERT_EQ(windows.size(), 1);
-    EXPECT_EQ(windows.front()->pos(), QPoint(333, 167)) << "4000 and 2000 twips";
+    EXPECT_EQ(windows.front()->pos(), QPoint(267, 133)) << "4000 and 2000 twips";
     EXPECT_FALSE(screen.IsModal());
 }
 

@@ -73,7 +73,7 @@ TEST_F(ReportRangeTest, StandsAtItsPlaceInsideTheMainWindowAndIsNotModal) {
     EXPECT_FALSE(screen.IsModal());
     const QList<QMdiSubWindow*> windows = workspace.Area()->subWindowList();
     ASSERT_EQ(windows.size(), 1);
-    EXPECT_EQ(windows.front()->pos(), QPoint(458, 250)) << "5500 and 3000 twips";
+    EXPECT_EQ(windows.front()->pos(), QPoint(367, 200)) << "5500 and 3000 twips";
 }
 
 TEST_F(ReportRangeTest, OnlyTheFirstTwoTypesHaveATitleOfTheirOwn) {

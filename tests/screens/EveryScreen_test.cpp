@@ -2,9 +2,12 @@
 #include "screens/ScreenWalk.h"
 #include "screens/WaysIn.h"
 #include "support/CaseName.h"
+#include "toolkit/DisplaySize.h"
 
 #include <QApplication>
 #include <QDirIterator>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QTest>
 
 #include <set>
@@ -54,6 +57,38 @@ TEST_P(EveryScreen, StandsAsInTheTableRightAfterItOpens) {
     Open(GetParam(), [](const QWidget& screen) {
         const QStringList faults = ScreenWalk(screen, GetParam()).Faults();
         EXPECT_TRUE(faults.isEmpty()) << faults.join(u'\n').toStdString();
+    });
+}
+
+/// The room that a window's frame takes above it.
+constexpr int kTitleBar = 24;
+
+/// What a screen needs of the display, with the main window around it where it stands inside, at the place where
+/// it opens.
+QSize RoomOf(const QWidget& screen) {
+    const auto* frame = qobject_cast<const QMdiSubWindow*>(screen.parentWidget());
+    if (!frame)
+        return screen.size() + QSize(0, kTitleBar);
+    const QMdiArea& area = *frame->mdiArea();
+    const QSize around = area.window()->size() - area.viewport()->size();
+    return around + QSize(frame->geometry().right() + 1, frame->geometry().bottom() + 1) +
+           QSize(0, kTitleBar);
+}
+
+/// A report takes whatever there is.
+bool TakesAll(const std::string& screen) {
+    return screen == "frmReport" || screen == "frmReportviewer" || screen == "frmMain";
+}
+
+TEST_P(EveryScreen, FitsIntoTheRoomWithWhichTheDisplaySizeReckons) {
+    if (TakesAll(GetParam().name))
+        GTEST_SKIP() << "it is as large as the display lets it be";
+    Open(GetParam(), [](const QWidget& screen) {
+        const QSize room = RoomOf(screen);
+        EXPECT_LE(room.width(), DisplaySize::kLargestScreen.width());
+        EXPECT_LE(room.height(), DisplaySize::kLargestScreen.height());
+        RecordProperty("width", room.width());
+        RecordProperty("height", room.height());
     });
 }
 

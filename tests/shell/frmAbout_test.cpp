@@ -43,7 +43,8 @@ class frmAboutTest : public ScreenTest {
 TEST_F(frmAboutTest, StandsInTheMiddleOfTheWindowThatWasActive) {
     const QPoint middle = workspace.geometry().center();
     const QPoint distance = Open().geometry().center() - middle;
-    EXPECT_LT(distance.manhattanLength(), 4);
+    // Two pixels each way are the window's own frame.
+    EXPECT_LE(distance.manhattanLength(), 4);
 }
 
 TEST_F(frmAboutTest, TellsTheDepartmentAndTheRelease) {

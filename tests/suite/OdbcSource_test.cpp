@@ -103,7 +103,7 @@ TEST_F(OdbcSourceTest, WhatIsWrongWithADataSourceIsToldAndMayBeTriedAgain) {
     std::vector<std::unique_ptr<DataSource>> sources;
     for (const QString& offered : {u"No driver"_s, goneName, u"Unknown"_s, name})
         sources.push_back(std::make_unique<OdbcSource>(offered));
-    SignOnDialog dialog(sources, QString(), u"HC"_s);
+    SignOnDialog dialog(sources, u"HC"_s);
     Activate(dialog);
     EXPECT_EQ(TryAs(dialog, u"No driver"_s, u"NURSE"_s, kPassword),
               u"Can't open lib '/nowhere/libdriver.so' : file not found"_s);
@@ -127,7 +127,7 @@ TEST_F(OdbcSourceTest, AMistakeOfTheServersIsToldInTheSignOnWindow) {
     const QString closedName = TestDataSources::Instance().Add(closed.Port());
     std::vector<std::unique_ptr<DataSource>> sources;
     sources.push_back(std::make_unique<OdbcSource>(closedName));
-    SignOnDialog dialog(sources, QString(), u"HC"_s);
+    SignOnDialog dialog(sources, u"HC"_s);
     Activate(dialog);
     EXPECT_EQ(TryAs(dialog, closedName, u"NURSE"_s, kPassword),
               u"The SELECT permission was denied on the object 'tbPasswordMain'."_s);

@@ -1,13 +1,19 @@
 #include "suite/SignOnDialog.h"
 #include "suite/SuiteTest.h"
 #include "text/Clock.h"
+#include "toolkit/DisplaySize.h"
+#include "toolkit/RestartProcess.h"
+#include "toolkit/UserSettings.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QWindow>
@@ -29,10 +35,13 @@ class SignOnDialogTest : public SuiteTest {
         }
         first->hint = u"Sign on as NURSE."_s;
         first->canBeMadeAnew = true;
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     }
 
-    SignOnDialog& Open(const QString& preferred = {}) {
-        dialog = std::make_unique<SignOnDialog>(sources, preferred, u"HC"_s);
+    /// The dialogue over the data sources, of which the one of that name was kept.
+    SignOnDialog& Open(const QString& kept = {}) {
+        UserSettings().setValue(u"DataSource"_s, kept);
+        dialog = std::make_unique<SignOnDialog>(sources, u"HC"_s);
         Activate(*dialog);
         return *dialog;
     }
@@ -51,6 +60,7 @@ class SignOnDialogTest : public SuiteTest {
         return label.text();
     }
 
+    const QTemporaryDir settings;
     FakeSource* first = nullptr;
     FakeSource* second = nullptr;
     std::vector<std::unique_ptr<DataSource>> sources;
@@ -65,7 +75,7 @@ TEST_F(SignOnDialogTest, BeginsWithTheUserAndHidesThePassword) {
     EXPECT_EQ(Problem(), QString());
 }
 
-TEST_F(SignOnDialogTest, OffersTheDataSourcesBeginningWithThePreferredOne) {
+TEST_F(SignOnDialogTest, OffersTheDataSourcesBeginningWithTheOneThatWasKept) {
     Open(u"San Roque"_s);
     const auto& list = In<QComboBox>("cmbDataSource");
     EXPECT_EQ(list.count(), 2);
@@ -82,6 +92,54 @@ TEST_F(SignOnDialogTest, TellsTheHintOfTheDataSourceThatIsChosen) {
     In<QComboBox>("cmbDataSource").setCurrentIndex(1);
     EXPECT_EQ(In<QLabel>("lblHint").text(), QString());
     EXPECT_FALSE(In<QPushButton>("cmdMakeAnew").isVisible());
+}
+
+TEST_F(SignOnDialogTest, OffersTheDisplaySizesBeginningWithTheUsersOwn) {
+    Open();
+    const auto& sizes = In<QComboBox>("cmbDisplaySize");
+    QStringList offered;
+    for (int i = 0; i < sizes.count(); ++i)
+        offered << sizes.itemText(i);
+    EXPECT_EQ(offered,
+              (QStringList{u"Automatic"_s, u"100 %"_s, u"125 %"_s, u"150 %"_s, u"175 %"_s, u"200 %"_s}));
+    EXPECT_EQ(sizes.currentText(), u"Automatic"_s);
+    DisplaySize::Choose(150);
+    Open();
+    EXPECT_EQ(In<QComboBox>("cmbDisplaySize").currentText(), u"150 %"_s);
+}
+
+TEST_F(SignOnDialogTest, ADisplaySizeIsKeptWithTheDataSourceAndTheProcessBeginsAnew) {
+    int restarts = 0;
+    const auto restart = RestartProcessSeam().Replace([&restarts] {
+        ++restarts;
+        EXPECT_EQ(DisplaySize::Chosen(), 125) << "it is kept before the process goes";
+    });
+    Open();
+    In<QComboBox>("cmbDataSource").setCurrentIndex(1);
+    auto& sizes = In<QComboBox>("cmbDisplaySize");
+    sizes.setFocus();
+    Press(sizes, Qt::Key_Down);
+    EXPECT_EQ(restarts, 0) << "the list opens and waits for the choice";
+    QWidget* list = QApplication::activePopupWidget();
+    ASSERT_NE(list, nullptr);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return})
+        QTest::keyClick(sizes.view(), key);
+    EXPECT_EQ(restarts, 1);
+    EXPECT_EQ(UserSettings().value(u"DataSource"_s).toString(), u"San Roque"_s);
+    EXPECT_EQ(Problem(), u"The display size counts from the next start of the program."_s)
+        << "where the process could not begin anew";
+}
+
+TEST_F(SignOnDialogTest, TheDisplaySizeThatStandsBeginsNothingAnew) {
+    const auto restart = RestartProcessSeam().Replace([] { ADD_FAILURE() << "the process begins anew"; });
+    Open();
+    auto& sizes = In<QComboBox>("cmbDisplaySize");
+    sizes.setFocus();
+    Press(sizes, Qt::Key_Down);
+    QTest::keyClick(sizes.view(), Qt::Key_Return);
+    QTest::keyClick(&sizes, Qt::Key_1);
+    QTest::keyClick(sizes.view(), Qt::Key_Escape);
+    EXPECT_EQ(sizes.currentText(), u"Automatic"_s);
 }
 
 TEST_F(SignOnDialogTest, SignsAUserOn) {

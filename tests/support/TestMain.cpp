@@ -1,14 +1,19 @@
 #include "support/tds/TestDataSources.h"
 #include "toolkit/Application.h"
 
+#include <QSettings>
+#include <QTemporaryDir>
+
 #include <gmock/gmock.h>
 
 int main(int argc, char** argv) {
     // The build lists the test cases by running this program, and a build has no display.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    // The machine's own data sources are none of the tests' business.
+    // The machine's own data sources and its user's settings are none of the tests' business.
     TestDataSources::Instance();
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     const Application application(argc, argv);
     testing::InitGoogleMock(&argc, argv);
     return RUN_ALL_TESTS();

@@ -283,6 +283,28 @@ TEST(FlexCells, AmountsOfABindingStandOnTheRightUnlessAnAlignmentIsSet) {
     EXPECT_EQ(AlignmentOf(cells, 1, 2) & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
 }
 
+TEST(FlexCells, AmountsOfABindingShowWithTwoDecimalsUnderTheirHeading) {
+    FlexCells cells;
+    cells.Bind(
+        Rows({u"Hospital #"_s, u"Amount"_s, u"Quantity"_s},
+             {{Decimal{u"100085"_s}, Value(), 2.5}, {Decimal{u"100086"_s}, Decimal{u"3360.0000"_s}, 1.0}}));
+    const auto shown = [&cells](int row, int col) { return cells.index(row - 1, col - 1).data().toString(); };
+    const auto heading = [&cells](int col) {
+        return cells.headerData(col - 1, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::Alignment>() &
+               Qt::AlignHorizontal_Mask;
+    };
+    EXPECT_EQ(shown(1, 1), u"100085"_s) << "a number of somebody is no amount";
+    EXPECT_EQ(shown(1, 2), QString());
+    EXPECT_EQ(shown(2, 2), u"3,360.00"_s);
+    EXPECT_EQ(shown(1, 3), u"2.5"_s);
+    EXPECT_EQ(cells.TextMatrix(2, 2), u"3360"_s) << "what is sent is the number as the run-time has it";
+    EXPECT_EQ(heading(1), Qt::AlignLeft);
+    EXPECT_EQ(heading(2), Qt::AlignRight);
+    EXPECT_EQ(heading(3), Qt::AlignRight);
+    cells.SetTextMatrix(1, 2, u"5"_s);
+    EXPECT_EQ(shown(1, 2), u"5"_s) << "a text of the grid's own shows as it is";
+}
+
 TEST(FlexCells, ABoldHeaderIsBoldAndItsNeighboursAreNot) {
     FlexCells cells;
     cells.SetCols(4);

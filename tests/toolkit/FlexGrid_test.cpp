@@ -94,9 +94,9 @@ TEST_F(FlexGridTest, AColumnAsWideAsItsHeadingHoldsItsBlanksToo) {
     grid->SetColumns(std::array{GridColumn{}, GridColumn{u"Name", GridColumn::kAsHeading},
                                 GridColumn{u"Name      ", GridColumn::kAsHeading}});
     const int text = grid->fontMetrics().horizontalAdvance(u"Name"_s);
-    const int blanks = grid->fontMetrics().horizontalAdvance(u"      "_s);
+    const int withBlanks = grid->fontMetrics().horizontalAdvance(u"Name      "_s);
     EXPECT_GT(grid->columnWidth(0), text);
-    EXPECT_EQ(grid->columnWidth(1), grid->columnWidth(0) + blanks);
+    EXPECT_EQ(grid->columnWidth(1), grid->columnWidth(0) + withBlanks - text);
 }
 
 TEST_F(FlexGridTest, TheCurrentRowIsReadByItsColumn) {

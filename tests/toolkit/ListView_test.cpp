@@ -27,6 +27,10 @@ constexpr std::array kPatientColumns = {GridColumn{u"HOSPITAL #", 1300, u"Number
                                         GridColumn{u"PATIENT NAME", 2200, u"name"}};
 
 /// A window with a text box, a list of two columns and a button, in this order of tabs.
+Qt::Alignment AlignmentOfHeading(const ListView& list, int column) {
+    return list.model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::Alignment>();
+}
+
 class ListViewTest : public ScreenTest {
   protected:
     ListViewTest()
@@ -119,7 +123,8 @@ TEST_F(ListViewTest, AColumnIsAlignedWithItsHeading) {
     EXPECT_EQ(list->model()->headerData(0, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::Alignment>(),
               right);
     EXPECT_EQ(list->model()->index(0, 0).data(Qt::TextAlignmentRole).value<Qt::Alignment>(), right);
-    EXPECT_FALSE(list->model()->index(0, 1).data(Qt::TextAlignmentRole).isValid());
+    EXPECT_EQ(list->model()->index(0, 1).data(Qt::TextAlignmentRole).value<Qt::Alignment>(),
+              Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 TEST_F(ListViewTest, AFieldThatTheRowsLackRaises3265AndTheRowsBeforeStay) {
@@ -308,23 +313,33 @@ INSTANTIATE_TEST_SUITE_P(
                     SortCase{"NullBeforeNegativeNumbers", {Value(), qint64{-5}, qint64{0}}}),
     CaseName());
 
-TEST_F(ListViewTest, DecimalsShowAsTheirText) {
+TEST_F(ListViewTest, DecimalsWithoutDecimalsShowAsTheirText) {
     list->SetColumns(std::array{GridColumn{.field = u"hospital #"}});
     list->SetRows(Rows({u"hospital #"_s}, {{Decimal{u"100085"_s}}}));
     const QAbstractItemModel& rows = *list->model();
     EXPECT_EQ(rows.data(rows.index(0, 0)).toString(), u"100085"_s);
-    EXPECT_FALSE(rows.data(rows.index(0, 0), Qt::TextAlignmentRole).isValid());
+    EXPECT_EQ(rows.data(rows.index(0, 0), Qt::TextAlignmentRole).value<Qt::Alignment>(),
+              Qt::AlignLeft | Qt::AlignVCenter);
 }
 
-TEST_F(ListViewTest, DecimalsOfAListWithPricesShowAsAmountsOnTheRightAndReadAsTheyAre) {
-    list->ShowAmounts();
+TEST_F(ListViewTest, AmountsShowWithTwoDecimalsOnTheRightUnderTheirHeadingAndReadAsTheyAre) {
+    const auto right = Qt::AlignRight | Qt::AlignVCenter;
     list->SetColumns(std::array{GridColumn{.field = u"item"}, GridColumn{.field = u"price"}});
     list->SetRows(Rows({u"item"_s, u"price"_s}, {{u"GAUZE"_s, Decimal{u"1250.5000"_s}}}));
     const QModelIndex price = list->model()->index(0, 1);
     EXPECT_EQ(price.data().toString(), u"1,250.50"_s);
-    EXPECT_EQ(price.data(Qt::TextAlignmentRole).value<Qt::Alignment>(), Qt::AlignRight | Qt::AlignVCenter);
+    EXPECT_EQ(price.data(Qt::TextAlignmentRole).value<Qt::Alignment>(), right);
+    EXPECT_EQ(AlignmentOfHeading(*list, 1), right);
     EXPECT_EQ(list->CurrentText(1), u"1250.5"_s);
-    EXPECT_FALSE(list->model()->index(0, 0).data(Qt::TextAlignmentRole).isValid());
+    EXPECT_EQ(AlignmentOfHeading(*list, 0), Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+TEST_F(ListViewTest, AnAmountThatIsNotKnownLeavesTheHeadingOverTheOthers) {
+    list->SetColumns(std::array{GridColumn{.field = u"price"}});
+    list->SetRows(Rows({u"price"_s}, {{Value()}, {Decimal{u"5.0000"_s}}}));
+    EXPECT_EQ(AlignmentOfHeading(*list, 0), Qt::AlignRight | Qt::AlignVCenter);
+    list->SetRows(Rows({u"price"_s}, {{Value()}}));
+    EXPECT_EQ(AlignmentOfHeading(*list, 0), Qt::AlignLeft | Qt::AlignVCenter);
 }
 
 TEST_F(ListViewTest, NullsShowAndReadAsEmpty) {

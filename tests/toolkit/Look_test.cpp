@@ -1,32 +1,87 @@
 #include "support/Contrast.h"
+#include "toolkit/Colors.h"
+#include "toolkit/Controls.h"
 #include "toolkit/Look.h"
 
 #include <QApplication>
 #include <QIcon>
 #include <QImage>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPalette>
+#include <QPushButton>
+#include <QToolTip>
+#include <QVBoxLayout>
 
 #include <gtest/gtest.h>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-TEST(Look, WhatIsDisabledCanStillBeRead) {
-    const QPalette palette = QApplication::palette();
-    for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-        EXPECT_GE(
-            Contrast(palette.color(group, QPalette::WindowText), palette.color(group, QPalette::Window)),
-            4.5);
-        EXPECT_GE(Contrast(palette.color(group, QPalette::Text), QColor(0xee, 0xf1, 0xf4)), 4.5);
-        EXPECT_GE(
-            Contrast(palette.color(group, QPalette::ButtonText), palette.color(group, QPalette::Button)),
-            4.5);
+/// The look of a dark desktop, until the test's end.
+class DarkLook : public testing::Test {
+  protected:
+    DarkLook() { ApplyLook(*qApp); }
+    ~DarkLook() override {
+        dark.reset();
+        ApplyLook(*qApp);
     }
+
+    std::optional<Seam<bool()>::Replacement> dark{std::in_place, DarkDesktopSeam(), [] { return true; }};
+};
+
+/// How much of a picture has that colour.
+int PixelsOf(const QImage& picture, const QColor& color) {
+    int count = 0;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            count += picture.pixelColor(x, y) == color ? 1 : 0;
+    }
+    return count;
+}
+
+TEST(Look, IsThatOfALightDesktop) {
+    EXPECT_EQ(&TheColors(), &LightColors());
+    EXPECT_EQ(QApplication::palette().color(QPalette::Window), LightColors().window);
+}
+
+TEST_F(DarkLook, FollowsADesktopThatAsksForIt) {
+    EXPECT_EQ(&TheColors(), &DarkColors());
+    EXPECT_EQ(QApplication::palette().color(QPalette::Window), DarkColors().window);
+    EXPECT_EQ(QToolTip::palette().color(QPalette::ToolTipBase), DarkColors().field);
+    QLabel heading(u"Heading"_s);
+    heading.setProperty("heading", true);
+    EXPECT_GT(PixelsOf(heading.grab().toImage(), DarkColors().heading), 10);
+}
+
+TEST_F(DarkLook, DrawsBoxesAndButtonsInItsColours) {
+    QWidget window;
+    auto* layout = new QVBoxLayout(&window);
+    QLineEdit* box = NewTextBox(u"txtA"_s, &window);
+    QLineEdit* shown = NewShownBox(u"txtB"_s, &window);
+    QPushButton* button = NewButton(u"cmdA"_s, {}, &window);
+    for (QWidget* control : std::initializer_list<QWidget*>{box, shown, button})
+        layout->addWidget(control);
+    const auto ground = [](QWidget* control) {
+        return control->grab().toImage().pixelColor(control->rect().center());
+    };
+    EXPECT_EQ(ground(box), DarkColors().field);
+    EXPECT_EQ(ground(shown), DarkColors().shown);
+    EXPECT_EQ(ground(button), DarkColors().button);
+    EXPECT_GT(PixelsOf(box->grab().toImage(), DarkColors().line), box->width()) << "its edge";
+}
+
+TEST_F(DarkLook, DrawsTheIconsInItsColours) {
+    const QImage icon = ProgramIcon(u"patient"_s).pixmap(24).toImage();
+    EXPECT_GT(PixelsOf(icon, DarkColors().ink), 10);
+    EXPECT_EQ(PixelsOf(icon, LightColors().ink), 0);
 }
 
 TEST(Look, TheProgramsIconsAreThere) {
-    for (const QString& name : {u"assess"_s, u"patient"_s, u"program"_s, u"reports"_s, u"transaction"_s})
+    for (const QString& name : {u"assess"_s, u"calendar"_s, u"patient"_s, u"pending"_s, u"program"_s,
+                                u"reports"_s, u"transaction"_s})
         EXPECT_FALSE(ProgramIcon(name).pixmap(32).isNull()) << name.toStdString();
 }
 

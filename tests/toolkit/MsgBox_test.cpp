@@ -1,6 +1,7 @@
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
 #include "support/ScriptedMessages.h"
+#include "toolkit/Look.h"
 #include "toolkit/MsgBox.h"
 
 #include <QApplication>
@@ -15,6 +16,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -72,6 +74,21 @@ TEST(MsgBox, IsWideEnoughForItsTitleAndItsText) {
                 << box.windowTitle().toStdString();
             const auto* label = box.findChild<QLabel*>(u"qt_msgbox_label"_s);
             EXPECT_GE(label->width(), label->fontMetrics().horizontalAdvance(label->text()));
+            box.accept();
+        });
+}
+
+TEST(MsgBox, ShowsTheProgramsOwnSigns) {
+    const std::pair<MsgIcon, QString> signs[] = {{MsgIcon::Critical, u"critical"_s},
+                                                 {MsgIcon::Question, u"question"_s},
+                                                 {MsgIcon::Exclamation, u"exclamation"_s},
+                                                 {MsgIcon::Information, u"information"_s}};
+    for (const auto& [icon, name] : signs)
+        ShowAndDo({.text = u"text"_s, .icon = icon}, [&name = name](QMessageBox& box) {
+            const QPixmap shown = box.iconPixmap();
+            ASSERT_FALSE(shown.isNull()) << name.toStdString();
+            EXPECT_EQ(shown.toImage(), ProgramIcon(name).pixmap(shown.size()).toImage())
+                << name.toStdString();
             box.accept();
         });
 }

@@ -1,16 +1,19 @@
 #include "support/CaseName.h"
 #include "support/Contrast.h"
 #include "support/ScreenTest.h"
+#include "toolkit/Colors.h"
 #include "toolkit/Controls.h"
 #include "toolkit/DatePicker.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/ListView.h"
+#include "toolkit/Look.h"
 #include "toolkit/ProgramStyle.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCommonStyle>
+#include <QGridLayout>
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
@@ -116,16 +119,51 @@ TEST_P(FocusSeenTest, GoesWhenAnotherControlTakesTheFocus) {
 
 INSTANTIATE_TEST_SUITE_P(Controls, FocusSeenTest, kControls, CaseName());
 
+TEST(Boxes, IntoWhichNobodyKeysLieFlatAndApart) {
+    QWidget window;
+    QLineEdit* keyed = NewTextBox(u"txtKeyed"_s, &window);
+    QLineEdit* shown = NewShownBox(u"txtShown"_s, &window);
+    QLineEdit* disabled = NewTextBox(u"txtDisabled"_s, &window);
+    disabled->setEnabled(false);
+    const auto at = [](QLineEdit* box, QPoint place) { return box->grab().toImage().pixelColor(place); };
+    for (QLineEdit* box : {shown, disabled}) {
+        const QPoint middle = box->rect().center();
+        EXPECT_EQ(at(box, middle), TheColors().shown);
+        EXPECT_EQ(at(box, {middle.x(), 0}), TheColors().shown) << "it has no edge";
+    }
+    EXPECT_EQ(at(keyed, keyed->rect().center()), TheColors().field);
+    EXPECT_EQ(at(keyed, {keyed->width() / 2, 0}), TheColors().line);
+}
+
+TEST(Controls, BoxesListsAndButtonsAreEquallyHigh) {
+    QWidget window;
+    const int height = NewTextBox(u"txtA"_s, &window)->sizeHint().height();
+    EXPECT_GE(height, 24) << "what a pointer hits without care";
+    EXPECT_EQ(NewCombo(u"cmbA"_s, {u"Choice"_s}, &window)->sizeHint().height(), height);
+    EXPECT_EQ(NewButton(u"cmdA"_s, u"Choice"_s, &window)->sizeHint().height(), height);
+    EXPECT_EQ(NewDatePicker(u"dtpA"_s, &window)->sizeHint().height(), height);
+    EXPECT_EQ(NewPicker(u"cmdB"_s, u"Choice"_s, {}, &window)->sizeHint().height(), height);
+}
+
+TEST(Controls, StandOnTheScaleOfSpacing) {
+    QWidget window;
+    const auto* grid = new QGridLayout(&window);
+    EXPECT_EQ(grid->horizontalSpacing(), Space::kNormal);
+    EXPECT_EQ(grid->verticalSpacing(), Space::kNormal);
+    EXPECT_EQ(grid->contentsMargins(),
+              QMargins(Space::kNormal, Space::kNormal, Space::kNormal, Space::kNormal));
+}
+
 TEST(PaleMark, IsSeenAndTheTextOnItCanBeRead) {
     const QPalette palette = QApplication::palette();
-    EXPECT_GE(Contrast(ProgramStyle::PaleMarkColor(), palette.color(QPalette::Text)), 4.5);
+    EXPECT_GE(Contrast(TheColors().paleMark, palette.color(QPalette::Text)), 4.5);
     QWidget window;
     QWidget* list = NewFilledList(&window);
     const QImage picture = list->grab().toImage();
     int pixels = 0;
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x)
-            pixels += picture.pixelColor(x, y) == ProgramStyle::PaleMarkColor() ? 1 : 0;
+            pixels += picture.pixelColor(x, y) == TheColors().paleMark ? 1 : 0;
     }
     EXPECT_GT(pixels, 500);
 }
@@ -205,8 +243,8 @@ INSTANTIATE_TEST_SUITE_P(
     Drawings, SharedPaletteTest,
     testing::Values(DrawnCase{"Primitive",
                               [](const QStyle& style, const QPalette& palette, QPainter& painter) {
-                                  auto option = OptionWith<QStyleOptionButton>(palette);
-                                  style.drawPrimitive(QStyle::PE_PanelButtonCommand, &option, &painter);
+                                  auto option = OptionWith<QStyleOption>(palette);
+                                  style.drawPrimitive(QStyle::PE_PanelMenu, &option, &painter);
                               }},
                     DrawnCase{"Control",
                               [](const QStyle& style, const QPalette& palette, QPainter& painter) {
@@ -238,7 +276,7 @@ TEST(FloatingEditor, IsDimmedWhereAnotherControlHasTheFocus) {
     EXPECT_GE(PixelsApart(open, dimmed, 3), editor->width()) << "its frame";
     const QPoint ground(editor->width() / 2, editor->height() / 2);
     EXPECT_NE(open.pixelColor(ground), dimmed.pixelColor(ground)) << "its ground";
-    EXPECT_GE(Contrast(dimmed.pixelColor(ground), QColor(0x5c, 0x66, 0x70)), 4.5) << "its text";
+    EXPECT_GE(Contrast(dimmed.pixelColor(ground), TheColors().quiet), 4.5) << "its text";
 }
 
 } // namespace

@@ -6,11 +6,12 @@ namespace {
 
 TEST(Twips, RoundToTheNearestPixel) {
     EXPECT_EQ(TwipsToPixels(0), 0);
-    EXPECT_EQ(TwipsToPixels(kTwipsPerPixel), 1);
-    EXPECT_EQ(TwipsToPixels(kTwipsPerPixel / 2 - 1), 0);
-    EXPECT_EQ(TwipsToPixels(kTwipsPerPixel / 2), 1);
-    EXPECT_EQ(TwipsToPixels(1200), 100);
-    EXPECT_EQ(TwipsToPixels(4000), 333);
+    EXPECT_EQ(TwipsToPixels(15), 1);
+    EXPECT_EQ(TwipsToPixels(7), 0);
+    EXPECT_EQ(TwipsToPixels(8), 1);
+    EXPECT_EQ(TwipsToPixels(1800), 120);
+    EXPECT_EQ(TwipsToPixels(2000), 133);
+    EXPECT_EQ(TwipsToPixels(1440), 96) << "an inch";
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "report/pages/PageText.h"
 #include "report/pages/PaintPage.h"
 #include "report/pages/ReportDocument.h"
+#include "toolkit/Colors.h"
 
 #include <QAccessible>
 #include <QKeyEvent>
@@ -23,11 +24,6 @@ constexpr int kGap = 12;
 constexpr int kScrollStep = 24;
 constexpr double kPagePointsPerInch = 72;
 constexpr double kWheelZoom = 1.1;
-/// So light that what is printed in grey can still be read on it.
-constexpr QColor kFoundColor(0xff, 0xe2, 0x82);
-/// Round it, seen on white paper and on a dark cell alike.
-constexpr QColor kFoundEdgeColor(0xc7, 0x77, 0x00);
-constexpr QColor kEdgeColor(0xb4, 0xbd, 0xc6);
 
 } // namespace
 
@@ -172,7 +168,7 @@ void PageView::PaintSheet(QPainter& painter, int page) {
         std::max(kGap, (viewport()->width() - pixels.width()) / 2) - horizontalScrollBar()->value();
     const QRect sheet(QPoint(left, PageTop(page) - verticalScrollBar()->value()), pixels);
     painter.fillRect(sheet, Qt::white);
-    painter.setPen(kEdgeColor);
+    painter.setPen(TheColors().sheetEdge);
     painter.drawRect(sheet.adjusted(-1, -1, 0, 0));
     painter.save();
     painter.setClipRect(sheet, Qt::IntersectClip);
@@ -188,11 +184,11 @@ void PageView::PaintSheet(QPainter& painter, int page) {
 /// The mark dyes the paper and leaves the ink, as if it lay beneath the text, and on a filled cell too.
 void PageView::PaintFound(QPainter& painter) const {
     painter.setCompositionMode(QPainter::CompositionMode_Multiply);
-    painter.fillRect(mFound->box, kFoundColor);
+    painter.fillRect(mFound->box, TheColors().found);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     // The page leaves its last fill behind.
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(kFoundEdgeColor, 1));
+    painter.setPen(QPen(TheColors().foundEdge, 1));
     painter.drawRect(mFound->box.adjusted(-1, -1, 1, 1));
 }
 
