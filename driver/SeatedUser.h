@@ -22,6 +22,7 @@ class SeatedUser : public clsCurrentUser {
     QString Initial() const override { return QStringLiteral("ABR"); }
     QString EmployeeName() const override { return QStringLiteral("ANA REYES"); }
     QString EmployeeCode() const override { return mEmployeeCode; }
+    bool IsOnTrial() const override { return true; }
     QString ServerName() const override { return {}; }
     QString Database() const override { return {}; }
     QString UserId() const override { return {}; }

@@ -1,5 +1,6 @@
 #include "shell/Main.h"
 
+#include "gateway/CommandTrace.h"
 #include "report/viewer/FetchThread.h"
 #include "shell/RegisterScreens.h"
 #include "suite/RegisterSuite.h"
@@ -17,6 +18,8 @@ int main(int, char** argv) {
     const Application application(argumentCount, argv);
     DisplaySize::LeaveEnvironment();
     try {
+        // To the end of the process: a report's thread that nobody waits for may still write its line.
+        CommandTrace::SetCurrent(CommandTrace::OfEnvironment().release());
         RegisterSuite(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation));
         RegisterScreens();
         Main();

@@ -25,6 +25,8 @@ class clsCurrentUser : public Component {
     virtual QString Initial() const = 0;
     virtual QString EmployeeName() const = 0;
     virtual QString EmployeeCode() const = 0;
+    /// Whether he works in the trial hospital, where nothing reaches an account.
+    virtual bool IsOnTrial() const = 0;
 
     /// The logon that report tables receive. The program keeps none of the four beyond its run; the session
     /// itself may remember the server's name for the next sign-on.

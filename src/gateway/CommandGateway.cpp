@@ -1,5 +1,6 @@
 #include "gateway/CommandGateway.h"
 
+#include "gateway/CommandTrace.h"
 #include "gateway/SqlText.h"
 
 RowSet CommandGateway::Execute(const QString& command) {
@@ -8,7 +9,7 @@ RowSet CommandGateway::Execute(const QString& command) {
 }
 
 void CommandGateway::ExecuteNoResult(const QString& command) {
-    Run(command);
+    Send(command);
 }
 
 RowSet CommandGateway::Open(const QString& command, CursorType cursor, LockType lock,
@@ -18,7 +19,7 @@ RowSet CommandGateway::Open(const QString& command, CursorType cursor, LockType 
 
 RowSet CommandGateway::OpenRows(const QString& command, CursorType cursor, LockType lock,
                                 CursorLocation location) {
-    const Outcome outcome = Run(command);
+    const Outcome outcome = Send(command);
     if (!outcome.rows)
         return {};
     RowSet rows(outcome.rows, location == CursorLocation::Client || cursor == CursorType::Static);
@@ -27,4 +28,9 @@ RowSet CommandGateway::OpenRows(const QString& command, CursorType cursor, LockT
             rows.mTarget = RowSet::Target{this, *table};
     }
     return rows;
+}
+
+CommandGateway::Outcome CommandGateway::Send(const QString& command) {
+    CommandTrace* trace = CommandTrace::Current();
+    return trace ? trace->Follow(command, [&] { return Run(command); }) : Run(command);
 }

@@ -71,6 +71,8 @@ class CommandGateway {
   private:
     friend class RowSet;
 
+    /// Runs the text, and writes its line where there is a trace.
+    Outcome Send(const QString& command);
     RowSet OpenRows(const QString& command, CursorType cursor, LockType lock, CursorLocation location);
 
     QString mDefaultDatabase;

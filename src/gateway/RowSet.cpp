@@ -89,7 +89,7 @@ void RowSet::Update() {
         throw RunTime::Error(RunTime::kNotUpdatable);
     if (mChanges.empty())
         return;
-    if (mTarget->gateway->Run(ComposeUpdate()).rowsAffected != 1)
+    if (mTarget->gateway->Send(ComposeUpdate()).rowsAffected != 1)
         throw RunTime::Error(RunTime::kRowChanged);
     auto written = std::make_shared<RowData>(*mData);
     for (Change& change : mChanges)

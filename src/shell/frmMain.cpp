@@ -19,6 +19,7 @@
 #include "shell/commands.h"
 #include "shell/frmAbout.h"
 #include "shell/frmSetup.h"
+#include "shell/MainArea.h"
 #include "shell/StatusPanel.h"
 #include "shell/version.h"
 #include "toolkit/EndProcess.h"
@@ -77,6 +78,22 @@ void frmMain::Form_Load() {
     HandOutConnection();
     setWindowTitle(u"TARVEN "_s + gDeptDesc + u" ver."_s +
                    u"%1.%2.%3"_s.arg(Version::kMajor).arg(Version::kMinor).arg(Version::kRevision));
+    TellWhereOneIs();
+}
+
+void frmMain::TellWhereOneIs() {
+    const auto withCode = [](const QString& name, const QString& code) {
+        return u"%1 (%2)"_s.arg(name, code);
+    };
+    mArea->Tell({.hospital = gHospitalName,
+                 .department = withCode(gDeptDesc, gDeptCode),
+                 .dataSource = gCurrentUser->ServerName(),
+                 .user = withCode(mPanel3->Text(), mPanel2->Text()),
+                 .isTrial = gCurrentUser->IsOnTrial()});
+}
+
+QMdiArea* frmMain::Area() {
+    return mArea;
 }
 
 void frmMain::TakeConnection() {

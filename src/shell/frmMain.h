@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 
+class MainArea;
 class PendingMonitor;
 enum class ReportType;
 class StatusPanel;
@@ -44,7 +45,7 @@ class frmMain : public QMainWindow, private Workspace {
   private:
     friend struct MenuEntry;
 
-    QMdiArea* Area() override { return mArea; }
+    QMdiArea* Area() override;
     void EnableMenuItem(const QString& name, bool enabled) override;
 
     void Layout();
@@ -58,6 +59,7 @@ class frmMain : public QMainWindow, private Workspace {
     void ReadHospitalRecord();
     void CreateWardComponents();
     void HandOutConnection();
+    void TellWhereOneIs();
 
     void mnuAssessment_Click();
     void mnuInTransactionEntry_Click();
@@ -75,7 +77,7 @@ class frmMain : public QMainWindow, private Workspace {
     void OpenReportRange(ReportType type);
     void AskAndClose();
 
-    QMdiArea* mArea = nullptr;
+    MainArea* mArea = nullptr;
     PendingMonitor* mPendingMonitor = nullptr;
     /// The three panels of the status bar. The second and third show date and time, whatever their text is.
     StatusPanel* mPanel1 = nullptr;

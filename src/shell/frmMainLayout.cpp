@@ -1,12 +1,12 @@
 #include "nursing/PendingMonitor.h"
 #include "shell/frmMain.h"
+#include "shell/MainArea.h"
 #include "shell/MenuTree.h"
 #include "shell/StatusPanel.h"
 #include "toolkit/Colors.h"
 #include "toolkit/Look.h"
 
 #include <QAction>
-#include <QMdiArea>
 #include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -57,12 +57,8 @@ void frmMain::Layout() {
     setMinimumSize(kMinimumWidth, kMinimumHeight);
     // A menu of the window's own could hide the toolbar.
     setContextMenuPolicy(Qt::NoContextMenu);
-    mArea = new QMdiArea(this);
-    mArea->setObjectName(u"Area"_s);
-    mArea->setFocusPolicy(Qt::NoFocus);
+    mArea = new MainArea(this);
     mArea->setBackground(TheColors().area);
-    mArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
-    mArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(mArea);
     LayoutMenu();
     LayoutToolbar();

@@ -27,6 +27,7 @@ class CurrentUser : public clsCurrentUser {
     QString Initial() const override;
     QString EmployeeName() const override;
     QString EmployeeCode() const override;
+    bool IsOnTrial() const override { return mUser && mUser->isOnTrial; }
 
     QString ServerName() const override { return mSourceName; }
     QString Database() const override;

@@ -19,6 +19,8 @@ class DataSource {
 
     /// The name in the list of data sources; it serves as the server's name too.
     virtual QString Name() const = 0;
+    /// Whether it is the trial hospital, where nothing reaches an account.
+    virtual bool IsTrial() const { return false; }
     /// What the sign-on window tells under the list; empty for nothing.
     virtual QString Hint() const { return {}; }
     /// Whether the hospital has yet to be made before anyone can sign on.

@@ -79,6 +79,7 @@ SignOnOutcome TrySignOn(DataSource& source, const QString& user, const QString& 
     signedOn->employeeName =
         rows.Fields(u"FirstName").TextOrEmpty() + u' ' + rows.Fields(u"LastName").TextOrEmpty();
     signedOn->initial = rows.Fields(u"Initial").TextOrEmpty();
+    signedOn->isOnTrial = source.IsTrial();
     // Who signs on to make the hospital anew is not shown what failed.
     if (trail && !signOn.toReplace)
         signedOn->failed = trail->SignedOn(employee);

@@ -18,6 +18,7 @@ struct SignedOnUser {
     QString employeeCode;
     QString employeeName;
     QString initial;
+    bool isOnTrial = false;
     std::unique_ptr<CommandGateway> connection;
     /// What failed in his name since he last signed on, where the hospital keeps that.
     std::optional<FailedSignOns> failed = {};

@@ -12,6 +12,7 @@ class TrialHospital : public DataSource {
     explicit TrialHospital(const QString& folder);
 
     QString Name() const override;
+    bool IsTrial() const override { return true; }
     /// The trial users, who are told here and nowhere else.
     QString Hint() const override;
     bool NeedsMaking() const override;

@@ -25,6 +25,8 @@ QGroupBox { font-weight: bold; border: 1px solid @line; border-radius: 4px; marg
 QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; }
 QLabel[heading="true"] { font-size: 12pt; font-weight: bold; color: @heading; }
 QLabel[problem="true"] { font-weight: bold; color: @problem; }
+QLabel[trial="true"] { font-size: 32pt; font-weight: bold; color: @problem; border: 4px solid @problem;
+    padding: 4px 32px; }
 QLineEdit[floating="true"] { background: @shown; border: 2px solid @grid; border-radius: 0; padding: 0 2px;
     color: @quiet; }
 QLineEdit[floating="true"]:focus { background: @editor; border-color: @focus; color: @text; }

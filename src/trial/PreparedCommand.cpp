@@ -87,27 +87,47 @@ class RepeatedValues {
         const int stored = sqlite3_column_type(row, column);
         std::array<char, 8> number;
         const QByteArrayView bytes = StoredBytes(row, column, stored, number);
-        Known& known = mKnown[qHash(bytes) % mKnown.size()];
-        if (known.stored == stored && known.bytes == bytes) {
-            rows.AddAsIn(std::exchange(known.row, rows.RowCount()));
-            return;
+        if (Looks()) {
+            Known& known = mKnown[qHash(bytes) % mKnown.size()];
+            if (known.stored == stored && known.bytes == bytes) {
+                ++mFound;
+                rows.AddAsIn(std::exchange(known.row, rows.RowCount()));
+                return;
+            }
+            known = {stored, bytes.toByteArray(), rows.RowCount()};
+            HaveMore();
         }
-        known = {stored, bytes.toByteArray(), rows.RowCount()};
         rows.Add(ColumnValue(row, column, type));
         memory.Take(bytes.size() * qint64(sizeof(QChar)));
-        HaveMore();
     }
 
   private:
     static constexpr size_t kSlots = 256;
     static constexpr size_t kMostSlots = kSlots << 7;
     static constexpr int kMisses = 4;
+    static constexpr int kTrial = 1024;
+    static constexpr int kWorthwhile = kTrial / 8;
+    static constexpr int kRest = 16 * kTrial;
 
     struct Known {
         int stored = 0;
         QByteArray bytes;
         size_t row = 0;
     };
+
+    /// Whether the next cell is worth looking for. Numbers of patients hardly come twice: where a trial has
+    /// found few, the column rests before the next one.
+    bool Looks() {
+        if (mRest > 0) {
+            --mRest;
+            return false;
+        }
+        if (++mLooked == kTrial) {
+            mRest = mFound < kWorthwhile ? kRest : 0;
+            mLooked = mFound = 0;
+        }
+        return true;
+    }
 
     /// A column with many values, such as the patients of a year, is given more slots.
     void HaveMore() {
@@ -119,6 +139,9 @@ class RepeatedValues {
 
     std::vector<Known> mKnown = std::vector<Known>(kSlots);
     size_t mMisses = 0;
+    int mLooked = 0;
+    int mFound = 0;
+    int mRest = 0;
 };
 
 /// The tables of a statement by their aliases, of which SQLite's plans speak.
@@ -196,29 +219,34 @@ CommandResult PreparedCommand::RunSteps(const std::vector<Cell>& values) {
     // One moment for the whole command, so that all that it writes bears the same time.
     const Cell now = mTellsTime ? StoredDateTime(InServerSteps(Now())) : Cell();
     CommandResult result;
-    for (Step& step : mSteps)
-        RunStep(step, values, now, result);
+    for (size_t i = 0; i < mSteps.size(); ++i)
+        i += RunStep(mSteps[i], values, now, result);
     return result;
 }
 
-void PreparedCommand::RunStep(Step& step, const std::vector<Cell>& values, const Cell& now,
-                              CommandResult& result) {
-    if (step.translation.writes)
-        return WriteRows(step, values, now, result);
+size_t PreparedCommand::RunStep(Step& step, const std::vector<Cell>& values, const Cell& now,
+                                CommandResult& result) {
+    if (step.translation.writes) {
+        WriteRows(step, values, now, result);
+        return 0;
+    }
     const StatementRun run(step.statement);
     Bind(step.statement, step.translation, values, now, step.translation.constants);
     if (step.translation.refusal) {
         if (step.statement.Step())
             throw RunTimeError(*step.translation.refusal);
-        return;
+        return 0;
     }
+    if (step.translation.passedOver > 0)
+        return step.statement.Step() ? 0 : step.translation.passedOver;
     if (!result.rows) {
         result.rows = ReadRows(step);
-        return;
+        return 0;
     }
     // Later sets go unseen, but their errors count.
     while (step.statement.Step()) {
     }
+    return 0;
 }
 
 void PreparedCommand::WriteRows(Step& step, const std::vector<Cell>& values, const Cell& now,

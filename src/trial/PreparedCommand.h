@@ -46,7 +46,8 @@ class PreparedCommand {
     };
 
     CommandResult RunSteps(const std::vector<Cell>& values);
-    void RunStep(Step& step, const std::vector<Cell>& values, const Cell& now, CommandResult& result);
+    /// Gives back how many of the steps behind it are passed over.
+    size_t RunStep(Step& step, const std::vector<Cell>& values, const Cell& now, CommandResult& result);
     void WriteRows(Step& step, const std::vector<Cell>& values, const Cell& now, CommandResult& result);
     /// Does an UPDATE in two passes; gives the number of its rows back.
     qint64 MoveRows(const Translation& update, const std::vector<Cell>& values, const Cell& now);

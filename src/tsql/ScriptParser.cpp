@@ -175,10 +175,10 @@ ProcedureDefinition ScriptParser::ParseProcedure() {
     mCursor.Expect(u"as");
     mCursor.Expect(u"begin");
     while (!mCursor.Is(u"end")) {
-        if (!SkipFrame())
-            procedure.body.push_back(ParseStep());
-        mCursor.ExpectOperator(u";");
-        SkipSemicolons();
+        if (SkipFrame())
+            EndStep();
+        else
+            ParseStep(procedure.body);
     }
     mCursor.Expect(u"end");
     SkipSemicolons();
@@ -187,19 +187,52 @@ ProcedureDefinition ScriptParser::ParseProcedure() {
     return procedure;
 }
 
-Statement ScriptParser::ParseStep() {
+void ScriptParser::EndStep() {
+    mCursor.ExpectOperator(u";");
+    SkipSemicolons();
+}
+
+void ScriptParser::ParseStep(std::vector<Statement>& body) {
     if (mCursor.Accept(u"if"))
-        return ParseRefusal();
+        return ParseIf(body);
     CommandParser parser(mCursor);
     if (!parser.BeginsStatement())
         mCursor.RaiseSyntax();
-    return parser.ParseStatement();
+    body.push_back(parser.ParseStatement());
+    EndStep();
 }
 
-RefusalStatement ScriptParser::ParseRefusal() {
+void ScriptParser::ParseIf(std::vector<Statement>& body) {
+    ExpressionPtr condition = ExpressionParser(mCursor).ParseCondition();
+    if (mCursor.Accept(u"throw")) {
+        body.push_back(ParseRefusal(std::move(condition)));
+        return EndStep();
+    }
+    const size_t branch = body.size();
+    body.push_back(BranchStatement{std::move(condition), 0});
+    size_t passedOver = ParseBranch(body);
+    if (mCursor.Accept(u"else")) {
+        const size_t otherwise = body.size();
+        body.push_back(BranchStatement{nullptr, 0});
+        const size_t rest = ParseBranch(body);
+        std::get<BranchStatement>(body[otherwise]).passedOver = rest;
+        // The branch that ran passes over the other one; the other one begins behind that.
+        ++passedOver;
+    }
+    std::get<BranchStatement>(body[branch]).passedOver = passedOver;
+}
+
+size_t ScriptParser::ParseBranch(std::vector<Statement>& body) {
+    const size_t before = body.size();
+    if (!mCursor.Is(u"select") && !mCursor.Is(u"if"))
+        mCursor.RaiseSyntax();
+    ParseStep(body);
+    return body.size() - before;
+}
+
+RefusalStatement ScriptParser::ParseRefusal(ExpressionPtr condition) {
     RefusalStatement refusal;
-    refusal.condition = ExpressionParser(mCursor).ParseCondition();
-    mCursor.Expect(u"throw");
+    refusal.condition = std::move(condition);
     if (mCursor.Current().written.toInt() < kFirstOwnError)
         mCursor.RaiseSyntax();
     refusal.number = mCursor.ExpectWholeNumber();

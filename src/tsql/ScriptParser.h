@@ -40,8 +40,13 @@ class ScriptParser {
     IndexDefinition ParseIndex(bool unique);
     ProcedureDefinition ParseProcedure();
     ParameterDefinition ParseParameter();
-    Statement ParseStep();
-    RefusalStatement ParseRefusal();
+    /// Adds the next step with the semicolons behind it to the body.
+    void ParseStep(std::vector<Statement>& body);
+    void ParseIf(std::vector<Statement>& body);
+    /// A SELECT behind IF or ELSE. Gives back how many statements it has become.
+    size_t ParseBranch(std::vector<Statement>& body);
+    RefusalStatement ParseRefusal(ExpressionPtr condition);
+    void EndStep();
     /// SET NOCOUNT ON and what frames a transaction: the engine does that for every command anyway.
     bool SkipFrame();
     void SkipSemicolons();

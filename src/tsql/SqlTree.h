@@ -282,8 +282,15 @@ struct RefusalStatement {
     QString text;
 };
 
-using Statement =
-    std::variant<SelectStatement, InsertStatement, UpdateStatement, DeleteStatement, RefusalStatement>;
+/// What stands before the SELECT of an IF or an ELSE: where the condition does not hold, so many of the
+/// statements behind it are passed over. Without a condition they always are.
+struct BranchStatement {
+    ExpressionPtr condition;
+    size_t passedOver = 0;
+};
+
+using Statement = std::variant<SelectStatement, InsertStatement, UpdateStatement, DeleteStatement,
+                               RefusalStatement, BranchStatement>;
 
 /// One argument of a procedure call: a literal, by position or by name.
 struct CallArgument {

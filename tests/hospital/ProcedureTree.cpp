@@ -27,6 +27,7 @@ class Walk {
     }
     void Over(const DeleteStatement& erase) const { Over(erase.where); }
     void Over(const RefusalStatement& refusal) const { Over(refusal.condition); }
+    void Over(const BranchStatement& branch) const { Over(branch.condition); }
 
   private:
     void Over(const ValueRows& rows) const {

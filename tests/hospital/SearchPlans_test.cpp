@@ -106,6 +106,13 @@ TEST_F(SearchPlans, EverySearchAmongManyPatientsIsASearchOnAnIndex) {
     }
 }
 
+TEST_F(SearchPlans, TheIndexOfNamesGivesTheOrderInWhichTheFinderListsOutPatients) {
+    const QStringList plan = mGateway->QueryPlan(u"Clinical_Area..spEarCare_GetPatient 'O','D'"_s);
+    ASSERT_FALSE(plan.isEmpty());
+    EXPECT_EQ(plan.last(), u"USE TEMP B-TREE FOR RIGHT PART OF ORDER BY"_s)
+        << "the visits of equal names alone";
+}
+
 TEST_F(SearchPlans, WhatTheFinderListsOfOutPatientsStandsInIndexesAlone) {
     QStringList many;
     for (const QString& step : mGateway->QueryPlan(u"Clinical_Area..spEarCare_GetPatient 'O','D'"_s)) {

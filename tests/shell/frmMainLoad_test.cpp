@@ -10,6 +10,7 @@
 #include "support/shell/RecordingSuite.h"
 
 #include <QAction>
+#include <QLabel>
 #include <QScopeGuard>
 #include <QTimer>
 
@@ -88,6 +89,32 @@ TEST_F(frmMainLoad, RunsInThisOrder) {
                                    u"StockList.InitConnection scripted"_s,
                                    u"StockItem.InitConnect scripted"_s}));
     EXPECT_EQ(window->windowTitle(), u"TARVEN HEMODIALYSIS ver.5.5.2"_s);
+}
+
+TEST_F(frmMainLoad, TellsInTheEmptyAreaWhereOneIs) {
+    const auto told = [this](const char* name) {
+        const auto* line = window->findChild<QLabel*>(QString::fromLatin1(name));
+        return line ? line->text() : QString();
+    };
+    EXPECT_EQ(told("lblHospital"), QString()) << "before the sign-on";
+    ExpectPlainHospital();
+    window->Form_Load();
+    EXPECT_EQ(told("lblHospital"), u"SAN ROQUE HOSPITAL"_s);
+    EXPECT_EQ(told("lblDepartment"), u"Department: HEMODIALYSIS (HC)"_s);
+    EXPECT_EQ(told("lblDataSource"), u"Data source: HOSPITAL"_s);
+    EXPECT_EQ(told("lblUser"), u"User: ANA REYES (ABR)"_s);
+    EXPECT_TRUE(told("lblBegin").contains(u"Alt+Q"_s));
+    EXPECT_EQ(told("lblTrial"), QString());
+}
+
+TEST_F(frmMainLoad, TheTrialHospitalCannotBeMistaken) {
+    std::dynamic_pointer_cast<FakeCurrentUser>(gCurrentUser.Shared())->onTrial = true;
+    ExpectPlainHospital();
+    window->Form_Load();
+    const auto* trial = window->findChild<QLabel*>(u"lblTrial"_s);
+    ASSERT_NE(trial, nullptr);
+    EXPECT_EQ(trial->text(), u"TRIAL"_s);
+    EXPECT_GE(trial->sizeHint().height(), 3 * window->findChild<QLabel*>(u"lblUser"_s)->sizeHint().height());
 }
 
 TEST_F(frmMainLoad, GivesItsOwnWindowToTheSignOn) {

@@ -19,6 +19,7 @@ class FakeCurrentUser : public clsCurrentUser {
     QString deptCode;
     WId parentWindow = 0;
     int shown = 0;
+    bool onTrial = false;
     /// Counts how often the password was read.
     mutable int passwordReads = 0;
 
@@ -30,6 +31,7 @@ class FakeCurrentUser : public clsCurrentUser {
     QString Initial() const override { return QStringLiteral("ABR"); }
     QString EmployeeName() const override { return QStringLiteral("ANA REYES"); }
     QString EmployeeCode() const override { return QStringLiteral("NURSE"); }
+    bool IsOnTrial() const override { return onTrial; }
     QString ServerName() const override { return QStringLiteral("HOSPITAL"); }
     QString Database() const override { return QStringLiteral("PASSWORD"); }
     QString UserId() const override { return QStringLiteral("NURSE"); }

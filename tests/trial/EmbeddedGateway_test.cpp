@@ -508,6 +508,24 @@ TEST_F(EmbeddedGatewayTest, ARefusalThatDoesNotHoldIsPassedOver) {
               (QStringList{u"CLERK"_s, u"NURSE"_s}));
 }
 
+TEST_F(EmbeddedGatewayTest, AProcedureChoosesBetweenItsQueries) {
+    auto scripts = SmallHospitalScripts();
+    scripts.push_back(
+        {u"procedures/Clinical_Area/spChoice.sql"_s,
+         u"USE Clinical_Area;\nGO\nCREATE PROCEDURE dbo.spChoice @Kind varchar(1) AS\nBEGIN\n"
+         "    SET NOCOUNT ON;\n"
+         "    IF @Kind = 'U' SELECT EmployeeID FROM PASSWORD..tbSmallUser ORDER BY EmployeeID;\n"
+         "    ELSE IF EXISTS (SELECT 1 FROM PASSWORD..tbSmallUser WHERE LEFT(EmployeeID, 1) = @Kind)\n"
+         "        SELECT CONCAT('begins with ', @Kind) AS Told;\n"
+         "    ELSE SELECT 'nobody' AS Told;\n"
+         "END\nGO\n"_s});
+    const auto gateway = HospitalFile::Open(hospital.Path(), scripts);
+    EXPECT_EQ(RowTexts(*gateway, u"Clinical_Area..spChoice 'U'"_s), QStringList{u"NURSE"_s});
+    EXPECT_EQ(RowTexts(*gateway, u"Clinical_Area..spChoice 'N'"_s), QStringList{u"begins with N"_s});
+    EXPECT_EQ(RowTexts(*gateway, u"Clinical_Area..spChoice 'X'"_s), QStringList{u"nobody"_s});
+    EXPECT_EQ(RowTexts(*gateway, u"Clinical_Area..spChoice NULL"_s), QStringList{u"nobody"_s});
+}
+
 TEST_F(EmbeddedGatewayTest, TheSessionsUserIsTheConnectionsOwn) {
     const auto gateway = WithOwnName(hospital);
     EXPECT_EQ(RowTexts(*gateway, u"select suser_sname() as u"_s), QStringList{QString()}) << "nobody yet";

@@ -100,6 +100,24 @@ TEST(ScriptProcedure, RefusalsNameTheirNumberAndText) {
     EXPECT_TRUE(refusal.condition->IsCondition());
 }
 
+TEST(ScriptProcedure, ABranchPassesOverWhatItDoesNotTake) {
+    const auto procedure = Parsed<ProcedureDefinition>(
+        kProcedure +
+        u"@a int AS BEGIN IF @a = 1 SELECT 1 AS x; ELSE IF @a = 2 SELECT 2 AS x; ELSE SELECT 3 AS x; "
+        "SELECT 4 AS y; END"_s);
+    const auto passedOver = [&procedure](size_t step) {
+        const auto* branch = std::get_if<BranchStatement>(&procedure.body.at(step));
+        return branch ? int(branch->passedOver) * (branch->condition ? 1 : -1) : 0;
+    };
+    ASSERT_EQ(procedure.body.size(), 8U);
+    EXPECT_EQ(passedOver(0), 2);
+    EXPECT_EQ(passedOver(2), -4) << "an ELSE is passed over by whoever comes to it";
+    EXPECT_EQ(passedOver(3), 2);
+    EXPECT_EQ(passedOver(5), -1);
+    for (const size_t select : {1, 4, 6, 7})
+        EXPECT_TRUE(std::holds_alternative<SelectStatement>(procedure.body[select])) << select;
+}
+
 TEST(ScriptStatementTest, SeveralInOneBatch) {
     const QString text = u"USE X; DELETE FROM a..b; ;; UPDATE a..b SET c = 1;"_s;
     TokenCursor cursor(text);
@@ -130,7 +148,11 @@ INSTANTIATE_TEST_SUITE_P(
         BadScript{"Drop", u"DROP TABLE t"_s, 156},
         BadScript{"MissingSemicolon", kProcedure + u"AS BEGIN SELECT 1 AS a END"_s, 156},
         BadScript{"Variable", kProcedure + u"AS BEGIN DECLARE @x int; END"_s, 156},
-        BadScript{"If", kProcedure + u"AS BEGIN IF 1 = 1 SELECT 1 AS a; END"_s, 156},
+        BadScript{"WritingBranch", kProcedure + u"AS BEGIN IF 1 = 1 DELETE FROM a..b; END"_s, 156},
+        BadScript{"WritingElse",
+                  kProcedure + u"AS BEGIN IF 1 = 1 SELECT 1 AS a; ELSE DELETE FROM a..b; END"_s, 156},
+        BadScript{"ElseAlone", kProcedure + u"AS BEGIN ELSE SELECT 1 AS a; END"_s, 156},
+        BadScript{"IfAlone", kProcedure + u"AS BEGIN IF 1 = 1; END"_s, 102},
         BadScript{"ErrorOfTheServersOwn", kProcedure + u"AS BEGIN IF 1 = 1 THROW 49999, 'x', 1; END"_s, 102},
         BadScript{"RefusalWithoutText", kProcedure + u"AS BEGIN IF 1 = 1 THROW 50001; END"_s, 102},
         BadScript{"RefusalWithoutCondition", kProcedure + u"AS BEGIN THROW 50001, 'x', 1; END"_s, 102},

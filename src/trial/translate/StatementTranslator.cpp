@@ -231,3 +231,9 @@ void StatementTranslator::Make(const RefusalStatement& refusal) {
     mOut.sql = u"SELECT 1"_s + WhereText(refusal.condition, Scope());
     mOut.refusal = RunTimeError(refusal.number, refusal.text, u"42000"_s);
 }
+
+void StatementTranslator::Make(const BranchStatement& branch) {
+    mOut.sql =
+        branch.condition ? u"SELECT 1"_s + WhereText(branch.condition, Scope()) : u"SELECT 1 WHERE 0"_s;
+    mOut.passedOver = branch.passedOver;
+}

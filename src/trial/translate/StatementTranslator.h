@@ -27,6 +27,7 @@ class StatementTranslator {
     void Make(const UpdateStatement& update);
     void Make(const DeleteStatement& erase);
     void Make(const RefusalStatement& refusal);
+    void Make(const BranchStatement& branch);
 
     const Table& Find(const ObjectName& name) const;
     std::vector<Target> Targets(const InsertStatement& insert, const Table& table) const;

@@ -48,6 +48,8 @@ struct Translation {
     int firstConstant = 1;
     /// A refusal: where the statement brings a row, the command fails with this.
     std::optional<RunTimeError> refusal = {};
+    /// A branch: where the statement brings no row, so many of the steps behind it are passed over.
+    size_t passedOver = 0;
     /// The number of the parameter that gets the present time; 0 for a statement without GETDATE().
     int clock = 0;
     /// Set for an UPDATE.

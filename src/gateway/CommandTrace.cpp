@@ -1,0 +1,137 @@
+#include "gateway/CommandTrace.h"
+
+#include "gateway/SqlLexer.h"
+#include "text/Clock.h"
+#include "text/Format.h"
+#include "text/RunTimeError.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr mode_t kOwnersAlone = S_IRUSR | S_IWUSR;
+
+[[noreturn]] void RaiseFileError(const QString& path, const QString& reason) {
+    throw RunTimeError(RunTime::kPathFileAccess,
+                       u"%1: %2 (%3)"_s.arg(RunTime::TextOf(RunTime::kPathFileAccess), path, reason));
+}
+
+/// Whether the file behind the descriptor is a plain one of this user, which no one else can read from now
+/// on.
+bool BecomesOwnersAlone(int file) {
+    struct stat state = {};
+    return fstat(file, &state) == 0 && S_ISREG(state.st_mode) && state.st_uid == geteuid() &&
+           fchmod(file, kOwnersAlone) == 0;
+}
+
+bool IsLiteral(const Token& token) {
+    return token.kind == TokenKind::Text || token.kind == TokenKind::Number;
+}
+
+/// A word that may stand right behind a text: the hospital's commands have such places.
+bool GoesOnAfterText(const Token& token) {
+    constexpr std::array<QStringView, 6> words = {u"and", u"or", u"as", u"from", u"where", u"order"};
+    return std::any_of(words.begin(), words.end(), [&token](QStringView word) { return token.Is(word); });
+}
+
+/// Whether a quote within a literal has ended it: what stands here was typed as a part of it.
+bool BreaksOut(const Token& before, const Token& token) {
+    return before.kind == TokenKind::Text && token.kind != TokenKind::Operator &&
+           before.position + before.written.size() == token.position && !GoesOnAfterText(token);
+}
+
+bool EndsWhatIsKnown(const Token& token) {
+    return token.kind == TokenKind::UnclosedQuote || token.kind == TokenKind::UnclosedComment;
+}
+
+} // namespace
+
+CommandTrace* CommandTrace::current = nullptr;
+
+CommandTrace::CommandTrace(const QString& path, Texts texts)
+    : mTexts(texts)
+    , mFile(open(QFile::encodeName(path).constData(),
+                 O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, kOwnersAlone)) {
+    if (mFile < 0)
+        RaiseFileError(path, QString::fromLocal8Bit(std::strerror(errno)));
+    if (BecomesOwnersAlone(mFile))
+        return;
+    close(mFile);
+    RaiseFileError(path, u"it is no file of this user"_s);
+}
+
+CommandTrace::~CommandTrace() {
+    close(mFile);
+}
+
+std::unique_ptr<CommandTrace> CommandTrace::OfEnvironment() {
+    const QString path = QFile::decodeName(qgetenv("TARVEN_TRACE"));
+    if (path.isEmpty())
+        return nullptr;
+    return std::make_unique<CommandTrace>(path, qgetenv("TARVEN_TRACE_TEXTS") == "1" ? Texts::Whole
+                                                                                     : Texts::Masked);
+}
+
+QString CommandTrace::Moment() {
+    const DateTime now = Now();
+    return Format(now, u"yyyy-mm-dd hh:mm:ss") + u".%1"_s.arg(now.ToFields().millisecond, 3, 10, QChar(u'0'));
+}
+
+void CommandTrace::Write(const QString& sent, Begin begin, qint64 rows, const QString& text) {
+    WriteLine(sent, begin, u"rows %1"_s.arg(rows), text);
+}
+
+void CommandTrace::WriteFailure(const QString& sent, Begin begin, const QString& text) {
+    QString failure = u"failed"_s;
+    try {
+        throw;
+    } catch (const RunTimeError& error) {
+        failure = u"error %1"_s.arg(error.Number());
+        // The server's words may hold a patient's: "the varchar value 'DELA CRUZ'".
+        if (mTexts == Texts::Whole)
+            failure += u' ' + error.Description().simplified();
+    } catch (...) {
+    }
+    WriteLine(sent, begin, failure, text);
+}
+
+void CommandTrace::WriteLine(const QString& sent, Begin begin, const QString& outcome, const QString& text) {
+    const double taken =
+        std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count();
+    QString told = mTexts == Texts::Whole ? text : MaskedCommand(text);
+    const QByteArray line = u"%1  %2 ms  %3  %4\n"_s
+                                .arg(sent, QString::number(taken, 'f', 3), outcome,
+                                     told.replace(u'\r', u' ').replace(u'\n', u' '))
+                                .toUtf8();
+    // One write for the whole line: those of the threads of reports come between lines. A full disk keeps
+    // nobody from his work.
+    [[maybe_unused]] const ssize_t written = write(mFile, line.constData(), size_t(line.size()));
+}
+
+QString MaskedCommand(const QString& command) {
+    QString masked;
+    Token before;
+    qsizetype end = 0;
+    for (const Token& token : LexSql(command)) {
+        if (token.kind == TokenKind::End)
+            break;
+        if (token.position > end)
+            masked += u' ';
+        if (EndsWhatIsKnown(token) || BreaksOut(before, token))
+            return masked + u"..."_s;
+        masked += IsLiteral(token) ? u"?"_s : token.written.toString();
+        before = token;
+        end = token.position + token.written.size();
+    }
+    return masked;
+}
