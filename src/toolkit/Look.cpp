@@ -22,7 +22,7 @@ constexpr int kPointSize = 8;
 /// What the style does not draw by itself; "@" stands before a colour's name.
 constexpr auto kStyleSheet = R"(
 QGroupBox { font-weight: bold; border: 1px solid @line; border-radius: 4px; margin-top: 8px; padding-top: 8px; }
-QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; }
+QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 4px; min-height: 14px; }
 QLabel[heading="true"] { font-size: 12pt; font-weight: bold; color: @heading; }
 QLabel[problem="true"] { font-weight: bold; color: @problem; }
 QLabel[trial="true"] { font-size: 32pt; font-weight: bold; color: @problem; border: 4px solid @problem;
