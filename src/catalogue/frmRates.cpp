@@ -70,7 +70,7 @@ QGroupBox* frmRates::LayoutList() {
     grdRates = new FlexGrid(fraList);
     grdRates->setObjectName(u"grdRates"_s);
     grdRates->setAccessibleName(u"Rates"_s);
-    grdRates->setMinimumSize(TwipsToPixels(kRatesWidth), TwipsToPixels(kRatesHeight));
+    grdRates->SetStartSize({kRatesWidth, kRatesHeight});
     auto* list = new QVBoxLayout(fraList);
     list->addWidget(grdRates);
     return fraList;

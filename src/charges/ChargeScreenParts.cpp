@@ -29,7 +29,7 @@ QLineEdit* NewTotalBox(const QString& name, QWidget* parent) {
 }
 
 void FillChargeFrame(QGroupBox* frame, FlexGrid* grid, const QString& label, QLineEdit* total) {
-    grid->setMinimumSize(TwipsToPixels(kGridWidth), TwipsToPixels(kGridHeight));
+    grid->SetStartSize({kGridWidth, kGridHeight});
     auto* sum = new QGridLayout;
     AddLabelled(*sum, 0, 1, label, total);
     sum->setColumnStretch(0, 1);

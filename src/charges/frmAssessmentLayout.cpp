@@ -20,6 +20,7 @@ using namespace Qt::StringLiterals;
 
 void frmAssessment::Layout() {
     setObjectName(u"frmAssessment"_s);
+    LetMaximize();
     auto* patient = new QHBoxLayout;
     patient->addWidget(LayoutPatientType());
     patient->addWidget(LayoutPatientName(), 1);

@@ -21,6 +21,7 @@ using namespace Qt::StringLiterals;
 void frmPostCharges::Layout() {
     setObjectName(u"frmPostCharges"_s);
     setWindowTitle(u"Post Charges"_s);
+    LetMaximize();
     auto* top = new QHBoxLayout;
     top->addWidget(NewPatientNameFrame(*this, this), 1);
     top->addWidget(LayoutHospitalInfo(), 1);

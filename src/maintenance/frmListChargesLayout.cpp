@@ -25,6 +25,7 @@ constexpr int kColumnsOfACharge = 10;
 void frmListCharges::Layout() {
     setObjectName(u"frmListCharges"_s);
     setWindowTitle(u"List of Charges"_s);
+    LetMaximize();
     auto* top = new QHBoxLayout;
     top->addWidget(NewPatientNameFrame(*this, this), 1);
     top->addWidget(LayoutHospitalInfo(), 1);

@@ -74,6 +74,7 @@ frmSearchPatient::frmSearchPatient() {
 void frmSearchPatient::Layout() {
     setObjectName(u"frmSearchPatient"_s);
     setWindowTitle(u"Patient List"_s);
+    LetMaximize();
     txtLastName = NewTextBox(u"txtLastName"_s, this);
     ListView1 = new ListView(this);
     ListView1->setObjectName(u"ListView1"_s);

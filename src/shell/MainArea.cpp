@@ -3,11 +3,20 @@
 #include "toolkit/Controls.h"
 #include "toolkit/Look.h"
 
+#include <QApplication>
 #include <QFrame>
 #include <QLabel>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Beside the control that is brought into the area.
+constexpr QMargins kMargin(Space::kNormal, Space::kNormal, Space::kNormal, Space::kNormal);
+
+} // namespace
 
 MainArea::MainArea(QWidget* parent)
     : QMdiArea(parent)
@@ -16,6 +25,10 @@ MainArea::MainArea(QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    // A clerk who gave one screen the whole area has not given it to the next one.
+    setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](const QWidget*, const QWidget* now) { Reveal(now); });
     mPanel->setObjectName(u"WhereOneIs"_s);
     // A click beside the screens is one on the area, whatever is told there.
     mPanel->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -49,6 +62,22 @@ QLabel* MainArea::AddLine(const QString& name, const QString& text) {
     line->setAlignment(Qt::AlignCenter);
     mPanel->layout()->addWidget(line);
     return line;
+}
+
+/// Brings the control with the focus into the area, where its screen is larger than that.
+void MainArea::Reveal(const QWidget* focus) {
+    if (!focus || !viewport()->isAncestorOf(focus))
+        return;
+    const QRect place = QRect(focus->mapTo(viewport(), QPoint()), focus->size()).marginsAdded(kMargin);
+    const auto into = [](QScrollBar& bar, int first, int last, int room) {
+        // What is larger than the area shows its beginning.
+        if (first < 0 || last - first > room)
+            bar.setValue(bar.value() + first);
+        else if (last > room)
+            bar.setValue(bar.value() + last - room);
+    };
+    into(*horizontalScrollBar(), place.left(), place.right() + 1, viewport()->width());
+    into(*verticalScrollBar(), place.top(), place.bottom() + 1, viewport()->height());
 }
 
 void MainArea::resizeEvent(QResizeEvent* event) {

@@ -33,6 +33,7 @@ class MainArea : public QMdiArea {
     void scrollContentsBy(int dx, int dy) override;
 
   private:
+    void Reveal(const QWidget* focus);
     QLabel* AddLine(const QString& name, const QString& text);
     void PlacePanel();
 

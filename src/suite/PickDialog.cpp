@@ -94,7 +94,7 @@ void PickDialog::Layout(const QString& title, std::span<const GridColumn> column
     int width = kScrollBarWidth;
     for (const GridColumn& column : columns)
         width += column.width;
-    lstPick->setMinimumSize(TwipsToPixels(width), TwipsToPixels(kListHeight));
+    lstPick->SetStartSize({width, kListHeight});
     cmdPick = NewButton(u"cmdPick"_s, u"&Select"_s, this);
     cmdPick->setDefault(true);
     cmdCancel = NewButton(u"cmdCancel"_s, u"Cancel"_s, this);

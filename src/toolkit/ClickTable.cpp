@@ -1,6 +1,29 @@
 #include "toolkit/ClickTable.h"
 
+#include "toolkit/Twips.h"
+
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QToolTip>
+
 #include <utility>
+
+namespace {
+
+/// Its headings and some lines of it: less is no use to the clerk.
+constexpr QSize kLeastTwips(3000, 1500);
+/// By how much a key makes a column wider or narrower.
+constexpr int kStepTwips = 150;
+
+/// Shows a tip, or hides the one of before where there is nothing to be told.
+void ShowTip(QWidget& table, const QHelpEvent& event, const QString& text) {
+    // What stands in a cell is no markup, and a tip of markup wraps.
+    QToolTip::showText(event.globalPos(), text.isEmpty() ? text : text.toHtmlEscaped().prepend(u"<p>"),
+                       &table);
+}
+
+} // namespace
 
 ClickTable::ClickTable(QWidget* parent)
     : QTableView(parent) {
@@ -8,6 +31,65 @@ ClickTable::ClickTable(QWidget* parent)
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
     setWordWrap(false);
+    horizontalHeader()->viewport()->installEventFilter(this);
+}
+
+QSize ClickTable::sizeHint() const {
+    return mStartSize.isValid() ? QSize(TwipsToPixels(mStartSize.width()), TwipsToPixels(mStartSize.height()))
+                                : QTableView::sizeHint();
+}
+
+QSize ClickTable::minimumSizeHint() const {
+    return {TwipsToPixels(kLeastTwips.width()), TwipsToPixels(kLeastTwips.height())};
+}
+
+void ClickTable::keyPressEvent(QKeyEvent* event) {
+    if (!ResizesColumn(*event))
+        QTableView::keyPressEvent(event);
+}
+
+bool ClickTable::ResizesColumn(const QKeyEvent& event) {
+    // The plus lies above the equals sign on many keyboards.
+    const bool wider = event.key() == Qt::Key_Plus || event.key() == Qt::Key_Equal;
+    const bool resizes =
+        event.modifiers().testFlag(Qt::ControlModifier) && (wider || event.key() == Qt::Key_Minus);
+    const int column = currentIndex().column();
+    if (!resizes || column < 0)
+        return resizes;
+    const int step = TwipsToPixels(kStepTwips);
+    const int width = columnWidth(column) + (wider ? step : -step);
+    setColumnWidth(column, qMax(width, horizontalHeader()->minimumSectionSize()));
+    return true;
+}
+
+bool ClickTable::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip)
+        return ShowWholeCell(static_cast<const QHelpEvent&>(*event));
+    return QTableView::viewportEvent(event);
+}
+
+bool ClickTable::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ToolTip && watched == horizontalHeader()->viewport())
+        return ShowWholeHeading(static_cast<const QHelpEvent&>(*event));
+    return QTableView::eventFilter(watched, event);
+}
+
+bool ClickTable::ShowWholeCell(const QHelpEvent& event) {
+    const QModelIndex cell = indexAt(event.pos());
+    const QString text = cell.data().toString();
+    const QRect place = visualRect(cell);
+    const bool isCut = sizeHintForIndex(cell).width() > place.width() || place.right() >= viewport()->width();
+    ShowTip(*this, event, isCut ? text : QString());
+    return true;
+}
+
+bool ClickTable::ShowWholeHeading(const QHelpEvent& event) {
+    const int column = horizontalHeader()->logicalIndexAt(event.pos());
+    const QString text =
+        model() ? model()->headerData(column, Qt::Horizontal).toString().trimmed() : QString();
+    const bool isCut = column >= 0 && horizontalHeader()->sectionSizeHint(column) > columnWidth(column);
+    ShowTip(*this, event, isCut ? text : QString());
+    return true;
 }
 
 void ClickTable::mouseReleaseEvent(QMouseEvent* event) {

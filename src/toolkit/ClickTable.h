@@ -3,12 +3,19 @@
 #include <QTableView>
 
 /// What the grid and the list have in common: a table that is read and not edited, in which one cell or row
-/// is marked, and which tells clicks as the run-time does.
+/// is marked, and which tells clicks as the run-time does. A text that its column cuts stands whole in a tip;
+/// Ctrl and plus make the current column wider, Ctrl and minus narrower.
 class ClickTable : public QTableView {
     Q_OBJECT
 
   public:
     explicit ClickTable(QWidget* parent);
+
+    /// The size with which its screen opens, in twips. From then on it grows and shrinks with the screen.
+    void SetStartSize(const QSize& twips) { mStartSize = twips; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
     /// Letters do not search in the table; they belong to the screen.
     void keyboardSearch(const QString&) override {}
@@ -20,10 +27,20 @@ class ClickTable : public QTableView {
     void DblClick();
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    /// For the headings.
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
   private:
+    bool ResizesColumn(const QKeyEvent& event);
+    bool ShowWholeCell(const QHelpEvent& event);
+    bool ShowWholeHeading(const QHelpEvent& event);
+
+    /// Invalid where none was set.
+    QSize mStartSize;
     /// The button that comes up belongs to a double click, which was a click before.
     bool mDoubleClicked = false;
 };

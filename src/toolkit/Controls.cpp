@@ -72,12 +72,12 @@ QGroupBox* NewFrame(const QString& name, const QString& caption, QWidget* parent
     return frame;
 }
 
-FlexGrid* NewList(const QString& name, const QString& spoken, const QSize& leastTwips, QWidget* parent) {
+FlexGrid* NewList(const QString& name, const QString& spoken, const QSize& startTwips, QWidget* parent) {
     auto* list = new FlexGrid(parent);
     list->setObjectName(name);
     list->setAccessibleName(spoken);
     list->SetRowSelect(true);
-    list->setMinimumSize(TwipsToPixels(leastTwips.width()), TwipsToPixels(leastTwips.height()));
+    list->SetStartSize(startTwips);
     return list;
 }
 

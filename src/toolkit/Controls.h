@@ -44,7 +44,7 @@ QLabel* NewHeading(const QString& text, QWidget* parent);
 QGroupBox* NewFrame(const QString& name, const QString& caption, QWidget* parent);
 
 /// A list from which whole rows are picked, with what it is spoken by and its least size in twips.
-FlexGrid* NewList(const QString& name, const QString& spoken, const QSize& leastTwips, QWidget* parent);
+FlexGrid* NewList(const QString& name, const QString& spoken, const QSize& startTwips, QWidget* parent);
 
 /// Puts an input with its label before it into a row of a grid; the label becomes the input's buddy and its
 /// accessible name. Columns are the label's column and the one behind it.

@@ -11,10 +11,12 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPushButton>
+#include <QScreen>
 #include <QWindow>
 
 #include <vector>
@@ -66,6 +68,11 @@ void KeepBarEmpty(const QWidget& form) {
         form.windowHandle()->setTitle(u" "_s);
 }
 
+bool IsMaximizing(const QKeyEvent& event) {
+    return event.keyCombination() == QKeyCombination(Qt::ControlModifier, Qt::Key_F10) &&
+           !event.isAutoRepeat();
+}
+
 void CenterOver(QWidget& form, const QWidget* owner) {
     if (!owner)
         return;
@@ -103,7 +110,7 @@ void Form::Show() {
     if (workspace && !mSubWindow && !IsModal() && !mStandAlone)
         PutInside(*workspace->Area());
     if (mStandAlone && !isVisible()) {
-        adjustSize();
+        TakeStartSize(screen()->availableSize());
         CenterOver(*this, WindowBelow());
     }
     show();
@@ -118,9 +125,20 @@ void Form::Show() {
     Activate();
 }
 
+/// The size with which a screen begins: as it is told, or as much of it as there is room for. The toolkit by
+/// itself would give a window two thirds of the machine's screen at most.
+void Form::TakeStartSize(const QSize& room) {
+    QSize size = sizeHint();
+    // A text that wraps asks for its height when the width is known.
+    if (layout() && layout()->hasHeightForWidth())
+        size.setHeight(layout()->totalHeightForWidth(size.width()));
+    resize(size.boundedTo(room));
+}
+
 void Form::PutInside(QMdiArea& area) {
-    adjustSize();
-    mSubWindow = area.addSubWindow(this, kInsideFlags);
+    TakeStartSize(area.viewport()->size());
+    mSubWindow =
+        area.addSubWindow(this, mMayMaximize ? kInsideFlags | Qt::WindowMaximizeButtonHint : kInsideFlags);
     mSubWindow->setAttribute(Qt::WA_DeleteOnClose, false);
     // The frame's own keys would close the screen without asking.
     for (QAction* action : mSubWindow->systemMenu()->actions())
@@ -130,8 +148,25 @@ void Form::PutInside(QMdiArea& area) {
         if (sub && sub == mSubWindow && !ModalStack::Covers(window()))
             Activate();
     });
-    if (mPlaced)
-        mSubWindow->move(mPlace);
+    PlaceInside(area);
+}
+
+/// A screen begins at its place, or in the middle where none is told; what its lists can spare of their size
+/// it leaves where the area has no room for it.
+void Form::PlaceInside(const QMdiArea& area) {
+    const QSize room = area.viewport()->size();
+    mSubWindow->resize(mSubWindow->size().boundedTo(room));
+    const QSize rest = (room - mSubWindow->size()).expandedTo({0, 0});
+    mSubWindow->move(mPlaced ? mPlace : QPoint(rest.width() / 2, rest.height() / 2));
+}
+
+void Form::ToggleMaximized() {
+    if (!mSubWindow || !mMayMaximize)
+        return;
+    if (mSubWindow->isMaximized())
+        mSubWindow->showNormal();
+    else
+        mSubWindow->showMaximized();
 }
 
 /// The screen to which the clerk comes back when a modal one has closed; null where another modal one is
@@ -149,7 +184,7 @@ bool Form::IsModal() const {
 void Form::OpenOver(const QWidget* owner) {
     setWindowFlags(kModalFlags);
     setWindowModality(Qt::ApplicationModal);
-    adjustSize();
+    TakeStartSize(screen()->availableSize());
     winId();
     KeepBarEmpty(*this);
     if (owner)
@@ -192,6 +227,9 @@ void Form::LeaveArea(QMdiArea& area) {
     const Form* next = LastVisited();
     if (next && area.currentSubWindow() == mSubWindow)
         area.setActiveSubWindow(next->mSubWindow);
+    // One that has the whole area has its buttons in the menu bar and its title in the main window's.
+    if (mSubWindow->isMaximized())
+        mSubWindow->showNormal();
     mSubWindow->hide();
     mSubWindow->setWidget(nullptr);
     setParent(nullptr);
@@ -266,6 +304,8 @@ void Form::keyPressEvent(QKeyEvent* event) {
         LeaveByKey();
     else if (enter && button && button->hasFocus())
         button->click();
+    else if (IsMaximizing(*event))
+        ToggleMaximized();
     else
         QWidget::keyPressEvent(event);
 }

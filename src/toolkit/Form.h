@@ -58,6 +58,9 @@ class Form : public QWidget {
     /// The button that closes the screen, for one that does more than unload it.
     void SetCloseButton(QAbstractButton* button) { mCloseButton = button; }
 
+    /// The clerk may give the screen the whole area, with its button, a double click on its title or
+    /// Ctrl+F10.
+    void LetMaximize() { mMayMaximize = true; }
     /// The screen shows beside the main window, never inside it.
     void StandAlone() { mStandAlone = true; }
 
@@ -74,11 +77,15 @@ class Form : public QWidget {
     void WindowCameToFront(const QWindow* front);
     void Leave();
     void OpenOver(const QWidget* owner);
+    void TakeStartSize(const QSize& room);
     void PutInside(QMdiArea& area);
+    void PlaceInside(const QMdiArea& area);
+    void ToggleMaximized();
     void LeaveArea(QMdiArea& area);
 
     bool mLoaded = false;
     bool mStandAlone = false;
+    bool mMayMaximize = false;
     bool mUnloading = false;
     QAbstractButton* mCloseButton = nullptr;
     QPointer<QMdiSubWindow> mSubWindow;

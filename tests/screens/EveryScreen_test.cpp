@@ -71,8 +71,11 @@ QSize RoomOf(const QWidget& screen) {
         return screen.size() + QSize(0, kTitleBar);
     const QMdiArea& area = *frame->mdiArea();
     const QSize around = area.window()->size() - area.viewport()->size();
-    return around + QSize(frame->geometry().right() + 1, frame->geometry().bottom() + 1) +
-           QSize(0, kTitleBar);
+    // A screen without a place stands in the middle, in a smaller area too.
+    const QPoint middle = QRect(QPoint(), area.viewport()->size() - frame->size()).center();
+    const bool isPlaced = (frame->pos() - middle).manhattanLength() > 2;
+    const QPoint place = isPlaced ? frame->pos() : QPoint();
+    return around + QSize(place.x(), place.y()) + frame->size() + QSize(0, kTitleBar);
 }
 
 /// A report takes whatever there is.

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QScrollBar>
 
@@ -55,6 +56,31 @@ TEST_F(MainAreaTest, ScreensLieAboveIt) {
     const QWidget* there = mArea.viewport()->childAt(middle);
     ASSERT_NE(there, nullptr);
     EXPECT_TRUE(there == screen || screen->isAncestorOf(there));
+}
+
+TEST_F(MainAreaTest, TheControlWithTheFocusIsBroughtIntoIt) {
+    auto* screen = new QWidget;
+    auto* far = new QLineEdit(screen);
+    auto* near = new QLineEdit(screen);
+    far->setGeometry(1500, 1200, 100, 20);
+    near->setGeometry(10, 10, 100, 20);
+    auto* frame = mArea.addSubWindow(screen);
+    frame->setGeometry(0, 0, 1700, 1300);
+    frame->show();
+    QApplication::setActiveWindow(&mArea);
+    const auto isSeen = [this](const QWidget* control) {
+        return mArea.viewport()->rect().contains(
+            QRect(control->mapTo(mArea.viewport(), QPoint()), control->size()));
+    };
+    near->setFocus();
+    QApplication::processEvents();
+    EXPECT_FALSE(isSeen(far));
+    far->setFocus();
+    QApplication::processEvents();
+    EXPECT_TRUE(isSeen(far));
+    near->setFocus();
+    QApplication::processEvents();
+    EXPECT_TRUE(isSeen(near));
 }
 
 TEST_F(MainAreaTest, AHospitalsNameIsNoMarkup) {

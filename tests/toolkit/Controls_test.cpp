@@ -76,13 +76,15 @@ TEST(Controls, APickerIsNarrowAndSpokenByItsPurpose) {
     EXPECT_EQ(picker->maximumWidth(), TwipsToPixels(500));
 }
 
-TEST(Controls, AListMarksRowsAndKeepsItsLeastSize) {
+TEST(Controls, AListMarksRowsAndBeginsWithItsSize) {
     QWidget window;
     const FlexGrid* list = NewList(u"grdTable"_s, u"Patient List"_s, {9000, 3600}, &window);
     EXPECT_EQ(list->objectName(), u"grdTable"_s);
     EXPECT_EQ(list->accessibleName(), u"Patient List"_s);
     EXPECT_EQ(list->selectionBehavior(), QAbstractItemView::SelectRows);
-    EXPECT_EQ(list->minimumSize(), QSize(TwipsToPixels(9000), TwipsToPixels(3600)));
+    EXPECT_EQ(list->sizeHint(), QSize(TwipsToPixels(9000), TwipsToPixels(3600)));
+    EXPECT_LT(list->minimumSizeHint().width(), list->sizeHint().width()) << "it shrinks with its screen";
+    EXPECT_LT(list->minimumSizeHint().height(), list->sizeHint().height());
 }
 
 TEST(Controls, ControlsOfARightAlignedRowStandAtItsEndInTheirOrder) {

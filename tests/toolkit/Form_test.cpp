@@ -97,6 +97,67 @@ TEST_F(FormLife, MoveToPlacesTheScreenInTwipsBeforeItShowsOrAfter) {
     EXPECT_EQ(SubWindowOf(screen)->pos(), QPoint(0, 0));
 }
 
+TEST_F(FormLife, WithoutATakenPlaceAScreenOpensInTheMiddle) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.Show();
+    const QPoint away =
+        SubWindowOf(screen)->geometry().center() - workspace.Area()->viewport()->rect().center();
+    EXPECT_LE(away.manhattanLength(), 4);
+}
+
+/// Gives a screen a list that would like to be larger than the area.
+void AddLargeList(QWidget& screen) {
+    auto* list = new FlexGrid(&screen);
+    list->SetStartSize({30000, 20000});
+    screen.layout()->addWidget(list);
+}
+
+TEST_F(FormLife, AScreenBeginsNoLargerThanTheAreaWhereItsListCanSpareTheRoom) {
+    FormA& screen = Screens::Get<FormA>();
+    AddLargeList(screen);
+    screen.Show();
+    EXPECT_EQ(SubWindowOf(screen)->size(), workspace.Area()->viewport()->size());
+    EXPECT_EQ(SubWindowOf(screen)->pos(), QPoint(0, 0));
+}
+
+TEST_F(FormLife, AScreenBeginsWithTheSizeOfItsListAndGrowsWithTheClerk) {
+    FormA& screen = Screens::Get<FormA>();
+    auto* list = new FlexGrid(&screen);
+    list->SetStartSize({6000, 3000});
+    screen.layout()->addWidget(list);
+    screen.Show();
+    RunEvents();
+    EXPECT_EQ(list->size(), QSize(TwipsToPixels(6000), TwipsToPixels(3000)));
+    SubWindowOf(screen)->resize(SubWindowOf(screen)->size() + QSize(120, 80));
+    RunEvents();
+    EXPECT_EQ(list->size(), QSize(TwipsToPixels(6000) + 120, TwipsToPixels(3000) + 80));
+}
+
+TEST_F(FormLife, AKeyGivesAScreenTheWholeAreaAndTakesItBack) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.LetMaximize();
+    const QString title = workspace.windowTitle();
+    screen.Show();
+    const QRect before = SubWindowOf(screen)->geometry();
+    QTest::keyClick(screen.box, Qt::Key_F10, Qt::ControlModifier);
+    EXPECT_TRUE(SubWindowOf(screen)->isMaximized());
+    QTest::keyClick(screen.box, Qt::Key_F10, Qt::ControlModifier);
+    EXPECT_EQ(SubWindowOf(screen)->geometry(), before);
+    QTest::keyClick(screen.box, Qt::Key_F10, Qt::ControlModifier);
+    EXPECT_TRUE(screen.Unload());
+    DeleteUnloaded();
+    EXPECT_EQ(workspace.windowTitle(), title);
+    EXPECT_TRUE(workspace.Area()->subWindowList().isEmpty());
+}
+
+TEST_F(FormLife, AScreenThatIsAsLargeAsItNeedsStaysSo) {
+    FormA& screen = Screens::Get<FormA>();
+    screen.Show();
+    QTest::keyClick(screen.box, Qt::Key_F10, Qt::ControlModifier);
+    EXPECT_FALSE(SubWindowOf(screen)->isMaximized());
+    EXPECT_FALSE(SubWindowOf(screen)->windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
+}
+
 TEST_F(FormLife, UnloadAsksThenTellsThenHidesAndDeletesLater) {
     FormA& screen = Screens::Get<FormA>();
     screen.Show();

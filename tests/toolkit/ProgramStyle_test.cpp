@@ -69,6 +69,7 @@ QWidget* NewFilledGrid(QWidget* parent) {
 
 QWidget* NewFilledList(QWidget* parent) {
     FlexGrid* list = NewList(u"grdTable"_s, u"List"_s, {4000, 2000}, parent);
+    list->resize(list->sizeHint());
     list->Cells().Bind(Rows({u"Name"_s, u"Code"_s}, {{u"CRUZ"_s, u"1"_s}, {u"DIAZ"_s, u"2"_s}}));
     return list;
 }

@@ -36,6 +36,7 @@ template <char Letter> class RecordedForm : public Form {
     ~RecordedForm() override { Note("gone"); }
 
     using Form::SetCloseButton;
+    using Form::LetMaximize;
     using Form::StandAlone;
 
     QLineEdit* box;
