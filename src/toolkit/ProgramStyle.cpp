@@ -207,6 +207,10 @@ bool ProgramStyle::DrawOwn(PrimitiveElement element, const QStyleOption& option,
     case PE_PanelButtonCommand:
         DrawButton(option, painter);
         return true;
+    case PE_FrameTabWidget:
+        // The pages of a screen lie on the screen's ground.
+        DrawPanel(painter, option.rect, TheColors().window, TheColors().line);
+        return true;
     case PE_IndicatorCheckBox:
         DrawCheckBox(option, painter);
         return true;
