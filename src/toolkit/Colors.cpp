@@ -60,7 +60,7 @@ constexpr Colors kDark = {.window = Rgb(0x22282e),
                           .foundEdge = kLight.foundEdge,
                           .sheetEdge = kLight.sheetEdge};
 
-const Colors* current = &kLight;
+const Colors* colorsInUse = &kLight;
 
 /// A desktop whose windows are darker than what is written on them.
 bool IsDark(const QPalette& palette) {
@@ -78,11 +78,11 @@ const Colors& DarkColors() {
 }
 
 const Colors& TheColors() {
-    return *current;
+    return *colorsInUse;
 }
 
 void FollowDesktop() {
-    current = DarkDesktopSeam()() ? &kDark : &kLight;
+    colorsInUse = DarkDesktopSeam()() ? &kDark : &kLight;
 }
 
 QPalette PaletteOf(const Colors& colors) {

@@ -207,6 +207,10 @@ bool ProgramStyle::DrawOwn(PrimitiveElement element, const QStyleOption& option,
     case PE_PanelButtonCommand:
         DrawButton(option, painter);
         return true;
+    case PE_FrameTabWidget:
+        // The pages of a screen lie on the screen's ground.
+        DrawPanel(painter, option.rect, TheColors().window, TheColors().line);
+        return true;
     case PE_IndicatorCheckBox:
         DrawCheckBox(option, painter);
         return true;
@@ -230,12 +234,10 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
         plain.state &= ~State_Selected;
         return QProxyStyle::drawPrimitive(element, &plain, painter, widget);
     }
-    QProxyStyle::drawPrimitive(element, option, painter, widget);
     // The edge of a list; that of a list that drops down is a menu's.
-    if (element == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget)) {
-        painter->setPen(TheColors().line);
-        painter->drawRect(option->rect.adjusted(0, 0, -kEdge, -kEdge));
-    }
+    if (element == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget))
+        return DrawPanel(*painter, option->rect, Qt::NoBrush, TheColors().line);
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element == PE_FrameLineEdit && HasFocus(*option))
         DrawRing(*painter, option->rect, TheColors().focus);
 }

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPalette>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QToolTip>
 #include <QVBoxLayout>
 
@@ -71,6 +72,13 @@ TEST_F(DarkLook, DrawsBoxesAndButtonsInItsColours) {
     EXPECT_EQ(ground(shown), DarkColors().shown);
     EXPECT_EQ(ground(button), DarkColors().button);
     EXPECT_GT(PixelsOf(box->grab().toImage(), DarkColors().line), box->width()) << "its edge";
+}
+
+TEST_F(DarkLook, LaysThePagesOfAScreenOnItsGround) {
+    QTabWidget pages;
+    pages.addTab(new QWidget, u"Search"_s);
+    pages.resize(300, 200);
+    EXPECT_EQ(pages.grab().toImage().pixelColor(150, 150), DarkColors().window);
 }
 
 TEST_F(DarkLook, DrawsTheIconsInItsColours) {
