@@ -1,6 +1,9 @@
 #include "support/tds/TestDataSources.h"
 #include "toolkit/Application.h"
 
+#include <QSettings>
+#include <QTemporaryDir>
+
 #include <gmock/gmock.h>
 
 int main(int argc, char** argv) {
@@ -9,6 +12,9 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     // The machine's own data sources are none of the tests' business.
     TestDataSources::Instance();
+    // Nor is what the program keeps for a user of the machine.
+    const QTemporaryDir settings;
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     const Application application(argc, argv);
     testing::InitGoogleMock(&argc, argv);
     return RUN_ALL_TESTS();

@@ -32,7 +32,6 @@ class Binder {
         return bound;
     }
 
-  private:
     BoundCell Bind(const ReportCell& cell) const {
         BoundCell bound{&cell, {}};
         for (const TextPiece& piece : cell.text) {
@@ -47,6 +46,7 @@ class Binder {
         return bound;
     }
 
+  private:
     BoundPiece Bind(const TextPiece& piece, const ReportCell& cell) const {
         switch (piece.kind) {
         case TextPiece::Kind::Literal:
@@ -99,6 +99,9 @@ BoundTemplate::BoundTemplate(std::shared_ptr<const ReportTemplate> read, const R
     const Binder binder(*mRead, values, queries);
     const BandNumbers numbers(mRead->groups.size());
     mBands.resize(numbers.Count());
+    // A title has words alone.
+    for (const BoundPiece& piece : binder.Bind(mRead->title).text)
+        mTitle += piece.words;
     mPageHeader = binder.Bind(mRead->pageHeader);
     mPageFooter = binder.Bind(mRead->pageFooter);
     mBands[BandNumbers::kReportHeader] = binder.Bind(mRead->reportHeader);

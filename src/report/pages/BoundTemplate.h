@@ -46,6 +46,8 @@ class BoundTemplate {
 
     /// What the template's file says.
     const ReportTemplate& Read() const { return *mRead; }
+    /// What the report is called; empty where the template does not tell.
+    const QString& Title() const { return mTitle; }
     const std::optional<BoundBand>& PageHeader() const { return mPageHeader; }
     const std::optional<BoundBand>& PageFooter() const { return mPageFooter; }
     /// The bands that run down the pages, by BandNumbers; nothing for a band that the template does not have.
@@ -55,6 +57,7 @@ class BoundTemplate {
 
   private:
     std::shared_ptr<const ReportTemplate> mRead;
+    QString mTitle;
     std::optional<BoundBand> mPageHeader;
     std::optional<BoundBand> mPageFooter;
     std::vector<std::optional<BoundBand>> mBands;

@@ -157,9 +157,7 @@ void BandReader::CheckPieces(const ReportCell& cell, Place place) const {
         return;
     }
     for (const TextPiece& piece : cell.text) {
-        const bool ofRows = piece.kind == TextPiece::Kind::Sum || piece.kind == TextPiece::Kind::Count ||
-                            (piece.kind == TextPiece::Kind::Field && !piece.query);
-        if (ofRows)
+        if (IsOfRows(piece))
             throw TemplateError(
                 mReport.file, cell.line,
                 u"A page header or page footer cannot show the fields, sums or counts of the rows."_s);

@@ -68,6 +68,9 @@ struct TextPiece {
     size_t number = 0;
 };
 
+/// Whether a piece shows something of the report's rows.
+bool IsOfRows(const TextPiece& piece);
+
 enum class CellAlign { Left, Center, Right };
 
 /// The edges of a cell that are drawn.
@@ -145,6 +148,9 @@ struct ReportGroup {
 
 struct ReportTemplate {
     QString file;
+    /// What a saved or printed report is called: a text without a place, empty for none. Its dates are
+    /// written so that file names may bear them.
+    ReportCell title;
     /// The paper for printers, without margins.
     QPageLayout paper;
     QMarginsF margins;

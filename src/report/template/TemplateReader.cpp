@@ -66,6 +66,7 @@ class TemplateReader {
             ReadPart();
         mXml.Finish();
         CheckWhole(line);
+        ReadTitle();
         return std::make_shared<const ReportTemplate>(std::move(mReport));
     }
 
@@ -82,7 +83,22 @@ class TemplateReader {
         if (mReport.Body().width() < kLeastBody || mReport.Body().height() < kLeastBody)
             attributes.Fail(u"The margins leave no room on the page."_s);
         mBands.SetBaseStyle(attributes);
+        mReport.title.line = attributes.Line();
+        mTitle = attributes.Text(u"title"_s).value_or(QString());
         attributes.Done();
+    }
+
+    /// It stands before what it names.
+    void ReadTitle() {
+        mReport.title.format = u"yyyy-mm-dd"_s;
+        mReport.title.text = ReadCellText(mReport, mReport.title.line, mTitle);
+        for (const TextPiece& piece : mReport.title.text) {
+            const bool paged = piece.kind == TextPiece::Kind::Page || piece.kind == TextPiece::Kind::Pages;
+            if (paged || IsOfRows(piece))
+                throw TemplateError(
+                    mReport.file, mReport.title.line,
+                    u"The title cannot show page numbers, nor the fields, sums or counts of the rows."_s);
+        }
     }
 
     void Enter(Stage stage) {
@@ -273,6 +289,7 @@ class TemplateReader {
     }
 
     ReportTemplate mReport;
+    QString mTitle;
     TemplateXml mXml;
     BandReader mBands;
     Stage mStage = Stage::Parameters;
