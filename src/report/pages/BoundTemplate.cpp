@@ -26,9 +26,11 @@ class Binder {
     std::optional<BoundBand> Bind(const std::optional<ReportBand>& band) const {
         if (!band)
             return std::nullopt;
-        BoundBand bound{&*band, {}};
+        BoundBand bound{&*band, {}, {}};
         for (const ReportCell& cell : band->cells)
             bound.cells.push_back(Bind(cell));
+        for (const ReportChart& chart : band->charts)
+            bound.charts.push_back(Bind(chart));
         return bound;
     }
 
@@ -47,6 +49,15 @@ class Binder {
     }
 
   private:
+    BoundChart Bind(const ReportChart& chart) const {
+        BoundChart bound{&chart, Column(0, chart.by, chart.line), Column(0, chart.label, chart.line), {}, {}};
+        if (!chart.only.isEmpty())
+            bound.only = Column(0, chart.only, chart.line);
+        for (const ChartSeries& series : chart.series)
+            bound.values.push_back(Column(0, series.value, series.line));
+        return bound;
+    }
+
     BoundPiece Bind(const TextPiece& piece, const ReportCell& cell) const {
         switch (piece.kind) {
         case TextPiece::Kind::Literal:

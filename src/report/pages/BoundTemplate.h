@@ -27,11 +27,22 @@ struct BoundCell {
     std::vector<BoundPiece> text;
 };
 
+struct BoundChart {
+    /// As the template has it.
+    const ReportChart* read = nullptr;
+    size_t by = 0;
+    size_t label = 0;
+    std::optional<size_t> only;
+    /// Of each series.
+    std::vector<size_t> values;
+};
+
 struct BoundBand {
     /// As the template has it.
     const ReportBand* read = nullptr;
     /// In the template's order.
     std::vector<BoundCell> cells;
+    std::vector<BoundChart> charts;
 };
 
 /// A template with what it names found among the rows of its queries. It is whole once it is made, and

@@ -208,9 +208,9 @@ class TemplateReader {
         else if (name == "page-footer"_L1)
             ReadBand(mReport.pageFooter, BandReader::Place::Page);
         else if (name == "report-header"_L1)
-            ReadBand(mReport.reportHeader, BandReader::Place::Report, Keeps::Next);
+            ReadBand(mReport.reportHeader, BandReader::Place::Rows, Keeps::Next);
         else if (name == "report-footer"_L1)
-            ReadBand(mReport.reportFooter, BandReader::Place::Report, Keeps::Previous);
+            ReadBand(mReport.reportFooter, BandReader::Place::Rows, Keeps::Previous);
         else
             ReadDetailOrGroup(name);
     }
@@ -222,7 +222,7 @@ class TemplateReader {
             mXml.Fail(u"There is a second <%1> beside another; groups stand within each other and the detail "
                       "within the innermost."_s.arg(name));
         if (name == "detail"_L1)
-            ReadBand(mReport.detail, BandReader::Place::Report);
+            ReadBand(mReport.detail, BandReader::Place::Detail);
         else
             ReadGroup();
     }
@@ -257,7 +257,7 @@ class TemplateReader {
             if (name == "header"_L1)
                 ReadGroupHeader(number);
             else if (name == "footer"_L1)
-                ReadBand(mReport.groups[number].footer, BandReader::Place::Report, Keeps::Previous);
+                ReadBand(mReport.groups[number].footer, BandReader::Place::Rows, Keeps::Previous);
             else
                 ReadDetailOrGroup(name);
         }
@@ -271,7 +271,7 @@ class TemplateReader {
         TemplateAttributes attributes = mXml.Attributes();
         const bool repeats = attributes.YesNo(u"repeat"_s).value_or(true);
         const bool keeps = attributes.YesNo(u"keep-with-next"_s).value_or(true);
-        header = mBands.Read(attributes, BandReader::Place::Report);
+        header = mBands.Read(attributes, BandReader::Place::Rows);
         header->repeats = repeats;
         header->keepWithNext = keeps;
     }
