@@ -72,6 +72,19 @@ class AskedFields {
                     AddName(names, piece.text);
             }
         }
+        for (const ReportChart& chart : band->charts)
+            Look(chart);
+    }
+
+    void Look(const ReportChart& chart) {
+        if (mQuery != 0)
+            return;
+        AddName(names, chart.by);
+        AddName(names, chart.label);
+        if (!chart.only.isEmpty())
+            AddName(names, chart.only);
+        for (const ChartSeries& series : chart.series)
+            AddName(names, series.value);
     }
 
     size_t mQuery;
@@ -137,6 +150,8 @@ class Writer {
         mText += u"<%1 height=\"%2\"%3>"_s.arg(name, Number(0, 60), more);
         for (int cells = mInput.ConsumeIntegralInRange(0, 4); cells > 0; --cells)
             AddCell();
+        if (name.endsWith(u"r"_s) && !name.startsWith(u"page"_s) && mInput.ConsumeBool())
+            AddChart();
         mText += u"</%1>"_s.arg(name);
     }
 
@@ -150,6 +165,17 @@ class Writer {
             u"<text x=\"%1\" y=\"%2\" width=\"%3\" size=\"%4\" format=\"%5\" align=\"%6\" border=\"all\">%7%8"
             "</text>"_s.arg(Number(0, 20), Number(0, 20), Number(0, 60), Number(0, 90), One(formats),
                             One(aligns), Words(), One(fields));
+    }
+
+    void AddChart() {
+        mText +=
+            u"<chart x=\"%1\" y=\"%2\" width=\"%3\" height=\"%4\" size=\"%5\" kind=\"%6\" by=\"a\" "
+            "title=\"%7\" format=\"%8\">"_s.arg(Number(0, 20), Number(0, 5), Number(20, 60), Number(20, 50),
+                                                Number(1, 40), One({u"bars"_s, u"stacked"_s, u"line"_s}),
+                                                Words(), One({u"#,##0"_s, u"0.00"_s, u"dddd"_s}));
+        for (int series = mInput.ConsumeIntegralInRange(1, 4); series > 0; --series)
+            mText += u"<series value=\"%1\" label=\"%2\"/>"_s.arg(One({u"b"_s, u"c"_s}), Words());
+        mText += u"</chart>"_s;
     }
 
     QString One(const QStringList& texts) {

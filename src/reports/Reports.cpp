@@ -67,7 +67,6 @@ std::unique_ptr<frmReport> ViewReport(const QString& title, bool showGroupTree, 
 
 void PrintReport(QPrinter& printer) {
     const auto pages = gReport->Document();
-    printer.setPageLayout(pages->Paper());
     const QString problem = PrintAtOnce(*pages, printer);
     if (!problem.isEmpty())
         throw RunTimeError(RunTime::kPrinterError, problem);

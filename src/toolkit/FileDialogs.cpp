@@ -1,6 +1,7 @@
 #include "toolkit/FileDialogs.h"
 
 #include "toolkit/ShowModal.h"
+#include "toolkit/UserSettings.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -20,10 +21,12 @@ class NamesOnly : public QFileIconProvider {
     QString type(const QFileInfo& file) const override { return file.isDir() ? u"Folder"_s : u"File"_s; }
 };
 
-/// Where the next save begins: where the clerk saved last.
-QString& LastFolder() {
-    static QString folder = QDir::homePath();
-    return folder;
+const QString kFolderSetting = u"SaveFolder"_s;
+
+/// Where the next save begins: where this user of the machine saved last.
+QString LastFolder() {
+    const QString kept = UserSettings().value(kFolderSetting).toString();
+    return QFileInfo(kept).isDir() ? kept : QDir::homePath();
 }
 
 QString AskInDialog(QWidget* parent, const QString& title, const QString& suggestedName,
@@ -41,7 +44,7 @@ QString AskInDialog(QWidget* parent, const QString& title, const QString& sugges
     dialog.selectFile(suggestedName);
     if (!ShowModal(dialog))
         return {};
-    LastFolder() = dialog.directory().absolutePath();
+    UserSettings().setValue(kFolderSetting, dialog.directory().absolutePath());
     return dialog.selectedFiles().value(0);
 }
 

@@ -63,3 +63,31 @@ INSTANTIATE_TEST_SUITE_P(Texts, CsvCell,
                                          Quoted{"BlankAtTheEdge", u" a"_s, u"\" a\""_s},
                                          Quoted{"Apostrophe", u"O'BRIEN"_s, u"O'BRIEN"_s}),
                          CaseName());
+
+INSTANTIATE_TEST_SUITE_P(Formulas, CsvCell,
+                         testing::Values(Quoted{"Equals", u"=1+1"_s, u"'=1+1"_s},
+                                         Quoted{"Plus", u"+63 917 555 0101"_s, u"'+63 917 555 0101"_s},
+                                         Quoted{"Minus", u"-A1"_s, u"'-A1"_s},
+                                         Quoted{"At", u"@SUM(A1)"_s, u"'@SUM(A1)"_s},
+                                         Quoted{"QuotedToo", u"=A1,B1"_s, u"\"'=A1,B1\""_s},
+                                         Quoted{"TextThatIsANumber", u"-12.50"_s, u"-12.50"_s},
+                                         Quoted{"SignWithinAText", u"A-1"_s, u"A-1"_s}),
+                         CaseName());
+
+TEST(CsvJob, LeavesNumbersBelowZeroAsTheyAre) {
+    EXPECT_EQ(CsvOf(Rows({u"A"_s, u"B"_s, u"C"_s}, {{Decimal{u"-3500.0000"_s}, qint64(-2), -0.5}})),
+              "\xEF\xBB\xBF"
+              "A,B,C\r\n-3500,-2,-0.5\r\n");
+}
+
+TEST(CsvJob, GuardsAHeadToo) {
+    EXPECT_EQ(CsvOf(Rows({u"=A"_s})), "\xEF\xBB\xBF'=A\r\n");
+}
+
+TEST(CsvJob, WritesDatesAsEverySpreadsheetReadsThem) {
+    const auto day = DateTime::FromFields({.year = 2026, .month = 11, .day = 2});
+    const auto moment =
+        DateTime::FromFields({.year = 2026, .month = 11, .day = 21, .hour = 14, .minute = 2, .second = 3});
+    EXPECT_EQ(CsvOf(Rows({u"A"_s, u"B"_s}, {{*day, *moment}})), "\xEF\xBB\xBF"
+                                                                "A,B\r\n2026-11-02,2026-11-21 14:02:03\r\n");
+}

@@ -1,8 +1,14 @@
+#include "report/output/JobRunner.h"
+#include "report/output/Printers.h"
+#include "support/cups/CupsServer.h"
 #include "ViewerGround.h"
 
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrinter>
+#include <QProcess>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTest>
@@ -137,6 +143,34 @@ TEST_F(ReportViewerTest, FindsTextAndTheNextMatch) {
     EXPECT_EQ(Status(), QString());
 }
 
+TEST_F(ReportViewerTest, FindsBackwards) {
+    View();
+    Key(Qt::Key_F);
+    auto& box = Find<QLineEdit>(*viewer, "txtFind");
+    Type(box, u"patient 1"_s);
+    Key(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(Page(), 4) << "PATIENT 12, the last one";
+    Key(Qt::Key_F3, Qt::ShiftModifier);
+    Key(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(Page(), 3) << "PATIENT 10";
+    Key(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(Page(), 1);
+    Key(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(Page(), 4) << "goes on at the end";
+    Key(Qt::Key_F3, Qt::NoModifier);
+    EXPECT_EQ(Page(), 1);
+}
+
+TEST_F(ReportViewerTest, PagesBySpaceAndBackWithShift) {
+    View();
+    const QScrollBar& bar = *Find<PageView>(*viewer, "PageView").verticalScrollBar();
+    Key(Qt::Key_Space, Qt::NoModifier);
+    Key(Qt::Key_Space, Qt::NoModifier);
+    EXPECT_EQ(bar.value(), 2 * bar.pageStep());
+    Key(Qt::Key_Space, Qt::ShiftModifier);
+    EXPECT_EQ(bar.value(), bar.pageStep());
+}
+
 TEST_F(ReportViewerTest, LooksForAnotherTextFromTheStart) {
     View();
     Key(Qt::Key_F);
@@ -239,6 +273,29 @@ TEST_F(ReportViewerTest, SavesAsPdf) {
     EXPECT_TRUE(TextOfPdf(AnsweredFile()).contains(u"PATIENT 12"_s));
 }
 
+TEST_F(ReportViewerTest, SaysWhereItWasSaved) {
+    View();
+    viewer->resize(2000, 400);
+    AnsweredFile() = programDirectory.filePath(u"census.pdf"_s);
+    Key(Qt::Key_S);
+    EXPECT_EQ(Status(), u"Saved as "_s + AnsweredFile());
+    Key(Qt::Key_E);
+    EXPECT_EQ(Find<QLabel>(*viewer, "lblStatus").toolTip(), u"Saved as "_s + AnsweredFile());
+}
+
+TEST_F(ReportViewerTest, SuggestsTheReportsTitleAndWritesItIntoThePdf) {
+    ViewTitled(u"Slip 10/42: {?Day}"_s);
+    AnsweredFile() = programDirectory.filePath(u"census.pdf"_s);
+    Key(Qt::Key_S);
+    EXPECT_EQ(SuggestedFile(), u"Slip 10-42- 2026-11-21.pdf"_s);
+    QProcess process;
+    process.start(u"pdfinfo"_s, {AnsweredFile()});
+    process.waitForFinished();
+    EXPECT_TRUE(process.readAllStandardOutput().contains("Slip 10/42: 2026-11-21"));
+    Key(Qt::Key_E);
+    EXPECT_EQ(SuggestedFile(), u"Slip 10-42- 2026-11-21.csv"_s);
+}
+
 TEST_F(ReportViewerTest, SavesItsRows) {
     View();
     AnsweredFile() = programDirectory.filePath(u"census.csv"_s);
@@ -304,6 +361,124 @@ TEST_F(ReportViewerTest, AFailureToPrintIsTold) {
         {.text = u"The report could not be printed.\n\nThe printer \"\" did not take the report."_s,
          .icon = MsgIcon::Exclamation,
          .title = u"Census Report"_s});
+    Key(Qt::Key_P);
+}
+
+TEST_F(ReportViewerTest, TheKeyThatPrintsAtOnceIsALetterInABoxThatTakesLetters) {
+    View();
+    int asked = 0;
+    const auto printing = PrintDialogSeam().Replace([&](QPrinter&, int, QWidget*) {
+        ++asked;
+        return false;
+    });
+    Key(Qt::Key_F);
+    Key(Qt::Key_P, Qt::NoModifier);
+    EXPECT_EQ(Find<QLineEdit>(*viewer, "txtFind").text(), u"p"_s);
+    EXPECT_EQ(asked, 0);
+    viewer->setFocus();
+    Key(Qt::Key_P, Qt::NoModifier);
+    EXPECT_EQ(asked, 1) << "where no printer was used yet it asks";
+}
+
+namespace {
+
+class ViewerOnPrinters : public ReportViewerTest {
+  protected:
+    void SetUp() override {
+        if (const QString missing = CupsServer::Missing(); !missing.isEmpty())
+            GTEST_SKIP() << "the machine has no " << missing.toStdString();
+        server.emplace();
+        ASSERT_TRUE(server->IsRunning());
+        viewer->resize(2000, 400);
+    }
+
+    /// The clerk chooses a printer in the dialogue.
+    static auto Choosing(const QString& name, int& asked) {
+        return PrintDialogSeam().Replace([name, &asked](QPrinter& printer, int, QWidget*) {
+            ++asked;
+            printer.setPrinterName(name);
+            return true;
+        });
+    }
+
+    std::optional<CupsServer> server;
+};
+
+} // namespace
+
+TEST_F(ViewerOnPrinters, PrintsAgainOnTheLastOneWithoutAsking) {
+    server->AddQueue(u"Office"_s, {u"A4"_s});
+    server->AddQueue(u"Ward"_s, {u"A4"_s});
+    View();
+    int asked = 0;
+    const auto printing = Choosing(u"Ward"_s, asked);
+    Key(Qt::Key_P);
+    EXPECT_EQ(asked, 1);
+    EXPECT_EQ(Status(), u"Printed on \"Ward\"."_s);
+    const QString printed = server->Printed(u"Ward"_s);
+    EXPECT_TRUE(TextOfPdf(printed).contains(u"PATIENT 12"_s));
+    QFile::remove(printed);
+    Key(Qt::Key_P, Qt::NoModifier);
+    EXPECT_EQ(asked, 1);
+    EXPECT_TRUE(TextOfPdf(server->Printed(u"Ward"_s)).contains(u"PATIENT 12"_s));
+    EXPECT_EQ(server->Printed(u"Office"_s), QString());
+}
+
+TEST_F(ViewerOnPrinters, AsksWhenTheLastOneIsGone) {
+    server->AddQueue(u"Office"_s, {u"A4"_s});
+    RememberPrinter(u"Ward"_s);
+    View();
+    QString told;
+    const auto printing = PrintDialogSeam().Replace([&](QPrinter&, int, QWidget*) {
+        told = Status();
+        return false;
+    });
+    Key(Qt::Key_P, Qt::NoModifier);
+    EXPECT_EQ(told, u"The printer \"Ward\" is not there any more."_s);
+    EXPECT_EQ(server->Printed(u"Office"_s), QString());
+}
+
+TEST_F(ViewerOnPrinters, WithoutAnyTellsWhatCanBeDoneInstead) {
+    View();
+    messages.Expect({.text = u"There is no printer on this machine.\n\n"
+                             "The report can be saved as a PDF instead."_s,
+                     .icon = MsgIcon::Exclamation,
+                     .title = u"Census Report"_s});
+    Key(Qt::Key_P);
+    EXPECT_EQ(Page(), 1);
+}
+
+TEST_F(ViewerOnPrinters, OneThatVanishesInBetweenIsToldAndNothingIsLost) {
+    server->AddQueue(u"Office"_s, {u"A4"_s});
+    server->AddQueue(u"Ward"_s, {u"A4"_s});
+    View();
+    viewer->findChild<JobRunner*>()->SetTurn(0);
+    int asked = 0;
+    const auto printing = Choosing(u"Ward"_s, asked);
+    messages.Expect({.text = u"The report could not be printed.\n\n"
+                             "The printer \"Ward\" is not there any more."_s,
+                     .icon = MsgIcon::Exclamation,
+                     .title = u"Census Report"_s});
+    Press(*QApplication::focusWidget(), Qt::Key_P, Qt::ControlModifier);
+    ASSERT_TRUE(viewer->IsWorking());
+    server->RemoveQueue(u"Ward"_s);
+    AwaitWork(*viewer);
+    EXPECT_EQ(Status(), QString());
+    EXPECT_EQ(Page(), 1);
+    EXPECT_EQ(LastPrinter(), QString()) << "nothing was printed there";
+}
+
+TEST_F(ViewerOnPrinters, OneThatRefusesTheJobIsTold) {
+    server->AddQueue(u"Ward"_s, {u"A4"_s});
+    server->Reject(u"Ward"_s);
+    View();
+    int asked = 0;
+    const auto printing = Choosing(u"Ward"_s, asked);
+    messages.Expect({.text = u"The report could not be printed.\n\n"
+                             "The printer \"Ward\" did not take the report.\n"
+                             "Destination \"Ward\" is not accepting jobs."_s,
+                     .icon = MsgIcon::Exclamation,
+                     .title = u"Census Report"_s});
     Key(Qt::Key_P);
 }
 

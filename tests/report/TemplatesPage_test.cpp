@@ -43,7 +43,8 @@ QString Whole(const QString& example) {
         return first == element ? example : otherwise;
     };
     const bool isCell = QStringList{u"text"_s, u"line"_s, u"box"_s, u"image"_s}.contains(first);
-    const bool isBand = QStringList{u"page-header"_s, u"page-footer"_s, u"group"_s}.contains(first);
+    const bool isBand =
+        QStringList{u"page-header"_s, u"page-footer"_s, u"group"_s, u"report-footer"_s}.contains(first);
     QString whole = u"<report paper=\"A4\" margins=\"7 7 7 7\">"_s;
     whole += part(u"parameters"_s, u"<parameters><parameter name=\"Least\" type=\"number\" "
                                    "prompt=\"Least\"/></parameters>"_s);

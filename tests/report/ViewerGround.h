@@ -8,6 +8,7 @@
 #include "support/report/ReportFixture.h"
 #include "support/ScreenTest.h"
 #include "toolkit/FileDialogs.h"
+#include "toolkit/UserSettings.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -25,6 +26,7 @@ class ReportViewerTest : public ScreenTest {
         viewer->setWindowTitle(QStringLiteral("Census Report"));
         viewer->resize(800, 400);
         AnsweredFile().clear();
+        UserSettings().clear();
     }
 
     const Seam<QString(QWidget*, const QString&, const QString&, const QString&)>::Replacement saving =
@@ -54,18 +56,32 @@ class ReportViewerTest : public ScreenTest {
 
     /// Has the report viewed; the rows are still to come.
     void BeginToView(const QString& parts = Parts()) {
-        auto report =
-            std::make_shared<Report>(ReadTemplate(QStringLiteral("/r/Census.rpt"), SmallTemplate(parts)));
+        BeginToView(ReadTemplate(QStringLiteral("/r/Census.rpt"), SmallTemplate(parts)));
+    }
+    void BeginToView(std::shared_ptr<const ReportTemplate> read) {
+        auto report = std::make_shared<Report>(std::move(read));
         report->Tables()[0].SetLogOnInfo({}, {}, {}, {});
         viewer->SetReportSource(report);
         viewer->ViewReport();
     }
 
     void View(const QString& parts = Parts()) {
-        BeginToView(parts);
+        View(ReadTemplate(QStringLiteral("/r/Census.rpt"), SmallTemplate(parts)));
+    }
+    void View(std::shared_ptr<const ReportTemplate> read) {
+        BeginToView(std::move(read));
         AwaitWork(*viewer);
         Activate(*viewer);
         viewer->setFocus();
+    }
+
+    /// A report with that title, for the 21st of November 2026.
+    void ViewTitled(const QString& title) {
+        QByteArray content =
+            SmallTemplate(QStringLiteral("<parameters><parameter name=\"Day\" type=\"date\" prompt=\"Day\" "
+                                         "value=\"11/21/2026\"/></parameters>"));
+        content.replace("<report ", "<report title=\"" + title.toUtf8() + "\" ");
+        View(ReadTemplate(QStringLiteral("/r/Census.rpt"), content));
     }
 
     /// A key pressed wherever the focus is, and all that comes of it.

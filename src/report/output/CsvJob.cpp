@@ -1,6 +1,8 @@
 #include "report/output/CsvJob.h"
 
 #include "gateway/RowSet.h"
+#include "text/Format.h"
+#include "text/IsNumeric.h"
 
 #include <algorithm>
 
@@ -9,6 +11,27 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr size_t kRowsAStep = 200;
+
+/// A spreadsheet takes a text that begins so for a formula, and does what it says.
+bool LooksLikeAFormula(const QString& text) {
+    static constexpr QStringView kBeginnings = u"=+-@\t\r";
+    return !text.isEmpty() && kBeginnings.contains(text.front()) && !IsNumeric(text);
+}
+
+/// Dates are written as every spreadsheet reads them, in whatever country.
+QString WrittenDate(const DateTime& date) {
+    const DateTime::Fields fields = date.ToFields();
+    const bool timed = fields.hour != 0 || fields.minute != 0 || fields.second != 0;
+    return Format(date, timed ? u"yyyy-mm-dd hh:mm:ss" : u"yyyy-mm-dd");
+}
+
+QString Written(const Value& value) {
+    if (const auto* date = std::get_if<DateTime>(&value.Get()))
+        return WrittenDate(*date);
+    const QString text = value.TextOrEmpty();
+    const bool isText = std::holds_alternative<QString>(value.Get());
+    return isText && LooksLikeAFormula(text) ? u'\'' + text : text;
+}
 
 void AddCell(QByteArray& line, const QString& text) {
     static constexpr QStringView kSpecial = u",;\"\r\n";
@@ -29,7 +52,7 @@ QByteArray CsvLines(const RowData& rows, size_t first, size_t end) {
         for (size_t column = 0; column < rows.columns.size(); ++column) {
             if (column > 0)
                 lines += ',';
-            AddCell(lines, rows.Cell(row, column).TextOrEmpty());
+            AddCell(lines, Written(rows.Cell(row, column)));
         }
         lines += "\r\n";
     }
@@ -41,7 +64,7 @@ QByteArray CsvHead(const RowData& rows) {
     for (size_t column = 0; column < rows.columns.size(); ++column) {
         if (column > 0)
             head += ',';
-        AddCell(head, rows.columns[column]);
+        AddCell(head, Written(rows.columns[column]));
     }
     return head + "\r\n";
 }

@@ -5,7 +5,8 @@
 
 struct RowData;
 
-/// Writes rows as comma-separated values, some hundred rows a step.
+/// Writes rows as comma-separated values, some hundred rows a step. Dates are written as 2026-11-21, and a
+/// text that a spreadsheet would take for a formula gets an apostrophe before it.
 class CsvJob : public ReportJob {
   public:
     /// The rows must outlive the job.

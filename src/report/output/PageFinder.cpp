@@ -3,8 +3,12 @@
 #include "report/pages/ReportDocument.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace {
+
+/// Behind the last cell of any page.
+constexpr size_t kWholePage = std::numeric_limits<size_t>::max();
 
 QRectF BoxOf(const PageBand& band, const LaidCell& cell) {
     QRectF box = cell.box.translated(band.x, band.y - band.top);
@@ -47,34 +51,50 @@ bool IsIn(const PageBand& band, size_t cell, const QStringMatcher& matcher, Repo
     return shown && matcher.indexIn(TextOf(bound, band.place)) >= 0;
 }
 
+/// The first cell of a page from that one on, or the last one before it.
 std::optional<FoundText> FindOnPage(const ReportDocument& document, const QStringMatcher& matcher,
-                                    CellPosition from, ReportFonts& fonts) {
+                                    CellPosition from, FindDirection direction, ReportFonts& fonts) {
+    const bool backwards = direction == FindDirection::Backwards;
+    std::optional<FoundText> found;
     size_t number = 0;
     for (const PageBand& band : document.BandsOf(from.page)) {
         for (size_t i = 0; i < band.band->cells.size(); ++i, ++number) {
-            if (number < from.cell || !IsIn(band, i, matcher, fonts))
+            if ((number < from.cell) != backwards || !IsIn(band, i, matcher, fonts))
                 continue;
             const LaidBand laid = LayOutBand(*band.band, band.place, fonts);
-            return FoundText{{from.page, number}, BoxOf(band, laid.cells[i])};
+            found = FoundText{{from.page, number}, BoxOf(band, laid.cells[i])};
+            if (!backwards)
+                return found;
         }
     }
-    return std::nullopt;
+    return found;
+}
+
+CellPosition Beginning(const ReportDocument& document, const std::optional<CellPosition>& after,
+                       FindDirection direction) {
+    if (direction == FindDirection::Forwards)
+        return after ? CellPosition{after->page, after->cell + 1} : CellPosition{};
+    return after.value_or(CellPosition{document.PageCount(), kWholePage});
 }
 
 } // namespace
 
-// The page that the search begins on is looked through once more at the end, for what stands before.
+// The page that the search begins on is looked through once more at the end, for what it left out.
 FindJob::FindJob(const ReportDocument& document, const QString& text,
-                 const std::optional<CellPosition>& after)
+                 const std::optional<CellPosition>& after, FindDirection direction)
     : ReportJob(document.PageCount() + 1)
     , mDocument(document)
     , mMatcher(text, Qt::CaseInsensitive)
-    , mFrom(after ? CellPosition{after->page, after->cell + 1} : CellPosition{}) {}
+    , mDirection(direction)
+    , mFrom(Beginning(document, after, direction)) {}
 
 bool FindJob::Step() {
     if (mMatcher.pattern().isEmpty())
         return false;
-    mFound = FindOnPage(mDocument, mMatcher, mFrom, mFonts);
-    mFrom = {mFrom.page % mDocument.PageCount() + 1, 0};
+    mFound = FindOnPage(mDocument, mMatcher, mFrom, mDirection, mFonts);
+    if (mDirection == FindDirection::Forwards)
+        mFrom = {mFrom.page % mDocument.PageCount() + 1, 0};
+    else
+        mFrom = {mFrom.page == 1 ? mDocument.PageCount() : mFrom.page - 1, kWholePage};
     return !mFound && StepIsDone();
 }

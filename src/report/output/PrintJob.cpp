@@ -1,5 +1,7 @@
 #include "report/output/PrintJob.h"
 
+#include "report/output/Printers.h"
+#include "report/output/Sheet.h"
 #include "report/pages/PagedPaint.h"
 #include "report/pages/PaintPage.h"
 #include "report/pages/ReportDocument.h"
@@ -43,26 +45,39 @@ PrintJob::~PrintJob() = default;
 bool PrintJob::BeginPage(int page) {
     if (page > 0)
         return mPrinter->newPage();
-    return (!mPainter.isActive() || mPainter.end()) && BeginPages(mPainter, *mPrinter);
+    if ((mPainter.isActive() && !mPainter.end()) || !BeginPages(mPainter, *mPrinter))
+        return false;
+    const SheetPlace place = PlaceOnSheet(mDocument.Body(), PaintableOf(*mPrinter));
+    mPainter.translate(place.shift);
+    mPainter.scale(place.scale, place.scale);
+    return true;
 }
 
 QString PrintJob::CancelledText() const {
     return u"Cancelled. Pages printed: %1"_s.arg(Done());
 }
 
+QString PrintJob::Refusal() const {
+    const QString refusal = RefusalOf(*mPrinter);
+    return refusal.isEmpty() ? u"The printer \"%1\" did not take the report."_s.arg(mPrinter->printerName())
+                             : refusal;
+}
+
 bool PrintJob::Step() {
     const int page = Done() % mPages;
-    const auto refused = [this] {
-        return End(u"The printer \"%1\" did not take the report."_s.arg(mPrinter->printerName()));
-    };
+    if (page == 0) {
+        if (const QString obstacle = ObstacleOf(*mPrinter); !obstacle.isEmpty())
+            return End(obstacle);
+    }
     if (!BeginPage(page))
-        return refused();
+        return End(Refusal());
     PaintPage(mPainter, mDocument, mFirst + page, mFonts);
     if (StepIsDone())
         return true;
-    return mPainter.end() ? false : refused();
+    return End(mPainter.end() ? RefusalOf(*mPrinter) : Refusal());
 }
 
 QString PrintAtOnce(const ReportDocument& document, QPrinter& printer) {
+    SetUpSheet(printer, document);
     return PrintJob(document, std::shared_ptr<QPrinter>(std::shared_ptr<void>(), &printer)).Finish();
 }

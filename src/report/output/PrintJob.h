@@ -11,8 +11,9 @@ class QPrinter;
 class ReportDocument;
 
 /// Prints the pages that the printer's settings ask for, a page a step. A printer that makes one copy only
-/// gets the pages once for each. When the job is given up, the pages that the printer has got are printed:
-/// few printers give a page back.
+/// gets the pages once for each. A page lies upright at the top left of whatever sheet the printer is set up
+/// for, nothing of it cut. When the job is given up, the pages that the printer has got are printed: few
+/// printers give a page back.
 class PrintJob : public ReportJob {
   public:
     /// The document must outlive the job.
@@ -27,6 +28,7 @@ class PrintJob : public ReportJob {
 
     PrintJob(const ReportDocument& document, std::shared_ptr<QPrinter> printer, const Range& range);
     bool BeginPage(int page);
+    QString Refusal() const;
 
     const ReportDocument& mDocument;
     std::shared_ptr<QPrinter> mPrinter;
@@ -36,5 +38,6 @@ class PrintJob : public ReportJob {
     QPainter mPainter;
 };
 
-/// Prints at one go on a printer of the caller's. Answers what failed, empty for nothing.
+/// Prints at one go on a printer of the caller's, on the sheet that suits the report best. Answers what
+/// failed, empty for nothing.
 QString PrintAtOnce(const ReportDocument& document, QPrinter& printer);

@@ -74,6 +74,7 @@ double BandGrowth::At(double y) const {
 LaidBand LayOutBand(const BoundBand& band, const TextPlace& place, ReportFonts& fonts) {
     LaidBand laid;
     laid.band = band.read;
+    laid.bound = &band;
     laid.cells.reserve(band.cells.size());
     std::vector<std::vector<QString>> texts;
     texts.reserve(band.cells.size());

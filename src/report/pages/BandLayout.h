@@ -46,6 +46,7 @@ class BandGrowth {
 /// A band with its texts in place for one row.
 struct LaidBand {
     const ReportBand* band = nullptr;
+    const BoundBand* bound = nullptr;
     double height = 0;
     BandGrowth growth;
     std::vector<LaidCell> cells;

@@ -26,13 +26,14 @@ class Binder {
     std::optional<BoundBand> Bind(const std::optional<ReportBand>& band) const {
         if (!band)
             return std::nullopt;
-        BoundBand bound{&*band, {}};
+        BoundBand bound{&*band, {}, {}};
         for (const ReportCell& cell : band->cells)
             bound.cells.push_back(Bind(cell));
+        for (const ReportChart& chart : band->charts)
+            bound.charts.push_back(Bind(chart));
         return bound;
     }
 
-  private:
     BoundCell Bind(const ReportCell& cell) const {
         BoundCell bound{&cell, {}};
         for (const TextPiece& piece : cell.text) {
@@ -44,6 +45,16 @@ class Binder {
             else
                 bound.text.push_back(std::move(next));
         }
+        return bound;
+    }
+
+  private:
+    BoundChart Bind(const ReportChart& chart) const {
+        BoundChart bound{&chart, Column(0, chart.by, chart.line), Column(0, chart.label, chart.line), {}, {}};
+        if (!chart.only.isEmpty())
+            bound.only = Column(0, chart.only, chart.line);
+        for (const ChartSeries& series : chart.series)
+            bound.values.push_back(Column(0, series.value, series.line));
         return bound;
     }
 
@@ -99,6 +110,9 @@ BoundTemplate::BoundTemplate(std::shared_ptr<const ReportTemplate> read, const R
     const Binder binder(*mRead, values, queries);
     const BandNumbers numbers(mRead->groups.size());
     mBands.resize(numbers.Count());
+    // A title has words alone.
+    for (const BoundPiece& piece : binder.Bind(mRead->title).text)
+        mTitle += piece.words;
     mPageHeader = binder.Bind(mRead->pageHeader);
     mPageFooter = binder.Bind(mRead->pageFooter);
     mBands[BandNumbers::kReportHeader] = binder.Bind(mRead->reportHeader);

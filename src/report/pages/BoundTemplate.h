@@ -27,11 +27,22 @@ struct BoundCell {
     std::vector<BoundPiece> text;
 };
 
+struct BoundChart {
+    /// As the template has it.
+    const ReportChart* read = nullptr;
+    size_t by = 0;
+    size_t label = 0;
+    std::optional<size_t> only;
+    /// Of each series.
+    std::vector<size_t> values;
+};
+
 struct BoundBand {
     /// As the template has it.
     const ReportBand* read = nullptr;
     /// In the template's order.
     std::vector<BoundCell> cells;
+    std::vector<BoundChart> charts;
 };
 
 /// A template with what it names found among the rows of its queries. It is whole once it is made, and
@@ -46,6 +57,8 @@ class BoundTemplate {
 
     /// What the template's file says.
     const ReportTemplate& Read() const { return *mRead; }
+    /// What the report is called; empty where the template does not tell.
+    const QString& Title() const { return mTitle; }
     const std::optional<BoundBand>& PageHeader() const { return mPageHeader; }
     const std::optional<BoundBand>& PageFooter() const { return mPageFooter; }
     /// The bands that run down the pages, by BandNumbers; nothing for a band that the template does not have.
@@ -55,6 +68,7 @@ class BoundTemplate {
 
   private:
     std::shared_ptr<const ReportTemplate> mRead;
+    QString mTitle;
     std::optional<BoundBand> mPageHeader;
     std::optional<BoundBand> mPageFooter;
     std::vector<std::optional<BoundBand>> mBands;

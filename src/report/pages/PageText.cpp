@@ -1,5 +1,6 @@
 #include "report/pages/PageText.h"
 
+#include "report/pages/ChartLayout.h"
 #include "report/pages/ReportDocument.h"
 
 #include <algorithm>
@@ -29,6 +30,12 @@ std::vector<PlacedText> Collect(const ReportDocument& document, int page, Report
     std::vector<PlacedText> texts;
     for (const PageBand& band : document.BandsOf(page)) {
         const LaidBand laid = LayOutBand(*band.band, band.place, fonts);
+        for (const BoundChart& chart : band.band->charts) {
+            const double top = chart.read->box.top() + laid.growth.At(chart.read->box.top()) - band.top;
+            if (top >= 0 && top < band.height)
+                texts.push_back({std::lround((band.x + chart.read->box.left()) / kColumn), band.y + top,
+                                 WordsOf(chart, band.place)});
+        }
         for (const LaidCell& cell : laid.cells) {
             for (const LaidLine& line : cell.lines) {
                 if (!line.text.isEmpty() && band.Shows(line))

@@ -1,5 +1,7 @@
 #include "report/pages/PaintPage.h"
 
+#include "report/pages/ChartLayout.h"
+#include "report/pages/PaintChart.h"
 #include "report/pages/ReportDocument.h"
 
 #include <QPainter>
@@ -19,7 +21,7 @@ class PagePainter {
 
   private:
     void Paint(const PageBand& band);
-    void Paint(const LaidBand& laid);
+    void Paint(const LaidBand& laid, const TextPlace& place);
     void PaintMarks(const LaidBand& laid);
     void PaintCell(const LaidCell& cell);
     void PaintScaled(const LaidLine& line, double scale);
@@ -49,11 +51,18 @@ void PagePainter::Paint(const ReportDocument& document, int page) {
 }
 
 void PagePainter::Paint(const PageBand& band) {
-    Paint(LayOutBand(*band.band, band.place, mFonts));
+    Paint(LayOutBand(*band.band, band.place, mFonts), band.place);
 }
 
-void PagePainter::Paint(const LaidBand& laid) {
+void PagePainter::Paint(const LaidBand& laid, const TextPlace& place) {
     PaintMarks(laid);
+    for (const BoundChart& chart : laid.bound->charts) {
+        const double pushed = laid.growth.At(chart.read->box.top());
+        mPainter.translate(0, pushed);
+        PaintChart(mPainter, LayOutChart(chart, place, mFonts));
+        mPainter.translate(0, -pushed);
+        mFont = nullptr;
+    }
     for (const LaidCell& cell : laid.cells)
         PaintCell(cell);
 }

@@ -53,8 +53,12 @@ class ReportDocument {
     ReportDocument& operator=(const ReportDocument&) = delete;
 
     int PageCount() const { return static_cast<int>(mPages.size()); }
+    /// What the report is called; empty where the template does not tell.
+    const QString& Title() const { return mReport.Title(); }
     /// In points.
     QSizeF PageSize() const { return mReport.Read().PageSize(); }
+    /// The page within its margins, in points.
+    QRectF Body() const { return mReport.Read().Body(); }
     /// The paper without margins, for printers.
     const QPageLayout& Paper() const { return mReport.Read().paper; }
     /// The rows of the report's main query.

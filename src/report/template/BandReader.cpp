@@ -16,6 +16,10 @@ namespace {
 constexpr double kLineHeight = 1.2;
 /// Lengths are keyed in tenths of millimetres; less than a tenth of a point is nothing.
 constexpr double kReadTolerance = 0.1;
+/// A chart smaller than that, in points, shows nothing.
+constexpr double kLeastChart = MillimetresToPoints(20) - kReadTolerance;
+/// Of the words round a chart.
+constexpr double kChartSize = 7.5;
 
 /// The text of an element without the indentation of the file.
 QString WithoutIndentation(const QString& text) {
@@ -115,6 +119,8 @@ ReportBand BandReader::Read(TemplateAttributes& attributes, Place place) {
             band.boxes.push_back(ReadBox());
         else if (name == "image"_L1)
             band.images.push_back(ReadImage());
+        else if (name == "chart"_L1)
+            band.charts.push_back(ReadChart(place));
         else
             mXml.FailElement();
     }
@@ -150,16 +156,14 @@ ReportCell BandReader::ReadCell(Place place) {
 
 /// The strips at the page's edges stand on every page alike and belong to no row.
 void BandReader::CheckPieces(const ReportCell& cell, Place place) const {
-    if (place == Place::Report) {
+    if (place != Place::Page) {
         if (cell.onlySeveralPages)
             throw TemplateError(mReport.file, cell.line,
                                 u"show=\"several-pages\" belongs into a page header or page footer."_s);
         return;
     }
     for (const TextPiece& piece : cell.text) {
-        const bool ofRows = piece.kind == TextPiece::Kind::Sum || piece.kind == TextPiece::Kind::Count ||
-                            (piece.kind == TextPiece::Kind::Field && !piece.query);
-        if (ofRows)
+        if (IsOfRows(piece))
             throw TemplateError(
                 mReport.file, cell.line,
                 u"A page header or page footer cannot show the fields, sums or counts of the rows."_s);
@@ -205,12 +209,61 @@ ReportImage BandReader::ReadImage() {
     return image;
 }
 
+ReportChart BandReader::ReadChart(Place place) {
+    TemplateAttributes attributes = mXml.Attributes();
+    if (place != Place::Rows)
+        attributes.Fail(u"A chart stands in the header or the footer of a group or of the report."_s);
+    ReportChart chart;
+    chart.line = attributes.Line();
+    chart.box = ReadRect(attributes, attributes.RequiredLength(u"height"_s));
+    if (chart.box.width() < kLeastChart || chart.box.height() < kLeastChart)
+        attributes.Fail(u"A chart is at least 20 mm wide and high."_s);
+    attributes.RequiredText(u"kind"_s);
+    chart.kind = static_cast<ChartKind>(*attributes.Word(u"kind"_s, {u"bars"_s, u"stacked"_s, u"line"_s}));
+    chart.title = attributes.Text(u"title"_s).value_or(QString());
+    chart.by = attributes.RequiredText(u"by"_s);
+    chart.label = attributes.Text(u"label"_s).value_or(chart.by);
+    chart.only = attributes.Text(u"only"_s).value_or(QString());
+    chart.is = attributes.Text(u"is"_s).value_or(QString());
+    if (chart.only.isEmpty() != chart.is.isEmpty())
+        attributes.Fail(u"\"only\" and \"is\" go together: a column and the text that it shows."_s);
+    chart.format = attributes.Text(u"format"_s).value_or(u"#,##0"_s);
+    chart.style = mBase;
+    chart.style.size = attributes.Number(u"size"_s).value_or(kChartSize);
+    if (chart.style.size <= 0)
+        attributes.Fail(u"The attribute \"size\" must be above 0."_s);
+    attributes.Done();
+    while (mXml.NextChild())
+        chart.series.push_back(ReadSeries());
+    if (chart.series.empty() || chart.series.size() > kMostSeries)
+        attributes.Fail(u"A chart has one to %1 <series>."_s.arg(kMostSeries));
+    return chart;
+}
+
+ChartSeries BandReader::ReadSeries() {
+    if (mXml.Name() != "series"_L1)
+        mXml.FailElement();
+    TemplateAttributes attributes = mXml.Attributes();
+    ChartSeries series;
+    series.line = attributes.Line();
+    series.value = attributes.RequiredText(u"value"_s);
+    series.label = attributes.Text(u"label"_s).value_or(series.value);
+    attributes.Done();
+    mXml.ExpectEnd();
+    return series;
+}
+
 void BandReader::CheckWithin(const ReportBand& band) const {
     const double limit = band.height + kReadTolerance;
     for (const ReportCell& cell : band.cells) {
         if (cell.box.bottom() > limit)
             throw TemplateError(mReport.file, cell.line,
                                 u"This text reaches below the height of its band."_s);
+    }
+    for (const ReportChart& chart : band.charts) {
+        if (chart.box.bottom() > limit)
+            throw TemplateError(mReport.file, chart.line,
+                                u"This chart reaches below the height of its band."_s);
     }
     const bool beyond =
         std::any_of(band.boxes.begin(), band.boxes.end(),

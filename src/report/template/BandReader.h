@@ -9,7 +9,7 @@
 class BandReader {
   public:
     /// Where a band stands, which tells what its cells may show.
-    enum class Place { Page, Report };
+    enum class Place { Page, Detail, Rows };
 
     /// `report` is the template as read so far; it must outlive the reader.
     BandReader(TemplateXml& xml, const ReportTemplate& report);
@@ -28,6 +28,8 @@ class BandReader {
     ReportLine ReadLine();
     ReportBox ReadBox();
     ReportImage ReadImage();
+    ReportChart ReadChart(Place place);
+    ChartSeries ReadSeries();
     QRectF ReadRect(TemplateAttributes& attributes, double height) const;
     void CheckRight(const TemplateAttributes& attributes, double right) const;
     void CheckPieces(const ReportCell& cell, Place place) const;

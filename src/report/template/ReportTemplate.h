@@ -68,6 +68,9 @@ struct TextPiece {
     size_t number = 0;
 };
 
+/// Whether a piece shows something of the report's rows.
+bool IsOfRows(const TextPiece& piece);
+
 enum class CellAlign { Left, Center, Right };
 
 /// The edges of a cell that are drawn.
@@ -120,6 +123,40 @@ struct ReportImage {
     QImage image;
 };
 
+enum class ChartKind { Bars, StackedBars, Line };
+
+/// One value of each place on a chart's axis.
+struct ChartSeries {
+    int line = 0;
+    /// The column that is added up.
+    QString value;
+    /// What the legend calls it.
+    QString label;
+};
+
+/// A picture of the rows that its band stands for: rows that follow each other with the same value in one
+/// column have one place on the axis.
+struct ReportChart {
+    int line = 0;
+    QRectF box;
+    ChartKind kind = ChartKind::Bars;
+    QString title;
+    /// The column whose change begins a new place.
+    QString by;
+    /// The column that is written below a place.
+    QString label;
+    /// The rows that count, those that show this text in this column; all of them where there is no column.
+    QString only;
+    QString is;
+    /// Of the numbers at the axis.
+    QString format;
+    CellStyle style;
+    std::vector<ChartSeries> series;
+};
+
+/// More could not be told apart on paper without colours.
+constexpr size_t kMostSeries = 4;
+
 /// A strip of the page, printed whole. A text that wraps makes it taller.
 struct ReportBand {
     int line = 0;
@@ -128,6 +165,7 @@ struct ReportBand {
     std::vector<ReportLine> lines;
     std::vector<ReportBox> boxes;
     std::vector<ReportImage> images;
+    std::vector<ReportChart> charts;
     bool keepWithNext = false;
     bool keepWithPrevious = false;
     /// A group's header that stands again on top of each page that the group goes on.
@@ -145,6 +183,9 @@ struct ReportGroup {
 
 struct ReportTemplate {
     QString file;
+    /// What a saved or printed report is called: a text without a place, empty for none. Its dates are
+    /// written so that file names may bear them.
+    ReportCell title;
     /// The paper for printers, without margins.
     QPageLayout paper;
     QMarginsF margins;

@@ -66,6 +66,7 @@ class TemplateReader {
             ReadPart();
         mXml.Finish();
         CheckWhole(line);
+        ReadTitle();
         return std::make_shared<const ReportTemplate>(std::move(mReport));
     }
 
@@ -82,7 +83,22 @@ class TemplateReader {
         if (mReport.Body().width() < kLeastBody || mReport.Body().height() < kLeastBody)
             attributes.Fail(u"The margins leave no room on the page."_s);
         mBands.SetBaseStyle(attributes);
+        mReport.title.line = attributes.Line();
+        mTitle = attributes.Text(u"title"_s).value_or(QString());
         attributes.Done();
+    }
+
+    /// It stands before what it names.
+    void ReadTitle() {
+        mReport.title.format = u"yyyy-mm-dd"_s;
+        mReport.title.text = ReadCellText(mReport, mReport.title.line, mTitle);
+        for (const TextPiece& piece : mReport.title.text) {
+            const bool paged = piece.kind == TextPiece::Kind::Page || piece.kind == TextPiece::Kind::Pages;
+            if (paged || IsOfRows(piece))
+                throw TemplateError(
+                    mReport.file, mReport.title.line,
+                    u"The title cannot show page numbers, nor the fields, sums or counts of the rows."_s);
+        }
     }
 
     void Enter(Stage stage) {
@@ -192,9 +208,9 @@ class TemplateReader {
         else if (name == "page-footer"_L1)
             ReadBand(mReport.pageFooter, BandReader::Place::Page);
         else if (name == "report-header"_L1)
-            ReadBand(mReport.reportHeader, BandReader::Place::Report, Keeps::Next);
+            ReadBand(mReport.reportHeader, BandReader::Place::Rows, Keeps::Next);
         else if (name == "report-footer"_L1)
-            ReadBand(mReport.reportFooter, BandReader::Place::Report, Keeps::Previous);
+            ReadBand(mReport.reportFooter, BandReader::Place::Rows, Keeps::Previous);
         else
             ReadDetailOrGroup(name);
     }
@@ -206,7 +222,7 @@ class TemplateReader {
             mXml.Fail(u"There is a second <%1> beside another; groups stand within each other and the detail "
                       "within the innermost."_s.arg(name));
         if (name == "detail"_L1)
-            ReadBand(mReport.detail, BandReader::Place::Report);
+            ReadBand(mReport.detail, BandReader::Place::Detail);
         else
             ReadGroup();
     }
@@ -241,7 +257,7 @@ class TemplateReader {
             if (name == "header"_L1)
                 ReadGroupHeader(number);
             else if (name == "footer"_L1)
-                ReadBand(mReport.groups[number].footer, BandReader::Place::Report, Keeps::Previous);
+                ReadBand(mReport.groups[number].footer, BandReader::Place::Rows, Keeps::Previous);
             else
                 ReadDetailOrGroup(name);
         }
@@ -255,7 +271,7 @@ class TemplateReader {
         TemplateAttributes attributes = mXml.Attributes();
         const bool repeats = attributes.YesNo(u"repeat"_s).value_or(true);
         const bool keeps = attributes.YesNo(u"keep-with-next"_s).value_or(true);
-        header = mBands.Read(attributes, BandReader::Place::Report);
+        header = mBands.Read(attributes, BandReader::Place::Rows);
         header->repeats = repeats;
         header->keepWithNext = keeps;
     }
@@ -273,6 +289,7 @@ class TemplateReader {
     }
 
     ReportTemplate mReport;
+    QString mTitle;
     TemplateXml mXml;
     BandReader mBands;
     Stage mStage = Stage::Parameters;

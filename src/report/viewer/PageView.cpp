@@ -215,7 +215,9 @@ void PageView::keyPressEvent(QKeyEvent* event) {
         verticalScrollBar()->triggerAction(QAbstractSlider::SliderToMaximum);
         break;
     case Qt::Key_Space:
-        verticalScrollBar()->triggerAction(QAbstractSlider::SliderPageStepAdd);
+        verticalScrollBar()->triggerAction(event->modifiers() & Qt::ShiftModifier
+                                               ? QAbstractSlider::SliderPageStepSub
+                                               : QAbstractSlider::SliderPageStepAdd);
         break;
     default:
         QAbstractScrollArea::keyPressEvent(event);

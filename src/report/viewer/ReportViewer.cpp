@@ -5,10 +5,12 @@
 #include "report/output/JobRunner.h"
 #include "report/output/PageFinder.h"
 #include "report/output/PdfJob.h"
+#include "report/output/Printers.h"
 #include "report/output/PrintJob.h"
 #include "report/viewer/FetchThread.h"
 #include "report/viewer/PageView.h"
 #include "report/viewer/ParameterDialog.h"
+#include "report/viewer/StatusLine.h"
 #include "report/viewer/WorkBar.h"
 #include "text/RunTimeError.h"
 #include "toolkit/Failure.h"
@@ -17,10 +19,12 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPrinter>
+#include <QRegularExpression>
 #include <QSpinBox>
 #include <QStandardItemModel>
 #include <QToolButton>
@@ -34,6 +38,17 @@ namespace {
 
 constexpr int kPageRole = Qt::UserRole;
 constexpr double kZoomStep = 1.25;
+/// In characters; a longer name is hard to read in a list of files.
+constexpr qsizetype kLongestName = 80;
+
+/// A text as a file of any system may be called.
+QString FileNameOf(QString text) {
+    static const QRegularExpression kForbidden(u"[\\x00-\\x1f/\\\\:*?\"<>|]"_s);
+    text = text.replace(kForbidden, u"-"_s).left(kLongestName).trimmed();
+    while (text.startsWith(u'.'))
+        text.remove(0, 1);
+    return text;
+}
 
 } // namespace
 
@@ -75,10 +90,10 @@ void ReportViewer::ViewReport() {
     if (mReport->HasDocument())
         return ShowDocument();
     if (!AskUnsetParameters(mReport->ParameterFields(), this)) {
-        mStatus->setText(u"The report was not given its values."_s);
+        mStatus->Tell(u"The report was not given its values."_s);
         return;
     }
-    mStatus->clear();
+    mStatus->Tell({});
     mFetch = new FetchThread(mReport->Order(), this);
     connect(mFetch, &FetchThread::Finished, this, &ReportViewer::TakeRows);
     mPages->viewport()->setCursor(Qt::BusyCursor);
@@ -97,7 +112,7 @@ void ReportViewer::TakeRows() {
 
 void ReportViewer::ShowDocument() {
     mDocument = mReport->Document();
-    mStatus->clear();
+    mStatus->Tell({});
     EnableCommands(true);
     mPageBox->setRange(1, mDocument->PageCount());
     mPageCount->setText(u"of %1"_s.arg(mDocument->PageCount()));
@@ -129,7 +144,7 @@ void ReportViewer::EndWork() {
 void ReportViewer::CancelWork() {
     const QString told = mFetch ? u"The report was cancelled."_s : mRunner->Job().CancelledText();
     StopWork();
-    mStatus->setText(told);
+    mStatus->Tell(told);
 }
 
 void ReportViewer::Escape() {
@@ -141,7 +156,7 @@ void ReportViewer::Escape() {
 }
 
 void ReportViewer::RunJob(const QString& what, std::unique_ptr<ReportJob> job, JobEnded ended) {
-    mStatus->clear();
+    mStatus->Tell({});
     mRunner->Run(std::move(job), [this, ended = std::move(ended)](const ReportJob& done) {
         EndWork();
         ended(done);
@@ -168,16 +183,40 @@ void ReportViewer::EnableCommands(bool enable) {
     mFindBox->setEnabled(enable);
 }
 
+QString ReportViewer::Title() const {
+    return mDocument->Title().isEmpty() ? window()->windowTitle() : mDocument->Title();
+}
+
 void ReportViewer::PrintReport() {
     if (!mDocument || IsWorking())
         return;
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-    printer->setDocName(window()->windowTitle());
-    if (!ChoosePrinter(*mDocument, *printer, this))
+    if (ChoosePrinter(*mDocument, *printer, this))
+        Print(printer);
+}
+
+/// The clerk who prints slip after slip on one printer is not asked each time.
+void ReportViewer::PrintAgain() {
+    if (!mDocument || IsWorking())
         return;
-    RunJob(u"Printing"_s, std::make_unique<PrintJob>(*mDocument, printer), [this](const ReportJob& job) {
-        TellFailure(u"The report could not be printed."_s, job.Failure());
-    });
+    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    if (TakeLastPrinter(*mDocument, *printer))
+        return Print(printer);
+    if (const QString last = LastPrinter(); !last.isEmpty())
+        mStatus->Tell(u"The printer \"%1\" is not there any more."_s.arg(last));
+    PrintReport();
+}
+
+void ReportViewer::Print(const std::shared_ptr<QPrinter>& printer) {
+    printer->setDocName(Title());
+    RunJob(u"Printing"_s, std::make_unique<PrintJob>(*mDocument, printer),
+           [this, name = printer->printerName()](const ReportJob& job) {
+               TellFailure(u"The report could not be printed."_s, job.Failure());
+               if (!job.Failure().isEmpty() || name.isEmpty())
+                   return;
+               RememberPrinter(name);
+               mStatus->Tell(u"Printed on \"%1\"."_s.arg(name));
+           });
 }
 
 void ReportViewer::SetSwitch258(bool /*on*/) {}
@@ -187,7 +226,7 @@ void ReportViewer::SetSwitch259(bool /*on*/) {}
 void ReportViewer::cmdPdf_Click() {
     const QString file = AskSaveFile(this, u"Save as PDF"_s, SuggestedName(u"pdf"_s), u"PDF (*.pdf)"_s);
     if (!file.isEmpty())
-        Save(u"Writing the PDF"_s, file, std::make_unique<PdfJob>(*mDocument, window()->windowTitle(), file));
+        Save(u"Writing the PDF"_s, file, std::make_unique<PdfJob>(*mDocument, Title(), file));
 }
 
 void ReportViewer::cmdCsv_Click() {
@@ -200,11 +239,14 @@ void ReportViewer::cmdCsv_Click() {
 void ReportViewer::Save(const QString& what, const QString& file, std::unique_ptr<ReportJob> job) {
     RunJob(what, std::move(job), [this, file](const ReportJob& done) {
         TellFailure(u"\"%1\" could not be saved."_s.arg(file), done.Failure());
+        if (done.Failure().isEmpty())
+            mStatus->Tell(u"Saved as %1"_s.arg(QDir::toNativeSeparators(file)));
     });
 }
 
 QString ReportViewer::SuggestedName(const QString& ending) const {
-    return QFileInfo(mReport->File()).completeBaseName() + u'.' + ending;
+    const QString title = FileNameOf(mDocument->Title());
+    return (title.isEmpty() ? QFileInfo(mReport->File()).completeBaseName() : title) + u'.' + ending;
 }
 
 void ReportViewer::TellFailure(const QString& what, const QString& failure) {
@@ -267,18 +309,26 @@ void ReportViewer::ShowPageNumber(int page) {
 
 void ReportViewer::EnterFind() {
     mFound.reset();
-    mStatus->clear();
+    mStatus->Tell({});
     mPages->ForgetFound();
 }
 
 void ReportViewer::cmdFindNext_Click() {
-    if (IsWorking())
+    Find(FindDirection::Forwards);
+}
+
+void ReportViewer::FindPrevious() {
+    Find(FindDirection::Backwards);
+}
+
+void ReportViewer::Find(FindDirection direction) {
+    if (!mDocument || IsWorking())
         return;
     if (mFindBox->text().isEmpty())
         return AskText();
     const QString text = mFindBox->text();
     const auto after = mFound ? std::optional(*mFound) : std::nullopt;
-    RunJob(u"Looking for the text"_s, std::make_unique<FindJob>(*mDocument, text, after),
+    RunJob(u"Looking for the text"_s, std::make_unique<FindJob>(*mDocument, text, after, direction),
            [this, text](const ReportJob& job) {
                // Nobody wants to see a text any more that was changed meanwhile.
                if (text == mFindBox->text())
@@ -288,7 +338,7 @@ void ReportViewer::cmdFindNext_Click() {
 
 void ReportViewer::ShowFound(const std::optional<FoundText>& found) {
     if (!found)
-        return mStatus->setText(u"Not found"_s);
+        return mStatus->Tell(u"Not found"_s);
     mFound = std::make_unique<CellPosition>(found->position);
     mPages->ShowFound(*found);
 }

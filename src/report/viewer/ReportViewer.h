@@ -18,13 +18,17 @@ class QBoxLayout;
 class QLabel;
 class QLineEdit;
 class QModelIndex;
+class QPrinter;
+class QShortcut;
 class QSpinBox;
 class QToolButton;
 class QTreeView;
 class ReportJob;
+class StatusLine;
 class WorkBar;
 struct CellPosition;
 struct FoundText;
+enum class FindDirection;
 
 /// The viewer control: a report's pages on screen, with the ways to move, to find, to print and to save.
 ///
@@ -54,7 +58,8 @@ class ReportViewer : public QWidget {
     /// what the report's order raises. What the fetching raises comes out of the event loop, where nothing
     /// traps it.
     void ViewReport();
-    /// Asks for the printer and prints. Nothing happens before a page is shown, or while the viewer works.
+    /// Asks for the printer and prints, and remembers which one it was. Nothing happens before a page is
+    /// shown, or while the viewer works.
     void PrintReport();
     /// Whether rows are being fetched, or long work on the pages is going on.
     bool IsWorking() const;
@@ -82,7 +87,7 @@ class ReportViewer : public QWidget {
     void AddFindBox(QBoxLayout& bar);
     QToolButton* AddButton(QBoxLayout& bar, const QString& name, const QString& text,
                            const QList<QKeySequence>& keys, Handler handler);
-    void AddKey(const QKeySequence& key, Handler handler);
+    QShortcut* AddKey(const QKeySequence& key, Handler handler);
 
     void cmdPdf_Click();
     void cmdCsv_Click();
@@ -99,6 +104,10 @@ class ReportViewer : public QWidget {
     void Escape();
     void AskPage();
     void AskText();
+    void PrintAgain();
+    void Print(const std::shared_ptr<QPrinter>& printer);
+    void FindPrevious();
+    void Find(FindDirection direction);
     void EnterFind();
     void ShowPageNumber(int page);
 
@@ -114,6 +123,7 @@ class ReportViewer : public QWidget {
     void GoToGroup(const QModelIndex& index);
     void EnableCommands(bool enable);
     void EnableJobs(bool enable);
+    QString Title() const;
     void TellFailure(const QString& what, const QString& failure);
     QString SuggestedName(const QString& ending) const;
 
@@ -122,11 +132,11 @@ class ReportViewer : public QWidget {
     std::unique_ptr<CellPosition> mFound;
     PageView* mPages;
     QTreeView* mTree;
+    StatusLine* mStatus;
     QSpinBox* mPageBox = nullptr;
     QLabel* mPageCount = nullptr;
     QLabel* mZoomLabel = nullptr;
     QLineEdit* mFindBox = nullptr;
-    QLabel* mStatus = nullptr;
     QToolButton* mTreeButton = nullptr;
     /// What needs a page to act upon.
     QList<QAction*> mActions;

@@ -1,6 +1,7 @@
 #include "report/output/JobRunner.h"
 #include "report/viewer/PageView.h"
 #include "report/viewer/ReportViewer.h"
+#include "report/viewer/StatusLine.h"
 #include "report/viewer/WorkBar.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Look.h"
@@ -39,6 +40,7 @@ ReportViewer::ReportViewer(QWidget* parent)
     : QWidget(parent)
     , mPages(new PageView(this))
     , mTree(new QTreeView(this))
+    , mStatus(new StatusLine(this))
     , mWorkBar(new WorkBar(this))
     , mRunner(new JobRunner(this)) {
     Q_INIT_RESOURCE(report);
@@ -53,6 +55,10 @@ ReportViewer::ReportViewer(QWidget* parent)
     splitter->setCollapsible(1, false);
     column->addWidget(splitter, 1);
     column->addWidget(mWorkBar);
+    // It stands there also when it says nothing: pages that moved when it speaks would be in the reader's
+    // way.
+    mStatus->setObjectName(u"lblStatus"_s);
+    column->addWidget(mStatus);
     mPages->setObjectName(u"PageView"_s);
     mTree->setObjectName(u"GroupTree"_s);
     mTree->setAccessibleName(u"Groups"_s);
@@ -67,7 +73,10 @@ ReportViewer::ReportViewer(QWidget* parent)
             [this](double factor) { mZoomLabel->setText(u"%1 %"_s.arg(std::lround(factor * 100))); });
     AddKey(QKeySequence(Qt::CTRL | Qt::Key_G), &ReportViewer::AskPage);
     AddKey(QKeySequence(Qt::CTRL | Qt::Key_F), &ReportViewer::AskText);
+    AddKey(QKeySequence(Qt::SHIFT | Qt::Key_F3), &ReportViewer::FindPrevious);
     AddKey(QKeySequence(Qt::Key_Escape), &ReportViewer::Escape);
+    // A key that is held is one slip.
+    AddKey(QKeySequence(Qt::Key_P), &ReportViewer::PrintAgain)->setAutoRepeat(false);
     connect(mWorkBar, &WorkBar::CancelRequested, this, &ReportViewer::CancelWork);
     connect(mRunner, &JobRunner::Progressed, mWorkBar, &WorkBar::SetProgress);
     setFocusProxy(mPages);
@@ -101,6 +110,7 @@ void ReportViewer::AddFileButtons(QBoxLayout& bar) {
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         mJobActions << button->defaultAction();
     }
+    mJobActions.front()->setToolTip(u"Print (Ctrl+P), print as last time (P)"_s);
     mTreeButton = AddButton(bar, u"cmdGroupTree"_s, u"Groups"_s, {QKeySequence(Qt::CTRL | Qt::Key_T)},
                             &ReportViewer::cmdGroupTree_Click);
     mTreeButton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -156,9 +166,7 @@ void ReportViewer::AddFindBox(QBoxLayout& bar) {
     mJobActions << AddButton(bar, u"cmdFindNext"_s, u"Find next"_s, {QKeySequence(Qt::Key_F3)},
                              &ReportViewer::cmdFindNext_Click)
                        ->defaultAction();
-    mStatus = new QLabel(this);
-    mStatus->setObjectName(u"lblStatus"_s);
-    bar.addWidget(mStatus);
+    mJobActions.back()->setToolTip(u"Find next (F3), find previous (Shift+F3)"_s);
 }
 
 QToolButton* ReportViewer::AddButton(QBoxLayout& bar, const QString& name, const QString& text,
@@ -178,6 +186,8 @@ QToolButton* ReportViewer::AddButton(QBoxLayout& bar, const QString& name, const
     return button;
 }
 
-void ReportViewer::AddKey(const QKeySequence& key, Handler handler) {
-    connect(new QShortcut(key, this), &QShortcut::activated, this, handler);
+QShortcut* ReportViewer::AddKey(const QKeySequence& key, Handler handler) {
+    auto* shortcut = new QShortcut(key, this);
+    connect(shortcut, &QShortcut::activated, this, handler);
+    return shortcut;
 }
