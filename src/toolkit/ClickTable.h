@@ -20,10 +20,16 @@ class ClickTable : public QTableView {
     void DblClick();
 
   protected:
+    // A screen reader is told of the cell in which the clerk is, columns that are not shown left out.
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void focusInEvent(QFocusEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
   private:
+    void SpeakCurrent();
+
     /// The button that comes up belongs to a double click, which was a click before.
     bool mDoubleClicked = false;
 };

@@ -25,6 +25,8 @@ class Desk : public testing::Test {
   protected:
     void TearDown() override;
 
+    /// More of the environment of what is started from now on.
+    void AddSettings(const QProcessEnvironment& settings) { mMoreSettings.insert(settings); }
     /// Sets the desk up and starts the program; it stands with the sign-on window when this comes back.
     void StartProgram(WindowManager manager);
     /// The same, and signs on as a nurse of the trial hospital.
@@ -113,6 +115,7 @@ class Desk : public testing::Test {
     void SavePictures();
 
     ProgramFolder mFolder;
+    QProcessEnvironment mMoreSettings;
     std::optional<XServer> mServer;
     std::optional<Seat> mSeat;
     std::optional<RunningWindowManager> mManager;
