@@ -30,7 +30,7 @@ class Ears : public Desk {
         if (!mReader)
             GTEST_SKIP() << "no accessibility bus can be had here; \"tools/setup test\" installs it";
         AddSettings(mReader->Settings());
-        StartProgram(WindowManager::Openbox);
+        StartProgram(WindowManager::None);
     }
 
     ScreenReader& Reader() { return *mReader; }
