@@ -8,6 +8,7 @@
 #include "suite/RegisterSuite.h"
 #include "toolkit/Application.h"
 #include "toolkit/FileDialogs.h"
+#include "toolkit/ProgramFiles.h"
 #include "tour/Album.h"
 #include "tour/CashDesk.h"
 #include "tour/DepartmentReports.h"
@@ -16,6 +17,7 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QWidget>
 
 #include <cstdio>
 
@@ -38,6 +40,17 @@ void SignOnForPictures(Driver& clerk, Album& album) {
     album.Take(u"sign-on"_s);
     SignOn(clerk);
     album.Take(u"main-window"_s);
+}
+
+void LookAtAbout(Driver& clerk, Album& album) {
+    // The picture tells of a program that is installed, and not of where the tour happens to run.
+    const auto folder = ProgramDirectorySeam().Replace([] { return u"/usr/lib/tarven/hemodialysis"_s; });
+    clerk.ChooseMenu(u"mnuAbout"_s);
+    clerk.ExpectScreen(u"frmAbout"_s);
+    clerk.WaitFor([] { return VisibleControl(u"frmAbout"_s).windowOpacity() == 1; }, u"the whole box"_s);
+    album.Take(u"about"_s);
+    clerk.Press(Qt::Key_Escape);
+    clerk.ExpectNoScreen(u"frmAbout"_s);
 }
 
 void FindPatient(Driver& clerk, Album& album) {
@@ -112,6 +125,7 @@ void Tour(Driver& clerk) {
     VisitCashDesk(clerk, album);
     LookAtTheReports(clerk, album);
     VisitWards(clerk, album);
+    LookAtAbout(clerk, album);
 }
 
 int ExitCode(const QString& failure) {

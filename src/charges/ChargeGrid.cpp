@@ -2,6 +2,7 @@
 
 #include "components/shared.h"
 #include "toolkit/Controls.h"
+#include "toolkit/Ears.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Focus.h"
 #include "toolkit/Keys.h"
@@ -47,6 +48,7 @@ ChargeGrid::ChargeGrid(QWidget* frame, QLineEdit* total, const ChargeGridDiffere
     , mLookup(grdTable->Cells(), mLines, *this) {
     grdTable->setObjectName(u"grdTable"_s);
     grdTable->setAccessibleName(u"Charges"_s);
+    // Until it lies over its first cell.
     txtEntry->setAccessibleName(u"Entry of the current cell"_s);
     txtEntry->setFrame(false);
     txtEntry->setProperty("floating", true);
@@ -201,6 +203,7 @@ void ChargeGrid::TakeCell() {
     mEditorRow = cells.Row();
     mEditorCol = cells.Col();
     txtEntry->setAlignment(AlignmentOf(mLines.Differences(), mEditorCol));
+    SpeakAnew(*txtEntry, u"%1, line %2"_s.arg(Text(0, mEditorCol)).arg(mEditorRow));
     PlaceEditor();
 }
 

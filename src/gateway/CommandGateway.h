@@ -51,6 +51,9 @@ class CommandGateway {
     /// As the session component opened the connection; never with the password in it.
     virtual QString ConnectionString() const = 0;
 
+    /// The database's product and version, for support; empty where it does not tell them. Sends no command.
+    virtual QString ServerVersion() const { return {}; }
+
     const QString& DefaultDatabase() const { return mDefaultDatabase; }
     virtual void SetDefaultDatabase(const QString& name) { mDefaultDatabase = name; }
     /// Seconds after which a command is given up.

@@ -8,6 +8,7 @@
 #include "patients/frmSearchPatient.h"
 #include "toolkit/Colors.h"
 #include "toolkit/Controls.h"
+#include "toolkit/Ears.h"
 #include "toolkit/Look.h"
 #include "toolkit/Screens.h"
 
@@ -109,8 +110,12 @@ QTimer* PendingMonitor::NewTimer(const char* name, std::chrono::milliseconds int
 void PendingMonitor::LayoutText() {
     Picture1 = new QFrame(this);
     Picture1->setObjectName(u"Picture1"_s);
+    // A screen reader tells of the strip when it appears, once; the letters that come are no news.
+    SpeakAs(*Picture1, QAccessible::AlertMessage);
+    Picture1->setAccessibleName(kPendingText);
     Label1 = new TypedLine(kPendingText, Picture1);
     Label1->setObjectName(u"Label1"_s);
+    Label1->setAccessibleName(kPendingText);
     QFont font(u"Courier New"_s);
     font.setStyleHint(QFont::TypeWriter);
     Label1->setFont(font);
@@ -170,9 +175,12 @@ void PendingMonitor::tmrCheckPending_Timer() {
     // Hidden while it has the focus, it would throw the focus along the tab chain.
     if (!isPending && Image1->hasFocus())
         Image1->clearFocus();
+    const bool isNews = isPending && Picture1->isHidden();
     Picture1->setVisible(isPending);
     pctPending->setVisible(isPending);
     requests.Close();
+    if (isNews)
+        SpeakAlert(*Picture1);
 }
 
 void PendingMonitor::tmrPending_Timer() {

@@ -108,6 +108,7 @@ void frmNursingRequest::Layout() {
     setObjectName(u"frmNursingRequest"_s);
     // Kept: nobody has given this screen a title of its own.
     setWindowTitle(u"Form1"_s);
+    setAccessibleName(u"Pending Requests"_s);
     QLabel* heading = NewHeading(u"Pending Requests"_s, this);
     heading->setObjectName(u"Label6"_s);
     auto* hint = new QLabel(u"Double-click on the patient you want to process."_s, this);

@@ -30,15 +30,19 @@ RunTimeError Cancelled() {
     throw RunTimeError(kIncorrectSyntax, u"Incorrect syntax near '%1'."_s.arg(shown), u"42000"_s);
 }
 
+/// What the driver knows of itself and of its server since the logon; empty where it does not tell.
+QString InfoOf(const OdbcHandle& connection, SQLUSMALLINT what) {
+    std::array<SQLWCHAR, 256> text{};
+    SQLSMALLINT length = 0;
+    if (!SQL_SUCCEEDED(SQLGetInfoW(connection.Get(), what, text.data(), SQLSMALLINT(sizeof text), &length)))
+        return {};
+    return QString::fromUtf16(reinterpret_cast<const char16_t*>(text.data()));
+}
+
 /// Whether the driver is one that takes SQL_ATTR_NOSCAN and looks for escapes in commands all the same.
 bool IgnoresNoscan(const OdbcHandle& connection) {
-    std::array<SQLWCHAR, 256> name{};
-    SQLSMALLINT length = 0;
-    if (!SQL_SUCCEEDED(
-            SQLGetInfoW(connection.Get(), SQL_DRIVER_NAME, name.data(), SQLSMALLINT(sizeof name), &length)))
-        return true;
-    return QString::fromUtf16(reinterpret_cast<const char16_t*>(name.data()))
-        .contains("tdsodbc"_L1, Qt::CaseInsensitive);
+    const QString name = InfoOf(connection, SQL_DRIVER_NAME);
+    return name.isEmpty() || name.contains("tdsodbc"_L1, Qt::CaseInsensitive);
 }
 
 } // namespace
@@ -77,6 +81,8 @@ OdbcGateway::OdbcGateway(const QString& dataSource, const QString& user, const Q
                                   OdbcText(user), SQLSMALLINT(user.size()), OdbcText(password),
                                   SQLSMALLINT(password.size())));
     mIgnoresNoscan = IgnoresNoscan(mConnection);
+    mServerVersion =
+        u"%1 %2"_s.arg(InfoOf(mConnection, SQL_DBMS_NAME), InfoOf(mConnection, SQL_DBMS_VER)).trimmed();
 } catch (...) {
     throw FailureInHand();
 }

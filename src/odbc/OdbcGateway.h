@@ -26,6 +26,7 @@ class OdbcGateway : public CommandGateway {
     /// The loss of the connection is noticed by the next command alone.
     bool Connected() const override { return true; }
     QString ConnectionString() const override { return mConnectionString; }
+    QString ServerVersion() const override { return mServerVersion; }
     /// Raises 911 for a database that the server has not.
     void SetDefaultDatabase(const QString& name) override;
     /// Comes back when the command that is running has ended, or after a moment when the server does not let
@@ -54,6 +55,7 @@ class OdbcGateway : public CommandGateway {
     bool IsLost() const;
 
     QString mConnectionString;
+    QString mServerVersion;
     OdbcEnvironment mEnvironment;
     OdbcHandle mConnection;
     bool mIgnoresNoscan = true;

@@ -2,6 +2,7 @@
 
 #include "components/ComponentRegistry.h"
 #include "components/shared.h"
+#include "manual/Help.h"
 #include "shell/ConfigFile.h"
 #include "shell/frmMain.h"
 #include "shell/frmSetup.h"
@@ -15,6 +16,7 @@
 using namespace Qt::StringLiterals;
 
 void Main() {
+    OfferHelp();
     gIniPath = ProgramDirectory() + u'\\' + kConfigFileName.toString();
     EnsureConfigFile();
     LoadDepartment();

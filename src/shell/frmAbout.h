@@ -2,10 +2,12 @@
 
 #include "toolkit/Form.h"
 
+class QPlainTextEdit;
 class QPushButton;
 class QTimer;
 
-/// The information box. It fades in when it is shown and out when it is closed.
+/// The information box, with what support asks for as a text that can be copied. It fades in when it is shown
+/// and out when it is closed.
 class frmAbout : public Form {
     Q_OBJECT
 
@@ -27,6 +29,8 @@ class frmAbout : public Form {
     void FadeOut();
     void SetOpacity(int opacity);
 
+    QPlainTextEdit* txtFacts;
+    QPushButton* cmdCopy;
     QPushButton* cmdOK;
     QTimer* tmrFade;
     /// The window's opacity from 0 to 255.

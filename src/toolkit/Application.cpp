@@ -1,5 +1,6 @@
 #include "toolkit/Application.h"
 
+#include "toolkit/Ears.h"
 #include "toolkit/Failure.h"
 #include "toolkit/Focus.h"
 #include "toolkit/Look.h"
@@ -16,6 +17,7 @@ Application::Application(int& argc, char** argv)
     setOrganizationName(QStringLiteral("TARVEN"));
     setApplicationName(QStringLiteral("Hemodialysis"));
     ApplyLook(*this);
+    OpenEars();
     FollowFocus();
     CatchLostFocus();
     KeepTypedAhead();

@@ -31,6 +31,10 @@ class ClickTable : public QTableView {
     bool viewportEvent(QEvent* event) override;
     /// For the headings.
     bool eventFilter(QObject* watched, QEvent* event) override;
+    // A screen reader is told of the cell in which the clerk is, columns that are not shown left out.
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void focusInEvent(QFocusEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
@@ -38,6 +42,8 @@ class ClickTable : public QTableView {
     bool ResizesColumn(const QKeyEvent& event);
     bool ShowWholeCell(const QHelpEvent& event);
     bool ShowWholeHeading(const QHelpEvent& event);
+
+    void SpeakCurrent();
 
     /// Invalid where none was set.
     QSize mStartSize;

@@ -1,5 +1,7 @@
 #include "toolkit/Focus.h"
 
+#include "toolkit/Aside.h"
+
 #include <QApplication>
 #include <QHash>
 #include <QMessageBox>
@@ -38,7 +40,8 @@ class FocusTracker : public QObject {
     }
 
     void Arrived(QWidget* control) {
-        if (!control || qobject_cast<QMessageBox*>(control->window()) || control == mLast)
+        if (!control || qobject_cast<QMessageBox*>(control->window()) || StandsAside(control) ||
+            control == mLast)
             return;
         mLast = control;
         Tell(control);

@@ -1,5 +1,6 @@
 #include "toolkit/MsgBox.h"
 
+#include "toolkit/Aside.h"
 #include "toolkit/ModalStack.h"
 
 #include <QApplication>
@@ -72,9 +73,10 @@ void MakeRoomForTitle(QMessageBox& box) {
 
 MsgAnswer ShowBox(const Message& message) {
     const ModalStack::Frame frame;
-    // A screen that was just unloaded may still count as the active window; it would take the box along.
+    // A screen that was just unloaded may still count as the active window, and one that stands aside may be
+    // closed any time; it would take the box along.
     QWidget* owner = QApplication::activeWindow();
-    QMessageBox box(owner && owner->isVisible() ? owner : nullptr);
+    QMessageBox box(owner && owner->isVisible() && !StandsAside(owner) ? owner : nullptr);
     box.setObjectName(u"MsgBox"_s);
     box.setWindowTitle(message.title.isEmpty() ? kDefaultTitle : message.title);
     box.setTextFormat(Qt::PlainText);

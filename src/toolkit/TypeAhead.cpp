@@ -1,5 +1,7 @@
 #include "toolkit/TypeAhead.h"
 
+#include "toolkit/Aside.h"
+
 #include <QAbstractNativeEventFilter>
 #include <QApplication>
 #include <QBasicTimer>
@@ -32,11 +34,16 @@ bool IsPress(const xcb_key_press_event_t& key) {
     return (key.response_type & ~kSent) == XCB_KEY_PRESS;
 }
 
-/// The window in front, where keys belong; null where nothing is shown.
+/// The window in front, where keys belong; null where nothing is shown. A window that stands aside may have
+/// the focus over a modal one.
 QWindow* Front() {
+    QWindow* owner = QGuiApplication::focusWindow();
+    const bool hasOwner = owner && owner->isVisible();
+    if (hasOwner && StandsAside(QWidget::find(owner->winId())))
+        return owner;
     if (QWindow* modal = QGuiApplication::modalWindow())
         return modal;
-    if (QWindow* owner = QGuiApplication::focusWindow(); owner && owner->isVisible())
+    if (hasOwner)
         return owner;
     const QWindowList windows = QGuiApplication::topLevelWindows();
     const auto shown = std::find_if(windows.begin(), windows.end(), [](const QWindow* window) {

@@ -4,6 +4,8 @@
 #include "trial/file/HospitalPlace.h"
 #include "trial/HospitalEngine.h"
 
+#include <sqlite3.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -38,6 +40,10 @@ EmbeddedGateway::EmbeddedGateway(const QString& path, Access access)
 }
 
 EmbeddedGateway::~EmbeddedGateway() = default;
+
+QString EmbeddedGateway::ServerVersion() const {
+    return u"SQLite "_s + QLatin1StringView(sqlite3_libversion());
+}
 
 void EmbeddedGateway::SetDefaultDatabase(const QString& name) {
     mEngine->SetDefaultDatabase(name);

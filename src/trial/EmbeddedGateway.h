@@ -28,6 +28,7 @@ class EmbeddedGateway : public CommandGateway {
 
     bool Connected() const override { return true; }
     QString ConnectionString() const override { return mConnectionString; }
+    QString ServerVersion() const override;
     /// Raises 911 for a database that the hospital has not.
     void SetDefaultDatabase(const QString& name) override;
     void SetCommandTimeout(int seconds) override;

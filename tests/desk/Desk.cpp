@@ -66,6 +66,7 @@ QProcessEnvironment Desk::Settings() const {
     settings.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"disabled:"_s);
     settings.insert(u"NO_AT_BRIDGE"_s, u"1"_s);
     settings.insert(u"QT_QPA_PLATFORM"_s, u"xcb"_s);
+    settings.insert(mMoreSettings);
     return settings;
 }
 

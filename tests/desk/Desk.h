@@ -25,6 +25,8 @@ class Desk : public testing::Test {
   protected:
     void TearDown() override;
 
+    /// More of the environment of what is started from now on.
+    void AddSettings(const QProcessEnvironment& settings) { mMoreSettings.insert(settings); }
     /// Sets the desk up and starts the program; it stands with the sign-on window when this comes back.
     void StartProgram(WindowManager manager);
     /// Sets it up with a screen of so many pixels, on a desktop that sets something of its own.
@@ -118,6 +120,7 @@ class Desk : public testing::Test {
     void SavePictures();
 
     ProgramFolder mFolder;
+    QProcessEnvironment mMoreSettings;
     std::optional<XServer> mServer;
     std::optional<Seat> mSeat;
     std::optional<RunningWindowManager> mManager;

@@ -4,7 +4,10 @@
 #include "support/ScreenTest.h"
 #include "toolkit/Screens.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTimer>
 
@@ -53,6 +56,22 @@ TEST_F(frmAboutTest, TellsTheDepartmentAndTheRelease) {
         texts.push_back(label->text());
     EXPECT_TRUE(texts.contains(u"TARVEN HEMODIALYSIS"_s));
     EXPECT_TRUE(texts.contains(u"Version 5.5.2"_s));
+}
+
+TEST_F(frmAboutTest, TellsSupportWhatItAsksForAndCopiesIt) {
+    gDeptCode = u"HC"_s;
+    user->connected = true;
+    const frmAbout& screen = Open();
+    const QStringList facts = Find<QPlainTextEdit>(screen, "txtFacts").toPlainText().split(u'\n');
+    EXPECT_TRUE(facts.contains(u"Version: 5.5.2"_s));
+    EXPECT_TRUE(facts.contains(u"Licence: MIT License"_s));
+    EXPECT_TRUE(facts.contains(u"Data source: "_s + user->ServerName()));
+    EXPECT_TRUE(facts.contains(u"Server: the tests' own 1.0"_s));
+    EXPECT_TRUE(facts.contains(u"User: %1, %2"_s.arg(user->UserId(), user->EmployeeName())));
+    EXPECT_TRUE(facts.contains(u"Department: HC, HEMODIALYSIS"_s));
+    EXPECT_TRUE(facts.contains(u"Program folder: "_s + programDirectory.path()));
+    Click(Find<QPushButton>(screen, "cmdCopy"));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), facts.join(u'\n'));
 }
 
 TEST_F(frmAboutTest, StandsBesideTheMainWindow) {

@@ -34,6 +34,7 @@ class ScriptedGateway : public CommandGateway {
 
     const std::vector<Opening>& Openings() const { return mOpenings; }
 
+    QString ServerVersion() const override { return QStringLiteral("the tests' own 1.0"); }
     bool Connected() const override { return mConnected; }
     void SetConnected(bool connected) { mConnected = connected; }
     QString ConnectionString() const override { return QStringLiteral("scripted"); }
