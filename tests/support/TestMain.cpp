@@ -10,9 +10,8 @@ int main(int argc, char** argv) {
     // The build lists the test cases by running this program, and a build has no display.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    // The machine's own data sources are none of the tests' business.
+    // The machine's own data sources and its user's settings are none of the tests' business.
     TestDataSources::Instance();
-    // Nor is what the program keeps for a user of the machine.
     const QTemporaryDir settings;
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     const Application application(argc, argv);
