@@ -12,7 +12,6 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     // The machine's own data sources and its user's settings are none of the tests' business.
     TestDataSources::Instance();
-    // Nor is what the program keeps for a user of the machine.
     const QTemporaryDir settings;
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
     const Application application(argc, argv);

@@ -2,6 +2,7 @@
 #include "support/process/FileLocks.h"
 #include "support/smallhospital/SmallHospital.h"
 #include "toolkit/FileDialogs.h"
+#include "toolkit/UserSettings.h"
 
 #include <QApplication>
 #include <QDir>
@@ -61,6 +62,22 @@ TEST(FileDialogs, ANameWithoutAnEndingGetsTheSuggestedOne) {
                   static_cast<QDialog&>(dialog).accept();
               }),
               folder.filePath(u"slip.pdf"_s));
+}
+
+TEST(FileDialogs, BeginInTheFolderThatWasSavedIntoLastAndAtHomeWhenItIsGone) {
+    QString kept;
+    {
+        const QTemporaryDir folder;
+        AskAndDo([&folder](QFileDialog& dialog) {
+            dialog.setDirectory(folder.path());
+            dialog.findChild<QLineEdit*>()->setText(folder.filePath(u"slip.pdf"_s));
+            static_cast<QDialog&>(dialog).accept();
+        });
+        kept = UserSettings().value(u"SaveFolder"_s).toString();
+        EXPECT_EQ(kept, folder.path());
+        AskAndDo([&folder](QFileDialog& dialog) { EXPECT_EQ(dialog.directory().path(), folder.path()); });
+    }
+    AskAndDo([](QFileDialog& dialog) { EXPECT_EQ(dialog.directory().path(), QDir::homePath()); });
 }
 
 // The system drops a process's locks on a file when the process closes any handle on it.
