@@ -144,7 +144,7 @@ Words WordsOfTheProgram() {
          ReadScreenTable(QStringLiteral(TARVEN_SOURCE_DIR "/tests/screens/screens.txt")))
         OneScreen().Open(section, [&words](const QWidget& screen) { words.TakeFrom(screen); });
     std::array<std::unique_ptr<DataSource>, 1> sources = {std::make_unique<ShownSource>()};
-    words.TakeFrom(SignOnDialog(sources, {}, u"HC"_s));
+    words.TakeFrom(SignOnDialog(sources, u"HC"_s));
     words.TakeFrom(PickDialog(u"Services"_s, {}, Rows({u"Code"_s}, {{u"HC001"_s}}), {}));
     return words;
 }

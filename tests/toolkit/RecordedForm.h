@@ -35,8 +35,8 @@ template <char Letter> class RecordedForm : public Form {
 
     ~RecordedForm() override { Note("gone"); }
 
-    using Form::SetCloseButton;
     using Form::LetMaximize;
+    using Form::SetCloseButton;
     using Form::StandAlone;
 
     QLineEdit* box;
