@@ -60,7 +60,7 @@ bool ClickTable::ResizesColumn(const QKeyEvent& event) {
         return resizes;
     const int step = TwipsToPixels(kStepTwips);
     const int width = columnWidth(column) + (wider ? step : -step);
-    setColumnWidth(column, qMax(width, horizontalHeader()->minimumSectionSize()));
+    setColumnWidth(column, qMax(width, step));
     return true;
 }
 
@@ -80,7 +80,8 @@ bool ClickTable::ShowWholeCell(const QHelpEvent& event) {
     const QModelIndex cell = indexAt(event.pos());
     const QString text = cell.data().toString();
     const QRect place = visualRect(cell);
-    const bool isCut = sizeHintForIndex(cell).width() > place.width() || place.right() >= viewport()->width();
+    const bool isCut = sizeHintForIndex(cell).width() > place.width() ||
+                       place.right() >= viewport()->width() || place.left() < 0;
     ShowTip(*this, event, isCut ? text : QString());
     return true;
 }

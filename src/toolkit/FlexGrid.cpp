@@ -5,6 +5,7 @@
 
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <QStyledItemDelegate>
 
 namespace {
@@ -55,6 +56,8 @@ FlexGrid::FlexGrid(QWidget* parent)
     connect(mCells, &FlexCells::CurrentMoved, this, &FlexGrid::FollowCells);
     connect(mCells, &QAbstractItemModel::headerDataChanged, this, &FlexGrid::ShowHeaders);
     connect(mCells, &QAbstractItemModel::dataChanged, this, &FlexGrid::ShowHeaders);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+            [this](int section, int, int pixels) { KeepClerksWidth(section + 1, pixels); });
     ApplyWidths();
     FollowCells();
 }
@@ -77,6 +80,13 @@ void FlexGrid::KeepWidth(int col, int twips) {
     if (size_t(col) >= mWidths.size())
         mWidths.resize(size_t(col) + 1, kDefaultWidth);
     mWidths[size_t(col)] = twips;
+    mClerksWidths.remove(col);
+}
+
+/// What the clerk has drawn out stays when other rows come.
+void FlexGrid::KeepClerksWidth(int col, int pixels) {
+    if (!mApplies && pixels > 0)
+        mClerksWidths[col] = pixels;
 }
 
 int FlexGrid::ColWidth(int col) const {
@@ -86,6 +96,8 @@ int FlexGrid::ColWidth(int col) const {
 /// A column of the usual width grows with its heading, which is a field's name that nobody has measured.
 int FlexGrid::ShownWidth(int col) const {
     const int twips = ColWidth(col);
+    if (twips != 0 && mClerksWidths.contains(col))
+        return mClerksWidths.value(col);
     if (twips != kDefaultWidth)
         return TwipsToPixels(twips);
     const QString heading = mCells->TextMatrix(0, col);
@@ -93,6 +105,7 @@ int FlexGrid::ShownWidth(int col) const {
 }
 
 void FlexGrid::ApplyWidths() {
+    const QScopedValueRollback applies(mApplies, true);
     verticalHeader()->setFixedWidth(TwipsToPixels(ColWidth(0)));
     ShowHeaders();
     for (int col = 1; col < mCells->Cols(); ++col) {

@@ -66,6 +66,7 @@ class FlexGrid : public ClickTable {
   private:
     void FollowCells();
     void KeepWidth(int col, int twips);
+    void KeepClerksWidth(int col, int pixels);
     int ShownWidth(int col) const;
     void ApplyWidths();
     void ShowHeaders();
@@ -73,5 +74,8 @@ class FlexGrid : public ClickTable {
 
     FlexCells* mCells;
     std::vector<int> mWidths;
+    /// In pixels, of the columns that the clerk has made wider or narrower.
+    QHash<int, int> mClerksWidths;
+    bool mApplies = false;
     bool mFollowing = false;
 };

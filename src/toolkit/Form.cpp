@@ -73,6 +73,11 @@ bool IsMaximizing(const QKeyEvent& event) {
            !event.isAutoRepeat();
 }
 
+/// The room that an area has for a screen. One that is not shown yet has no size to go by.
+QSize RoomIn(const QMdiArea& area) {
+    return area.isVisible() ? area.viewport()->size() : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+}
+
 void CenterOver(QWidget& form, const QWidget* owner) {
     if (!owner)
         return;
@@ -136,7 +141,7 @@ void Form::TakeStartSize(const QSize& room) {
 }
 
 void Form::PutInside(QMdiArea& area) {
-    TakeStartSize(area.viewport()->size());
+    TakeStartSize(RoomIn(area));
     mSubWindow =
         area.addSubWindow(this, mMayMaximize ? kInsideFlags | Qt::WindowMaximizeButtonHint : kInsideFlags);
     mSubWindow->setAttribute(Qt::WA_DeleteOnClose, false);
@@ -154,9 +159,8 @@ void Form::PutInside(QMdiArea& area) {
 /// A screen begins at its place, or in the middle where none is told; what its lists can spare of their size
 /// it leaves where the area has no room for it.
 void Form::PlaceInside(const QMdiArea& area) {
-    const QSize room = area.viewport()->size();
-    mSubWindow->resize(mSubWindow->size().boundedTo(room));
-    const QSize rest = (room - mSubWindow->size()).expandedTo({0, 0});
+    mSubWindow->resize(mSubWindow->size().boundedTo(RoomIn(area)));
+    const QSize rest = (area.viewport()->size() - mSubWindow->size()).expandedTo({0, 0});
     mSubWindow->move(mPlaced ? mPlace : QPoint(rest.width() / 2, rest.height() / 2));
 }
 

@@ -196,7 +196,7 @@ TEST_F(Rights, WhatHasNoWayInIsNamedWhereItIsKnownToLeadNowhere) {
         QStringList others = FilesThatSay(name);
         others.removeIf([&](const QString& file) {
             return StandsReady(file.section(u'.', 0, 0).remove(u"Layout"_s) + u".cpp"_s) ||
-                   file.startsWith(u"commands."_s);
+                   file.startsWith(u"commands."_s) || file == "Manual.cpp"_L1;
         });
         EXPECT_THAT(std::vector<QString>(others.begin(), others.end()),
                     testing::ElementsAreArray(entry.named))

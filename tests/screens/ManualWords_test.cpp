@@ -9,6 +9,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDirIterator>
 #include <QFile>
 #include <QGroupBox>
@@ -72,6 +73,10 @@ const std::map<QString, const char*>& KeysOfControls() {
         {u"F4"_s, "DatePicker"},
         {u"Alt+Down"_s, "DatePicker"},
         {u"Alt+Left"_s, "HelpWindow"},
+        {u"Shift+Space"_s, "PageView"},
+        {u"Ctrl+F10"_s, "FormLife.AKeyGivesAScreenTheWholeAreaAndTakesItBack"},
+        {u"Ctrl++"_s, "ClickTableTest.KeysMakeTheCurrentColumnWiderAndNarrower"},
+        {u"Ctrl+-"_s, "ClickTableTest.KeysMakeTheCurrentColumnWiderAndNarrower"},
     };
     return keys;
 }
@@ -90,6 +95,10 @@ class Words {
             TakeAction(*action);
         for (const auto* shortcut : window.findChildren<QShortcut*>())
             mKeys.insert(shortcut->key().toString());
+        for (const auto* list : window.findChildren<QComboBox*>()) {
+            for (int i = 0; i < list->count(); ++i)
+                Take(list->itemText(i));
+        }
         for (const auto* table : window.findChildren<QTableView*>())
             TakeHeadings(*table->model());
     }
