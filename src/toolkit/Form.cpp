@@ -114,10 +114,11 @@ void Form::Show() {
     Workspace* workspace = Workspace::Current();
     if (workspace && !mSubWindow && !IsModal() && !mStandAlone)
         PutInside(*workspace->Area());
-    if (mStandAlone && !isVisible()) {
+    const bool aWindowOfItsOwn = mStandAlone || !workspace;
+    if (aWindowOfItsOwn && !isVisible() && !IsModal())
         TakeStartSize(screen()->availableSize());
+    if (mStandAlone && !isVisible())
         CenterOver(*this, WindowBelow());
-    }
     show();
     if (mSubWindow) {
         mSubWindow->show();
@@ -133,9 +134,11 @@ void Form::Show() {
 /// The size with which a screen begins: as it is told, or as much of it as there is room for. The toolkit by
 /// itself would give a window two thirds of the machine's screen at most.
 void Form::TakeStartSize(const QSize& room) {
+    if (!layout())
+        return;
     QSize size = sizeHint();
     // A text that wraps asks for its height when the width is known.
-    if (layout() && layout()->hasHeightForWidth())
+    if (layout()->hasHeightForWidth())
         size.setHeight(layout()->totalHeightForWidth(size.width()));
     resize(size.boundedTo(room));
 }
@@ -159,7 +162,9 @@ void Form::PutInside(QMdiArea& area) {
 /// A screen begins at its place, or in the middle where none is told; what its lists can spare of their size
 /// it leaves where the area has no room for it.
 void Form::PlaceInside(const QMdiArea& area) {
-    mSubWindow->resize(mSubWindow->size().boundedTo(RoomIn(area)));
+    // The frame has its size only where the area is shown; elsewhere it takes it when both are.
+    if (area.isVisible())
+        mSubWindow->resize(mSubWindow->size().boundedTo(area.viewport()->size()));
     const QSize rest = (area.viewport()->size() - mSubWindow->size()).expandedTo({0, 0});
     mSubWindow->move(mPlaced ? mPlace : QPoint(rest.width() / 2, rest.height() / 2));
 }

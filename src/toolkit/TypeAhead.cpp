@@ -3,6 +3,7 @@
 #include "toolkit/Aside.h"
 
 #include <QAbstractNativeEventFilter>
+#include <QAccessible>
 #include <QApplication>
 #include <QBasicTimer>
 #include <QTimerEvent>
@@ -18,6 +19,8 @@ namespace {
 
 /// How long keys wait for a window that does not come to the front, and a sent key for its return.
 constexpr std::chrono::milliseconds kPatience(1000);
+/// How long keys wait for one that a screen reader has been told of.
+constexpr std::chrono::milliseconds kReadersPatience(200);
 constexpr uint8_t kSent = 0x80;
 
 /// A press or a release; the server tells both in the same form. Null for any other event.
@@ -95,6 +98,14 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
         : QObject(qApp) {
         connect(qApp, &QGuiApplication::focusWindowChanged, this, &KeyQueue::StartTurn);
         qApp->installNativeEventFilter(this);
+        qApp->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* target, QEvent* event) override {
+        const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+        if ((isKey && target->isWindowType()) || event->type() == QEvent::Shortcut)
+            TakeBack();
+        return false;
     }
 
     bool nativeEventFilter(const QByteArray& kind, void* message, qintptr*) override {
@@ -106,13 +117,29 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
         else if (const bool isRepeat = mHeldDown.Repeats(*key); MustWait(isRepeat))
             return Hold(*key, isRepeat);
         StartTurn();
+        LendToReader();
         return false;
     }
 
   private:
     /// A repeat comes in one go with the release before it, which waits for nothing either.
     bool MustWait(bool isRepeat) const {
-        return mIsSent || !mWaiting.empty() || (mTurn.isActive() && !isRepeat) || !IsSettled();
+        const bool isInHand = mTurn.isActive() || mAtReader.isActive();
+        return mIsSent || !mWaiting.empty() || (isInHand && !isRepeat) || !IsSettled();
+    }
+
+    /// While a screen reader runs, the toolkit tells it of each key and goes on with that when the answer has
+    /// come. The next key does not overtake it: the Alt of Alt+Q would close the menu that the Q has opened.
+    void LendToReader() {
+        if (QAccessible::isActive())
+            mAtReader.start(int(kReadersPatience.count()), this);
+    }
+
+    void TakeBack() {
+        if (!mAtReader.isActive())
+            return;
+        mAtReader.stop();
+        StartTurn();
     }
 
     bool Hold(const xcb_key_press_event_t& key, bool isRepeat) {
@@ -134,6 +161,8 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
         if (event->timerId() == mTurn.timerId()) {
             mTurn.stop();
             Advance();
+        } else if (event->timerId() == mAtReader.timerId()) {
+            TakeBack();
         } else {
             mPatience.stop();
             LosePatience();
@@ -141,7 +170,7 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
     }
 
     void Advance() {
-        if (mWaiting.empty() || mIsSent)
+        if (mWaiting.empty() || mIsSent || mAtReader.isActive())
             return;
         if (IsSettled())
             SendNext();
@@ -176,10 +205,12 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
     }
 
     std::deque<xcb_key_press_event_t> mWaiting;
-    // The two are none of the timers that rest while a failure is told: its box is closed by a key.
+    // The three are none of the timers that rest while a failure is told: its box is closed by a key.
     /// Runs while a key is with the program: it has it, but may not have done all that the key does.
     QBasicTimer mTurn;
     QBasicTimer mPatience;
+    /// Runs while a screen reader has a key.
+    QBasicTimer mAtReader;
     /// A key that waited is on its way back from the server.
     bool mIsSent = false;
     HeldDown mHeldDown;

@@ -1,6 +1,7 @@
 #include "support/PrintQt.h"
 #include "workstation/Workstation.h"
 
+#include <QDate>
 #include <QDir>
 #include <QLocale>
 
@@ -32,9 +33,17 @@ namespace {
 
 struct PeriodReport {
     QString title;
-    QString file;
+    QString file; ///< how the file's name begins
     QString head;
 };
+
+/// A report of a period is saved under its name and its days: "Audit Report 2026-09-23 to 2026-11-23.pdf".
+QString FileOf(const QString& report, const QString& period) {
+    QStringList days = period.split(u" to "_s);
+    for (QString& day : days)
+        day = QDate::fromString(day, u"MM/dd/yyyy"_s).toString(Qt::ISODate);
+    return report + u' ' + days.join(u" to "_s) + u".pdf"_s;
+}
 
 } // namespace
 
@@ -42,21 +51,22 @@ TEST_F(RoadOfTheReports, OfAPeriodOpensEachOneUnderItsTitle) {
     const Run run = RunScript(u"period-reports"_s);
     ASSERT_EQ(run.exitCode, 0) << run.errors.toStdString() << testing::PrintToString(run.told);
     const std::vector<PeriodReport> reports = {
-        {u"Audit Report"_s, u"AuditReport.pdf"_s, u"AUDIT REPORT"_s},
-        {u"Out-Patient Income Report"_s, u"IncomeReport.pdf"_s, u"OUT-PATIENT INCOME REPORT"_s},
-        {u"In-Patient Income Report"_s, u"IncomeReport-2.pdf"_s, u"IN-PATIENT INCOME REPORT"_s},
-        {u"Cash Patient Income Report"_s, u"IncomeReportCash.pdf"_s, u"CASH PATIENT INCOME REPORT"_s},
-        {u"Monthly Statistical Report"_s, u"StatisticsReport.pdf"_s, u"MONTHLY STATISTICAL REPORT"_s},
-        {u"In-Patient Company Report"_s, u"CompanyReport.pdf"_s, u"IN-PATIENT COMPANY REPORT"_s},
-        {u"Out-Patient Company Report"_s, u"CompanyReport-2.pdf"_s, u"OUT-PATIENT COMPANY REPORT"_s}};
+        {u"Audit Report"_s, u"Audit Report"_s, u"AUDIT REPORT"_s},
+        {u"Out-Patient Income Report"_s, u"OUT-PATIENT Income Report"_s, u"OUT-PATIENT INCOME REPORT"_s},
+        {u"In-Patient Income Report"_s, u"IN-PATIENT Income Report"_s, u"IN-PATIENT INCOME REPORT"_s},
+        {u"Cash Patient Income Report"_s, u"Cash Income Report"_s, u"CASH PATIENT INCOME REPORT"_s},
+        {u"Monthly Statistical Report"_s, u"Monthly Statistical Report"_s, u"MONTHLY STATISTICAL REPORT"_s},
+        {u"In-Patient Company Report"_s, u"IN-PATIENT Company Report"_s, u"IN-PATIENT COMPANY REPORT"_s},
+        {u"Out-Patient Company Report"_s, u"OUT-PATIENT Company Report"_s, u"OUT-PATIENT COMPANY REPORT"_s}};
     ASSERT_EQ(size_t(run.told.size()), 2 * reports.size()) << testing::PrintToString(run.told);
     std::map<QString, QString> saved = Saved();
     EXPECT_EQ(saved.size(), reports.size());
     for (size_t i = 0; i < reports.size(); ++i) {
         const QString& period = run.told[qsizetype(2 * i)];
         EXPECT_EQ(run.told[qsizetype(2 * i + 1)], reports[i].title);
-        const QString text = saved[reports[i].file];
-        const std::string name = reports[i].file.toStdString();
+        const QString file = FileOf(reports[i].file, period);
+        const QString text = saved[file];
+        const std::string name = file.toStdString();
         EXPECT_TRUE(text.startsWith(u"SAN RAFAEL GENERAL HOSPITAL "_s + reports[i].head)) << name;
         EXPECT_TRUE(text.contains(period)) << name << period.toStdString();
         EXPECT_TRUE(text.contains(u"Printed by NURSE, "_s)) << name;
@@ -91,7 +101,9 @@ TEST_F(RoadOfTheReports, OfTheCensusListsEveryPatientInBothArrangements) {
         u"Patients in the hospital: "_s +
         QueryOne(u"select count(*) from PATIENT_DATA..tbpatient where DcrDate is null"_s);
     const std::map<QString, QString> saved = Saved();
-    EXPECT_THAT(saved, ElementsAre(Key(u"CensusAll.pdf"_s), Key(u"CensusStation.pdf"_s)));
+    const QString today = QDate::currentDate().toString(Qt::ISODate);
+    EXPECT_THAT(saved, ElementsAre(Key(u"Inpatient Census "_s + today + u".pdf"_s),
+                                   Key(u"Inpatient Census by Station "_s + today + u".pdf"_s)));
     for (const auto& [name, text] : saved)
         EXPECT_TRUE(text.contains(patients)) << name.toStdString();
 }
