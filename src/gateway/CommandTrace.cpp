@@ -91,10 +91,11 @@ void CommandTrace::Write(const QString& sent, Begin begin, qint64 rows, const QS
     WriteLine(sent, begin, u"rows %1"_s.arg(rows), text);
 }
 
-void CommandTrace::WriteFailure(const QString& sent, Begin begin, const QString& text) {
+void CommandTrace::WriteFailure(const QString& sent, Begin begin, const std::exception_ptr& thrown,
+                                const QString& text) {
     QString failure = u"failed"_s;
     try {
-        throw;
+        std::rethrow_exception(thrown);
     } catch (const RunTimeError& error) {
         failure = u"error %1"_s.arg(error.Number());
         // The server's words may hold a patient's: "the varchar value 'DELA CRUZ'".

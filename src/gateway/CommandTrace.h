@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <chrono>
+#include <exception>
 #include <memory>
 
 /// A file with a line for each command that goes to the database, for those who look for what is slow or
@@ -42,7 +43,7 @@ class CommandTrace {
             Write(sent, begin, outcome.rows ? qint64(outcome.rows->RowCount()) : outcome.rowsAffected, text);
             return outcome;
         } catch (...) {
-            WriteFailure(sent, begin, text);
+            WriteFailure(sent, begin, std::current_exception(), text);
             throw;
         }
     }
@@ -52,7 +53,8 @@ class CommandTrace {
 
     static QString Moment();
     void Write(const QString& sent, Begin begin, qint64 rows, const QString& text);
-    void WriteFailure(const QString& sent, Begin begin, const QString& text);
+    void WriteFailure(const QString& sent, Begin begin, const std::exception_ptr& thrown,
+                      const QString& text);
     void WriteLine(const QString& sent, Begin begin, const QString& outcome, const QString& text);
 
     static CommandTrace* current;

@@ -27,8 +27,10 @@ MainArea::MainArea(QWidget* parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     // A clerk who gave one screen the whole area has not given it to the next one.
     setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
-    connect(qApp, &QApplication::focusChanged, this,
-            [this](const QWidget*, const QWidget* now) { Reveal(now); });
+    // Once a screen that is about to be shown stands in its size.
+    connect(
+        qApp, &QApplication::focusChanged, this, [this] { Reveal(QApplication::focusWidget()); },
+        Qt::QueuedConnection);
     mPanel->setObjectName(u"WhereOneIs"_s);
     // A click beside the screens is one on the area, whatever is told there.
     mPanel->setAttribute(Qt::WA_TransparentForMouseEvents);

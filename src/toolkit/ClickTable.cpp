@@ -2,12 +2,12 @@
 
 #include "toolkit/TableEar.h"
 #include "toolkit/Twips.h"
+#include "toolkit/WholeText.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QTimer>
-#include <QToolTip>
 
 #include <utility>
 
@@ -17,13 +17,6 @@ namespace {
 constexpr QSize kLeastTwips(3000, 1500);
 /// By how much a key makes a column wider or narrower.
 constexpr int kStepTwips = 150;
-
-/// Shows a tip, or hides the one of before where there is nothing to be told.
-void ShowTip(QWidget& table, const QHelpEvent& event, const QString& text) {
-    // What stands in a cell is no markup, and a tip of markup wraps.
-    QToolTip::showText(event.globalPos(), text.isEmpty() ? text : text.toHtmlEscaped().prepend(u"<p>"),
-                       &table);
-}
 
 } // namespace
 
@@ -82,7 +75,7 @@ bool ClickTable::ShowWholeCell(const QHelpEvent& event) {
     const QRect place = visualRect(cell);
     const bool isCut = sizeHintForIndex(cell).width() > place.width() ||
                        place.right() >= viewport()->width() || place.left() < 0;
-    ShowTip(*this, event, isCut ? text : QString());
+    ShowWholeText(*this, event, isCut ? text : QString());
     return true;
 }
 
@@ -91,7 +84,7 @@ bool ClickTable::ShowWholeHeading(const QHelpEvent& event) {
     const QString text =
         model() ? model()->headerData(column, Qt::Horizontal).toString().trimmed() : QString();
     const bool isCut = column >= 0 && horizontalHeader()->sectionSizeHint(column) > columnWidth(column);
-    ShowTip(*this, event, isCut ? text : QString());
+    ShowWholeText(*this, event, isCut ? text : QString());
     return true;
 }
 

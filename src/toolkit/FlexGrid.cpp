@@ -12,6 +12,9 @@ namespace {
 
 /// The width of a column whose width nobody has set, in twips.
 constexpr int kDefaultWidth = 960;
+/// As wide as such a column grows with what stands in it, and how many of its lines are measured for that.
+constexpr int kWidestUnset = 4800;
+constexpr int kMeasuredLines = 50;
 constexpr int kGridRowPadding = 6;
 
 /// Leaves the mark away from a blank row, on which there is nothing to pick.
@@ -93,15 +96,23 @@ int FlexGrid::ColWidth(int col) const {
     return size_t(col) < mWidths.size() ? mWidths[size_t(col)] : kDefaultWidth;
 }
 
-/// A column of the usual width grows with its heading, which is a field's name that nobody has measured.
 int FlexGrid::ShownWidth(int col) const {
     const int twips = ColWidth(col);
     if (twips != 0 && mClerksWidths.contains(col))
         return mClerksWidths.value(col);
-    if (twips != kDefaultWidth)
-        return TwipsToPixels(twips);
+    return twips == kDefaultWidth ? FittingWidth(col) : TwipsToPixels(twips);
+}
+
+/// A column of the usual width grows with its heading, which is a field's name that nobody has measured, and
+/// with what stands in its first lines.
+int FlexGrid::FittingWidth(int col) const {
     const QString heading = mCells->TextMatrix(0, col);
-    return TwipsToPixels(qMax(twips, *WidthOf({.heading = heading, .width = GridColumn::kAsHeading}, *this)));
+    const int least =
+        qMax(kDefaultWidth, *WidthOf({.heading = heading, .width = GridColumn::kAsHeading}, *this));
+    int content = 0;
+    for (int line = 0; line < qMin(mCells->rowCount(), kMeasuredLines); ++line)
+        content = qMax(content, sizeHintForIndex(mCells->index(line, col - 1)).width());
+    return qMax(TwipsToPixels(least), qMin(content + 1, TwipsToPixels(kWidestUnset)));
 }
 
 void FlexGrid::ApplyWidths() {

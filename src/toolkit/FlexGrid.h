@@ -68,6 +68,7 @@ class FlexGrid : public ClickTable {
     void KeepWidth(int col, int twips);
     void KeepClerksWidth(int col, int pixels);
     int ShownWidth(int col) const;
+    int FittingWidth(int col) const;
     void ApplyWidths();
     void ShowHeaders();
     void StepOutOfHiddenColumn();

@@ -1,19 +1,26 @@
 #include "toolkit/TextBox.h"
 
 #include "toolkit/Keys.h"
+#include "toolkit/WholeText.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QStyle>
+#include <QStyleOptionFrame>
 
 #include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Which the toolkit keeps free on either side of a box's text, in pixels.
+constexpr int kSideMargin = 2;
 
 /// Line ends, tabs, and what steers a text without being seen.
 bool IsUnseen(QChar c) {
@@ -47,6 +54,21 @@ QString SeenOf(const QString& text, qsizetype most) {
 
 TextBox::TextBox(QWidget* parent)
     : QLineEdit(parent) {}
+
+bool TextBox::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
+        return QLineEdit::event(event);
+    ShowWholeText(*this, static_cast<QHelpEvent&>(*event), IsCut() ? text() : QString());
+    return true;
+}
+
+/// Whether the box has too little room for what is read in it; a password is not read.
+bool TextBox::IsCut() const {
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const int room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).width();
+    return echoMode() == Normal && fontMetrics().horizontalAdvance(text()) > room - 2 * kSideMargin;
+}
 
 void TextBox::paste() {
     Offer(QGuiApplication::clipboard()->text());

@@ -11,6 +11,8 @@
 /// and other characters that nobody sees, and is cut where the box is full. To the key handlers of the box it
 /// is a Ctrl+V, and behind it each of its characters a key of its own, so it comes out as if it had been
 /// typed. What the program itself sets stays as it is.
+///
+/// A text for which the box has too little room stands whole in a tip.
 class TextBox : public QLineEdit {
     Q_OBJECT
 
@@ -22,6 +24,7 @@ class TextBox : public QLineEdit {
     void paste();
 
   protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -30,6 +33,7 @@ class TextBox : public QLineEdit {
     virtual void TakeText(const QString& text);
 
   private:
+    bool IsCut() const;
     void Offer(const QString& text);
     qsizetype Room() const;
 

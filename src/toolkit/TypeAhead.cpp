@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QBasicTimer>
 #include <QTimerEvent>
+#include <QWidget>
 #include <QWindow>
 
 #include <algorithm>

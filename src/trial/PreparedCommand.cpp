@@ -328,7 +328,7 @@ std::shared_ptr<const RowData> PreparedCommand::ReadRows(Step& step) const {
     sqlite3_stmt* row = step.statement.Handle();
     std::vector<RepeatedValues> repeated;
     MemoryBound memory(mDatabase.MostOfAnswer());
-    const auto cellsOfRow = static_cast<qint64>(columns.size() * sizeof(Value));
+    const auto cellsOfRow = static_cast<qint64>(columns.size()) * static_cast<qint64>(sizeof(Value));
     for (size_t read = 0; step.statement.Step(); ++read) {
         if (read == kManyRows)
             repeated.resize(columns.size());

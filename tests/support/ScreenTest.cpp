@@ -8,7 +8,9 @@
 #include "toolkit/Screens.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QTest>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -85,6 +87,17 @@ void DoubleClick(QWidget& control, QPoint place) {
 void RunEvents() {
     for (int i = 0; i < 3; ++i)
         QCoreApplication::processEvents();
+}
+
+QString TipAt(QWidget& control, QPoint place) {
+    QHelpEvent help(QEvent::ToolTip, place, control.mapToGlobal(place));
+    QApplication::sendEvent(&control, &help);
+    const QString tip = QToolTip::isVisible() ? QToolTip::text() : QString();
+    // A tip that is hidden goes a moment later.
+    QToolTip::hideText();
+    if (!QTest::qWaitFor([] { return !QToolTip::isVisible(); }))
+        ADD_FAILURE() << "the tip stays";
+    return tip;
 }
 
 void Activate(QWidget& window) {

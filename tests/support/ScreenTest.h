@@ -63,5 +63,8 @@ void Click(QWidget& control);
 void DoubleClick(QWidget& control, QPoint place);
 /// Lets the queued events run, sent Tab keys among them.
 void RunEvents();
+
+/// The tip that comes up where the mouse rests at a place of a control, hidden again; empty for none.
+QString TipAt(QWidget& control, QPoint place);
 /// Shows a screen and waits until its window is the active one.
 void Activate(QWidget& window);

@@ -6,9 +6,7 @@
 
 #include <QApplication>
 #include <QHeaderView>
-#include <QHelpEvent>
 #include <QTest>
-#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -31,7 +29,6 @@ class ClickTableTest : public testing::Test {
         mWindow.show();
         mList->setCurrentIndex(mList->model()->index(0, mName));
     }
-    ~ClickTableTest() override { QToolTip::hideText(); }
 
     int ColumnOf(const QString& heading) const {
         int column = 0;
@@ -39,23 +36,14 @@ class ClickTableTest : public testing::Test {
             ++column;
         return column;
     }
-    /// The tip that comes up there; empty for none.
-    static QString TipAt(QWidget* where, QPoint place) {
-        // A tip that is hidden goes a moment later.
-        QToolTip::hideText();
-        for (int i = 0; i < 50 && QToolTip::isVisible(); ++i)
-            QTest::qWait(20);
-        QHelpEvent help(QEvent::ToolTip, place, where->mapToGlobal(place));
-        QApplication::sendEvent(where, &help);
-        return QToolTip::isVisible() ? QToolTip::text() : QString();
-    }
     QString TipOfCell(int column) const {
         const QModelIndex cell = mList->model()->index(0, column);
-        return TipAt(mList->viewport(), mList->visualRect(cell).center());
+        return TipAt(*mList->viewport(), mList->visualRect(cell).center());
     }
     QString TipOfHeading(int column) const {
         QHeaderView* header = mList->horizontalHeader();
-        return TipAt(header->viewport(), {header->sectionViewportPosition(column) + 5, header->height() / 2});
+        return TipAt(*header->viewport(),
+                     {header->sectionViewportPosition(column) + 5, header->height() / 2});
     }
 
     QWidget mWindow;

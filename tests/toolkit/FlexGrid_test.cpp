@@ -100,6 +100,16 @@ TEST_F(FlexGridTest, AColumnWhoseWidthNobodyHasSetHasRoomForItsHeading) {
     EXPECT_EQ(grid->ColWidth(2), 960) << "it reads as the usual one";
 }
 
+TEST_F(FlexGridTest, AColumnWhoseWidthNobodyHasSetHasRoomForItsTexts) {
+    const QString name = u"HEMODIALYSIS, HIGH FLUX"_s;
+    const QString remark = QString(400, u'X');
+    grid->SetColumns(std::array{GridColumn{}, GridColumn{.width = 500}});
+    grid->Cells().Bind(Rows({u"A"_s, u"B"_s, u"C"_s}, {{name, name, remark}}));
+    EXPECT_EQ(grid->columnWidth(0), TwipsToPixels(500)) << "what is set stays";
+    EXPECT_GT(grid->columnWidth(1), grid->fontMetrics().horizontalAdvance(name));
+    EXPECT_EQ(grid->columnWidth(2), TwipsToPixels(4800)) << "within reason";
+}
+
 TEST_F(FlexGridTest, AColumnAsWideAsItsHeadingHoldsItsBlanksToo) {
     grid->SetColumns(std::array{GridColumn{}, GridColumn{u"Name", GridColumn::kAsHeading},
                                 GridColumn{u"Name      ", GridColumn::kAsHeading}});

@@ -57,6 +57,24 @@ class TextBoxTest : public ScreenTest {
     QLineEdit* box;
 };
 
+TEST_F(TextBoxTest, ShowsATextThatItCutsWholeInATip) {
+    const QString name = u"DE LOS SANTOS-VILLANUEVA, <MARIA> CRISTINA"_s;
+    box->setFixedWidth(120);
+    box->setText(name);
+    EXPECT_EQ(TipAt(*box, box->rect().center()), u"<p>"_s + name.toHtmlEscaped()) << "and it is no markup";
+    box->setReadOnly(true);
+    EXPECT_EQ(TipAt(*box, box->rect().center()), u"<p>"_s + name.toHtmlEscaped());
+    box->setText(u"DE LEON"_s);
+    EXPECT_EQ(TipAt(*box, box->rect().center()), QString()) << "what is seen whole needs none";
+}
+
+TEST_F(TextBoxTest, TellsNoPasswordInATip) {
+    box->setFixedWidth(40);
+    box->setEchoMode(QLineEdit::Password);
+    box->setText(u"a password that is longer than its box"_s);
+    EXPECT_EQ(TipAt(*box, box->rect().center()), QString());
+}
+
 } // namespace
 
 struct PasteCase {

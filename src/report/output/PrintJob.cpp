@@ -27,7 +27,7 @@ struct PrintJob::Range {
     int Pages() const { return last - first + 1; }
 };
 
-PrintJob::PrintJob(const ReportDocument& document, std::shared_ptr<QPrinter> printer)
+PrintJob::PrintJob(const ReportDocument& document, const std::shared_ptr<QPrinter>& printer)
     : PrintJob(document, printer, Range(document, *printer)) {}
 
 PrintJob::PrintJob(const ReportDocument& document, std::shared_ptr<QPrinter> printer, const Range& range)

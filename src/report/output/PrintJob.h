@@ -17,7 +17,7 @@ class ReportDocument;
 class PrintJob : public ReportJob {
   public:
     /// The document must outlive the job.
-    PrintJob(const ReportDocument& document, std::shared_ptr<QPrinter> printer);
+    PrintJob(const ReportDocument& document, const std::shared_ptr<QPrinter>& printer);
     ~PrintJob() override;
 
     bool Step() override;

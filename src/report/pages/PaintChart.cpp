@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace {
 
@@ -23,7 +24,9 @@ constexpr std::array kPens = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::Dash
 /// Strokes that rise, or fall, over a box. They are drawn one by one: a pattern of the toolkit's would have
 /// another size on each device.
 void PaintStrokes(QPainter& painter, const QRectF& box, bool rising) {
-    for (double along = kStrokes; along < box.width() + box.height(); along += kStrokes) {
+    const int strokes = int(std::ceil((box.width() + box.height()) / kStrokes));
+    for (int stroke = 1; stroke < strokes; ++stroke) {
+        const double along = stroke * kStrokes;
         const double overX = std::max(0.0, along - box.height());
         const double untilX = std::min(along, box.width());
         const QPointF low(overX, along - overX);

@@ -96,13 +96,14 @@ void PagePainter::PaintCell(const LaidCell& cell) {
     PaintBorder(style, cell.box);
     if (cell.text.isEmpty())
         return;
-    if (mFont != cell.font) {
-        mFont = cell.font;
-        mPainter.setFont(mFont->Painted());
+    const ReportFont& font = *cell.font;
+    if (mFont != &font) {
+        mFont = &font;
+        mPainter.setFont(font.Painted());
     }
     if (mPainter.pen().color() != style.color)
         mPainter.setPen(style.color);
-    const double scale = mFont->PaintScale();
+    const double scale = font.PaintScale();
     for (const LaidLine& line : cell.lines) {
         if (scale == 1)
             mPainter.drawText(line.start, line.text);

@@ -8,7 +8,7 @@
 #include <memory>
 
 /// In bytes. What a page is laid out with grows with the square of its texts.
-constexpr qsizetype kLargestTemplate = 1024 * 1024;
+constexpr qsizetype kLargestTemplate = qsizetype(1024) * 1024;
 
 /// Reads a template's content. Every mistake in it raises an error that names the file and the line. Pictures
 /// are read from the folder of the file; `file` itself is not opened.
