@@ -78,6 +78,13 @@ QSize RoomIn(const QMdiArea& area) {
     return area.isVisible() ? area.viewport()->size() : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
 }
 
+/// The room that the display has for a window inside a frame, which will be that of the main window.
+QSize RoomOnScreen(const QWidget& form) {
+    Workspace* workspace = Workspace::Current();
+    const QWindow* framed = workspace ? workspace->Area()->window()->windowHandle() : nullptr;
+    return form.screen()->availableSize().shrunkBy(framed ? framed->frameMargins() : QMargins());
+}
+
 void CenterOver(QWidget& form, const QWidget* owner) {
     if (!owner)
         return;
@@ -116,7 +123,7 @@ void Form::Show() {
         PutInside(*workspace->Area());
     const bool aWindowOfItsOwn = mStandAlone || !workspace;
     if (aWindowOfItsOwn && !isVisible() && !IsModal())
-        TakeStartSize(screen()->availableSize());
+        TakeStartSize(RoomOnScreen(*this));
     if (mStandAlone && !isVisible())
         CenterOver(*this, WindowBelow());
     show();
@@ -193,7 +200,7 @@ bool Form::IsModal() const {
 void Form::OpenOver(const QWidget* owner) {
     setWindowFlags(kModalFlags);
     setWindowModality(Qt::ApplicationModal);
-    TakeStartSize(screen()->availableSize());
+    TakeStartSize(RoomOnScreen(*this));
     winId();
     KeepBarEmpty(*this);
     if (owner)

@@ -27,6 +27,8 @@ const std::vector<Way>& Ways() {
         Further("QuestionOfTheRegistration", "Registration",
                 {{"MsgBox", "{Return}", "cmdOption(1)"}, {"frmAssessment", "{Return}"}}),
         Further("SlipAfterAssessment", "AssessmentSlip", {{"frmMain", "{Escape}"}}),
+        Further("ScreenAfterAbout", "About",
+                {{"frmMain", "{Escape}"}, {"frmPostCharges", "{Alt+q}{Down}{Return}"}}),
         Further("SlipAfterCharge", "ChargeSlip", {{"frmMain", "{Escape}"}}),
         Further("WordsWithoutAPrinter", "ChargeSlip",
                 {{"MsgBox", "{Control+p}"}, {"frmReportviewer", "{Escape}"}}),
