@@ -1,19 +1,55 @@
 # An installed program has a folder of its own: the program, the templates that it reads beside itself, and the
-# configuration of the department, which setup writes there. A command on the path leads to it. Two departments on one
-# machine are two such folders.
+# configuration of the department, which setup writes there. A command on the path leads to it.
+#
+# A distribution keeps what an administrator may change below /etc: there the templates and the configuration are links.
 include(GNUInstallDirs)
+option(TARVEN_FILES_IN_ETC "Install what an administrator may change below /etc" OFF)
 set(program_folder lib/tarven/hemodialysis)
+set(programs tarven-hemodialysis)
 
-install(TARGETS tarven-hemodialysis DESTINATION ${program_folder})
-install(DIRECTORY Reports DESTINATION ${program_folder})
+install(TARGETS ${programs} DESTINATION ${program_folder})
+
+# A link in a folder of the installation to what lies at another place of the file system.
+function(install_link to link)
+  cmake_path(GET link PARENT_PATH folder)
+  install(CODE "
+    set(folder \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${folder})
+    file(MAKE_DIRECTORY \${folder})
+    file(CREATE_LINK ${to} \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${link} SYMBOLIC)")
+endfunction()
+
+if(TARVEN_FILES_IN_ETC)
+  set(department_folder ${CMAKE_INSTALL_FULL_SYSCONFDIR}/tarven-hemodialysis)
+  install(DIRECTORY Reports DESTINATION ${department_folder})
+  install(FILES driver/tarvenaux.ini DESTINATION ${department_folder})
+  foreach(name Reports tarvenaux.ini)
+    install_link(${department_folder}/${name} ${program_folder}/${name})
+  endforeach()
+else()
+  install(DIRECTORY Reports DESTINATION ${program_folder})
+  install(FILES driver/tarvenaux.ini DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+endif()
 # Two templates are looked for in the program's own folder.
-install(FILES Reports/RadioConsultation.rpt Reports/ChargeSlip.rpt DESTINATION ${program_folder})
-install(CODE "
-  set(commands \$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR})
-  file(MAKE_DIRECTORY \${commands})
-  file(RELATIVE_PATH program /${CMAKE_INSTALL_BINDIR} /${program_folder}/tarven-hemodialysis)
-  file(CREATE_LINK \${program} \${commands}/tarven-hemodialysis SYMBOLIC)")
+foreach(name RadioConsultation.rpt ChargeSlip.rpt)
+  install_link(Reports/${name} ${program_folder}/${name})
+endforeach()
+foreach(program IN LISTS programs)
+  file(RELATIVE_PATH path /${CMAKE_INSTALL_BINDIR} /${program_folder}/${program})
+  install_link(${path} ${CMAKE_INSTALL_BINDIR}/${program})
+endforeach()
 
 install(DIRECTORY docs/manual DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES README.md CHANGELOG.md LICENSE docs/deployment.md docs/templates.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES driver/tarvenaux.ini DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+install(FILES README.md CHANGELOG.md docs/deployment.md docs/templates.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+
+# What a desktop shows, and the page that man shows.
+string(TIMESTAMP TARVEN_RELEASE_DATE "%Y-%m-%d" UTC)
+set(made ${PROJECT_BINARY_DIR}/packaging)
+configure_file(packaging/metainfo.xml.in ${made}/org.tarven.hemodialysis.metainfo.xml @ONLY)
+configure_file(packaging/tarven-hemodialysis.1.in ${made}/tarven-hemodialysis.1 @ONLY)
+install(FILES packaging/tarven-hemodialysis.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${made}/org.tarven.hemodialysis.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES ${made}/tarven-hemodialysis.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES src/toolkit/icons/program.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
+        RENAME tarven-hemodialysis.svg)
+
+include(cmake/package.cmake)

@@ -29,6 +29,12 @@ bool IsBelowProgramDirectory(const QString& path) {
     return path.startsWith(directory + u'/') || path.startsWith(directory + u'\\');
 }
 
+/// The program's own folder, unless the environment names that of another department on the same machine.
+QString DepartmentsFolder() {
+    const QString named = qEnvironmentVariable("TARVEN_FOLDER");
+    return named.isEmpty() ? QCoreApplication::applicationDirPath() : QDir(named).absolutePath();
+}
+
 } // namespace
 
 QString ProgramDirectory() {
@@ -36,7 +42,7 @@ QString ProgramDirectory() {
 }
 
 Seam<QString()>& ProgramDirectorySeam() {
-    static Seam<QString()> seam(QCoreApplication::applicationDirPath);
+    static Seam<QString()> seam(DepartmentsFolder);
     return seam;
 }
 

@@ -5,7 +5,8 @@
 
 #include <QString>
 
-/// The directory of the program file, without a slash at its end. tarvenaux.ini and Reports/ stand in it.
+/// The directory of the program file, or the one that TARVEN_FOLDER names, without a slash at its end.
+/// tarvenaux.ini and Reports/ stand in it.
 QString ProgramDirectory();
 
 /// Which directory that is.

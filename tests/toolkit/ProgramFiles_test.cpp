@@ -105,6 +105,14 @@ TEST_F(ProgramFiles, TheDirectoryIsTheProgramsOwn) {
     EXPECT_FALSE(ProgramDirectory().endsWith(u'/'));
 }
 
+TEST_F(ProgramFiles, TheDirectoryIsAnotherDepartmentsThatTheEnvironmentNames) {
+    const auto own = ProgramDirectorySeam().Replace(ProgramDirectorySeam().Own());
+    qputenv("TARVEN_FOLDER", QFile::encodeName(folder.path() + u'/'));
+    EXPECT_EQ(ProgramDirectory(), folder.path());
+    EXPECT_EQ(ResolveFile(ProgramDirectory() + u"\\letters.txt"_s), folder.path() + u"/letters.txt"_s);
+    qunsetenv("TARVEN_FOLDER");
+}
+
 TEST(FileErrorTest, NamesThePathAndTheReasonWhereThereIsOne) {
     EXPECT_EQ(FileError(u"/ward/a.txt"_s).Number(), 75);
     EXPECT_EQ(FileError(u"/ward/a.txt"_s).Description(), u"Path/File access error: /ward/a.txt"_s);
