@@ -39,7 +39,7 @@ foreach(program IN LISTS programs)
 endforeach()
 
 install(DIRECTORY docs/manual DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES README.md CHANGELOG.md docs/deployment.md docs/templates.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md CHANGELOG.md docs/installing.md docs/deployment.md docs/templates.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 # What a desktop shows, and the page that man shows.
 string(TIMESTAMP TARVEN_RELEASE_DATE "%Y-%m-%d" UTC)
