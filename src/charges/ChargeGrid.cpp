@@ -376,6 +376,9 @@ bool ChargeGrid::eventFilter(QObject* watched, QEvent* event) {
         if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape || key == Qt::Key_Up ||
             key == Qt::Key_Down)
             event->accept();
+    } else if (watched == txtEntry && event->type() == QEvent::KeyPress) {
+        // The editor has the keys of the grid beneath it.
+        return grdTable->ResizesColumn(static_cast<const QKeyEvent&>(*event));
     }
     return false;
 }

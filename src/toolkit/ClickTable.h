@@ -13,6 +13,8 @@ class ClickTable : public QTableView {
 
     /// The size with which its screen opens, in twips. From then on it grows and shrinks with the screen.
     void SetStartSize(const QSize& twips) { mStartSize = twips; }
+    /// Makes the current column wider or narrower with Ctrl++ and Ctrl+-; false for another key.
+    bool ResizesColumn(const QKeyEvent& event);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
@@ -39,7 +41,6 @@ class ClickTable : public QTableView {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
   private:
-    bool ResizesColumn(const QKeyEvent& event);
     bool ShowWholeCell(const QHelpEvent& event);
     bool ShowWholeHeading(const QHelpEvent& event);
 

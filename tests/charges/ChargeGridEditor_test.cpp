@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QScreen>
 #include <QScrollBar>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 
@@ -95,6 +96,18 @@ TEST_P(ChargeGridEditorTest, EditorFollowsAColumnThatTheClerkWidens) {
         EXPECT_EQ(editor.geometry(), CellPlace(2, 2)) << col;
     }
     EXPECT_GT(editor.width(), 190);
+}
+
+TEST_P(ChargeGridEditorTest, KeysWidenTheColumnThatIsKeyed) {
+    OpenByFocus(2, 2);
+    editor.setText(u"AB"_s);
+    const int before = grid.columnWidth(1);
+    QTest::keyClick(&editor, Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_GT(grid.columnWidth(1), before);
+    EXPECT_EQ(editor.geometry(), CellPlace(2, 2));
+    QTest::keyClick(&editor, Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_EQ(grid.columnWidth(1), before);
+    EXPECT_EQ(editor.text(), u"AB"_s);
 }
 
 TEST_P(ChargeGridEditorTest, EditorFollowsTheColumnsBackToTheirWidths) {
