@@ -22,6 +22,7 @@ namespace {
 constexpr int kTexts = 200;
 constexpr int kCalls = 20;
 constexpr int kSteps = 10;
+constexpr int kCommandsUntraced = 2000;
 
 /// One command of the day, whose text is another each time.
 struct MeasuredText {
@@ -83,9 +84,12 @@ class NewTexts {
         for (int i = 0; i < mCount; ++i)
             mTexts << mText(mNext++);
     }
-    void SendTo(EmbeddedGateway& gateway) const {
+    void SendEach(const std::function<void(const QString& text)>& send) const {
         for (const QString& text : mTexts)
-            gateway.Execute(text);
+            send(text);
+    }
+    void SendTo(EmbeddedGateway& gateway) const {
+        SendEach([&gateway](const QString& text) { gateway.Execute(text); });
     }
 
   private:
@@ -190,6 +194,24 @@ void MeasureProcedure(BenchTable& table, const BenchSession& session) {
         });
 }
 
+/// A gateway whose commands can be run without a look whether somebody traces them.
+class UnaskedGateway : public EmbeddedGateway {
+  public:
+    using EmbeddedGateway::EmbeddedGateway;
+    void RunUnasked(const QString& command) { Run(command); }
+};
+
+void MeasureTraceWhenOff(BenchTable& table, const QString& hospital) {
+    UnaskedGateway gateway(hospital, EmbeddedGateway::Access::Reading);
+    NewTexts texts(kCommandsUntraced, [](int number) {
+        return u"SELECT LastName FROM PATIENT_DATA..tbmaster WHERE HospNum = '%1'"_s.arg(NumberOf(number));
+    });
+    AddRatio(
+        table, u"%1 commands that nobody traces; bare: none asks for a trace"_s.arg(kCommandsUntraced), 1.02,
+        texts, [&] { texts.SendEach([&](const QString& text) { gateway.ExecuteNoResult(text); }); },
+        [&] { texts.SendEach([&](const QString& text) { gateway.RunUnasked(text); }); });
+}
+
 } // namespace
 
 void BenchStatements(BenchTable& table) {
@@ -202,6 +224,7 @@ void BenchStatements(BenchTable& table) {
     for (const MeasuredText& measured : DayTexts())
         MeasureText(table, *session, measured);
     MeasureProcedure(table, *session);
+    MeasureTraceWhenOff(table, path);
     gConnection = nullptr;
     gCurrentUser = {};
 }
