@@ -5,7 +5,9 @@
 include(GNUInstallDirs)
 option(TARVEN_FILES_IN_ETC "Install what an administrator may change below /etc" OFF)
 set(program_folder lib/tarven/hemodialysis)
+# Each has a page packaging/<program>.1.in for man.
 set(programs tarven-hemodialysis)
+add_custom_target(programs DEPENDS ${programs})
 
 install(TARGETS ${programs} DESTINATION ${program_folder})
 
@@ -45,10 +47,12 @@ install(FILES README.md CHANGELOG.md docs/installing.md docs/deployment.md docs/
 string(TIMESTAMP TARVEN_RELEASE_DATE "%Y-%m-%d" UTC)
 set(made ${PROJECT_BINARY_DIR}/packaging)
 configure_file(packaging/metainfo.xml.in ${made}/org.tarven.hemodialysis.metainfo.xml @ONLY)
-configure_file(packaging/tarven-hemodialysis.1.in ${made}/tarven-hemodialysis.1 @ONLY)
+foreach(program IN LISTS programs)
+  configure_file(packaging/${program}.1.in ${made}/${program}.1 @ONLY)
+  install(FILES ${made}/${program}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+endforeach()
 install(FILES packaging/tarven-hemodialysis.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${made}/org.tarven.hemodialysis.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
-install(FILES ${made}/tarven-hemodialysis.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 install(FILES src/toolkit/icons/program.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
         RENAME tarven-hemodialysis.svg)
 

@@ -9,6 +9,7 @@
 #include <QPrinter>
 #include <QProcess>
 #include <QScrollBar>
+#include <QSettings>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTest>
@@ -422,6 +423,21 @@ TEST_F(ViewerOnPrinters, PrintsAgainOnTheLastOneWithoutAsking) {
     EXPECT_EQ(asked, 1);
     EXPECT_TRUE(TextOfPdf(server->Printed(u"Ward"_s)).contains(u"PATIENT 12"_s));
     EXPECT_EQ(server->Printed(u"Office"_s), QString());
+}
+
+TEST_F(ViewerOnPrinters, BeginsWithTheMachinesPrinterWithoutAsking) {
+    server->AddQueue(u"Office"_s, {u"A4"_s});
+    server->AddQueue(u"Ward"_s, {u"A4"_s});
+    QSettings(QSettings::IniFormat, QSettings::SystemScope, u"TARVEN"_s, u"Hemodialysis"_s)
+        .setValue(u"Printer"_s, u"Ward"_s);
+    View();
+    const auto printing = PrintDialogSeam().Replace([](QPrinter&, int, QWidget*) {
+        ADD_FAILURE() << "it asks";
+        return false;
+    });
+    Key(Qt::Key_P, Qt::NoModifier);
+    EXPECT_EQ(Status(), u"Printed on \"Ward\"."_s);
+    EXPECT_TRUE(TextOfPdf(server->Printed(u"Ward"_s)).contains(u"PATIENT 12"_s));
 }
 
 TEST_F(ViewerOnPrinters, AsksWhenTheLastOneIsGone) {

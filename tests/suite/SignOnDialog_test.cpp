@@ -36,6 +36,7 @@ class SignOnDialogTest : public SuiteTest {
         first->hint = u"Sign on as NURSE."_s;
         first->canBeMadeAnew = true;
         QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
+        QSettings::setPath(QSettings::IniFormat, QSettings::SystemScope, settings.filePath(u"machine"_s));
     }
 
     /// The dialogue over the data sources, of which the one of that name was kept.
@@ -106,6 +107,15 @@ TEST_F(SignOnDialogTest, OffersTheDisplaySizesBeginningWithTheUsersOwn) {
     DisplaySize::Choose(150);
     Open();
     EXPECT_EQ(In<QComboBox>("cmbDisplaySize").currentText(), u"150 %"_s);
+}
+
+TEST_F(SignOnDialogTest, AUserWhoHasChosenNothingBeginsWithTheMachinesDataSource) {
+    QSettings(QSettings::IniFormat, QSettings::SystemScope, u"TARVEN"_s, u"Hemodialysis"_s)
+        .setValue(u"DataSource"_s, u"San Roque"_s);
+    dialog = std::make_unique<SignOnDialog>(sources, u"HC"_s);
+    EXPECT_EQ(In<QComboBox>("cmbDataSource").currentText(), u"San Roque"_s);
+    Open(u"Trial hospital"_s);
+    EXPECT_EQ(In<QComboBox>("cmbDataSource").currentText(), u"Trial hospital"_s) << "his own goes before it";
 }
 
 TEST_F(SignOnDialogTest, ADisplaySizeIsKeptWithTheDataSourceAndTheProcessBeginsAnew) {
