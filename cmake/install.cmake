@@ -40,8 +40,9 @@ foreach(program IN LISTS programs)
   install_link(${path} ${CMAKE_INSTALL_BINDIR}/${program})
 endforeach()
 
-install(DIRECTORY docs/manual DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES README.md CHANGELOG.md docs/installing.md docs/deployment.md docs/templates.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+# As they lie here, so that what they say of each other leads there.
+install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 # What a desktop shows, and the page that man shows.
 string(TIMESTAMP TARVEN_RELEASE_DATE "%Y-%m-%d" UTC)

@@ -11,7 +11,7 @@ namespace {
 /// The entry of the folder with that name, in any letter case. The folder ends with a slash; the empty one is
 /// the working directory.
 QString FindEntry(const QString& folder, const QString& name) {
-    const QString exact = folder + name;
+    QString exact = folder + name;
     if (QFileInfo::exists(exact))
         return exact;
     const QStringList entries =

@@ -96,6 +96,7 @@ void PagePainter::PaintCell(const LaidCell& cell) {
     PaintBorder(style, cell.box);
     if (cell.text.isEmpty())
         return;
+    Q_ASSERT(cell.font);
     const ReportFont& font = *cell.font;
     if (mFont != &font) {
         mFont = &font;
