@@ -30,6 +30,7 @@ if(TARVEN_FILES_IN_ETC)
 else()
   install(DIRECTORY Reports DESTINATION ${program_folder})
   install(FILES driver/tarvenaux.ini DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
+  install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 endif()
 # Two templates are looked for in the program's own folder.
 foreach(name RadioConsultation.rpt ChargeSlip.rpt)

@@ -27,7 +27,7 @@ TEST(Install, HasAProgramFolderAndACommandThatLeadsThere) {
     for (const QString& beside : {u"/ChargeSlip.rpt"_s, u"/RadioConsultation.rpt"_s})
         EXPECT_TRUE(QFileInfo::exists(folder + beside)) << beside.toStdString();
     const QString documents = root.filePath(u"share/doc/tarven_hemodialysis"_s);
-    for (const QString& file : {u"/manual/README.md"_s, u"/examples/tarvenaux.ini"_s, u"/LICENSE"_s})
+    for (const QString& file : {u"/docs/manual/README.md"_s, u"/examples/tarvenaux.ini"_s, u"/LICENSE"_s})
         EXPECT_TRUE(QFileInfo::exists(documents + file)) << file.toStdString();
 }
 

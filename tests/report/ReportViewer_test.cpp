@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QPrinter>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QScrollBar>
 #include <QSettings>
 #include <QSignalSpy>
@@ -428,8 +429,9 @@ TEST_F(ViewerOnPrinters, PrintsAgainOnTheLastOneWithoutAsking) {
 TEST_F(ViewerOnPrinters, BeginsWithTheMachinesPrinterWithoutAsking) {
     server->AddQueue(u"Office"_s, {u"A4"_s});
     server->AddQueue(u"Ward"_s, {u"A4"_s});
-    QSettings(QSettings::IniFormat, QSettings::SystemScope, u"TARVEN"_s, u"Hemodialysis"_s)
-        .setValue(u"Printer"_s, u"Ward"_s);
+    QSettings machine(QSettings::IniFormat, QSettings::SystemScope, u"TARVEN"_s, u"Hemodialysis"_s);
+    machine.setValue(u"Printer"_s, u"Ward"_s);
+    const auto cleared = qScopeGuard([&machine] { machine.clear(); });
     View();
     const auto printing = PrintDialogSeam().Replace([](QPrinter&, int, QWidget*) {
         ADD_FAILURE() << "it asks";
