@@ -1,0 +1,39 @@
+#pragma once
+
+#include "suite/SignOn.h"
+#include "text/Seam.h"
+
+#include <QString>
+
+#include <chrono>
+#include <memory>
+#include <unistd.h>
+
+class DataSource;
+
+/// A password for a program without a window. A command line is shown to everybody who lists the machine's
+/// processes, so it never stands there. It is wiped at the end of this.
+class ConsolePassword {
+  public:
+    /// Takes the first line of a file, which nobody but its owner may read; without a file the first line of
+    /// the input, asked for and typed without echo where that is a terminal. From here on the process leaves
+    /// no core dump. Raises 75, with a text that says why, where there is no password to be had.
+    explicit ConsolePassword(const QString& file, int input = STDIN_FILENO);
+    ConsolePassword(const ConsolePassword&) = delete;
+    ConsolePassword& operator=(const ConsolePassword&) = delete;
+    ~ConsolePassword();
+
+    const QString& Text() const { return mText; }
+
+  private:
+    QString mText;
+};
+
+/// Signs a user on for a department as the sign-on window does. A wait that the hospital asks for is told on
+/// the standard error and served. Raises 18456 with the text of a refusal, 53 for a hospital that has yet to
+/// be made, and what the data source raises.
+std::unique_ptr<SignedOnUser> SignOnAtConsole(DataSource& source, const QString& user,
+                                              const ConsolePassword& password, const QString& deptCode);
+
+/// How a wait that the hospital asks for is served.
+Seam<void(std::chrono::seconds wait)>& ConsoleWaitSeam();
