@@ -41,6 +41,13 @@ foreach(program IN LISTS programs)
   install_link(${path} ${CMAKE_INSTALL_BINDIR}/${program})
 endforeach()
 
+# The face of screens and slips; a distribution has it already.
+if(TARVEN_FILES_IN_ETC)
+  install_link(${faces_folder} ${program_folder}/fonts)
+else()
+  install(FILES ${program_faces} DESTINATION ${program_folder}/fonts)
+endif()
+
 # As they lie here, so that what they say of each other leads there.
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
@@ -55,7 +62,6 @@ foreach(program IN LISTS programs)
 endforeach()
 install(FILES packaging/tarven-hemodialysis.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${made}/org.tarven.hemodialysis.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
-install(FILES src/toolkit/icons/program.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps
-        RENAME tarven-hemodialysis.svg)
+install(FILES packaging/tarven-hemodialysis.svg DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 
 include(cmake/package.cmake)

@@ -68,7 +68,7 @@ constexpr std::chrono::milliseconds kBlinkInterval(500);
 constexpr QSize kPictureSize(32, 32);
 
 QPixmap PictureOf(int number) {
-    return KeptIcon(u":/maintenance/assessment%1.svg"_s.arg(number)).pixmap(kPictureSize);
+    return ProgramIcon(u"assessment%1"_s.arg(number)).pixmap(kPictureSize);
 }
 
 bool MayBeActedOn(const QString& status) {
@@ -84,7 +84,6 @@ frmAssessStatus::frmAssessStatus() {
 
 void frmAssessStatus::Layout() {
     // The pictures lie in a static library, whose resources nobody else would take up.
-    Q_INIT_RESOURCE(maintenance);
     setObjectName(u"frmAssessStatus"_s);
     setWindowTitle(u"Assessment Status"_s);
     grdTable = NewList(u"grdTable"_s, u"Assessments"_s, kListSize, this);

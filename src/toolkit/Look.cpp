@@ -1,11 +1,13 @@
 #include "toolkit/Look.h"
 
+#include "toolkit/ColoredIcon.h"
 #include "toolkit/Colors.h"
-#include "toolkit/IconFile.h"
 #include "toolkit/ProgramStyle.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFont>
+#include <QFontDatabase>
 #include <QHash>
 #include <QIcon>
 #include <QToolTip>
@@ -45,11 +47,29 @@ QString StyleSheetIn(const Colors& colors) {
     return sheet;
 }
 
+/// The picture for each size lies in the folder.
+QIcon IconInSizes(const QString& folder) {
+    QIcon icon;
+    const QDir pictures(folder);
+    for (const QString& picture : pictures.entryList())
+        icon.addFile(pictures.filePath(picture));
+    return icon;
+}
+
 } // namespace
 
+QStringList LoadFaces(const QString& folder) {
+    const QDir files(folder);
+    QStringList families;
+    for (const QString& file : files.entryList({u"LiberationSans-*.ttf"_s}))
+        families +=
+            QFontDatabase::applicationFontFamilies(QFontDatabase::addApplicationFont(files.filePath(file)));
+    families.removeDuplicates();
+    return families;
+}
+
 void ApplyLook(QApplication& application) {
-    // The icons lie in a static library, whose resources nobody else would take up.
-    Q_INIT_RESOURCE(icons);
+    LoadFaces(QCoreApplication::applicationDirPath() + u"/fonts"_s);
     FollowDesktop();
     QApplication::setStyle(new ProgramStyle);
     QApplication::setPalette(PaletteOf(TheColors()));
@@ -58,18 +78,14 @@ void ApplyLook(QApplication& application) {
     QApplication::setFont(font);
     application.setStyleSheet(StyleSheetIn(TheColors()));
     // Desktops show it on grounds of their own.
-    QApplication::setWindowIcon(QIcon(u":/icons/program.svg"_s));
-}
-
-QIcon KeptIcon(const QString& file) {
-    // To the end of the process: icons are in use until then.
-    static auto& icons = *new QHash<QString, QIcon>;
-    QIcon& icon = icons[file];
-    if (icon.isNull())
-        icon = IconFromFile(file);
-    return icon;
+    QApplication::setWindowIcon(IconInSizes(u":/icons/program/"_s));
 }
 
 QIcon ProgramIcon(const QString& name) {
-    return KeptIcon(u":/icons/"_s + name + u".svg"_s);
+    // To the end of the process: icons are in use until then.
+    static auto& icons = *new QHash<QString, QIcon>;
+    QIcon& icon = icons[name];
+    if (icon.isNull())
+        icon = IconInColors(name);
+    return icon;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QStringList>
+
 class QApplication;
 class QIcon;
 class QString;
@@ -8,6 +10,10 @@ class QString;
 /// dark ones, as the desktop has it.
 void ApplyLook(QApplication& application);
 
+/// Makes the faces of a folder the program's, so that screens and pages are the same on every desk, whatever
+/// its system has. Returns their families.
+QStringList LoadFaces(const QString& folder);
+
 /// The spacing scale, in pixels.
 namespace Space {
 constexpr int kTight = 4;
@@ -15,9 +21,7 @@ constexpr int kNormal = 8;
 constexpr int kWide = 16;
 } // namespace Space
 
-/// The icon of a picture's file, the same one each time: the toolkit keeps what it drew of an icon under the
-/// number of that very icon, and forgets no number. It shows in the colours of the look.
-QIcon KeptIcon(const QString& file);
-
-/// One of the program's own icons by its name, such as "patient".
+/// One of the program's own icons by its name, such as "patient"; the same one each time: the toolkit keeps
+/// what it drew of an icon under the number of that very icon, and forgets no number. It shows in the colours
+/// of the look.
 QIcon ProgramIcon(const QString& name);

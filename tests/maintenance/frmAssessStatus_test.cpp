@@ -1,5 +1,6 @@
 #include "maintenance/AssessStatusGround.h"
 #include "support/CaseName.h"
+#include "toolkit/Look.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -184,7 +185,7 @@ TEST_F(frmAssessStatusTest, EachTickChangesThePictureAndNothingElse) {
     timer.stop();
     const auto& picture = Find<QLabel>(screen, "Picture1");
     const auto imageOf = [](int number) {
-        return QIcon(u":/maintenance/assessment%1.svg"_s.arg(number)).pixmap(32, 32).toImage();
+        return ProgramIcon(u"assessment%1"_s.arg(number)).pixmap(32, 32).toImage();
     };
     ASSERT_FALSE(imageOf(1).isNull());
     ASSERT_NE(imageOf(1), imageOf(2));

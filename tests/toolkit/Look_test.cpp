@@ -4,6 +4,7 @@
 #include "toolkit/Look.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QIcon>
 #include <QImage>
 #include <QLabel>
@@ -11,6 +12,7 @@
 #include <QPalette>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QToolTip>
 #include <QVBoxLayout>
 
@@ -88,9 +90,23 @@ TEST_F(DarkLook, DrawsTheIconsInItsColours) {
 }
 
 TEST(Look, TheProgramsIconsAreThere) {
-    for (const QString& name : {u"assess"_s, u"calendar"_s, u"patient"_s, u"pending"_s, u"program"_s,
-                                u"reports"_s, u"transaction"_s})
-        EXPECT_FALSE(ProgramIcon(name).pixmap(32).isNull()) << name.toStdString();
+    for (const QString& name : {u"assess"_s, u"calendar"_s, u"patient"_s, u"pending"_s, u"reports"_s,
+                                u"transaction"_s, u"critical"_s})
+        EXPECT_FALSE(ProgramIcon(name).isNull()) << name.toStdString();
+    EXPECT_TRUE(ProgramIcon(u"none"_s).isNull());
+}
+
+TEST(Look, DesktopsGetTheProgramsIconInTheirSizes) {
+    const QList<QSize> sizes = QApplication::windowIcon().availableSizes();
+    for (const int side : {16, 24, 32, 48, 64, 128, 256})
+        EXPECT_TRUE(sizes.contains(QSize(side, side))) << side;
+}
+
+TEST(Look, ItsFaceComesWithTheProgram) {
+    EXPECT_EQ(LoadFaces(QCoreApplication::applicationDirPath() + u"/fonts"_s),
+              QStringList(u"Liberation Sans"_s));
+    const QTemporaryDir empty;
+    EXPECT_EQ(LoadFaces(empty.path()), QStringList());
 }
 
 TEST(Look, AnIconIsTheSameOneEachTime) {

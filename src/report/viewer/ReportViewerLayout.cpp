@@ -31,7 +31,7 @@ constexpr int kTreeWidth = 200;
 constexpr int kFindWidth = 130;
 
 QIcon IconOf(const QString& control) {
-    return KeptIcon(u":/report/%1.svg"_s.arg(control.mid(3).toLower()));
+    return ProgramIcon(control.mid(3).toLower());
 }
 
 } // namespace
@@ -43,7 +43,6 @@ ReportViewer::ReportViewer(QWidget* parent)
     , mStatus(new StatusLine(this))
     , mWorkBar(new WorkBar(this))
     , mRunner(new JobRunner(this)) {
-    Q_INIT_RESOURCE(report);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
