@@ -1,11 +1,16 @@
 # tarven_room(<name> LINK <libraries...> [SUBFOLDERS <folders...>])
 #   One folder of src/ as one static library. Every .cpp and .h of the folder, and of the subfolders that are named,
-#   belongs to it.
+#   belongs to it. What operating systems do in ways of their own stands behind one header, with a file in posix/ and
+#   one in windows/ beside it.
+set(operating_system posix)
+if(WIN32)
+  set(operating_system windows)
+endif()
 function(tarven_room name)
   cmake_parse_arguments(ROOM "" "" "LINK;SUBFOLDERS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h ${operating_system}/*.cpp)
   foreach(folder IN LISTS ROOM_SUBFOLDERS)
-    file(GLOB more CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h)
+    file(GLOB more CONFIGURE_DEPENDS ${folder}/*.cpp ${folder}/*.h ${folder}/${operating_system}/*.cpp)
     list(APPEND sources ${more})
   endforeach()
   add_library(${name} STATIC ${sources})

@@ -4,7 +4,7 @@
 #include "text/RunTimeError.h"
 
 #include <mutex>
-#include <string.h>
+#include <sodium.h>
 
 namespace {
 
@@ -15,7 +15,7 @@ std::optional<int> currentTimeout;
 
 void WipeText(QString& text) {
     if (text.isDetached())
-        explicit_bzero(text.data(), static_cast<size_t>(text.size()) * sizeof(QChar));
+        sodium_memzero(text.data(), static_cast<size_t>(text.size()) * sizeof(QChar));
     text.resize(0);
 }
 

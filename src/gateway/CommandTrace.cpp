@@ -9,30 +9,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <cstring>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr mode_t kOwnersAlone = S_IRUSR | S_IWUSR;
-
-[[noreturn]] void RaiseFileError(const QString& path, const QString& reason) {
-    throw RunTimeError(RunTime::kPathFileAccess,
-                       u"%1: %2 (%3)"_s.arg(RunTime::TextOf(RunTime::kPathFileAccess), path, reason));
-}
-
-/// Whether the file behind the descriptor is a plain one of this user, which no one else can read from now
-/// on.
-bool BecomesOwnersAlone(int file) {
-    struct stat state = {};
-    return fstat(file, &state) == 0 && S_ISREG(state.st_mode) && state.st_uid == geteuid() &&
-           fchmod(file, kOwnersAlone) == 0;
-}
 
 bool IsLiteral(const Token& token) {
     return token.kind == TokenKind::Text || token.kind == TokenKind::Number;
@@ -60,19 +40,7 @@ CommandTrace* CommandTrace::current = nullptr;
 
 CommandTrace::CommandTrace(const QString& path, Texts texts)
     : mTexts(texts)
-    , mFile(open(QFile::encodeName(path).constData(),
-                 O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, kOwnersAlone)) {
-    if (mFile < 0)
-        RaiseFileError(path, QString::fromLocal8Bit(std::strerror(errno)));
-    if (BecomesOwnersAlone(mFile))
-        return;
-    close(mFile);
-    RaiseFileError(path, u"it is no file of this user"_s);
-}
-
-CommandTrace::~CommandTrace() {
-    close(mFile);
-}
+    , mFile(path) {}
 
 std::unique_ptr<CommandTrace> CommandTrace::OfEnvironment() {
     const QString path = QFile::decodeName(qgetenv("TARVEN_TRACE"));
@@ -114,9 +82,8 @@ void CommandTrace::WriteLine(const QString& sent, Begin begin, const QString& ou
                                 .arg(sent, QString::number(taken, 'f', 3), outcome,
                                      told.replace(u'\r', u' ').replace(u'\n', u' '))
                                 .toUtf8();
-    // One write for the whole line: those of the threads of reports come between lines. A full disk keeps
-    // nobody from his work.
-    [[maybe_unused]] const ssize_t written = write(mFile, line.constData(), size_t(line.size()));
+    // A full disk keeps nobody from his work.
+    mFile.Write(line);
 }
 
 QString MaskedCommand(const QString& command) {

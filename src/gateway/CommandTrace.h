@@ -1,5 +1,7 @@
 #pragma once
 
+#include "gateway/OwnersLog.h"
+
 #include <QString>
 
 #include <chrono>
@@ -21,9 +23,6 @@ class CommandTrace {
     /// Goes on with the file, or begins it. Raises 75 with its path where it cannot be written, is no plain
     /// file or is another user's.
     CommandTrace(const QString& path, Texts texts);
-    CommandTrace(const CommandTrace&) = delete;
-    CommandTrace& operator=(const CommandTrace&) = delete;
-    ~CommandTrace();
 
     /// The trace of TARVEN_TRACE, the path of its file, and TARVEN_TRACE_TEXTS, 1 for whole texts; null
     /// without the first. Raises what the constructor raises.
@@ -60,7 +59,7 @@ class CommandTrace {
     static CommandTrace* current;
 
     const Texts mTexts;
-    int mFile;
+    OwnersLog mFile;
 };
 
 /// The text of a command without what stands in its literals and comments.

@@ -26,20 +26,20 @@ bool IsOfTheDriverManager(const QString& name) {
 
 QStringList OdbcDataSources() {
     const OdbcEnvironment environment;
-    std::array<SQLCHAR, 512> name{};
-    std::array<SQLCHAR, 512> description{};
+    std::array<SQLWCHAR, 512> name{};
+    std::array<SQLWCHAR, 512> description{};
     SQLSMALLINT nameLength = 0;
     SQLSMALLINT descriptionLength = 0;
     const auto next = [&](SQLUSMALLINT direction) {
-        return SQLDataSources(environment.Get(), direction, name.data(), SQLSMALLINT(name.size()),
-                              &nameLength, description.data(), SQLSMALLINT(description.size()),
-                              &descriptionLength);
+        return SQLDataSourcesW(environment.Get(), direction, name.data(), SQLSMALLINT(name.size()),
+                               &nameLength, description.data(), SQLSMALLINT(description.size()),
+                               &descriptionLength);
     };
     QStringList names;
     SQLRETURN result = next(SQL_FETCH_FIRST);
     for (; result != SQL_NO_DATA; result = next(SQL_FETCH_NEXT)) {
         environment.Check(result);
-        const QString found = QString::fromUtf8(reinterpret_cast<const char*>(name.data()));
+        const QString found = QString::fromUtf16(reinterpret_cast<const char16_t*>(name.data()));
         if (CanBeOpened(found) && !IsOfTheDriverManager(found))
             names.append(found);
     }

@@ -35,7 +35,7 @@ OdbcEnvironment::OdbcEnvironment()
 }
 
 SQLWCHAR* OdbcText(const QString& text) {
-    return const_cast<SQLWCHAR*>(text.utf16());
+    return reinterpret_cast<SQLWCHAR*>(const_cast<ushort*>(text.utf16()));
 }
 
 SQLPOINTER OdbcNumber(qulonglong number) {

@@ -7,7 +7,6 @@
 
 #include <chrono>
 #include <memory>
-#include <unistd.h>
 
 class DataSource;
 
@@ -15,10 +14,12 @@ class DataSource;
 /// processes, so it never stands there. It is wiped at the end of this.
 class ConsolePassword {
   public:
+    static constexpr int kStandardInput = 0;
+
     /// Takes the first line of a file, which nobody but its owner may read; without a file the first line of
     /// the input, asked for and typed without echo where that is a terminal. From here on the process leaves
     /// no core dump. Raises 75, with a text that says why, where there is no password to be had.
-    explicit ConsolePassword(const QString& file, int input = STDIN_FILENO);
+    explicit ConsolePassword(const QString& file, int input = kStandardInput);
     ConsolePassword(const ConsolePassword&) = delete;
     ConsolePassword& operator=(const ConsolePassword&) = delete;
     ~ConsolePassword();

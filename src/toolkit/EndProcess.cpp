@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <unistd.h>
 
 void EndProcess() {
     EndProcessSeam()();
@@ -12,7 +11,7 @@ void EndProcess() {
 Seam<void()>& EndProcessSeam() {
     static Seam<void()> seam([] {
         std::fflush(nullptr);
-        _exit(0);
+        std::_Exit(EXIT_SUCCESS);
     });
     return seam;
 }

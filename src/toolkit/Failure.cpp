@@ -9,20 +9,18 @@
 #include <QThread>
 #include <QTimer>
 
-#include <unistd.h>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int kFailed = 1;
 
 bool ending = false;
 
 /// Nothing is flushed, destroyed or asked: whatever was being done has failed, and what the database has
 /// answered already stands.
 [[noreturn]] void LeaveProcess() {
-    _exit(kFailed);
+    std::_Exit(EXIT_FAILURE);
 }
 
 [[noreturn]] void ShowAndLeave(const QString& text) {

@@ -1,6 +1,7 @@
 #include "trial/HospitalFile.h"
 
 #include "gateway/SqlLexer.h"
+#include "trial/file/DiskAccess.h"
 #include "trial/file/HospitalPlace.h"
 #include "trial/file/SignOnTrail.h"
 #include "trial/HospitalBuilder.h"
@@ -14,12 +15,8 @@
 #include <QSysInfo>
 #include <QtEndian>
 
-#include <cerrno>
 #include <chrono>
-#include <cstring>
-#include <fcntl.h>
 #include <optional>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -50,35 +47,6 @@ QString Digest(const std::vector<Script>& scripts, QLatin1StringView folder) {
         }
     }
     return QString::fromLatin1(hash.result().toHex());
-}
-
-[[noreturn]] void RaiseSystem(const QString& path) {
-    throw ServerError(Fault::CannotOpen, {path, QString::fromLocal8Bit(std::strerror(errno))});
-}
-
-/// A folder that is open for as long as this lives.
-class OpenFolder {
-  public:
-    explicit OpenFolder(const QString& path)
-        : mHandle(::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY)) {
-        if (mHandle < 0)
-            RaiseSystem(path);
-    }
-    OpenFolder(const OpenFolder&) = delete;
-    OpenFolder& operator=(const OpenFolder&) = delete;
-    ~OpenFolder() { ::close(mHandle); }
-
-    int Handle() const { return mHandle; }
-
-  private:
-    int mHandle;
-};
-
-/// Makes sure that a folder knows its files after a power failure too.
-void FlushFolder(const QString& path) {
-    const OpenFolder folder(path);
-    if (::fsync(folder.Handle()) != 0)
-        RaiseSystem(path);
 }
 
 void RemoveCompanions(const QString& path) {
@@ -264,9 +232,9 @@ class UnfinishedHospital {
     void Appear() {
         // The journal of a hospital that was deleted by hand must not be played into the new one.
         RemoveCompanions(mPath);
-        if (::rename(QFile::encodeName(Path()).constData(), QFile::encodeName(mPath).constData()) != 0)
-            RaiseSystem(mPath);
-        FlushFolder(QFileInfo(mPath).absolutePath());
+        const QString failure = RenameForGood(Path(), mPath);
+        if (!failure.isEmpty())
+            throw ServerError(Fault::CannotOpen, {mPath, failure});
     }
 
   private:

@@ -51,9 +51,15 @@ const std::map<std::string, std::set<std::string>>& Allowed() {
     return allowed;
 }
 
-/// The folder of a file or of an include, which is a room or a folder in one.
+/// The folder of a file or of an include, which is a room or a folder in one. What is written for one
+/// operating system belongs to the folder that its header stands in.
 std::string FolderOf(const QString& path) {
-    return path.left(path.lastIndexOf(u'/')).toStdString();
+    QString folder = path.left(path.lastIndexOf(u'/'));
+    for (const auto& system : {"/posix"_L1, "/windows"_L1}) {
+        if (folder.endsWith(system))
+            folder.chop(system.size());
+    }
+    return folder.toStdString();
 }
 
 QString SourceFolder() {

@@ -1,17 +1,14 @@
 #include "trial/file/HospitalPlace.h"
 
+#include "trial/file/DiskAccess.h"
 #include "tsql/ServerError.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStorageInfo>
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <fcntl.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -22,19 +19,11 @@ constexpr QFile::Permissions kOwnersFolder = kOwnersFile | QFile::ExeOwner;
 constexpr QFile::Permissions kOthers = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
                                        QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
 
-QByteArray FileSystemOf(const QString& path) {
-    return QStorageInfo(QFileInfo(path).absolutePath()).fileSystemType();
-}
-
 /// What the owner may not do with it stays so: a file that somebody has made read-only is not opened up.
 void Narrow(const QString& path, QFile::Permissions most) {
     const QFile::Permissions found = QFile::permissions(path);
     if (found & kOthers)
         QFile::setPermissions(path, found & most);
-}
-
-bool MayDo(const QString& path, int what) {
-    return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), what, AT_EACCESS) == 0;
 }
 
 } // namespace
@@ -58,10 +47,10 @@ void RequireOrdinaryFile(const QString& path) {
 bool IsNetworkFileSystem(const QByteArray& kind) {
     // Folders of the host in a virtual machine (vboxsf, prl_fs, vmhgfs) count too, and disks that several
     // machines share. virtiofs and 9p do not: virtual machines and containers have their own disks on them.
-    static constexpr std::array kNames = {"nfs",    "nfs4",  "cifs",     "smbfs",    "smb3",   "smb2",
-                                          "ncpfs",  "ncp",   "afs",      "coda",     "ceph",   "gpfs",
-                                          "lustre", "pvfs2", "orangefs", "beegfs",   "vboxsf", "prl_fs",
-                                          "gfs2",   "ocfs2", "vmhgfs",   "glusterfs"};
+    static constexpr std::array kNames = {"nfs",    "nfs4",  "cifs",     "smbfs",     "smb3",   "smb2",
+                                          "ncpfs",  "ncp",   "afs",      "coda",      "ceph",   "gpfs",
+                                          "lustre", "pvfs2", "orangefs", "beegfs",    "vboxsf", "prl_fs",
+                                          "gfs2",   "ocfs2", "vmhgfs",   "glusterfs", "remote"};
     // What a program serves may be anything, and mostly is another machine's.
     if (kind.startsWith("fuse."))
         return kind != "fuse.fuse-overlayfs";
@@ -85,11 +74,11 @@ void RequireFolderOfItsOwn(const QString& path) {
 }
 
 void RequireWritable(const QString& path) {
-    if (!MayDo(QFileInfo(path).absolutePath(), W_OK | X_OK))
-        throw ServerError(Fault::CannotOpen, {path, errno == EROFS ? u"it lies on a read-only disk"_s
-                                                                   : u"its folder cannot be written to"_s});
+    const QString reason = WhyNoFilesIn(QFileInfo(path).absolutePath());
+    if (!reason.isEmpty())
+        throw ServerError(Fault::CannotOpen, {path, reason});
     // One that cannot even be read is told by the system when it is opened.
-    if (MayDo(path, R_OK) && !MayDo(path, W_OK))
+    if (MayRead(path) && !MayWrite(path))
         throw ServerError(Fault::ReadOnly, {path});
 }
 
