@@ -75,9 +75,13 @@ QString ReadPassword(const QString& file, int input) {
     return ::isatty(input) ? ReadTyped(input) : ReadLine(input);
 }
 
+void TellOnError(const QString& text) {
+    std::fprintf(stderr, "%s\n", text.toLocal8Bit().constData());
+}
+
 void Serve(std::chrono::seconds wait) {
-    std::fprintf(stderr, "There were too many failed sign-ons. The password is looked at in %d seconds.\n",
-                 int(wait.count()));
+    TellOnError(
+        u"There were too many failed sign-ons. The password is looked at in %1 seconds."_s.arg(wait.count()));
     std::this_thread::sleep_for(wait);
 }
 
@@ -100,8 +104,11 @@ std::unique_ptr<SignedOnUser> SignOnAtConsole(DataSource& source, const QString&
     SignOnTry signOn{.deptCode = deptCode};
     while (true) {
         SignOnOutcome outcome = TrySignOn(source, user, password.Text(), signOn);
-        if (outcome.user)
+        if (outcome.user) {
+            if (outcome.user->failed)
+                TellOnError(TextOf(*outcome.user->failed));
             return std::move(outcome.user);
+        }
         if (outcome.wait.count() == 0)
             throw RunTimeError(static_cast<int>(Fault::LoginFailed), outcome.refusal);
         ConsoleWaitSeam()(outcome.wait);

@@ -30,9 +30,9 @@ class ConsolePassword {
     QString mText;
 };
 
-/// Signs a user on for a department as the sign-on window does. A wait that the hospital asks for is told on
-/// the standard error and served. Raises 18456 with the text of a refusal, 53 for a hospital that has yet to
-/// be made, and what the data source raises.
+/// Signs a user on for a department as the sign-on window does. A wait that the hospital asks for, and what
+/// has failed in his name, is told on the standard error; the wait is served. Raises 18456 with the text of a
+/// refusal, 53 for a hospital that has yet to be made, and what the data source raises.
 std::unique_ptr<SignedOnUser> SignOnAtConsole(DataSource& source, const QString& user,
                                               const ConsolePassword& password, const QString& deptCode);
 

@@ -6,25 +6,12 @@
 #include "suite/LiveConnection.h"
 #include "suite/Passwords.h"
 #include "suite/SignOnDialog.h"
-#include "text/Format.h"
 #include "toolkit/MsgBox.h"
 #include "toolkit/ShowModal.h"
 
 #include <QWindow>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// What a user is told who signs on: if it was not he who failed, somebody else has tried his name.
-QString TextOf(const FailedSignOns& failed) {
-    const QString moment = u"mm/dd/yyyy hh:mm:ss AM/PM"_s;
-    return u"%1 failed %2 since %3.\nThe last one was at %4 on %5."_s.arg(
-        QString::number(failed.count), failed.count == 1 ? u"sign-on"_s : u"sign-ons"_s,
-        Format(failed.since, moment), failed.workstation, Format(failed.last, moment));
-}
-
-} // namespace
 
 CurrentUser::CurrentUser(std::vector<std::unique_ptr<DataSource>> sources)
     : mSources(std::move(sources)) {}

@@ -3,6 +3,7 @@
 #include "gateway/SqlText.h"
 #include "suite/DataSource.h"
 #include "suite/Passwords.h"
+#include "text/Format.h"
 #include "text/RunTimeError.h"
 #include "tsql/ServerError.h"
 
@@ -42,6 +43,13 @@ SignOnOutcome RefusedDepartment(const QString& employee, const QString& deptCode
 }
 
 } // namespace
+
+QString TextOf(const FailedSignOns& failed) {
+    const QString moment = u"mm/dd/yyyy hh:mm:ss AM/PM"_s;
+    return u"%1 failed %2 since %3.\nThe last one was at %4 on %5."_s.arg(
+        QString::number(failed.count), failed.count == 1 ? u"sign-on"_s : u"sign-ons"_s,
+        Format(failed.since, moment), failed.workstation, Format(failed.last, moment));
+}
 
 SignOnOutcome TrySignOn(DataSource& source, const QString& user, const QString& password,
                         const SignOnTry& signOn) {

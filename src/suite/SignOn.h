@@ -24,6 +24,9 @@ struct SignedOnUser {
     std::optional<FailedSignOns> failed = {};
 };
 
+/// What a user is told who signs on: if it was not he who failed, somebody else has tried his name.
+QString TextOf(const FailedSignOns& failed);
+
 /// What one try to sign on brought: a user, a text that says why not, or a time to wait before the password
 /// is looked at.
 struct SignOnOutcome {

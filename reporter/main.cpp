@@ -1,0 +1,142 @@
+#include "components/shared.h"
+#include "gateway/CommandTrace.h"
+#include "report/Report.h"
+#include "reporter/Arguments.h"
+#include "reporter/Describe.h"
+#include "reporter/MakeReport.h"
+#include "reporter/Outcome.h"
+#include "reporter/TemplateWatch.h"
+#include "shell/ConfigFile.h"
+#include "shell/version.h"
+#include "suite/ConsoleSignOn.h"
+#include "suite/RegisterSuite.h"
+#include "text/RunTimeError.h"
+#include "toolkit/Application.h"
+#include "toolkit/ProgramFiles.h"
+
+#include <QStandardPaths>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+// Makes a report from a command line; --help tells how.
+
+namespace {
+
+void Tell(std::FILE* where, const QString& text) {
+    std::fputs(text.toLocal8Bit().constData(), where);
+}
+
+int Refuse(const std::exception& error, int outcome) {
+    Tell(stderr, u"tarven-report: %1\n"_s.arg(QString::fromUtf8(error.what())));
+    return outcome;
+}
+
+QString DataFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
+}
+
+QString Department(const Arguments& arguments) {
+    if (!arguments.department.isEmpty())
+        return arguments.department;
+    gIniPath = ProgramDirectory() + u'\\' + kConfigFileName.toString();
+    QString code;
+    ReadConfigValue(u"DeptCode"_s, code);
+    return code;
+}
+
+/// With what the tables are logged on, once the user has signed on.
+ReportLogOn SignOn(const Arguments& arguments, const ConsolePassword& password) {
+    const auto source = DataSourceNamed(DataFolder(), arguments.source);
+    SignOnAtConsole(*source, arguments.user, password, Department(arguments));
+    // Unless it is told otherwise, a report stands where the main window has its connection.
+    const bool isElsewhere = !arguments.database.isEmpty();
+    return {.server = arguments.source,
+            .database = isElsewhere ? arguments.database : u"PASSWORD"_s,
+            .user = arguments.user,
+            .password = password.Text()};
+}
+
+std::shared_ptr<Report> FilledReport(const Arguments& arguments) {
+    auto report = OpenTemplate(arguments.templateFile);
+    Fill(*report, arguments.values);
+    return report;
+}
+
+int Watch(const Arguments& arguments, const ReportLogOn& logOn) {
+    TemplateWatch window(OpenTemplate(arguments.templateFile)->File(), [&arguments, &logOn] {
+        const auto report = FilledReport(arguments);
+        LogTablesOn(*report, arguments.database, logOn);
+        return report->Document();
+    });
+    window.show();
+    QApplication::setQuitOnLastWindowClosed(true);
+    return QApplication::exec();
+}
+
+int MakeOrWatch(const Arguments& arguments) {
+    // What is wrong with it is told before anybody is asked for a password.
+    const auto report = FilledReport(arguments);
+    const ConsolePassword password(arguments.passwordFile);
+    ReportLogOn logOn;
+    try {
+        logOn = SignOn(arguments, password);
+    } catch (const std::exception& error) {
+        return Refuse(error, Outcome::kNotBegun);
+    }
+    if (arguments.task == Arguments::Task::Watch)
+        return Watch(arguments, logOn);
+    LogTablesOn(*report, arguments.database, logOn);
+    WriteReport(*report, arguments.output);
+    return Outcome::kMade;
+}
+
+int Do(const Arguments& arguments) {
+    switch (arguments.task) {
+    case Arguments::Task::Help:
+        Tell(stdout, HelpText());
+        return Outcome::kMade;
+    case Arguments::Task::Version:
+        Tell(stdout,
+             u"tarven-report %1.%2.%3\n"_s.arg(Version::kMajor).arg(Version::kMinor).arg(Version::kRevision));
+        return Outcome::kMade;
+    case Arguments::Task::Describe:
+        Tell(stdout, DescribeParameters(*OpenTemplate(arguments.templateFile)));
+        return Outcome::kMade;
+    default:
+        return MakeOrWatch(arguments);
+    }
+}
+
+int DoAndTell(const Arguments& arguments) {
+    try {
+        return Do(arguments);
+    } catch (const ArgumentError& error) {
+        return Refuse(error, Outcome::kNotBegun);
+    } catch (const std::exception& error) {
+        return Refuse(error, Outcome::kFailed);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QStringList words;
+    for (int i = 0; i < argc; ++i)
+        words << QString::fromLocal8Bit(argv[i]);
+    Arguments arguments;
+    try {
+        arguments = ReadArguments(words);
+    } catch (const ArgumentError& error) {
+        return Refuse(error, Outcome::kNotBegun);
+    }
+    // The nightly run has no display, and pages need none.
+    if (arguments.task != Arguments::Task::Watch)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    int wordsOfTheToolkit = 1;
+    const Application application(wordsOfTheToolkit, argv);
+    RegisterSuite(DataFolder());
+    CommandTrace::SetCurrent(CommandTrace::OfEnvironment().release());
+    return DoAndTell(arguments);
+}
