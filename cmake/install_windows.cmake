@@ -30,6 +30,9 @@ set_target_properties(tarven-hemodialysis PROPERTIES WIN32_EXECUTABLE ON)
 
 install(DIRECTORY Reports DESTINATION .)
 install(FILES Reports/RadioConsultation.rpt Reports/ChargeSlip.rpt driver/tarvenaux.ini DESTINATION .)
+# An installation leaves alone what an administrator may have changed; here he finds what came with it.
+install(DIRECTORY Reports DESTINATION "documents/as delivered")
+install(FILES driver/tarvenaux.ini DESTINATION "documents/as delivered")
 install(FILES ${program_faces} DESTINATION fonts)
 install(DIRECTORY docs DESTINATION documents)
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE DESTINATION documents)
