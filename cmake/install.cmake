@@ -48,6 +48,10 @@ else()
   install(FILES ${program_faces} DESTINATION ${program_folder}/fonts)
 endif()
 
+# The clerk's manual on paper.
+install(FILES ${PROJECT_BINARY_DIR}/manual.pdf DESTINATION ${CMAKE_INSTALL_DOCDIR})
+add_dependencies(programs manual_pdf)
+
 # As they lie here, so that what they say of each other leads there.
 install(DIRECTORY docs DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md DESTINATION ${CMAKE_INSTALL_DOCDIR})

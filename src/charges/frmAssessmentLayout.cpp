@@ -20,7 +20,6 @@ using namespace Qt::StringLiterals;
 
 void frmAssessment::Layout() {
     setObjectName(u"frmAssessment"_s);
-    LetMaximize();
     // Kept: the window has no title; a screen reader names it by its heading.
     setAccessibleName(u"Assessment Entry"_s);
     auto* patient = new QHBoxLayout;

@@ -3,6 +3,7 @@
 #include "components/shared.h"
 #include "gateway/CommandGateway.h"
 #include "shell/version.h"
+#include "toolkit/Colors.h"
 #include "toolkit/Controls.h"
 #include "toolkit/Look.h"
 #include "toolkit/ProgramFiles.h"
@@ -16,6 +17,7 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QPalette>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTimer>
@@ -79,6 +81,9 @@ void frmAbout::Layout() {
     txtFacts->setObjectName(u"txtFacts"_s);
     txtFacts->setAccessibleName(u"For support"_s);
     txtFacts->setReadOnly(true);
+    QPalette ground = txtFacts->palette();
+    ground.setColor(QPalette::Base, TheColors().shown);
+    txtFacts->setPalette(ground);
     txtFacts->setTabChangesFocus(true);
     txtFacts->setLineWrapMode(QPlainTextEdit::NoWrap);
     txtFacts->setMinimumSize(TwipsToPixels(kFactsSize.width()), TwipsToPixels(kFactsSize.height()));

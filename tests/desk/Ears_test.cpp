@@ -11,6 +11,7 @@
 using namespace Qt::StringLiterals;
 using testing::Contains;
 using testing::ElementsAre;
+using testing::Not;
 
 // What a screen reader is told on the accessibility bus, from the sign-on to the slip.
 
@@ -126,7 +127,7 @@ TEST_F(Ears, HearOfModalScreensAsDialoguesWithAName) {
     EXPECT_THAT(Texts(Reader().Ask(u"windows"_s)), Contains(u"dialog|Assessment Entry"_s));
     Key(u"{Escape}"_s);
     ExpectScreen(u"MsgBox"_s);
-    EXPECT_THAT(Texts(Reader().Ask(u"windows"_s)), Contains(u"dialog|Assessment Entry"_s));
+    EXPECT_THAT(Texts(Reader().Ask(u"windows"_s)), Contains(u"alert|OPD Registration System"_s));
     Key(u"{Return}"_s);
     ExpectNoScreen(u"frmAssessment"_s);
     Key(u"{F6}"_s);
@@ -134,7 +135,9 @@ TEST_F(Ears, HearOfModalScreensAsDialoguesWithAName) {
     EXPECT_THAT(Texts(Reader().Ask(u"windows"_s)), Contains(u"dialog|Pending Requests"_s));
     // What the list keeps in columns without a width is not read.
     const QJsonObject queue = Reader().Ask(u"table Pending Requests"_s).toObject();
-    EXPECT_FALSE(Texts(queue[u"headings"_s]).contains(QString()));
+    const auto headings = Texts(queue[u"headings"_s]);
+    EXPECT_GT(headings.size(), 3);
+    EXPECT_THAT(headings, Not(Contains(QString())));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "shell/frmAbout.h"
 #include "support/FakeWorkspace.h"
 #include "support/ScreenTest.h"
+#include "toolkit/Colors.h"
 #include "toolkit/Screens.h"
 
 #include <QClipboard>
@@ -48,6 +49,11 @@ TEST_F(frmAboutTest, StandsInTheMiddleOfTheWindowThatWasActive) {
     const QPoint distance = Open().geometry().center() - middle;
     // Two pixels each way are the window's own frame.
     EXPECT_LE(distance.manhattanLength(), 4);
+}
+
+TEST_F(frmAboutTest, TheFactsLookLikeABoxIntoWhichNobodyKeys) {
+    const auto* facts = Open().findChild<QPlainTextEdit*>(u"txtFacts"_s);
+    EXPECT_EQ(facts->palette().color(QPalette::Base), TheColors().shown);
 }
 
 TEST_F(frmAboutTest, TellsTheDepartmentAndTheRelease) {

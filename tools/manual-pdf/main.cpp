@@ -1,7 +1,11 @@
 #include "manual/Manual.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QDateTime>
+#include <QFile>
 #include <QFont>
+#include <QHashSeed>
 #include <QImage>
 #include <QPdfWriter>
 #include <QTextBlock>
@@ -72,6 +76,18 @@ void FitPictures(QTextDocument& manual) {
     }
 }
 
+/// In a package the file tells the moment that the package tells, not the one of its making.
+void TellMomentOfTheRelease(QByteArray& pdf) {
+    bool isTold = false;
+    const qint64 seconds = qEnvironmentVariable("SOURCE_DATE_EPOCH").toLongLong(&isTold);
+    const QByteArray mark = "/CreationDate (D:";
+    const qsizetype at = pdf.indexOf(mark);
+    if (!isTold || at < 0)
+        return;
+    const QString moment = QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC).toString(u"yyyyMMddHHmmss'Z'"_s);
+    pdf.replace(at + mark.size(), moment.size(), moment.toLatin1());
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -79,6 +95,8 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: manual-pdf <file>\n");
         return 2;
     }
+    // The same pages make the same bytes each time.
+    QHashSeed::setDeterministicGlobalSeed();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     WholeManual manual;
@@ -86,10 +104,17 @@ int main(int argc, char** argv) {
     manual.setMarkdown(AllPages());
     BreakBeforePages(manual);
     FitPictures(manual);
-    QPdfWriter writer(QString::fromLocal8Bit(argv[1]));
+    QBuffer pdf;
+    pdf.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&pdf);
     writer.setTitle(ManualPages().front().title);
     writer.setPageSize(QPageSize(QPageSize::A4));
     writer.setResolution(kResolution);
     manual.print(&writer);
-    return 0;
+    TellMomentOfTheRelease(pdf.buffer());
+    QFile file(QString::fromLocal8Bit(argv[1]));
+    if (file.open(QIODevice::WriteOnly) && file.write(pdf.buffer()) == pdf.size() && file.flush())
+        return 0;
+    std::fprintf(stderr, "manual-pdf: %s: %s\n", argv[1], qPrintable(file.errorString()));
+    return 1;
 }
