@@ -15,7 +15,7 @@ class OwnersLog {
 
     /// Writes a line in one go: those of other threads and processes come between lines. A line for which
     /// the disk has no room is lost without a word.
-    void Write(const QByteArray& line);
+    void Write(const QByteArray& line) const;
 
   private:
     /// The operating system's own.

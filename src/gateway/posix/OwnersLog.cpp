@@ -46,6 +46,6 @@ OwnersLog::~OwnersLog() {
     close(int(mFile));
 }
 
-void OwnersLog::Write(const QByteArray& line) {
+void OwnersLog::Write(const QByteArray& line) const {
     [[maybe_unused]] const ssize_t written = write(int(mFile), line.constData(), size_t(line.size()));
 }

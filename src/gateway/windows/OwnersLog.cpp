@@ -31,7 +31,7 @@ OwnersLog::~OwnersLog() {
     CloseHandle(HandleOf(mFile));
 }
 
-void OwnersLog::Write(const QByteArray& line) {
+void OwnersLog::Write(const QByteArray& line) const {
     DWORD written = 0;
     WriteFile(HandleOf(mFile), line.constData(), DWORD(line.size()), &written, nullptr);
 }
