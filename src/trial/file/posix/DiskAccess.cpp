@@ -27,7 +27,7 @@ QString FlushFolder(const QString& path) {
     const int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (folder < 0)
         return SystemText();
-    const QString failure = ::fsync(folder) == 0 ? QString() : SystemText();
+    QString failure = ::fsync(folder) == 0 ? QString() : SystemText();
     ::close(folder);
     return failure;
 }
