@@ -1,0 +1,69 @@
+#include "check/Arguments.h"
+
+#include <QCommandLineParser>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Option {
+    const char* name;
+    const char* value;
+    const char* meaning;
+};
+
+constexpr std::array kOptions = {
+    Option{"source", "name",
+           "the data source, as the sign-on window lists it; without it the trial hospital"},
+    Option{"user", "id", "who signs on"},
+    Option{"password-file", "file",
+           "a file of the owner's alone with the password; without it the password is read from the input"},
+    Option{"department", "code", "the department to sign on for; without it the one of tarvenaux.ini"},
+    Option{"json", nullptr, "tells everything as one JSON object at the end"},
+    Option{"help", nullptr, "shows this"},
+    Option{"version", nullptr, "shows the version"}};
+
+} // namespace
+
+Arguments ReadArguments(const QStringList& words) {
+    QCommandLineParser parser;
+    for (const Option& option : kOptions)
+        parser.addOption(QCommandLineOption(QString::fromLatin1(option.name),
+                                            QString::fromLatin1(option.meaning),
+                                            QString::fromLatin1(option.value)));
+    if (!parser.parse(words))
+        throw ArgumentError(parser.errorText());
+    // What follows no option may be a password that somebody tried there: it is not repeated.
+    if (!parser.positionalArguments().isEmpty())
+        throw ArgumentError(u"A word belongs to no option."_s);
+    Arguments arguments{
+        .source = parser.isSet(u"source"_s) ? parser.value(u"source"_s) : u"Trial hospital"_s,
+        .user = parser.value(u"user"_s),
+        .passwordFile = parser.value(u"password-file"_s),
+        .department = parser.value(u"department"_s),
+        .asJson = parser.isSet(u"json"_s)};
+    if (parser.isSet(u"help"_s))
+        arguments.task = Arguments::Task::Help;
+    else if (parser.isSet(u"version"_s))
+        arguments.task = Arguments::Task::Version;
+    else if (arguments.user.isEmpty())
+        throw ArgumentError(u"Who signs on? --user names him."_s);
+    return arguments;
+}
+
+QString HelpText() {
+    QString text =
+        u"tarven-check: tells whether the program can work here, line by line, and what to do.\n\n"
+        "    tarven-check --source \"San Roque\" --user NURSE --password-file ~/nurse\n\n"_s;
+    for (const Option& option : kOptions) {
+        QString written = u"--"_s + QString::fromLatin1(option.name);
+        if (option.value)
+            written += u" <%1>"_s.arg(QLatin1StringView(option.value));
+        text += u"  %1 %2\n"_s.arg(written, -24).arg(QLatin1StringView(option.meaning));
+    }
+    return text + u"\nIt only reads; the sign-on alone is kept in the trail of sign-ons. Ends with 0 when all is "
+                  "well,\n1 with faults, 2 when it could not look: a wrong command line, a refused sign-on, no "
+                  "hospital.\n"_s;
+}
