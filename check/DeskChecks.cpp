@@ -85,8 +85,8 @@ Findings LookAtConfiguration(const Ground&) {
         QString code;
         ReadConfigValue(u"DeptCode"_s, code);
         if (code.isEmpty() || code == kNoValue)
-            return {Fails(name, gIniPath + u" names no department"_s, toDo)};
-        return {Ok(name, u"%1, department %2"_s.arg(gIniPath, code))};
+            return {Fails(name, ResolveFile(gIniPath) + u" names no department"_s, toDo)};
+        return {Ok(name, u"%1, department %2"_s.arg(ResolveFile(gIniPath), code))};
     } catch (const RunTimeError& error) {
         return {Fails(name, error.Description(), toDo)};
     }
