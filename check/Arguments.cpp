@@ -8,6 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString kTrialHospital = u"Trial hospital"_s;
+
 struct Option {
     const char* name;
     const char* value;
@@ -21,9 +23,36 @@ constexpr std::array kOptions = {
     Option{"password-file", "file",
            "a file of the owner's alone with the password; without it the password is read from the input"},
     Option{"department", "code", "the department to sign on for; without it the one of tarvenaux.ini"},
+    Option{"backup", "file", "writes a copy of the trial hospital, which may be in use, and looks at nothing else"},
+    Option{"restore", "file", "puts such a copy in the trial hospital's place, which nobody may have open"},
     Option{"json", nullptr, "tells everything as one JSON object at the end"},
     Option{"help", nullptr, "shows this"},
     Option{"version", nullptr, "shows the version"}};
+
+Arguments::Task TaskOf(const QCommandLineParser& parser) {
+    constexpr std::pair<const char*, Arguments::Task> kTasks[] = {{"help", Arguments::Task::Help},
+                                                                  {"version", Arguments::Task::Version},
+                                                                  {"backup", Arguments::Task::BackUp},
+                                                                  {"restore", Arguments::Task::Restore}};
+    for (const auto& [name, task] : kTasks) {
+        if (parser.isSet(QString::fromLatin1(name)))
+            return task;
+    }
+    return Arguments::Task::Look;
+}
+
+void RequireWhole(const Arguments& arguments, const QCommandLineParser& parser) {
+    const bool copies =
+        arguments.task == Arguments::Task::BackUp || arguments.task == Arguments::Task::Restore;
+    if (arguments.task == Arguments::Task::Look && arguments.user.isEmpty())
+        throw ArgumentError(u"Who signs on? --user names him."_s);
+    if (copies && arguments.source != kTrialHospital)
+        throw ArgumentError(u"A server's databases are backed up by the server."_s);
+    if (copies && arguments.file.isEmpty())
+        throw ArgumentError(u"Which file?"_s);
+    if (parser.isSet(u"backup"_s) && parser.isSet(u"restore"_s))
+        throw ArgumentError(u"--backup and --restore are asked for one at a time."_s);
+}
 
 } // namespace
 
@@ -38,18 +67,14 @@ Arguments ReadArguments(const QStringList& words) {
     // What follows no option may be a password that somebody tried there: it is not repeated.
     if (!parser.positionalArguments().isEmpty())
         throw ArgumentError(u"A word belongs to no option."_s);
-    Arguments arguments{
-        .source = parser.isSet(u"source"_s) ? parser.value(u"source"_s) : u"Trial hospital"_s,
-        .user = parser.value(u"user"_s),
-        .passwordFile = parser.value(u"password-file"_s),
-        .department = parser.value(u"department"_s),
-        .asJson = parser.isSet(u"json"_s)};
-    if (parser.isSet(u"help"_s))
-        arguments.task = Arguments::Task::Help;
-    else if (parser.isSet(u"version"_s))
-        arguments.task = Arguments::Task::Version;
-    else if (arguments.user.isEmpty())
-        throw ArgumentError(u"Who signs on? --user names him."_s);
+    Arguments arguments{.task = TaskOf(parser),
+                        .source = parser.isSet(u"source"_s) ? parser.value(u"source"_s) : kTrialHospital,
+                        .user = parser.value(u"user"_s),
+                        .passwordFile = parser.value(u"password-file"_s),
+                        .department = parser.value(u"department"_s),
+                        .file = parser.value(u"restore"_s) + parser.value(u"backup"_s),
+                        .asJson = parser.isSet(u"json"_s)};
+    RequireWhole(arguments, parser);
     return arguments;
 }
 
@@ -63,7 +88,7 @@ QString HelpText() {
             written += u" <%1>"_s.arg(QLatin1StringView(option.value));
         text += u"  %1 %2\n"_s.arg(written, -24).arg(QLatin1StringView(option.meaning));
     }
-    return text + u"\nIt only reads; the sign-on alone is kept in the trail of sign-ons. Ends with 0 when all is "
+    return text + u"\nA look only reads; the sign-on alone is kept in the trail of sign-ons. Ends with 0 when all is "
                   "well,\n1 with faults, 2 when it could not look: a wrong command line, a refused sign-on, no "
                   "hospital.\n"_s;
 }

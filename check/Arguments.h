@@ -7,7 +7,7 @@
 
 /// What a command line asks for.
 struct Arguments {
-    enum class Task { Look, Help, Version };
+    enum class Task { Look, BackUp, Restore, Help, Version };
 
     Task task = Task::Look;
     QString source;
@@ -15,6 +15,8 @@ struct Arguments {
     QString passwordFile;
     /// The department for which the user signs on; empty for the one of the configuration file.
     QString department;
+    /// The copy to be written or put back.
+    QString file;
     bool asJson = false;
 };
 

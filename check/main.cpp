@@ -8,9 +8,11 @@
 #include "suite/ConsoleSignOn.h"
 #include "suite/DataSources.h"
 #include "suite/RegisterSuite.h"
+#include "suite/TrialHospital.h"
 #include "text/RunTimeError.h"
 #include "toolkit/Application.h"
 #include "toolkit/ProgramFiles.h"
+#include "tsql/ServerError.h"
 
 #include <QStandardPaths>
 
@@ -71,8 +73,42 @@ int Look(const Arguments& arguments) {
     return HasFaults(findings) ? Faults : AllWell;
 }
 
+int BackUp(const Arguments& arguments) {
+    TrialHospital(DataFolder()).BackUp(arguments.file);
+    Print(stdout, u"The trial hospital is saved and was looked through: %1\n"_s.arg(arguments.file));
+    return AllWell;
+}
+
+/// A hospital in which somebody has worked gives way to one of its users alone.
+void SignOnToReplace(TrialHospital& hospital, const Arguments& arguments) {
+    if (!hospital.HoldsWork())
+        return;
+    if (arguments.user.isEmpty())
+        throw ArgumentError(u"Somebody has worked in the hospital that stands. Who signs on? --user names him."_s);
+    const ConsolePassword password(arguments.passwordFile);
+    try {
+        SignOnAtConsole(hospital, arguments.user, password, Department(arguments), true);
+    } catch (const RunTimeError& error) {
+        // A hospital of which not even the users can be read is nobody's any more.
+        if (error.Number() != static_cast<int>(Fault::Damaged))
+            throw;
+    }
+}
+
+int Restore(const Arguments& arguments) {
+    TrialHospital hospital(DataFolder());
+    SignOnToReplace(hospital, arguments);
+    hospital.Restore(arguments.file);
+    Print(stdout, u"The trial hospital is the one of %1.\n"_s.arg(arguments.file));
+    return AllWell;
+}
+
 int Do(const Arguments& arguments) {
     switch (arguments.task) {
+    case Arguments::Task::BackUp:
+        return BackUp(arguments);
+    case Arguments::Task::Restore:
+        return Restore(arguments);
     case Arguments::Task::Help:
         Print(stdout, HelpText());
         return AllWell;
