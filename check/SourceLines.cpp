@@ -55,14 +55,21 @@ Findings JudgeOther(const QString& name, const SourceLines& source) {
     return faults;
 }
 
+/// A text as the driver manager's functions take it. They only read it.
+LPCWSTR Wide(const QString& text) {
+    return reinterpret_cast<LPCWSTR>(text.utf16());
+}
+
 SourceLines LinesOfSource(const QString& source) {
     SourceLines lines;
-    const QByteArray section = source.toUtf8();
     for (const char* key : kKeys) {
-        std::array<char, 1024> value{};
-        SQLGetPrivateProfileString(section.constData(), key, "", value.data(), int(value.size()), "odbc.ini");
-        if (value[0] != '\0')
-            lines.insert(QString::fromLatin1(key).toLower(), QString::fromUtf8(value.data()));
+        std::array<char16_t, 1024> value{};
+        const QString name = QString::fromLatin1(key);
+        SQLGetPrivateProfileStringW(Wide(source), Wide(name), Wide(u""_s),
+                                    reinterpret_cast<LPWSTR>(value.data()), int(value.size()),
+                                    Wide(u"odbc.ini"_s));
+        if (value[0] != 0)
+            lines.insert(name.toLower(), QString::fromUtf16(value.data()));
     }
     return lines;
 }
@@ -76,7 +83,7 @@ QStringList ServerFiles() {
 SourceLines LinesOfServer(const QString& server) {
     for (const QString& path : ServerFiles()) {
         QFile file(path);
-        if (!path.isEmpty() && file.open(QIODevice::ReadOnly))
+        if (QFile::exists(path) && file.open(QIODevice::ReadOnly))
             return ReadServerLines(QString::fromUtf8(file.readAll()), server);
     }
     return {};
