@@ -1,6 +1,6 @@
 # An installed program is one folder, on a stick as on a disk: the programs, what they are linked with, the templates and
 # the configuration that they read beside themselves.
-set(programs tarven-hemodialysis)
+set(programs tarven-hemodialysis tarven-report)
 add_custom_target(programs DEPENDS ${programs} tarven-tour)
 install(TARGETS ${programs} DESTINATION .)
 
@@ -30,6 +30,9 @@ set_target_properties(tarven-hemodialysis PROPERTIES WIN32_EXECUTABLE ON)
 
 install(DIRECTORY Reports DESTINATION .)
 install(FILES Reports/RadioConsultation.rpt Reports/ChargeSlip.rpt driver/tarvenaux.ini DESTINATION .)
+# An installation leaves alone what an administrator may have changed; here he finds what came with it.
+install(DIRECTORY Reports DESTINATION "documents/as delivered")
+install(FILES driver/tarvenaux.ini DESTINATION "documents/as delivered")
 install(FILES ${program_faces} DESTINATION fonts)
 install(DIRECTORY docs DESTINATION documents)
 install(FILES README.md CHANGELOG.md CONTRIBUTING.md LICENSE DESTINATION documents)

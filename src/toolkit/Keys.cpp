@@ -13,6 +13,13 @@
 
 namespace {
 
+/// Whether Ctrl makes a command of a character, as Ctrl++ widens a column. With a letter it makes a character
+/// of its own, and with Alt it is the key for a third character.
+bool IsCommand(const QKeyEvent& event) {
+    const auto held = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+    return held == Qt::ControlModifier && event.text().at(0) >= u' ';
+}
+
 /// The character code of a key, 0 for a key that gives no character.
 int CharacterOf(const QKeyEvent& event) {
     if (IsClosingKey(event))
@@ -26,7 +33,7 @@ int CharacterOf(const QKeyEvent& event) {
     case Qt::Key_Escape:
         return Key::kEscape;
     default:
-        return event.text().isEmpty() ? 0 : event.text().at(0).unicode();
+        return event.text().isEmpty() || IsCommand(event) ? 0 : event.text().at(0).unicode();
     }
 }
 

@@ -17,7 +17,7 @@ TEST(Install, HasAProgramFolderAndACommandThatLeadsThere) {
     ASSERT_TRUE(install.waitForFinished());
     ASSERT_EQ(install.exitCode(), 0) << install.readAllStandardError().toStdString();
     const QString folder = root.filePath(u"lib/tarven/hemodialysis"_s);
-    for (const QString& program : {u"tarven-hemodialysis"_s, u"tarven-check"_s}) {
+    for (const QString& program : {u"tarven-hemodialysis"_s, u"tarven-check"_s, u"tarven-report"_s}) {
         const QString command = root.filePath(u"bin/"_s + program);
         EXPECT_TRUE(QFileInfo(command).isSymLink());
         EXPECT_EQ(QFileInfo(command).canonicalFilePath(),

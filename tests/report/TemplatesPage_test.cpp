@@ -42,12 +42,13 @@ QString Whole(const QString& example) {
     const auto part = [&](const QString& element, const QString& otherwise) {
         return first == element ? example : otherwise;
     };
-    const bool isCell = QStringList{u"text"_s, u"line"_s, u"box"_s, u"image"_s}.contains(first);
+    const bool isCell = QStringList{u"text"_s, u"line"_s, u"box"_s, u"image"_s, u"barcode"_s}.contains(first);
     const bool isBand =
         QStringList{u"page-header"_s, u"page-footer"_s, u"group"_s, u"report-footer"_s}.contains(first);
     QString whole = u"<report paper=\"A4\" margins=\"7 7 7 7\">"_s;
     whole += part(u"parameters"_s, u"<parameters><parameter name=\"Least\" type=\"number\" "
-                                   "prompt=\"Least\"/></parameters>"_s);
+                                   "prompt=\"Least\"/><parameter name=\"SlipNumber\" type=\"text\" "
+                                   "prompt=\"Slip\"/></parameters>"_s);
     whole +=
         part(u"tables"_s, u"<tables><table name=\"Charges\" location=\"Clinical_Area.dbo.tbCharges\"/><table "
                           "name=\"Hospital\" location=\"PATIENT_DATA.dbo.tbhospitalInfo\"/></tables>"_s);
@@ -108,6 +109,23 @@ TEST(TemplatesPage, EachOfItsExamplesIsRead) {
                }).toStdString()
             << "\n"
             << example.toStdString();
+}
+
+TEST(TemplatesPage, TheWorkedExampleIsReadAndHasWhatItsStepsTell) {
+    const QString file = u"" TARVEN_SOURCE_DIR "/docs/examples/SlipWithBarcode.rpt"_s;
+    const QByteArray example = ReadFile(file);
+    EXPECT_NO_THROW(ReadTemplate(file, example));
+    const QString page = Source(u"docs/templates.md"_s);
+    const qsizetype begin = page.indexOf(u"## A slip of your own"_s);
+    const QString steps = page.mid(begin, page.indexOf(u"\n## "_s, begin) - begin);
+    int lines = 0;
+    for (const QString& line : steps.split(u'\n')) {
+        if (!line.trimmed().startsWith(u'<'))
+            continue;
+        ++lines;
+        EXPECT_TRUE(QString::fromUtf8(example).contains(line.trimmed())) << line.toStdString();
+    }
+    EXPECT_GT(lines, 20);
 }
 
 TEST(TemplatesPage, ShowsEveryElementInAnExample) {

@@ -212,6 +212,18 @@ TEST_F(KeysTest, ACtrlCombinationIsACharacterBelowTheBlank) {
     EXPECT_EQ(presses, std::vector<int>{3});
 }
 
+TEST_F(KeysTest, WhatCtrlMakesACommandIsNoCharacter) {
+    RecordPresses();
+    for (const QString& text : {u"+"_s, u"-"_s, u"="_s, u"0"_s}) {
+        QKeyEvent press(QEvent::KeyPress, text.at(0).unicode(), Qt::ControlModifier, text);
+        QCoreApplication::sendEvent(box, &press);
+    }
+    EXPECT_TRUE(presses.empty()) << "the keys that widen a column would pick a patient";
+    QKeyEvent third(QEvent::KeyPress, Qt::Key_At, Qt::ControlModifier | Qt::AltModifier, u"@"_s);
+    QCoreApplication::sendEvent(box, &third);
+    EXPECT_EQ(presses, std::vector<int>{u'@'});
+}
+
 TEST_F(KeysTest, TabStillMovesTheFocus) {
     OnKeyPress(box, [](int& key) { key = 0; });
     OnKeyDown(box, [](int) { return true; });

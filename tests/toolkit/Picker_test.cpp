@@ -188,6 +188,18 @@ INSTANTIATE_TEST_SUITE_P(Lists, PickerKeysTest,
                                                        Qt::Key_Space, Qt::Key_Backspace}}),
                          CaseName());
 
+TEST_F(PickerTest, TheKeysThatWidenAColumnPickNothing) {
+    Picker picker = Noting();
+    picker.keys = PickKeys::Any;
+    WirePicker(picker);
+    list->setFocus();
+    const int before = list->columnWidth(list->currentIndex().column());
+    QKeyEvent widen(QEvent::KeyPress, Qt::Key_Plus, Qt::ControlModifier, u"+"_s);
+    QCoreApplication::sendEvent(list, &widen);
+    EXPECT_EQ(events, QStringList());
+    EXPECT_GT(list->columnWidth(list->currentIndex().column()), before);
+}
+
 /// Notes the keys that reach it.
 class HearingList : public FlexGrid {
   public:

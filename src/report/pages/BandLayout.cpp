@@ -84,7 +84,9 @@ LaidBand LayOutBand(const BoundBand& band, const TextPlace& place, ReportFonts& 
         const bool shown = !cell.onlySeveralPages || place.pages > 1;
         const ReportFont& font = fonts.Of(cell.style);
         laid.cells.push_back({&cell, &font, cell.box, shown ? TextOf(bound, place) : QString(), {}});
-        texts.push_back(font.Wrap(laid.cells.back().text, cell.box.width() - 2 * kCellPadding));
+        const QString& text = laid.cells.back().text;
+        texts.push_back(cell.isBarcode ? std::vector<QString>{text.trimmed()}
+                                       : font.Wrap(text, cell.box.width() - 2 * kCellPadding));
         if (const double growth = GrowthOf(cell, font, texts.back().size()); growth > 0)
             wrapped.push_back({texts.size() - 1, growth});
     }

@@ -82,6 +82,8 @@ BandMeasure::BandMeasure(const BoundBand& band, const TextPlace& place, ReportFo
 }
 
 void BandMeasure::Prepare(const BoundCell& cell, const TextPlace& place) {
+    if (cell.read->isBarcode)
+        return;
     const QString& format = cell.read->format;
     const ReportFont& font = mFonts.Of(cell.read->style);
     Check check{.cell = &cell, .font = &font, .width = cell.read->box.width() - 2 * kCellPadding};

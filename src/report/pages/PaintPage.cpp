@@ -1,15 +1,20 @@
 #include "report/pages/PaintPage.h"
 
 #include "report/pages/ChartLayout.h"
+#include "report/pages/Code128.h"
 #include "report/pages/PaintChart.h"
 #include "report/pages/ReportDocument.h"
 
 #include <QPainter>
 #include <QPen>
 
+#include <numeric>
+
 namespace {
 
 constexpr double kBorderThickness = 0.5;
+/// The narrowest bar, in points, that readers and office printers can do with: 0.17 mm.
+constexpr double kLeastModule = 0.48;
 
 class PagePainter {
   public:
@@ -24,6 +29,8 @@ class PagePainter {
     void Paint(const LaidBand& laid, const TextPlace& place);
     void PaintMarks(const LaidBand& laid);
     void PaintCell(const LaidCell& cell);
+    void PaintBarcode(const LaidCell& cell);
+    void PaintLines(const LaidCell& cell);
     void PaintScaled(const LaidLine& line, double scale);
     void PaintBorder(const CellStyle& style, const QRectF& box);
     void SetPen(const QColor& color, double thickness);
@@ -94,8 +101,32 @@ void PagePainter::PaintCell(const LaidCell& cell) {
     if (style.fill.isValid())
         mPainter.fillRect(cell.box, style.fill);
     PaintBorder(style, cell.box);
+    if (cell.cell->isBarcode)
+        PaintBarcode(cell);
+    else
+        PaintLines(cell);
+}
+
+void PagePainter::PaintBarcode(const LaidCell& cell) {
+    const std::vector<int> widths = Code128(cell.lines.front().text);
+    const int modules = std::accumulate(widths.begin(), widths.end(), 2 * kQuietModules);
+    const double module = cell.box.width() / modules;
+    // A text whose bars no reader would read stands there in words.
+    if (widths.empty() || module < kLeastModule)
+        return PaintLines(cell);
+    double x = cell.box.left() + kQuietModules * module;
+    for (size_t i = 0; i < widths.size(); ++i) {
+        const double width = widths[i] * module;
+        if (i % 2 == 0)
+            mPainter.fillRect(QRectF(x, cell.box.top(), width, cell.box.height()), cell.cell->style.color);
+        x += width;
+    }
+}
+
+void PagePainter::PaintLines(const LaidCell& cell) {
     if (cell.text.isEmpty())
         return;
+    const CellStyle& style = cell.cell->style;
     Q_ASSERT(cell.font);
     const ReportFont& font = *cell.font;
     if (mFont != &font) {

@@ -113,6 +113,8 @@ ReportBand BandReader::Read(TemplateAttributes& attributes, Place place) {
         const QString name = mXml.Name();
         if (name == "text"_L1)
             band.cells.push_back(ReadCell(place));
+        else if (name == "barcode"_L1)
+            band.cells.push_back(ReadBarcode(place));
         else if (name == "line"_L1)
             band.lines.push_back(ReadLine());
         else if (name == "box"_L1)
@@ -149,9 +151,26 @@ ReportCell BandReader::ReadCell(Place place) {
     cell.format = attributes.Text(u"format"_s).value_or(QString());
     cell.onlySeveralPages = attributes.Word(u"show"_s, {u"always"_s, u"several-pages"_s}).value_or(0) == 1;
     attributes.Done();
+    ReadText(cell, place);
+    return cell;
+}
+
+ReportCell BandReader::ReadBarcode(Place place) {
+    TemplateAttributes attributes = mXml.Attributes();
+    ReportCell cell;
+    cell.line = attributes.Line();
+    cell.isBarcode = true;
+    cell.style = mBase;
+    cell.style.color = attributes.Color(u"color"_s).value_or(cell.style.color);
+    cell.box = ReadRect(attributes, attributes.RequiredLength(u"height"_s));
+    attributes.Done();
+    ReadText(cell, place);
+    return cell;
+}
+
+void BandReader::ReadText(ReportCell& cell, Place place) {
     cell.text = ReadCellText(mReport, cell.line, WithoutIndentation(mXml.ReadText()));
     CheckPieces(cell, place);
-    return cell;
 }
 
 /// The strips at the page's edges stand on every page alike and belong to no row.

@@ -25,6 +25,8 @@ class BandReader {
     void ReadStyleAttributes(TemplateAttributes& attributes, CellStyle& style) const;
     CellStyle StyleOf(TemplateAttributes& attributes) const;
     ReportCell ReadCell(Place place);
+    ReportCell ReadBarcode(Place place);
+    void ReadText(ReportCell& cell, Place place);
     ReportLine ReadLine();
     ReportBox ReadBox();
     ReportImage ReadImage();

@@ -102,6 +102,8 @@ struct ReportCell {
     CellStyle style;
     /// Left out of a report that has one page.
     bool onlySeveralPages = false;
+    /// Drawn as bars. It never wraps.
+    bool isBarcode = false;
 };
 
 struct ReportLine {

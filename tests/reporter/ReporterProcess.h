@@ -1,0 +1,36 @@
+#pragma once
+
+#include "support/hospital/ProgramFolder.h"
+
+#include <QByteArray>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+/// tarven-report as a process, with a program folder and a trial hospital of its own.
+class ReporterProcess {
+  public:
+    struct Run {
+        int exitCode = -1;
+        QString told;
+        QString errors;
+    };
+
+    ReporterProcess();
+
+    /// Runs it to its end with those words; the input is the password's line.
+    Run Do(const QStringList& words, const QByteArray& input = "nurse\n") const;
+    /// Starts it and leaves it running.
+    std::unique_ptr<QProcess> Start(const QStringList& words, const QByteArray& input = "nurse\n") const;
+
+    QString File(const QString& name) const { return mFolder.File(name); }
+    void Write(const QString& name, const QByteArray& content) const { mFolder.Write(name, content); }
+    /// The folder in which its trial hospital lies.
+    QString DataFolder() const { return File(QStringLiteral("TARVEN/Hemodialysis")); }
+
+  private:
+    ProgramFolder mFolder;
+};
+
+/// The words of a PDF as they lie on its pages. Empty where there is none.
+QString WordsOfPdf(const QString& file);
