@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -83,9 +84,9 @@ Findings LookAtDepartment(const Ground& ground) {
 
 Findings LookAtRoundTrip(const Ground& ground) {
     const QString name = u"round trip"_s;
-    std::vector<double> times;
-    for (int i = 0; i < kTrips; ++i)
-        times.push_back(MillisecondsOf(ground.connection, CheckPendingCommand()));
+    std::array<double, kTrips> times{};
+    for (double& time : times)
+        time = MillisecondsOf(ground.connection, CheckPendingCommand());
     std::ranges::sort(times);
     const double middle = times[times.size() / 2];
     const QString seen =

@@ -1,3 +1,4 @@
+#include "support/cups/CupsServer.h"
 #include "support/hospital/FreshHospital.h"
 #include "support/hospital/ProgramFolder.h"
 #include "support/PrintQt.h"
@@ -42,6 +43,8 @@ class CheckProgram : public testing::Test {
         QProcess process;
         QProcessEnvironment environment = mFolder.Environment();
         environment.insert(u"TARVEN_FOLDER"_s, mFolder.Path());
+        if (!printServer.isEmpty())
+            environment.insert(u"CUPS_SERVER"_s, printServer);
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(mFolder.Path());
         process.start(u"" TARVEN_BUILD_DIR "/tarven-check"_s, words);
@@ -61,6 +64,8 @@ class CheckProgram : public testing::Test {
         return HospitalRows(hospital, u"select ChargeSlip from Clinical_Area..tbEarCareChargeSlip"_s).at(0);
     }
 
+    /// Where the program prints; empty for the machine's own server.
+    QString printServer;
     const ProgramFolder mFolder;
     const QString hospital = mFolder.File(u"TARVEN/Hemodialysis/trial-hospital.db"_s);
 };
@@ -76,6 +81,17 @@ TEST_F(CheckProgram, TellsEachLineOfATrialHospitalInWords) {
     EXPECT_EQ(faults, QStringList());
     EXPECT_EQ(run.told.split(u'\n').filter(u"ok     "_s).filter(u"templates"_s).size(), 1);
     EXPECT_FALSE(run.told.contains(u'\x1b')) << "no terminal reads this";
+}
+
+TEST_F(CheckProgram, EndsWellWhereAPrinterIsThereToo) {
+    if (!CupsServer::Missing().isEmpty())
+        GTEST_SKIP() << "not installed: " << CupsServer::Missing().toStdString();
+    CupsServer server;
+    ASSERT_TRUE(server.IsRunning());
+    server.AddQueue(u"ward"_s, {u"A4"_s});
+    printServer = server.Address();
+    const Run run = Do({u"--user"_s, u"NURSE"_s});
+    EXPECT_EQ(run.exitCode, kAllWell) << run.told.toStdString();
 }
 
 TEST_F(CheckProgram, EndsWithAFaultThatItTells) {

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <thread>
 
 using namespace Qt::StringLiterals;
 
@@ -137,12 +138,19 @@ void CheckedServer::Refuse(const QString& text, int number, const QString& messa
     mRefusal = {text, number, message};
 }
 
+void CheckedServer::Delay(const QString& text, int milliseconds) {
+    mSlow = text;
+    mDelay = std::chrono::milliseconds(milliseconds);
+}
+
 TdsResponder::Handler CheckedServer::NewSession(const TdsLogin& login) {
     static const QRegularExpression use(u"^USE \\[(.*)\\]$"_s);
     return [this, hospital = mHospital(login), database = std::make_shared<QString>()](const QString& batch,
                                                                                        TdsAnswer& answer) {
         if (const auto match = use.match(batch); match.hasMatch())
             *database = match.captured(1);
+        if (!mSlow.isEmpty() && batch.contains(mSlow))
+            std::this_thread::sleep_for(mDelay);
         if (!mRefusal.text.isEmpty() && batch.contains(mRefusal.text))
             answer.Error(mRefusal.number, mRefusal.message);
         else if (!AnswerAboutItself(batch, *database, answer))

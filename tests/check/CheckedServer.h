@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
 #include <functional>
 #include <vector>
 
@@ -35,6 +36,9 @@ class CheckedServer {
     /// Refuses each batch that holds that text from now on.
     void Refuse(const QString& text, int number, const QString& message);
 
+    /// Answers each batch that holds that text so many milliseconds later from now on.
+    void Delay(const QString& text, int milliseconds);
+
   private:
     struct Refusal {
         QString text;
@@ -50,5 +54,7 @@ class CheckedServer {
     Change mChange;
     TdsResponder::NewSession mHospital;
     Refusal mRefusal;
+    QString mSlow;
+    std::chrono::milliseconds mDelay{};
     TdsResponder mResponder;
 };

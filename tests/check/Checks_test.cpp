@@ -295,6 +295,57 @@ TEST(Checks, ADatabaseThatTheUserIsNotLetInToIsTold) {
     EXPECT_THAT(FaultsIn(LookAtTables(there.On())), Contains(HasSubstr("not able to access the database")));
 }
 
+TEST(Checks, ASlowRoundTripIsToldWithWhatTheQuestionsCost) {
+    SignedOnThere there;
+    EXPECT_THAT(FaultsIn(LookAtRoundTrip(there.On())), IsEmpty());
+    there.server.Delay(u"spRadio_CheckPending"_s, 40);
+    EXPECT_THAT(FaultsIn(LookAtRoundTrip(there.On())),
+                ElementsAre(HasSubstr("the four questions a second for the wards' requests take 1")));
+}
+
+TEST(Checks, EncryptionThatNothingAsksForIsTold) {
+    SignedOnThere there;
+    EXPECT_THAT(FaultsIn(LookAtEncryption(there.On())),
+                ElementsAre("encryption: nothing asks for it",
+                            "encryption: no certificate is checked: nothing names a ca file"));
+}
+
+namespace {
+
+/// A server that tells what a test says of itself.
+class ToldGateway : public EmbeddedGateway {
+  public:
+    using EmbeddedGateway::EmbeddedGateway;
+    QString ServerVersion() const override { return version; }
+    QString DriverVersion() const override { return driver; }
+
+    QString version;
+    QString driver;
+};
+
+} // namespace
+
+TEST(Checks, AnOldServerAndADriverWithoutANameAreTold) {
+    const HospitalCopy copy;
+    ToldGateway gateway(copy.Path());
+    const Ground ground{.connection = gateway,
+                        .needs = ProgramsNeeds(),
+                        .user = u"NURSE"_s,
+                        .source = u"Old"_s,
+                        .department = u"HC"_s,
+                        .dataFolder = u"/tmp"_s};
+    gateway.version = u"Microsoft SQL Server 10.50.1600"_s;
+    EXPECT_THAT(FaultsIn(LookAtVersion(ground)),
+                ElementsAre("server version: Microsoft SQL Server 10.50.1600"));
+    gateway.version.clear();
+    EXPECT_THAT(FaultsIn(LookAtVersion(ground)), ElementsAre("server version: it does not tell its version"));
+    gateway.version = u"Microsoft SQL Server 11.00.2100"_s;
+    EXPECT_THAT(FaultsIn(LookAtVersion(ground)), IsEmpty());
+    EXPECT_THAT(FaultsIn(LookAtDriver(ground)), ElementsAre("driver: it does not tell its name"));
+    gateway.driver = u"libtdsodbc.so 01.03.0017"_s;
+    EXPECT_THAT(FaultsIn(LookAtDriver(ground)), IsEmpty());
+}
+
 TEST(Checks, ARefusedQuestionIsAFaultAndTheNextOnesGoOn) {
     SignedOnThere there;
     there.server.Refuse(u"sys.dm_exec_sessions"_s, 300, u"VIEW SERVER STATE permission was denied."_s);

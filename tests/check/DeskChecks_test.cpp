@@ -1,5 +1,7 @@
 #include "check/DeskChecks.h"
 #include "components/shared.h"
+#include "report/output/Printers.h"
+#include "support/cups/CupsServer.h"
 #include "support/hospital/ProgramFolder.h"
 #include "support/PrintQt.h"
 #include "support/ProgramDirectoryAt.h"
@@ -103,4 +105,17 @@ TEST_F(DeskChecks, TemplatesThatAClerkMayWriteAreToldOnAServer) {
 TEST_F(DeskChecks, ADataFolderThatIsAFileIsTold) {
     dataFolder = folder.File(u"tarvenaux.ini"_s);
     EXPECT_THAT(Faults(LookAtFolders(On())), HasSubstr("tarvenaux.ini cannot be written to"));
+}
+
+TEST_F(DeskChecks, PrintersAreCountedAndOneThatIsGoneIsTold) {
+    if (!CupsServer::Missing().isEmpty())
+        GTEST_SKIP() << "not installed: " << CupsServer::Missing().toStdString();
+    CupsServer server;
+    ASSERT_TRUE(server.IsRunning());
+    EXPECT_EQ(Faults(LookAtPrinters(On())), "none\n");
+    server.AddQueue(u"ward"_s, {u"A4"_s});
+    EXPECT_EQ(Faults(LookAtPrinters(On())), "");
+    RememberPrinter(u"cashier"_s);
+    EXPECT_EQ(Faults(LookAtPrinters(On())), "the one used last, cashier, is gone\n");
+    RememberPrinter({});
 }
