@@ -6,7 +6,7 @@ include(GNUInstallDirs)
 option(TARVEN_FILES_IN_ETC "Install what an administrator may change below /etc" OFF)
 set(program_folder lib/tarven/hemodialysis)
 # Each has a page packaging/<program>.1.in for man.
-set(programs tarven-hemodialysis tarven-report)
+set(programs tarven-hemodialysis tarven-check tarven-report)
 add_custom_target(programs DEPENDS ${programs})
 
 install(TARGETS ${programs} DESTINATION ${program_folder})

@@ -53,6 +53,8 @@ class CommandGateway {
 
     /// The database's product and version, for support; empty where it does not tell them. Sends no command.
     virtual QString ServerVersion() const { return {}; }
+    /// The same of the driver that leads to it; empty where none does.
+    virtual QString DriverVersion() const { return {}; }
 
     const QString& DefaultDatabase() const { return mDefaultDatabase; }
     virtual void SetDefaultDatabase(const QString& name) { mDefaultDatabase = name; }

@@ -83,6 +83,8 @@ OdbcGateway::OdbcGateway(const QString& dataSource, const QString& user, const Q
     mIgnoresNoscan = IgnoresNoscan(mConnection);
     mServerVersion =
         u"%1 %2"_s.arg(InfoOf(mConnection, SQL_DBMS_NAME), InfoOf(mConnection, SQL_DBMS_VER)).trimmed();
+    mDriverVersion =
+        u"%1 %2"_s.arg(InfoOf(mConnection, SQL_DRIVER_NAME), InfoOf(mConnection, SQL_DRIVER_VER)).trimmed();
 } catch (...) {
     throw FailureInHand();
 }

@@ -27,6 +27,7 @@ class OdbcGateway : public CommandGateway {
     bool Connected() const override { return true; }
     QString ConnectionString() const override { return mConnectionString; }
     QString ServerVersion() const override { return mServerVersion; }
+    QString DriverVersion() const override { return mDriverVersion; }
     /// Raises 911 for a database that the server has not.
     void SetDefaultDatabase(const QString& name) override;
     /// Comes back when the command that is running has ended, or after a moment when the server does not let
@@ -56,6 +57,7 @@ class OdbcGateway : public CommandGateway {
 
     QString mConnectionString;
     QString mServerVersion;
+    QString mDriverVersion;
     OdbcEnvironment mEnvironment;
     OdbcHandle mConnection;
     bool mIgnoresNoscan = true;

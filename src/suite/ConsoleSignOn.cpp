@@ -97,11 +97,12 @@ ConsolePassword::~ConsolePassword() {
 }
 
 std::unique_ptr<SignedOnUser> SignOnAtConsole(DataSource& source, const QString& user,
-                                              const ConsolePassword& password, const QString& deptCode) {
+                                              const ConsolePassword& password, const QString& deptCode,
+                                              bool toReplace) {
     if (source.NeedsMaking())
         throw RunTimeError(RunTime::kFileNotFound,
                            u"%1 has yet to be made: sign on to it once in the program."_s.arg(source.Name()));
-    SignOnTry signOn{.deptCode = deptCode};
+    SignOnTry signOn{.deptCode = deptCode, .toReplace = toReplace};
     while (true) {
         SignOnOutcome outcome = TrySignOn(source, user, password.Text(), signOn);
         if (outcome.user) {

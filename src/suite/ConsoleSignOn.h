@@ -32,9 +32,11 @@ class ConsolePassword {
 
 /// Signs a user on for a department as the sign-on window does. A wait that the hospital asks for, and what
 /// has failed in his name, is told on the standard error; the wait is served. Raises 18456 with the text of a
-/// refusal, 53 for a hospital that has yet to be made, and what the data source raises.
+/// refusal, 53 for a hospital that has yet to be made, and what the data source raises. `toReplace` says that
+/// another hospital is to come in its place, for which any version of it will do.
 std::unique_ptr<SignedOnUser> SignOnAtConsole(DataSource& source, const QString& user,
-                                              const ConsolePassword& password, const QString& deptCode);
+                                              const ConsolePassword& password, const QString& deptCode,
+                                              bool toReplace = false);
 
 /// How a wait that the hospital asks for is served.
 Seam<void(std::chrono::seconds wait)>& ConsoleWaitSeam();

@@ -68,6 +68,15 @@ void TrialHospital::MakeAnew(const MakingProgress& progress) {
     HospitalFile::Replace(mPath, HospitalScripts(), progress);
 }
 
+void TrialHospital::BackUp(const QString& copy) const {
+    HospitalFile::BackUp(mPath, copy, HospitalStructure());
+}
+
+void TrialHospital::Restore(const QString& copy) const {
+    MakeFolder();
+    HospitalFile::Restore(mPath, copy, HospitalStructure());
+}
+
 std::unique_ptr<CommandGateway> TrialHospital::Connect(const QString&, const QString&) {
     KeepFolderPrivate(mFolder);
     // What is compared with the file, or replaced in it, is its structure alone.

@@ -25,6 +25,12 @@ class TrialHospital : public DataSource {
     std::unique_ptr<CommandGateway> ConnectToReplace(const QString& user, const QString& password) override;
     std::unique_ptr<SignOnTrail> Trail(CommandGateway& connection) const override;
 
+    /// Writes a copy of the hospital into a new file while others go on working in it. Raises as
+    /// HospitalFile::BackUp does.
+    void BackUp(const QString& copy) const;
+    /// Puts such a copy in the hospital's place. Raises as HospitalFile::Restore does.
+    void Restore(const QString& copy) const;
+
     const QString& Path() const { return mPath; }
 
   private:

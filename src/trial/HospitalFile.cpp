@@ -98,12 +98,17 @@ void ReplaceProcedures(HospitalEngine& engine, const std::vector<Script>& script
     transaction.Commit();
 }
 
-/// Raises 824 where the file's pages do not fit together.
-void RequireWhole(SqliteDatabase& database) {
-    const auto found = database.RunForValue(u"PRAGMA quick_check(1)"_s);
+/// Raises 824, with the path of the file that is at fault, where one of SQLite's own checks finds something.
+void RequirePasses(SqliteDatabase& database, const QString& check, const QString& path) {
+    const auto found = database.RunForValue(u"PRAGMA %1(1)"_s.arg(check));
     const auto* text = found ? std::get_if<QByteArray>(&*found) : nullptr;
     if (!text || *text != "ok")
-        throw ServerError(Fault::Damaged, {database.Path()});
+        throw ServerError(Fault::Damaged, {path});
+}
+
+/// Raises 824 where the file's pages do not fit together.
+void RequireWhole(SqliteDatabase& database) {
+    RequirePasses(database, u"quick_check"_s, database.Path());
 }
 
 /// Raises 824 where the end of the file is missing, of a page that SQLite would fill up with zeros. For a
@@ -217,14 +222,17 @@ class MakingLock {
 /// A hospital's file that is made beside its place; it is gone with this unless it has appeared there.
 class UnfinishedHospital {
   public:
-    UnfinishedHospital(const QString& path, const std::vector<Script>& scripts,
-                       const HospitalFile::Progress& progress)
+    /// `fill` makes the empty file of that path a hospital.
+    UnfinishedHospital(const QString& path, const std::function<void(const QString& path)>& fill)
         : mPath(path)
         , mUnfinished{path + u".new"_s} {
         RemoveWithCompanions(mUnfinished.path);
         MakePrivateFile(mUnfinished.path);
-        RunScripts(mUnfinished.path, scripts, progress);
+        fill(mUnfinished.path);
     }
+    UnfinishedHospital(const QString& path, const std::vector<Script>& scripts,
+                       const HospitalFile::Progress& progress)
+        : UnfinishedHospital(path, [&](const QString& file) { RunScripts(file, scripts, progress); }) {}
 
     const QString& Path() const { return mUnfinished.path; }
 
@@ -251,6 +259,25 @@ class UnfinishedHospital {
     QString mPath;
     File mUnfinished;
 };
+
+/// Copies a hospital as it is at one moment into an empty file, and looks through what came of it. Raises 824
+/// for a copy that does not fit together, and 948 for one of other tables.
+void CopyHospital(const QString& from, const QString& to, const std::vector<Script>& scripts) {
+    const bool hasAllInItself = !HasLog(from);
+    // The engine looks at the file first: what is no hospital is not copied.
+    HospitalEngine source(from, SqliteDatabase::Mode::Reading);
+    if (hasAllInItself)
+        RequireWholePages(source.Database());
+    if (source.Store().Mark(kSchemaMark) != Digest(scripts, kSchemaFolder))
+        throw ServerError(Fault::OtherVersion, {from});
+    SqliteDatabase copy(to, SqliteDatabase::Mode::Existing);
+    source.Database().CopyInto(copy);
+    // One file: whoever takes it elsewhere need not know of a log.
+    copy.RunForValue(u"PRAGMA journal_mode = DELETE"_s);
+    // Of the indexes too, which the look at a sign-on passes over.
+    RequirePasses(copy, u"integrity_check"_s, from);
+    copy.Flush();
+}
 
 /// Where the hospital named by a path lies. Raises 5120 where none may lie.
 QString PlaceOf(const QString& path) {
@@ -285,6 +312,35 @@ void HospitalFile::Replace(const QString& name, const std::vector<Script>& scrip
     // Held until the new file stands in its place, so that nobody opens the old one at the last moment.
     Hold held(path);
     held.CarryTrailInto(next.Path());
+    next.Appear();
+}
+
+void HospitalFile::BackUp(const QString& name, const QString& copy, const std::vector<Script>& scripts) {
+    const QString path = RealPath(copy);
+    RequireOrdinaryFile(RealPath(name));
+    const MakingLock lock(path, {});
+    if (QFile::exists(path))
+        throw RunTimeError(RunTime::kPathFileAccess,
+                           RunTime::TextOf(RunTime::kPathFileAccess) + u": "_s + path);
+    UnfinishedHospital(path, [&](const QString& file) {
+        CopyHospital(RealPath(name), file, scripts);
+    }).Appear();
+}
+
+void HospitalFile::Restore(const QString& name, const QString& copy, const std::vector<Script>& scripts) {
+    const QString path = PlaceOf(name);
+    RequireOrdinaryFile(RealPath(copy));
+    const MakingLock lock(path, {});
+    const bool stands = QFile::exists(path);
+    if (stands)
+        Hold(path).Release();
+    UnfinishedHospital next(path, [&](const QString& file) { CopyHospital(RealPath(copy), file, scripts); });
+    std::optional<Hold> held;
+    if (stands) {
+        // Held until the copy stands in its place, so that nobody opens the old one at the last moment.
+        held.emplace(path);
+        held->CarryTrailInto(next.Path());
+    }
     next.Appear();
 }
 

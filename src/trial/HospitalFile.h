@@ -39,6 +39,21 @@ class HospitalFile {
     static void Replace(const QString& name, const std::vector<Script>& scripts,
                         const Progress& progress = {});
 
+    /// Writes a copy of a hospital into a new file, as the hospital is at one moment, while others go on
+    /// working in it: SQLite's own backup, through connections of its own. The copy is its owner's alone and
+    /// has no log; it appears under its name only when it is whole and was looked through.
+    ///
+    /// Raises 75 for a copy's name that stands, 53 and 5171 as EmbeddedGateway does, 824 for a hospital that
+    /// is damaged, 948 for one of another version, and the disk's failures.
+    static void BackUp(const QString& name, const QString& copy, const std::vector<Script>& scripts);
+
+    /// Puts a copy that BackUp has written into the hospital's place, where one may stand or not. The copy
+    /// stays as it is; the trail of sign-ons of the hospital that stands is carried over.
+    ///
+    /// Raises 3702 when somebody has the hospital open, 53, 5171, 824 and 948 for what is no such copy, and
+    /// what Create raises for a place; the hospital that stands then stays.
+    static void Restore(const QString& name, const QString& copy, const std::vector<Script>& scripts);
+
     /// Opens a hospital for a sign-on. Where its procedures are not those of the scripts, they are replaced;
     /// where its tables are not, it is refused with error 948. A file that was not closed by its last user is
     /// checked and refused with 824 when it is damaged, and so is one whose end is missing. One whose log is

@@ -17,11 +17,13 @@ TEST(Install, HasAProgramFolderAndACommandThatLeadsThere) {
     ASSERT_TRUE(install.waitForFinished());
     ASSERT_EQ(install.exitCode(), 0) << install.readAllStandardError().toStdString();
     const QString folder = root.filePath(u"lib/tarven/hemodialysis"_s);
-    const QString command = root.filePath(u"bin/tarven-hemodialysis"_s);
-    EXPECT_TRUE(QFileInfo(command).isSymLink());
-    EXPECT_EQ(QFileInfo(command).canonicalFilePath(),
-              QFileInfo(folder + u"/tarven-hemodialysis"_s).canonicalFilePath());
-    EXPECT_TRUE(QFileInfo(command).isExecutable());
+    for (const QString& program : {u"tarven-hemodialysis"_s, u"tarven-check"_s, u"tarven-report"_s}) {
+        const QString command = root.filePath(u"bin/"_s + program);
+        EXPECT_TRUE(QFileInfo(command).isSymLink());
+        EXPECT_EQ(QFileInfo(command).canonicalFilePath(),
+                  QFileInfo(folder + u'/' + program).canonicalFilePath());
+        EXPECT_TRUE(QFileInfo(command).isExecutable());
+    }
     EXPECT_EQ(QDir(folder + u"/Reports"_s).entryList(QDir::Files),
               QDir(QStringLiteral(TARVEN_SOURCE_DIR) + u"/Reports"_s).entryList(QDir::Files));
     for (const QString& beside : {u"/ChargeSlip.rpt"_s, u"/RadioConsultation.rpt"_s})

@@ -1,7 +1,5 @@
 #include "deployment/Rights.h"
 
-#include <QRegularExpression>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -55,7 +53,7 @@ class CommandReader {
     }
 
     /// A condition reads the table that is written.
-    void NeedWrite(const Right& right, const QString& table) {
+    void NeedWrite(const NamedRight& right, const QString& table) {
         mRights << right;
         if (Has(u"WHERE"))
             NeedRead(table);
@@ -91,24 +89,13 @@ class CommandReader {
     QStringList mRights;
 };
 
-void GrantTo(QMap<Right, QStringList>& rights, const QRegularExpressionMatch& grant,
-             const QString& database) {
-    const QString object = (database + u'.' + grant.captured(2)).toLower();
-    for (const QString& verb : grant.captured(1).split(u", "_s)) {
-        if (!grant.hasCaptured(3))
-            rights.insert(verb + u' ' + object, {});
-        for (const QString& column : grant.captured(3).toLower().split(u", "_s, Qt::SkipEmptyParts))
-            rights.insert(u"%1 %2 (%3)"_s.arg(verb, object, column), {});
-    }
-}
-
-void Compare(const QString& role, const QMap<Right, QStringList>& needed,
-             const QMap<Right, QStringList>& granted, QStringList& differences) {
+void Compare(const QString& role, const QMap<NamedRight, QStringList>& needed,
+             const QMap<NamedRight, QStringList>& granted, QStringList& differences) {
     for (const auto& [right, senders] : needed.asKeyValueRange()) {
         if (!granted.contains(right))
             differences << u"%1 lacks %2, for %3"_s.arg(role, right, senders.join(u", "_s));
     }
-    for (const Right& right : granted.keys()) {
+    for (const NamedRight& right : granted.keys()) {
         if (!needed.contains(right))
             differences << u"%1 has %2, which nothing sends"_s.arg(role, right);
     }
@@ -118,27 +105,6 @@ void Compare(const QString& role, const QMap<Right, QStringList>& needed,
 
 QStringList RightsFor(const QString& command, const HospitalObjects& hospital, QStringList& problems) {
     return CommandReader(command, hospital, problems).Read();
-}
-
-RoleRights ReadGrants(const QString& script, QStringList& problems) {
-    static const QRegularExpression use(u"^USE (\\w+);$"_s);
-    static const QRegularExpression grant(
-        u"^GRANT ((?:EXECUTE|SELECT|INSERT|UPDATE|DELETE)(?:, (?:SELECT|INSERT|UPDATE|DELETE))*)"
-        " ON dbo\\.(\\w+)(?: \\((\\w+(?:, \\w+)*)\\))? TO (tarven_hemodialysis(?:_standby)?);$"_s);
-    RoleRights rights;
-    QString database;
-    for (const QString& line : script.split(u'\n')) {
-        if (line.isEmpty() || line == u"GO"_s || line.startsWith(u"--"_s))
-            continue;
-        if (const auto found = use.match(line); found.hasMatch())
-            database = found.captured(1);
-        else if (const auto granted = grant.match(line); granted.hasMatch())
-            GrantTo(granted.captured(4).endsWith(u"_standby"_s) ? rights.standby : rights.workstation,
-                    granted, database);
-        else
-            problems << u"this grants nothing that is known here: "_s + line;
-    }
-    return rights;
 }
 
 QStringList DifferencesBetween(const RoleRights& needed, const RoleRights& granted) {

@@ -82,11 +82,11 @@ class Rights : public testing::Test {
     Rights() {
         for (const SentCommand& command : commands) {
             const bool standsReady = HasNoWayIn(command);
-            for (const Right& right : RightsFor(command.text, hospital, problems))
+            for (const NamedRight& right : RightsFor(command.text, hospital, problems))
                 (standsReady ? needed.standby : needed.workstation)[right] << command.composer;
         }
         // Whoever works with what stands ready is a member of both roles.
-        for (const Right& right : needed.workstation.keys())
+        for (const NamedRight& right : needed.workstation.keys())
             needed.standby.remove(right);
     }
 
@@ -100,7 +100,7 @@ class Rights : public testing::Test {
     /// Everything granted, as "database.object" or with its column.
     QStringList GrantedNames() const {
         QStringList names;
-        for (const Right& right : granted.workstation.keys() + granted.standby.keys())
+        for (const NamedRight& right : granted.workstation.keys() + granted.standby.keys())
             names << right.section(u' ', 1);
         return names;
     }
@@ -151,7 +151,7 @@ TEST_F(Rights, AGrantTooManyIsNoticed) {
     const QStringList tables = hospital.tables.keys();
     for (const QString& table : tables) {
         for (const char* verb : {"INSERT", "UPDATE", "DELETE", "SELECT"}) {
-            const Right right = QLatin1StringView(verb) + u' ' + table;
+            const NamedRight right = QLatin1StringView(verb) + u' ' + table;
             if (granted.workstation.contains(right))
                 continue;
             const RoleRights more = Granted(

@@ -113,6 +113,21 @@ void SqliteDatabase::Flush() {
         throw ServerError(Fault::InputOutput, {mPath, SystemReason()});
 }
 
+void SqliteDatabase::CopyInto(SqliteDatabase& copy) {
+    // In one step, which sees one moment; between two steps a writer would make it begin anew.
+    constexpr int kAllPages = -1;
+    sqlite3_backup* backup = sqlite3_backup_init(copy.Handle(), "main", Handle(), "main");
+    if (!backup)
+        copy.Raise(sqlite3_errcode(copy.Handle()));
+    sqlite3_backup_step(backup, kAllPages);
+    const int code = sqlite3_backup_finish(backup);
+    // What is read is this file's, what is written the other one's.
+    if ((code & 0xFF) == SQLITE_CORRUPT)
+        Raise(code);
+    if (code != SQLITE_OK)
+        copy.Raise(code);
+}
+
 void SqliteDatabase::SetPlaysLog(bool plays) {
     sqlite3_db_config(mHandle.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, plays ? 0 : 1, nullptr);
 }

@@ -62,6 +62,11 @@ class SqliteDatabase {
     /// Makes sure that the file has reached the disk. For a file that was written without waiting for that.
     void Flush();
 
+    /// Copies everything, as it is at one moment, in the place of what the other file holds. Others may go on
+    /// writing to this one meanwhile; the copy has nothing of that. Raises what reading or writing fails
+    /// with.
+    void CopyInto(SqliteDatabase& copy);
+
     /// Whether the last connection that closes plays the log into the file, as it does from the beginning on.
     /// Until it is known that the log is this file's, it must not: the file would be destroyed.
     void SetPlaysLog(bool plays);

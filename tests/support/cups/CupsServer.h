@@ -30,6 +30,9 @@ class CupsServer {
     /// nothing was printed.
     QString Printed(const QString& name);
 
+    /// How another process is told of it, in the variable CUPS_SERVER.
+    QString Address() const { return PathOf(QStringLiteral("socket")); }
+
     static constexpr int kEdge = 12;
 
   private:

@@ -1,0 +1,125 @@
+#include "check/SourceLines.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <array>
+#include <odbcinst.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::array kKeys = {"Driver", "Servername", "Encryption", "Encrypt", "TrustServerCertificate",
+                              "Trusted_Connection"};
+
+bool IsYes(const QString& value) {
+    static const QStringList words = {u"yes"_s, u"true"_s, u"1"_s, u"mandatory"_s, u"require"_s, u"strict"_s};
+    return words.contains(value.trimmed().toLower());
+}
+
+/// FreeTDS' driver keeps encryption in a file of its own; any other one is taken for Microsoft's.
+bool IsFreeTds(const SourceLines& source) {
+    return source.value(u"driver"_s).contains("tds"_L1, Qt::CaseInsensitive);
+}
+
+Findings JudgeFreeTds(const QString& name, const SourceLines& source, const SourceLines& server) {
+    const QString file = u" in freetds.conf, in the section that odbc.ini names with Servername"_s;
+    const QString encryption = server.value(u"encryption"_s, source.value(u"encryption"_s));
+    Findings faults;
+    if (!IsYes(encryption))
+        faults.push_back(Fails(name,
+                               encryption.isEmpty() ? u"nothing asks for it"_s
+                                                    : u"encryption = "_s + encryption,
+                               u"write encryption = require"_s + file));
+    if (server.value(u"ca file"_s).isEmpty())
+        faults.push_back(Fails(name, u"no certificate is checked: nothing names a ca file"_s,
+                               u"write ca file = ... with the hospital's certificate authority"_s + file));
+    else if (!QFile::exists(server.value(u"ca file"_s)) && server.value(u"ca file"_s) != "system"_L1)
+        faults.push_back(Fails(name, u"the ca file %1 is not there"_s.arg(server.value(u"ca file"_s)),
+                               u"lay it there"_s));
+    if (server.contains(u"check certificate hostname"_s) &&
+        !IsYes(server.value(u"check certificate hostname"_s)))
+        faults.push_back(Fails(name, u"the certificate may be another machine's"_s,
+                               u"write check certificate hostname = yes"_s + file));
+    return faults;
+}
+
+Findings JudgeOther(const QString& name, const SourceLines& source) {
+    Findings faults;
+    if (!IsYes(source.value(u"encrypt"_s)))
+        faults.push_back(Fails(name, u"nothing asks for it"_s, u"write Encrypt = yes in odbc.ini"_s));
+    if (IsYes(source.value(u"trustservercertificate"_s)))
+        faults.push_back(Fails(name, u"no certificate is checked"_s,
+                               u"write TrustServerCertificate = no in odbc.ini"_s));
+    return faults;
+}
+
+/// A text as the driver manager's functions take it. They only read it.
+LPCWSTR Wide(const QString& text) {
+    return reinterpret_cast<LPCWSTR>(text.utf16());
+}
+
+SourceLines LinesOfSource(const QString& source) {
+    SourceLines lines;
+    for (const char* key : kKeys) {
+        std::array<char16_t, 1024> value{};
+        const QString name = QString::fromLatin1(key);
+        SQLGetPrivateProfileStringW(Wide(source), Wide(name), Wide(u""_s),
+                                    reinterpret_cast<LPWSTR>(value.data()), int(value.size()),
+                                    Wide(u"odbc.ini"_s));
+        if (value[0] != 0)
+            lines.insert(name.toLower(), QString::fromUtf16(value.data()));
+    }
+    return lines;
+}
+
+/// Where the driver looks for its servers, in its order.
+QStringList ServerFiles() {
+    return {qEnvironmentVariable("FREETDSCONF"), QDir::homePath() + u"/.freetds.conf"_s,
+            u"/etc/freetds/freetds.conf"_s};
+}
+
+SourceLines LinesOfServer(const QString& server) {
+    for (const QString& path : ServerFiles()) {
+        QFile file(path);
+        if (QFile::exists(path) && file.open(QIODevice::ReadOnly))
+            return ReadServerLines(QString::fromUtf8(file.readAll()), server);
+    }
+    return {};
+}
+
+} // namespace
+
+Findings JudgeSourceLines(const QString& name, const SourceLines& source, const SourceLines& server) {
+    Findings faults = IsFreeTds(source) ? JudgeFreeTds(name, source, server) : JudgeOther(name, source);
+    if (IsYes(source.value(u"trusted_connection"_s)))
+        faults.push_back(Fails(name, u"the data source logs on by itself, so every password would do"_s,
+                               u"take Trusted_Connection out of odbc.ini"_s));
+    return FaultsOr(std::move(faults), Ok(name, u"asked for, with the server's certificate checked"_s));
+}
+
+SourceLines ReadServerLines(const QString& content, const QString& section) {
+    SourceLines global;
+    SourceLines own;
+    SourceLines* current = nullptr;
+    for (const QString& written : content.split(u'\n')) {
+        const QString line = written.trimmed();
+        if (line.startsWith(u'[') && line.endsWith(u']')) {
+            const QString name = line.mid(1).chopped(1).trimmed();
+            const bool isOwn = name.compare(section, Qt::CaseInsensitive) == 0;
+            current = isOwn ? &own : name.toLower() == "global"_L1 ? &global : nullptr;
+        } else if (current && line.contains(u'=') && !line.startsWith(u'#') && !line.startsWith(u';')) {
+            current->insert(line.section(u'=', 0, 0).simplified().toLower(),
+                            line.section(u'=', 1).trimmed());
+        }
+    }
+    for (auto line = own.cbegin(); line != own.cend(); ++line)
+        global.insert(line.key(), line.value());
+    return global;
+}
+
+Findings LookAtSourceLines(const QString& name, const QString& source) {
+    const SourceLines lines = LinesOfSource(source);
+    return JudgeSourceLines(name, lines, LinesOfServer(lines.value(u"servername"_s)));
+}
