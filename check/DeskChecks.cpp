@@ -1,5 +1,6 @@
 #include "check/DeskChecks.h"
 
+#include "check/ObjectChecks.h"
 #include "check/TemplateFields.h"
 #include "components/shared.h"
 #include "report/output/Printers.h"
@@ -21,22 +22,6 @@ namespace {
 /// What a key that is not there gives.
 constexpr auto kNoValue = "0"_L1;
 
-/// The templates of the program, each once.
-QStringList Templates() {
-    QStringList files;
-    for (const QStringView file :
-         {ReportFile::kChargeSlip, ReportFile::kOlderChargeSlip, ReportFile::kAssessmentSlip,
-          ReportFile::kAssessmentDuplicate, ReportFile::kConsultation, ReportFile::kCensusByName,
-          ReportFile::kCensusByStation, ReportFile::kLedger})
-        files << ResolveFile(PathOf(file));
-    for (const ReportType type :
-         {ReportType::Audit, ReportType::OutPatientIncome, ReportType::InPatientIncome, ReportType::CashIncome,
-          ReportType::Statistics, ReportType::InPatientCompany, ReportType::OutPatientCompany})
-        files << ResolveFile(PathOf(FindPeriodReport(type)->file));
-    files.removeDuplicates();
-    return files;
-}
-
 void LookAtTemplate(const QString& path, const Needs& needs, Findings& faults) {
     const QString name = u"templates"_s;
     QFile file(path);
@@ -57,11 +42,27 @@ void LookAtTemplate(const QString& path, const Needs& needs, Findings& faults) {
 
 } // namespace
 
+QStringList TemplatesOfProgram() {
+    QStringList files;
+    for (const QStringView file :
+         {ReportFile::kChargeSlip, ReportFile::kOlderChargeSlip, ReportFile::kAssessmentSlip,
+          ReportFile::kAssessmentDuplicate, ReportFile::kConsultation, ReportFile::kCensusByName,
+          ReportFile::kCensusByStation, ReportFile::kLedger})
+        files << ResolveFile(PathOf(file));
+    for (int type = 0; type <= static_cast<int>(ReportType::OutPatientCompany); ++type) {
+        if (const PeriodReport* report = FindPeriodReport(static_cast<ReportType>(type)))
+            files << ResolveFile(PathOf(report->file));
+    }
+    files.removeDuplicates();
+    return files;
+}
+
 Findings LookAtTemplates(const Ground& ground) {
-    const QStringList templates = Templates();
+    const QStringList templates = TemplatesOfProgram();
+    const Needs needs = NeedsAsTold(ground);
     Findings faults;
     for (const QString& path : templates)
-        LookAtTemplate(path, ground.needs, faults);
+        LookAtTemplate(path, needs, faults);
     return FaultsOr(std::move(faults), Ok(u"templates"_s, u"%1 read"_s.arg(templates.size())));
 }
 

@@ -69,6 +69,13 @@ bool Holds(const std::vector<QStringList>& rows, const QString& name) {
         rows, [&](const QStringList& row) { return row[0].compare(name, Qt::CaseInsensitive) == 0; });
 }
 
+QStringList FirstCellsOf(const std::vector<QStringList>& rows) {
+    QStringList cells;
+    for (const QStringList& row : rows)
+        cells << row[0];
+    return cells;
+}
+
 /// The columns that an answer lacks.
 QStringList MissingOf(const QStringList& needed, const std::vector<QStringList>& found) {
     QStringList missing;
@@ -259,4 +266,27 @@ Findings LookAtRights(const Ground& ground) {
                                u"take him out of the other roles, the owners' and administrators' above all"_s));
     return FaultsOr(std::move(faults),
                     Ok(name, u"all %1, nothing beyond"_s.arg(ground.needs.rights.workstation.size())));
+}
+
+Needs NeedsAsTold(const Ground& ground) {
+    Needs told = ground.needs;
+    if (ground.isTrial)
+        return told;
+    // A database that refuses the question has its line among the answers and the tables.
+    Findings refused;
+    const QStringList objects = ObjectsOf(ground.needs);
+    const ObjectRows answers = Ask(ground, u"answers"_s, objects, AnswersQuestion(),
+                                   {u"ColumnName"_s, u"Reason"_s}, refused);
+    for (const auto& [key, rows] : answers.asKeyValueRange()) {
+        if (rows[0][1].isEmpty())
+            told.procedures[key].answers = FirstCellsOf(rows);
+    }
+    const ObjectRows tables =
+        Ask(ground, u"tables"_s, objects, ColumnsQuestion(), {u"ColumnName"_s}, refused);
+    for (const auto& [key, rows] : tables.asKeyValueRange()) {
+        told.tables[key].columns.clear();
+        for (const QString& column : FirstCellsOf(rows))
+            told.tables[key].columns.push_back({column});
+    }
+    return told;
 }

@@ -69,7 +69,7 @@ int Look(const Arguments& arguments) {
             Print(stdout, LineOf(finding, colored));
     });
     if (arguments.asJson)
-        Print(stdout, QString::fromUtf8(JsonOf(findings)));
+        std::fputs(JsonOf(findings).constData(), stdout);
     return HasFaults(findings) ? Faults : AllWell;
 }
 

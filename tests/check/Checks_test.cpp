@@ -275,6 +275,23 @@ TEST(Checks, AProcedureThatTheServerCannotDescribeIsNoFault) {
     EXPECT_TRUE(findings.back().seen.contains(u"it uses a temp table"_s));
 }
 
+// A hospital's own templates may show what its own procedures answer.
+TEST(Checks, TheServersColumnsAreThoseOfItsTemplates) {
+    SignedOnThere there([](const QString& question, const QString& database, CatalogAnswer& answer) {
+        if (question == AnswersQuestion() && database == "REPORTS"_L1) {
+            answer.rows.push_back({Value(u"spReports_Income"_s), Value(u"Insured"_s), Value()});
+            answer.rows.push_back({Value(u"spReports_OfTheHouse"_s), Value(u"Day"_s), Value()});
+        }
+        if (question == ColumnsQuestion() && database == "PATIENT_DATA"_L1)
+            answer.rows.push_back({Value(u"tbhospitalInfo"_s), Value(u"Logo"_s), Value(u"varchar"_s)});
+    });
+    const Needs told = NeedsAsTold(there.On());
+    EXPECT_TRUE(told.procedures[u"reports.spreports_income"_s].answers.contains(u"Insured"_s));
+    EXPECT_TRUE(told.procedures[u"reports.spreports_income"_s].answers.contains(u"Department"_s));
+    EXPECT_EQ(told.procedures[u"reports.spreports_ofthehouse"_s].answers, QStringList{u"Day"_s});
+    EXPECT_EQ(told.tables[u"patient_data.tbhospitalinfo"_s].columns.back().name, u"Logo"_s);
+}
+
 TEST(Checks, TheSecondRolesRightsAreNotBeyondForItsMembers) {
     for (const qint64 member : {0, 1}) {
         SignedOnThere there(

@@ -7,7 +7,9 @@
 #include "support/ProgramDirectoryAt.h"
 #include "support/ScriptedGateway.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <gmock/gmock.h>
 
@@ -20,7 +22,10 @@ namespace {
 /// The desk's checks in a program's folder of the test's own.
 class DeskChecks : public testing::Test {
   protected:
-    DeskChecks() { gIniPath = folder.File(u"tarvenaux.ini"_s); }
+    DeskChecks() {
+        gIniPath = folder.File(u"tarvenaux.ini"_s);
+        QFile::copy(folder.File(u"Reports/ChargeSlip.rpt"_s), folder.File(u"ChargeSlip.rpt"_s));
+    }
     ~DeskChecks() override { gIniPath.clear(); }
 
     Ground On() {
@@ -62,11 +67,21 @@ class DeskChecks : public testing::Test {
 } // namespace
 
 TEST_F(DeskChecks, OfAWholeFolderFindNothing) {
-    QFile::copy(folder.File(u"Reports/ChargeSlip.rpt"_s), folder.File(u"ChargeSlip.rpt"_s));
     EXPECT_EQ(Faults(LookAtTemplates(On())), "");
     EXPECT_EQ(LookAtTemplates(On()).front().seen, u"13 read"_s);
     EXPECT_EQ(Faults(LookAtConfiguration(On())), "");
     EXPECT_EQ(Faults(LookAtFolders(On())), "");
+}
+
+// One that the program opens and nobody looks at would be missed.
+TEST_F(DeskChecks, TemplatesAreAllThatTheProgramBrings) {
+    QStringList looked;
+    for (const QString& path : TemplatesOfProgram())
+        looked << QFileInfo(path).fileName();
+    looked.sort();
+    QStringList brought = QDir(u"" TARVEN_SOURCE_DIR "/Reports"_s).entryList(QDir::Files);
+    brought.sort();
+    EXPECT_EQ(looked, brought);
 }
 
 TEST_F(DeskChecks, ATemplateThatIsGoneIsTold) {
