@@ -1,6 +1,6 @@
 # An installed program is one folder, on a stick as on a disk: the programs, what they are linked with, the templates and
 # the configuration that they read beside themselves.
-set(programs tarven-hemodialysis tarven-report)
+set(programs tarven-hemodialysis tarven-check tarven-report)
 add_custom_target(programs DEPENDS ${programs} tarven-tour)
 install(TARGETS ${programs} DESTINATION .)
 
