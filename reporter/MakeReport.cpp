@@ -80,9 +80,13 @@ QString TitleOf(const ReportDocument& document, const Report& report) {
 
 } // namespace
 
+QString TemplateFile(const QString& name) {
+    const QString path = ResolveFile(name);
+    return QFileInfo::exists(path) ? path : ResolveFile(ProgramDirectory() + u"/Reports/"_s + name);
+}
+
 std::shared_ptr<Report> OpenTemplate(const QString& name) {
-    const bool isPath = QFileInfo::exists(ResolveFile(name));
-    return ReportEngine().OpenReport(isPath ? name : ProgramDirectory() + u"/Reports/"_s + name, kOpenOption);
+    return ReportEngine().OpenReport(TemplateFile(name), kOpenOption);
 }
 
 void Fill(Report& report, const std::vector<GivenValue>& values) {

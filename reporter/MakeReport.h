@@ -9,8 +9,11 @@
 
 class Report;
 
-/// Opens the template that a command line names: by its path, else by its name in the folder Reports of the
-/// program. Raises 53 where neither is there, and the template's error with file and line.
+/// The file of the template that a command line names: by its path, else by its name in the folder Reports of
+/// the program, whether it is there or not.
+QString TemplateFile(const QString& name);
+
+/// Opens it. Raises 53 where it is not there, and the template's error with file and line.
 std::shared_ptr<Report> OpenTemplate(const QString& name);
 
 /// Gives a report's parameters their values. Raises ArgumentError for one that the report does not have, gets

@@ -5,6 +5,7 @@
 
 #include <QFileInfo>
 #include <QLabel>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -50,10 +51,16 @@ void TemplateWatch::Follow() {
 void TemplateWatch::Show() {
     Follow();
     try {
-        mPages->SetDocument(mMake());
+        ShowPages(mMake());
         mProblem->hide();
     } catch (...) {
         mProblem->setText(Failure::TextOf(std::current_exception()));
         mProblem->show();
     }
+}
+
+void TemplateWatch::ShowPages(std::shared_ptr<const ReportDocument> document) {
+    const int place = mPages->verticalScrollBar()->value();
+    mPages->SetDocument(std::move(document));
+    mPages->verticalScrollBar()->setValue(place);
 }

@@ -12,7 +12,8 @@ class QLabel;
 class ReportDocument;
 
 /// A window that shows what a template makes, anew each time that its file is saved. Where it fails, the
-/// window says why, with file and line, and goes on showing the last pages that were made.
+/// window says why, with file and line, and goes on showing the last pages that were made. The place to which
+/// they were scrolled stays.
 class TemplateWatch : public QWidget {
     Q_OBJECT
 
@@ -26,6 +27,7 @@ class TemplateWatch : public QWidget {
   private:
     void Follow();
     void Show();
+    void ShowPages(std::shared_ptr<const ReportDocument> document);
 
     QString mFile;
     Make mMake;

@@ -46,16 +46,27 @@ QString Department(const Arguments& arguments) {
     return code;
 }
 
-/// With what the tables are logged on, once the user has signed on.
-ReportLogOn SignOn(const Arguments& arguments, const ConsolePassword& password) {
-    const auto source = DataSourceNamed(DataFolder(), arguments.source);
-    SignOnAtConsole(*source, arguments.user, password, Department(arguments));
+/// Why nobody was signed on.
+class SignOnError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+/// With what the tables are logged on, once the user has signed on. Raises SignOnError.
+ReportLogOn LogOn(const Arguments& arguments) {
     // Unless it is told otherwise, a report stands where the main window has its connection.
     const bool isElsewhere = !arguments.database.isEmpty();
-    return {.server = arguments.source,
-            .database = isElsewhere ? arguments.database : u"PASSWORD"_s,
-            .user = arguments.user,
-            .password = password.Text()};
+    try {
+        const ConsolePassword password(arguments.passwordFile);
+        const auto source = DataSourceNamed(DataFolder(), arguments.source);
+        SignOnAtConsole(*source, arguments.user, password, Department(arguments));
+        return {.server = arguments.source,
+                .database = isElsewhere ? arguments.database : u"PASSWORD"_s,
+                .user = arguments.user,
+                .password = password.Text()};
+    } catch (const std::exception& error) {
+        throw SignOnError(error.what());
+    }
 }
 
 std::shared_ptr<Report> FilledReport(const Arguments& arguments) {
@@ -64,8 +75,10 @@ std::shared_ptr<Report> FilledReport(const Arguments& arguments) {
     return report;
 }
 
-int Watch(const Arguments& arguments, const ReportLogOn& logOn) {
-    TemplateWatch window(OpenTemplate(arguments.templateFile)->File(), [&arguments, &logOn] {
+int Watch(const Arguments& arguments) {
+    const ReportLogOn logOn = LogOn(arguments);
+    // Whoever begins a template begins with a file that is none yet: the window tells what it lacks.
+    TemplateWatch window(TemplateFile(arguments.templateFile), [&arguments, &logOn] {
         const auto report = FilledReport(arguments);
         LogTablesOn(*report, arguments.database, logOn);
         return report->Document();
@@ -75,19 +88,10 @@ int Watch(const Arguments& arguments, const ReportLogOn& logOn) {
     return QApplication::exec();
 }
 
-int MakeOrWatch(const Arguments& arguments) {
+int Make(const Arguments& arguments) {
     // What is wrong with it is told before anybody is asked for a password.
     const auto report = FilledReport(arguments);
-    const ConsolePassword password(arguments.passwordFile);
-    ReportLogOn logOn;
-    try {
-        logOn = SignOn(arguments, password);
-    } catch (const std::exception& error) {
-        return Refuse(error, Outcome::kNotBegun);
-    }
-    if (arguments.task == Arguments::Task::Watch)
-        return Watch(arguments, logOn);
-    LogTablesOn(*report, arguments.database, logOn);
+    LogTablesOn(*report, arguments.database, LogOn(arguments));
     WriteReport(*report, arguments.output);
     return Outcome::kMade;
 }
@@ -104,8 +108,10 @@ int Do(const Arguments& arguments) {
     case Arguments::Task::Describe:
         Tell(stdout, DescribeParameters(*OpenTemplate(arguments.templateFile)));
         return Outcome::kMade;
+    case Arguments::Task::Watch:
+        return Watch(arguments);
     default:
-        return MakeOrWatch(arguments);
+        return Make(arguments);
     }
 }
 
@@ -113,6 +119,8 @@ int DoAndTell(const Arguments& arguments) {
     try {
         return Do(arguments);
     } catch (const ArgumentError& error) {
+        return Refuse(error, Outcome::kNotBegun);
+    } catch (const SignOnError& error) {
         return Refuse(error, Outcome::kNotBegun);
     } catch (const std::exception& error) {
         return Refuse(error, Outcome::kFailed);

@@ -20,6 +20,7 @@ std::unique_ptr<QProcess> ReporterProcess::Start(const QStringList& words, const
     auto process = std::make_unique<QProcess>();
     QProcessEnvironment environment = mFolder.Environment();
     environment.insert(u"TARVEN_FOLDER"_s, mFolder.Path());
+    environment.insert(u"TARVEN_TRACE"_s, TracePath());
     process->setProcessEnvironment(environment);
     process->setWorkingDirectory(mFolder.Path());
     process->start(u"" TARVEN_BUILD_DIR "/tarven-report"_s, words);

@@ -25,6 +25,8 @@ class ReporterProcess {
 
     QString File(const QString& name) const { return mFolder.File(name); }
     void Write(const QString& name, const QByteArray& content) const { mFolder.Write(name, content); }
+    /// The commands that it has sent.
+    QString TracePath() const { return File(QStringLiteral("commands.txt")); }
     /// The folder in which its trial hospital lies.
     QString DataFolder() const { return File(QStringLiteral("TARVEN/Hemodialysis")); }
 

@@ -4,11 +4,14 @@
 #include "reporter/MakeReport.h"
 #include "reporter/ReporterProcess.h"
 #include "suite/RegisterSuite.h"
+#include "support/Files.h"
 #include "support/PrintQt.h"
 
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QScopeGuard>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -29,6 +32,8 @@ constexpr auto kAllCharges = R"(<report paper="A5" title="All charges">
   <report-footer height="6"><text x="60" y="0" width="30" format="#,##0.00" align="right">{sum Amount}</text></report-footer>
 </report>
 )";
+
+constexpr int kPatienceWithWatch = 20000;
 
 class ReporterTest : public testing::Test {
   protected:
@@ -93,6 +98,12 @@ TEST_F(ReporterTest, AWrongPasswordBeginsNothing) {
     EXPECT_TRUE(next.errors.contains(u"1 failed sign-on since"_s)) << "whose name was tried shall know it";
 }
 
+TEST_F(ReporterTest, WithoutAPasswordNothingIsBegun) {
+    const auto run = Make(u"made.pdf"_s, "");
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_TRUE(run.errors.contains(u"There is no password: nothing came."_s)) << run.errors.toStdString();
+}
+
 TEST_F(ReporterTest, AMistakeInTheTemplateIsToldWithFileAndLine) {
     process.Write(u"Reports/All.rpt"_s, QByteArray(kAllCharges).replace("{ItemID}", "{Item}"));
     const auto run = Make(u"made.pdf"_s);
@@ -126,6 +137,18 @@ TEST_F(ReporterTest, DescribesWithoutASignOn) {
     EXPECT_TRUE(run.told.contains(u"Start            date      First day\n"_s)) << run.told.toStdString();
 }
 
+TEST_F(ReporterTest, TheWorkedExampleIsMade) {
+    const auto run = process.Do({u"--user"_s, u"NURSE"_s, u"--template"_s,
+                                 u"" TARVEN_SOURCE_DIR "/docs/examples/SlipWithBarcode.rpt"_s, u"--param"_s,
+                                 u"SlipNumber=H1001C"_s, u"--output"_s, process.File(u"slip.pdf"_s)});
+    ASSERT_EQ(run.exitCode, 0) << run.errors.toStdString();
+    const QString words = WordsOfPdf(process.File(u"slip.pdf"_s));
+    EXPECT_EQ(words.count(u"H1001C"_s), 1) << "the number in letters; its bars are no words\n"
+                                           << words.toStdString();
+    static const QRegularExpression total(u"TOTAL +[1-9]"_s);
+    EXPECT_TRUE(words.contains(total)) << "the slip is one of the trial hospital's\n" << words.toStdString();
+}
+
 TEST_F(ReporterTest, TheDepartmentsOwnReportsAreMade) {
     const auto run = process.Do(
         {u"--user"_s, u"NURSE"_s, u"--template"_s, u"incomereport.rpt"_s, u"--param"_s, u"I"_s, u"--param"_s,
@@ -133,6 +156,23 @@ TEST_F(ReporterTest, TheDepartmentsOwnReportsAreMade) {
          u"--param"_s, u"HospitalAddress="_s, u"--output"_s, process.File(u"income.pdf"_s)});
     ASSERT_EQ(run.exitCode, 0) << run.errors.toStdString();
     EXPECT_TRUE(WordsOfPdf(process.File(u"income.pdf"_s)).contains(u"HEMODIALYSIS TREATMENT"_s));
+}
+
+TEST_F(ReporterTest, ATemplateIsWatchedFromItsEmptyFileOn) {
+    process.Write(u"Reports/All.rpt"_s, "");
+    const auto watch = process.Start(
+        {u"--watch"_s, u"--user"_s, u"NURSE"_s, u"--template"_s, u"All.rpt"_s, u"--param"_s, u"Title=T"_s});
+    const auto end = qScopeGuard([&watch] {
+        watch->kill();
+        watch->waitForFinished();
+    });
+    const QString trace = process.TracePath();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QFileInfo(trace).size() > 0; }, kPatienceWithWatch))
+        << "the sign-on";
+    process.Write(u"Reports/All.rpt"_s, kAllCharges);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ReadFile(trace).contains("SELECT RefNum, ItemID"); },
+                                kPatienceWithWatch))
+        << watch->readAllStandardError().toStdString();
 }
 
 } // namespace

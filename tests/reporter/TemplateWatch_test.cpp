@@ -2,6 +2,7 @@
 #include "report/viewer/PageView.h"
 #include "reporter/TemplateWatch.h"
 #include "support/PrintQt.h"
+#include "support/report/ReportFixture.h"
 
 #include <QFile>
 #include <QLabel>
@@ -69,6 +70,28 @@ TEST_F(TemplateWatchTest, TellsWhatIsWrongUntilItIsRight) {
     EXPECT_EQ(problem->text(), u"a.rpt, line 3: no such field"_s);
     Save("right");
     EXPECT_TRUE(QTest::qWaitFor([&] { return !problem->isVisible(); }));
+}
+
+TEST_F(TemplateWatchTest, ThePagesStayInTheirPlaceAndWhenTheTemplateIsWrong) {
+    const auto pages =
+        SmallDocument(u"<detail height=\"60\"><text x=\"0\" y=\"0\" width=\"50\">{A}</text></detail>"_s,
+                      Rows({u"A"_s}, std::vector<std::vector<Value>>(9, {{u"a"_s}})));
+    TemplateWatch window(file, [&] {
+        Make();
+        return pages;
+    });
+    window.show();
+    auto* view = window.findChild<PageView*>();
+    ASSERT_TRUE(view);
+    view->GoTo(4);
+    ASSERT_EQ(view->CurrentPage(), 4);
+    Save("two");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return made.last() == u"two"_s; }));
+    EXPECT_EQ(view->CurrentPage(), 4);
+    auto* problem = window.findChild<QLabel*>(u"lblProblem"_s);
+    Save("wrong");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return problem->isVisible(); }));
+    EXPECT_EQ(view->CurrentPage(), 4);
 }
 
 } // namespace
