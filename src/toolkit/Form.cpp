@@ -167,13 +167,11 @@ void Form::PutInside(QMdiArea& area) {
 }
 
 /// A screen begins at its place, or in the middle where none is told; what its lists can spare of their size
-/// it leaves where the area has no room for it from there on.
+/// it leaves where the area has no room for it.
 void Form::PlaceInside(const QMdiArea& area) {
-    const QSize before = mPlaced ? QSize(mPlace.x(), mPlace.y()) : QSize(0, 0);
-    const QSize room = (area.viewport()->size() - before).expandedTo({0, 0});
     // The frame has its size only where the area is shown; elsewhere it takes it when both are.
     if (area.isVisible())
-        mSubWindow->resize(mSubWindow->size().boundedTo(room));
+        mSubWindow->resize(mSubWindow->size().boundedTo(area.viewport()->size()));
     const QSize rest = (area.viewport()->size() - mSubWindow->size()).expandedTo({0, 0});
     mSubWindow->move(mPlaced ? mPlace : QPoint(rest.width() / 2, rest.height() / 2));
 }
