@@ -5,6 +5,8 @@
 include(GNUInstallDirs)
 option(TARVEN_FILES_IN_ETC "Install what an administrator may change below /etc" OFF)
 set(program_folder lib/tarven/hemodialysis)
+# They are looked for in the department's folder itself.
+set(templates_beside_program RadioConsultation.rpt ChargeSlip.rpt)
 # Each has a page packaging/<program>.1.in for man.
 set(programs tarven-hemodialysis tarven-check tarven-report)
 add_custom_target(programs DEPENDS ${programs})
@@ -27,13 +29,16 @@ if(TARVEN_FILES_IN_ETC)
   foreach(name Reports tarvenaux.ini)
     install_link(${department_folder}/${name} ${program_folder}/${name})
   endforeach()
+  # Whoever copies the folder for another department has them too.
+  foreach(name IN LISTS templates_beside_program)
+    install(CODE "file(CREATE_LINK Reports/${name} \$ENV{DESTDIR}${department_folder}/${name} SYMBOLIC)")
+  endforeach()
 else()
   install(DIRECTORY Reports DESTINATION ${program_folder})
   install(FILES driver/tarvenaux.ini DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
   install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR})
 endif()
-# Two templates are looked for in the program's own folder.
-foreach(name RadioConsultation.rpt ChargeSlip.rpt)
+foreach(name IN LISTS templates_beside_program)
   install_link(Reports/${name} ${program_folder}/${name})
 endforeach()
 foreach(program IN LISTS programs)
@@ -43,7 +48,8 @@ endforeach()
 
 # The face of screens and slips; a distribution has it already.
 if(TARVEN_FILES_IN_ETC)
-  install_link(${faces_folder} ${program_folder}/fonts)
+  file(RELATIVE_PATH path ${CMAKE_INSTALL_PREFIX}/${program_folder} ${faces_folder})
+  install_link(${path} ${program_folder}/fonts)
 else()
   install(FILES ${program_faces} DESTINATION ${program_folder}/fonts)
 endif()

@@ -15,7 +15,10 @@ void TypedLine::FitWhole() {
 }
 
 void TypedLine::Type(qsizetype letters) {
+    // The label would ask to be painted by an event, which is another turn of the loop; here it is painted at once.
+    setAttribute(Qt::WA_UpdatesDisabled);
     setText(mWhole.left(letters));
+    setAttribute(Qt::WA_UpdatesDisabled, false);
     QPixmap& picture = mPictures[size_t(letters)];
     // Else looked at once a line: the bar looks the same all along.
     if ((letters <= 1 || picture.isNull()) && HasMoved())
@@ -26,6 +29,7 @@ void TypedLine::Type(qsizetype letters) {
     }
     // What lies beneath is in the picture.
     setAttribute(Qt::WA_OpaquePaintEvent, !picture.isNull());
+    repaint();
 }
 
 bool TypedLine::HasMoved() const {
