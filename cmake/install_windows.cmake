@@ -1,7 +1,8 @@
 # An installed program is one folder, on a stick as on a disk: the programs, what they are linked with, the templates and
 # the configuration that they read beside themselves.
 set(programs tarven-hemodialysis tarven-check tarven-report)
-add_custom_target(programs DEPENDS ${programs} tarven-tour)
+# With what tools/windows-test needs besides.
+add_custom_target(programs DEPENDS ${programs} tarven-tour tarven-torture)
 install(TARGETS ${programs} DESTINATION .)
 
 # What the file manager and the task bar show of a program.

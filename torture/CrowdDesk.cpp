@@ -190,10 +190,13 @@ int Work(const CrowdDesk& plan) {
 
 } // namespace
 
-int RunCrowdDesk(int& argumentCount, char** arguments) {
-    const Application application(argumentCount, arguments);
+int RunCrowdDesk(const QStringList& arguments) {
+    int argumentCount = 1;
+    char name[] = "crowd-desk";
+    char* program[] = {name, nullptr};
+    const Application application(argumentCount, program);
     try {
-        return Work(CrowdDesk::In(QCoreApplication::arguments().mid(2)));
+        return Work(CrowdDesk::In(arguments));
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());
         return 1;

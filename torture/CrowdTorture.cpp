@@ -4,6 +4,7 @@
 #include "support/hospital/ProgramFolder.h"
 #include "torture/Commands.h"
 #include "torture/Crowd.h"
+#include "torture/EndWithTorture.h"
 #include "torture/Marks.h"
 #include "torture/Torture.h"
 #include "torture/TortureTable.h"
@@ -16,11 +17,9 @@
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <limits>
 #include <numeric>
 #include <stdexcept>
-#include <sys/prctl.h>
 
 using namespace Qt::StringLiterals;
 
@@ -183,7 +182,7 @@ void Crowd::Start(int desk, int saves) {
                             .seed = mSize.seed * 100 + unsigned(desk)};
     auto process = std::make_unique<QProcess>();
     process->setProcessEnvironment(mFolder.Environment());
-    process->setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    EndWithTorture(*process);
     process->start(QCoreApplication::applicationFilePath(), QStringList{u"crowd-desk"_s} + plan.Arguments());
     mDesks.push_back(std::move(process));
 }

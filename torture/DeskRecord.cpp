@@ -6,6 +6,7 @@
 #include "support/tds/EngineSession.h"
 #include "support/tds/TestDataSources.h"
 #include "torture/Commands.h"
+#include "torture/EndWithTorture.h"
 #include "torture/Torture.h"
 #include "workstation/ClerkKeys.h"
 #include "workstation/KeyedProgram.h"
@@ -17,11 +18,9 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <mutex>
 #include <stdexcept>
-#include <sys/prctl.h>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -170,7 +169,7 @@ void Recorder::Take(int session, const QString& batch, const QByteArray& answer)
 void LetWork(const ProgramFolder& folder, Recorder& recorder) {
     QProcess desk;
     desk.setProcessEnvironment(folder.Environment());
-    desk.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    EndWithTorture(desk);
     desk.start(QCoreApplication::applicationFilePath(), {u"desk-shift"_s, folder.Path()});
     while (desk.waitForReadyRead(kRecordPatience) || desk.canReadLine()) {
         while (desk.canReadLine()) {

@@ -1,5 +1,6 @@
 #include "torture/FilesPlace.h"
 
+#include "torture/EndWithTorture.h"
 #include "torture/FilesDesk.h"
 #include "torture/Journal.h"
 #include "torture/Marks.h"
@@ -10,13 +11,11 @@
 #include <QFile>
 #include <QProcess>
 
-#include <csignal>
 #include <cstring>
 #include <fcntl.h>
 #include <sched.h>
 #include <stdexcept>
 #include <sys/mount.h>
-#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -177,7 +176,7 @@ FilesDeskEnd FilesPlace::Work(const std::function<void()>& beforeSave) {
                             .waits = bool(beforeSave)};
     QProcess process;
     process.setProcessEnvironment(Environment());
-    process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    EndWithTorture(process);
     process.start(QCoreApplication::applicationFilePath(), QStringList{u"files-desk"_s} + desk.Arguments());
     QByteArray shown;
     while (beforeSave && !shown.contains(kBeforeSave) && process.waitForReadyRead(kPatienceWithADesk))

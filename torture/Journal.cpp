@@ -1,12 +1,9 @@
 #include "torture/Journal.h"
 
 #include <QDir>
-#include <QFile>
 
 #include <chrono>
-#include <fcntl.h>
 #include <stdexcept>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -40,20 +37,17 @@ void Take(ReadJournal& journal, char kind, qint64 moment, const QString& text) {
 } // namespace
 
 Journal::Journal(const QString& path)
-    : mFile(::open(QFile::encodeName(path).constData(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600)) {
-    if (mFile < 0)
+    : mFile(path) {
+    if (!mFile.open(QIODevice::Append | QIODevice::Unbuffered))
         throw std::runtime_error("cannot write " + path.toStdString());
 }
 
-Journal::~Journal() {
-    ::close(mFile);
-}
-
-void Journal::Write(char kind, const QString& text) const {
+void Journal::Write(char kind, const QString& text) {
     QString line = u"%1 %2 %3"_s.arg(QChar::fromLatin1(kind)).arg(Microseconds()).arg(text);
     line.replace(u'\n', u' ');
     const QByteArray bytes = line.toUtf8() + '\n';
-    if (::write(mFile, bytes.constData(), size_t(bytes.size())) != bytes.size())
+    const std::lock_guard lock(mMutex);
+    if (mFile.write(bytes) != bytes.size())
         throw std::runtime_error("the journal cannot be written");
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QFile>
 #include <QString>
 #include <QStringList>
 
+#include <mutex>
 #include <vector>
 
 /// What one desk has sent to the hospital and what was answered, in a file of its own. Each line is written
@@ -14,7 +16,6 @@ class Journal {
     explicit Journal(const QString& path);
     Journal(const Journal&) = delete;
     Journal& operator=(const Journal&) = delete;
-    ~Journal();
 
     void Sent(const QString& command);
     /// How many rows the command has written.
@@ -25,9 +26,10 @@ class Journal {
     void Mark(const QString& what);
 
   private:
-    void Write(char kind, const QString& text) const;
+    void Write(char kind, const QString& text);
 
-    int mFile;
+    std::mutex mMutex;
+    QFile mFile;
 };
 
 /// One command of a journal. Moments are microseconds of the machine's steady clock.

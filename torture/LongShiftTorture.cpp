@@ -1,5 +1,6 @@
 #include "hospital/HospitalScripts.h"
 #include "support/hospital/ProgramFolder.h"
+#include "torture/EndWithTorture.h"
 #include "torture/Flatness.h"
 #include "torture/FootprintGraph.h"
 #include "torture/JournaledSuite.h"
@@ -19,9 +20,7 @@
 #include <QProcess>
 
 #include <algorithm>
-#include <csignal>
 #include <stdexcept>
-#include <sys/prctl.h>
 
 using namespace Qt::StringLiterals;
 
@@ -83,7 +82,7 @@ class LongShift {
 
 void LongShift::Start() {
     mProcess.setProcessEnvironment(mFolder.Environment());
-    mProcess.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    EndWithTorture(mProcess);
     mProcess.start(QCoreApplication::applicationFilePath(),
                    {u"long-shift"_s, mFolder.Path(), mJournal, QString::number(mPlan.patients),
                     QString::number(mPlan.lines), QString::number(mPlan.samples)});

@@ -1,6 +1,7 @@
 #include "torture/ShiftProcess.h"
 
 #include "text/RunTimeError.h"
+#include "torture/EndWithTorture.h"
 #include "torture/JournaledSuite.h"
 #include "torture/Torture.h"
 #include "workstation/KeyedProgram.h"
@@ -8,9 +9,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-
-#include <csignal>
-#include <sys/prctl.h>
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +24,7 @@ ShiftProcess::ShiftProcess(const ProgramFolder& folder, const QString& name, con
     QDir().mkpath(JournalFolder(folder));
     mProcess.setProcessEnvironment(folder.Environment());
     mProcess.setStandardOutputFile(QProcess::nullDevice());
-    mProcess.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    EndWithTorture(mProcess);
     mProcess.start(QCoreApplication::applicationFilePath(),
                    {u"shift"_s, folder.Path(), mJournal, QString::number(plan.seed), plan.user, plan.password,
                     plan.oneSlip ? kOneSlip : QString()});

@@ -49,7 +49,7 @@ int RunDeskShift(const QStringList& arguments);
 int RunLongShift(const QStringList& arguments);
 
 /// One desk of the crowd: the screens without their keys.
-int RunCrowdDesk(int& argumentCount, char** arguments);
+int RunCrowdDesk(const QStringList& arguments);
 
 /// One desk of the torture of files: the whole program with one slip keyed in it.
 int RunFilesDesk(const QStringList& arguments);

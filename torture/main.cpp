@@ -1,11 +1,11 @@
 #include "torture/Torture.h"
+#include "torture/Tortures.h"
 #include "torture/TortureTable.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstring>
 #include <exception>
@@ -22,28 +22,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct NamedTorture {
-    const char* name;
-    void (*run)(TortureTable& table, const TortureSize& size);
-};
-constexpr std::array kTortures = {NamedTorture{"kill", TortureByKills}, NamedTorture{"crowd", TortureByCrowd},
-                                  NamedTorture{"files", TortureByFiles},
-                                  NamedTorture{"longshift", TortureByLongShift},
-                                  NamedTorture{"desks", TortureByDesks}};
-
-/// What a torture starts as a process of its own.
-struct NamedProcess {
-    const char* name;
-    int (*run)(const QStringList& arguments);
-};
-constexpr std::array kProcesses = {NamedProcess{"shift", RunShift}, NamedProcess{"files-desk", RunFilesDesk},
-                                   NamedProcess{"long-shift", RunLongShift},
-                                   NamedProcess{"desk-shift", RunDeskShift}};
-
 /// The entry of that name; null for none.
-template <class Table> auto Find(const Table& table, const char* name) {
-    const auto found = std::find_if(table.begin(), table.end(),
-                                    [name](const auto& entry) { return std::strcmp(entry.name, name) == 0; });
+template <class Entry> const Entry* Find(std::span<const Entry> table, const char* name) {
+    const auto found = std::find_if(table.begin(), table.end(), [name](const Entry& entry) {
+        return std::strcmp(entry.name, name) == 0;
+    });
     return found == table.end() ? nullptr : &*found;
 }
 
@@ -61,7 +44,7 @@ TortureSize SizeIn(const QCommandLineParser& parser) {
 
 int Torture(QCommandLineParser& parser) {
     const QByteArray which = parser.positionalArguments().value(0).toLatin1();
-    const NamedTorture* torture = Find(kTortures, which.constData());
+    const NamedTorture* torture = Find(Tortures(), which.constData());
     if (!torture)
         parser.showHelp(2);
     const TortureSize size = SizeIn(parser);
@@ -84,9 +67,7 @@ QStringList BehindTheMode(int argc, char** argv) {
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc > 1 && std::strcmp(argv[1], "crowd-desk") == 0)
-        return RunCrowdDesk(argc, argv);
-    if (const NamedProcess* process = argc > 1 ? Find(kProcesses, argv[1]) : nullptr)
+    if (const NamedProcess* process = argc > 1 ? Find(TortureProcesses(), argv[1]) : nullptr)
         return process->run(BehindTheMode(argc, argv));
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;

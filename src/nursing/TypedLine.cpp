@@ -15,13 +15,25 @@ void TypedLine::FitWhole() {
 }
 
 void TypedLine::Type(qsizetype letters) {
-    // The label would ask to be painted by an event, which is another turn of the loop; here it is painted at once.
+    // The label would ask to be painted by an event, which is another turn of the loop; here it is painted at
+    // once.
     setAttribute(Qt::WA_UpdatesDisabled);
     setText(mWhole.left(letters));
     setAttribute(Qt::WA_UpdatesDisabled, false);
-    QPixmap& picture = mPictures[size_t(letters)];
+    // A blank at the end is not seen.
+    while (letters > 0 && mWhole[letters - 1].isSpace())
+        --letters;
+    if (letters == mSeen && testAttribute(Qt::WA_OpaquePaintEvent))
+        return;
+    mSeen = letters;
+    TakePicture();
+    repaint();
+}
+
+void TypedLine::TakePicture() {
+    QPixmap& picture = mPictures[size_t(mSeen)];
     // Else looked at once a line: the bar looks the same all along.
-    if ((letters <= 1 || picture.isNull()) && HasMoved())
+    if ((mSeen <= 1 || picture.isNull()) && HasMoved())
         DropPictures();
     if (isVisible() && picture.isNull()) {
         setAttribute(Qt::WA_OpaquePaintEvent, false);
@@ -29,7 +41,6 @@ void TypedLine::Type(qsizetype letters) {
     }
     // What lies beneath is in the picture.
     setAttribute(Qt::WA_OpaquePaintEvent, !picture.isNull());
-    repaint();
 }
 
 bool TypedLine::HasMoved() const {
@@ -56,5 +67,5 @@ void TypedLine::resizeEvent(QResizeEvent* event) {
 void TypedLine::paintEvent(QPaintEvent* event) {
     if (!testAttribute(Qt::WA_OpaquePaintEvent))
         return QLabel::paintEvent(event);
-    QPainter(this).drawPixmap(QPoint(), mPictures[size_t(text().size())]);
+    QPainter(this).drawPixmap(QPoint(), mPictures[size_t(mSeen)]);
 }

@@ -27,6 +27,7 @@ class TypedLine : public QLabel {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    void TakePicture();
     bool HasMoved() const;
     void DropPictures();
 
@@ -34,6 +35,8 @@ class TypedLine : public QLabel {
     /// The line with its first letters on the bar as it looks there, by their number; null where none was
     /// taken.
     std::vector<QPixmap> mPictures;
+    /// How many letters can be seen: those that were typed, but for a blank at their end.
+    qsizetype mSeen = 0;
     /// Where in the window they were taken, and how many dots to a pixel the screen had.
     QPoint mPlace;
     double mRatio = 0;

@@ -307,6 +307,9 @@ int ProgramStyle::styleHint(StyleHint hint, const QStyleOption* option, const QW
         return int(TheColors().grid.rgb());
     if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
         return 0;
+    // The menu bar asks for it at each event of the main window, and the styles below are long about it.
+    if (hint == SH_MenuBar_AltKeyNavigation)
+        return 1;
     return QProxyStyle::styleHint(hint, option, widget, data);
 }
 

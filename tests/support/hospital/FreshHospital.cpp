@@ -6,6 +6,7 @@
 #include "trial/EmbeddedGateway.h"
 #include "trial/HospitalFile.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -16,8 +17,19 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// The file of this program; programs of tests have no application that could tell it.
+QFileInfo ThisProgram() {
+    if (QCoreApplication::instance())
+        return QFileInfo(QCoreApplication::applicationFilePath());
+    return QFileInfo(QFileInfo(u"/proc/self/exe"_s).canonicalFilePath());
+}
+
+} // namespace
+
 QString FreshHospital() {
-    const QFileInfo program(QFileInfo(u"/proc/self/exe"_s).canonicalFilePath());
+    const QFileInfo program = ThisProgram();
     const QDir folder(u"" TARVEN_BUILD_DIR "/trial-hospitals"_s);
     // Its dates go by the day on which it is made.
     const QString path = folder.filePath(u"%1-%2-%3.db"_s.arg(program.fileName())
