@@ -1,14 +1,18 @@
 #include "shell/Main.h"
 
+#include "components/shared.h"
 #include "driver/DarkDesktop.h"
 #include "driver/Department.h"
 #include "driver/Driver.h"
 #include "driver/SignOn.h"
+#include "report/viewer/FetchThread.h"
+#include "reports/Reports.h"
 #include "shell/RegisterScreens.h"
 #include "suite/RegisterSuite.h"
 #include "toolkit/Application.h"
 #include "toolkit/FileDialogs.h"
 #include "toolkit/ProgramFiles.h"
+#include "toolkit/Screens.h"
 #include "tour/Album.h"
 #include "tour/CashDesk.h"
 #include "tour/DepartmentReports.h"
@@ -138,6 +142,14 @@ int ExitCode(const QString& failure) {
     return 1;
 }
 
+void LeaveHospital() {
+    LeaveFetchThreads();
+    Screens::Clear();
+    gReport = nullptr;
+    gConnection = nullptr;
+    gCurrentUser = {};
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -165,5 +177,8 @@ int main(int argc, char** argv) {
     Driver clerk;
     QTimer::singleShot(0, &application, Main);
     clerk.Start(Tour, [](const QString& failure) { QCoreApplication::exit(ExitCode(failure)); });
-    return Application::exec();
+    const int code = Application::exec();
+    // Not every system removes the file of a hospital that is still open.
+    LeaveHospital();
+    return code;
 }
