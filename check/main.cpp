@@ -130,7 +130,7 @@ int main(int argc, char** argv) {
     try {
         const Arguments arguments = ReadArguments(words);
         // Templates and printers belong to the toolkit; no display is needed for them.
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        Application::WorkWithoutDisplay();
         int wordsOfTheToolkit = 1;
         const Application application(wordsOfTheToolkit, argv);
         RegisterSuite(DataFolder());

@@ -141,7 +141,7 @@ int main(int argc, char** argv) {
     }
     // The nightly run has no display, and pages need none.
     if (arguments.task != Arguments::Task::Watch)
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+        Application::WorkWithoutDisplay();
     int wordsOfTheToolkit = 1;
     const Application application(wordsOfTheToolkit, argv);
     RegisterSuite(DataFolder());

@@ -8,6 +8,7 @@
 #include "toolkit/TypeAhead.h"
 
 #include <QEvent>
+#include <QLoggingCategory>
 #include <QTimer>
 
 Application::Application(int& argc, char** argv)
@@ -21,6 +22,12 @@ Application::Application(int& argc, char** argv)
     FollowFocus();
     CatchLostFocus();
     KeepTypedAhead();
+}
+
+void Application::WorkWithoutDisplay() {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The toolkit misses a session's folder where there is no session: a line by mail each night.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

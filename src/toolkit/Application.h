@@ -10,5 +10,9 @@ class Application : public QApplication {
   public:
     Application(int& argc, char** argv);
 
+    /// For a program that opens no window, such as a nightly run; to be called before its application is
+    /// made.
+    static void WorkWithoutDisplay();
+
     bool notify(QObject* receiver, QEvent* event) override;
 };

@@ -21,6 +21,8 @@ std::unique_ptr<QProcess> ReporterProcess::Start(const QStringList& words, const
     QProcessEnvironment environment = mFolder.Environment();
     environment.insert(u"TARVEN_FOLDER"_s, mFolder.Path());
     environment.insert(u"TARVEN_TRACE"_s, TracePath());
+    // As a nightly run has it, which belongs to no session.
+    environment.remove(u"XDG_RUNTIME_DIR"_s);
     process->setProcessEnvironment(environment);
     process->setWorkingDirectory(mFolder.Path());
     process->start(u"" TARVEN_BUILD_DIR "/tarven-report"_s, words);

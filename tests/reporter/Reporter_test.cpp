@@ -58,6 +58,12 @@ class ReporterTest : public testing::Test {
     ReporterProcess process;
 };
 
+TEST_F(ReporterTest, TellsNothingAtNightWhereAllIsWell) {
+    const ReporterProcess::Run run = Make(u"all.pdf"_s);
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.told + run.errors, QString());
+}
+
 TEST_F(ReporterTest, ItsPagesAreTheViewers) {
     const auto run = Make(u"made.pdf"_s);
     ASSERT_EQ(run.exitCode, 0) << run.errors.toStdString();
