@@ -1,7 +1,6 @@
 #include "reporter/TemplateWatch.h"
 
 #include "report/viewer/PageView.h"
-#include "toolkit/Failure.h"
 
 #include <QFileInfo>
 #include <QLabel>
@@ -53,8 +52,9 @@ void TemplateWatch::Show() {
     try {
         ShowPages(mMake());
         mProblem->hide();
-    } catch (...) {
-        mProblem->setText(Failure::TextOf(std::current_exception()));
+    } catch (const std::exception& problem) {
+        // As on a command line: the file, its line and what is wrong there.
+        mProblem->setText(QString::fromUtf8(problem.what()));
         mProblem->show();
     }
 }

@@ -12,6 +12,7 @@
 #include "suite/RegisterSuite.h"
 #include "text/RunTimeError.h"
 #include "toolkit/Application.h"
+#include "toolkit/NoDisplay.h"
 #include "toolkit/ProgramFiles.h"
 
 #include <QStandardPaths>
@@ -140,7 +141,9 @@ int main(int argc, char** argv) {
         return Refuse(error, Outcome::kNotBegun);
     }
     // The nightly run has no display, and pages need none.
-    if (arguments.task != Arguments::Task::Watch)
+    if (arguments.task == Arguments::Task::Watch)
+        EndInWordsWithoutDisplay();
+    else
         Application::WorkWithoutDisplay();
     int wordsOfTheToolkit = 1;
     const Application application(wordsOfTheToolkit, argv);

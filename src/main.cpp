@@ -7,11 +7,13 @@
 #include "toolkit/Application.h"
 #include "toolkit/DisplaySize.h"
 #include "toolkit/Failure.h"
+#include "toolkit/NoDisplay.h"
 
 #include <QStandardPaths>
 
 int main(int, char** argv) {
     Failure::InstallTerminateHandler();
+    EndInWordsWithoutDisplay();
     // The program takes no command line; the toolkit gets none either.
     int argumentCount = 1;
     DisplaySize::Apply(argv[0]);

@@ -20,6 +20,8 @@ class ReporterProcess {
 
     /// Runs it to its end with those words; the input is the password's line.
     Run Do(const QStringList& words, const QByteArray& input = "nurse\n") const;
+    /// Runs it to its end where a display is needed and there is none.
+    Run DoWithoutDisplay(const QStringList& words) const;
     /// Starts it and leaves it running.
     std::unique_ptr<QProcess> Start(const QStringList& words, const QByteArray& input = "nurse\n") const;
 
@@ -31,6 +33,10 @@ class ReporterProcess {
     QString DataFolder() const { return File(QStringLiteral("TARVEN/Hemodialysis")); }
 
   private:
+    QProcessEnvironment Environment() const;
+    static Run EndOf(QProcess& process);
+    static void StartIn(QProcess& process, const QStringList& words, const QByteArray& input);
+
     ProgramFolder mFolder;
 };
 

@@ -164,6 +164,15 @@ TEST_F(ReporterTest, TheDepartmentsOwnReportsAreMade) {
     EXPECT_TRUE(WordsOfPdf(process.File(u"income.pdf"_s)).contains(u"HEMODIALYSIS TREATMENT"_s));
 }
 
+TEST_F(ReporterTest, AWatchWithoutADisplayEndsInWords) {
+    const ReporterProcess::Run run =
+        process.DoWithoutDisplay({u"--watch"_s, u"--user"_s, u"NURSE"_s, u"--template"_s, u"All.rpt"_s});
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_TRUE(run.errors.endsWith(u"There is no display that a window could be opened on.\n"_s))
+        << run.errors.toStdString();
+    EXPECT_FALSE(run.errors.contains(u"plugin"_s)) << run.errors.toStdString();
+}
+
 TEST_F(ReporterTest, ATemplateIsWatchedFromItsEmptyFileOn) {
     process.Write(u"Reports/All.rpt"_s, "");
     const auto watch = process.Start(

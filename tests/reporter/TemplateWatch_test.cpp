@@ -3,6 +3,7 @@
 #include "reporter/TemplateWatch.h"
 #include "support/PrintQt.h"
 #include "support/report/ReportFixture.h"
+#include "text/RunTimeError.h"
 
 #include <QFile>
 #include <QLabel>
@@ -35,7 +36,7 @@ class TemplateWatchTest : public testing::Test {
         const QByteArray content = read.readAll();
         made << QString::fromUtf8(content);
         if (content == "wrong")
-            throw std::runtime_error("a.rpt, line 3: no such field");
+            throw RunTimeError(20500, u"a.rpt, line 3: no such field"_s);
         return nullptr;
     }
 

@@ -19,6 +19,15 @@ TEST_F(StartAndEnd, NothingOnTheCommandLineMatters) {
     program->waitForFinished();
 }
 
+TEST_F(StartAndEnd, WithoutADisplayItEndsInWords) {
+    const auto program = StartProgram({}, {{u"QT_QPA_PLATFORM"_s, u"xcb"_s}, {u"DISPLAY"_s, QString()}});
+    ASSERT_TRUE(program->waitForFinished());
+    EXPECT_EQ(program->exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(program->exitCode(), 2);
+    EXPECT_THAT(program->readAllStandardError().toStdString(),
+                testing::HasSubstr("There is no display that a window could be opened on."));
+}
+
 TEST_F(StartAndEnd, ASecondOneStartsBesideTheFirst) {
     const auto first = StartProgram({});
     ASSERT_TRUE(ReachesTheSignOn(*first));

@@ -58,14 +58,15 @@ std::unique_ptr<QProcess> Workstation::StartScript(const QString& script) {
     return Start(BuiltProgram("workstation-child"), {script, mFolder.Path()});
 }
 
-std::unique_ptr<QProcess> Workstation::StartProgram(const QStringList& arguments) {
+std::unique_ptr<QProcess> Workstation::StartProgram(const QStringList& arguments,
+                                                    std::map<QString, QString> settings) {
     // The program takes the folder that it lies in for its own.
     const QString program = ProgramFile(u"tarven-hemodialysis"_s);
     EXPECT_TRUE(QFile::exists(program) || QFile::copy(BuiltProgram("tarven-hemodialysis"), program));
     // Nobody sees the windows of this platform; what a reader of the screen is told can be read by the test.
-    return Start(program, arguments,
-                 {{u"QT_LOGGING_RULES"_s, u"qt.accessibility.cache.debug=true"_s},
-                  {u"QT_LOGGING_TO_CONSOLE"_s, u"1"_s}});
+    settings.insert({{u"QT_LOGGING_RULES"_s, u"qt.accessibility.cache.debug=true"_s},
+                     {u"QT_LOGGING_TO_CONSOLE"_s, u"1"_s}});
+    return Start(program, arguments, settings);
 }
 
 bool Workstation::ReachesTheSignOn(QProcess& program) {

@@ -31,7 +31,8 @@ class Workstation : public testing::Test {
     std::unique_ptr<QProcess> StartScript(const QString& script);
     Run WaitForEnd(QProcess& child);
     /// Starts the program itself, as it is delivered, out of the program folder.
-    std::unique_ptr<QProcess> StartProgram(const QStringList& arguments);
+    std::unique_ptr<QProcess> StartProgram(const QStringList& arguments,
+                                           std::map<QString, QString> settings = {});
     /// Waits until the program shows its sign-on window. False when it ends before.
     static bool ReachesTheSignOn(QProcess& program);
 
