@@ -10,7 +10,8 @@ namespace {
 
 constexpr int kNoDisplay = 2;
 
-/// The toolkit tells at length which of its plugins it has tried; that is of no use to whoever has no display.
+/// The toolkit tells at length which of its plugins it has tried; that is of no use to whoever has no
+/// display.
 bool IsOfPlugins(const QMessageLogContext& context) {
     return context.category && std::strcmp(context.category, "qt.qpa.plugin") == 0;
 }
