@@ -72,6 +72,7 @@ SignOnDialog::SignOnDialog(std::span<const std::unique_ptr<DataSource>> sources,
     cmbDisplaySize->setCurrentIndex(cmbDisplaySize->findData(DisplaySize::Chosen()));
     Wire();
     cmbDataSource_Change();
+    TellOfDisplaySize();
 }
 
 SignOnDialog::~SignOnDialog() {
@@ -180,6 +181,15 @@ void SignOnDialog::cmbDisplaySize_Click() {
     KeepSource();
     RestartProcess();
     ShowProblem(u"The display size counts from the next start of the program."_s);
+}
+
+/// A size at which the main window would reach beyond the display is not drawn.
+void SignOnDialog::TellOfDisplaySize() {
+    const int drawn = DisplaySize::Drawn();
+    const int chosen = DisplaySize::Chosen();
+    if (drawn < chosen && drawn != DisplaySize::kAutomatic)
+        ShowProblem(
+            u"This display is too small for %1 %; the program is drawn at %2 %."_s.arg(chosen).arg(drawn));
 }
 
 void SignOnDialog::ShowProblem(const QString& text) {

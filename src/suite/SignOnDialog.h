@@ -44,6 +44,7 @@ class SignOnDialog : public QDialog {
 
     void cmbDataSource_Change();
     void cmbDisplaySize_Click();
+    void TellOfDisplaySize();
     void cmdOK_Click();
     void cmdMakeAnew_Click();
 

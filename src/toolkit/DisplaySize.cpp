@@ -38,10 +38,21 @@ QSize WorkArea(char* program) {
     return screen ? screen->availableSize() : QSize();
 }
 
-bool Fits(int percent, const QSize& workArea) {
-    const QSize needed = DisplaySize::kLargestScreen * percent / 100;
+bool Holds(const QSize& workArea, const QSize& needed) {
     return needed.width() <= workArea.width() && needed.height() <= workArea.height();
 }
+
+/// The largest size at which the work area holds what needs so many pixels at 100 %.
+int LargestFor(const QSize& needed, const QSize& workArea) {
+    int largest = DisplaySize::kPercents.front();
+    for (const int percent : DisplaySize::kPercents) {
+        if (Holds(workArea, needed * percent / 100))
+            largest = percent;
+    }
+    return largest;
+}
+
+int gDrawn = DisplaySize::kAutomatic;
 
 } // namespace
 
@@ -55,20 +66,29 @@ void DisplaySize::Choose(int percent) {
 }
 
 int DisplaySize::FittingIn(const QSize& workArea) {
-    int fitting = kPercents.front();
-    for (const int percent : kPercents) {
-        if (Fits(percent, workArea))
-            fitting = percent;
-    }
-    return fitting;
+    return LargestFor(kLargestScreen, workArea);
+}
+
+int DisplaySize::HeldBy(const QSize& workArea, int chosen) {
+    return qMin(chosen, LargestFor(kLeastArea, workArea));
+}
+
+int DisplaySize::Drawn() {
+    return gDrawn;
+}
+
+Seam<QSize(char* program)>& DisplaySize::WorkAreaSeam() {
+    static Seam<QSize(char* program)> seam(WorkArea);
+    return seam;
 }
 
 void DisplaySize::Apply(char* program) {
     const int chosen = Chosen();
-    const int percent = chosen == kAutomatic ? FittingIn(WorkArea(program)) : chosen;
+    const QSize workArea = WorkAreaSeam()(program);
+    gDrawn = chosen == kAutomatic ? FittingIn(workArea) : HeldBy(workArea, chosen);
     if (qEnvironmentVariableIsSet(kScaleVariable))
         DesktopsScale() = qgetenv(kScaleVariable);
-    qputenv(kScaleVariable, QByteArray::number(DesktopsFactor() * percent / 100));
+    qputenv(kScaleVariable, QByteArray::number(DesktopsFactor() * gDrawn / 100));
 }
 
 void DisplaySize::LeaveEnvironment() {

@@ -109,6 +109,21 @@ TEST_F(SignOnDialogTest, OffersTheDisplaySizesBeginningWithTheUsersOwn) {
     EXPECT_EQ(In<QComboBox>("cmbDisplaySize").currentText(), u"150 %"_s);
 }
 
+TEST_F(SignOnDialogTest, TellsWhereTheDisplayIsTooSmallForTheChosenSize) {
+    const auto area = DisplaySize::WorkAreaSeam().Replace([](char*) { return QSize(1366, 768); });
+    char program[] = "program";
+    for (const int percent : {150, 125}) {
+        DisplaySize::Choose(percent);
+        DisplaySize::Apply(program);
+        DisplaySize::LeaveEnvironment();
+        Open();
+        const auto& told = In<QLabel>("lblProblem");
+        EXPECT_EQ(told.isVisible() ? told.text() : QString(),
+                  percent == 150 ? u"This display is too small for 150 %; the program is drawn at 125 %."_s
+                                 : QString());
+    }
+}
+
 TEST_F(SignOnDialogTest, AUserWhoHasChosenNothingBeginsWithTheMachinesDataSource) {
     QSettings(QSettings::IniFormat, QSettings::SystemScope, u"TARVEN"_s, u"Hemodialysis"_s)
         .setValue(u"DataSource"_s, u"San Roque"_s);

@@ -23,6 +23,32 @@ TEST_P(FittingSize, IsTheLargestAtWhichTheLargestScreenFits) {
     EXPECT_EQ(DisplaySize::FittingIn(GetParam().workArea), GetParam().percent);
 }
 
+struct HeldCase {
+    const char* name;
+    QSize workArea;
+    int chosen;
+    int percent;
+};
+
+class HeldSize : public testing::TestWithParam<HeldCase> {};
+
+TEST_P(HeldSize, IsTheChosenOneWhereItHoldsTheMainWindow) {
+    EXPECT_EQ(DisplaySize::HeldBy(GetParam().workArea, GetParam().chosen), GetParam().percent);
+}
+
+INSTANTIATE_TEST_SUITE_P(WorkAreas, HeldSize,
+                         testing::Values(HeldCase{"OldScreen", {1024, 768}, 125, 125},
+                                         HeldCase{"OldScreenTooLarge", {1024, 768}, 150, 125},
+                                         HeldCase{"Laptop", {1366, 768}, 125, 125},
+                                         HeldCase{"LaptopTooLarge", {1366, 768}, 150, 125},
+                                         HeldCase{"LaptopFarTooLarge", {1366, 768}, 200, 125},
+                                         HeldCase{"Just", {1200, 840}, 150, 150},
+                                         HeldCase{"JustTooNarrow", {1199, 2000}, 150, 125},
+                                         HeldCase{"JustTooLow", {2000, 839}, 150, 125},
+                                         HeldCase{"LessIsTheUsersOwn", {3840, 2160}, 100, 100},
+                                         HeldCase{"AtNone", {640, 480}, 175, 100}),
+                         CaseName());
+
 INSTANTIATE_TEST_SUITE_P(
     WorkAreas, FittingSize,
     testing::Values(WorkAreaCase{"TooSmall", {800, 600}, 100}, WorkAreaCase{"OldScreen", {1024, 768}, 100},
@@ -45,8 +71,20 @@ class DisplaySizeTest : public testing::Test {
     static double Scale() { return qgetenv("QT_SCALE_FACTOR").toDouble(); }
 
     const QTemporaryDir settings;
+    QSize workArea{3840, 2160};
+    const Seam<QSize(char*)>::Replacement area =
+        DisplaySize::WorkAreaSeam().Replace([this](char*) { return workArea; });
     char program[8] = "program";
 };
+
+TEST_F(DisplaySizeTest, AChosenSizeThatDoesNotHoldTheMainWindowIsNotDrawn) {
+    workArea = {1366, 768};
+    DisplaySize::Choose(150);
+    DisplaySize::Apply(program);
+    EXPECT_DOUBLE_EQ(Scale(), 1.25);
+    EXPECT_EQ(DisplaySize::Drawn(), 125);
+    EXPECT_EQ(DisplaySize::Chosen(), 150) << "a larger display shows it again";
+}
 
 TEST_F(DisplaySizeTest, IsAutomaticUntilOneIsChosen) {
     EXPECT_EQ(DisplaySize::Chosen(), DisplaySize::kAutomatic);
