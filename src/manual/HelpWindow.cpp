@@ -1,5 +1,6 @@
 #include "manual/HelpWindow.h"
 
+#include "manual/FittedPicture.h"
 #include "manual/Manual.h"
 #include "toolkit/Aside.h"
 #include "toolkit/Controls.h"
@@ -80,8 +81,7 @@ class PageBrowser : public QTextBrowser {
         if (picture.isNull())
             picture.loadFromData(found.toByteArray());
         mPictureRoom = PictureRoom();
-        return picture.width() > mPictureRoom ? picture.scaledToWidth(mPictureRoom, Qt::SmoothTransformation)
-                                              : picture;
+        return FittedPicture(picture, mPictureRoom, devicePixelRatioF());
     }
 
     /// For which the pictures of the page in hand were made.
