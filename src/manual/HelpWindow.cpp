@@ -4,6 +4,7 @@
 #include "manual/Manual.h"
 #include "toolkit/Aside.h"
 #include "toolkit/Controls.h"
+#include "toolkit/Ears.h"
 #include "toolkit/Keys.h"
 #include "toolkit/Look.h"
 #include "toolkit/ModalStack.h"
@@ -121,10 +122,10 @@ void HelpWindow::Layout() {
     setObjectName(u"HelpWindow"_s);
     setAttribute(Qt::WA_DeleteOnClose);
     StandAside(*this);
+    SpeakAs(*this, QAccessible::Dialog);
     brwPage = new PageBrowser(this);
     brwPage->setObjectName(u"brwPage"_s);
     brwPage->setOpenExternalLinks(false);
-    brwPage->document()->setDefaultStyleSheet(u"code { background: #eef1f4; }"_s);
     LayoutPages();
     lblHint = new QLabel(this);
     lblHint->setObjectName(u"lblHint"_s);

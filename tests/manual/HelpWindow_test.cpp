@@ -3,6 +3,7 @@
 #include "manual/Manual.h"
 #include "support/FakeWorkspace.h"
 #include "support/ScreenTest.h"
+#include "toolkit/Ears.h"
 #include "toolkit/Focus.h"
 #include "toolkit/ModalStack.h"
 
@@ -67,6 +68,15 @@ TEST_F(HelpWindowTest, OpensAtAPageAndLeadsToAnotherInTheSameWindow) {
     EXPECT_EQ(Source(manual), u"viewer.md"_s);
     EXPECT_EQ(Find<QListWidget>(manual, "lstPages").currentItem()->text(),
               u"Slips and reports in the viewer"_s);
+}
+
+TEST_F(HelpWindowTest, IsADialogueWithItsTitleForAScreenReader) {
+    OpenEars();
+    QWidget& manual = Open(u"charges"_s);
+    const auto* ear = QAccessible::queryAccessibleInterface(&manual);
+    ASSERT_TRUE(ear);
+    EXPECT_EQ(ear->role(), QAccessible::Dialog);
+    EXPECT_EQ(ear->text(QAccessible::Name), u"Manual - Charging a patient"_s);
 }
 
 TEST_F(HelpWindowTest, ListsThePagesThatHaveATextAndOpensTheFirst) {
