@@ -70,6 +70,9 @@ int Look(const Arguments& arguments) {
     });
     if (arguments.asJson)
         std::fputs(JsonOf(findings).constData(), stdout);
+    // On a full disk, for one: nobody has been told anything then.
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
+        throw std::runtime_error("What was found cannot be written.");
     return HasFaults(findings) ? Faults : AllWell;
 }
 

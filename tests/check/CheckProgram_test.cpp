@@ -47,6 +47,8 @@ class CheckProgram : public testing::Test {
             environment.insert(u"CUPS_SERVER"_s, printServer);
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(mFolder.Path());
+        if (!output.isEmpty())
+            process.setStandardOutputFile(output);
         process.start(u"" TARVEN_BUILD_DIR "/tarven-check"_s, words);
         process.write(input);
         process.closeWriteChannel();
@@ -66,6 +68,8 @@ class CheckProgram : public testing::Test {
 
     /// Where the program prints; empty for the machine's own server.
     QString printServer;
+    /// Where it writes; empty for what the run tells.
+    QString output;
     const ProgramFolder mFolder;
     const QString hospital = mFolder.File(u"TARVEN/Hemodialysis/trial-hospital.db"_s);
 };
@@ -99,6 +103,15 @@ TEST_F(CheckProgram, EndsWithAFaultThatItTells) {
     const Run run = Do({u"--user"_s, u"NURSE"_s});
     EXPECT_EQ(run.exitCode, kFaults);
     EXPECT_EQ(run.told.split(u'\n').filter(u"FAULT  templates"_s).size(), 1) << run.told.toStdString();
+}
+
+TEST_F(CheckProgram, CouldNotLookWhereItCannotTell) {
+    output = u"/dev/full"_s;
+    for (const QStringList& how : {QStringList{}, QStringList{u"--json"_s}}) {
+        const Run run = Do(QStringList{u"--user"_s, u"NURSE"_s} + how);
+        EXPECT_EQ(run.exitCode, kCouldNotLook);
+        EXPECT_TRUE(run.errors.contains(u"What was found cannot be written."_s)) << run.errors.toStdString();
+    }
 }
 
 TEST_F(CheckProgram, LeavesTheSignOnInTheTrailAndNothingElse) {
