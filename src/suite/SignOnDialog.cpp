@@ -69,6 +69,7 @@ SignOnDialog::SignOnDialog(std::span<const std::unique_ptr<DataSource>> sources,
         cmbDataSource->addItem(source->Name());
     const QString kept = UserSettings().value(kDataSourceSetting).toString();
     cmbDataSource->setCurrentIndex(qMax(0, cmbDataSource->findText(kept)));
+    mBeganWith = SourceName();
     cmbDisplaySize->setCurrentIndex(cmbDisplaySize->findData(DisplaySize::Chosen()));
     Wire();
     cmbDataSource_Change();
@@ -150,7 +151,8 @@ QString SignOnDialog::SourceName() const {
 
 // A convenience: where it cannot be written, the next sign-on begins with the first data source.
 void SignOnDialog::KeepSource() const {
-    UserSettings().setValue(kDataSourceSetting, SourceName());
+    if (SourceName() != mBeganWith)
+        UserSettings().setValue(kDataSourceSetting, SourceName());
 }
 
 QString SignOnDialog::TakePassword() {

@@ -33,7 +33,9 @@ class SignOnDialog : public QDialog {
     QString TakePassword();
     /// The name of the data source chosen.
     QString SourceName() const;
-    /// Keeps the data source chosen among the user's settings, for the next dialogue to begin with.
+    /// Keeps the data source chosen among the user's settings, for the next dialogue to begin with. The one
+    /// that the dialogue began with is nobody's choice: where an administrator names another one later, that
+    /// counts.
     void KeepSource() const;
 
   private:
@@ -62,6 +64,7 @@ class SignOnDialog : public QDialog {
 
     std::span<const std::unique_ptr<DataSource>> mSources;
     QString mDeptCode;
+    QString mBeganWith;
     std::unique_ptr<SignedOnUser> mUser;
     int mTriesLeft = 3;
     std::chrono::steady_clock::time_point mWaitEnd;
