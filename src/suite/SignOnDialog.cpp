@@ -150,9 +150,11 @@ QString SignOnDialog::SourceName() const {
 }
 
 // A convenience: where it cannot be written, the next sign-on begins with the first data source.
-void SignOnDialog::KeepSource() const {
-    if (SourceName() != mBeganWith)
-        UserSettings().setValue(kDataSourceSetting, SourceName());
+void SignOnDialog::KeepSource() {
+    if (SourceName() == mBeganWith)
+        return;
+    UserSettings().setValue(kDataSourceSetting, SourceName());
+    mBeganWith = SourceName();
 }
 
 QString SignOnDialog::TakePassword() {

@@ -36,7 +36,7 @@ class SignOnDialog : public QDialog {
     /// Keeps the data source chosen among the user's settings, for the next dialogue to begin with. The one
     /// that the dialogue began with is nobody's choice: where an administrator names another one later, that
     /// counts.
-    void KeepSource() const;
+    void KeepSource();
 
   private:
     void Layout();
@@ -64,6 +64,7 @@ class SignOnDialog : public QDialog {
 
     std::span<const std::unique_ptr<DataSource>> mSources;
     QString mDeptCode;
+    /// The data source with which this dialogue, or the next one, begins.
     QString mBeganWith;
     std::unique_ptr<SignedOnUser> mUser;
     int mTriesLeft = 3;
