@@ -69,6 +69,7 @@ SignOnDialog::SignOnDialog(std::span<const std::unique_ptr<DataSource>> sources,
         cmbDataSource->addItem(source->Name());
     const QString kept = UserSettings().value(kDataSourceSetting).toString();
     cmbDataSource->setCurrentIndex(qMax(0, cmbDataSource->findText(kept)));
+    mBeganWith = SourceName();
     cmbDisplaySize->setCurrentIndex(cmbDisplaySize->findData(DisplaySize::Chosen()));
     Wire();
     cmbDataSource_Change();
@@ -150,8 +151,11 @@ QString SignOnDialog::SourceName() const {
 }
 
 // A convenience: where it cannot be written, the next sign-on begins with the first data source.
-void SignOnDialog::KeepSource() const {
+void SignOnDialog::KeepSource() {
+    if (SourceName() == mBeganWith)
+        return;
     UserSettings().setValue(kDataSourceSetting, SourceName());
+    mBeganWith = SourceName();
 }
 
 QString SignOnDialog::TakePassword() {

@@ -33,8 +33,10 @@ class SignOnDialog : public QDialog {
     QString TakePassword();
     /// The name of the data source chosen.
     QString SourceName() const;
-    /// Keeps the data source chosen among the user's settings, for the next dialogue to begin with.
-    void KeepSource() const;
+    /// Keeps the data source chosen among the user's settings, for the next dialogue to begin with. The one
+    /// that the dialogue began with is nobody's choice: where an administrator names another one later, that
+    /// counts.
+    void KeepSource();
 
   private:
     void Layout();
@@ -63,6 +65,8 @@ class SignOnDialog : public QDialog {
 
     std::span<const std::unique_ptr<DataSource>> mSources;
     QString mDeptCode;
+    /// The data source with which this dialogue, or the next one, begins.
+    QString mBeganWith;
     std::unique_ptr<SignedOnUser> mUser;
     int mTriesLeft = 3;
     std::chrono::steady_clock::time_point mWaitEnd;

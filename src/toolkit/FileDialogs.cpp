@@ -44,7 +44,8 @@ QString AskInDialog(QWidget* parent, const QString& title, const QString& sugges
     dialog.selectFile(suggestedName);
     if (!ShowModal(dialog))
         return {};
-    UserSettings().setValue(kFolderSetting, dialog.directory().absolutePath());
+    if (const QString folder = dialog.directory().absolutePath(); folder != LastFolder())
+        UserSettings().setValue(kFolderSetting, folder);
     return dialog.selectedFiles().value(0);
 }
 

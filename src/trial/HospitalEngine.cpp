@@ -60,7 +60,10 @@ StoredProcedure& HospitalEngine::Find(const ObjectName& name) {
 }
 
 void HospitalEngine::BeginWork(bool writes) {
-    if (!writes || !mFresh)
+    if (!writes)
+        return;
+    mDatabase.RequireInPlace();
+    if (!mFresh)
         return;
     mStore.SetFresh(false);
     mFresh = false;

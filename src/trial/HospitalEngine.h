@@ -39,7 +39,8 @@ class HospitalEngine {
 
   private:
     StoredProcedure& Find(const ObjectName& name);
-    /// Keeps, before a command writes, that the hospital is no longer as it was made.
+    /// Before a command writes: looks that the file is still the hospital's, and keeps that the hospital is
+    /// no longer as it was made.
     void BeginWork(bool writes);
     /// Reads a text; null for an empty one. Raises the server's errors for what is wrong in it.
     std::unique_ptr<KeptCommand> Read(const CommandShape& shape);

@@ -102,6 +102,30 @@ TEST_F(Charging, PostingClosesTheWardsRequestForTheSameItem) {
         QStringList({u"D"_s, u"H9001C"_s, u"NURSE"_s, u"11/21/2026 10:15:00 AM"_s}));
 }
 
+TEST_F(Charging, PostingClosesNoMoreRequestsThanItsQuantityReachesTo) {
+    const auto left = [this] {
+        return Rows(u"SELECT SlipNo FROM RADIOLOGY..tbNurseRequest WHERE IdNum = '700124' AND ItemID = "
+                    "'HC048' AND Status = 'P'"_s)
+            .size();
+    };
+    Run(u"INSERT INTO RADIOLOGY..tbNurseRequest (RequestDate, DeptCode, HospNum, IdNum, StationID, DoctorID, "
+        "RequestedBy, RevenueID, ItemID, Quantity) VALUES "
+        "('20261121','HC','100050','700124','2W','D005','REYES RN','HC','HC048',2),"
+        "('20261121','HC','100050','700124','2W','D005','REYES RN','HC','HC048',1),"
+        "('20261121','HC','100050','700124','2W','D005','REYES RN','HC','HC048',1),"
+        "('20261121','HC','100050','700124','2W','D005','REYES RN','HC','HC048',2),"
+        "('20261121','HC','100050','700124','2W','D005','REYES RN','HC','HC048',3)"_s);
+    ASSERT_EQ(left(), 5U);
+    Post(u"HC"_s, u"HC048"_s, u"1"_s, u"700.00"_s);
+    EXPECT_EQ(left(), 4U) << "the oldest one, though the ward asked for two";
+    Post(u"HC"_s, u"HC048"_s, u"3"_s, u"2100.00"_s);
+    EXPECT_EQ(left(), 2U) << "one and one, not the two behind them";
+    Post(u"HC"_s, u"HC048"_s, u""_s, u"700.00"_s);
+    EXPECT_EQ(left(), 1U);
+    Post(u"HC"_s, u"HC048"_s, u"9"_s, u"6300.00"_s);
+    EXPECT_EQ(left(), 0U);
+}
+
 TEST_F(Charging, PrintLinesKeepTheOrderInWhichTheyWereSaved) {
     Run(u"Delete Clinical_Area..tbEarCareChargePrint"_s);
     Run(u"Clinical_Area..spEarCare_SaveChargePrint 'HC001','2800.00','1','HC','HEMODIALYSIS TREATMENT', 'O'"_s);

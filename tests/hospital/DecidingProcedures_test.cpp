@@ -184,14 +184,14 @@ TEST_F(DecidingProcedures, AreFoundByWhatTheyRead) {
     for (const ProcedureTree& procedure : mProcedures)
         if (!mRule.Decides(procedure).isEmpty())
             deciding << procedure.definition.name.object;
-    // Those that count, copy or number; one that only posts or prints a line does not decide.
+    // Those that count, copy or number; one that only prints a line does not decide.
     for (const QString& name :
-         {u"spEarCare_UpdateCharging"_s, u"spStock_AppendStockCard"_s, u"spEarCare_AssessRevoke"_s,
-          u"spEarCare_ReprintChargeSlip"_s, u"spEarCare_Add_CashPatient"_s, u"spAddCashPatient"_s,
-          u"spGlobal_UpdateWalkIn"_s, u"spKidney_SaveHemodialysisTreatMentRecord"_s})
+         {u"spEarCare_Append_Charging"_s, u"spEarCare_UpdateCharging"_s, u"spStock_AppendStockCard"_s,
+          u"spEarCare_AssessRevoke"_s, u"spEarCare_ReprintChargeSlip"_s, u"spEarCare_Add_CashPatient"_s,
+          u"spAddCashPatient"_s, u"spGlobal_UpdateWalkIn"_s, u"spKidney_SaveHemodialysisTreatMentRecord"_s})
         EXPECT_TRUE(deciding.contains(name)) << name.toStdString();
-    for (const QString& name : {u"spEarCare_Append_Charging"_s, u"spEarCare_Assessment"_s,
-                                u"spRadio_RevokeNurseRequest"_s, u"spEarCare_SaveChargePrint"_s})
+    for (const QString& name :
+         {u"spEarCare_Assessment"_s, u"spRadio_RevokeNurseRequest"_s, u"spEarCare_SaveChargePrint"_s})
         EXPECT_FALSE(deciding.contains(name)) << name.toStdString();
 }
 

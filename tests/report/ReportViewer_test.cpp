@@ -440,6 +440,9 @@ TEST_F(ViewerOnPrinters, BeginsWithTheMachinesPrinterWithoutAsking) {
     Key(Qt::Key_P, Qt::NoModifier);
     EXPECT_EQ(Status(), u"Printed on \"Ward\"."_s);
     EXPECT_TRUE(TextOfPdf(server->Printed(u"Ward"_s)).contains(u"PATIENT 12"_s));
+    machine.setValue(u"Printer"_s, u"Office"_s);
+    machine.sync();
+    EXPECT_EQ(LastPrinter(), u"Office"_s) << "what the machine has is no choice of the user's";
 }
 
 TEST_F(ViewerOnPrinters, AsksWhenTheLastOneIsGone) {

@@ -118,6 +118,12 @@ TEST_F(CurrentUserTest, BeginsWithTheDataSourceOfTheLastSignOn) {
     NewSession()->ShowMain();
 }
 
+TEST_F(CurrentUserTest, KeepsNoDataSourceThatNobodyHasChosen) {
+    const OnDialog signOn([](QDialog& dialog) { SignOn(dialog, u"NURSE"_s, u"nurse"_s); });
+    NewSession()->ShowMain();
+    EXPECT_TRUE(QDir(settings.path()).isEmpty()) << "what an administrator names later counts for him";
+}
+
 TEST_F(CurrentUserTest, TellsTheUserWhatFailedInHisNameSinceHeLastSignedOn) {
     FakeSource desk(u"Trial hospital"_s, Path());
     desk.workstation = u"DESK2"_s;

@@ -153,6 +153,9 @@ TEST_F(SignOnDialogTest, ADisplaySizeIsKeptWithTheDataSourceAndTheProcessBeginsA
     EXPECT_EQ(UserSettings().value(u"DataSource"_s).toString(), u"San Roque"_s);
     EXPECT_EQ(Problem(), u"The display size counts from the next start of the program."_s)
         << "where the process could not begin anew";
+    In<QComboBox>("cmbDataSource").setCurrentIndex(0);
+    dialog->KeepSource();
+    EXPECT_EQ(UserSettings().value(u"DataSource"_s).toString(), u"Trial hospital"_s) << "he has chosen again";
 }
 
 TEST_F(SignOnDialogTest, TheDisplaySizeThatStandsBeginsNothingAnew) {

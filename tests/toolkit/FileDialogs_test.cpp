@@ -81,6 +81,16 @@ TEST(FileDialogs, BeginInTheFolderThatWasSavedIntoLastAndAtHomeWhenItIsGone) {
 }
 
 // The system drops a process's locks on a file when the process closes any handle on it.
+TEST(FileDialogs, TheFolderInWhichTheyBeginIsNoChoiceAndNotKept) {
+    UserSettings().remove(u"SaveFolder"_s);
+    const auto save = [](QFileDialog& dialog) {
+        dialog.findChild<QLineEdit*>()->setText(u"slip of nobody.pdf"_s);
+        static_cast<QDialog&>(dialog).accept();
+    };
+    EXPECT_EQ(AskAndDo(save), QDir::home().filePath(u"slip of nobody.pdf"_s));
+    EXPECT_FALSE(UserSettings().contains(u"SaveFolder"_s));
+}
+
 TEST(FileDialogs, TheWindowOpensNoFileOfTheFolderThatItShows) {
     SmallHospital hospital;
     hospital.Gateway().Execute(u"select * from Clinical_Area..tbSlip"_s);

@@ -578,6 +578,28 @@ TEST_F(HospitalFileTest, IsFreshUntilSomebodyWritesInIt) {
     EXPECT_FALSE(other->Engine().Store().IsFresh());
 }
 
+TEST_F(HospitalFileTest, NothingIsWrittenIntoAFileThatWasRemovedOrReplaced) {
+    Create();
+    const QString aside = folder.filePath(u"aside.db"_s);
+    const auto gateway = Open();
+    const auto write = [&gateway] {
+        gateway->ExecuteNoResult(u"update Clinical_Area..tbSlip set ChargeSlip = ChargeSlip + 1"_s);
+    };
+    write();
+    const auto refused = [this, &write] {
+        const RaisedError error = FailureOf(write);
+        EXPECT_EQ(error.text,
+                  u"Unable to open the hospital's file '%1': it was removed or replaced while the "
+                  "program was at work."_s.arg(Path()));
+    };
+    ASSERT_TRUE(QFile::rename(Path(), aside));
+    refused();
+    ASSERT_TRUE(QFile::copy(aside, Path()));
+    refused();
+    ASSERT_TRUE(QFile::remove(Path()) && QFile::rename(aside, Path()));
+    write();
+}
+
 TEST_F(HospitalFileTest, AFileThatDoesNotTellIsNotFresh) {
     Create();
     const auto gateway = Open();

@@ -1,6 +1,8 @@
 -- Posts one charge line to the patient's account, in the name of the user who is signed on. A line of a centre that
--- takes its items from stock is issued on the stock card too, and a ward's pending request for the same item of the
--- same patient is closed. It charges and never gives back: that is for the cancellations, which look what stands.
+-- takes its items from stock is issued on the stock card too, and of the wards' pending requests for the same item of the
+-- same patient the oldest one is closed, and those behind it as far as the line's quantity reaches: what a ward has asked
+-- for since the lines were loaded goes on waiting. It charges and never gives back: that is for the cancellations, which
+-- look what stands.
 USE Clinical_Area;
 GO
 
@@ -33,6 +35,11 @@ BEGIN
         THROW 50005, 'Only a cancellation gives something back. Nothing was recorded.', 1;
     BEGIN TRANSACTION;
 
+    -- The requests are held before they are counted: of two clerks who charge the same item each closes his own.
+    UPDATE RADIOLOGY..tbNurseRequest
+    SET Remarks = Remarks
+    WHERE IdNum = @IdNum AND DeptCode = 'HC' AND RevenueID = @RevenueID AND ItemID = @ItemID AND Status = 'P';
+
     INSERT INTO BILLING..tbPatientCharges
         (HospNum, IdNum, PatientType, TransDate, RevenueID, RecordType, ItemID, Description, Quantity, Units, Amount,
          RefNum, UserID, RoomID, DoctorID, DoctorName, SourceDept, EntryDate)
@@ -51,7 +58,16 @@ BEGIN
 
     UPDATE RADIOLOGY..tbNurseRequest
     SET Status = 'D', SlipNo = @RefNum, ClosedBy = SUSER_SNAME(), ClosedDate = GETDATE()
-    WHERE IdNum = @IdNum AND DeptCode = 'HC' AND RevenueID = @RevenueID AND ItemID = @ItemID AND Status = 'P';
+    WHERE RequestNum IN (
+        SELECT n.RequestNum
+        FROM RADIOLOGY..tbNurseRequest AS n
+        INNER JOIN RADIOLOGY..tbNurseRequest AS q
+            ON q.IdNum = n.IdNum AND q.DeptCode = n.DeptCode AND q.RevenueID = n.RevenueID AND q.ItemID = n.ItemID
+               AND q.Status = n.Status AND q.RequestNum <= n.RequestNum
+        WHERE n.IdNum = @IdNum AND n.DeptCode = 'HC' AND n.RevenueID = @RevenueID AND n.ItemID = @ItemID
+          AND n.Status = 'P'
+        GROUP BY n.RequestNum
+        HAVING COUNT(*) = 1 OR SUM(q.Quantity) <= CAST(@Quantity AS float));
 
     COMMIT TRANSACTION;
 END

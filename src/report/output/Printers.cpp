@@ -42,7 +42,8 @@ QString LastPrinter() {
 }
 
 void RememberPrinter(const QString& name) {
-    UserSettings().setValue(kPrinterSetting, name);
+    if (name != LastPrinter())
+        UserSettings().setValue(kPrinterSetting, name);
 }
 
 QString ObstacleOf(const QPrinter& printer) {

@@ -106,6 +106,14 @@ QByteArray SqliteDatabase::Header() const {
     return header;
 }
 
+void SqliteDatabase::RequireInPlace() const {
+    int moved = 0;
+    sqlite3_file_control(mHandle.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved);
+    if (moved != 0)
+        throw ServerError(Fault::CannotOpen,
+                          {mPath, u"it was removed or replaced while the program was at work"_s});
+}
+
 void SqliteDatabase::Flush() {
     sqlite3_file& file = File();
     const int code = file.pMethods->xSync(&file, SQLITE_SYNC_FULL);

@@ -59,6 +59,9 @@ class SqliteDatabase {
     /// zeros. They are read through SQLite's own handle: any other one that is opened on the file and closed
     /// takes SQLite's locks on it along, all those of the process.
     QByteArray Header() const;
+    /// Raises 5120 where the file does not lie in its place any more: it was removed, or another one lies
+    /// there. SQLite would go on writing into a file that nobody finds again.
+    void RequireInPlace() const;
     /// Makes sure that the file has reached the disk. For a file that was written without waiting for that.
     void Flush();
 
