@@ -167,11 +167,15 @@ void Form::PutInside(QMdiArea& area) {
 }
 
 /// A screen begins at its place, or in the middle where none is told; what its lists can spare of their size
-/// it leaves where the area has no room for it.
+/// it leaves where the area has no room for it from there on. What cannot shrink keeps its size: the area
+/// scrolls.
 void Form::PlaceInside(const QMdiArea& area) {
+    const QSize before = mPlaced ? QSize(mPlace.x(), mPlace.y()) : QSize(0, 0);
     // The frame has its size only where the area is shown; elsewhere it takes it when both are.
-    if (area.isVisible())
-        mSubWindow->resize(mSubWindow->size().boundedTo(area.viewport()->size()));
+    if (area.isVisible()) {
+        const QSize room = (area.viewport()->size() - before).expandedTo(mSubWindow->minimumSizeHint());
+        mSubWindow->resize(mSubWindow->size().boundedTo(room));
+    }
     const QSize rest = (area.viewport()->size() - mSubWindow->size()).expandedTo({0, 0});
     mSubWindow->move(mPlaced ? mPlace : QPoint(rest.width() / 2, rest.height() / 2));
 }

@@ -53,6 +53,19 @@ class EverySize : public Desk, public testing::WithParamInterface<std::tuple<Dis
         }
     }
 
+    /// Each button stands whole on its window, those too that are disabled and on which Tab does not stop;
+    /// and the window begins inside its room, so that the bars of the area lead to all of it.
+    void ExpectEachButtonWhole(const QString& window) {
+        const ShownWindow shown = WindowOf(window);
+        EXPECT_TRUE(RoomOf(window).contains(shown.frame.topLeft())) << window.toStdString();
+        for (const Control& control : Controls(window)) {
+            const bool isButton = control.kind == "QPushButton"_L1 || control.kind == "QRadioButton"_L1 ||
+                                  control.kind == "QCheckBox"_L1;
+            EXPECT_TRUE(!isButton || control.bounds.contains(control.place))
+                << control.name.toStdString() << " is cut in " << window.toStdString();
+        }
+    }
+
   private:
     static constexpr int kMostStops = 60;
 
@@ -67,6 +80,7 @@ TEST_P(EverySize, LeavesNothingOutOfReachAndCutsNothing) {
     const QString screen = GoThere();
     Picture(u"first-"_s + screen);
     ExpectNothingCut(screen);
+    ExpectEachButtonWhole(screen);
     ExpectEachStopInReach(screen);
 }
 

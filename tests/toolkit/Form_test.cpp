@@ -120,6 +120,29 @@ TEST_F(FormLife, AScreenBeginsNoLargerThanTheAreaWhereItsListCanSpareTheRoom) {
     EXPECT_EQ(SubWindowOf(screen)->pos(), QPoint(0, 0));
 }
 
+TEST_F(FormLife, AScreenWithAPlaceTakesTheRoomFromThereOn) {
+    FormA& screen = Screens::Get<FormA>();
+    AddLargeList(screen);
+    screen.MoveTo(900, 600);
+    screen.Show();
+    const QRect place = SubWindowOf(screen)->geometry();
+    EXPECT_EQ(place.topLeft(), QPoint(TwipsToPixels(900), TwipsToPixels(600)));
+    EXPECT_EQ(place.bottomRight(), workspace.Area()->viewport()->rect().bottomRight());
+}
+
+TEST_F(FormLife, AScreenThatCannotShrinkKeepsItsSizeAtItsPlace) {
+    FormA& screen = Screens::Get<FormA>();
+    const QSize told = workspace.Area()->viewport()->size() * 3 / 4;
+    auto* list = new FlexGrid(&screen);
+    list->setFixedSize(told);
+    screen.layout()->addWidget(list);
+    screen.MoveTo(6000, 6000);
+    screen.Show();
+    RunEvents();
+    EXPECT_EQ(list->size(), told);
+    EXPECT_TRUE(screen.rect().contains(list->geometry()));
+}
+
 TEST_F(FormLife, AScreenBeginsWithTheSizeOfItsListAndGrowsWithTheClerk) {
     FormA& screen = Screens::Get<FormA>();
     auto* list = new FlexGrid(&screen);
