@@ -2,6 +2,10 @@
 
 #include <QSettings>
 
+#include <algorithm>
+#include <iterator>
+#include <set>
+
 using namespace Qt::StringLiterals;
 
 // Each window and screen on small displays and on large ones, drawn at the sizes that a clerk chooses.
@@ -11,6 +15,7 @@ namespace {
 struct Display {
     QSize pixels;
     int percent;
+    WindowManager manager = WindowManager::None;
 };
 
 /// The tightest, in which the work area has 819x614 and 1092x614 of the screens' own pixels, and the one for
@@ -19,6 +24,21 @@ constexpr std::array kTight = {Display{{1024, 768}, 125}, Display{{1366, 768}, 1
                                Display{{1024, 768}, 100}};
 constexpr std::array kWide = {Display{{1366, 768}, 100}, Display{{1920, 1080}, 100},
                               Display{{1920, 1080}, 125}, Display{{1920, 1080}, 150}};
+/// Under managers, whose frames take room of their own.
+constexpr std::array kFramed = {
+    Display{{1366, 768}, 100, WindowManager::Openbox}, Display{{1366, 768}, 100, WindowManager::Xfwm4},
+    Display{{1920, 1080}, 150, WindowManager::Openbox}, Display{{1920, 1080}, 150, WindowManager::Xfwm4}};
+
+/// One screen of each kind: with a place and a list, with a size that does not change, modal, a window of its
+/// own.
+std::vector<Way> WaysOfEachKind() {
+    const std::set<std::string> kinds = {"ChargesListed", "PatientFinder", "AssessmentOfAPatient",
+                                         "ChargeSlip"};
+    std::vector<Way> ways;
+    std::copy_if(EveryWay().begin(), EveryWay().end(), std::back_inserter(ways),
+                 [&kinds](const Way& way) { return kinds.contains(way.name); });
+    return ways;
+}
 
 class EverySize : public Desk, public testing::WithParamInterface<std::tuple<Display, Way>> {
   protected:
@@ -27,7 +47,7 @@ class EverySize : public Desk, public testing::WithParamInterface<std::tuple<Dis
         const auto& [display, way] = GetParam();
         QSettings(Folder().Path() + u"/TARVEN/Hemodialysis.ini"_s, QSettings::IniFormat)
             .setValue("DisplaySize", display.percent);
-        StartProgramOn(display.pixels, WindowManager::None);
+        StartProgramOn(display.pixels, display.manager);
         SignOn();
         Go(way.steps);
         return QString::fromLatin1(way.End());
@@ -87,13 +107,18 @@ TEST_P(EverySize, LeavesNothingOutOfReachAndCutsNothing) {
 struct SizeName {
     std::string operator()(const testing::TestParamInfo<std::tuple<Display, Way>>& named) const {
         const auto& [display, way] = named.param;
+        const std::string manager =
+            display.manager == WindowManager::None ? "" : NameOf(display.manager) + '_';
         return std::to_string(display.pixels.width()) + "At" + std::to_string(display.percent) + '_' +
-               way.name;
+               manager + way.name;
     }
 };
 
 INSTANTIATE_TEST_SUITE_P(Tight, EverySize,
                          testing::Combine(testing::ValuesIn(kTight), testing::ValuesIn(EveryWay())),
+                         SizeName());
+INSTANTIATE_TEST_SUITE_P(Framed, EverySize,
+                         testing::Combine(testing::ValuesIn(kFramed), testing::ValuesIn(WaysOfEachKind())),
                          SizeName());
 /// Where everything has room: by command.
 INSTANTIATE_TEST_SUITE_P(DISABLED_Wide, EverySize,

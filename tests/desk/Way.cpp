@@ -18,6 +18,9 @@ const Steps kCharges = {{"frmPostCharges", "{Alt+q}{Down}{Return}"}};
 const Steps kFinder = kCharges + Steps{{"frmSearchPatient", "de guz{Return}"}};
 const Steps kPatient = kFinder + Steps{{"frmPostCharges", "{Return}"}};
 const Steps kGrid = kPatient + Steps{{"frmPostCharges", "D001{Return}", "txtDocID"}};
+const Steps kChargesListed = {{"frmListCharges", "{Alt+q}{Right}{Right}{Down}{Return}"},
+                              {"frmSearchPatient", "de guz{Return}"},
+                              {"frmListCharges", "{Return}"}};
 const Steps kAssessment = {{"frmAssessment", "{Control+a}"}};
 /// Space takes the first patient type, and the arrows go on to the third.
 const Steps kCashPatients = kAssessment + Steps{{"frmCashWalkIn", " {Down}{Down}{Tab}pan{Return}"}};
@@ -46,6 +49,7 @@ std::vector<Way> WaysOfTheMenus() {
 std::vector<Way> WaysThroughScreens() {
     return {
         {"PatientFinder", kFinder},
+        {"ChargesListed", kChargesListed},
         {"ChargesOfAPatient", kGrid},
         {"Departments", kGrid + Steps{{"frmSearch", "hemo{Return}", "txtEntry"}}},
         {"Services", kGrid + Steps{{"PickDialog", "hc{Return}hemo{Return}", "txtEntry"}}},

@@ -1,4 +1,5 @@
 #include "components/shared.h"
+#include "manual/HelpWindow.h"
 #include "manual/Manual.h"
 #include "screens/ScreenTable.h"
 #include "screens/WaysIn.h"
@@ -53,30 +54,33 @@ QString AsRead(QString caption) {
     return WithoutColon(caption);
 }
 
-/// Keys that controls take by themselves, and the tests that press them.
-const std::map<QString, const char*>& KeysOfControls() {
-    static const std::map<QString, const char*> keys = {
-        {u"Tab"_s, "EveryScreen.StandsAsInTheTableRightAfterItOpens"},
-        {u"Shift+Tab"_s, "EveryScreen.ShiftTabGoesBackToWhereTabCameFrom"},
-        {u"Enter"_s, "tests/desk: every way"},
-        {u"Escape"_s, "EveryScreen.IsLeftByEscape"},
-        {u"Up"_s, "ChargeGrid"},
-        {u"Down"_s, "ChargeGrid"},
-        {u"Space"_s, "tests/desk: CashPatients"},
-        {u"Shift"_s, "a box's own"},
-        {u"Ctrl+C"_s, "a box's own"},
-        {u"F1"_s, "HelpAtADesk"},
-        {u"Ctrl+W"_s, "LeavingByKey"},
-        {u"Ctrl+F4"_s, "LeavingByKey"},
-        {u"Ctrl+Tab"_s, "SwitchingScreens"},
-        {u"Ctrl+Shift+Tab"_s, "SwitchingScreens"},
-        {u"F4"_s, "DatePicker"},
-        {u"Alt+Down"_s, "DatePicker"},
-        {u"Alt+Left"_s, "HelpWindow"},
-        {u"Shift+Space"_s, "PageView"},
-        {u"Ctrl+F10"_s, "FormLife.AKeyGivesAScreenTheWholeAreaAndTakesItBack"},
-        {u"Ctrl++"_s, "ClickTableTest.KeysMakeTheCurrentColumnWiderAndNarrower"},
-        {u"Ctrl+-"_s, "ClickTableTest.KeysMakeTheCurrentColumnWiderAndNarrower"},
+/// Kinds of controls and the keys that they take by themselves.
+const std::multimap<QString, QString>& KeysOfControls() {
+    static const std::multimap<QString, QString> keys = {
+        {u"Tab"_s, u"QWidget"_s},
+        {u"Shift+Tab"_s, u"QWidget"_s},
+        {u"Enter"_s, u"QWidget"_s},
+        {u"Escape"_s, u"QWidget"_s},
+        {u"F1"_s, u"QWidget"_s},
+        {u"Shift"_s, u"QLineEdit"_s},
+        {u"Up"_s, u"QAbstractItemView"_s},
+        {u"Down"_s, u"QAbstractItemView"_s},
+        {u"Up"_s, u"DatePicker"_s},
+        {u"Down"_s, u"DatePicker"_s},
+        {u"F4"_s, u"DatePicker"_s},
+        {u"Alt+Down"_s, u"DatePicker"_s},
+        {u"Space"_s, u"QAbstractButton"_s},
+        {u"Space"_s, u"PageView"_s},
+        {u"Shift+Space"_s, u"PageView"_s},
+        {u"Ctrl+C"_s, u"QPlainTextEdit"_s},
+        {u"Ctrl+W"_s, u"Form"_s},
+        {u"Ctrl+F4"_s, u"Form"_s},
+        {u"Ctrl+F10"_s, u"Form"_s},
+        {u"Ctrl+Tab"_s, u"MainArea"_s},
+        {u"Ctrl+Shift+Tab"_s, u"MainArea"_s},
+        {u"Alt+Left"_s, u"HelpWindow"_s},
+        {u"Ctrl++"_s, u"ClickTable"_s},
+        {u"Ctrl+-"_s, u"ClickTable"_s},
     };
     return keys;
 }
@@ -101,10 +105,17 @@ class Words {
         }
         for (const auto* table : window.findChildren<QTableView*>())
             TakeHeadings(*table->model());
+        TakeKinds(window);
+        for (const auto* control : window.findChildren<QWidget*>())
+            TakeKinds(*control);
     }
 
     bool HasCaption(const QString& caption) const { return mCaptions.contains(WithoutColon(caption)); }
-    bool HasKey(const QString& key) const { return mKeys.contains(key) || KeysOfControls().contains(key); }
+    bool HasKey(const QString& key) const {
+        const auto [first, last] = KeysOfControls().equal_range(key);
+        return mKeys.contains(key) ||
+               std::any_of(first, last, [this](const auto& taken) { return mKinds.contains(taken.second); });
+    }
 
   private:
     void Take(const QString& caption) {
@@ -121,6 +132,10 @@ class Words {
         for (const QKeySequence& key : action.shortcuts())
             mKeys.insert(key.toString());
     }
+    void TakeKinds(const QWidget& control) {
+        for (const QMetaObject* kind = control.metaObject(); kind; kind = kind->superClass())
+            mKinds.insert(QString::fromLatin1(kind->className()));
+    }
     void TakeHeadings(const QAbstractItemModel& model) {
         for (int column = 0; column < model.columnCount(); ++column)
             Take(model.headerData(column, Qt::Horizontal).toString());
@@ -128,6 +143,7 @@ class Words {
 
     std::set<QString> mCaptions;
     std::set<QString> mKeys;
+    std::set<QString> mKinds;
 };
 
 QStringList Marked(const QString& text, const QString& pattern) {
@@ -147,37 +163,71 @@ class OneScreen : public WaysIn {
     void TestBody() override {}
 };
 
-Words WordsOfTheProgram() {
-    Words words;
+/// The words of each window by its name.
+std::map<QString, Words> WordsOfTheWindows() {
+    std::map<QString, Words> words;
     for (const ScreenSection& section :
-         ReadScreenTable(QStringLiteral(TARVEN_SOURCE_DIR "/tests/screens/screens.txt")))
-        OneScreen().Open(section, [&words](const QWidget& screen) { words.TakeFrom(screen); });
+         ReadScreenTable(QStringLiteral(TARVEN_SOURCE_DIR "/tests/screens/screens.txt"))) {
+        Words& ofScreen = words[QString::fromStdString(section.name)];
+        OneScreen().Open(section, [&ofScreen](const QWidget& screen) { ofScreen.TakeFrom(screen); });
+    }
     std::array<std::unique_ptr<DataSource>, 1> sources = {std::make_unique<ShownSource>()};
-    words.TakeFrom(SignOnDialog(sources, u"HC"_s));
-    words.TakeFrom(PickDialog(u"Services"_s, {}, Rows({u"Code"_s}, {{u"HC001"_s}}), {}));
+    words[u"SignOnDialog"_s].TakeFrom(SignOnDialog(sources, u"HC"_s));
+    words[u"PickDialog"_s].TakeFrom(PickDialog(u"Services"_s, {}, Rows({u"Code"_s}, {{u"HC001"_s}}), {}));
+    HelpWindow::Open(QLatin1StringView(kContentsPage));
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (qobject_cast<HelpWindow*>(window)) {
+            words[u"HelpWindow"_s].TakeFrom(*window);
+            window->close();
+        }
+    }
     return words;
 }
 
+/// Whether a key does something in a window that a page is about, or leads there from the main window. The
+/// pages of no window of their own tell of all of them, and so does that of the main window.
+bool HasKey(const std::map<QString, Words>& words, const ManualPage& page, const QString& key) {
+    const auto isAbout = [&page](const auto& window) { return PageOfScreen(window.first) == &page; };
+    const bool isOfAll = page.name == u"main-window"_s || std::none_of(words.begin(), words.end(), isAbout);
+    return std::any_of(words.begin(), words.end(), [&](const auto& window) {
+        return (isOfAll || isAbout(window) || window.first == u"frmMain"_s) && window.second.HasKey(key);
+    });
+}
+
 TEST(WordsOfTheManual, StandInTheProgram) {
-    const Words words = WordsOfTheProgram();
+    const std::map<QString, Words> words = WordsOfTheWindows();
     int captions = 0;
     int keys = 0;
     for (const ManualPage& page : ManualPages()) {
         for (const QString& caption : Marked(page.markdown, u"\\*\\*([^*]+)\\*\\*"_s)) {
             ++captions;
+            const bool isThere = std::any_of(words.begin(), words.end(), [&caption](const auto& window) {
+                return window.second.HasCaption(caption);
+            });
             // The contents tell what bold means by the word itself.
-            EXPECT_TRUE(words.HasCaption(caption) || caption == u"bold"_s)
+            EXPECT_TRUE(isThere || caption == u"bold"_s)
                 << page.name.toStdString() << ".md tells of \"" << caption.toStdString()
                 << "\", which stands nowhere in the program";
         }
         for (const QString& key : Marked(page.markdown, u"<kbd>([^<]+)</kbd>"_s)) {
             ++keys;
-            EXPECT_TRUE(words.HasKey(key)) << page.name.toStdString() << ".md tells of the key "
-                                           << key.toStdString() << ", which does nothing in the program";
+            EXPECT_TRUE(HasKey(words, page, key)) << page.name.toStdString() << ".md tells of the key "
+                                                  << key.toStdString() << ", which does nothing there";
         }
     }
     EXPECT_GT(captions, 100);
     EXPECT_GT(keys, 60);
+}
+
+TEST(WordsOfTheManual, TellKeysOfTheWindowsThatThePagesAreAbout) {
+    const std::map<QString, Words> words = WordsOfTheWindows();
+    const ManualPage* assessment = PageOfScreen(u"frmAssessment"_s);
+    ASSERT_NE(assessment, nullptr);
+    // The calendar's key, and the viewer's.
+    EXPECT_FALSE(HasKey(words, *assessment, u"F4"_s));
+    EXPECT_FALSE(HasKey(words, *assessment, u"Ctrl+P"_s));
+    EXPECT_TRUE(HasKey(words, *PageOfScreen(u"frmReportRange"_s), u"F4"_s));
+    EXPECT_TRUE(HasKey(words, *PageOfScreen(u"frmReportviewer"_s), u"Ctrl+P"_s));
 }
 
 TEST(PagesOfTheManual, TellOfEachScreen) {
