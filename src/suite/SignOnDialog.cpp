@@ -74,6 +74,7 @@ SignOnDialog::SignOnDialog(std::span<const std::unique_ptr<DataSource>> sources,
     Wire();
     cmbDataSource_Change();
     TellOfDisplaySize();
+    TellOfMissingSource(kept);
 }
 
 SignOnDialog::~SignOnDialog() {
@@ -194,6 +195,12 @@ void SignOnDialog::TellOfDisplaySize() {
     if (drawn < chosen && drawn != DisplaySize::kAutomatic)
         ShowProblem(
             u"This display is too small for %1 %; the program is drawn at %2 %."_s.arg(chosen).arg(drawn));
+}
+
+/// Else who expects the hospital would find himself on another one without a word.
+void SignOnDialog::TellOfMissingSource(const QString& name) {
+    if (!name.isEmpty() && cmbDataSource->findText(name) < 0)
+        ShowProblem(u"The data source \"%1\" is not set up on this machine."_s.arg(name));
 }
 
 void SignOnDialog::ShowProblem(const QString& text) {

@@ -47,6 +47,7 @@ class SignOnDialog : public QDialog {
     void cmbDataSource_Change();
     void cmbDisplaySize_Click();
     void TellOfDisplaySize();
+    void TellOfMissingSource(const QString& name);
     void cmdOK_Click();
     void cmdMakeAnew_Click();
 

@@ -133,6 +133,14 @@ TEST_F(SignOnDialogTest, AUserWhoHasChosenNothingBeginsWithTheMachinesDataSource
     EXPECT_EQ(In<QComboBox>("cmbDataSource").currentText(), u"Trial hospital"_s) << "his own goes before it";
 }
 
+TEST_F(SignOnDialogTest, TellsWhereTheDataSourceOfLastTimeIsMissing) {
+    Open(u"San Roque"_s);
+    EXPECT_EQ(Problem(), QString());
+    Open(u"San Lazaro"_s);
+    EXPECT_EQ(In<QComboBox>("cmbDataSource").currentText(), u"Trial hospital"_s);
+    EXPECT_EQ(Problem(), u"The data source \"San Lazaro\" is not set up on this machine."_s);
+}
+
 TEST_F(SignOnDialogTest, ADisplaySizeIsKeptWithTheDataSourceAndTheProcessBeginsAnew) {
     int restarts = 0;
     const auto restart = RestartProcessSeam().Replace([&restarts] {
