@@ -69,6 +69,11 @@ void frmMain::Layout() {
 void frmMain::LayoutMenu() {
     for (const MenuEntry& entry : MenuEntry::Tree())
         AddMenuEntry(entry);
+    // The letter of a menu that is not shown would take the keys to the bar, where nobody sees them.
+    for (QAction* action : menuBar()->actions()) {
+        if (!action->isVisible())
+            menuBar()->removeAction(action);
+    }
 }
 
 /// Adds the entry behind the ones before it, under the last entry of the level above.

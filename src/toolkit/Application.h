@@ -2,6 +2,8 @@
 
 #include <QApplication>
 
+class QKeyEvent;
+
 /// The program's application object: the top of the event dispatch, where an exception that no handler traps
 /// is caught, however deep the nested event loops are.
 class Application : public QApplication {
@@ -15,4 +17,7 @@ class Application : public QApplication {
     static void WorkWithoutDisplay();
 
     bool notify(QObject* receiver, QEvent* event) override;
+
+  private:
+    bool NotifyWithoutCharacter(QObject* receiver, QKeyEvent& event);
 };

@@ -18,6 +18,17 @@ TEST_P(SwitchingScreens, CtrlTabGoesToTheNextAndWithShiftBack) {
     ExpectScreen(u"frmCensus"_s);
 }
 
+TEST_P(SwitchingScreens, ALetterThatNothingIsMarkedWithLeavesTheClerkWhereHeIs) {
+    StartSignedOn(GetParam());
+    Go(Further("", "Ledger", {{"frmLedger", ""}}).steps);
+    const State before = ExpectAFocus();
+    for (const QChar letter : u"bgjknruwz"_s) {
+        Key(u"{Alt+%1}"_s.arg(letter));
+        ExpectFocus(before.focus);
+    }
+    ExpectFocusIsSeen();
+}
+
 INSTANTIATE_TEST_SUITE_P(Under, SwitchingScreens, testing::ValuesIn(kWindowManagers), WindowManagerName());
 
 } // namespace
