@@ -17,6 +17,7 @@ constexpr std::array kChecks = {Check{"driver", LookAtDriver},
                                 Check{"encryption", LookAtEncryption},
                                 Check{"server version", LookAtVersion},
                                 Check{"login language", LookAtLanguage},
+                                Check{"login name", LookAtLogin},
                                 Check{"clock", LookAtClock},
                                 Check{"collation", LookAtCollation},
                                 Check{"databases", LookAtDatabases},
@@ -40,7 +41,7 @@ Findings Look(const Check& check, const Ground& ground) {
         return check.look(ground);
     } catch (const RunTimeError& error) {
         return {Fails(QString::fromLatin1(check.name), error.Description(),
-                      u"the server refused the question; docs/deployment.md has its texts"_s)};
+                      u"docs/deployment.md tells what the check asks, and what right that needs"_s)};
     }
 }
 
