@@ -1,8 +1,10 @@
 #include "check/Arguments.h"
 #include "check/Checks.h"
+#include "check/SignOnFault.h"
 #include "check/Tell.h"
 #include "components/shared.h"
 #include "gateway/CommandTrace.h"
+#include "odbc/OdbcDataSources.h"
 #include "shell/ConfigFile.h"
 #include "shell/version.h"
 #include "suite/ConsoleSignOn.h"
@@ -50,16 +52,35 @@ QString Department(const Arguments& arguments) {
     return code;
 }
 
-int Look(const Arguments& arguments) {
-    const ConsolePassword password(arguments.passwordFile);
-    const QString department = Department(arguments);
-    const auto source = DataSourceNamed(DataFolder(), arguments.source);
-    const auto user = SignOnAtConsole(*source, arguments.user, password, department);
+/// What the sign-on window offers on this machine.
+QStringList OfferedSources() {
+    QStringList names;
+    for (const auto& source : DataSources(DataFolder(), OdbcDataSources))
+        names << source->Name();
+    return names;
+}
+
+/// Whoever reads JSON gets it of a sign-on that failed, too.
+int TellSignOnFault(const RunTimeError& error, bool asJson) {
+    const Finding fault = SignOnFault(error, OfferedSources());
+    Print(stderr, u"tarven-check: %1\n              -> %2\n"_s.arg(fault.seen, fault.toDo));
+    if (asJson)
+        std::fputs(JsonOf({fault}).constData(), stdout);
+    return CouldNotLook;
+}
+
+std::unique_ptr<SignedOnUser> SignOnToLook(DataSource& source, const Arguments& arguments,
+                                           const QString& department) {
+    RequireMade(source);
+    return SignOnAtConsole(source, arguments.user, ConsolePassword(arguments.passwordFile), department);
+}
+
+int LookAs(const SignedOnUser& user, bool isTrial, const QString& department, const Arguments& arguments) {
     const Needs needs = NeedsOfProgram();
-    const Ground ground{.connection = *user->connection,
+    const Ground ground{.connection = *user.connection,
                         .needs = needs,
-                        .isTrial = source->IsTrial(),
-                        .user = user->employeeCode,
+                        .isTrial = isTrial,
+                        .user = user.employeeCode,
                         .source = arguments.source,
                         .department = department,
                         .dataFolder = DataFolder()};
@@ -74,6 +95,19 @@ int Look(const Arguments& arguments) {
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
         throw std::runtime_error("What was found cannot be written.");
     return HasFaults(findings) ? Faults : AllWell;
+}
+
+int Look(const Arguments& arguments) {
+    QString department;
+    std::unique_ptr<SignedOnUser> user;
+    const auto source = DataSourceNamed(DataFolder(), arguments.source);
+    try {
+        department = Department(arguments);
+        user = SignOnToLook(*source, arguments, department);
+    } catch (const RunTimeError& error) {
+        return TellSignOnFault(error, arguments.asJson);
+    }
+    return LookAs(*user, source->IsTrial(), department, arguments);
 }
 
 int BackUp(const Arguments& arguments) {

@@ -58,8 +58,9 @@ ReportLogOn LogOn(const Arguments& arguments) {
     // Unless it is told otherwise, a report stands where the main window has its connection.
     const bool isElsewhere = !arguments.database.isEmpty();
     try {
-        const ConsolePassword password(arguments.passwordFile);
         const auto source = DataSourceNamed(DataFolder(), arguments.source);
+        RequireMade(*source);
+        const ConsolePassword password(arguments.passwordFile);
         const auto user = SignOnAtConsole(*source, arguments.user, password, Department(arguments));
         if (isElsewhere)
             user->connection->SetDefaultDatabase(arguments.database);

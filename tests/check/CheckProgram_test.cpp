@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
@@ -136,10 +137,27 @@ TEST_F(CheckProgram, ThatCannotLookSaysWhyAndEndsWithTwo) {
     EXPECT_EQ(Do({}).exitCode, kCouldNotLook);
     EXPECT_EQ(Do({u"--user"_s, u"NURSE"_s, u"--source"_s, u"Nowhere"_s}).exitCode, kCouldNotLook);
     QFile::remove(hospital);
-    const Run unmade = Do({u"--user"_s, u"NURSE"_s});
+    const Run unmade = Do({u"--user"_s, u"NURSE"_s}, "");
     EXPECT_EQ(unmade.exitCode, kCouldNotLook);
     EXPECT_TRUE(unmade.errors.contains(u"has yet to be made"_s)) << unmade.errors.toStdString();
     EXPECT_FALSE(QFile::exists(hospital)) << "it was made by a look";
+}
+
+TEST_F(CheckProgram, ASignOnThatFailedIsToldWithWhatToDoAsJsonToo) {
+    const Run run = Do({u"--user"_s, u"NURSE"_s, u"--json"_s}, "wrong\n");
+    EXPECT_EQ(run.exitCode, kCouldNotLook);
+    EXPECT_TRUE(run.errors.contains(u"-> key them again"_s)) << run.errors.toStdString();
+    const QJsonObject whole = QJsonDocument::fromJson(run.told.toUtf8()).object();
+    EXPECT_FALSE(whole[u"ok"_s].toBool(true));
+    const QJsonObject fault = whole[u"findings"_s].toArray().at(0).toObject();
+    EXPECT_EQ(fault[u"name"_s].toString(), u"sign-on"_s);
+    EXPECT_EQ(fault[u"verdict"_s].toString(), u"FAULT"_s);
+    EXPECT_EQ(fault[u"seen"_s].toString(), u"The user or the password is wrong."_s);
+}
+
+TEST_F(CheckProgram, ASourceThatIsUnknownIsAnsweredWithThoseThatAreNot) {
+    const Run run = Do({u"--user"_s, u"NURSE"_s, u"--source"_s, u"Nowhere"_s});
+    EXPECT_TRUE(run.errors.contains(u"has: Trial hospital"_s)) << run.errors.toStdString();
 }
 
 TEST_F(CheckProgram, SavesAHospitalInUseAndPutsItBackWhenNobodyHasItOpen) {
