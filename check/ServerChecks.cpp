@@ -89,7 +89,7 @@ Findings LookAtEncryption(const Ground& ground) {
     const QString name = u"encryption"_s;
     if (ground.isTrial)
         return {NotLookedAt(name, kTrialNeedsNone)};
-    return LookAtSourceLines(name, ground.source);
+    return LookAtSourceLines(name, ground.source, ground.connection.DriverVersion());
 }
 
 Findings LookAtVersion(const Ground& ground) {
