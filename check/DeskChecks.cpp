@@ -34,7 +34,7 @@ void LookAtTemplate(const QString& path, const Needs& needs, Findings& faults) {
         const auto read = ReadTemplate(path, file.read(kLargestTemplate + 1));
         for (const QString& problem : ProblemsOfFields(*read, needs))
             faults.push_back(Fails(name, u"%1: %2"_s.arg(path, problem),
-                                   u"name a column that the query answers; docs/templates.md"_s));
+                                   u"set the line right; docs/templates.md"_s));
     } catch (const RunTimeError& error) {
         faults.push_back(Fails(name, error.Description(), u"set the line right; docs/templates.md"_s));
     }
