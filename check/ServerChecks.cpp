@@ -4,6 +4,8 @@
 #include "check/SourceLines.h"
 #include "text/Clock.h"
 #include "text/RunTimeError.h"
+#include "trial/EmbeddedGateway.h"
+#include "trial/HospitalFile.h"
 
 #include <QDateTime>
 #include <QRegularExpression>
@@ -65,6 +67,17 @@ template <class Judge> Findings Judged(const Ground& ground, const Finding& whol
     for (const ServerDatabase& database : DatabasesOf(ground))
         judge(database, faults);
     return FaultsOr(std::move(faults), whole);
+}
+
+/// The trial hospital's connection is its engine's.
+Findings LookThroughFile(const Ground& ground, const QString& name) {
+    try {
+        HospitalFile::LookThrough(static_cast<EmbeddedGateway&>(ground.connection));
+    } catch (const RunTimeError& error) {
+        return {Fails(name, error.Description(),
+                      u"put a copy back (--restore), or make the trial hospital anew; docs/deployment.md"_s)};
+    }
+    return {Ok(name, u"%1 in the file, which is whole"_s.arg(ground.needs.databases.size()))};
 }
 
 QString Sentence(qint64 seconds) {
@@ -155,7 +168,7 @@ Findings LookAtClock(const Ground& ground) {
 Findings LookAtDatabases(const Ground& ground) {
     const QString name = u"databases"_s;
     if (ground.isTrial)
-        return {Ok(name, u"%1 in the file"_s.arg(ground.needs.databases.size()))};
+        return LookThroughFile(ground, name);
     Findings faults;
     for (const ServerDatabase& database : DatabasesOf(ground, faults)) {
         if (database.readOnly)

@@ -334,6 +334,11 @@ void HospitalFile::Replace(const QString& name, const std::vector<Script>& scrip
     next.Appear();
 }
 
+void HospitalFile::LookThrough(EmbeddedGateway& hospital) {
+    SqliteDatabase& database = hospital.Engine().Database();
+    RequirePasses(database, u"integrity_check"_s, database.Path());
+}
+
 void HospitalFile::BackUp(const QString& name, const QString& copy, const std::vector<Script>& scripts) {
     const QString path = RealPath(copy);
     RequireOrdinaryFile(RealPath(name));

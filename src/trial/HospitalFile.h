@@ -39,6 +39,10 @@ class HospitalFile {
     static void Replace(const QString& name, const std::vector<Script>& scripts,
                         const Progress& progress = {});
 
+    /// Looks through the whole file of an open hospital, its pages and its indexes, while others go on
+    /// working in it. Raises 824 with its path where they do not fit together.
+    static void LookThrough(EmbeddedGateway& hospital);
+
     /// Writes a copy of a hospital into a new file, as the hospital is at one moment, while others go on
     /// working in it: SQLite's own backup, through connections of its own. The copy is its owner's alone and
     /// has no log; it appears under its name only when it is whole and was looked through.

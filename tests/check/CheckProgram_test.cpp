@@ -106,6 +106,19 @@ TEST_F(CheckProgram, EndsWithAFaultThatItTells) {
     EXPECT_EQ(run.told.split(u'\n').filter(u"FAULT  templates"_s).size(), 1) << run.told.toStdString();
 }
 
+TEST_F(CheckProgram, TellsOfPagesThatNothingElseReads) {
+    QFile file(hospital);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    constexpr qint64 kPages = 40 * 4096;
+    ASSERT_TRUE(file.seek(file.size() / 2 / 4096 * 4096));
+    file.write(QByteArray(kPages, 'x'));
+    file.close();
+    const Run run = Do({u"--user"_s, u"NURSE"_s});
+    EXPECT_EQ(run.exitCode, kFaults);
+    EXPECT_EQ(run.told.split(u'\n').filter(u"FAULT  databases"_s).filter(u"is damaged"_s).size(), 1)
+        << run.told.toStdString();
+}
+
 TEST_F(CheckProgram, CouldNotLookWhereItCannotTell) {
     output = u"/dev/full"_s;
     for (const QStringList& how : {QStringList{}, QStringList{u"--json"_s}}) {
