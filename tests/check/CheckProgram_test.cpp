@@ -1,7 +1,10 @@
+#include "check/CheckedServer.h"
+#include "check/Needs.h"
 #include "support/cups/CupsServer.h"
 #include "support/hospital/FreshHospital.h"
 #include "support/hospital/ProgramFolder.h"
 #include "support/PrintQt.h"
+#include "support/tds/TestDataSources.h"
 #include "trial/EmbeddedGateway.h"
 #include "trial/HospitalEngine.h"
 
@@ -11,6 +14,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QSet>
 
 #include <gmock/gmock.h>
 
@@ -171,6 +175,24 @@ TEST_F(CheckProgram, ASignOnThatFailedIsToldWithWhatToDoAsJsonToo) {
 TEST_F(CheckProgram, ASourceThatIsUnknownIsAnsweredWithThoseThatAreNot) {
     const Run run = Do({u"--user"_s, u"NURSE"_s, u"--source"_s, u"Nowhere"_s});
     EXPECT_TRUE(run.errors.contains(u"has: Trial hospital"_s)) << run.errors.toStdString();
+}
+
+TEST_F(CheckProgram, LooksAtAServerThroughItsDataSource) {
+    const Needs needs = NeedsOfProgram();
+    CheckedServer server(hospital, needs);
+    const QString source = TestDataSources::Instance().Add(server.Responder().Port());
+    const Run run = Do({u"--source"_s, source, u"--user"_s, u"NURSE"_s, u"--json"_s});
+    EXPECT_EQ(run.exitCode, kFaults) << run.errors.toStdString();
+    QSet<QString> faults;
+    for (const QJsonValue& finding :
+         QJsonDocument::fromJson(run.told.toUtf8()).object()[u"findings"_s].toArray()) {
+        if (finding[u"verdict"_s].toString() != "ok"_L1)
+            faults << finding[u"name"_s].toString();
+    }
+    // A data source of the tests asks for no encryption, and tests may run as a user who may write
+    // everywhere.
+    faults.subtract({u"encryption"_s, u"printers"_s, u"folders"_s});
+    EXPECT_EQ(faults, QSet<QString>());
 }
 
 TEST_F(CheckProgram, SavesAHospitalInUseAndPutsItBackWhenNobodyHasItOpen) {
