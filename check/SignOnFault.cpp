@@ -16,7 +16,7 @@ struct Advice {
 constexpr std::array kAdvice = {
     Advice{"Data source name not found"_L1, "name one that this machine has: "_L1},
     Advice{"Can't open lib"_L1, "install the driver that odbc.ini names for the data source"_L1},
-    Advice{"nable to connect"_L1, "look at the server, its port and the net between"_L1},
+    Advice{"nable to connect"_L1, "look at the server, its port and the net between, and at the lines of odbc.ini and freetds.conf"_L1},
     Advice{"The user or the password is wrong"_L1,
            "key them again; on a server, look at the login, which bears the user's EmployeeID"_L1},
     Advice{"may not sign on for department"_L1,

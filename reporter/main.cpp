@@ -9,6 +9,7 @@
 #include "shell/ConfigFile.h"
 #include "shell/version.h"
 #include "suite/ConsoleSignOn.h"
+#include "suite/Passwords.h"
 #include "suite/RegisterSuite.h"
 #include "text/RunTimeError.h"
 #include "toolkit/Application.h"
@@ -98,7 +99,9 @@ int Make(const Arguments& arguments) {
     // What is wrong with it is told before anybody is asked for a password, or has waited for the rows.
     const auto report = FilledReport(arguments);
     RequirePlaceFor(arguments.output);
-    LogTablesOn(*report, LogOn(arguments));
+    ReportLogOn logOn = LogOn(arguments);
+    LogTablesOn(*report, logOn);
+    WipePassword(logOn.password);
     WriteReport(*report, arguments.output);
     return Outcome::kMade;
 }
