@@ -104,6 +104,6 @@ Findings LookAtFolders(const Ground& ground) {
     if (reports.isWritable() && !ground.isTrial)
         faults.push_back(Fails(name, u"%1 may be written to by who works here"_s.arg(reports.filePath()),
                                u"a template is as good as a command in the clerk's name: give the folder to "
-                               "the administrator"_s));
+                               "the administrator, and run the check as the clerk: root may write everywhere"_s));
     return FaultsOr(std::move(faults), Ok(name, ground.dataFolder));
 }

@@ -309,7 +309,7 @@ Findings LookAtRights(const Ground& ground) {
 
 Needs NeedsAsTold(const Ground& ground) {
     Needs told = ground.needs;
-    if (ground.isTrial)
+    if (ground.isTrial || !ground.connection.Connected())
         return told;
     // A database that refuses the question has its line among the answers and the tables.
     Findings refused;

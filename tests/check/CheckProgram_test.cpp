@@ -150,7 +150,7 @@ TEST_F(CheckProgram, ThatCannotLookSaysWhyAndEndsWithTwo) {
     const Run refused = Do({u"--user"_s, u"NURSE"_s}, "wrong\n");
     EXPECT_EQ(refused.exitCode, kCouldNotLook);
     EXPECT_TRUE(refused.errors.contains(u"The user or the password is wrong."_s));
-    EXPECT_EQ(refused.told, QString());
+    EXPECT_FALSE(refused.told.contains(u"hospital record"_s)) << refused.told.toStdString();
     EXPECT_EQ(Do({}).exitCode, kCouldNotLook);
     EXPECT_EQ(Do({u"--user"_s, u"NURSE"_s, u"--source"_s, u"Nowhere"_s}).exitCode, kCouldNotLook);
     QFile::remove(hospital);
@@ -170,6 +170,22 @@ TEST_F(CheckProgram, ASignOnThatFailedIsToldWithWhatToDoAsJsonToo) {
     EXPECT_EQ(fault[u"name"_s].toString(), u"sign-on"_s);
     EXPECT_EQ(fault[u"verdict"_s].toString(), u"FAULT"_s);
     EXPECT_EQ(fault[u"seen"_s].toString(), u"The user or the password is wrong."_s);
+}
+
+// What is wrong may be on this side.
+TEST_F(CheckProgram, WithoutASignOnTheDeskIsLookedAt) {
+    QFile::remove(mFolder.File(u"Reports/AuditReport.RPT"_s));
+    const Run run = Do({u"--user"_s, u"NURSE"_s, u"--source"_s, u"Nowhere"_s});
+    EXPECT_EQ(run.exitCode, kCouldNotLook);
+    QStringList names;
+    for (const QString& line : run.told.split(u'\n')) {
+        if (!line.isEmpty() && !line.startsWith(u' '))
+            names << line.mid(7, 16).trimmed();
+    }
+    names.removeDuplicates();
+    EXPECT_EQ(names, (QStringList{u"encryption"_s, u"templates"_s, u"printers"_s, u"configuration"_s,
+                                  u"folders"_s}));
+    EXPECT_TRUE(run.told.contains(u"AuditReport.RPT"_s)) << run.told.toStdString();
 }
 
 TEST_F(CheckProgram, ASourceThatIsUnknownIsAnsweredWithThoseThatAreNot) {
