@@ -428,7 +428,7 @@ INSTANTIATE_TEST_SUITE_P(
                                 u"INSERT INTO BILLING..tbAssessmentNum (AssessmentNum) VALUES ('7')"_s,
                                 "counters: BILLING..tbAssessmentNum has 2 rows"},
                     SpoiltTable{"NoUser", u"DELETE FROM PASSWORD..tbPasswordDept WHERE DeptCode = 'HC'"_s,
-                                "department: nobody may sign on for HC"},
+                                "department: no user is entered for HC"},
                     SpoiltTable{"NoCentre", u"DELETE FROM build_file..tbCoRevenue WHERE RevenueID = 'HC'"_s,
                                 "department: no revenue centre is called HC"}),
     CaseName());
