@@ -4,6 +4,7 @@
 #include "support/FixedClock.h"
 #include "support/PrintQt.h"
 #include "support/smallhospital/GatewayTexts.h"
+#include "text/RunTimeError.h"
 
 #include <QFile>
 #include <QFileInfo>
