@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 
 #include <array>
 #include <odbcinst.h>
@@ -46,9 +47,16 @@ Findings JudgeFreeTds(const QString& name, const SourceLines& source, const Sour
     return faults;
 }
 
+/// Microsoft's driver encrypts from version 18 on, unless it is told otherwise.
+bool EncryptsUnasked(const SourceLines& source) {
+    static const QRegularExpression version(u"msodbcsql.* (\\d+)\\.\\d+\\.\\d+$"_s);
+    const auto match = version.match(source.value(u"driver"_s));
+    return source.value(u"encrypt"_s).isEmpty() && match.hasMatch() && match.captured(1).toInt() >= 18;
+}
+
 Findings JudgeOther(const QString& name, const SourceLines& source) {
     Findings faults;
-    if (!IsYes(source.value(u"encrypt"_s)))
+    if (!IsYes(source.value(u"encrypt"_s)) && !EncryptsUnasked(source))
         faults.push_back(Fails(name, u"nothing asks for it"_s, u"write Encrypt = yes in odbc.ini"_s));
     if (IsYes(source.value(u"trustservercertificate"_s)))
         faults.push_back(Fails(name, u"no certificate is checked"_s,

@@ -89,6 +89,15 @@ TEST(SourceLines, OfAnotherDriverAreJudgedByItsOwnKeys) {
     EXPECT_THAT(Judged(source), ElementsAre(u"nothing asks for it"_s));
 }
 
+TEST(SourceLines, OfADriverThatEncryptsUnaskedNeedNotAsk) {
+    SourceLines source = {{u"driver"_s, u"libmsodbcsql-18.3.so.2.1 18.03.0002"_s}};
+    EXPECT_THAT(Judged(source), ElementsAre(u"ok"_s));
+    source[u"encrypt"_s] = u"no"_s;
+    EXPECT_THAT(Judged(source), ElementsAre(u"nothing asks for it"_s));
+    source = {{u"driver"_s, u"libmsodbcsql-17.10.so.4.1 17.10.0004"_s}};
+    EXPECT_THAT(Judged(source), ElementsAre(u"nothing asks for it"_s));
+}
+
 TEST(SourceLines, ThatLogOnByThemselvesAreTold) {
     const CaFile file;
     SourceLines source = kFreeTds;
