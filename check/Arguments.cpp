@@ -1,5 +1,7 @@
 #include "check/Arguments.h"
 
+#include "suite/ConsoleOptions.h"
+
 #include <QCommandLineParser>
 
 #include <array>
@@ -48,8 +50,6 @@ void RequireWhole(const Arguments& arguments, const QCommandLineParser& parser) 
         throw ArgumentError(u"Who signs on? --user names him."_s);
     if (copies && arguments.source != kTrialHospital)
         throw ArgumentError(u"A server's databases are backed up by the server."_s);
-    if (copies && arguments.file.isEmpty())
-        throw ArgumentError(u"Which file?"_s);
     if (parser.isSet(u"backup"_s) && parser.isSet(u"restore"_s))
         throw ArgumentError(u"--backup and --restore are asked for one at a time."_s);
 }
@@ -62,11 +62,9 @@ Arguments ReadArguments(const QStringList& words) {
         parser.addOption(QCommandLineOption(QString::fromLatin1(option.name),
                                             QString::fromLatin1(option.meaning),
                                             QString::fromLatin1(option.value)));
-    if (!parser.parse(words))
-        throw ArgumentError(parser.errorText());
-    // What follows no option may be a password that somebody tried there: it is not repeated.
-    if (!parser.positionalArguments().isEmpty())
-        throw ArgumentError(u"A word belongs to no option."_s);
+    const QString mistake = ReadConsoleOptions(parser, words);
+    if (!mistake.isEmpty())
+        throw ArgumentError(mistake);
     Arguments arguments{.task = TaskOf(parser),
                         .source = parser.isSet(u"source"_s) ? parser.value(u"source"_s) : kTrialHospital,
                         .user = parser.value(u"user"_s),

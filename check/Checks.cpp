@@ -14,9 +14,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::array kChecks = {Check{"driver", LookAtDriver},
-                                Check{"encryption", LookAtEncryption},
+                                Check{"encryption", LookAtEncryption, true},
                                 Check{"server version", LookAtVersion},
                                 Check{"login language", LookAtLanguage},
+                                Check{"login name", LookAtLogin},
                                 Check{"clock", LookAtClock},
                                 Check{"collation", LookAtCollation},
                                 Check{"databases", LookAtDatabases},
@@ -29,10 +30,10 @@ constexpr std::array kChecks = {Check{"driver", LookAtDriver},
                                 Check{"hospital record", LookAtRecord},
                                 Check{"counters", LookAtCounters},
                                 Check{"department", LookAtDepartment},
-                                Check{"templates", LookAtTemplates},
-                                Check{"printers", LookAtPrinters},
-                                Check{"configuration", LookAtConfiguration},
-                                Check{"folders", LookAtFolders},
+                                Check{"templates", LookAtTemplates, true},
+                                Check{"printers", LookAtPrinters, true},
+                                Check{"configuration", LookAtConfiguration, true},
+                                Check{"folders", LookAtFolders, true},
                                 Check{"round trip", LookAtRoundTrip}};
 
 Findings Look(const Check& check, const Ground& ground) {
@@ -40,17 +41,19 @@ Findings Look(const Check& check, const Ground& ground) {
         return check.look(ground);
     } catch (const RunTimeError& error) {
         return {Fails(QString::fromLatin1(check.name), error.Description(),
-                      u"the server refused the question; docs/deployment.md has its texts"_s)};
+                      u"docs/deployment.md tells what the check asks, and what right that needs"_s)};
     }
 }
 
 } // namespace
 
-Findings LookAtEverything(const Ground& ground, const std::function<void(const Finding&)>& tell) {
+Findings LookAtEverything(const Ground& ground, const Hear& hear) {
     Findings all;
     for (const Check& check : kChecks) {
+        if (!ground.connection.Connected() && !check.isOfDesk)
+            continue;
         for (const Finding& finding : Look(check, ground)) {
-            tell(finding);
+            hear(finding);
             all.push_back(finding);
         }
     }

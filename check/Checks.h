@@ -4,9 +4,12 @@
 
 #include <functional>
 
-/// Looks at everything, in the order in which one thing rests upon another. A check that fails is a fault with
-/// the failure's text, and the next ones go on. `tell` hears each line as soon as it is known.
-Findings LookAtEverything(const Ground& ground, const std::function<void(const Finding&)>& tell);
+/// Hears of each line as soon as it is known.
+using Hear = std::function<void(const Finding&)>;
+
+/// Looks at everything, in the order in which one thing rests upon another; without a connection at what lies on
+/// the workstation. A check that fails is a fault with the failure's text, and the next ones go on.
+Findings LookAtEverything(const Ground& ground, const Hear& hear);
 
 /// Whether any of them is a fault.
 bool HasFaults(const Findings& findings);

@@ -34,7 +34,7 @@ void LookAtTemplate(const QString& path, const Needs& needs, Findings& faults) {
         const auto read = ReadTemplate(path, file.read(kLargestTemplate + 1));
         for (const QString& problem : ProblemsOfFields(*read, needs))
             faults.push_back(Fails(name, u"%1: %2"_s.arg(path, problem),
-                                   u"name a column that the query answers; docs/templates.md"_s));
+                                   u"set the line right; docs/templates.md"_s));
     } catch (const RunTimeError& error) {
         faults.push_back(Fails(name, error.Description(), u"set the line right; docs/templates.md"_s));
     }
@@ -104,6 +104,6 @@ Findings LookAtFolders(const Ground& ground) {
     if (reports.isWritable() && !ground.isTrial)
         faults.push_back(Fails(name, u"%1 may be written to by who works here"_s.arg(reports.filePath()),
                                u"a template is as good as a command in the clerk's name: give the folder to "
-                               "the administrator"_s));
+                               "the administrator, and run the check as the clerk: root may write everywhere"_s));
     return FaultsOr(std::move(faults), Ok(name, ground.dataFolder));
 }

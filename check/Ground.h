@@ -8,7 +8,7 @@
 
 /// What the checks look at.
 struct Ground {
-    /// Of the user who has signed on.
+    /// Of the user who has signed on; one that is not connected where nobody could.
     CommandGateway& connection;
     const Needs& needs;
     bool isTrial = false;
@@ -20,8 +20,9 @@ struct Ground {
     QString dataFolder;
 };
 
-/// One thing that is looked at: its name, and how.
+/// One thing that is looked at: its name, how, and whether it can be without a connection.
 struct Check {
     const char* name;
     Findings (*look)(const Ground& ground);
+    bool isOfDesk = false;
 };

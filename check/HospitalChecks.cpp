@@ -70,7 +70,7 @@ Findings LookAtDepartment(const Ground& ground) {
     const auto users = RowsOf(ground.connection, u"SELECT EmployeeID FROM PASSWORD..tbPasswordDept WHERE DeptCode = '%1'"_s
                                                      .arg(ground.department));
     if (users == 0)
-        faults.push_back(Fails(name, u"nobody may sign on for %1"_s.arg(ground.department),
+        faults.push_back(Fails(name, u"no user is entered for %1"_s.arg(ground.department),
                                u"enter the users in PASSWORD..tbPasswordDept"_s));
     const RowSet centre = ground.connection.Execute(ExactRevenueCommand(ground.department));
     if (centre.Eof())

@@ -16,6 +16,7 @@ namespace {
 using ObjectRows = QMap<QString, std::vector<QStringList>>;
 
 const QString kDeploy = u"lay it on the server, as the hospital's suite has it; docs/deployment.md"_s;
+const QString kAsking = u"docs/deployment.md tells what the check asks, and what right that needs"_s;
 const QString kSameScripts =
     u"the file's procedures are made from this version's scripts; the sign-on sees to that"_s;
 // A database without a right of the user's need not be reached.
@@ -29,13 +30,26 @@ QStringList DatabasesWith(const QStringList& objects, const Needs& needs) {
     return databases;
 }
 
+/// Enters a database; false, with a fault, where that is refused.
+bool Enter(const Ground& ground, const QString& name, const QString& database, Findings& faults) {
+    try {
+        ground.connection.SetDefaultDatabase(database);
+        return true;
+    } catch (const RunTimeError& error) {
+        faults.push_back(Fails(name, u"%1: %2"_s.arg(database, error.Description()),
+                               u"let %1 in to this database"_s.arg(ground.user)));
+        return false;
+    }
+}
+
 /// Asks one question of each database; what a database refuses becomes a fault.
 ObjectRows Ask(const Ground& ground, const QString& name, const QStringList& objects,
                const QString& question, const QStringList& columns, Findings& faults) {
     ObjectRows found;
     for (const QString& database : DatabasesWith(objects, ground.needs)) {
+        if (!Enter(ground, name, database, faults))
+            continue;
         try {
-            ground.connection.SetDefaultDatabase(database);
             RowSet rows = ground.connection.Execute(question);
             for (; !rows.Eof(); rows.MoveNext()) {
                 QStringList cells;
@@ -45,7 +59,7 @@ ObjectRows Ask(const Ground& ground, const QString& name, const QStringList& obj
             }
         } catch (const RunTimeError& error) {
             faults.push_back(Fails(name, u"%1: %2"_s.arg(database, error.Description()),
-                                   u"let %1 in to this database"_s.arg(ground.user)));
+                                   kAsking));
         }
     }
     return found;
@@ -166,6 +180,31 @@ class Permissions {
     bool mIsStandby = false;
 };
 
+/// The rights to a server or a database as a whole by which more is reached than a look at it.
+QStringList Weighty(RowSet rows, const QString& of) {
+    QStringList rights;
+    for (; !rows.Eof(); rows.MoveNext()) {
+        const QString right = rows.Fields(u"Permission").TextOrEmpty();
+        const bool isLook = right.startsWith("CONNECT"_L1) || right.startsWith("VIEW "_L1) ||
+                            right == "SHOWPLAN"_L1;
+        if (!isLook)
+            rights << right + u' ' + of;
+    }
+    return rights;
+}
+
+/// What the user may do with the server and with the databases that he can enter, as wholes, when nobody has to.
+QStringList RightsToWholes(const Ground& ground) {
+    QStringList rights =
+        Weighty(ground.connection.Execute(ServerPermissionsQuestion()), u"of the server"_s);
+    Findings refused;
+    for (const QString& database : ground.needs.databases) {
+        if (Enter(ground, {}, database, refused))
+            rights << Weighty(ground.connection.Execute(DatabasePermissionsQuestion()), u"in "_s + database);
+    }
+    return rights;
+}
+
 QStringList ObjectsOf(const Needs& needs) {
     return needs.GrantedProcedures() + needs.GrantedTables();
 }
@@ -260,7 +299,7 @@ Findings LookAtRights(const Ground& ground) {
                                    u"run tools/sqlserver/rights.sql and make him a member of "
                                    "tarven_hemodialysis"_s));
     }
-    const QStringList beyond = permissions.Beyond(ground.needs.rights);
+    const QStringList beyond = RightsToWholes(ground) + permissions.Beyond(ground.needs.rights);
     if (!beyond.isEmpty())
         faults.push_back(Fails(name, u"%1 may more than is needed: %2"_s.arg(ground.user, FirstOf(beyond)),
                                u"take him out of the other roles, the owners' and administrators' above all"_s));
@@ -270,7 +309,7 @@ Findings LookAtRights(const Ground& ground) {
 
 Needs NeedsAsTold(const Ground& ground) {
     Needs told = ground.needs;
-    if (ground.isTrial)
+    if (ground.isTrial || !ground.connection.Connected())
         return told;
     // A database that refuses the question has its line among the answers and the tables.
     Findings refused;

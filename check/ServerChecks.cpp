@@ -3,6 +3,9 @@
 #include "check/questions.h"
 #include "check/SourceLines.h"
 #include "text/Clock.h"
+#include "text/RunTimeError.h"
+#include "trial/EmbeddedGateway.h"
+#include "trial/HospitalFile.h"
 
 #include <QDateTime>
 #include <QRegularExpression>
@@ -23,25 +26,35 @@ const QString kTrialNeedsNone = u"the trial hospital is a file on this machine"_
 struct ServerDatabase {
     QString name;
     QString collation;
-    QString state;
     bool chains = false;
     bool readOnly = false;
-    bool snapshot = false;
     QString owner;
 };
 
-std::vector<ServerDatabase> DatabasesOf(const Ground& ground) {
+/// Asks each database in turn. One that cannot be entered is told in `refused`.
+std::vector<ServerDatabase> DatabasesOf(const Ground& ground, Findings& refused) {
     std::vector<ServerDatabase> databases;
-    RowSet rows = ground.connection.Execute(DatabasesQuestion());
-    for (; !rows.Eof(); rows.MoveNext()) {
-        const QString name = rows.Fields(u"DatabaseName").ToText();
-        if (ground.needs.databases.contains(name, Qt::CaseInsensitive))
-            databases.push_back({name, rows.Fields(u"CollationName").TextOrEmpty(),
-                                 rows.Fields(u"State").TextOrEmpty(), rows.Fields(u"Chaining").ToBoolean(),
-                                 rows.Fields(u"ReadOnly").ToBoolean(), rows.Fields(u"Snapshot").ToBoolean(),
-                                 rows.Fields(u"Owner").TextOrEmpty()});
+    for (const QString& name : ground.needs.databases) {
+        try {
+            ground.connection.SetDefaultDatabase(name);
+        } catch (const RunTimeError& error) {
+            refused.push_back(
+                Fails(u"databases"_s, u"%1: %2"_s.arg(name, error.Description()),
+                      u"let the login in to it (CREATE USER ... FOR LOGIN ...), or bring it online"_s));
+            continue;
+        }
+        const RowSet rows = ground.connection.Execute(DatabaseQuestion());
+        databases.push_back({name, rows.Fields(u"CollationName").TextOrEmpty(),
+                             rows.Fields(u"Chaining").ToBoolean(), rows.Fields(u"ReadOnly").ToBoolean(),
+                             rows.Fields(u"Owner").TextOrEmpty()});
     }
     return databases;
+}
+
+/// Those that can be entered; the others have their lines among the databases.
+std::vector<ServerDatabase> DatabasesOf(const Ground& ground) {
+    Findings refused;
+    return DatabasesOf(ground, refused);
 }
 
 QString NumberOf(const std::vector<ServerDatabase>& databases) {
@@ -54,6 +67,17 @@ template <class Judge> Findings Judged(const Ground& ground, const Finding& whol
     for (const ServerDatabase& database : DatabasesOf(ground))
         judge(database, faults);
     return FaultsOr(std::move(faults), whole);
+}
+
+/// The trial hospital's connection is its engine's.
+Findings LookThroughFile(const Ground& ground, const QString& name) {
+    try {
+        HospitalFile::LookThrough(static_cast<EmbeddedGateway&>(ground.connection));
+    } catch (const RunTimeError& error) {
+        return {Fails(name, error.Description(),
+                      u"put a copy back (--restore), or make the trial hospital anew; docs/deployment.md"_s)};
+    }
+    return {Ok(name, u"%1 in the file, which is whole"_s.arg(ground.needs.databases.size()))};
 }
 
 QString Sentence(qint64 seconds) {
@@ -78,7 +102,7 @@ Findings LookAtEncryption(const Ground& ground) {
     const QString name = u"encryption"_s;
     if (ground.isTrial)
         return {NotLookedAt(name, kTrialNeedsNone)};
-    return LookAtSourceLines(name, ground.source);
+    return LookAtSourceLines(name, ground.source, ground.connection.DriverVersion());
 }
 
 Findings LookAtVersion(const Ground& ground) {
@@ -104,9 +128,22 @@ Findings LookAtLanguage(const Ground& ground) {
     const QString seen = u"%1, dates as %2"_s.arg(language, order);
     if (order != "mdy"_L1 || language != "us_english"_L1)
         return {Fails(name, seen,
-                      u"ALTER LOGIN [%1] WITH DEFAULT_LANGUAGE = us_english; the program sends dates as "
-                      "mm/dd/yyyy"_s.arg(ground.user))};
+                      u"ALTER LOGIN [%1] WITH DEFAULT_LANGUAGE = us_english, and no Language in odbc.ini; the "
+                      "program sends dates as mm/dd/yyyy"_s.arg(ground.user))};
     return {Ok(name, seen)};
+}
+
+Findings LookAtLogin(const Ground& ground) {
+    const QString name = u"login name"_s;
+    if (ground.isTrial)
+        return {NotLookedAt(name, u"the trial hospital goes by the sign-on"_s)};
+    const QString login =
+        ground.connection.Execute(SessionQuestion()).Fields(u"Login").TextOrEmpty().trimmed();
+    if (login.compare(ground.user, Qt::CaseInsensitive) != 0)
+        return {Fails(name, u"the server knows %1 as \"%2\", in whose name nothing is recorded"_s.arg(
+                                ground.user, login),
+                      u"name the login as the user's EmployeeID, and let no data source log on by itself"_s)};
+    return {Ok(name, login)};
 }
 
 Findings LookAtClock(const Ground& ground) {
@@ -131,24 +168,14 @@ Findings LookAtClock(const Ground& ground) {
 Findings LookAtDatabases(const Ground& ground) {
     const QString name = u"databases"_s;
     if (ground.isTrial)
-        return {Ok(name, u"%1 in the file"_s.arg(ground.needs.databases.size()))};
-    QStringList missing = ground.needs.databases;
+        return LookThroughFile(ground, name);
     Findings faults;
-    for (const ServerDatabase& database : DatabasesOf(ground)) {
-        missing.removeIf([&](const QString& needed) {
-            return needed.compare(database.name, Qt::CaseInsensitive) == 0;
-        });
-        if (database.state != "ONLINE"_L1)
-            faults.push_back(Fails(name, u"%1 is %2"_s.arg(database.name, database.state),
-                                   u"bring it online"_s));
-        else if (database.readOnly)
+    for (const ServerDatabase& database : DatabasesOf(ground, faults)) {
+        if (database.readOnly)
             faults.push_back(Fails(name, database.name + u" cannot be written to"_s,
                                    u"ALTER DATABASE [%1] SET READ_WRITE, or another data source: a replica "
                                    "is read alone"_s.arg(database.name)));
     }
-    for (const QString& needed : missing)
-        faults.push_back(Fails(name, needed + u" is not there, or %1 may not see it"_s.arg(ground.user),
-                               u"let the login in to it (CREATE USER ... FOR LOGIN ...)"_s));
     return FaultsOr(std::move(faults),
                     Ok(name, u"all %1 are there"_s.arg(ground.needs.databases.size())));
 }
@@ -159,7 +186,7 @@ Findings LookAtCollation(const Ground& ground) {
         return {Ok(name, CollationName())};
     const auto databases = DatabasesOf(ground);
     if (databases.empty())
-        return {NotLookedAt(name, u"no database is seen"_s)};
+        return {NotLookedAt(name, u"no database can be entered"_s)};
     const QString first = databases.front().collation;
     return Judged(ground, Ok(name, first), [&](const ServerDatabase& database, Findings& faults) {
         if (!database.collation.contains("_CI"_L1))
@@ -191,7 +218,7 @@ Findings LookAtChaining(const Ground& ground) {
         return {NotLookedAt(name, u"the trial hospital knows no owners"_s)};
     const auto databases = DatabasesOf(ground);
     if (databases.empty())
-        return {NotLookedAt(name, u"no database is seen"_s)};
+        return {NotLookedAt(name, u"no database can be entered"_s)};
     const QString owner = databases.front().owner;
     const Finding whole = Ok(name, NumberOf(databases) + u" of one owner use each other"_s);
     return Judged(ground, whole, [&](const ServerDatabase& database, Findings& faults) {

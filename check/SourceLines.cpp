@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 
 #include <array>
 #include <odbcinst.h>
@@ -25,13 +26,14 @@ bool IsFreeTds(const SourceLines& source) {
 
 Findings JudgeFreeTds(const QString& name, const SourceLines& source, const SourceLines& server) {
     const QString file = u" in freetds.conf, in the section that odbc.ini names with Servername"_s;
-    const QString encryption = server.value(u"encryption"_s, source.value(u"encryption"_s));
+    // What odbc.ini says itself goes before the driver's own file.
+    const QString encryption = source.value(u"encryption"_s, server.value(u"encryption"_s));
     Findings faults;
     if (!IsYes(encryption))
         faults.push_back(Fails(name,
                                encryption.isEmpty() ? u"nothing asks for it"_s
                                                     : u"encryption = "_s + encryption,
-                               u"write encryption = require"_s + file));
+                               u"write encryption = require"_s + file + u", and no Encryption in odbc.ini"_s));
     if (server.value(u"ca file"_s).isEmpty())
         faults.push_back(Fails(name, u"no certificate is checked: nothing names a ca file"_s,
                                u"write ca file = ... with the hospital's certificate authority"_s + file));
@@ -45,9 +47,16 @@ Findings JudgeFreeTds(const QString& name, const SourceLines& source, const Sour
     return faults;
 }
 
+/// Microsoft's driver encrypts from version 18 on, unless it is told otherwise.
+bool EncryptsUnasked(const SourceLines& source) {
+    static const QRegularExpression version(u"msodbcsql.* (\\d+)\\.\\d+\\.\\d+$"_s);
+    const auto match = version.match(source.value(u"driver"_s));
+    return source.value(u"encrypt"_s).isEmpty() && match.hasMatch() && match.captured(1).toInt() >= 18;
+}
+
 Findings JudgeOther(const QString& name, const SourceLines& source) {
     Findings faults;
-    if (!IsYes(source.value(u"encrypt"_s)))
+    if (!IsYes(source.value(u"encrypt"_s)) && !EncryptsUnasked(source))
         faults.push_back(Fails(name, u"nothing asks for it"_s, u"write Encrypt = yes in odbc.ini"_s));
     if (IsYes(source.value(u"trustservercertificate"_s)))
         faults.push_back(Fails(name, u"no certificate is checked"_s,
@@ -76,17 +85,23 @@ SourceLines LinesOfSource(const QString& source) {
 
 /// Where the driver looks for its servers, in its order.
 QStringList ServerFiles() {
-    return {qEnvironmentVariable("FREETDSCONF"), QDir::homePath() + u"/.freetds.conf"_s,
-            u"/etc/freetds/freetds.conf"_s};
+    return {qEnvironmentVariable("FREETDSCONF"), qEnvironmentVariable("FREETDS") + u"/etc/freetds.conf"_s,
+            QDir::homePath() + u"/.freetds.conf"_s, u"/etc/freetds/freetds.conf"_s};
 }
 
+/// As the driver reads them: file after file until one has the server, and none where odbc.ini names the machine
+/// itself (Server) and no section (Servername).
 SourceLines LinesOfServer(const QString& server) {
+    SourceLines lines;
+    if (server.isEmpty())
+        return lines;
     for (const QString& path : ServerFiles()) {
         QFile file(path);
-        if (QFile::exists(path) && file.open(QIODevice::ReadOnly))
-            return ReadServerLines(QString::fromUtf8(file.readAll()), server);
+        if (QFile::exists(path) && file.open(QIODevice::ReadOnly) &&
+            ReadServerLines(QString::fromUtf8(file.readAll()), server, lines))
+            break;
     }
-    return {};
+    return lines;
 }
 
 } // namespace
@@ -99,27 +114,30 @@ Findings JudgeSourceLines(const QString& name, const SourceLines& source, const 
     return FaultsOr(std::move(faults), Ok(name, u"asked for, with the server's certificate checked"_s));
 }
 
-SourceLines ReadServerLines(const QString& content, const QString& section) {
-    SourceLines global;
+bool ReadServerLines(const QString& content, const QString& section, SourceLines& lines) {
     SourceLines own;
     SourceLines* current = nullptr;
+    bool stands = false;
     for (const QString& written : content.split(u'\n')) {
         const QString line = written.trimmed();
         if (line.startsWith(u'[') && line.endsWith(u']')) {
             const QString name = line.mid(1).chopped(1).trimmed();
             const bool isOwn = name.compare(section, Qt::CaseInsensitive) == 0;
-            current = isOwn ? &own : name.toLower() == "global"_L1 ? &global : nullptr;
+            current = isOwn ? &own : name.toLower() == "global"_L1 ? &lines : nullptr;
+            stands = stands || isOwn;
         } else if (current && line.contains(u'=') && !line.startsWith(u'#') && !line.startsWith(u';')) {
             current->insert(line.section(u'=', 0, 0).simplified().toLower(),
                             line.section(u'=', 1).trimmed());
         }
     }
-    for (auto line = own.cbegin(); line != own.cend(); ++line)
-        global.insert(line.key(), line.value());
-    return global;
+    lines.insert(own);
+    return stands;
 }
 
-Findings LookAtSourceLines(const QString& name, const QString& source) {
-    const SourceLines lines = LinesOfSource(source);
+Findings LookAtSourceLines(const QString& name, const QString& source, const QString& driver) {
+    SourceLines lines = LinesOfSource(source);
+    // odbc.ini may call it by any name.
+    if (!driver.isEmpty())
+        lines.insert(u"driver"_s, driver);
     return JudgeSourceLines(name, lines, LinesOfServer(lines.value(u"servername"_s)));
 }

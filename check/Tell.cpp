@@ -6,6 +6,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -35,15 +37,22 @@ QString ColorOf(Verdict verdict) {
     }
 }
 
+/// Names and texts come from the hospital: no line break of theirs may pass for a line of the check, and no sign of
+/// theirs may tell the terminal what to do.
+QString Plain(QString text) {
+    std::ranges::replace_if(text, [](QChar c) { return c.category() == QChar::Other_Control; }, u' ');
+    return text;
+}
+
 } // namespace
 
 QString LineOf(const Finding& finding, bool colored) {
     const QString color = colored ? ColorOf(finding.verdict) : QString();
     const QString word = WordOf(finding.verdict).leftJustified(kVerdictWidth);
     const QString shown = color.isEmpty() ? word : color + word + u"\x1b[0m"_s;
-    QString line = u"%1  %2  %3\n"_s.arg(shown, finding.name.leftJustified(kNameWidth), finding.seen);
+    QString line = u"%1  %2  %3\n"_s.arg(shown, finding.name.leftJustified(kNameWidth), Plain(finding.seen));
     if (!finding.toDo.isEmpty())
-        line += QString(kVerdictWidth + kNameWidth + 4, u' ') + u"-> "_s + finding.toDo + u'\n';
+        line += QString(kVerdictWidth + kNameWidth + 4, u' ') + u"-> "_s + Plain(finding.toDo) + u'\n';
     return line;
 }
 

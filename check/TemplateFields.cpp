@@ -1,5 +1,6 @@
 #include "check/TemplateFields.h"
 
+#include "report/pages/Code128.h"
 #include "text/RunTimeError.h"
 #include "tsql/CommandParser.h"
 
@@ -75,7 +76,20 @@ class FieldsReader {
             mProblems << u"line %1: there is no column %2"_s.arg(line).arg(column);
     }
 
+    /// What the words alone cannot be is not to be with the values among them either.
+    void LookAtBars(const ReportCell& cell) {
+        QString words;
+        for (const TextPiece& piece : cell.text)
+            words += piece.kind == TextPiece::Kind::Literal ? piece.text : QString();
+        words = words.trimmed();
+        if (!words.isEmpty() && !ModuleIn(cell.box.width(), Code128(words)))
+            mProblems << u"line %1: \"%2\" cannot be bars there and would stand in words"_s.arg(cell.line)
+                             .arg(words);
+    }
+
     void Look(const ReportCell& cell) {
+        if (cell.isBarcode)
+            LookAtBars(cell);
         for (const TextPiece& piece : cell.text) {
             if (piece.kind == TextPiece::Kind::Field || piece.kind == TextPiece::Kind::Sum)
                 Require(piece.text, piece.query, cell.line);

@@ -1,8 +1,11 @@
 #include "check/Arguments.h"
 #include "check/Checks.h"
+#include "check/NoConnection.h"
+#include "check/SignOnFault.h"
 #include "check/Tell.h"
 #include "components/shared.h"
 #include "gateway/CommandTrace.h"
+#include "odbc/OdbcDataSources.h"
 #include "shell/ConfigFile.h"
 #include "shell/version.h"
 #include "suite/ConsoleSignOn.h"
@@ -50,30 +53,68 @@ QString Department(const Arguments& arguments) {
     return code;
 }
 
-int Look(const Arguments& arguments) {
-    const ConsolePassword password(arguments.passwordFile);
-    const QString department = Department(arguments);
-    const auto source = DataSourceNamed(DataFolder(), arguments.source);
-    const auto user = SignOnAtConsole(*source, arguments.user, password, department);
-    const Needs needs = NeedsOfProgram();
-    const Ground ground{.connection = *user->connection,
-                        .needs = needs,
-                        .isTrial = source->IsTrial(),
-                        .user = user->employeeCode,
-                        .source = arguments.source,
-                        .department = department,
-                        .dataFolder = DataFolder()};
+/// What the sign-on window offers on this machine.
+QStringList OfferedSources() {
+    QStringList names;
+    for (const auto& source : DataSources(DataFolder(), OdbcDataSources))
+        names << source->Name();
+    return names;
+}
+
+std::unique_ptr<SignedOnUser> SignOnToLook(DataSource& source, const Arguments& arguments,
+                                           const QString& department) {
+    RequireMade(source);
+    return SignOnAtConsole(source, arguments.user, ConsolePassword(arguments.passwordFile), department);
+}
+
+/// Looks, and tells each line as it is known, or all of them, with those `before`, as JSON at the end.
+Findings LookAndTell(const Ground& ground, bool asJson, const Findings& before = {}) {
     const bool colored = ::isatty(STDOUT_FILENO) == 1;
-    const Findings findings = LookAtEverything(ground, [&](const Finding& finding) {
-        if (!arguments.asJson)
+    Findings all = before;
+    const Findings found = LookAtEverything(ground, [&](const Finding& finding) {
+        if (!asJson)
             Print(stdout, LineOf(finding, colored));
     });
-    if (arguments.asJson)
-        std::fputs(JsonOf(findings).constData(), stdout);
+    all.insert(all.end(), found.begin(), found.end());
+    if (asJson)
+        std::fputs(JsonOf(all).constData(), stdout);
     // On a full disk, for one: nobody has been told anything then.
     if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
         throw std::runtime_error("What was found cannot be written.");
-    return HasFaults(findings) ? Faults : AllWell;
+    return all;
+}
+
+/// What lies on the workstation may be why nobody could be signed on.
+int LookAtDesk(const RunTimeError& error, const Ground& ground, bool asJson) {
+    const Finding fault = SignOnFault(error, OfferedSources());
+    Print(stderr, u"tarven-check: %1\n              -> %2\n"_s.arg(fault.seen, fault.toDo));
+    LookAndTell(ground, asJson, {fault});
+    return CouldNotLook;
+}
+
+int Look(const Arguments& arguments) {
+    const Needs needs = NeedsOfProgram();
+    const auto source = DataSourceNamed(DataFolder(), arguments.source);
+    const auto groundOf = [&](CommandGateway& connection, const QString& user, const QString& department) {
+        return Ground{.connection = connection,
+                      .needs = needs,
+                      .isTrial = source->IsTrial(),
+                      .user = user,
+                      .source = arguments.source,
+                      .department = department,
+                      .dataFolder = DataFolder()};
+    };
+    QString department = arguments.department;
+    std::unique_ptr<SignedOnUser> user;
+    try {
+        department = Department(arguments);
+        user = SignOnToLook(*source, arguments, department);
+    } catch (const RunTimeError& error) {
+        NoConnection none;
+        return LookAtDesk(error, groundOf(none, arguments.user, department), arguments.asJson);
+    }
+    const Ground ground = groundOf(*user->connection, user->employeeCode, department);
+    return HasFaults(LookAndTell(ground, arguments.asJson)) ? Faults : AllWell;
 }
 
 int BackUp(const Arguments& arguments) {

@@ -4,15 +4,25 @@ using namespace Qt::StringLiterals;
 
 QString SessionQuestion() {
     return u"SELECT s.language AS Language, s.date_format AS DateOrder, "
-           "s.transaction_isolation_level AS Isolation, GETDATE() AS Clock, "
-           "DATEDIFF(minute, GETUTCDATE(), GETDATE()) AS Zone "
+           "s.transaction_isolation_level AS Isolation, SUSER_SNAME() AS Login, GETDATE() AS Clock, "
+           "DATEPART(tzoffset, SYSDATETIMEOFFSET()) AS Zone "
            "FROM sys.dm_exec_sessions AS s WHERE s.session_id = @@SPID"_s;
 }
 
-QString DatabasesQuestion() {
-    return u"SELECT d.name AS DatabaseName, d.collation_name AS CollationName, d.state_desc AS State, "
-           "d.is_db_chaining_on AS Chaining, d.is_read_only AS ReadOnly, "
-           "d.is_read_committed_snapshot_on AS Snapshot, CONVERT(varchar(200), d.owner_sid, 2) AS Owner FROM sys.databases AS d"_s;
+QString ServerPermissionsQuestion() {
+    return u"SELECT p.permission_name AS Permission FROM sys.fn_my_permissions(NULL, 'SERVER') AS p"_s;
+}
+
+QString DatabaseQuestion() {
+    // The server may let all its databases use each other. A replica is read alone without being marked so.
+    return u"SELECT d.collation_name AS CollationName, "
+           "CASE WHEN d.is_db_chaining_on = 1 OR EXISTS (SELECT 1 FROM sys.configurations AS c "
+           "WHERE c.name = 'cross db ownership chaining' AND CONVERT(int, c.value_in_use) = 1) "
+           "THEN 1 ELSE 0 END AS Chaining, "
+           "CASE WHEN d.is_read_only = 1 OR "
+           "CONVERT(nvarchar(60), DATABASEPROPERTYEX(d.name, 'Updateability')) = 'READ_ONLY' "
+           "THEN 1 ELSE 0 END AS ReadOnly, CONVERT(varchar(200), d.owner_sid, 2) AS Owner "
+           "FROM sys.databases AS d WHERE d.database_id = DB_ID()"_s;
 }
 
 QString ParametersQuestion() {
@@ -39,4 +49,8 @@ QString PermissionsQuestion() {
            "IS_MEMBER('tarven_hemodialysis_standby') AS Standby FROM sys.objects AS o "
            "CROSS APPLY sys.fn_my_permissions(CONCAT('dbo.', QUOTENAME(o.name)), 'OBJECT') AS p "
            "WHERE o.type IN ('U', 'V', 'P') AND SCHEMA_NAME(o.schema_id) = 'dbo' ORDER BY o.name"_s;
+}
+
+QString DatabasePermissionsQuestion() {
+    return u"SELECT p.permission_name AS Permission FROM sys.fn_my_permissions(NULL, 'DATABASE') AS p"_s;
 }

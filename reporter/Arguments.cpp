@@ -1,5 +1,7 @@
 #include "reporter/Arguments.h"
 
+#include "suite/ConsoleOptions.h"
+
 #include <QCommandLineParser>
 #include <QFileInfo>
 
@@ -78,11 +80,9 @@ void RequireWhole(const Arguments& arguments) {
 Arguments ReadArguments(const QStringList& words) {
     QCommandLineParser parser;
     AddOptions(parser);
-    if (!parser.parse(words))
-        throw ArgumentError(parser.errorText());
-    // What follows no option may be a password that somebody tried there: it is not repeated.
-    if (!parser.positionalArguments().isEmpty())
-        throw ArgumentError(u"A word belongs to no option."_s);
+    const QString mistake = ReadConsoleOptions(parser, words, u"param"_s);
+    if (!mistake.isEmpty())
+        throw ArgumentError(mistake);
     const auto value = [&parser](const char* name) { return parser.value(QString::fromLatin1(name)); };
     Arguments arguments{.task = TaskOf(parser),
                         .source = parser.isSet(u"source"_s) ? value("source") : kTrialHospital,

@@ -5,6 +5,7 @@
 #include "report/ReportEngine.h"
 #include "text/IsDate.h"
 #include "text/IsNumeric.h"
+#include "text/RunTimeError.h"
 #include "toolkit/ProgramFiles.h"
 
 #include <QFileInfo>
@@ -96,13 +97,31 @@ void Fill(Report& report, const std::vector<GivenValue>& values) {
     filling.RequireWhole();
 }
 
-void LogTablesOn(Report& report, const QString& otherDatabase, const ReportLogOn& logOn) {
+void PointAt(Report& report, const QString& database) {
     for (ReportTable& table : report.Tables()) {
         const QString location = table.Location();
-        if (!otherDatabase.isEmpty())
-            table.SetLocation(otherDatabase + location.mid(location.indexOf(u'.')));
-        table.SetLogOnInfo(logOn.server, logOn.database, logOn.user, logOn.password);
+        try {
+            table.SetLocation(database + location.mid(location.indexOf(u'.')));
+        } catch (const RunTimeError&) {
+            throw ArgumentError(u"\"%1\" is no name of a database."_s.arg(database));
+        }
     }
+}
+
+void LogTablesOn(Report& report, const ReportLogOn& logOn) {
+    for (ReportTable& table : report.Tables())
+        table.SetLogOnInfo(logOn.server, logOn.database, logOn.user, logOn.password);
+}
+
+void RequirePlaceFor(const QString& file) {
+    const QFileInfo place(file);
+    if (place.isDir())
+        throw FileError(file, u"it is a folder"_s);
+    const QFileInfo folder(place.absolutePath());
+    if (!folder.isDir())
+        throw FileError(file, u"there is no folder %1"_s.arg(folder.filePath()));
+    if (!folder.isWritable())
+        throw FileError(file, u"the folder %1 cannot be written to"_s.arg(folder.filePath()));
 }
 
 void WriteReport(Report& report, const QString& file) {

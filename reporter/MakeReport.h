@@ -20,9 +20,15 @@ std::shared_ptr<Report> OpenTemplate(const QString& name);
 /// twice or not at all, and for a value that its type does not take.
 void Fill(Report& report, const std::vector<GivenValue>& values);
 
-/// Logs the tables of a report on, in another database than the template's own where one is named. Raises an
-/// error for a name that is none.
-void LogTablesOn(Report& report, const QString& otherDatabase, const ReportLogOn& logOn);
+/// Points the tables of a report at another database than the template's own. Raises ArgumentError for a name
+/// that is none.
+void PointAt(Report& report, const QString& database);
+
+/// Logs the tables of a report on.
+void LogTablesOn(Report& report, const ReportLogOn& logOn);
+
+/// Raises 75 where a file has no place to be written to. What else may be wrong with it is seen when it is.
+void RequirePlaceFor(const QString& file);
 
 /// Writes the report's pages, or its rows, into the file, whose ending decides. The file takes its place
 /// whole or not at all. Raises 75 with the file's path, and what the report raises.

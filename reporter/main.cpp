@@ -9,6 +9,7 @@
 #include "shell/ConfigFile.h"
 #include "shell/version.h"
 #include "suite/ConsoleSignOn.h"
+#include "suite/Passwords.h"
 #include "suite/RegisterSuite.h"
 #include "text/RunTimeError.h"
 #include "toolkit/Application.h"
@@ -58,9 +59,12 @@ ReportLogOn LogOn(const Arguments& arguments) {
     // Unless it is told otherwise, a report stands where the main window has its connection.
     const bool isElsewhere = !arguments.database.isEmpty();
     try {
-        const ConsolePassword password(arguments.passwordFile);
         const auto source = DataSourceNamed(DataFolder(), arguments.source);
-        SignOnAtConsole(*source, arguments.user, password, Department(arguments));
+        RequireMade(*source);
+        const ConsolePassword password(arguments.passwordFile);
+        const auto user = SignOnAtConsole(*source, arguments.user, password, Department(arguments));
+        if (isElsewhere)
+            user->connection->SetDefaultDatabase(arguments.database);
         return {.server = arguments.source,
                 .database = isElsewhere ? arguments.database : u"PASSWORD"_s,
                 .user = arguments.user,
@@ -73,6 +77,8 @@ ReportLogOn LogOn(const Arguments& arguments) {
 std::shared_ptr<Report> FilledReport(const Arguments& arguments) {
     auto report = OpenTemplate(arguments.templateFile);
     Fill(*report, arguments.values);
+    if (!arguments.database.isEmpty())
+        PointAt(*report, arguments.database);
     return report;
 }
 
@@ -81,7 +87,7 @@ int Watch(const Arguments& arguments) {
     // Whoever begins a template begins with a file that is none yet: the window tells what it lacks.
     TemplateWatch window(TemplateFile(arguments.templateFile), [&arguments, &logOn] {
         const auto report = FilledReport(arguments);
-        LogTablesOn(*report, arguments.database, logOn);
+        LogTablesOn(*report, logOn);
         return report->Document();
     });
     window.show();
@@ -90,9 +96,12 @@ int Watch(const Arguments& arguments) {
 }
 
 int Make(const Arguments& arguments) {
-    // What is wrong with it is told before anybody is asked for a password.
+    // What is wrong with it is told before anybody is asked for a password, or has waited for the rows.
     const auto report = FilledReport(arguments);
-    LogTablesOn(*report, arguments.database, LogOn(arguments));
+    RequirePlaceFor(arguments.output);
+    ReportLogOn logOn = LogOn(arguments);
+    LogTablesOn(*report, logOn);
+    WipePassword(logOn.password);
     WriteReport(*report, arguments.output);
     return Outcome::kMade;
 }
@@ -117,6 +126,11 @@ int Do(const Arguments& arguments) {
 }
 
 int DoAndTell(const Arguments& arguments) {
+    try {
+        CommandTrace::SetCurrent(CommandTrace::OfEnvironment().release());
+    } catch (const std::exception& error) {
+        return Refuse(error, Outcome::kNotBegun);
+    }
     try {
         return Do(arguments);
     } catch (const ArgumentError& error) {
@@ -148,6 +162,5 @@ int main(int argc, char** argv) {
     int wordsOfTheToolkit = 1;
     const Application application(wordsOfTheToolkit, argv);
     RegisterSuite(DataFolder());
-    CommandTrace::SetCurrent(CommandTrace::OfEnvironment().release());
     return DoAndTell(arguments);
 }

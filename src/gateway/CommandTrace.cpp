@@ -18,20 +18,23 @@ bool IsLiteral(const Token& token) {
     return token.kind == TokenKind::Text || token.kind == TokenKind::Number;
 }
 
-/// A word that may stand right behind a text: the hospital's commands have such places.
+/// What the hospital's commands and templates have behind a text. Anything else was typed as a part of it: a
+/// quote within has ended it early.
 bool GoesOnAfterText(const Token& token) {
-    constexpr std::array<QStringView, 6> words = {u"and", u"or", u"as", u"from", u"where", u"order"};
-    return std::any_of(words.begin(), words.end(), [&token](QStringView word) { return token.Is(word); });
+    constexpr std::array<QStringView, 16> known = {u",",    u")",    u"=",     u"+",     u"and",   u"or",
+                                                   u"as",   u"from", u"where", u"order", u"group", u"union",
+                                                   u"when", u"then", u"else",  u"end"};
+    return std::ranges::any_of(known, [&token](QStringView word) {
+        return token.kind == TokenKind::Operator ? token.written == word : token.Is(word);
+    });
 }
 
-/// Whether a quote within a literal has ended it: what stands here was typed as a part of it.
-bool BreaksOut(const Token& before, const Token& token) {
-    return before.kind == TokenKind::Text && token.kind != TokenKind::Operator &&
-           before.position + before.written.size() == token.position && !GoesOnAfterText(token);
+bool IsUnclosedQuote(const Token& token) {
+    return token.kind == TokenKind::UnclosedQuote;
 }
 
 bool EndsWhatIsKnown(const Token& token) {
-    return token.kind == TokenKind::UnclosedQuote || token.kind == TokenKind::UnclosedComment;
+    return IsUnclosedQuote(token) || token.kind == TokenKind::UnclosedComment;
 }
 
 } // namespace
@@ -90,12 +93,16 @@ QString MaskedCommand(const QString& command) {
     QString masked;
     Token before;
     qsizetype end = 0;
-    for (const Token& token : LexSql(command)) {
+    const auto tokens = LexSql(command);
+    // With a quote too many, texts and what stands between them have changed places from some text on.
+    const bool isOpen = std::ranges::any_of(tokens, IsUnclosedQuote);
+    for (const Token& token : tokens) {
         if (token.kind == TokenKind::End)
             break;
+        const bool breaksOut = before.kind == TokenKind::Text && (isOpen || !GoesOnAfterText(token));
         if (token.position > end)
             masked += u' ';
-        if (EndsWhatIsKnown(token) || BreaksOut(before, token))
+        if (EndsWhatIsKnown(token) || breaksOut)
             return masked + u"..."_s;
         masked += IsLiteral(token) ? u"?"_s : token.written.toString();
         before = token;

@@ -96,12 +96,16 @@ ConsolePassword::~ConsolePassword() {
     WipePassword(mText);
 }
 
-std::unique_ptr<SignedOnUser> SignOnAtConsole(DataSource& source, const QString& user,
-                                              const ConsolePassword& password, const QString& deptCode,
-                                              bool toReplace) {
+void RequireMade(const DataSource& source) {
     if (source.NeedsMaking())
         throw RunTimeError(RunTime::kFileNotFound,
                            u"%1 has yet to be made: sign on to it once in the program."_s.arg(source.Name()));
+}
+
+std::unique_ptr<SignedOnUser> SignOnAtConsole(DataSource& source, const QString& user,
+                                              const ConsolePassword& password, const QString& deptCode,
+                                              bool toReplace) {
+    RequireMade(source);
     SignOnTry signOn{.deptCode = deptCode, .toReplace = toReplace};
     while (true) {
         SignOnOutcome outcome = TrySignOn(source, user, password.Text(), signOn);

@@ -30,6 +30,9 @@ class ConsolePassword {
     QString mText;
 };
 
+/// Raises 53 for a hospital that has yet to be made: nobody need be asked for a password then.
+void RequireMade(const DataSource& source);
+
 /// Signs a user on for a department as the sign-on window does. A wait that the hospital asks for, and what
 /// has failed in his name, is told on the standard error; the wait is served. Raises 18456 with the text of a
 /// refusal, 53 for a hospital that has yet to be made, and what the data source raises. `toReplace` says that

@@ -279,6 +279,25 @@ void CopyHospital(const QString& from, const QString& to, const std::vector<Scri
     copy.Flush();
 }
 
+RunTimeError NoPlace(const QString& path, const QString& why) {
+    return RunTimeError(RunTime::kPathFileAccess,
+                        u"%1: %2 (%3)"_s.arg(RunTime::TextOf(RunTime::kPathFileAccess), path, why));
+}
+
+/// Raises 75 where a copy would take the place of what is somebody's: a file that stands, a link to a disk
+/// that is away, or one that the making of the copy would take for its own.
+void RequireFree(const QString& path) {
+    const QFileInfo folder(QFileInfo(path).absolutePath());
+    if (!folder.isDir())
+        throw NoPlace(path, u"there is no folder %1"_s.arg(folder.filePath()));
+    // A copy that was stopped half-way has left its lock beside it.
+    const bool isLeftOver = QFile::exists(path + u".lock"_s);
+    for (const QFileInfo& file : {QFileInfo(path), QFileInfo(isLeftOver ? path : path + u".new"_s)}) {
+        if (file.exists() || file.isSymLink())
+            throw NoPlace(file.filePath(), u"it stands already, and nothing is written over"_s);
+    }
+}
+
 /// Where the hospital named by a path lies. Raises 5120 where none may lie.
 QString PlaceOf(const QString& path) {
     QString place = RealPath(path);
@@ -315,13 +334,18 @@ void HospitalFile::Replace(const QString& name, const std::vector<Script>& scrip
     next.Appear();
 }
 
+void HospitalFile::LookThrough(EmbeddedGateway& hospital) {
+    SqliteDatabase& database = hospital.Engine().Database();
+    RequirePasses(database, u"integrity_check"_s, database.Path());
+}
+
 void HospitalFile::BackUp(const QString& name, const QString& copy, const std::vector<Script>& scripts) {
     const QString path = RealPath(copy);
     RequireOrdinaryFile(RealPath(name));
+    RequireFree(path);
     const MakingLock lock(path, {});
     if (QFile::exists(path))
-        throw RunTimeError(RunTime::kPathFileAccess,
-                           RunTime::TextOf(RunTime::kPathFileAccess) + u": "_s + path);
+        throw NoPlace(path, u"another process has made it meanwhile"_s);
     UnfinishedHospital(path, [&](const QString& file) {
         CopyHospital(RealPath(name), file, scripts);
     }).Appear();

@@ -39,12 +39,17 @@ class HospitalFile {
     static void Replace(const QString& name, const std::vector<Script>& scripts,
                         const Progress& progress = {});
 
+    /// Looks through the whole file of an open hospital, its pages and its indexes, while others go on
+    /// working in it. Raises 824 with its path where they do not fit together.
+    static void LookThrough(EmbeddedGateway& hospital);
+
     /// Writes a copy of a hospital into a new file, as the hospital is at one moment, while others go on
     /// working in it: SQLite's own backup, through connections of its own. The copy is its owner's alone and
     /// has no log; it appears under its name only when it is whole and was looked through.
     ///
-    /// Raises 75 for a copy's name that stands, 53 and 5171 as EmbeddedGateway does, 824 for a hospital that
-    /// is damaged, 948 for one of another version, and the disk's failures.
+    /// Raises 75 for a copy's name, or the one beside it that its making needs, that stands, 53 and 5171
+    /// as EmbeddedGateway does, 824 for a hospital that is damaged, 948 for one of another version, and the
+    /// disk's failures.
     static void BackUp(const QString& name, const QString& copy, const std::vector<Script>& scripts);
 
     /// Puts a copy that BackUp has written into the hospital's place, where one may stand or not. The copy

@@ -48,11 +48,15 @@ TEST(CheckArguments, OfACopyNeedNoUser) {
 
 TEST(CheckArguments, ThatAskForNothingAreRefused) {
     EXPECT_EQ(RefusalOf({}), u"Who signs on? --user names him."_s);
-    EXPECT_EQ(RefusalOf({u"--backup"_s, u""_s}), u"Which file?"_s);
+    EXPECT_EQ(RefusalOf({u"--backup"_s, u""_s}), u"Nothing stands behind --backup."_s);
     EXPECT_EQ(RefusalOf({u"--backup"_s, u"a"_s, u"--restore"_s, u"b"_s}),
               u"--backup and --restore are asked for one at a time."_s);
     EXPECT_EQ(RefusalOf({u"--source"_s, u"San Roque"_s, u"--backup"_s, u"a"_s}),
               u"A server's databases are backed up by the server."_s);
+}
+
+TEST(CheckArguments, ThatSayTwoThingsAreRefused) {
+    EXPECT_EQ(RefusalOf({u"--backup"_s, u"a"_s, u"--backup"_s, u"b"_s}), u"--backup is given twice."_s);
 }
 
 TEST(CheckArguments, AWordThatBelongsNowhereIsNotRepeated) {

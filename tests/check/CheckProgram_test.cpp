@@ -1,15 +1,20 @@
+#include "check/CheckedServer.h"
+#include "check/Needs.h"
 #include "support/cups/CupsServer.h"
 #include "support/hospital/FreshHospital.h"
 #include "support/hospital/ProgramFolder.h"
 #include "support/PrintQt.h"
+#include "support/tds/TestDataSources.h"
 #include "trial/EmbeddedGateway.h"
 #include "trial/HospitalEngine.h"
 
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QSet>
 
 #include <gmock/gmock.h>
 
@@ -105,6 +110,19 @@ TEST_F(CheckProgram, EndsWithAFaultThatItTells) {
     EXPECT_EQ(run.told.split(u'\n').filter(u"FAULT  templates"_s).size(), 1) << run.told.toStdString();
 }
 
+TEST_F(CheckProgram, TellsOfPagesThatNothingElseReads) {
+    QFile file(hospital);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    constexpr qint64 kPages = 40 * 4096;
+    ASSERT_TRUE(file.seek(file.size() / 2 / 4096 * 4096));
+    file.write(QByteArray(kPages, 'x'));
+    file.close();
+    const Run run = Do({u"--user"_s, u"NURSE"_s});
+    EXPECT_EQ(run.exitCode, kFaults);
+    EXPECT_EQ(run.told.split(u'\n').filter(u"FAULT  databases"_s).filter(u"is damaged"_s).size(), 1)
+        << run.told.toStdString();
+}
+
 TEST_F(CheckProgram, CouldNotLookWhereItCannotTell) {
     output = u"/dev/full"_s;
     for (const QStringList& how : {QStringList{}, QStringList{u"--json"_s}}) {
@@ -132,14 +150,65 @@ TEST_F(CheckProgram, ThatCannotLookSaysWhyAndEndsWithTwo) {
     const Run refused = Do({u"--user"_s, u"NURSE"_s}, "wrong\n");
     EXPECT_EQ(refused.exitCode, kCouldNotLook);
     EXPECT_TRUE(refused.errors.contains(u"The user or the password is wrong."_s));
-    EXPECT_EQ(refused.told, QString());
+    EXPECT_FALSE(refused.told.contains(u"hospital record"_s)) << refused.told.toStdString();
     EXPECT_EQ(Do({}).exitCode, kCouldNotLook);
     EXPECT_EQ(Do({u"--user"_s, u"NURSE"_s, u"--source"_s, u"Nowhere"_s}).exitCode, kCouldNotLook);
     QFile::remove(hospital);
-    const Run unmade = Do({u"--user"_s, u"NURSE"_s});
+    const Run unmade = Do({u"--user"_s, u"NURSE"_s}, "");
     EXPECT_EQ(unmade.exitCode, kCouldNotLook);
     EXPECT_TRUE(unmade.errors.contains(u"has yet to be made"_s)) << unmade.errors.toStdString();
     EXPECT_FALSE(QFile::exists(hospital)) << "it was made by a look";
+}
+
+TEST_F(CheckProgram, ASignOnThatFailedIsToldWithWhatToDoAsJsonToo) {
+    const Run run = Do({u"--user"_s, u"NURSE"_s, u"--json"_s}, "wrong\n");
+    EXPECT_EQ(run.exitCode, kCouldNotLook);
+    EXPECT_TRUE(run.errors.contains(u"-> key them again"_s)) << run.errors.toStdString();
+    const QJsonObject whole = QJsonDocument::fromJson(run.told.toUtf8()).object();
+    EXPECT_FALSE(whole[u"ok"_s].toBool(true));
+    const QJsonObject fault = whole[u"findings"_s].toArray().at(0).toObject();
+    EXPECT_EQ(fault[u"name"_s].toString(), u"sign-on"_s);
+    EXPECT_EQ(fault[u"verdict"_s].toString(), u"FAULT"_s);
+    EXPECT_EQ(fault[u"seen"_s].toString(), u"The user or the password is wrong."_s);
+}
+
+// What is wrong may be on this side.
+TEST_F(CheckProgram, WithoutASignOnTheDeskIsLookedAt) {
+    QFile::remove(mFolder.File(u"Reports/AuditReport.RPT"_s));
+    const Run run = Do({u"--user"_s, u"NURSE"_s, u"--source"_s, u"Nowhere"_s});
+    EXPECT_EQ(run.exitCode, kCouldNotLook);
+    QStringList names;
+    for (const QString& line : run.told.split(u'\n')) {
+        if (!line.isEmpty() && !line.startsWith(u' '))
+            names << line.mid(7, 16).trimmed();
+    }
+    names.removeDuplicates();
+    EXPECT_EQ(names, (QStringList{u"encryption"_s, u"templates"_s, u"printers"_s, u"configuration"_s,
+                                  u"folders"_s}));
+    EXPECT_TRUE(run.told.contains(u"AuditReport.RPT"_s)) << run.told.toStdString();
+}
+
+TEST_F(CheckProgram, ASourceThatIsUnknownIsAnsweredWithThoseThatAreNot) {
+    const Run run = Do({u"--user"_s, u"NURSE"_s, u"--source"_s, u"Nowhere"_s});
+    EXPECT_TRUE(run.errors.contains(u"has: Trial hospital"_s)) << run.errors.toStdString();
+}
+
+TEST_F(CheckProgram, LooksAtAServerThroughItsDataSource) {
+    const Needs needs = NeedsOfProgram();
+    CheckedServer server(hospital, needs);
+    const QString source = TestDataSources::Instance().Add(server.Responder().Port());
+    const Run run = Do({u"--source"_s, source, u"--user"_s, u"NURSE"_s, u"--json"_s});
+    EXPECT_EQ(run.exitCode, kFaults) << run.errors.toStdString();
+    QSet<QString> faults;
+    for (const QJsonValue& finding :
+         QJsonDocument::fromJson(run.told.toUtf8()).object()[u"findings"_s].toArray()) {
+        if (finding[u"verdict"_s].toString() != "ok"_L1)
+            faults << finding[u"name"_s].toString();
+    }
+    // A data source of the tests asks for no encryption, and tests may run as a user who may write
+    // everywhere.
+    faults.subtract({u"encryption"_s, u"printers"_s, u"folders"_s});
+    EXPECT_EQ(faults, QSet<QString>());
 }
 
 TEST_F(CheckProgram, SavesAHospitalInUseAndPutsItBackWhenNobodyHasItOpen) {

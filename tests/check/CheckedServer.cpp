@@ -40,17 +40,20 @@ Value Text(const QString& text) {
 
 CatalogAnswer SessionAnswer() {
     const qint64 zone = QDateTime::currentDateTime().offsetFromUtc() / 60;
-    return {{u"Language"_s, u"DateOrder"_s, u"Isolation"_s, u"Clock"_s, u"Zone"_s},
-            {{Text(u"us_english"_s), Text(u"mdy"_s), Value(qint64(2)), Value(Now()), Value(zone)}}};
+    return {{u"Language"_s, u"DateOrder"_s, u"Isolation"_s, u"Login"_s, u"Clock"_s, u"Zone"_s},
+            {{Text(u"us_english"_s), Text(u"mdy"_s), Value(qint64(2)), Text(u"NURSE"_s), Value(Now()),
+              Value(zone)}}};
 }
 
-CatalogAnswer DatabasesAnswer(const Needs& needs) {
-    CatalogAnswer answer{{u"DatabaseName"_s, u"CollationName"_s, u"State"_s, u"Chaining"_s, u"ReadOnly"_s,
-                          u"Snapshot"_s, u"Owner"_s},
-                         {}};
-    for (const QString& database : needs.databases)
-        answer.rows.push_back({Text(database), Text(u"SQL_Latin1_General_CP1_CI_AS"_s), Text(u"ONLINE"_s),
-                               Value(true), Value(false), Value(false), Text(u"0105"_s)});
+CatalogAnswer DatabaseAnswer() {
+    return {{u"CollationName"_s, u"Chaining"_s, u"ReadOnly"_s, u"Owner"_s},
+            {{Text(u"SQL_Latin1_General_CP1_CI_AS"_s), Value(qint64(1)), Value(qint64(0)), Text(u"0105"_s)}}};
+}
+
+CatalogAnswer WholesAnswer(const QStringList& rights) {
+    CatalogAnswer answer{{u"Permission"_s}, {}};
+    for (const QString& right : rights)
+        answer.rows.push_back({Text(right)});
     return answer;
 }
 
@@ -171,8 +174,12 @@ bool CheckedServer::AnswerAboutItself(const QString& batch, const QString& datab
 CatalogAnswer CheckedServer::AnswerTo(const QString& question, const QString& database) const {
     if (question == SessionQuestion())
         return SessionAnswer();
-    if (question == DatabasesQuestion())
-        return DatabasesAnswer(mNeeds);
+    if (question == DatabaseQuestion())
+        return DatabaseAnswer();
+    if (question == ServerPermissionsQuestion())
+        return WholesAnswer({u"CONNECT SQL"_s, u"VIEW ANY DATABASE"_s});
+    if (question == DatabasePermissionsQuestion())
+        return WholesAnswer({u"CONNECT"_s, u"VIEW ANY COLUMN MASTER KEY DEFINITION"_s});
     if (question == ParametersQuestion())
         return ParametersAnswer(mNeeds, database);
     if (question == AnswersQuestion())

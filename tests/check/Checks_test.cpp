@@ -79,10 +79,10 @@ using Looks = std::vector<Findings (*)(const Ground&)>;
 
 /// The checks that look at the server alone.
 const Looks& ServerLooks() {
-    static const Looks looks = {LookAtDriver,     LookAtVersion,   LookAtLanguage,  LookAtClock,
-                                LookAtDatabases,  LookAtCollation, LookAtIsolation, LookAtChaining,
-                                LookAtProcedures, LookAtAnswers,   LookAtTables,    LookAtRights,
-                                LookAtRecord,     LookAtCounters,  LookAtDepartment};
+    static const Looks looks = {LookAtDriver,   LookAtVersion,    LookAtLanguage,  LookAtLogin,
+                                LookAtClock,    LookAtDatabases,  LookAtCollation, LookAtIsolation,
+                                LookAtChaining, LookAtProcedures, LookAtAnswers,   LookAtTables,
+                                LookAtRights,   LookAtRecord,     LookAtCounters,  LookAtDepartment};
     return looks;
 }
 
@@ -165,51 +165,37 @@ INSTANTIATE_TEST_SUITE_P(
                 {},
                 [](CatalogAnswer& a) { a.Cell(0, u"Isolation"_s) = Value(qint64(1)); },
                 "isolation: level 1"},
-        Planted{"DatabaseMissing",
-                DatabasesQuestion,
-                {},
-                [](CatalogAnswer& a) { a.Remove(u"DatabaseName"_s, u"REPORTS"_s); },
-                "databases: REPORTS is not there, or NURSE may not see it"},
-        Planted{"DatabaseOffline",
-                DatabasesQuestion,
-                {},
-                [](CatalogAnswer& a) {
-                    Set(a, u"DatabaseName"_s, u"BILLING"_s, u"State"_s, Value(u"SUSPECT"_s));
-                },
-                "databases: BILLING is SUSPECT"},
-        Planted{"DatabaseReadOnly",
-                DatabasesQuestion,
-                {},
-                [](CatalogAnswer& a) { Set(a, u"DatabaseName"_s, u"BILLING"_s, u"ReadOnly"_s, Value(true)); },
+        Planted{
+            "LoginOfAnotherName",
+            SessionQuestion,
+            {},
+            [](CatalogAnswer& a) { a.Cell(0, u"Login"_s) = Value(u"HOSPITAL\\nurse"_s); },
+            "login name: the server knows NURSE as \"HOSPITAL\\nurse\", in whose name nothing is recorded"},
+        Planted{"DatabaseReadOnly", DatabaseQuestion, u"BILLING"_s,
+                [](CatalogAnswer& a) { a.Cell(0, u"ReadOnly"_s) = Value(qint64(1)); },
                 "databases: BILLING cannot be written to"},
-        Planted{"CollationOfLetterCase",
-                DatabasesQuestion,
-                {},
+        Planted{"CollationOfLetterCase", DatabaseQuestion, u"BILLING"_s,
                 [](CatalogAnswer& a) {
-                    Set(a, u"DatabaseName"_s, u"BILLING"_s, u"CollationName"_s,
-                        Value(u"SQL_Latin1_General_CP1_CS_AS"_s));
+                    a.Cell(0, u"CollationName"_s) = Value(u"SQL_Latin1_General_CP1_CS_AS"_s);
                 },
                 "collation: BILLING has SQL_Latin1_General_CP1_CS_AS"},
-        Planted{"CollationOfItsOwn",
-                DatabasesQuestion,
-                {},
-                [](CatalogAnswer& a) {
-                    Set(a, u"DatabaseName"_s, u"BILLING"_s, u"CollationName"_s,
-                        Value(u"Latin1_General_CI_AS"_s));
-                },
+        Planted{"CollationOfItsOwn", DatabaseQuestion, u"BILLING"_s,
+                [](CatalogAnswer& a) { a.Cell(0, u"CollationName"_s) = Value(u"Latin1_General_CI_AS"_s); },
                 "collation: BILLING has Latin1_General_CI_AS, another one SQL_Latin1_General_CP1_CI_AS"},
-        Planted{
-            "Chaining",
-            DatabasesQuestion,
-            {},
-            [](CatalogAnswer& a) { Set(a, u"DatabaseName"_s, u"RADIOLOGY"_s, u"Chaining"_s, Value(false)); },
-            "chaining: RADIOLOGY has DB_CHAINING OFF"},
-        Planted{
-            "Owner",
-            DatabasesQuestion,
-            {},
-            [](CatalogAnswer& a) { Set(a, u"DatabaseName"_s, u"RADIOLOGY"_s, u"Owner"_s, Value(u"01"_s)); },
-            "chaining: RADIOLOGY has another owner than PASSWORD"},
+        Planted{"Chaining", DatabaseQuestion, u"RADIOLOGY"_s,
+                [](CatalogAnswer& a) { a.Cell(0, u"Chaining"_s) = Value(qint64(0)); },
+                "chaining: RADIOLOGY has DB_CHAINING OFF"},
+        Planted{"Owner", DatabaseQuestion, u"RADIOLOGY"_s,
+                [](CatalogAnswer& a) { a.Cell(0, u"Owner"_s) = Value(u"01"_s); },
+                "chaining: RADIOLOGY has another owner than PASSWORD"},
+        Planted{"RightToTheServer",
+                ServerPermissionsQuestion,
+                {},
+                [](CatalogAnswer& a) { a.rows.push_back({Value(u"ALTER ANY LOGIN"_s)}); },
+                "rights: NURSE may more than is needed: ALTER ANY LOGIN of the server"},
+        Planted{"RightToADatabase", DatabasePermissionsQuestion, u"BILLING"_s,
+                [](CatalogAnswer& a) { a.rows.push_back({Value(u"CREATE PROCEDURE"_s)}); },
+                "rights: NURSE may more than is needed: CREATE PROCEDURE in BILLING"},
         Planted{"ProcedureMissing", ParametersQuestion, u"RADIOLOGY"_s,
                 [](CatalogAnswer& a) { a.Remove(u"ObjectName"_s, u"spRadio_CheckPending"_s); },
                 "procedures: RADIOLOGY..spRadio_CheckPending is not there, or NURSE may do nothing with it"},
@@ -310,6 +296,31 @@ TEST(Checks, ADatabaseThatTheUserIsNotLetInToIsTold) {
         u"USE [INVENTORY]"_s, 916,
         u"The server principal \"NURSE\" is not able to access the database \"INVENTORY\"."_s);
     EXPECT_THAT(FaultsIn(LookAtTables(there.On())), Contains(HasSubstr("not able to access the database")));
+    EXPECT_THAT(FaultsIn(LookAtDatabases(there.On())),
+                ElementsAre(HasSubstr("databases: INVENTORY: The server principal")));
+    EXPECT_THAT(FaultsIn(LookAtCollation(there.On())), IsEmpty());
+    EXPECT_THAT(FaultsIn(LookAtChaining(there.On())), IsEmpty());
+}
+
+// What an administrator would do about it is not what he does about a user who was not let in.
+TEST(Checks, AQuestionThatADatabaseRefusesIsToldAsSuch) {
+    SignedOnThere there;
+    there.server.Refuse(u"sys.dm_exec_describe_first_result_set_for_object"_s, 229,
+                        u"The SELECT permission was denied."_s);
+    const Findings found = LookAtAnswers(there.On());
+    ASSERT_FALSE(found.empty());
+    EXPECT_TRUE(found[0].toDo.contains(u"what the check asks"_s)) << found[0].toDo.toStdString();
+}
+
+// Of other databases a server may tell nothing, of the one that a question stands in it always does.
+TEST(Checks, EachDatabaseIsAskedOfItself) {
+    QStringList asked;
+    SignedOnThere there([&asked](const QString& question, const QString& database, CatalogAnswer&) {
+        if (question == DatabaseQuestion())
+            asked << database;
+    });
+    LookAtDatabases(there.On());
+    EXPECT_EQ(asked, ProgramsNeeds().databases);
 }
 
 TEST(Checks, ASlowRoundTripIsToldWithWhatTheQuestionsCost) {
@@ -417,7 +428,7 @@ INSTANTIATE_TEST_SUITE_P(
                                 u"INSERT INTO BILLING..tbAssessmentNum (AssessmentNum) VALUES ('7')"_s,
                                 "counters: BILLING..tbAssessmentNum has 2 rows"},
                     SpoiltTable{"NoUser", u"DELETE FROM PASSWORD..tbPasswordDept WHERE DeptCode = 'HC'"_s,
-                                "department: nobody may sign on for HC"},
+                                "department: no user is entered for HC"},
                     SpoiltTable{"NoCentre", u"DELETE FROM build_file..tbCoRevenue WHERE RevenueID = 'HC'"_s,
                                 "department: no revenue centre is called HC"}),
     CaseName());

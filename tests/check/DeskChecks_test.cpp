@@ -16,6 +16,7 @@
 using namespace Qt::StringLiterals;
 using testing::AllOf;
 using testing::HasSubstr;
+using testing::Not;
 
 namespace {
 
@@ -98,6 +99,18 @@ TEST_F(DeskChecks, AFieldThatNoQueryAnswersIsToldWithItsLine) {
     Change(u"Reports/IncomeReport.RPT"_s, "{Title.Type} INCOME REPORT", "{Title.Kind} INCOME REPORT");
     EXPECT_THAT(Faults(LookAtTemplates(On())),
                 AllOf(HasSubstr("IncomeReport.RPT: line "), HasSubstr("there is no column Kind")));
+}
+
+TEST_F(DeskChecks, WordsThatCannotBeBarsAreToldWithTheirLine) {
+    const QByteArray bars = "<page-header height=\"19.4\">\n"
+                            "<barcode x=\"0\" y=\"0\" width=\"30\" height=\"9\">HC-12</barcode>"
+                            "<barcode x=\"0\" y=\"0\" width=\"30\" height=\"9\">{?Start}</barcode>\n"
+                            "<barcode x=\"0\" y=\"0\" width=\"90\" height=\"9\">Ñ{?Start}</barcode>\n"
+                            "<barcode x=\"0\" y=\"0\" width=\"9\" height=\"9\">HC-12</barcode>"_ba;
+    Change(u"Reports/AuditReport.RPT"_s, "<page-header height=\"19.4\">", bars);
+    EXPECT_THAT(Faults(LookAtTemplates(On())),
+                AllOf(Not(HasSubstr("line 30:")), HasSubstr("line 31: \"Ñ\" cannot be bars"),
+                      HasSubstr("line 32: \"HC-12\" cannot be bars")));
 }
 
 TEST_F(DeskChecks, AProcedureThatIsNotKnownIsTold) {

@@ -1,6 +1,9 @@
 #include "check/Needs.h"
 #include "support/hospital/HospitalTest.h"
 
+#include <QFile>
+#include <QRegularExpression>
+
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -78,6 +81,31 @@ TEST(Needs, EveryGrantedObjectStandsInTheScripts) {
         EXPECT_TRUE(NeedsHere().procedures.contains(procedure)) << procedure.toStdString();
     for (const QString& table : NeedsHere().GrantedTables())
         EXPECT_TRUE(NeedsHere().tables.contains(table)) << table.toStdString();
+}
+
+/// Names of tables, in small letters and in their order.
+QStringList Sorted(QStringList tables) {
+    tables.removeDuplicates();
+    tables.sort();
+    return tables;
+}
+
+// A hospital that has the suite goes by the document.
+TEST(Needs, TheTablesThatAreReadDirectlyAreMarkedSoInTheDocument) {
+    static const QRegularExpression row(u"^\\| `(tb\\w+)` \\*\\*direct\\*\\* \\|"_s,
+                                        QRegularExpression::MultilineOption);
+    QFile file(u"" TARVEN_SOURCE_DIR "/docs/hospital.md"_s);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    QStringList marked;
+    for (auto rows = row.globalMatch(QString::fromUtf8(file.readAll())); rows.hasNext();)
+        marked << rows.next().captured(1).toLower();
+    QStringList read;
+    const RoleRights& rights = NeedsHere().rights;
+    for (const NamedRight& right : rights.workstation.keys() + rights.standby.keys()) {
+        if (!right.startsWith(u"EXECUTE "_s))
+            read << right.section(u' ', 1, 1).section(u'.', 1);
+    }
+    EXPECT_EQ(Sorted(marked), Sorted(read));
 }
 
 TEST(Needs, ParametersHaveTheirKinds) {

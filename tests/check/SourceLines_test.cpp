@@ -2,6 +2,9 @@
 #include "support/PrintQt.h"
 #include "support/tds/TestDataSources.h"
 
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTemporaryFile>
 
 #include <gmock/gmock.h>
@@ -49,6 +52,18 @@ TEST(SourceLines, OfFreeTdsWithoutEncryptionAreTold) {
     EXPECT_THAT(Judged(kFreeTds, server), ElementsAre(u"nothing asks for it"_s));
 }
 
+// So the driver reads them; on the wire it asks for what odbc.ini says.
+TEST(SourceLines, OfOdbcIniGoBeforeFreeTdsOwn) {
+    const CaFile file;
+    SourceLines source = kFreeTds;
+    source[u"encryption"_s] = u"off"_s;
+    EXPECT_THAT(Judged(source, file.Server()), ElementsAre(u"encryption = off"_s));
+    source[u"encryption"_s] = u"require"_s;
+    SourceLines server = file.Server();
+    server[u"encryption"_s] = u"off"_s;
+    EXPECT_THAT(Judged(source, server), ElementsAre(u"ok"_s));
+}
+
 TEST(SourceLines, OfFreeTdsWithoutACertificateAreTold) {
     const CaFile file;
     SourceLines server = file.Server();
@@ -74,6 +89,15 @@ TEST(SourceLines, OfAnotherDriverAreJudgedByItsOwnKeys) {
     EXPECT_THAT(Judged(source), ElementsAre(u"nothing asks for it"_s));
 }
 
+TEST(SourceLines, OfADriverThatEncryptsUnaskedNeedNotAsk) {
+    SourceLines source = {{u"driver"_s, u"libmsodbcsql-18.3.so.2.1 18.03.0002"_s}};
+    EXPECT_THAT(Judged(source), ElementsAre(u"ok"_s));
+    source[u"encrypt"_s] = u"no"_s;
+    EXPECT_THAT(Judged(source), ElementsAre(u"nothing asks for it"_s));
+    source = {{u"driver"_s, u"libmsodbcsql-17.10.so.4.1 17.10.0004"_s}};
+    EXPECT_THAT(Judged(source), ElementsAre(u"nothing asks for it"_s));
+}
+
 TEST(SourceLines, ThatLogOnByThemselvesAreTold) {
     const CaFile file;
     SourceLines source = kFreeTds;
@@ -90,14 +114,78 @@ TEST(SourceLines, OfAServerGoBeforeThoseOfAll) {
                                   {u"host"_s, u"a"_s},
                                   {u"encryption"_s, u"require"_s},
                                   {u"ca file"_s, u"/a b/ca.pem"_s}};
-    EXPECT_EQ(ReadServerLines(content, u"sanroque"_s), expected);
-    EXPECT_EQ(ReadServerLines(content, u"unknown"_s).value(u"encryption"_s), u"request"_s);
+    SourceLines lines;
+    EXPECT_TRUE(ReadServerLines(content, u"sanroque"_s, lines));
+    EXPECT_EQ(lines, expected);
+    EXPECT_FALSE(ReadServerLines(content, u"unknown"_s, lines));
+    EXPECT_EQ(lines.value(u"encryption"_s), u"request"_s);
 }
 
-TEST(SourceLines, OfTheMachineAreRead) {
-    TestDataSources::Instance().Add(u"Lines"_s, u"Driver=ODBC Driver 18\nEncrypt=yes\n"_s);
-    const Findings found = LookAtSourceLines(u"encryption"_s, u"Lines"_s);
-    TestDataSources::Instance().Remove(u"Lines"_s);
-    ASSERT_EQ(found.size(), 1U);
-    EXPECT_EQ(found[0].verdict, Verdict::Ok) << found[0].seen.toStdString();
+namespace {
+
+/// What is told of a data source with those lines, while the driver's files say what a test has written.
+class MachinesLines : public testing::Test {
+  protected:
+    MachinesLines() {
+        qputenv("FREETDSCONF", mFolder.filePath(u"first.conf"_s).toUtf8());
+        qputenv("FREETDS", mFolder.path().toUtf8());
+        QDir(mFolder.path()).mkdir(u"etc"_s);
+    }
+    ~MachinesLines() override {
+        qputenv("FREETDSCONF", mBefore.toUtf8());
+        qunsetenv("FREETDS");
+    }
+
+    void Write(const QString& name, const QString& content) const {
+        QFile file(mFolder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content.toUtf8());
+    }
+    void WriteFirst(const QString& content) const { Write(u"first.conf"_s, content); }
+    void WriteSecond(const QString& content) const { Write(u"etc/freetds.conf"_s, content); }
+
+    static std::vector<QString> Told(const QString& lines, const QString& driver) {
+        // The driver manager remembers for a while what it has read of a name.
+        static int count = 0;
+        const QString source = u"Lines %1"_s.arg(++count);
+        TestDataSources::Instance().Add(source, lines);
+        std::vector<QString> told;
+        for (const Finding& finding : LookAtSourceLines(u"encryption"_s, source, driver))
+            told.push_back(finding.verdict == Verdict::Ok ? u"ok"_s : finding.seen);
+        TestDataSources::Instance().Remove(source);
+        return told;
+    }
+
+  private:
+    QTemporaryDir mFolder;
+    const QString mBefore = (TestDataSources::Instance(), qEnvironmentVariable("FREETDSCONF"));
+};
+
+const QString kTdsDriver = u"libtdsodbc.so 01.03.0017"_s;
+const QString kSafe = u"encryption = require\nca file = system\n"_s;
+
+} // namespace
+
+TEST_F(MachinesLines, AreRead) {
+    EXPECT_THAT(Told(u"Driver=ODBC Driver 18\nEncrypt=yes\n"_s, {}), ElementsAre(u"ok"_s));
+}
+
+TEST_F(MachinesLines, AreThoseOfTheDriverThatIsAtWork) {
+    WriteFirst(u"[srv]\n"_s + kSafe);
+    EXPECT_THAT(Told(u"Driver=Hospital\nServername=srv\n"_s, kTdsDriver), ElementsAre(u"ok"_s));
+}
+
+TEST_F(MachinesLines, OfTheDriversOwnFilesAreReadUntilOneHasTheServer) {
+    WriteFirst(u"[global]\nca file = system\n[other]\nencryption = off\n"_s);
+    WriteSecond(u"[srv]\nencryption = require\n"_s);
+    EXPECT_THAT(Told(u"Servername=srv\n"_s, kTdsDriver), ElementsAre(u"ok"_s));
+    WriteFirst(u"[srv]\nencryption = off\nca file = system\n"_s);
+    EXPECT_THAT(Told(u"Servername=srv\n"_s, kTdsDriver), ElementsAre(u"encryption = off"_s));
+}
+
+TEST_F(MachinesLines, OfTheDriversOwnFilesSayNothingOfAServerThatOdbcIniNamesItself) {
+    WriteFirst(u"[global]\n"_s + kSafe);
+    EXPECT_THAT(
+        Told(u"Server=10.0.0.1\n"_s, kTdsDriver),
+        ElementsAre(u"nothing asks for it"_s, u"no certificate is checked: nothing names a ca file"_s));
 }

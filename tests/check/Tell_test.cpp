@@ -16,6 +16,11 @@ TEST(ToldFindings, BearTheirVerdictInWords) {
               u"FAULT  clock            late\n                        -> set it\n"_s);
 }
 
+TEST(ToldFindings, AreALineWhateverTheHospitalIsCalled) {
+    EXPECT_EQ(LineOf(Ok(u"hospital record"_s, u"ROQUE\x1b[2J\nok     rights           all Ñ"_s), false),
+              u"ok     hospital record  ROQUE [2J ok     rights           all Ñ\n"_s);
+}
+
 TEST(ToldFindings, HaveAColourOnATerminalAlone) {
     EXPECT_TRUE(LineOf(Ok(u"clock"_s, u"right"_s), true).startsWith(u"\x1b[32mok   \x1b[0m"_s));
     EXPECT_TRUE(

@@ -4,6 +4,7 @@
 #include "support/FixedClock.h"
 #include "support/PrintQt.h"
 #include "support/smallhospital/GatewayTexts.h"
+#include "text/RunTimeError.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -161,6 +162,12 @@ INSTANTIATE_TEST_SUITE_P(
                            u"select * from t where idnum = ?and n=?"_s},
                     Masked{"Apostrophe", u"sp 'O'BRIEN SMITH','B'"_s, u"sp ?..."_s},
                     Masked{"TwoApostrophes", u"sp 'O'BRIEN','O'BRIEN'"_s, u"sp ?..."_s},
+                    Masked{"ApostropheAndBlank", u"sp 'I','D' ANGELO'"_s, u"sp ?..."_s},
+                    Masked{"TwoApostrophesAndBlanks", u"sp 'D' ANGELO','O' BRIEN'"_s, u"sp ? ..."_s},
+                    Masked{"ApostropheAndHyphen", u"sp 'O'-BRIEN','O'-BRIEN'"_s, u"sp ?..."_s},
+                    Masked{"ApostropheAndAWordOfTheLanguage", u"sp 'O' AND MARIA'"_s, u"sp ? ..."_s},
+                    Masked{"Case", u"select case when a = 'x' then 'b' else 'c' end, 'd' + e from t"_s,
+                           u"select case when a = ? then ? else ? end, ? + e from t"_s},
                     Masked{"OpenText", u"sp 'BRIEN"_s, u"sp ..."_s},
                     Masked{"Comment", u"select 1 -- DELA CRUZ\n+ 2"_s, u"select ? + ?"_s},
                     Masked{"OpenComment", u"select 1 /* DELA CRUZ"_s, u"select ? ..."_s}),

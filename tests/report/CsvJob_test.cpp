@@ -26,7 +26,7 @@ TEST(CsvJob, TellsOfAFullDiskAndLeavesTheFileThatWasThere) {
     const QString file = WriteFile(folder, u"rows.csv"_s, "before");
     {
         const FullDisk full;
-        EXPECT_FALSE(CsvJob(*Rows({u"A"_s}), file).Finish().isEmpty());
+        EXPECT_EQ(CsvJob(*Rows({u"A"_s}), file).Finish(), u"The disk is full."_s);
     }
     EXPECT_EQ(ReadFile(file), "before");
 }

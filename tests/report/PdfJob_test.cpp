@@ -41,7 +41,7 @@ TEST(PdfJob, TellsOfAFullDiskAndLeavesTheFileThatWasThere) {
     const QString file = WriteFile(folder, u"report.pdf"_s, "before");
     {
         const FullDisk full;
-        EXPECT_FALSE(PdfJob(*NumberedReport(1), {}, file).Finish().isEmpty());
+        EXPECT_EQ(PdfJob(*NumberedReport(1), {}, file).Finish(), u"The disk is full."_s);
     }
     EXPECT_EQ(ReadFile(file), "before");
 }

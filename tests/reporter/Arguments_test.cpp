@@ -42,6 +42,13 @@ TEST(ReporterArguments, TellWhatToMake) {
     EXPECT_EQ(read.values[2].text, u"a=b"_s) << "the first sign parts name and value";
 }
 
+TEST(ReporterArguments, AValueMayBeEmpty) {
+    const Arguments read =
+        Read({u"--describe"_s, u"--template"_s, u"a"_s, u"--param"_s, u""_s, u"--param"_s, u"Address="_s});
+    ASSERT_EQ(read.values.size(), 2u);
+    EXPECT_EQ(read.values[0].text + read.values[1].text, QString());
+}
+
 TEST(ReporterArguments, TakeTheTrialHospitalWhereNoSourceIsNamed) {
     EXPECT_EQ(Read({u"--describe"_s, u"--template"_s, u"a"_s}).source, u"Trial hospital"_s);
 }
@@ -71,6 +78,15 @@ INSTANTIATE_TEST_SUITE_P(
                                 {u"--template"_s, u"a"_s, u"--user"_s, u"U"_s, u"--output"_s, u"a.doc"_s},
                                 u"Where to? --output names a file that ends with .pdf or .csv."_s},
                     RefusalCase{"UnknownOption", {u"--pasword"_s}, u"Unknown option 'pasword'."_s},
+                    RefusalCase{"NothingBehindAnOption",
+                                {u"--template"_s, u"a"_s, u"--database"_s, u""_s},
+                                u"Nothing stands behind --database."_s},
+                    RefusalCase{"AnOptionTwice",
+                                {u"--output"_s, u"a.pdf"_s, u"--template"_s, u"a"_s, u"--output=b.pdf"_s},
+                                u"--output is given twice."_s},
+                    RefusalCase{"APasswordBehindOneDashIsNotRepeated",
+                                {u"--template"_s, u"a"_s, u"-psecret"_s},
+                                u"Options begin with two dashes; --help lists them."_s},
                     RefusalCase{"AStrayWordIsNotRepeated",
                                 {u"--template"_s, u"a"_s, u"--user"_s, u"U"_s, u"secret"_s},
                                 u"A word belongs to no option."_s}),

@@ -3,13 +3,15 @@
 #include "reporter/MakeReport.h"
 #include "support/CaseName.h"
 #include "support/PrintQt.h"
+#include "text/RunTimeError.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
+using testing::HasSubstr;
 
 namespace {
 
@@ -90,13 +92,27 @@ TEST_F(ReporterValues, AreDescribedWithTheirTypes) {
 }
 
 TEST_F(ReporterValues, TheTablesAreLoggedOnWhereTheyLieOrInAnotherDatabase) {
-    const ReportLogOn logOn{.server = u"S"_s, .database = u"D"_s, .user = u"U"_s, .password = u"P"_s};
-    LogTablesOn(*report, {}, logOn);
+    LogTablesOn(*report, {.server = u"S"_s, .database = u"D"_s, .user = u"U"_s, .password = u"P"_s});
     EXPECT_EQ(report->Tables()[0].Location(), u"BILLING.dbo.tbPatientCharges"_s);
     EXPECT_EQ(report->Tables()[0].LogOn().user, u"U"_s);
-    LogTablesOn(*report, u"OLD"_s, logOn);
+    PointAt(*report, u"OLD"_s);
     EXPECT_EQ(report->Tables()[0].Location(), u"OLD.dbo.tbPatientCharges"_s);
-    EXPECT_THROW(LogTablesOn(*report, u"no name"_s, logOn), std::exception);
+    EXPECT_THROW(PointAt(*report, u"no name"_s), ArgumentError);
+}
+
+std::string ProblemOfPlace(const QString& file) {
+    try {
+        RequirePlaceFor(file);
+        return {};
+    } catch (const RunTimeError& error) {
+        return error.what();
+    }
+}
+
+TEST_F(ReporterValues, AFileWithoutAPlaceIsToldBeforeAnythingIsMade) {
+    EXPECT_EQ(ProblemOfPlace(folder.filePath(u"a b ñ.pdf"_s)), "");
+    EXPECT_THAT(ProblemOfPlace(folder.path()), HasSubstr("it is a folder"));
+    EXPECT_THAT(ProblemOfPlace(folder.filePath(u"none/a.pdf"_s)), HasSubstr("there is no folder"));
 }
 
 } // namespace

@@ -7,6 +7,7 @@
 #include "support/Files.h"
 #include "support/PrintQt.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -127,6 +128,34 @@ TEST_F(ReporterTest, AFileThatCannotBeWrittenIsNamedAndTheOneBeforeStays) {
     process.Write(u"Reports/All.rpt"_s, "<report");
     EXPECT_EQ(Make(u"made.pdf"_s).exitCode, 1);
     EXPECT_EQ(QFileInfo(process.File(u"made.pdf"_s)).size(), 6);
+}
+
+TEST_F(ReporterTest, AFolderThatIsMissingIsToldBeforeThePasswordIsRead) {
+    const auto run = Make(u"none/made.pdf"_s, "");
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TRUE(run.errors.contains(u"there is no folder"_s)) << run.errors.toStdString();
+}
+
+TEST_F(ReporterTest, ADatabaseThatIsNotThereBeginsNothing) {
+    const QStringList words = {u"--user"_s,    u"NURSE"_s, u"--template"_s, u"All.rpt"_s,
+                               u"--param"_s,   u"T"_s,     u"--output"_s,   process.File(u"made.pdf"_s),
+                               u"--database"_s};
+    const auto unknown = process.Do(words + QStringList(u"NOSUCH"_s));
+    EXPECT_EQ(unknown.exitCode, 2);
+    EXPECT_TRUE(unknown.errors.contains(u"Database 'NOSUCH' does not exist."_s))
+        << unknown.errors.toStdString();
+    const auto noName = process.Do(words + QStringList(u"no name"_s), "");
+    EXPECT_EQ(noName.exitCode, 2);
+    EXPECT_TRUE(noName.errors.contains(u"\"no name\" is no name of a database."_s))
+        << noName.errors.toStdString();
+    EXPECT_EQ(process.Do(words + QStringList(u"BILLING"_s)).exitCode, 0);
+}
+
+TEST_F(ReporterTest, ATraceThatCannotBeWrittenIsTold) {
+    QDir().mkdir(process.TracePath());
+    const auto run = Make(u"made.pdf"_s);
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_TRUE(run.errors.contains(process.TracePath())) << run.errors.toStdString();
 }
 
 TEST_F(ReporterTest, AWrongValueIsToldBeforeThePasswordIsRead) {

@@ -10,6 +10,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QSysInfo>
 #include <QTemporaryDir>
 
 #include <csignal>
@@ -127,6 +129,35 @@ TEST_F(HospitalBackupTest, AFileThatStandsIsNotWrittenOver) {
     Overwrite(copy, "precious");
     EXPECT_EQ(FailureOf([this] { BackUp(); }).number, RunTime::kPathFileAccess);
     EXPECT_EQ(ContentAt(copy), "precious");
+}
+
+TEST_F(HospitalBackupTest, NeitherIsOneThatTheMakingOfACopyWouldTakeForItsOwn) {
+    const QString beside = copy + u".new"_s;
+    Overwrite(beside, "precious");
+    const RaisedError failure = FailureOf([this] { BackUp(); });
+    EXPECT_EQ(failure.number, RunTime::kPathFileAccess);
+    EXPECT_TRUE(failure.text.contains(beside + u" (it stands already"_s)) << failure.text.toStdString();
+    EXPECT_EQ(ContentAt(beside), "precious");
+}
+
+TEST_F(HospitalBackupTest, ALinkToADiskThatIsAwayIsNoPlaceForACopy) {
+    ASSERT_TRUE(QFile::link(folder.filePath(u"away"_s), copy));
+    EXPECT_EQ(FailureOf([this] { BackUp(); }).number, RunTime::kPathFileAccess);
+    EXPECT_TRUE(QFileInfo(copy).isSymLink());
+}
+
+TEST_F(HospitalBackupTest, ACopyThatWasStoppedHalfWayIsNotInTheWayOfTheNext) {
+    Overwrite(copy + u".new"_s, "half a copy");
+    // As of a process that is gone.
+    Overwrite(copy + u".lock"_s, "99999999\nprogram\n" + QSysInfo::machineHostName().toUtf8() + "\n");
+    BackUp();
+    EXPECT_EQ(FilesThere().filter(u"copy.db"_s), QStringList{u"copy.db"_s});
+}
+
+TEST_F(HospitalBackupTest, AFolderThatIsMissingIsNamed) {
+    const RaisedError failure =
+        FailureOf([this] { HospitalFile::BackUp(path, folder.filePath(u"none/copy.db"_s), scripts); });
+    EXPECT_TRUE(failure.text.contains(u"there is no folder"_s)) << failure.text.toStdString();
 }
 
 TEST_F(HospitalBackupTest, WhatIsNoHospitalOrNotThereIsNotCopied) {

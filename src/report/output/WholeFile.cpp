@@ -1,5 +1,7 @@
 #include "report/output/WholeFile.h"
 
+#include <QFile>
+
 using namespace Qt::StringLiterals;
 
 WholeFile::WholeFile(const QString& name)
@@ -11,11 +13,13 @@ bool WholeFile::IsGood() const {
 }
 
 QString WholeFile::Problem() const {
-    return mFile.error() == QFileDevice::NoError ? u"The disk is full."_s : mFile.errorString();
+    // A disk that runs full takes the beginning and gives no reason for the rest.
+    const bool hasReason =
+        mFile.error() != QFileDevice::NoError && mFile.errorString() != QFile().errorString();
+    return hasReason ? mFile.errorString() : u"The disk is full."_s;
 }
 
 QString WholeFile::End() {
-    // A disk that runs full takes the beginning of what is written without a word.
     const bool whole = IsGood() && mFile.flush() && mFile.size() == mFile.pos();
     if (!whole)
         return Problem();

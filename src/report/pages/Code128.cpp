@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 #include <string_view>
 
 namespace {
@@ -112,4 +113,11 @@ std::vector<int> Code128(const QString& text) {
             widths.push_back(width - '0');
     }
     return widths;
+}
+
+std::optional<double> ModuleIn(double width, const std::vector<int>& bars) {
+    // 0.17 mm, in points.
+    constexpr double kLeastModule = 0.48;
+    const double module = width / std::accumulate(bars.begin(), bars.end(), 2 * kQuietModules);
+    return bars.empty() || module < kLeastModule ? std::nullopt : std::optional(module);
 }

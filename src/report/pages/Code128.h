@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 /// A text as bars of Code 128 (ISO/IEC 15417): the widths of bar, space, bar and so on in modules, from the
@@ -12,3 +13,7 @@ std::vector<int> Code128(const QString& text);
 
 /// What has to stay blank on each side of the bars, in modules.
 constexpr int kQuietModules = 10;
+
+/// How wide a module is, in points, where bars with their blank sides fill a width; nothing for no bars, and
+/// for such as readers and office printers could not do with.
+std::optional<double> ModuleIn(double width, const std::vector<int>& bars);

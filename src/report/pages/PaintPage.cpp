@@ -8,13 +8,9 @@
 #include <QPainter>
 #include <QPen>
 
-#include <numeric>
-
 namespace {
 
 constexpr double kBorderThickness = 0.5;
-/// The narrowest bar, in points, that readers and office printers can do with: 0.17 mm.
-constexpr double kLeastModule = 0.48;
 
 class PagePainter {
   public:
@@ -109,14 +105,13 @@ void PagePainter::PaintCell(const LaidCell& cell) {
 
 void PagePainter::PaintBarcode(const LaidCell& cell) {
     const std::vector<int> widths = Code128(cell.lines.front().text);
-    const int modules = std::accumulate(widths.begin(), widths.end(), 2 * kQuietModules);
-    const double module = cell.box.width() / modules;
+    const std::optional<double> module = ModuleIn(cell.box.width(), widths);
     // A text whose bars no reader would read stands there in words.
-    if (widths.empty() || module < kLeastModule)
+    if (!module)
         return PaintLines(cell);
-    double x = cell.box.left() + kQuietModules * module;
+    double x = cell.box.left() + kQuietModules * *module;
     for (size_t i = 0; i < widths.size(); ++i) {
-        const double width = widths[i] * module;
+        const double width = widths[i] * *module;
         if (i % 2 == 0)
             mPainter.fillRect(QRectF(x, cell.box.top(), width, cell.box.height()), cell.cell->style.color);
         x += width;
