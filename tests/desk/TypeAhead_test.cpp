@@ -72,6 +72,17 @@ TEST_P(TypeAhead, ThroughAPickerReachesTheCellsBehindIt) {
     ExpectText(u"txtTAmount"_s, u"4551.00"_s);
 }
 
+class WithoutFocus : public Desk {};
+
+TEST_F(WithoutFocus, AShortcutBringsItsWindowToTheFrontAndIsNotLost) {
+    StartSignedOn(WindowManager::None);
+    Clerk().PointAt(ControlOf(u"frmMain"_s).place.center());
+    Clerk().TakeFocusAway();
+    WaitFor([](const State& state) { return state.focusPlace.isEmpty(); }, u"the focus to go"_s);
+    Key(u"{Control+a}"_s);
+    ExpectScreen(u"frmAssessment"_s);
+}
+
 INSTANTIATE_TEST_SUITE_P(Under, TypeAhead, testing::ValuesIn(kWindowManagers), WindowManagerName());
 
 } // namespace
