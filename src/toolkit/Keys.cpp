@@ -2,6 +2,7 @@
 
 #include "text/UCase.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -12,6 +13,16 @@
 #include <vector>
 
 namespace {
+
+/// Swallows what a key that is held down repeats.
+class RepeatFilter : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        return event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->isAutoRepeat();
+    }
+};
 
 /// Whether Ctrl makes a command of a character, as Ctrl++ widens a column. With a letter it makes a character
 /// of its own, and with Alt it is the key for a third character.
@@ -168,4 +179,11 @@ QString PassedAsKeys(QWidget* control, const QString& text) {
 
 void UpperCaseKeys(QWidget* control) {
     OnKeyPress(control, [](int& key) { key = UCase(QChar(key)).unicode(); });
+}
+
+void IgnoreHeldKeys(QWidget& dialog) {
+    auto* filter = new RepeatFilter(&dialog);
+    dialog.installEventFilter(filter);
+    for (QAbstractButton* button : dialog.findChildren<QAbstractButton*>())
+        button->installEventFilter(filter);
 }

@@ -42,3 +42,7 @@ QString PassedAsKeys(QWidget* control, const QString& text);
 
 /// The common KeyPress handler of name boxes: each key becomes its upper-case form.
 void UpperCaseKeys(QWidget* control);
+
+/// Keeps the repeats of a key that is held down from a dialogue and the buttons that it has by now: an Enter
+/// that opened a question would answer it before anybody has read it.
+void IgnoreHeldKeys(QWidget& dialog);

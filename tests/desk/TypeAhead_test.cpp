@@ -72,15 +72,21 @@ TEST_P(TypeAhead, ThroughAPickerReachesTheCellsBehindIt) {
     ExpectText(u"txtTAmount"_s, u"4551.00"_s);
 }
 
-class WithoutFocus : public Desk {};
-
-TEST_F(WithoutFocus, AShortcutBringsItsWindowToTheFrontAndIsNotLost) {
-    StartSignedOn(WindowManager::None);
-    Clerk().PointAt(ControlOf(u"frmMain"_s).place.center());
-    Clerk().TakeFocusAway();
-    WaitFor([](const State& state) { return state.focusPlace.isEmpty(); }, u"the focus to go"_s);
-    Key(u"{Control+a}"_s);
-    ExpectScreen(u"frmAssessment"_s);
+TEST_P(TypeAhead, AKeyThatIsHeldDownAnswersNoQuestionThatItHasOpened) {
+    StartSignedOn(GetParam());
+    Go({{"frmAssessStatus", "{Alt+q}{Right}{Right}{Return}"}});
+    TabTo(u"grdTable"_s);
+    Clerk().Hold(u"{Return}"_s);
+    ExpectScreen(u"MsgBox"_s);
+    for (int i = 0; i < kTries; ++i) {
+        Clerk().Repeat(u"{Return}"_s);
+        Now();
+    }
+    Clerk().Release(u"{Return}"_s);
+    ExpectScreen(u"MsgBox"_s);
+    EXPECT_EQ(Text(u"qt_msgbox_label"_s).toStdString(), "Are you sure to revoke?");
+    Key(u"{Return}"_s);
+    ExpectText(u"qt_msgbox_label"_s, u"Assessment has been revoked."_s);
 }
 
 INSTANTIATE_TEST_SUITE_P(Under, TypeAhead, testing::ValuesIn(kWindowManagers), WindowManagerName());

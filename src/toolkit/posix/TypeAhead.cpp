@@ -96,14 +96,22 @@ class HeldDown {
             return false;
         }
         mPressed = key.time;
-        return mWasHeld && key.time == mReleased;
+        const bool repeats = mWasHeld && key.time - mReleased <= kAtOnce;
+        if (!repeats)
+            mWindow = key.event;
+        return repeats;
     }
+
+    /// Whether a repeat comes to the window in which the key went down.
+    bool IsAtHome(const xcb_key_press_event_t& repeat) const { return repeat.event == mWindow; }
 
   private:
     /// In milliseconds.
     static constexpr xcb_timestamp_t kHeld = 20;
+    static constexpr xcb_timestamp_t kAtOnce = 1;
 
     xcb_keycode_t mKey = 0;
+    xcb_window_t mWindow = XCB_NONE;
     xcb_timestamp_t mPressed = 0;
     xcb_timestamp_t mReleased = 0;
     bool mWasHeld = false;
@@ -129,10 +137,17 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
         const xcb_key_press_event_t* key = KeyOf(kind, message);
         if (!key)
             return false;
-        if (mIsSent && (key->response_type & kSent))
+        if (mIsSent && (key->response_type & kSent)) {
             Arrived();
-        else if (const bool isRepeat = mHeldDown.Repeats(*key); MustWait(isRepeat))
-            return Hold(*key, isRepeat);
+        } else {
+            const bool isRepeat = mHeldDown.Repeats(*key);
+            // The Enter that has opened a question would answer it before anybody has read it. The toolkit
+            // does not take it for a repeat each time: it looks for the press before that has come.
+            if (isRepeat && !mHeldDown.IsAtHome(*key))
+                return true;
+            if (MustWait(isRepeat))
+                return Hold(*key, isRepeat);
+        }
         StartTurn();
         LendToReader();
         return false;
