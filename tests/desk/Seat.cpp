@@ -178,6 +178,11 @@ void Seat::Click(QPoint place) {
     XSync(mConnection->display, False);
 }
 
+void Seat::TakeFocusAway() {
+    XSetInputFocus(mConnection->display, PointerRoot, RevertToPointerRoot, CurrentTime);
+    XSync(mConnection->display, False);
+}
+
 QImage Seat::Picture() const {
     Display* display = mConnection->display;
     const int screen = XDefaultScreen(display);

@@ -30,6 +30,10 @@ class Seat {
     /// Points there and clicks with the left button.
     void Click(QPoint place);
 
+    /// Takes the focus from every window, as the display stands while a window manager is busy: keys go to
+    /// the window beneath the pointer.
+    void TakeFocusAway();
+
     /// The whole screen as it stands, without the pointer.
     QImage Picture() const;
     /// The part of the screen that the window manager leaves to windows; all of it without one.

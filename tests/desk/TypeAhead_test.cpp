@@ -89,6 +89,24 @@ TEST_P(TypeAhead, AKeyThatIsHeldDownAnswersNoQuestionThatItHasOpened) {
     ExpectText(u"qt_msgbox_label"_s, u"Assessment has been revoked."_s);
 }
 
+class BusyManager : public Desk {};
+
+TEST_F(BusyManager, AKeyThatComesWhileNoWindowHasTheFocusIsNotLost) {
+    StartSignedOn(WindowManager::Openbox);
+    ExpectControl(u"Image1"_s);
+    // By now the sign-on has long gone: a window that closes asks for the focus by itself.
+    Go({{"frmCensus", "{Alt+p}{Up}{Up}{Return}"}, {"frmReportRange", "{Alt+p}{Return}"}});
+    Clerk().PointAt(ControlOf(u"frmMain"_s).place.center());
+    Desktop().Pause();
+    Clerk().TakeFocusAway();
+    WaitFor([](const State& state) { return !state.Window(u"frmMain"_s)->isActive; }, u"the focus to go"_s);
+    Clerk().Press(u"{F6}"_s);
+    WaitFor([](const State& state) { return state.Window(u"frmNursingRequest"_s) != nullptr; },
+            u"the queue of the requests"_s);
+    Desktop().GoOn();
+    ExpectScreen(u"frmNursingRequest"_s);
+}
+
 INSTANTIATE_TEST_SUITE_P(Under, TypeAhead, testing::ValuesIn(kWindowManagers), WindowManagerName());
 
 } // namespace
