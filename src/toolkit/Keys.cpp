@@ -1,6 +1,7 @@
 #include "toolkit/Keys.h"
 
 #include "text/UCase.h"
+#include "toolkit/TypeAhead.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -13,16 +14,6 @@
 #include <vector>
 
 namespace {
-
-/// Swallows what a key that is held down repeats.
-class RepeatFilter : public QObject {
-  public:
-    using QObject::QObject;
-
-    bool eventFilter(QObject*, QEvent* event) override {
-        return event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->isAutoRepeat();
-    }
-};
 
 /// Whether Ctrl makes a command of a character, as Ctrl++ widens a column. With a letter it makes a character
 /// of its own, and with Alt it is the key for a third character.
@@ -61,6 +52,19 @@ int KeyCodeOf(const QKeyEvent& event) {
         return 0;
     }
 }
+
+/// Swallows the characters that a key repeats which is held down.
+class RepeatFilter : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        return (key.isAutoRepeat() || IsMadeUpPress(key.timestamp())) && CharacterOf(key) != 0;
+    }
+};
 
 /// The handlers of one control, and the place where its keys pass.
 class KeyFilter : public QObject {
@@ -181,9 +185,9 @@ void UpperCaseKeys(QWidget* control) {
     OnKeyPress(control, [](int& key) { key = UCase(QChar(key)).unicode(); });
 }
 
-void IgnoreHeldKeys(QWidget& dialog) {
-    auto* filter = new RepeatFilter(&dialog);
-    dialog.installEventFilter(filter);
-    for (QAbstractButton* button : dialog.findChildren<QAbstractButton*>())
+void IgnoreHeldKeys(QWidget& widget) {
+    auto* filter = new RepeatFilter(&widget);
+    widget.installEventFilter(filter);
+    for (QAbstractButton* button : widget.findChildren<QAbstractButton*>())
         button->installEventFilter(filter);
 }

@@ -21,6 +21,19 @@ class TypeAhead : public AnyDesk {
             ExpectNoScreen(screen);
         }
     }
+
+    /// Holds Enter down until the screen that it opens stands, and on for a while; it has to stand still
+    /// then.
+    void HoldEnterTo(const QString& screen) {
+        Clerk().Hold(u"{Return}"_s);
+        ExpectScreen(screen);
+        for (int i = 0; i < kTries; ++i) {
+            Clerk().Repeat(u"{Return}"_s);
+            Now();
+        }
+        Clerk().Release(u"{Return}"_s);
+        ExpectScreen(screen);
+    }
 };
 
 TEST_P(TypeAhead, FromTheMenuReachesTheLastName) {
@@ -72,18 +85,20 @@ TEST_P(TypeAhead, ThroughAPickerReachesTheCellsBehindIt) {
     ExpectText(u"txtTAmount"_s, u"4551.00"_s);
 }
 
+TEST_P(TypeAhead, AKeyThatIsHeldDownPicksNoPatientFromTheListThatItHasOpened) {
+    StartSignedOn(GetParam());
+    Go({{"frmPostCharges", "{Alt+q}{Down}{Return}"}});
+    Key(u"de"_s);
+    HoldEnterTo(u"frmSearchPatient"_s);
+    Key(u"{Return}"_s);
+    ExpectNoScreen(u"frmSearchPatient"_s);
+}
+
 TEST_P(TypeAhead, AKeyThatIsHeldDownAnswersNoQuestionThatItHasOpened) {
     StartSignedOn(GetParam());
     Go({{"frmAssessStatus", "{Alt+q}{Right}{Right}{Return}"}});
     TabTo(u"grdTable"_s);
-    Clerk().Hold(u"{Return}"_s);
-    ExpectScreen(u"MsgBox"_s);
-    for (int i = 0; i < kTries; ++i) {
-        Clerk().Repeat(u"{Return}"_s);
-        Now();
-    }
-    Clerk().Release(u"{Return}"_s);
-    ExpectScreen(u"MsgBox"_s);
+    HoldEnterTo(u"MsgBox"_s);
     EXPECT_EQ(Text(u"qt_msgbox_label"_s).toStdString(), "Are you sure to revoke?");
     Key(u"{Return}"_s);
     ExpectText(u"qt_msgbox_label"_s, u"Assessment has been revoked."_s);

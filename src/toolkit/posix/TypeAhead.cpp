@@ -96,14 +96,8 @@ class HeldDown {
             return false;
         }
         mPressed = key.time;
-        const bool repeats = mWasHeld && key.time - mReleased <= kAtOnce;
-        if (!repeats)
-            mWindow = key.event;
-        return repeats;
+        return mWasHeld && key.time - mReleased <= kAtOnce;
     }
-
-    /// Whether a repeat comes to the window in which the key went down.
-    bool IsAtHome(const xcb_key_press_event_t& repeat) const { return repeat.event == mWindow; }
 
   private:
     /// In milliseconds.
@@ -111,11 +105,13 @@ class HeldDown {
     static constexpr xcb_timestamp_t kAtOnce = 1;
 
     xcb_keycode_t mKey = 0;
-    xcb_window_t mWindow = XCB_NONE;
     xcb_timestamp_t mPressed = 0;
     xcb_timestamp_t mReleased = 0;
     bool mWasHeld = false;
 };
+
+/// The moment of the last press that was made up.
+xcb_timestamp_t lastRepeat = 0;
 
 class KeyQueue : public QObject, public QAbstractNativeEventFilter {
   public:
@@ -141,10 +137,8 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
             Arrived();
         } else {
             const bool isRepeat = mHeldDown.Repeats(*key);
-            // The Enter that has opened a question would answer it before anybody has read it. The toolkit
-            // does not take it for a repeat each time: it looks for the press before that has come.
-            if (isRepeat && !mHeldDown.IsAtHome(*key))
-                return true;
+            if (isRepeat)
+                lastRepeat = key->time;
             if (MustWait(isRepeat))
                 return Hold(*key, isRepeat);
         }
@@ -270,4 +264,8 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
 void KeepTypedAhead() {
     if (qApp->nativeInterface<QNativeInterface::QX11Application>())
         new KeyQueue;
+}
+
+bool IsMadeUpPress(quint64 moment) {
+    return moment != 0 && moment == lastRepeat;
 }
