@@ -90,6 +90,7 @@ TEST_P(TypeAhead, AKeyThatIsHeldDownPicksNoPatientFromTheListThatItHasOpened) {
     Go({{"frmPostCharges", "{Alt+q}{Down}{Return}"}});
     Key(u"de"_s);
     HoldEnterTo(u"frmSearchPatient"_s);
+    EXPECT_EQ(Text(u"txtFirstName"_s).toStdString(), "") << "nobody was taken meanwhile";
     Key(u"{Return}"_s);
     ExpectNoScreen(u"frmSearchPatient"_s);
 }
