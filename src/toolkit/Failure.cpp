@@ -1,6 +1,7 @@
 #include "toolkit/Failure.h"
 
 #include "text/RunTimeError.h"
+#include "toolkit/Keys.h"
 #include "toolkit/MousePointer.h"
 #include "toolkit/MsgBox.h"
 
@@ -28,6 +29,7 @@ bool ending = false;
     QMessageBox box(QMessageBox::Critical, kDefaultTitle, text, QMessageBox::Ok);
     box.setObjectName(u"Failure"_s);
     box.setTextFormat(Qt::PlainText);
+    IgnoreHeldKeys(box);
     box.exec();
     LeaveProcess();
 }

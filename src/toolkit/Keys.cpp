@@ -1,7 +1,9 @@
 #include "toolkit/Keys.h"
 
 #include "text/UCase.h"
+#include "toolkit/TypeAhead.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -50,6 +52,19 @@ int KeyCodeOf(const QKeyEvent& event) {
         return 0;
     }
 }
+
+/// Swallows the characters that a key repeats which is held down.
+class RepeatFilter : public QObject {
+  public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        return (key.isAutoRepeat() || IsMadeUpPress(key.timestamp())) && CharacterOf(key) != 0;
+    }
+};
 
 /// The handlers of one control, and the place where its keys pass.
 class KeyFilter : public QObject {
@@ -168,4 +183,11 @@ QString PassedAsKeys(QWidget* control, const QString& text) {
 
 void UpperCaseKeys(QWidget* control) {
     OnKeyPress(control, [](int& key) { key = UCase(QChar(key)).unicode(); });
+}
+
+void IgnoreHeldKeys(QWidget& widget) {
+    auto* filter = new RepeatFilter(&widget);
+    widget.installEventFilter(filter);
+    for (QAbstractButton* button : widget.findChildren<QAbstractButton*>())
+        button->installEventFilter(filter);
 }

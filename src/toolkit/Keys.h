@@ -42,3 +42,8 @@ QString PassedAsKeys(QWidget* control, const QString& text);
 
 /// The common KeyPress handler of name boxes: each key becomes its upper-case form.
 void UpperCaseKeys(QWidget* control);
+
+/// Keeps the repeats of a character key that is held down from a dialogue and the buttons that it has by now,
+/// or from a list: the Enter that opened it would answer it, or pick from it, before anybody has read it.
+/// Arrows go on.
+void IgnoreHeldKeys(QWidget& widget);

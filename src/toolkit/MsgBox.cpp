@@ -1,6 +1,7 @@
 #include "toolkit/MsgBox.h"
 
 #include "toolkit/Aside.h"
+#include "toolkit/Keys.h"
 #include "toolkit/ModalStack.h"
 
 #include <QApplication>
@@ -90,6 +91,7 @@ MsgAnswer ShowBox(const Message& message) {
     }
     MakeRoomForTitle(box);
     box.setEscapeButton(ButtonOf(answers.back()));
+    IgnoreHeldKeys(box);
     box.exec();
     for (const MsgAnswer answer : answers) {
         if (box.clickedButton() == box.button(ButtonOf(answer)))

@@ -28,6 +28,8 @@ void WireList(const Picker& picker) {
             keyAscii = 0;
         PickIfEnabled(picker);
     });
+    // Asked before the handler: the Enter that has opened the list is not meant for one of its rows.
+    IgnoreHeldKeys(*picker.list);
 }
 
 bool BoxKeyDown(const Picker& picker, int keyCode) {

@@ -22,6 +22,12 @@ namespace {
 /// Which the toolkit keeps free on either side of a box's text, in pixels.
 constexpr int kSideMargin = 2;
 
+/// Where a copied text goes on in another line, or in another cell of a sheet.
+bool EndsCell(QChar c) {
+    const bool isLineEnd = c == u'\n' || c == u'\r' || c == u'\v' || c == u'\f' || c == QChar(0x85);
+    return isLineEnd || c == u'\t' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+}
+
 /// Line ends, tabs, and what steers a text without being seen.
 bool IsUnseen(QChar c) {
     switch (c.category()) {
@@ -35,12 +41,16 @@ bool IsUnseen(QChar c) {
     }
 }
 
-/// As much of a text as is seen, so many characters at most.
+/// As much of a text as is seen, so many characters at most, of the first line or cell that holds any: run
+/// together, a quantity and the price beside it would be another quantity.
 QString SeenOf(const QString& text, qsizetype most) {
     QString seen;
     for (const QChar c : text) {
-        if (seen.size() == most)
+        const bool isBlank = EndsCell(c) && seen.trimmed().isEmpty();
+        if (seen.size() == most || (EndsCell(c) && !isBlank))
             break;
+        if (isBlank)
+            seen.clear();
         if (!IsUnseen(c))
             seen += c;
     }

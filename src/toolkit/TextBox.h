@@ -7,10 +7,10 @@
 
 /// A box for one line of text.
 ///
-/// A text that comes at once, pasted by key, by menu or by the mouse, or dropped, loses its line ends, tabs
-/// and other characters that nobody sees, and is cut where the box is full. To the key handlers of the box it
-/// is a Ctrl+V, and behind it each of its characters a key of its own, so it comes out as if it had been
-/// typed. What the program itself sets stays as it is.
+/// Of a text that comes at once, pasted by key, by menu or by the mouse, or dropped, the box takes the first
+/// line, or the first cell of a sheet, without the characters that nobody sees, and cut where the box is
+/// full. To the key handlers of the box it is a Ctrl+V, and behind it each of its characters a key of its
+/// own, so it comes out as if it had been typed. What the program itself sets stays as it is.
 ///
 /// A text for which the box has too little room stands whole in a tip.
 class TextBox : public QLineEdit {

@@ -102,6 +102,7 @@ class Desk : public testing::Test {
 
     const ProgramFolder& Folder() const { return mFolder; }
     Seat& Clerk() { return *mSeat; }
+    RunningWindowManager& Desktop() { return *mManager; }
 
   private:
     /// Presses Tab until the focus has left the control at that place; false when it does not.

@@ -3,7 +3,9 @@
 #include <QRect>
 #include <QStringList>
 
+#include <chrono>
 #include <stdexcept>
+#include <thread>
 #include <vector>
 
 // Last, for its macros bear everyday names.
@@ -145,6 +147,25 @@ int Seat::Press(const QString& keys) {
     return count;
 }
 
+void Seat::Hold(const QString& key) {
+    XTestFakeKeyEvent(mConnection->display, mConnection->KeyCodesOf(KeySymsOf(key).back()).back(), True, 0);
+    XSync(mConnection->display, False);
+}
+
+void Seat::Repeat(const QString& key) {
+    // As long as a server waits at least.
+    std::this_thread::sleep_for(std::chrono::milliseconds(30));
+    const KeyCode code = mConnection->KeyCodesOf(KeySymsOf(key).back()).back();
+    XTestFakeKeyEvent(mConnection->display, code, False, 0);
+    XTestFakeKeyEvent(mConnection->display, code, True, 0);
+    XSync(mConnection->display, False);
+}
+
+void Seat::Release(const QString& key) {
+    XTestFakeKeyEvent(mConnection->display, mConnection->KeyCodesOf(KeySymsOf(key).back()).back(), False, 0);
+    XSync(mConnection->display, False);
+}
+
 void Seat::PointAt(QPoint place) {
     XTestFakeMotionEvent(mConnection->display, -1, place.x(), place.y(), 0);
     XSync(mConnection->display, False);
@@ -154,6 +175,11 @@ void Seat::Click(QPoint place) {
     PointAt(place);
     XTestFakeButtonEvent(mConnection->display, kLeftButton, True, 0);
     XTestFakeButtonEvent(mConnection->display, kLeftButton, False, 0);
+    XSync(mConnection->display, False);
+}
+
+void Seat::TakeFocusAway() {
+    XSetInputFocus(mConnection->display, PointerRoot, RevertToPointerRoot, CurrentTime);
     XSync(mConnection->display, False);
 }
 

@@ -21,9 +21,18 @@ class Seat {
     /// Presses and lets go keys, one right behind the other as a scanner does, and comes back when the server
     /// has them all. Answers how many keys were let go, those held for others included.
     int Press(const QString& keys);
+    /// Presses a key and holds it down, until Release. What the server makes up for it comes by Repeat alone.
+    void Hold(const QString& key);
+    /// The release and the press that the server makes up for a key that is held down, at one moment.
+    void Repeat(const QString& key);
+    void Release(const QString& key);
     void PointAt(QPoint place);
     /// Points there and clicks with the left button.
     void Click(QPoint place);
+
+    /// Takes the focus from every window, as the display stands while a window manager is busy: keys go to
+    /// the window beneath the pointer.
+    void TakeFocusAway();
 
     /// The whole screen as it stands, without the pointer.
     QImage Picture() const;

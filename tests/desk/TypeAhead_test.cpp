@@ -21,6 +21,19 @@ class TypeAhead : public AnyDesk {
             ExpectNoScreen(screen);
         }
     }
+
+    /// Holds Enter down until the screen that it opens stands, and on for a while; it has to stand still
+    /// then.
+    void HoldEnterTo(const QString& screen) {
+        Clerk().Hold(u"{Return}"_s);
+        ExpectScreen(screen);
+        for (int i = 0; i < kTries; ++i) {
+            Clerk().Repeat(u"{Return}"_s);
+            Now();
+        }
+        Clerk().Release(u"{Return}"_s);
+        ExpectScreen(screen);
+    }
 };
 
 TEST_P(TypeAhead, FromTheMenuReachesTheLastName) {
@@ -70,6 +83,44 @@ TEST_P(TypeAhead, ThroughAPickerReachesTheCellsBehindIt) {
     Burst(u"hb{Return}epoetin alfa 4{Return}{Return}3{Return}{Return}{Return}"
           "md{Return}D003{Return}1500{Return}"_s);
     ExpectText(u"txtTAmount"_s, u"4551.00"_s);
+}
+
+TEST_P(TypeAhead, AKeyThatIsHeldDownPicksNoPatientFromTheListThatItHasOpened) {
+    StartSignedOn(GetParam());
+    Go({{"frmPostCharges", "{Alt+q}{Down}{Return}"}});
+    Key(u"de"_s);
+    HoldEnterTo(u"frmSearchPatient"_s);
+    EXPECT_EQ(Text(u"txtFirstName"_s).toStdString(), "") << "nobody was taken meanwhile";
+    Key(u"{Return}"_s);
+    ExpectNoScreen(u"frmSearchPatient"_s);
+}
+
+TEST_P(TypeAhead, AKeyThatIsHeldDownAnswersNoQuestionThatItHasOpened) {
+    StartSignedOn(GetParam());
+    Go({{"frmAssessStatus", "{Alt+q}{Right}{Right}{Return}"}});
+    TabTo(u"grdTable"_s);
+    HoldEnterTo(u"MsgBox"_s);
+    EXPECT_EQ(Text(u"qt_msgbox_label"_s).toStdString(), "Are you sure to revoke?");
+    Key(u"{Return}"_s);
+    ExpectText(u"qt_msgbox_label"_s, u"Assessment has been revoked."_s);
+}
+
+class BusyManager : public Desk {};
+
+TEST_F(BusyManager, AKeyThatComesWhileNoWindowHasTheFocusIsNotLost) {
+    StartSignedOn(WindowManager::Openbox);
+    ExpectControl(u"Image1"_s);
+    // By now the sign-on has long gone: a window that closes asks for the focus by itself.
+    Go({{"frmCensus", "{Alt+p}{Up}{Up}{Return}"}, {"frmReportRange", "{Alt+p}{Return}"}});
+    Clerk().PointAt(ControlOf(u"frmMain"_s).place.center());
+    Desktop().Pause();
+    Clerk().TakeFocusAway();
+    WaitFor([](const State& state) { return !state.Window(u"frmMain"_s)->isActive; }, u"the focus to go"_s);
+    Clerk().Press(u"{F6}"_s);
+    WaitFor([](const State& state) { return state.Window(u"frmNursingRequest"_s) != nullptr; },
+            u"the queue of the requests"_s);
+    Desktop().GoOn();
+    ExpectScreen(u"frmNursingRequest"_s);
 }
 
 INSTANTIATE_TEST_SUITE_P(Under, TypeAhead, testing::ValuesIn(kWindowManagers), WindowManagerName());

@@ -2,6 +2,8 @@
 
 #include <QFile>
 
+#include <csignal>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -31,4 +33,12 @@ RunningWindowManager::RunningWindowManager(WindowManager manager, QProcessEnviro
     // Started here and not by the bus, it is gone when the test's folder goes.
     mSettings.emplace(ProgramOf(u"org.xfce.Xfconf"_s), QStringList(), settings);
     mManager.emplace(u"xfwm4"_s, QStringList{u"--compositor=off"_s, u"--sm-client-disable"_s}, settings);
+}
+
+void RunningWindowManager::Pause() {
+    kill(pid_t(mManager->Process().processId()), SIGSTOP);
+}
+
+void RunningWindowManager::GoOn() {
+    kill(pid_t(mManager->Process().processId()), SIGCONT);
 }

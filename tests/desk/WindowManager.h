@@ -43,6 +43,10 @@ class RunningWindowManager {
     /// `settings` is the environment, with the display and a home folder.
     RunningWindowManager(WindowManager manager, QProcessEnvironment settings);
 
+    /// From here on it hears nobody, until it goes on.
+    void Pause();
+    void GoOn();
+
   private:
     /// What keeps its settings, and the bus over which they come.
     std::optional<OwnProcess> mBus;

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QEventLoop>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QTimer>
 #include <QWidget>
@@ -122,6 +123,19 @@ TEST_F(FailureDeathTest, EndsTheProcessHoweverDeepTheEventLoopsAreNested) {
             RunProgram();
         },
         testing::ExitedWithCode(1), "boxes=1 .*Run-time error '94'");
+}
+
+TEST_F(FailureDeathTest, StaysUnderAKeyThatIsHeldDown) {
+    EXPECT_EXIT(
+        {
+            (new BoxCloser)->whileOpen = [] {
+                QKeyEvent repeat(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+                QApplication::sendEvent(QApplication::activeModalWidget(), &repeat);
+            };
+            QTimer::singleShot(0, qApp, [] { throw RunTime::Error(RunTime::kNoCurrentRecord); });
+            RunProgram();
+        },
+        testing::ExitedWithCode(1), "boxes=1 name=Failure");
 }
 
 TEST_F(FailureDeathTest, RunsNoMoreOfTheHandlerThatFailed) {

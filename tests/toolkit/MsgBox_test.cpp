@@ -5,6 +5,7 @@
 #include "toolkit/MsgBox.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -174,6 +175,21 @@ TEST_P(MsgBoxButtons, EnterPressesTheDefaultOne) {
                         [](QMessageBox& box) {
                             EXPECT_TRUE(box.button(StandardOf(GetParam().enter))->hasFocus());
                             QTest::keyClick(&box, Qt::Key_Return);
+                        }),
+              GetParam().enter);
+}
+
+TEST_P(MsgBoxButtons, AKeyThatIsHeldDownAnswersNothing) {
+    EXPECT_EQ(ShowAndDo(Asked(),
+                        [](QMessageBox& box) {
+                            for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+                                for (QWidget* target : {static_cast<QWidget*>(&box), box.focusWidget()}) {
+                                    QKeyEvent repeat(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+                                    QApplication::sendEvent(target, &repeat);
+                                }
+                            }
+                            EXPECT_TRUE(box.isVisible());
+                            QTest::keyClick(box.focusWidget(), Qt::Key_Return);
                         }),
               GetParam().enter);
 }

@@ -4,6 +4,7 @@
 #include "toolkit/Keys.h"
 #include "toolkit/Picker.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
@@ -11,6 +12,7 @@
 
 #include <functional>
 #include <set>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -60,6 +62,22 @@ TEST_F(PickerTest, EnterInTheBoxSearchesForItsTextInCapitals) {
     EXPECT_EQ(events, QStringList());
     Press(*box, Qt::Key_Return);
     EXPECT_EQ(events, QStringList(u"search CRUÑ"_s));
+}
+
+TEST_F(PickerTest, AKeyThatIsHeldDownPicksNothingAndMovesOn) {
+    Picker picker = Noting();
+    picker.keys = PickKeys::Any;
+    WirePicker(picker);
+    list->setFocus();
+    for (const auto& [key, text] : {std::pair(Qt::Key_Return, u"\r"_s), std::pair(Qt::Key_A, u"a"_s)}) {
+        QKeyEvent repeat(QEvent::KeyPress, key, Qt::NoModifier, text, true);
+        QApplication::sendEvent(list, &repeat);
+    }
+    EXPECT_EQ(events, QStringList());
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(list, &down);
+    Press(*list, Qt::Key_Return);
+    EXPECT_EQ(events, QStringList(u"pick REYES"_s));
 }
 
 TEST_F(PickerTest, ABoxWithoutCapitalsKeepsItsLetters) {

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <cstring>
 #include <deque>
 #include <xcb/xcb.h>
@@ -20,6 +21,8 @@ namespace {
 
 /// How long keys wait for a window that does not come to the front, and a sent key for its return.
 constexpr std::chrono::milliseconds kPatience(1000);
+/// How much longer keys wait for it once it was asked to the front.
+constexpr std::chrono::milliseconds kPatienceOnceAsked(4000);
 /// How long keys wait for one that a screen reader has been told of.
 constexpr std::chrono::milliseconds kReadersPatience(200);
 constexpr uint8_t kSent = 0x80;
@@ -65,6 +68,19 @@ bool IsSettled() {
     return !modal || owner == modal || owner->type() == Qt::Popup || modal->isAncestorOf(owner);
 }
 
+/// True where the server gives the keys to another program, to which the clerk has gone.
+bool IsElsewhere(xcb_connection_t* server) {
+    xcb_get_input_focus_reply_t* reply =
+        xcb_get_input_focus_reply(server, xcb_get_input_focus(server), nullptr);
+    const xcb_window_t owner = reply ? reply->focus : xcb_window_t(XCB_NONE);
+    std::free(reply);
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    const bool isOurs = std::any_of(windows.begin(), windows.end(), [owner](QWindow* window) {
+        return window->handle() && window->winId() == owner;
+    });
+    return owner != XCB_NONE && owner != XCB_INPUT_FOCUS_POINTER_ROOT && !isOurs;
+}
+
 /// Tells the presses that the server makes up for a key that is held down: each comes at the moment of a
 /// release that it makes up too, some time after the press before. A scanner's keys are down for no time.
 class HeldDown {
@@ -80,18 +96,22 @@ class HeldDown {
             return false;
         }
         mPressed = key.time;
-        return mWasHeld && key.time == mReleased;
+        return mWasHeld && key.time - mReleased <= kAtOnce;
     }
 
   private:
     /// In milliseconds.
     static constexpr xcb_timestamp_t kHeld = 20;
+    static constexpr xcb_timestamp_t kAtOnce = 1;
 
     xcb_keycode_t mKey = 0;
     xcb_timestamp_t mPressed = 0;
     xcb_timestamp_t mReleased = 0;
     bool mWasHeld = false;
 };
+
+/// The moment of the last press that was made up.
+xcb_timestamp_t lastRepeat = 0;
 
 class KeyQueue : public QObject, public QAbstractNativeEventFilter {
   public:
@@ -113,10 +133,15 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
         const xcb_key_press_event_t* key = KeyOf(kind, message);
         if (!key)
             return false;
-        if (mIsSent && (key->response_type & kSent))
+        if (mIsSent && (key->response_type & kSent)) {
             Arrived();
-        else if (const bool isRepeat = mHeldDown.Repeats(*key); MustWait(isRepeat))
-            return Hold(*key, isRepeat);
+        } else {
+            const bool isRepeat = mHeldDown.Repeats(*key);
+            if (isRepeat)
+                lastRepeat = key->time;
+            if (MustWait(isRepeat))
+                return Hold(*key, isRepeat);
+        }
         StartTurn();
         LendToReader();
         return false;
@@ -173,18 +198,33 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
     void Advance() {
         if (mWaiting.empty() || mIsSent || mAtReader.isActive())
             return;
-        if (IsSettled())
+        if (IsSettled()) {
+            mHasAsked = false;
             SendNext();
-        else if (!mPatience.isActive())
-            StartPatience();
+        } else if (!mPatience.isActive()) {
+            StartPatience(kPatience);
+        }
     }
 
-    void StartPatience() { mPatience.start(int(kPatience.count()), this); }
+    void StartPatience(std::chrono::milliseconds patience) { mPatience.start(int(patience.count()), this); }
 
     void LosePatience() {
         mIsSent = false;
-        if (!mWaiting.empty())
+        if (!mWaiting.empty() && !AskToFront())
             SendNext();
+    }
+
+    /// A window that the desktop has not brought to the front takes letters, but none of its shortcuts works
+    /// there. False where there is nothing to ask for, or where it was asked in vain.
+    bool AskToFront() {
+        auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+        QWindow* front = Front();
+        if (mHasAsked || IsSettled() || !x11 || !front || IsElsewhere(x11->connection()))
+            return false;
+        mHasAsked = true;
+        front->requestActivate();
+        StartPatience(kPatienceOnceAsked);
+        return true;
     }
 
     /// The server brings the key back as an event of the window in front.
@@ -202,7 +242,7 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
         xcb_send_event(x11->connection(), 0, key.event, mask, reinterpret_cast<const char*>(&key));
         xcb_flush(x11->connection());
         mIsSent = true;
-        StartPatience();
+        StartPatience(kPatience);
     }
 
     std::deque<xcb_key_press_event_t> mWaiting;
@@ -214,6 +254,8 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
     QBasicTimer mAtReader;
     /// A key that waited is on its way back from the server.
     bool mIsSent = false;
+    /// The window in front was asked to come there, and has not come yet.
+    bool mHasAsked = false;
     HeldDown mHeldDown;
 };
 
@@ -222,4 +264,8 @@ class KeyQueue : public QObject, public QAbstractNativeEventFilter {
 void KeepTypedAhead() {
     if (qApp->nativeInterface<QNativeInterface::QX11Application>())
         new KeyQueue;
+}
+
+bool IsMadeUpPress(quint64 moment) {
+    return moment != 0 && moment == lastRepeat;
 }
