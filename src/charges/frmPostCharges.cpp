@@ -18,6 +18,7 @@
 #include "text/Trim.h"
 #include "text/UCase.h"
 #include "toolkit/Controls.h"
+#include "toolkit/Ears.h"
 #include "toolkit/FlexGrid.h"
 #include "toolkit/Keys.h"
 #include "toolkit/MousePointer.h"
@@ -25,8 +26,10 @@
 #include "toolkit/SendKeys.h"
 
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -34,11 +37,24 @@ namespace {
 
 constexpr int kPostedQuantity = kPostChargesDifferences.quantityCol;
 
+const QString kHowToKey =
+    u"Enter moves on, Up and Down change the line. A line whose department is emptied is "
+    "not charged."_s;
+const QString kOtherInHand =
+    u"Another patient is in hand: lines are priced for him, and the slip bears his account. "
+    "Take this one again by the menu."_s;
+
+/// What pricing and the slip take from the patient in hand.
+QStringList PatientInHand() {
+    return {gRoomClass, gAccountNumber, gStationName};
+}
+
 } // namespace
 
 frmPostCharges::frmPostCharges() {
     Layout();
     Wire();
+    TellPatientInHand();
 }
 
 void frmPostCharges::Wire() {
@@ -60,6 +76,22 @@ void frmPostCharges::Form_Activate() {
     // Kept: each time the clerk comes back the grid has eight lines again, and what was keyed below them is
     // gone.
     mGrid->SetupGrid();
+    TellPatientInHand();
+}
+
+void frmPostCharges::HoldPatient() {
+    mHeld = PatientInHand();
+    TellPatientInHand();
+}
+
+void frmPostCharges::TellPatientInHand() {
+    const bool isOther = !txtId->text().isEmpty() && !mHeld.isEmpty() && PatientInHand() != mHeld;
+    lblMessage->setText(isOther ? kOtherInHand : kHowToKey);
+    lblMessage->setProperty("problem", isOther);
+    // The look is asked for a property when a control is polished.
+    lblMessage->style()->polish(lblMessage);
+    if (isOther)
+        SpeakAlert(*lblMessage);
 }
 
 void frmPostCharges::Form_Unload() {
@@ -75,7 +107,8 @@ QString frmPostCharges::FinderText() const {
 }
 
 void frmPostCharges::LoadPick() {
-    LoadForPost({.name = *this, .info = *this});
+    if (LoadForPost({.name = *this, .info = *this}))
+        HoldPatient();
 }
 
 void frmPostCharges::Picked() {

@@ -5,6 +5,8 @@
 #include "patients/PatientFrames.h"
 #include "toolkit/Form.h"
 
+#include <QStringList>
+
 class ChargeGrid;
 class QGroupBox;
 class QHBoxLayout;
@@ -48,6 +50,9 @@ class frmPostCharges : public Form, public FinderTarget, private PatientNameBoxe
         QLineEdit* txtRequestingDoc;
     };
     RequestBoxes Boxes() const { return {*this, *this, txtDocID, txtRequestingDoc}; }
+    /// Notes that the patient in hand is the one whom the screen shows. Where another one is taken later, on
+    /// another screen, the clerk is told when he comes back.
+    void HoldPatient();
 
     QString FinderText() const override;
     void LoadPick() override;
@@ -76,6 +81,8 @@ class frmPostCharges : public Form, public FinderTarget, private PatientNameBoxe
     void Command2_Click();
     void cmdPrint_Click();
 
+    void TellPatientInHand();
+
     QString TakeSlipNumber();
     void SaveLine(int row);
     void PrintSlip();
@@ -91,4 +98,6 @@ class frmPostCharges : public Form, public FinderTarget, private PatientNameBoxe
     QPushButton* Command1;
     QLabel* lblDepartment;
     QLabel* lblDeptCode;
+    QLabel* lblMessage;
+    QStringList mHeld;
 };

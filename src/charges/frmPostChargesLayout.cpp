@@ -87,10 +87,7 @@ QGroupBox* frmPostCharges::LayoutDepartments() {
 
 QGroupBox* frmPostCharges::LayoutMessage() {
     QGroupBox* fraMessage = NewFrame(u"fraMessage"_s, u"Message"_s, this);
-    auto* lblMessage =
-        new QLabel(u"Enter moves on, Up and Down change the line. A line whose department is emptied "
-                   "is not charged."_s,
-                   fraMessage);
+    lblMessage = new QLabel(fraMessage);
     lblMessage->setObjectName(u"lblMessage"_s);
     lblMessage->setWordWrap(true);
     auto* layout = new QVBoxLayout(fraMessage);

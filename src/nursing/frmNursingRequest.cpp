@@ -188,6 +188,7 @@ void frmNursingRequest::ProcessRequest() {
     name.txtAge->setText(grdRequest->CurrentText(QueueColumn::kAge));
     name.txtDob->setText(DateText(grdRequest->CurrentText(QueueColumn::kBirthDate)));
     gRoomClass = roomClass;
+    charges.HoldPatient();
     name.txtSex->setText(grdRequest->CurrentText(QueueColumn::kSex) == u"M"_s ? u"MALE"_s : u"FEMALE"_s);
     LoadExam(grdRequest->CurrentText(QueueColumn::kIdNumber));
     FlexCells& lines = charges.Charges().Cells();

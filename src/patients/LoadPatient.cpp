@@ -94,9 +94,9 @@ bool OpenAdmission() {
     return gPersonFinder->ValidateAdmission(gIDNumber);
 }
 
-void LoadVisitForCharges(const ChargedPatientBoxes& boxes) {
+bool LoadVisitForCharges(const ChargedPatientBoxes& boxes) {
     if (!OpenVisit())
-        return;
+        return false;
     OutPatientVisit& visit = gPersonFinder->PatientClass().clsOutPatient;
     const PatientRecord& patient = visit.Patient();
     const AdmissionRecord& admission = gPersonFinder->Admission();
@@ -114,11 +114,12 @@ void LoadVisitForCharges(const ChargedPatientBoxes& boxes) {
     boxes.info.txtDoctor->setText(gDoctor1.ToText());
     // Kept: the class of the admission side takes the place of the "A" of every visit.
     gRoomClass = admission.Room->roomclassid.ToText();
+    return true;
 }
 
-void LoadAdmissionForCharges(const ChargedPatientBoxes& boxes) {
+bool LoadAdmissionForCharges(const ChargedPatientBoxes& boxes) {
     if (!OpenAdmission())
-        return;
+        return false;
     const AdmissionRecord& admission = gPersonFinder->Admission();
     SetNames(boxes.name, *admission.Patient);
     boxes.name.txtSex->setText(admission.Patient->Sex.ToText());
@@ -136,42 +137,46 @@ void LoadAdmissionForCharges(const ChargedPatientBoxes& boxes) {
     // Kept: the name stays on the screen; the shared variable goes over to the code.
     gDoctor1 = admission.AttendingDoctor1->Code;
     gDoctor2Code = admission.AttendingDoctor2->Code;
+    return true;
 }
 
-void LoadVisitForLedger(const SearchPatientBoxes& boxes) {
+bool LoadVisitForLedger(const SearchPatientBoxes& boxes) {
     if (!OpenVisit())
-        return;
+        return false;
     const PatientRecord& patient = gPersonFinder->PatientClass().clsOutPatient.Patient();
     SetNames(boxes, patient);
     boxes.txtHospNum->setText(patient.HospitalNumber.ToText());
     boxes.txtIDNum->setText(gIDNumber);
     gRoomClass = gPersonFinder->Admission().Room->roomclassid.ToText();
+    return true;
 }
 
-void LoadAdmissionForLedger(const SearchPatientBoxes& boxes) {
+bool LoadAdmissionForLedger(const SearchPatientBoxes& boxes) {
     if (!OpenAdmission())
-        return;
+        return false;
     const AdmissionRecord& admission = gPersonFinder->Admission();
     SetNames(boxes, *admission.Patient);
     boxes.txtHospNum->setText(admission.HospitalNumber.ToText());
     boxes.txtIDNum->setText(admission.IDNumber.ToText());
     gRoomID = admission.Room->RoomID.ToText();
     gAdmissionDate = DateText(admission.AdmissionDate);
+    return true;
 }
 
 /// Any type but "I" is treated as out-patient here.
 template <class Boxes>
-void Load(const Boxes& boxes, void (*inPatient)(const Boxes&), void (*outPatient)(const Boxes&)) {
+bool Load(const Boxes& boxes, bool (*inPatient)(const Boxes&), bool (*outPatient)(const Boxes&)) {
     ReadVisitDoctors();
     const auto path = gPatientType == u"I"_s ? inPatient : outPatient;
-    path(boxes);
+    const bool isFound = path(boxes);
     Screens::Unload<frmSearchPatient>();
+    return isFound;
 }
 
 } // namespace
 
-void LoadForPost(const ChargedPatientBoxes& boxes) {
-    Load(boxes, LoadAdmissionForCharges, LoadVisitForCharges);
+bool LoadForPost(const ChargedPatientBoxes& boxes) {
+    return Load(boxes, LoadAdmissionForCharges, LoadVisitForCharges);
 }
 
 void LoadForList(const ChargedPatientBoxes& boxes) {

@@ -13,8 +13,8 @@ struct ChargedPatientBoxes {
     const HospitalInfoBoxes& info;
 };
 
-/// Fills the charge screen and the patient in hand.
-void LoadForPost(const ChargedPatientBoxes& boxes);
+/// Fills the charge screen and the patient in hand. Answers whether he was found.
+bool LoadForPost(const ChargedPatientBoxes& boxes);
 /// Fills the charge list and the patient in hand, field for field as LoadForPost.
 void LoadForList(const ChargedPatientBoxes& boxes);
 /// Fills the ledger screen and what the ledger report needs.

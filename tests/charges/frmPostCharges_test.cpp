@@ -27,6 +27,14 @@ class frmPostChargesTest : public PostChargesGround {
         return Find<QPushButton>(Screens::Get<frmPostCharges>(), name);
     }
 
+    static QString Message() { return Find<QLabel>(Screens::Get<frmPostCharges>(), "lblMessage").text(); }
+    /// The clerk is at another screen, where another patient of that room class is taken, and comes back.
+    void TakeAnotherElsewhere(const QString& roomClass) {
+        Screens::Get<Form>().Show();
+        gRoomClass = roomClass;
+        Screens::Get<frmPostCharges>().Show();
+    }
+
     /// What the finder is answered for a name.
     void ExpectPatients(const QString& name) {
         gateway.Expect(GetPatientCommand(gPatientType, name),
@@ -130,6 +138,24 @@ TEST_F(frmPostChargesTest, PickInTheFinderFillsTheHeaderAndReturnsToTheScreen) {
     EXPECT_FALSE(Screens::IsLoaded<frmSearchPatient>());
     EXPECT_TRUE(Frame("Frame2").isEnabled());
     EXPECT_EQ(Form::Active(), &Screens::Get<frmPostCharges>());
+    const QString usual = Message();
+    TakeAnotherElsewhere(gRoomClass + u"Z"_s);
+    EXPECT_NE(Message(), usual) << "whom the pick has taken is known";
+}
+
+TEST_F(frmPostChargesTest, TellsThatAnotherPatientWasTakenMeanwhile) {
+    gRoomClass = u"B"_s;
+    Open();
+    const QString usual = Message();
+    TakeAnotherElsewhere(u"A"_s);
+    EXPECT_EQ(Message(), usual) << "nobody is shown yet";
+    OpenWithPatient().HoldPatient();
+    TakeAnotherElsewhere(u"A"_s);
+    EXPECT_EQ(Message(), usual) << "he is the same";
+    TakeAnotherElsewhere(u"D"_s);
+    EXPECT_TRUE(Message().startsWith(u"Another patient is in hand"_s)) << Message().toStdString();
+    Screens::Get<frmPostCharges>().HoldPatient();
+    EXPECT_EQ(Message(), usual) << "he was taken again";
 }
 
 TEST_F(frmPostChargesTest, DoctorsCodeIsLookedUpAndTabIsSent) {

@@ -5,6 +5,7 @@
 #include "support/WhileModal.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 
@@ -47,6 +48,17 @@ TEST_F(ProcessRequestTest, FillsTheChargeScreen) {
     for (const auto& [name, text] : boxes)
         EXPECT_EQ(Box(name), text) << name;
     EXPECT_EQ(gRoomClass, u"C"_s);
+}
+
+TEST_F(ProcessRequestTest, ThePatientOfTheRequestIsTheOneInHandUntilAnotherIsTaken) {
+    Process(OfCruz(), twoExams);
+    auto& charges = Screens::Get<frmPostCharges>();
+    const auto& message = Find<QLabel>(charges, "lblMessage");
+    EXPECT_TRUE(message.text().startsWith(u"Enter moves on"_s)) << message.text().toStdString();
+    Screens::Get<Form>().Show();
+    gRoomClass = u"Z"_s;
+    charges.Show();
+    EXPECT_TRUE(message.text().startsWith(u"Another patient is in hand"_s)) << message.text().toStdString();
 }
 
 TEST_F(ProcessRequestTest, EnterDoesTheSameAsADoubleClick) {
