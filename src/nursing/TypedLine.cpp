@@ -1,6 +1,8 @@
 #include "nursing/TypedLine.h"
 
+#include <QBackingStore>
 #include <QPainter>
+#include <QWindow>
 
 TypedLine::TypedLine(const QString& whole, QWidget* parent)
     : QLabel(whole, parent)
@@ -27,7 +29,22 @@ void TypedLine::Type(qsizetype letters) {
         return;
     mSeen = letters;
     TakePicture();
-    repaint();
+    if (!ShowPicture())
+        repaint();
+}
+
+bool TypedLine::ShowPicture() const {
+    const QWindow* onDisplay = window()->windowHandle();
+    QBackingStore* store = window()->backingStore();
+    if (!testAttribute(Qt::WA_OpaquePaintEvent) || !onDisplay || !onDisplay->isExposed() || !store ||
+        store->size() != window()->size())
+        return false;
+    const QRect place(mapTo(window(), QPoint()), size());
+    store->beginPaint(place);
+    QPainter(store->paintDevice()).drawPixmap(place.topLeft(), mPictures[size_t(mSeen)]);
+    store->endPaint();
+    store->flush(place);
+    return true;
 }
 
 void TypedLine::TakePicture() {

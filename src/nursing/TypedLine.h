@@ -28,6 +28,9 @@ class TypedLine : public QLabel {
 
   private:
     void TakePicture();
+    /// Puts the picture on the display without asking the toolkit which widgets there are to be painted: that
+    /// takes longer than all else that a letter does. Answers whether it could; nothing lies over the line.
+    bool ShowPicture() const;
     bool HasMoved() const;
     void DropPictures();
 

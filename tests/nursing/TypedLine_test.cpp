@@ -1,7 +1,7 @@
 #include "nursing/TypedLine.h"
 #include "support/ScreenTest.h"
 
-#include <QVBoxLayout>
+#include <QScreen>
 
 #include <functional>
 
@@ -54,6 +54,15 @@ class TypedLineTest : public ScreenTest {
         return Look(*line) == plain;
     }
 
+    /// What the display has at the line's place, painted by whomever.
+    QImage OnDisplay() {
+        const QRect place(line->pos(), line->size());
+        return window.screen()
+            ->grabWindow(window.winId(), place.x(), place.y(), place.width(), place.height())
+            .toImage()
+            .convertToFormat(QImage::Format_RGB32);
+    }
+
     QWidget window;
     TypedLine* line = new TypedLine(kLine, &window);
     QLabel& label = *new QLabel(&window);
@@ -94,4 +103,21 @@ TEST_F(TypedLineTest, TakesNoPicturesBeforeItIsSeen) {
     line->show();
     line->Type(4);
     EXPECT_TRUE(line->testAttribute(Qt::WA_OpaquePaintEvent));
+}
+
+TEST_F(TypedLineTest, ALetterIsOnTheDisplayAtOnceWhereverTheLineIs) {
+    for (const QPoint place : {QPoint(20, 30), QPoint(60, 90)}) {
+        Move(place);
+        // Of each letter a picture is taken first, and shown by itself the next time.
+        for (int round = 0; round < 2; ++round) {
+            for (qsizetype letters = 0; letters <= kLine.size(); ++letters) {
+                label.setText(kLine.left(letters));
+                const QImage plain = Look(label).convertToFormat(QImage::Format_RGB32);
+                Look(*line);
+                RunEvents();
+                line->Type(letters);
+                EXPECT_EQ(OnDisplay(), plain) << letters;
+            }
+        }
+    }
 }
